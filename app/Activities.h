@@ -1,0 +1,16 @@
+#pragma once
+
+#include <array>
+
+namespace numbrela {
+
+class Clock;
+class FormWindow;
+
+// Makes the window of an activity. The clock outlives the window.
+using MakeActivity = FormWindow* (*)(const Clock& clock);
+
+// The activities in the order of their buttons on the main menu; null where there is none yet.
+extern const std::array<MakeActivity, 8> activities;
+
+} // namespace numbrela

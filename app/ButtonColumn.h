@@ -1,0 +1,20 @@
+#pragma once
+
+#include "common/core/Int16.h"
+
+#include <vector>
+
+namespace numbrela {
+
+// Where the buttons of the main menu stand, in twips: one column, each button as high as the gap below it, the same
+// margin above the first and below the last.
+struct ButtonColumn {
+    Int16 Left;
+    Int16 ButtonHeight;
+    std::vector<Int16> Tops;
+};
+
+// Divides a form of this height (twips) among this many buttons.
+ButtonColumn LayOutButtonColumn(Int16 formHeight, Int16 buttonCount);
+
+} // namespace numbrela

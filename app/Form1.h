@@ -1,0 +1,31 @@
+#pragma once
+
+#include "common/core/TimeOfDay.h"
+#include "common/screen/FormWindow.h"
+
+#include <QPointer>
+
+#include <array>
+
+namespace numbrela {
+
+// The main menu: a column of nine buttons, eight of which open one activity each and the last of which ends the program.
+// What an activity is, it does not know: it opens its window and waits, inert, until that closes.
+class Form1 : public FormWindow {
+public:
+    explicit Form1(const Clock& clock);
+    ~Form1() override;
+
+    void Command1_Click(int index);
+    void MnuAce_Click();
+
+    std::array<CommandButton*, 9> Command1 {};
+
+private:
+    void Form_Load();
+
+    const Clock& clock_;
+    QPointer<FormWindow> activity_;
+};
+
+} // namespace numbrela

@@ -1,0 +1,22 @@
+# add_activity(<name> CORE <sources>... SCREEN <sources>... [CORE_TESTS <sources>...] [SCREEN_TESTS <sources>...])
+#
+# Makes numbrela_<name>_core (standard library alone: it sees no Qt header), numbrela_<name>_screen, and their tests.
+function(add_activity name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "CORE;SCREEN;CORE_TESTS;SCREEN_TESTS")
+
+  add_library(numbrela_${name}_core STATIC ${arg_CORE})
+  target_link_libraries(numbrela_${name}_core PUBLIC numbrela_core)
+
+  add_library(numbrela_${name}_screen STATIC ${arg_SCREEN})
+  target_link_libraries(numbrela_${name}_screen PUBLIC numbrela_${name}_core numbrela_screen)
+
+  if(NUMBRELA_TESTS)
+    if(arg_CORE_TESTS)
+      add_project_test(numbrela_${name}_core_tests SOURCES ${arg_CORE_TESTS} LIBRARIES numbrela_${name}_core)
+    endif()
+    if(arg_SCREEN_TESTS)
+      add_project_test(numbrela_${name}_screen_tests QT SOURCES ${arg_SCREEN_TESTS}
+        LIBRARIES numbrela_${name}_screen)
+    endif()
+  endif()
+endfunction()

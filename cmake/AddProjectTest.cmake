@@ -1,0 +1,19 @@
+# add_project_test(<target> [QT] SOURCES <sources>... LIBRARIES <targets>...)
+#
+# One test program, run by ctest in a shuffled order, so that no test can lean on the one before it. With QT its main
+# function starts the real toolkit without a display, and any warning of the toolkit's fails the running test.
+function(add_project_test target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LIBRARIES")
+
+  add_executable(${target} ${arg_SOURCES})
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+  if(arg_QT)
+    target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} numbrela_screen_test_support)
+  else()
+    target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} numbrela_core_test_support GTest::gtest_main)
+  endif()
+  add_test(NAME ${target} COMMAND ${target} --gtest_shuffle --gtest_brief=1)
+  set_tests_properties(${target} PROPERTIES
+    TIMEOUT 600
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

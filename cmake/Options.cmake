@@ -1,0 +1,18 @@
+# One interface target carries the language level, the warnings and the sanitizers for every target of the project.
+add_library(numbrela_options INTERFACE)
+target_compile_features(numbrela_options INTERFACE cxx_std_20)
+target_include_directories(numbrela_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_options(numbrela_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+  $<$<BOOL:${NUMBRELA_WARNINGS_AS_ERRORS}>:-Werror>)
+if(NUMBRELA_SANITIZE)
+  target_compile_options(numbrela_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(numbrela_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# The screens go without Qt's own keywords and without its implicit conversions from 8-bit text.
+add_library(numbrela_qt_options INTERFACE)
+target_link_libraries(numbrela_qt_options INTERFACE numbrela_options Qt6::Core Qt6::Gui Qt6::Widgets)
+target_compile_definitions(numbrela_qt_options INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060200)

@@ -1,0 +1,189 @@
+#include "common/core/Random.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <set>
+#include <utility>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+std::vector<double> FirstDraws(double seed, int count)
+{
+    SeededRandom random(seed);
+    std::vector<double> draws;
+    for (int i = 0; i < count; ++i) {
+        draws.push_back(random.Next());
+    }
+    return draws;
+}
+
+TEST(SeededRandom, DrawsFromZeroUpToButNotIncludingOne)
+{
+    SeededRandom random(7161);
+    for (int i = 0; i < 50000; ++i) {
+        const double draw = random.Next();
+        ASSERT_GE(draw, 0);
+        ASSERT_LT(draw, 1);
+    }
+}
+
+TEST(SeededRandom, DrawsSinglesFromZeroUpToButNotIncludingOne)
+{
+    SeededRandom random(7161);
+    for (int i = 0; i < 50000; ++i) {
+        const float draw = random.NextSingle();
+        ASSERT_GE(draw, 0.0F);
+        ASSERT_LT(draw, 1.0F);
+    }
+}
+
+// How often each bit is set in draws that are whole multiples of 2^-bits.
+template <typename Draw>
+std::vector<int> CountSetBits(int bits, int drawCount, Draw draw)
+{
+    std::vector<int> setCount(static_cast<std::size_t>(bits));
+    for (int i = 0; i < drawCount; ++i) {
+        const double scaled = std::ldexp(static_cast<double>(draw()), bits);
+        EXPECT_EQ(scaled, std::floor(scaled)) << "more than " << bits << " bits";
+        const auto whole = static_cast<unsigned long long>(scaled);
+        for (int bit = 0; bit < bits; ++bit) {
+            setCount[static_cast<std::size_t>(bit)] += static_cast<int>((whole >> bit) & 1U);
+        }
+    }
+    return setCount;
+}
+
+TEST(SeededRandom, DrawsHave53RandomBits)
+{
+    SeededRandom random(86400);
+    for (const int count : CountSetBits(53, 10000, [&] { return random.Next(); })) {
+        EXPECT_NEAR(count, 5000, 300); // six standard deviations
+    }
+}
+
+TEST(SeededRandom, SinglesHave24RandomBits)
+{
+    SeededRandom random(86400);
+    for (const int count : CountSetBits(24, 10000, [&] { return random.NextSingle(); })) {
+        EXPECT_NEAR(count, 5000, 300);
+    }
+}
+
+TEST(SeededRandom, DrawsAreUniform)
+{
+    constexpr int drawCount = 100000;
+    SeededRandom random(1);
+    std::array<int, 100> bins {};
+    double sum = 0;
+    for (int i = 0; i < drawCount; ++i) {
+        const double draw = random.Next();
+        sum += draw;
+        ++bins.at(static_cast<std::size_t>(draw * 100));
+    }
+    EXPECT_NEAR(sum / drawCount, 0.5, 0.005);
+    for (const int count : bins) {
+        EXPECT_NEAR(count, drawCount / 100, 190); // six standard deviations
+    }
+}
+
+TEST(SeededRandom, ADrawSaysNothingAboutTheNextOne)
+{
+    constexpr int drawCount = 100000;
+    SeededRandom random(1);
+    std::array<std::array<int, 10>, 10> pairs {};
+    for (int i = 0; i < drawCount; ++i) {
+        const auto first = static_cast<std::size_t>(random.Next() * 10);
+        const auto second = static_cast<std::size_t>(random.Next() * 10);
+        ++pairs.at(first).at(second);
+    }
+    for (const auto& row : pairs) {
+        for (const int count : row) {
+            EXPECT_NEAR(count, drawCount / 100, 190);
+        }
+    }
+}
+
+TEST(SeededRandom, DrawsTheSameAgainFromTheSameSeed)
+{
+    for (const double seed : { 1.0, 7161.0, 86400.0, 0.0, -1.0, 43210.987 }) {
+        EXPECT_EQ(FirstDraws(seed, 100), FirstDraws(seed, 100)) << seed;
+    }
+}
+
+TEST(SeededRandom, DrawsOtherwiseFromEveryOtherSeed)
+{
+    std::set<double> firstDraws;
+    int seedCount = 0;
+    for (int seed = 1; seed <= 3000; ++seed) {
+        firstDraws.insert(FirstDraws(seed, 1).front());
+        ++seedCount;
+    }
+    // Fractions of a second and signs tell seeds apart too.
+    for (const double seed : { 1.25, 1.5, 86399.999, -1.0, 1e300, 1e-300 }) {
+        firstDraws.insert(FirstDraws(seed, 1).front());
+        ++seedCount;
+    }
+    EXPECT_EQ(static_cast<int>(firstDraws.size()), seedCount);
+}
+
+// The 64-bit outputs that stand behind these draws come from a separate computation of the same generator.
+TEST(SeededRandom, DrawsTheSameOnEveryMachine)
+{
+    const std::pair<double, std::array<double, 3>> seeds[] = {
+        { 1.0, { 0x19e68204abf4cep-53, 0x122e9e76b94ac6p-53, 0x57c8eae5bbdd3p-53 } },
+        { 86400.0, { 0x1e530f1e1622a1p-53, 0x712ff88d63005p-53, 0x1dc44e8af56b9p-53 } },
+    };
+    for (const auto& [seed, draws] : seeds) {
+        SeededRandom random(seed);
+        for (const double draw : draws) {
+            EXPECT_EQ(random.Next(), draw) << "seed " << seed;
+        }
+    }
+}
+
+TEST(SeededRandom, DrawsTheSameSinglesOnEveryMachine)
+{
+    const std::pair<double, std::array<float, 3>> seeds[] = {
+        { 1.0, { 0xcf3410p-24F, 0x9174f3p-24F, 0x2be475p-24F } },
+        { 86400.0, { 0xf29878p-24F, 0x3897fcp-24F, 0xee227p-24F } },
+    };
+    for (const auto& [seed, draws] : seeds) {
+        SeededRandom random(seed);
+        for (const float draw : draws) {
+            EXPECT_EQ(random.NextSingle(), draw) << "seed " << seed;
+        }
+    }
+}
+
+TEST(SeededRandom, EveryDrawOfEitherKindIsAFreshOne)
+{
+    const std::vector<double> draws = FirstDraws(5, 4);
+    SeededRandom random(5);
+    EXPECT_EQ(random.Next(), draws[0]);
+    // A single is the same draw with fewer bits.
+    EXPECT_EQ(random.NextSingle(), std::floor(draws[1] * 0x1p24) * 0x1p-24);
+    EXPECT_EQ(random.Next(), draws[2]);
+    EXPECT_EQ(random.NextSingle(), std::floor(draws[3] * 0x1p24) * 0x1p-24);
+}
+
+TEST(SeededRandom, GeneratorsDoNotDisturbEachOther)
+{
+    const std::vector<double> draws = FirstDraws(5, 20);
+    SeededRandom random(5);
+    SeededRandom other(6);
+    std::vector<double> interleaved;
+    for (int i = 0; i < 20; ++i) {
+        interleaved.push_back(random.Next());
+        other.Next();
+    }
+    EXPECT_EQ(interleaved, draws);
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,215 @@
+#include "common/core/Score.h"
+
+#include "common/core/RunTimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <locale>
+#include <optional>
+#include <string>
+
+namespace numbrela {
+
+namespace {
+
+template <typename Action>
+std::optional<RunTimeError::Kind> KindThrownBy(Action action)
+{
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.ErrorKind();
+    }
+    return std::nullopt;
+}
+
+Score ScoreOf(int exercises, int errors)
+{
+    Score score;
+    score.ExerciseCount = exercises;
+    score.ErrorCount = errors;
+    return score;
+}
+
+TEST(Score, StartsAtNoExerciseAndNoErrorAndIsScorable)
+{
+    const Score score;
+    EXPECT_EQ(score.ExerciseCount, 0);
+    EXPECT_EQ(score.ErrorCount, 0);
+    EXPECT_TRUE(score.Scorable);
+    EXPECT_EQ(score.Line(), "Ejercicios:  0; Errores:  0");
+}
+
+TEST(Score, ARightAnswerCountsOneExerciseAndNoError)
+{
+    Score score;
+    score.CountRight();
+    EXPECT_EQ(score.ExerciseCount, 1);
+    EXPECT_EQ(score.ErrorCount, 0);
+    EXPECT_FALSE(score.Scorable);
+}
+
+TEST(Score, AWrongAnswerCountsOneExerciseAndOneErrorAndStaysScorable)
+{
+    Score score;
+    score.CountWrong();
+    EXPECT_EQ(score.ExerciseCount, 1);
+    EXPECT_EQ(score.ErrorCount, 1);
+    EXPECT_TRUE(score.Scorable);
+}
+
+TEST(Score, CountsARightAnswerOnce)
+{
+    Score score;
+    score.CountRight();
+    score.CountRight();
+    EXPECT_EQ(score.Line(), "Ejercicios:  1; Errores:  0");
+}
+
+TEST(Score, CountsEveryWrongAnswerAnew)
+{
+    Score score;
+    score.CountWrong();
+    score.CountWrong();
+    score.CountWrong();
+    EXPECT_EQ(score.Line(), "Ejercicios:  3; Errores:  3");
+}
+
+TEST(Score, TwoWrongAnswersAndARightOneAreThreeExercisesAndTwoErrors)
+{
+    Score score;
+    score.CountWrong();
+    score.CountWrong();
+    score.CountRight();
+    EXPECT_EQ(score.Line(), "Ejercicios:  3; Errores:  2");
+    EXPECT_FALSE(score.Scorable);
+}
+
+TEST(Score, CountsNothingOnceItIsUnscorable)
+{
+    Score score = ScoreOf(5, 2);
+    score.Scorable = false;
+    score.CountWrong();
+    score.CountRight();
+    score.CountWrong();
+    EXPECT_EQ(score.ExerciseCount, 5);
+    EXPECT_EQ(score.ErrorCount, 2);
+    EXPECT_FALSE(score.Scorable);
+}
+
+TEST(Score, CountsAgainWhenItIsScorableAgain)
+{
+    Score score;
+    score.CountRight();
+    score.Scorable = true;
+    score.CountWrong();
+    EXPECT_EQ(score.Line(), "Ejercicios:  2; Errores:  1");
+}
+
+struct LineCase {
+    int Exercises;
+    int Errors;
+    const char* Line;
+};
+
+TEST(Score, LineAlignsEachCountRightInThreeCharacters)
+{
+    const LineCase cases[] = {
+        { 0, 0, "Ejercicios:  0; Errores:  0" },
+        { 1, 0, "Ejercicios:  1; Errores:  0" },
+        { 7, 12, "Ejercicios:  7; Errores: 12" },
+        { 9, 9, "Ejercicios:  9; Errores:  9" },
+        { 10, 9, "Ejercicios: 10; Errores:  9" },
+        { 12, 5, "Ejercicios: 12; Errores:  5" },
+        { 99, 99, "Ejercicios: 99; Errores: 99" },
+        { 100, 99, "Ejercicios:100; Errores: 99" },
+        { 123, 100, "Ejercicios:123; Errores:100" },
+        { 999, 0, "Ejercicios:999; Errores:  0" },
+        { 999, 999, "Ejercicios:999; Errores:999" },
+    };
+    for (const auto& [exercises, errors, line] : cases) {
+        EXPECT_EQ(ScoreOf(exercises, errors).Line(), line);
+    }
+}
+
+TEST(Score, LineHasTheSameLengthForEveryCountItCanShow)
+{
+    for (int count = 0; count <= 999; ++count) {
+        ASSERT_EQ(ScoreOf(count, 999 - count).Line().size(), 27U) << count;
+    }
+}
+
+TEST(Score, LineRefusesCountsOfFourDigits)
+{
+    const LineCase cases[] = {
+        { 1000, 0, "" }, { 0, 1000, "" }, { 1000, 1000, "" }, { 1000, 999, "" }, { 999, 1000, "" }, { 32767, 32767, "" }
+    };
+    for (const auto& [exercises, errors, line] : cases) {
+        const Score score = ScoreOf(exercises, errors);
+        EXPECT_EQ(KindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument)
+            << exercises << " and " << errors;
+    }
+}
+
+TEST(Score, CountingItselfGoesOnBeyondThreeDigits)
+{
+    Score score = ScoreOf(999, 999);
+    score.CountWrong();
+    EXPECT_EQ(score.ExerciseCount, 1000);
+    EXPECT_EQ(score.ErrorCount, 1000);
+}
+
+TEST(Score, ExercisesPastTheLast16BitNumberOverflow)
+{
+    Score right = ScoreOf(32767, 0);
+    EXPECT_EQ(KindThrownBy([&] { right.CountRight(); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(right.ExerciseCount, 32767);
+
+    Score wrong = ScoreOf(32767, 0);
+    EXPECT_EQ(KindThrownBy([&] { wrong.CountWrong(); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(wrong.ExerciseCount, 32767);
+    EXPECT_EQ(wrong.ErrorCount, 0);
+}
+
+TEST(Score, ErrorsPastTheLast16BitNumberOverflow)
+{
+    Score score = ScoreOf(0, 32767);
+    EXPECT_EQ(KindThrownBy([&] { score.CountWrong(); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(score.ErrorCount, 32767);
+}
+
+TEST(Score, CountsUpToTheLast16BitNumber)
+{
+    Score score = ScoreOf(32766, 32766);
+    EXPECT_NO_THROW(score.CountWrong());
+    EXPECT_EQ(score.ExerciseCount, 32767);
+    EXPECT_EQ(score.ErrorCount, 32767);
+}
+
+TEST(Score, AnUnscorableExerciseNeverOverflows)
+{
+    Score score = ScoreOf(32767, 32767);
+    score.Scorable = false;
+    EXPECT_NO_THROW(score.CountRight());
+    EXPECT_NO_THROW(score.CountWrong());
+    EXPECT_EQ(score.ExerciseCount, 32767);
+    EXPECT_EQ(score.ErrorCount, 32767);
+}
+
+class GroupEveryDigit : public std::numpunct<char> {
+protected:
+    char do_thousands_sep() const override { return '\''; }
+    std::string do_grouping() const override { return "\1"; }
+};
+
+TEST(Score, LineIsTheSameUnderEveryLocale)
+{
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new GroupEveryDigit));
+    const std::string line = ScoreOf(999, 123).Line();
+    std::locale::global(before);
+    EXPECT_EQ(line, "Ejercicios:999; Errores:123");
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,167 @@
+#include "common/core/TimeOfDay.h"
+
+#include "tests/support/FixedClock.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
+#include <optional>
+#include <string>
+
+namespace numbrela {
+
+namespace {
+
+struct SeedCase {
+    int Hour;
+    int Minute;
+    int Second;
+    int Seed;
+};
+
+TEST(TimeOfDay, SeedIsTheProductOfHourMinuteAndSecondEachOneMore)
+{
+    const SeedCase cases[] = {
+        { 0, 0, 0, 1 },
+        { 0, 0, 1, 2 },
+        { 0, 1, 0, 2 },
+        { 1, 0, 0, 2 },
+        { 10, 20, 30, 7161 },
+        { 12, 0, 59, 780 },
+        { 23, 59, 58, 84960 },
+        { 23, 59, 59, 86400 },
+    };
+    for (const auto& [hour, minute, second, seed] : cases) {
+        EXPECT_EQ((TimeOfDay { hour, minute, second, 0 }.SeedProduct()), seed);
+    }
+}
+
+TEST(TimeOfDay, SeedRunsFrom1To86400)
+{
+    int smallest = 86400;
+    int largest = 1;
+    for (int hour = 0; hour < 24; ++hour) {
+        for (int minute = 0; minute < 60; ++minute) {
+            for (int second = 0; second < 60; ++second) {
+                const int seed = TimeOfDay { hour, minute, second, 0 }.SeedProduct();
+                ASSERT_TRUE(seed >= 1 && seed <= 86400) << hour << ":" << minute << ":" << second;
+                smallest = std::min(smallest, seed);
+                largest = std::max(largest, seed);
+            }
+        }
+    }
+    EXPECT_EQ(smallest, 1);
+    EXPECT_EQ(largest, 86400);
+}
+
+TEST(TimeOfDay, FractionsOfASecondDoNotChangeTheSeed)
+{
+    EXPECT_EQ((TimeOfDay { 10, 20, 30, 37230.0 }.SeedProduct()), (TimeOfDay { 10, 20, 30, 37230.999 }.SeedProduct()));
+}
+
+TEST(TimeOfDay, IsMidnightUntilItIsSet)
+{
+    const TimeOfDay time;
+    EXPECT_EQ(time.Hour, 0);
+    EXPECT_EQ(time.Minute, 0);
+    EXPECT_EQ(time.Second, 0);
+    EXPECT_EQ(time.SecondsSinceMidnight, 0);
+}
+
+TEST(FixedClock, TellsTheTimeItWasSetTo)
+{
+    numbrela::testing::FixedClock fixed;
+    const Clock& clock = fixed;
+    EXPECT_EQ(clock.Now().SeedProduct(), 7161);
+    EXPECT_EQ(clock.Now().SecondsSinceMidnight, 37230);
+    fixed.Time = { 1, 2, 3, 3723.5 };
+    EXPECT_EQ(clock.Now().SeedProduct(), 24);
+    EXPECT_EQ(clock.Now().SecondsSinceMidnight, 3723.5);
+}
+
+TEST(SystemClock, TellsHourMinuteAndSecondOfADay)
+{
+    const TimeOfDay now = SystemClock().Now();
+    EXPECT_GE(now.Hour, 0);
+    EXPECT_LE(now.Hour, 23);
+    EXPECT_GE(now.Minute, 0);
+    EXPECT_LE(now.Minute, 59);
+    EXPECT_GE(now.Second, 0);
+    EXPECT_LE(now.Second, 59);
+    EXPECT_GE(now.SeedProduct(), 1);
+    EXPECT_LE(now.SeedProduct(), 86400);
+}
+
+TEST(SystemClock, SecondsSinceMidnightAreThoseOfHourMinuteAndSecondWithAFraction)
+{
+    const SystemClock clock;
+    for (int i = 0; i < 1000; ++i) {
+        const TimeOfDay now = clock.Now();
+        ASSERT_GE(now.SecondsSinceMidnight, 0);
+        ASSERT_LT(now.SecondsSinceMidnight, 86400);
+        ASSERT_EQ(std::floor(now.SecondsSinceMidnight), now.Hour * 3600 + now.Minute * 60 + now.Second);
+    }
+}
+
+#ifndef _WIN32
+// Moves the machine's local time zone for as long as it lives.
+class TimeZone {
+public:
+    explicit TimeZone(const char* zone)
+    {
+        if (const char* before = std::getenv("TZ")) {
+            before_ = before;
+        }
+        setenv("TZ", zone, 1);
+        tzset();
+    }
+    ~TimeZone()
+    {
+        if (before_) {
+            setenv("TZ", before_->c_str(), 1);
+        } else {
+            unsetenv("TZ");
+        }
+        tzset();
+    }
+    TimeZone(const TimeZone&) = delete;
+    TimeZone& operator=(const TimeZone&) = delete;
+
+private:
+    std::optional<std::string> before_;
+};
+
+struct ZoneCase {
+    const char* Zone;
+    double SecondsAheadOfUniversalTime;
+};
+
+TEST(SystemClock, TellsTheLocalTime)
+{
+    const auto universalSeconds = [] {
+        return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+    };
+    const ZoneCase cases[] = { { "UTC0", 0 }, { "<+0530>-5:30", 19800 }, { "<-11>11", -39600 }, { "<+14>-14", 50400 } };
+    for (const auto& [zone, ahead] : cases) {
+        const TimeZone moved(zone);
+        const double before = universalSeconds();
+        const double local = SystemClock().Now().SecondsSinceMidnight;
+        const double after = universalSeconds();
+
+        // Around the clock, the local time lies between the two universal times moved by the zone. A minute more on
+        // both sides forgives a machine that sets its clock right at this moment.
+        constexpr double day = 86400;
+        const double passed = std::remainder(local - (before + ahead), day);
+        EXPECT_GE(passed, -60) << zone;
+        EXPECT_LE(passed, after - before + 60) << zone;
+    }
+}
+#endif
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,35 @@
+#include "common/screen/Boxes.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace numbrela {
+
+namespace {
+
+QString titleOrApplications(const std::string& title)
+{
+    return title.empty() ? QApplication::applicationName() : QString::fromStdString(title);
+}
+
+} // namespace
+
+void ShowMessage(QWidget* parent, const std::string& text, const std::string& title)
+{
+    QMessageBox box(QMessageBox::NoIcon, titleOrApplications(title), QString::fromStdString(text), QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+std::string AskText(
+    QWidget* parent, const std::string& prompt, const std::string& title, const std::string& defaultText)
+{
+    QInputDialog box(parent);
+    box.setWindowTitle(titleOrApplications(title));
+    box.setLabelText(QString::fromStdString(prompt));
+    box.setTextValue(QString::fromStdString(defaultText));
+    return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
+}
+
+} // namespace numbrela

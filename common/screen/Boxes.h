@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+class QWidget;
+
+namespace numbrela {
+
+// The toolkit's own modal boxes, with plain text (double blanks survive) and Spanish buttons. All texts are UTF-8; a
+// box without a title has the application's. Each runs until it is answered.
+
+// A message with the one button "Aceptar" and no icon.
+void ShowMessage(QWidget* parent, const std::string& text, const std::string& title = {});
+
+// A line of text that a person types; empty when they cancel.
+std::string AskText(
+    QWidget* parent, const std::string& prompt, const std::string& title, const std::string& defaultText = {});
+
+} // namespace numbrela

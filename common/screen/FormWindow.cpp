@@ -1,0 +1,161 @@
+#include "common/screen/FormWindow.h"
+
+#include "common/screen/CommandButton.h"
+#include "common/screen/TextBox.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace numbrela {
+
+namespace {
+
+constexpr int menuFontTwips = 12 * 20;
+constexpr int roomForWindowFrame = 48; // pixels that a window manager may put around a window
+
+double scaleToFit(QSize room, const TwipsRect& extent)
+{
+    return std::min(static_cast<double>(room.width()) / extent.Width, static_cast<double>(room.height()) / extent.Height);
+}
+
+} // namespace
+
+FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize area, FontSpec font)
+    : menuBar_(new QMenuBar(this))
+    , area_(new TwipsLayout(this, area, font))
+    , shownExtent_(area_->Extent())
+{
+    setObjectName(name);
+    setWindowTitle(caption);
+    menuBar_->setNativeMenuBar(false);
+    menuBar_->hide();
+    area_->setMenuBar(menuBar_);
+}
+
+void FormWindow::ShowModally()
+{
+    setWindowModality(Qt::ApplicationModal);
+    setAttribute(Qt::WA_DeleteOnClose);
+    show();
+}
+
+TextBox* FormWindow::AddTextBox(const QString& name, TwipsRect place, FontSpec font, Qt::Alignment alignment)
+{
+    auto* box = new TextBox(this);
+    box->setObjectName(name);
+    box->setAlignment(alignment);
+    area_->Place(box, place, font);
+    return box;
+}
+
+CommandButton* FormWindow::AddButton(const QString& name, const QString& caption, TwipsRect place, FontSpec font)
+{
+    auto* button = new CommandButton(caption, this);
+    button->setObjectName(name);
+    area_->Place(button, place, font);
+    return button;
+}
+
+QLabel* FormWindow::AddLabel(const QString& name, const QString& caption, TwipsRect place, FontSpec font)
+{
+    auto* label = new QLabel(caption, this);
+    label->setObjectName(name);
+    label->setAlignment(Qt::AlignCenter);
+    area_->Place(label, place, font);
+    return label;
+}
+
+void FormWindow::SetTabSequence(const std::vector<QWidget*>& controls)
+{
+    for (std::size_t i = 1; i < controls.size(); ++i) {
+        setTabOrder(controls[i - 1], controls[i]);
+    }
+}
+
+QMenu* FormWindow::AddMenu(const QString& name, const QString& caption)
+{
+    QMenu* menu = menuBar_->addMenu(caption);
+    menu->setObjectName(name);
+    menuBar_->show();
+    return menu;
+}
+
+QAction* FormWindow::AddMenuItem(QMenu* menu, const QString& name, const QString& caption,
+    std::function<void()> choose, const QKeySequence& shortcut)
+{
+    QAction* item = menu->addAction(caption);
+    item->setObjectName(name);
+    item->setShortcut(shortcut);
+    connect(item, &QAction::triggered, this, std::move(choose));
+    return item;
+}
+
+bool FormWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) {
+        showWholeExtent();
+    }
+    return QWidget::event(event);
+}
+
+void FormWindow::showEvent(QShowEvent* event)
+{
+    if (!everShown_ && !isMaximized() && !isFullScreen()) {
+        everShown_ = true;
+        takeDesignSize();
+    }
+    QWidget::showEvent(event);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    scaleMenus();
+}
+
+// The design size, or as much of it as the screen has room for.
+void FormWindow::takeDesignSize()
+{
+    scaleMenus();
+    shownExtent_ = area_->Extent();
+    const int menuHeight = windowSizeAt(0).height();
+    const QSize room = screen()->availableSize() - QSize(roomForWindowFrame, roomForWindowFrame + menuHeight);
+    resize(windowSizeAt(std::min(area_->DesignPixelsPerTwip(), scaleToFit(room, shownExtent_))));
+}
+
+QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
+{
+    const int menuHeight = area_->totalSizeHint().height() - area_->sizeHint().height();
+    return area_->SizeAt(pixelsPerTwip) + QSize(0, menuHeight);
+}
+
+// When a control has been put beyond an edge, or has come back, the window grows or shrinks around it at the scale that
+// it had. A maximised window cannot: its layout has taken a smaller scale already.
+void FormWindow::showWholeExtent()
+{
+    const TwipsRect extent = area_->Extent();
+    if (extent != shownExtent_ && !isMaximized() && !isFullScreen()) {
+        const double scale = scaleToFit(area_->contentsRect().size(), shownExtent_);
+        resize(windowSizeAt(scale));
+    }
+    shownExtent_ = extent;
+}
+
+// The menus, and the boxes that take their font from their window, grow with everything else.
+void FormWindow::scaleMenus()
+{
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(menuFontTwips * area_->PixelsPerTwip()))));
+    setFont(font);
+    for (QMenu* menu : findChildren<QMenu*>()) {
+        menu->setFont(font);
+    }
+}
+
+} // namespace numbrela

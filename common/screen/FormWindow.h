@@ -1,0 +1,63 @@
+#pragma once
+
+#include "common/screen/TwipsLayout.h"
+
+#include <QKeySequence>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QMenuBar;
+
+namespace numbrela {
+
+class CommandButton;
+class TextBox;
+
+// A window of the program: a caption, a menu bar, and under it an area whose controls stand at places in twips and grow
+// with the window. It is a plain widget, not a dialog: Enter belongs to the control that has the focus, and Escape closes
+// nothing. What is in it and what happens in it is for the form that derives from it.
+class FormWindow : public QWidget {
+public:
+    // `area` is the design size below the menu bar, in twips; `font` the font of controls that name none.
+    FormWindow(const QString& name, const QString& caption, TwipsSize area, FontSpec font);
+
+    // Shows the window while every other one is inert, and destroys it when it is closed.
+    void ShowModally();
+
+    TwipsLayout& Area() const { return *area_; }
+
+protected:
+    TextBox* AddTextBox(const QString& name, TwipsRect place, FontSpec font, Qt::Alignment alignment);
+    CommandButton* AddButton(const QString& name, const QString& caption, TwipsRect place, FontSpec font);
+    QLabel* AddLabel(const QString& name, const QString& caption, TwipsRect place, FontSpec font);
+
+    // Makes the Tab key go through these controls in this order.
+    static void SetTabSequence(const std::vector<QWidget*>& controls);
+
+    QMenuBar* MenuBar() const { return menuBar_; }
+    QMenu* AddMenu(const QString& name, const QString& caption);
+    QAction* AddMenuItem(QMenu* menu, const QString& name, const QString& caption, std::function<void()> choose,
+        const QKeySequence& shortcut = {});
+
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QSize windowSizeAt(double pixelsPerTwip) const;
+    void takeDesignSize();
+    void showWholeExtent();
+    void scaleMenus();
+
+    QMenuBar* menuBar_;
+    TwipsLayout* area_;
+    TwipsRect shownExtent_;
+    bool everShown_ = false;
+};
+
+} // namespace numbrela

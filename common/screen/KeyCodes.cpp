@@ -1,0 +1,100 @@
+#include "common/screen/KeyCodes.h"
+
+#include <QKeyEvent>
+
+#include <array>
+#include <utility>
+
+namespace numbrela {
+
+namespace {
+
+using Pair = std::pair<int, int>; // the toolkit's key, our code
+
+constexpr std::array<Pair, 5> keypadKeys { {
+    { Qt::Key_Asterisk, 106 },
+    { Qt::Key_Plus, 107 },
+    { Qt::Key_Minus, 109 },
+    { Qt::Key_Comma, KeyCode::KeypadDecimal },
+    { Qt::Key_Period, KeyCode::KeypadDecimal },
+} };
+
+constexpr std::array<Pair, 36> otherKeys { {
+    { Qt::Key_Backspace, KeyCode::Backspace },
+    { Qt::Key_Tab, KeyCode::Tab },
+    { Qt::Key_Backtab, KeyCode::Tab },
+    { Qt::Key_Return, KeyCode::Enter },
+    { Qt::Key_Enter, KeyCode::Enter },
+    { Qt::Key_Shift, 16 },
+    { Qt::Key_Control, 17 },
+    { Qt::Key_Alt, 18 },
+    { Qt::Key_Pause, 19 },
+    { Qt::Key_CapsLock, 20 },
+    { Qt::Key_Escape, KeyCode::Escape },
+    { Qt::Key_Space, KeyCode::Space },
+    { Qt::Key_PageUp, 33 },
+    { Qt::Key_PageDown, 34 },
+    { Qt::Key_End, 35 },
+    { Qt::Key_Home, 36 },
+    { Qt::Key_Left, KeyCode::Left },
+    { Qt::Key_Up, KeyCode::Up },
+    { Qt::Key_Right, KeyCode::Right },
+    { Qt::Key_Down, KeyCode::Down },
+    { Qt::Key_Print, 44 },
+    { Qt::Key_Insert, 45 },
+    { Qt::Key_Delete, KeyCode::Delete },
+    { Qt::Key_NumLock, 144 },
+    { Qt::Key_ScrollLock, 145 },
+    { Qt::Key_Semicolon, 186 },
+    { Qt::Key_Plus, 187 },
+    { Qt::Key_Equal, 187 },
+    { Qt::Key_Comma, KeyCode::Comma },
+    { Qt::Key_Minus, 189 },
+    { Qt::Key_Period, KeyCode::Point },
+    { Qt::Key_Slash, 191 },
+    { Qt::Key_Ntilde, 192 },
+    { Qt::Key_Apostrophe, 219 },
+    { Qt::Key_Ccedilla, 220 },
+    { Qt::Key_exclamdown, 221 },
+} };
+
+template <std::size_t Count>
+int find(const std::array<Pair, Count>& pairs, int key)
+{
+    for (const auto& [qtKey, keyCode] : pairs) {
+        if (qtKey == key) {
+            return keyCode;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+int KeyCodeOf(const QKeyEvent& event)
+{
+    const int key = event.key();
+    const bool onKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
+    if (key >= Qt::Key_0 && key <= Qt::Key_9) {
+        return key - Qt::Key_0 + (onKeypad ? KeyCode::KeypadDigit0 : KeyCode::Digit0);
+    }
+    if (key >= Qt::Key_A && key <= Qt::Key_Z) {
+        return key; // the code of a letter key is its capital letter in both vocabularies
+    }
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) {
+        return key - Qt::Key_F1 + KeyCode::F1;
+    }
+    if (const int keypadCode = onKeypad ? find(keypadKeys, key) : 0; keypadCode != 0) {
+        return keypadCode;
+    }
+    return find(otherKeys, key);
+}
+
+bool WritesDigitOrComma(int keyCode)
+{
+    constexpr int digits = 10;
+    return (keyCode >= KeyCode::Digit0 && keyCode < KeyCode::Digit0 + digits)
+        || (keyCode >= KeyCode::KeypadDigit0 && keyCode < KeyCode::KeypadDigit0 + digits) || keyCode == KeyCode::Comma;
+}
+
+} // namespace numbrela

@@ -1,0 +1,71 @@
+#include "common/screen/Look.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+#include <QProxyStyle>
+#include <QTranslator>
+
+namespace numbrela {
+
+namespace {
+
+// One set of colours for active, inactive and disabled windows: a highlight means something in this program, so it
+// must not fade when the focus goes elsewhere. Only disabled text is greyed.
+QPalette lightPalette()
+{
+    const QColor ink(0x1a, 0x1a, 0x1a);
+    const QColor paper(Qt::white);
+    const QColor window(0xf0, 0xf0, 0xf0);
+    const QColor selection(0x0b, 0x5c, 0xad);
+    const QColor faded(0x6b, 0x6b, 0x6b);
+
+    QPalette palette(ink, window, paper, QColor(0x8a, 0x8a, 0x8a), QColor(0xb8, 0xb8, 0xb8), ink, paper, paper, window);
+    palette.setColor(QPalette::Button, QColor(0xe4, 0xe4, 0xe4));
+    palette.setColor(QPalette::ButtonText, ink);
+    palette.setColor(QPalette::Highlight, selection);
+    palette.setColor(QPalette::HighlightedText, paper);
+    palette.setColor(QPalette::ToolTipBase, paper);
+    palette.setColor(QPalette::ToolTipText, ink);
+    palette.setColor(QPalette::PlaceholderText, faded);
+    for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText }) {
+        palette.setColor(QPalette::Disabled, role, faded);
+    }
+    return palette;
+}
+
+// Fusion with quiet boxes: their buttons carry words alone.
+class QuietStyle : public QProxyStyle {
+public:
+    QuietStyle()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+} // namespace
+
+void ApplyLook(QApplication& application)
+{
+    QFont::insertSubstitutions(QStringLiteral("Arial"), { QStringLiteral("Liberation Sans") });
+    QFont::insertSubstitutions(QStringLiteral("Courier New"), { QStringLiteral("Liberation Mono") });
+    QFont::insertSubstitutions(
+        QStringLiteral("Courier"), { QStringLiteral("Courier New"), QStringLiteral("Liberation Mono") });
+    QFont::insertSubstitutions(QStringLiteral("Verdana"), { QStringLiteral("DejaVu Sans") });
+
+    QApplication::setStyle(new QuietStyle);
+    QApplication::setPalette(lightPalette());
+    QApplication::setFont(QFont(QStringLiteral("Arial"), 12));
+
+    auto* spanish = new QTranslator(&application);
+    if (spanish->load(QStringLiteral(":/translations/qtbase_es.qm"))) {
+        QApplication::installTranslator(spanish);
+    }
+}
+
+} // namespace numbrela

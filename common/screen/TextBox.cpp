@@ -1,0 +1,190 @@
+#include "common/screen/TextBox.h"
+
+#include "common/screen/KeyCodes.h"
+
+#include <QKeyEvent>
+#include <QStyle>
+#include <QStyleOptionFrame>
+
+#include <algorithm>
+
+namespace numbrela {
+
+namespace {
+
+// The character that a key event types; null when it types none. A key held with Ctrl or Alt is a command.
+QChar characterOf(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return QChar(KeyCode::Enter);
+    case Qt::Key_Backspace:
+        return QChar(KeyCode::Backspace);
+    case Qt::Key_Escape:
+        return QChar(KeyCode::Escape);
+    default:
+        return !event.text().isEmpty() && event.text().front().isPrint() ? event.text().front() : QChar();
+    }
+}
+
+} // namespace
+
+template <typename Action>
+void TextBox::keepSelectionDuring(Action action)
+{
+    const int start = selectionStart();
+    const int length = selectionLength();
+    const int caret = cursorPosition();
+    action();
+    if (start >= 0) {
+        setSelection(start, length);
+    } else {
+        SetCaretPosition(caret);
+    }
+}
+
+TextBox::TextBox(QWidget* parent)
+    : QLineEdit(parent)
+    , maximumTypedLength_(maxLength())
+    , designFont_(font())
+{
+    connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
+}
+
+std::string TextBox::Text() const
+{
+    return text().toStdString();
+}
+
+void TextBox::SetText(const std::string& text)
+{
+    const QString newText = QString::fromStdString(text);
+    QLineEdit::setMaxLength(std::max(maximumTypedLength_, static_cast<int>(newText.size())));
+    setText(newText);
+}
+
+void TextBox::SetMaximumTypedLength(int characters)
+{
+    maximumTypedLength_ = characters;
+    const int length = std::max(characters, static_cast<int>(text().size()));
+    if (length != maxLength()) {
+        keepSelectionDuring([&] { QLineEdit::setMaxLength(length); });
+    }
+}
+
+int TextBox::CaretPosition() const
+{
+    return hasSelectedText() ? selectionStart() : cursorPosition();
+}
+
+void TextBox::SetCaretPosition(int position)
+{
+    deselect();
+    setCursorPosition(position);
+}
+
+void TextBox::StepCaretLeft()
+{
+    if (CaretPosition() > 0) {
+        SetCaretPosition(CaretPosition() - 1);
+    }
+}
+
+void TextBox::SelectWholeText()
+{
+    setSelection(0, static_cast<int>(text().size()));
+}
+
+// A line edit drops its highlight when its window becomes active and the focus is elsewhere; ours keeps it.
+bool TextBox::event(QEvent* event)
+{
+    return event->type() == QEvent::WindowActivate ? QWidget::event(event) : QLineEdit::event(event);
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event)
+{
+    bool consumed = false;
+    Q_EMIT KeyDown(KeyCodeOf(*event), consumed);
+    if (consumed) {
+        event->accept();
+        return;
+    }
+    const QChar typed = characterOf(*event);
+    if (typed.isNull()) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    QChar character = typed;
+    Q_EMIT KeyPress(character);
+    if (character.isNull()) {
+        event->accept();
+    } else if (character != typed) {
+        QKeyEvent replacement(QEvent::KeyPress, 0, event->modifiers(), QString(character), event->isAutoRepeat());
+        QLineEdit::keyPressEvent(&replacement);
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+    // Typing over a text that the program wrote longer than the limit makes room that is not there.
+    SetMaximumTypedLength(maximumTypedLength_);
+}
+
+void TextBox::keyReleaseEvent(QKeyEvent* event)
+{
+    QLineEdit::keyReleaseEvent(event);
+    if (!event->isAutoRepeat()) {
+        Q_EMIT KeyUp(KeyCodeOf(*event));
+    }
+}
+
+void TextBox::focusInEvent(QFocusEvent* event)
+{
+    keepSelectionDuring([&] { QLineEdit::focusInEvent(event); });
+    Q_EMIT GotFocus();
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event)
+{
+    keepSelectionDuring([&] { QLineEdit::focusOutEvent(event); });
+}
+
+void TextBox::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange && !fitting_) {
+        designFont_ = font();
+        fitText();
+    }
+}
+
+void TextBox::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    fitText();
+}
+
+int TextBox::widthForText() const
+{
+    constexpr int innerMargins = 2 * 2; // what a line edit keeps free on both sides of its text
+    constexpr int caretWidth = 1;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+    return contents.width() - innerMargins - caretWidth;
+}
+
+void TextBox::fitText()
+{
+    constexpr int smallestPixelSize = 6; // beyond that the box scrolls
+    QFont fitted = designFont_;
+    while (fitted.pixelSize() > smallestPixelSize && QFontMetrics(fitted).horizontalAdvance(text()) > widthForText()) {
+        fitted.setPixelSize(fitted.pixelSize() - 1);
+    }
+    if (fitted != font()) {
+        fitting_ = true;
+        setFont(fitted);
+        fitting_ = false;
+    }
+}
+
+} // namespace numbrela

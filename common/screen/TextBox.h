@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <string>
+
+namespace numbrela {
+
+// A one-line text box that behaves as a number in a written calculation needs it:
+// - a selection is a highlight and stays, whatever has the focus;
+// - the caret position is the start of the selection;
+// - a text too wide for the box is written smaller, so that it is seen whole;
+// - a maximum length limits what is typed, never what the program writes;
+// - its form hears of every key before the box does, and of real releases only, not of those that auto-repeat makes.
+// What the keys mean is for the form to say.
+class TextBox : public QLineEdit {
+    Q_OBJECT
+
+public:
+    explicit TextBox(QWidget* parent = nullptr);
+
+    // The text as UTF-8. Writing it removes any selection.
+    std::string Text() const;
+    void SetText(const std::string& text);
+
+    // The most characters that can be typed into the box.
+    void SetMaximumTypedLength(int characters);
+
+    // The caret, in characters before it.
+    int CaretPosition() const;
+    void SetCaretPosition(int position);
+    void StepCaretLeft();
+
+    // Highlights the whole text.
+    void SelectWholeText();
+
+Q_SIGNALS:
+    // A key goes down; set `consumed` and the box never sees it.
+    void KeyDown(int keyCode, bool& consumed);
+
+    // A character (Enter, Backspace and Escape among them) is about to reach the box; replace it, or make it null to
+    // consume it.
+    void KeyPress(QChar& character);
+
+    // A key has been let go.
+    void KeyUp(int keyCode);
+
+    // The focus has come to the box.
+    void GotFocus();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    template <typename Action>
+    void keepSelectionDuring(Action action);
+    void fitText();
+    int widthForText() const;
+
+    int maximumTypedLength_;
+    QFont designFont_;
+    bool fitting_ = false;
+};
+
+} // namespace numbrela

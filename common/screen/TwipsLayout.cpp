@@ -1,0 +1,175 @@
+#include "common/screen/TwipsLayout.h"
+
+#include <QFont>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace numbrela {
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+constexpr double twipsPerPoint = 20;
+constexpr double smallestScale = 0.5; // below half its design size a window is no longer readable
+
+int rounded(double pixels)
+{
+    return static_cast<int>(std::lround(pixels));
+}
+
+QFont fontInPixels(const FontSpec& spec, double pixelsPerTwip)
+{
+    QFont font(QString::fromLatin1(spec.Family));
+    font.setPixelSize(std::max(1, rounded(spec.Points * twipsPerPoint * pixelsPerTwip)));
+    font.setBold(spec.Bold);
+    return font;
+}
+
+} // namespace
+
+TwipsLayout::TwipsLayout(QWidget* area, TwipsSize designSize, FontSpec defaultFont)
+    : QLayout(area)
+    , designSize_(designSize)
+    , defaultFont_(defaultFont)
+    , pixelsPerTwip_(DesignPixelsPerTwip())
+{
+    setContentsMargins(0, 0, 0, 0);
+}
+
+TwipsLayout::~TwipsLayout() = default;
+
+void TwipsLayout::Place(QWidget* control, TwipsRect rect, FontSpec font)
+{
+    if (find(control) == nullptr) {
+        addChildWidget(control);
+        addItem(new QWidgetItem(control));
+    }
+    Entry& entry = *find(control);
+    entry.Rect = rect;
+    entry.Font = font;
+    control->setFont(fontInPixels(font, pixelsPerTwip_));
+    invalidate();
+}
+
+void TwipsLayout::Move(QWidget* control, TwipsRect rect)
+{
+    find(control)->Rect = rect;
+    invalidate();
+}
+
+TwipsRect TwipsLayout::RectOf(const QWidget* control) const
+{
+    const Entry* entry = find(control);
+    return entry == nullptr ? TwipsRect() : entry->Rect;
+}
+
+FontSpec TwipsLayout::FontOf(const QWidget* control) const
+{
+    const Entry* entry = find(control);
+    return entry == nullptr ? defaultFont_ : entry->Font;
+}
+
+TwipsRect TwipsLayout::Extent() const
+{
+    int left = 0;
+    int top = 0;
+    int right = designSize_.Width;
+    int bottom = designSize_.Height;
+    for (const Entry& entry : entries_) {
+        if (!entry.Item->widget()->isHidden()) {
+            left = std::min(left, entry.Rect.Left);
+            top = std::min(top, entry.Rect.Top);
+            right = std::max(right, entry.Rect.Left + entry.Rect.Width);
+            bottom = std::max(bottom, entry.Rect.Top + entry.Rect.Height);
+        }
+    }
+    return { left, top, right - left, bottom - top };
+}
+
+double TwipsLayout::DesignPixelsPerTwip() const
+{
+    return parentWidget()->logicalDpiX() / twipsPerInch;
+}
+
+QSize TwipsLayout::SizeAt(double pixelsPerTwip) const
+{
+    const TwipsRect extent = Extent();
+    return { rounded(extent.Width * pixelsPerTwip), rounded(extent.Height * pixelsPerTwip) };
+}
+
+void TwipsLayout::addItem(QLayoutItem* item)
+{
+    entries_.push_back({ std::unique_ptr<QLayoutItem>(item), {}, defaultFont_ });
+}
+
+int TwipsLayout::count() const
+{
+    return static_cast<int>(entries_.size());
+}
+
+QLayoutItem* TwipsLayout::itemAt(int index) const
+{
+    return index >= 0 && index < count() ? entries_[static_cast<std::size_t>(index)].Item.get() : nullptr;
+}
+
+QLayoutItem* TwipsLayout::takeAt(int index)
+{
+    if (itemAt(index) == nullptr) {
+        return nullptr;
+    }
+    const auto position = entries_.begin() + index;
+    QLayoutItem* item = position->Item.release();
+    entries_.erase(position);
+    return item;
+}
+
+QSize TwipsLayout::sizeHint() const
+{
+    return SizeAt(DesignPixelsPerTwip());
+}
+
+QSize TwipsLayout::minimumSize() const
+{
+    return SizeAt(DesignPixelsPerTwip() * smallestScale);
+}
+
+Qt::Orientations TwipsLayout::expandingDirections() const
+{
+    return Qt::Horizontal | Qt::Vertical;
+}
+
+void TwipsLayout::setGeometry(const QRect& rect)
+{
+    QLayout::setGeometry(rect);
+    const TwipsRect extent = Extent();
+    pixelsPerTwip_ = std::min(
+        static_cast<double>(rect.width()) / extent.Width, static_cast<double>(rect.height()) / extent.Height);
+    const double originX = rect.x() + (rect.width() - extent.Width * pixelsPerTwip_) / 2 - extent.Left * pixelsPerTwip_;
+    const double originY = rect.y() + (rect.height() - extent.Height * pixelsPerTwip_) / 2 - extent.Top * pixelsPerTwip_;
+    const auto toPixels = [this](double origin, int twips) { return rounded(origin + twips * pixelsPerTwip_); };
+
+    for (const Entry& entry : entries_) {
+        QWidget* control = entry.Item->widget();
+        control->setFont(fontInPixels(entry.Font, pixelsPerTwip_));
+        const QPoint topLeft(toPixels(originX, entry.Rect.Left), toPixels(originY, entry.Rect.Top));
+        const QPoint bottomRight(toPixels(originX, entry.Rect.Left + entry.Rect.Width),
+            toPixels(originY, entry.Rect.Top + entry.Rect.Height));
+        control->setGeometry(QRect(topLeft, bottomRight - QPoint(1, 1)));
+    }
+}
+
+TwipsLayout::Entry* TwipsLayout::find(const QWidget* control)
+{
+    const auto found = std::find_if(entries_.begin(), entries_.end(),
+        [control](const Entry& entry) { return entry.Item->widget() == control; });
+    return found == entries_.end() ? nullptr : &*found;
+}
+
+const TwipsLayout::Entry* TwipsLayout::find(const QWidget* control) const
+{
+    return const_cast<TwipsLayout*>(this)->find(control);
+}
+
+} // namespace numbrela

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QStringList>
+
+#include <functional>
+
+class QDialog;
+
+// The modal boxes that a test expects, in the order in which they will open. A box is checked and answered as soon as it
+// is on the screen; one that nobody expected fails the test and is closed, so that nothing hangs.
+namespace numbrela::testing {
+
+// Starts to watch for boxes; once, before the first test.
+void WatchForBoxes();
+
+// A message box with exactly these buttons and no icon, answered by one of them.
+void ExpectMessage(const QString& title, const QString& text, const QStringList& buttons = { QStringLiteral("Aceptar") },
+    const QString& press = QStringLiteral("Aceptar"));
+
+// An input box, into which the answer is typed in place of the default text, and which Enter then accepts.
+void ExpectInput(
+    const QString& title, const QString& prompt, const QString& answer, const QString& defaultText = QString());
+
+// An input box that is left by "Cancelar", whatever has been typed.
+void ExpectInputCancelled(const QString& title, const QString& prompt, const QString& typed = QString());
+
+// Any other modal dialog; `answer` looks at it and closes it.
+void ExpectDialog(std::function<void(QDialog&)> answer);
+
+// How many of the expected boxes have not opened yet.
+int PendingBoxes();
+
+// Fails the running test for each box that it expected and that never came, and forgets them.
+void FailForPendingBoxes();
+
+} // namespace numbrela::testing

@@ -1,0 +1,115 @@
+#include "tests/support/Driver.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QTest>
+#include <QWindow>
+
+#include <stdexcept>
+
+namespace numbrela::testing {
+
+namespace {
+
+// The window that keys go to. The platform without a display does what a window manager would do only in part: when a
+// box closes, nothing gets the focus; so the window in front takes it here.
+QWindow& focusWindow()
+{
+    if (QGuiApplication::focusWindow() == nullptr) {
+        QWidget* front = QApplication::activeModalWidget();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            front = front == nullptr && window->isVisible() ? window : front;
+        }
+        if (front == nullptr) {
+            throw std::logic_error("no window is open");
+        }
+        front->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(front));
+    }
+    return *QGuiApplication::focusWindow();
+}
+
+void sendKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, bool repeated)
+{
+    QWidget* receiver = QApplication::focusWidget();
+    ASSERT_NE(receiver, nullptr);
+    QKeyEvent event(type, key, modifiers, QString(), repeated);
+    QCoreApplication::sendEvent(receiver, &event);
+}
+
+} // namespace
+
+void ShowAndActivate(QWidget& window)
+{
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+QObject& Find(const QWidget& window, const QString& name, const QMetaObject& type)
+{
+    for (QObject* child : window.findChildren<QObject*>(name)) {
+        if (child->inherits(type.className())) {
+            return *child;
+        }
+    }
+    ADD_FAILURE() << "no " << type.className() << " named " << name.toStdString();
+    throw std::logic_error("no such control");
+}
+
+void Click(const QWidget& window, const QString& controlName)
+{
+    auto& control = Find<QWidget>(window, controlName);
+    EXPECT_TRUE(control.isVisible()) << controlName.toStdString();
+    QTest::mouseClick(&control, Qt::LeftButton);
+}
+
+void DoubleClick(const QWidget& window, const QString& controlName)
+{
+    auto& control = Find<QWidget>(window, controlName);
+    EXPECT_TRUE(control.isVisible()) << controlName.toStdString();
+    QTest::mouseDClick(&control, Qt::LeftButton);
+}
+
+void Choose(const QWidget& window, const QString& itemName)
+{
+    auto& item = Find<QAction>(window, itemName);
+    EXPECT_TRUE(item.isEnabled() && item.isVisible()) << itemName.toStdString();
+    item.trigger();
+}
+
+void Press(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(&focusWindow(), static_cast<Qt::Key>(key), modifiers);
+}
+
+void HoldDown(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyPress(&focusWindow(), static_cast<Qt::Key>(key), modifiers);
+}
+
+void LetGo(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyRelease(&focusWindow(), static_cast<Qt::Key>(key), modifiers);
+}
+
+void Repeat(int key, Qt::KeyboardModifiers modifiers)
+{
+    sendKey(QEvent::KeyRelease, key, modifiers, true);
+    sendKey(QEvent::KeyPress, key, modifiers, true);
+}
+
+void Type(const QString& text)
+{
+    for (const QChar character : text) {
+        QTest::keyClick(&focusWindow(), character.toLatin1());
+    }
+}
+
+std::string FocusName()
+{
+    const QWidget* focused = QApplication::focusWidget();
+    return focused == nullptr ? std::string() : focused->objectName().toStdString();
+}
+
+} // namespace numbrela::testing

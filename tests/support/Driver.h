@@ -1,0 +1,47 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <QWidget>
+
+class QAction;
+
+// What a person does with a window: shows it, clicks, presses keys on whatever has the focus, chooses menu items.
+// Controls are found by their names.
+namespace numbrela::testing {
+
+// Shows the window and waits until it has the focus.
+void ShowAndActivate(QWidget& window);
+
+// The control or menu item with this name. Fails the test and throws when the window has none.
+QObject& Find(const QWidget& window, const QString& name, const QMetaObject& type);
+
+template <typename Control>
+Control& Find(const QWidget& window, const QString& name)
+{
+    return static_cast<Control&>(Find(window, name, Control::staticMetaObject));
+}
+
+// Clicks, or double-clicks, the middle of a control with the left button.
+void Click(const QWidget& window, const QString& controlName);
+void DoubleClick(const QWidget& window, const QString& controlName);
+
+// Chooses a menu item, which must be enabled and visible.
+void Choose(const QWidget& window, const QString& itemName);
+
+// Presses and releases a key, or does one of the two, in whatever has the focus.
+void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void HoldDown(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void LetGo(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+// What the keyboard sends while a key is held: a release and a press, both marked as repeated.
+void Repeat(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+// Types a text character by character.
+void Type(const QString& text);
+
+// The name of the control that has the focus; empty when there is none.
+std::string FocusName();
+
+} // namespace numbrela::testing
