@@ -4,6 +4,7 @@
 #include "app/ButtonColumn.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -51,7 +52,7 @@ void Form1::Form_Load()
     const ButtonColumn column = LayOutButtonColumn(formHeight, static_cast<int>(Command1.size()));
     for (std::size_t i = 0; i < Command1.size(); ++i) {
         const int index = static_cast<int>(i);
-        Command1[i] = AddButton(QStringLiteral("Command1(%1)").arg(index), captions[i],
+        Command1[i] = AddButton(Area(), QStringLiteral("Command1(%1)").arg(index), captions[i],
             { column.Left, column.Tops[i], buttonWidth, column.ButtonHeight }, buttonFont);
         Command1[i]->SetBackColour(i + 1 < Command1.size() ? Qt::green : Qt::red);
         Command1[i]->setEnabled(i + 1 == Command1.size() || activities[i] != nullptr);

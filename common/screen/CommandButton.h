@@ -5,7 +5,7 @@
 namespace numbrela {
 
 // A push button that Enter presses as Space does when it has the focus, once for each time the key goes down, and that
-// can have a colour of its own.
+// can have a colour of its own. It shows that it has the focus, however it came to it.
 class CommandButton : public QPushButton {
 public:
     explicit CommandButton(const QString& caption, QWidget* parent = nullptr);
@@ -15,6 +15,7 @@ public:
     QColor BackColour() const;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
 

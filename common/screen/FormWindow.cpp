@@ -1,10 +1,6 @@
 #include "common/screen/FormWindow.h"
 
-#include "common/screen/CommandButton.h"
-#include "common/screen/TextBox.h"
-
 #include <QEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -43,32 +39,6 @@ void FormWindow::ShowModally()
     setWindowModality(Qt::ApplicationModal);
     setAttribute(Qt::WA_DeleteOnClose);
     show();
-}
-
-TextBox* FormWindow::AddTextBox(const QString& name, TwipsRect place, FontSpec font, Qt::Alignment alignment)
-{
-    auto* box = new TextBox(this);
-    box->setObjectName(name);
-    box->setAlignment(alignment);
-    area_->Place(box, place, font);
-    return box;
-}
-
-CommandButton* FormWindow::AddButton(const QString& name, const QString& caption, TwipsRect place, FontSpec font)
-{
-    auto* button = new CommandButton(caption, this);
-    button->setObjectName(name);
-    area_->Place(button, place, font);
-    return button;
-}
-
-QLabel* FormWindow::AddLabel(const QString& name, const QString& caption, TwipsRect place, FontSpec font)
-{
-    auto* label = new QLabel(caption, this);
-    label->setObjectName(name);
-    label->setAlignment(Qt::AlignCenter);
-    area_->Place(label, place, font);
-    return label;
 }
 
 void FormWindow::SetTabSequence(const std::vector<QWidget*>& controls)

@@ -9,14 +9,10 @@
 #include <vector>
 
 class QAction;
-class QLabel;
 class QMenu;
 class QMenuBar;
 
 namespace numbrela {
-
-class CommandButton;
-class TextBox;
 
 // A window of the program: a caption, a menu bar, and under it an area whose controls stand at places in twips and grow
 // with the window. It is a plain widget, not a dialog: Enter belongs to the control that has the focus, and Escape closes
@@ -32,10 +28,6 @@ public:
     TwipsLayout& Area() const { return *area_; }
 
 protected:
-    TextBox* AddTextBox(const QString& name, TwipsRect place, FontSpec font, Qt::Alignment alignment);
-    CommandButton* AddButton(const QString& name, const QString& caption, TwipsRect place, FontSpec font);
-    QLabel* AddLabel(const QString& name, const QString& caption, TwipsRect place, FontSpec font);
-
     // Makes the Tab key go through these controls in this order.
     static void SetTabSequence(const std::vector<QWidget*>& controls);
 

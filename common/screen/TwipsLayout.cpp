@@ -79,10 +79,11 @@ TwipsRect TwipsLayout::Extent() const
     int bottom = designSize_.Height;
     for (const Entry& entry : entries_) {
         if (!entry.Item->widget()->isHidden()) {
-            left = std::min(left, entry.Rect.Left);
-            top = std::min(top, entry.Rect.Top);
-            right = std::max(right, entry.Rect.Left + entry.Rect.Width);
-            bottom = std::max(bottom, entry.Rect.Top + entry.Rect.Height);
+            const TwipsRect rect = wholeRect(entry);
+            left = std::min(left, rect.Left);
+            top = std::min(top, rect.Top);
+            right = std::max(right, rect.Left + rect.Width);
+            bottom = std::max(bottom, rect.Top + rect.Height);
         }
     }
     return { left, top, right - left, bottom - top };
@@ -144,8 +145,10 @@ void TwipsLayout::setGeometry(const QRect& rect)
 {
     QLayout::setGeometry(rect);
     const TwipsRect extent = Extent();
-    pixelsPerTwip_ = std::min(
-        static_cast<double>(rect.width()) / extent.Width, static_cast<double>(rect.height()) / extent.Height);
+    const TwipsLayout* enclosing = enclosingArea();
+    pixelsPerTwip_ = enclosing != nullptr ? enclosing->pixelsPerTwip_
+                                          : std::min(static_cast<double>(rect.width()) / extent.Width,
+                                                static_cast<double>(rect.height()) / extent.Height);
     const double originX = rect.x() + (rect.width() - extent.Width * pixelsPerTwip_) / 2 - extent.Left * pixelsPerTwip_;
     const double originY = rect.y() + (rect.height() - extent.Height * pixelsPerTwip_) / 2 - extent.Top * pixelsPerTwip_;
     const auto toPixels = [this](double origin, int twips) { return rounded(origin + twips * pixelsPerTwip_); };
@@ -153,11 +156,29 @@ void TwipsLayout::setGeometry(const QRect& rect)
     for (const Entry& entry : entries_) {
         QWidget* control = entry.Item->widget();
         control->setFont(fontInPixels(entry.Font, pixelsPerTwip_));
-        const QPoint topLeft(toPixels(originX, entry.Rect.Left), toPixels(originY, entry.Rect.Top));
-        const QPoint bottomRight(toPixels(originX, entry.Rect.Left + entry.Rect.Width),
-            toPixels(originY, entry.Rect.Top + entry.Rect.Height));
+        const TwipsRect whole = wholeRect(entry);
+        const QPoint topLeft(toPixels(originX, whole.Left), toPixels(originY, whole.Top));
+        const QPoint bottomRight(
+            toPixels(originX, whole.Left + whole.Width), toPixels(originY, whole.Top + whole.Height));
         control->setGeometry(QRect(topLeft, bottomRight - QPoint(1, 1)));
     }
+}
+
+// Where a control stands; a frame with all that it holds.
+TwipsRect TwipsLayout::wholeRect(const Entry& entry) const
+{
+    const auto* inner = dynamic_cast<const TwipsLayout*>(entry.Item->widget()->layout());
+    if (inner == nullptr) {
+        return entry.Rect;
+    }
+    const TwipsRect extent = inner->Extent();
+    return { entry.Rect.Left + extent.Left, entry.Rect.Top + extent.Top, extent.Width, extent.Height };
+}
+
+const TwipsLayout* TwipsLayout::enclosingArea() const
+{
+    const QWidget* outer = parentWidget()->parentWidget();
+    return outer == nullptr ? nullptr : dynamic_cast<const TwipsLayout*>(outer->layout());
 }
 
 TwipsLayout::Entry* TwipsLayout::find(const QWidget* control)

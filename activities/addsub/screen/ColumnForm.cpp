@@ -2,6 +2,7 @@
 
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
 #include "common/screen/KeyCodes.h"
 #include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
@@ -89,7 +90,7 @@ void ColumnForm::buildControls()
 {
     const FontSpec operandFont { "Courier", design_.OperandPoints };
 
-    Text1 = AddTextBox(QStringLiteral("Text1"), { 500, 500, 4000, 495 }, headingFont, Qt::AlignCenter);
+    Text1 = AddTextBox(Area(), QStringLiteral("Text1"), { 500, 500, 4000, 495 }, headingFont, Qt::AlignCenter);
     Text1->SetText(design_.Heading);
     Text1->setReadOnly(design_.HeadingReadOnly);
     Text1->setAccessibleName(QStringLiteral("Instrucción"));
@@ -97,17 +98,15 @@ void ColumnForm::buildControls()
 
     for (int index = 0; index < 2; ++index) {
         const auto i = static_cast<std::size_t>(index);
-        Text2[i] = AddTextBox(QStringLiteral("Text2(%1)").arg(index), { 1500, 1500 + 500 * index, 2000, 495 }, operandFont,
-            Qt::AlignRight | Qt::AlignVCenter);
-        Text2[i]->setReadOnly(true);
+        Text2[i] = AddReadOnlyBox(Area(), QStringLiteral("Text2(%1)").arg(index), spanish(design_.OperandNames[i]),
+            { 1500, 1500 + 500 * index, 2000, 495 }, operandFont, Qt::AlignRight | Qt::AlignVCenter);
         Text2[i]->setFocusPolicy(Qt::ClickFocus);
-        Text2[i]->setAccessibleName(spanish(design_.OperandNames[i]));
         connect(Text2[i], &TextBox::KeyPress, this, [this, index](QChar& character) { Text2_KeyPress(index, character); });
     }
-    Label1 = AddLabel(QStringLiteral("Label1"), spanish(design_.Sign), { 1000, 2000, 500, 495 }, formFont);
+    Label1 = AddLabel(Area(), QStringLiteral("Label1"), spanish(design_.Sign), { 1000, 2000, 500, 495 }, formFont);
 
     Text3 = AddTextBox(
-        QStringLiteral("Text3"), { 1500, 2500, 2000, 495 }, formFont, Qt::AlignRight | Qt::AlignVCenter);
+        Area(), QStringLiteral("Text3"), { 1500, 2500, 2000, 495 }, formFont, Qt::AlignRight | Qt::AlignVCenter);
     Text3->setAccessibleName(spanish(design_.Result));
     connect(Text3, &TextBox::KeyDown, this, &ColumnForm::Text3_KeyDown);
     connect(Text3, &TextBox::KeyUp, this, &ColumnForm::Text3_KeyUp);
@@ -119,13 +118,10 @@ void ColumnForm::buildControls()
     };
     Buttons = AddButtonRow(Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
-    Text4 = AddTextBox(QStringLiteral("Text4"), { 1500, 4000, 2000, 495 }, buttonFont, Qt::AlignCenter);
-    Text4->setReadOnly(true);
-    Text4->setAccessibleName(QStringLiteral("Veredicto"));
-
-    tbResultados = AddTextBox(QStringLiteral("tbResultados"), { 1000, 6500, 3000, 495 }, formFont, Qt::AlignCenter);
-    tbResultados->setReadOnly(true);
-    tbResultados->setAccessibleName(QStringLiteral("Marcador"));
+    Text4 = AddReadOnlyBox(
+        Area(), QStringLiteral("Text4"), QStringLiteral("Veredicto"), { 1500, 4000, 2000, 495 }, buttonFont);
+    tbResultados = AddReadOnlyBox(
+        Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), { 1000, 6500, 3000, 495 }, formFont);
     tbResultados->SetText(exercise_.Score.Line());
 
     SetTabSequence({ Text1, Text3, Buttons.Command1, Text4, Buttons.Command2[0], Buttons.Command2[1], Buttons.Command2[2],

@@ -7,6 +7,8 @@
 
 #include <array>
 
+class QLabel;
+
 namespace numbrela {
 
 class OptionMenu;
