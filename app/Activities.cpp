@@ -15,8 +15,7 @@ FormWindow* make(const Clock& clock)
 } // namespace
 
 const std::array<MakeActivity, 8> activities {
-    &make<Form2>,
-    &make<Form3>,
+    &make<Form2>, &make<Form3>,
     nullptr, // multiplication
     nullptr, // division
     nullptr, // greater and smaller

@@ -29,7 +29,8 @@ void Application::endBecauseOf(const RunTimeError& error)
         return; // the windows behind the message are still alive; what they run into no longer matters
     }
     ending_ = true;
-    ShowMessage(activeWindow(), std::string(error.KindName()) + ".\n\n" + error.what() + "\n\nEl programa se va a cerrar.");
+    ShowMessage(
+        activeWindow(), std::string(error.KindName()) + ".\n\n" + error.what() + "\n\nEl programa se va a cerrar.");
     exit(EXIT_FAILURE);
 }
 

@@ -11,8 +11,8 @@ class Application : public QApplication {
 public:
     Application(int& argc, char** argv);
 
-    // Delivers an event. A run-time error that comes out of it is told to the person at the screen, and the program ends
-    // with exit status 1.
+    // Delivers an event. A run-time error that comes out of it is told to the person at the screen, and the program
+    // ends with exit status 1.
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:

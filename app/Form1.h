@@ -11,8 +11,8 @@ namespace numbrela {
 
 class CommandButton;
 
-// The main menu: a column of nine buttons, eight of which open one activity each and the last of which ends the program.
-// What an activity is, it does not know: it opens its window and waits, inert, until that closes.
+// The main menu: a column of nine buttons, eight of which open one activity each and the last of which ends the
+// program. What an activity is, it does not know: it opens its window and waits, inert, until that closes.
 class Form1 : public FormWindow {
 public:
     explicit Form1(const Clock& clock);

@@ -261,7 +261,8 @@ std::string PadLeft(std::string_view text, int width)
 std::string_view Trimmed(std::string_view text)
 {
     const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view() : text.substr(first, text.find_last_not_of(' ') + 1 - first);
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
 } // namespace numbrela

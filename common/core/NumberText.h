@@ -20,13 +20,13 @@ std::string PlainDecimalText(float value);
 // so; they stay.
 std::string FormatDisplayNumber(double value);
 
-// Reads what FormatDisplayNumber writes and what pupils type: "." is dropped, "," is the decimal point, reading stops at
-// the first character that cannot continue the number: "1.234,5" gives 1234.5, "12,5a" gives 12.5, "" gives 0.
+// Reads what FormatDisplayNumber writes and what pupils type: "." is dropped, "," is the decimal point, reading stops
+// at the first character that cannot continue the number: "1.234,5" gives 1234.5, "12,5a" gives 12.5, "" gives 0.
 // Throws RunTimeError::Overflow for a text of more than 32767 characters.
 double ParseDisplayNumber(std::string_view text);
 
-// The number that a text begins with, "." being the decimal point: blanks anywhere are skipped; sign, digits, one point and
-// an exponent are read as far as they go; no number gives 0. What a double cannot hold gives an infinity.
+// The number that a text begins with, "." being the decimal point: blanks anywhere are skipped; sign, digits, one point
+// and an exponent are read as far as they go; no number gives 0. What a double cannot hold gives an infinity.
 double LeadingNumber(std::string_view text);
 
 // The number that a person typed into an input box, read whole or not at all: blanks around it, a sign, digits with "."

@@ -20,8 +20,7 @@ TimeOfDay SystemClock::Now() const
     localtime_r(&time, &local);
 #endif
     const int second = std::min(local.tm_sec, 59); // a leap second is the last second of its minute
-    return { local.tm_hour, local.tm_min, second,
-        local.tm_hour * 3600.0 + local.tm_min * 60.0 + second + fraction };
+    return { local.tm_hour, local.tm_min, second, local.tm_hour * 3600.0 + local.tm_min * 60.0 + second + fraction };
 }
 
 } // namespace numbrela

@@ -17,7 +17,8 @@ QString titleOrApplications(const std::string& title)
 
 void ShowMessage(QWidget* parent, const std::string& text, const std::string& title)
 {
-    QMessageBox box(QMessageBox::NoIcon, titleOrApplications(title), QString::fromStdString(text), QMessageBox::Ok, parent);
+    QMessageBox box(
+        QMessageBox::NoIcon, titleOrApplications(title), QString::fromStdString(text), QMessageBox::Ok, parent);
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

@@ -27,8 +27,8 @@ TextBox* AddTextBox(TwipsLayout& area, const QString& name, TwipsRect place, Fon
     return put(area, box, name, place, font);
 }
 
-TextBox* AddReadOnlyBox(TwipsLayout& area, const QString& name, const QString& spokenName, TwipsRect place, FontSpec font,
-    Qt::Alignment alignment)
+TextBox* AddReadOnlyBox(TwipsLayout& area, const QString& name, const QString& spokenName, TwipsRect place,
+    FontSpec font, Qt::Alignment alignment)
 {
     TextBox* box = AddTextBox(area, name, place, font, alignment);
     box->setReadOnly(true);

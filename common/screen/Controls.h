@@ -15,15 +15,16 @@ TextBox* AddTextBox(
     TwipsLayout& area, const QString& name, TwipsRect place, FontSpec font, Qt::Alignment alignment = Qt::AlignCenter);
 
 // A text box that shows and takes no typing; `spokenName` is what a screen reader calls it.
-TextBox* AddReadOnlyBox(TwipsLayout& area, const QString& name, const QString& spokenName, TwipsRect place, FontSpec font,
-    Qt::Alignment alignment = Qt::AlignCenter);
+TextBox* AddReadOnlyBox(TwipsLayout& area, const QString& name, const QString& spokenName, TwipsRect place,
+    FontSpec font, Qt::Alignment alignment = Qt::AlignCenter);
 
-CommandButton* AddButton(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, FontSpec font);
+CommandButton* AddButton(
+    TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, FontSpec font);
 
 QLabel* AddLabel(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, FontSpec font);
 
-// A frame, whose controls stand at places counted from its own upper left corner. Returns its area; the frame itself is that
-// area's parentWidget().
+// A frame, whose controls stand at places counted from its own upper left corner. Returns its area; the frame itself is
+// that area's parentWidget().
 TwipsLayout* AddFrame(TwipsLayout& area, const QString& name, TwipsRect place, FontSpec font);
 
 } // namespace numbrela

@@ -17,7 +17,8 @@ constexpr int roomForWindowFrame = 48; // pixels that a window manager may put a
 
 double scaleToFit(QSize room, const TwipsRect& extent)
 {
-    return std::min(static_cast<double>(room.width()) / extent.Width, static_cast<double>(room.height()) / extent.Height);
+    return std::min(
+        static_cast<double>(room.width()) / extent.Width, static_cast<double>(room.height()) / extent.Height);
 }
 
 } // namespace
@@ -56,8 +57,8 @@ QMenu* FormWindow::AddMenu(const QString& name, const QString& caption)
     return menu;
 }
 
-QAction* FormWindow::AddMenuItem(QMenu* menu, const QString& name, const QString& caption,
-    std::function<void()> choose, const QKeySequence& shortcut)
+QAction* FormWindow::AddMenuItem(QMenu* menu, const QString& name, const QString& caption, std::function<void()> choose,
+    const QKeySequence& shortcut)
 {
     QAction* item = menu->addAction(caption);
     item->setObjectName(name);

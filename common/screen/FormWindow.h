@@ -15,8 +15,8 @@ class QMenuBar;
 namespace numbrela {
 
 // A window of the program: a caption, a menu bar, and under it an area whose controls stand at places in twips and grow
-// with the window. It is a plain widget, not a dialog: Enter belongs to the control that has the focus, and Escape closes
-// nothing. What is in it and what happens in it is for the form that derives from it.
+// with the window. It is a plain widget, not a dialog: Enter belongs to the control that has the focus, and Escape
+// closes nothing. What is in it and what happens in it is for the form that derives from it.
 class FormWindow : public QWidget {
 public:
     // `area` is the design size below the menu bar, in twips; `font` the font of controls that name none.

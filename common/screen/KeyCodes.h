@@ -6,23 +6,23 @@ namespace numbrela {
 
 // The codes of the keys themselves, whatever character they write: those of a PC keyboard's virtual keys.
 namespace KeyCode {
-    inline constexpr int Backspace = 8;
-    inline constexpr int Tab = 9;
-    inline constexpr int Enter = 13;
-    inline constexpr int Escape = 27;
-    inline constexpr int Space = 32;
-    inline constexpr int Left = 37;
-    inline constexpr int Up = 38;
-    inline constexpr int Right = 39;
-    inline constexpr int Down = 40;
-    inline constexpr int Delete = 46;
-    inline constexpr int Digit0 = 48; // to 57
-    inline constexpr int KeypadDigit0 = 96; // to 105
-    inline constexpr int KeypadDecimal = 110;
-    inline constexpr int F1 = 112; // to 123 (F12)
-    inline constexpr int Comma = 188;
-    inline constexpr int Point = 190;
-}
+inline constexpr int Backspace = 8;
+inline constexpr int Tab = 9;
+inline constexpr int Enter = 13;
+inline constexpr int Escape = 27;
+inline constexpr int Space = 32;
+inline constexpr int Left = 37;
+inline constexpr int Up = 38;
+inline constexpr int Right = 39;
+inline constexpr int Down = 40;
+inline constexpr int Delete = 46;
+inline constexpr int Digit0 = 48; // to 57
+inline constexpr int KeypadDigit0 = 96; // to 105
+inline constexpr int KeypadDecimal = 110;
+inline constexpr int F1 = 112; // to 123 (F12)
+inline constexpr int Comma = 188;
+inline constexpr int Point = 190;
+} // namespace KeyCode
 
 // The code of the key that a key event is about; 0 for a key that has none here. Digits of the keypad and of the main
 // keyboard have different codes, and so have their decimal keys.

@@ -18,8 +18,8 @@ void Line::SetEnds(TwipsPoint from, TwipsPoint to)
     constexpr int thickness = 30;
     from_ = from;
     to_ = to;
-    area_.Place(this,
-        { from.X - thickness / 2, from.Y - thickness / 2, to.X - from.X + thickness, to.Y - from.Y + thickness });
+    area_.Place(
+        this, { from.X - thickness / 2, from.Y - thickness / 2, to.X - from.X + thickness, to.Y - from.Y + thickness });
 }
 
 void Line::paintEvent(QPaintEvent* /*event*/)

@@ -104,8 +104,13 @@ bool TextBox::event(QEvent* event)
 
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
+    const int keyCode = KeyCodeOf(*event);
+    if (keyCode == KeyCode::Enter && event->isAutoRepeat()) {
+        event->accept(); // Enter checks an answer: held too long, it must not check again and count again
+        return;
+    }
     bool consumed = false;
-    Q_EMIT KeyDown(KeyCodeOf(*event), consumed);
+    Q_EMIT KeyDown(keyCode, consumed);
     if (consumed) {
         event->accept();
         return;

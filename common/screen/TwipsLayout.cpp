@@ -148,9 +148,10 @@ void TwipsLayout::setGeometry(const QRect& rect)
     const TwipsLayout* enclosing = enclosingArea();
     pixelsPerTwip_ = enclosing != nullptr ? enclosing->pixelsPerTwip_
                                           : std::min(static_cast<double>(rect.width()) / extent.Width,
-                                                static_cast<double>(rect.height()) / extent.Height);
+                                              static_cast<double>(rect.height()) / extent.Height);
     const double originX = rect.x() + (rect.width() - extent.Width * pixelsPerTwip_) / 2 - extent.Left * pixelsPerTwip_;
-    const double originY = rect.y() + (rect.height() - extent.Height * pixelsPerTwip_) / 2 - extent.Top * pixelsPerTwip_;
+    const double originY
+        = rect.y() + (rect.height() - extent.Height * pixelsPerTwip_) / 2 - extent.Top * pixelsPerTwip_;
     const auto toPixels = [this](double origin, int twips) { return rounded(origin + twips * pixelsPerTwip_); };
 
     for (const Entry& entry : entries_) {
@@ -183,8 +184,8 @@ const TwipsLayout* TwipsLayout::enclosingArea() const
 
 TwipsLayout::Entry* TwipsLayout::find(const QWidget* control)
 {
-    const auto found = std::find_if(entries_.begin(), entries_.end(),
-        [control](const Entry& entry) { return entry.Item->widget() == control; });
+    const auto found = std::find_if(
+        entries_.begin(), entries_.end(), [control](const Entry& entry) { return entry.Item->widget() == control; });
     return found == entries_.end() ? nullptr : &*found;
 }
 

@@ -30,9 +30,9 @@ struct FontSpec {
 };
 
 // Holds each control of an area at its rectangle in twips, and scales rectangles and fonts together with the area,
-// proportions kept. A visible control that stands beyond an edge of the area's design size widens what is shown, so that
-// nothing is ever cut off. A control may be an area itself (a frame): it takes the scale of the area around it, and grows
-// with what stands beyond its own edges.
+// proportions kept. A visible control that stands beyond an edge of the area's design size widens what is shown, so
+// that nothing is ever cut off. A control may be an area itself (a frame): it takes the scale of the area around it,
+// and grows with what stands beyond its own edges.
 class TwipsLayout : public QLayout {
 public:
     TwipsLayout(QWidget* area, TwipsSize designSize, FontSpec defaultFont);

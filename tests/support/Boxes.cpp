@@ -39,7 +39,8 @@ void answer(QDialog& box)
         for (const QLabel* label : box.findChildren<QLabel*>()) {
             text += label->text();
         }
-        ADD_FAILURE() << "a box that nobody expected: " << box.windowTitle().toStdString() << ": " << text.toStdString();
+        ADD_FAILURE() << "a box that nobody expected: " << box.windowTitle().toStdString() << ": "
+                      << text.toStdString();
         box.reject();
         return;
     }

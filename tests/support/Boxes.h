@@ -6,16 +6,16 @@
 
 class QDialog;
 
-// The modal boxes that a test expects, in the order in which they will open. A box is checked and answered as soon as it
-// is on the screen; one that nobody expected fails the test and is closed, so that nothing hangs.
+// The modal boxes that a test expects, in the order in which they will open. A box is checked and answered as soon as
+// it is on the screen; one that nobody expected fails the test and is closed, so that nothing hangs.
 namespace numbrela::testing {
 
 // Starts to watch for boxes; once, before the first test.
 void WatchForBoxes();
 
 // A message box with exactly these buttons and no icon, answered by one of them.
-void ExpectMessage(const QString& title, const QString& text, const QStringList& buttons = { QStringLiteral("Aceptar") },
-    const QString& press = QStringLiteral("Aceptar"));
+void ExpectMessage(const QString& title, const QString& text,
+    const QStringList& buttons = { QStringLiteral("Aceptar") }, const QString& press = QStringLiteral("Aceptar"));
 
 // An input box, into which the answer is typed in place of the default text, and which Enter then accepts.
 void ExpectInput(

@@ -23,11 +23,12 @@ struct ControlRow {
 };
 
 // Compares a shown window of design size with its table: every control of the window is in the table and the other way
-// round, rectangles in twips and in pixels, texts, fonts, colours. The rows with a tab stop stand in the order of the Tab key.
+// round, rectangles in twips and in pixels, texts, fonts, colours. The rows with a tab stop stand in the order of the
+// Tab key.
 void ExpectControls(const FormWindow& form, const std::vector<ControlRow>& rows);
 
-// Compares the menus with lines of the form "MnuOpc &Opciones", "  MnuOpcSal &Salir (Alt - F4)": name, caption, a shortcut in
-// brackets, "*" at the end of a checked item, two blanks more for each level.
+// Compares the menus with lines of the form "MnuOpc &Opciones", "  MnuOpcSal &Salir (Alt - F4)": name, caption, a
+// shortcut in brackets, "*" at the end of a checked item, two blanks more for each level.
 void ExpectMenus(const FormWindow& form, const std::vector<const char*>& lines);
 
 } // namespace numbrela::testing

@@ -47,8 +47,8 @@ public:
     double Operand2 = 0; // second addend, or subtrahend
     numbrela::Score Score;
 
-    // Draws both operands, each with `Digits` integer digits, the first of them not 0, and `Decimals` decimals, the last of
-    // them not 0. A subtraction gets the greater operand on top. None of these touches `Score.Scorable`.
+    // Draws both operands, each with `Digits` integer digits, the first of them not 0, and `Decimals` decimals, the
+    // last of them not 0. A subtraction gets the greater operand on top. None of these touches `Score.Scorable`.
     void Generate();
     void GenerateAddition();
     void GenerateSubtraction();

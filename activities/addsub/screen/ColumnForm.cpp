@@ -101,7 +101,8 @@ void ColumnForm::buildControls()
         Text2[i] = AddReadOnlyBox(Area(), QStringLiteral("Text2(%1)").arg(index), spanish(design_.OperandNames[i]),
             { 1500, 1500 + 500 * index, 2000, 495 }, operandFont, Qt::AlignRight | Qt::AlignVCenter);
         Text2[i]->setFocusPolicy(Qt::ClickFocus);
-        connect(Text2[i], &TextBox::KeyPress, this, [this, index](QChar& character) { Text2_KeyPress(index, character); });
+        connect(
+            Text2[i], &TextBox::KeyPress, this, [this, index](QChar& character) { Text2_KeyPress(index, character); });
     }
     Label1 = AddLabel(Area(), QStringLiteral("Label1"), spanish(design_.Sign), { 1000, 2000, 500, 495 }, formFont);
 
@@ -116,7 +117,8 @@ void ColumnForm::buildControls()
             { 1750, 5500, 1500, 495 } } },
         .Font = buttonFont,
     };
-    Buttons = AddButtonRow(Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
+    Buttons = AddButtonRow(
+        Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
     Text4 = AddReadOnlyBox(
         Area(), QStringLiteral("Text4"), QStringLiteral("Veredicto"), { 1500, 4000, 2000, 495 }, buttonFont);
@@ -124,22 +126,26 @@ void ColumnForm::buildControls()
         Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), { 1000, 6500, 3000, 495 }, formFont);
     tbResultados->SetText(exercise_.Score.Line());
 
-    SetTabSequence({ Text1, Text3, Buttons.Command1, Text4, Buttons.Command2[0], Buttons.Command2[1], Buttons.Command2[2],
-        tbResultados });
+    SetTabSequence({ Text1, Text3, Buttons.Command1, Text4, Buttons.Command2[0], Buttons.Command2[1],
+        Buttons.Command2[2], tbResultados });
 }
 
 void ColumnForm::buildMenus()
 {
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
-    MnuOpcCif = new OptionMenu(QStringLiteral("MnuOpcCif"), QStringLiteral("&Cifras"), ColumnExercise::DigitChoices,
+    MnuOpcCif = new OptionMenu(
+        QStringLiteral("MnuOpcCif"), QStringLiteral("&Cifras"), ColumnExercise::DigitChoices,
         [this](int index) { MnuOpcCifLis_Click(index); }, options);
-    MnuOpcDec = new OptionMenu(QStringLiteral("MnuOpcDec"), QStringLiteral("&Decimales"), ColumnExercise::DecimalChoices,
+    MnuOpcDec = new OptionMenu(
+        QStringLiteral("MnuOpcDec"), QStringLiteral("&Decimales"), ColumnExercise::DecimalChoices,
         [this](int index) { MnuOpcDecLis_Click(index); }, options);
     options->addMenu(MnuOpcCif);
     options->addMenu(MnuOpcDec);
-    AddMenuItem(options, QStringLiteral("MnuOpcIn1"), spanish(design_.EnterOperand1), [this] { MnuOpcIn1_Click(); },
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcIn1"), spanish(design_.EnterOperand1), [this] { MnuOpcIn1_Click(); },
         Qt::Key_F2);
-    AddMenuItem(options, QStringLiteral("MnuOpcIn2"), spanish(design_.EnterOperand2), [this] { MnuOpcIn2_Click(); },
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcIn2"), spanish(design_.EnterOperand2), [this] { MnuOpcIn2_Click(); },
         Qt::Key_F3);
     AddMenuItem(options, QStringLiteral("MnuOpcSal"), spanish(design_.Exit), [this] { MnuOpcSal_Click(); });
 }

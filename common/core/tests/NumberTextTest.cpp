@@ -23,10 +23,10 @@ namespace numbrela {
 
 namespace {
 
-constexpr double Infinity = std::numeric_limits<double>::infinity();
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 template <typename Action>
-std::optional<RunTimeError::Kind> KindThrownBy(Action action)
+std::optional<RunTimeError::Kind> kindThrownBy(Action action)
 {
     try {
         action();
@@ -36,7 +36,7 @@ std::optional<RunTimeError::Kind> KindThrownBy(Action action)
     return std::nullopt;
 }
 
-std::string Repeated(std::string_view text, int times)
+std::string repeated(std::string_view text, int times)
 {
     std::string repeated;
     for (; times > 0; --times) {
@@ -86,7 +86,7 @@ private:
 
 // What a positive number reads when every digit of its binary value is worked out on paper and the digits from the
 // first significant one on are rounded to so many. Nothing for a number exactly between two such texts.
-std::optional<std::string> TextOnPaper(double value, std::size_t significantDigits)
+std::optional<std::string> textOnPaper(double value, std::size_t significantDigits)
 {
     int exponent = 0;
     const double fraction = std::frexp(value, &exponent);
@@ -139,7 +139,7 @@ std::optional<std::string> TextOnPaper(double value, std::size_t significantDigi
 
 // The groups of an integer part, taken one by one as the rule names them: positions are counted from 1, and every
 // group but the last starts one place too far to the left.
-std::string GroupedByTheRule(const std::string& text)
+std::string groupedByTheRule(const std::string& text)
 {
     const std::size_t length = text.size();
     const auto middle = [&](std::size_t start, std::size_t count) { return text.substr(start - 1, count); };
@@ -224,18 +224,14 @@ TEST(PlainDecimalText, HasAtMost15SignificantDigits)
 TEST(PlainDecimalText, NeverWritesAnExponent)
 {
     const std::pair<double, std::string> cases[] = {
-        { 1e15, "1" + Repeated("0", 15) },
-        { 1e16, "1" + Repeated("0", 16) },
-        { 1e22, "1" + Repeated("0", 22) },
-        { 1e300, "1" + Repeated("0", 300) },
-        { -1.5e300, "-15" + Repeated("0", 299) },
-        { std::numeric_limits<double>::max(), "179769313486232" + Repeated("0", 294) },
-        { 1e-15, "0," + Repeated("0", 14) + "1" },
-        { 1e-300, "0," + Repeated("0", 299) + "1" },
-        { -2.5e-300, "-0," + Repeated("0", 299) + "25" },
-        { std::numeric_limits<double>::min(), "0," + Repeated("0", 307) + "22250738585072" },
-        { std::numeric_limits<double>::denorm_min(), "0," + Repeated("0", 323) + "494065645841247" },
-        { 1e-310, "0," + Repeated("0", 310) + "999999999999997" }, // so small numbers have fewer than 15 exact digits
+        { 1e15, "1" + repeated("0", 15) }, { 1e16, "1" + repeated("0", 16) }, { 1e22, "1" + repeated("0", 22) },
+        { 1e300, "1" + repeated("0", 300) }, { -1.5e300, "-15" + repeated("0", 299) },
+        { std::numeric_limits<double>::max(), "179769313486232" + repeated("0", 294) },
+        { 1e-15, "0," + repeated("0", 14) + "1" }, { 1e-300, "0," + repeated("0", 299) + "1" },
+        { -2.5e-300, "-0," + repeated("0", 299) + "25" },
+        { std::numeric_limits<double>::min(), "0," + repeated("0", 307) + "22250738585072" },
+        { std::numeric_limits<double>::denorm_min(), "0," + repeated("0", 323) + "494065645841247" },
+        { 1e-310, "0," + repeated("0", 310) + "999999999999997" }, // so small numbers have fewer than 15 exact digits
     };
     for (const auto& [value, text] : cases) {
         EXPECT_EQ(PlainDecimalText(value), text);
@@ -248,7 +244,7 @@ TEST(PlainDecimalText, WritesEveryNumberAsItIsWorkedOutOnPaper)
     int compared = 0;
     for (int i = 0; i < 400; ++i) {
         const double value = std::fabs(std::bit_cast<double>(chance()));
-        const auto expected = std::isfinite(value) && value > 0 ? TextOnPaper(value, 15) : std::nullopt;
+        const auto expected = std::isfinite(value) && value > 0 ? textOnPaper(value, 15) : std::nullopt;
         if (expected) {
             ASSERT_EQ(PlainDecimalText(value), *expected) << value;
             ASSERT_EQ(PlainDecimalText(-value), "-" + *expected) << value;
@@ -265,7 +261,7 @@ TEST(PlainDecimalText, WritesNumbersOfEverydaySizeAsTheyAreWorkedOutOnPaper)
     int compared = 0;
     for (int i = 0; i < 3000; ++i) {
         const double value = std::pow(10, exponents(chance));
-        if (const auto expected = TextOnPaper(value, 15)) {
+        if (const auto expected = textOnPaper(value, 15)) {
             ASSERT_EQ(PlainDecimalText(value), *expected) << value;
             ++compared;
         }
@@ -331,13 +327,13 @@ TEST(PlainDecimalText, HasAtMost7SignificantDigitsOfASingle)
 TEST(PlainDecimalText, NeverWritesAnExponentOfASingle)
 {
     const std::pair<float, std::string> cases[] = {
-        { 1e10F, "1" + Repeated("0", 10) },
-        { 1e38F, "1" + Repeated("0", 38) },
-        { std::numeric_limits<float>::max(), "3402823" + Repeated("0", 32) },
-        { -1e30F, "-1" + Repeated("0", 30) },
-        { 1e-10F, "0," + Repeated("0", 9) + "1" },
-        { std::numeric_limits<float>::min(), "0," + Repeated("0", 37) + "1175494" },
-        { std::numeric_limits<float>::denorm_min(), "0," + Repeated("0", 44) + "1401298" },
+        { 1e10F, "1" + repeated("0", 10) },
+        { 1e38F, "1" + repeated("0", 38) },
+        { std::numeric_limits<float>::max(), "3402823" + repeated("0", 32) },
+        { -1e30F, "-1" + repeated("0", 30) },
+        { 1e-10F, "0," + repeated("0", 9) + "1" },
+        { std::numeric_limits<float>::min(), "0," + repeated("0", 37) + "1175494" },
+        { std::numeric_limits<float>::denorm_min(), "0," + repeated("0", 44) + "1401298" },
     };
     for (const auto& [value, text] : cases) {
         EXPECT_EQ(PlainDecimalText(value), text);
@@ -351,7 +347,7 @@ TEST(PlainDecimalText, WritesEverySingleAsItIsWorkedOutOnPaper)
     for (int i = 0; i < 3000; ++i) {
         const float value = std::fabs(std::bit_cast<float>(static_cast<std::uint32_t>(chance())));
         const auto expected
-            = std::isfinite(value) && value > 0 ? TextOnPaper(static_cast<double>(value), 7) : std::nullopt;
+            = std::isfinite(value) && value > 0 ? textOnPaper(static_cast<double>(value), 7) : std::nullopt;
         if (expected) {
             ASSERT_EQ(PlainDecimalText(value), *expected) << value;
             ++compared;
@@ -363,11 +359,11 @@ TEST(PlainDecimalText, WritesEverySingleAsItIsWorkedOutOnPaper)
 TEST(PlainDecimalText, OverflowsForWhatIsNotFinite)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const double value : { Infinity, -Infinity, nan }) {
-        EXPECT_EQ(KindThrownBy([&] { PlainDecimalText(value); }), RunTimeError::Kind::Overflow) << value;
-        EXPECT_EQ(KindThrownBy([&] { PlainDecimalText(static_cast<float>(value)); }), RunTimeError::Kind::Overflow)
+    for (const double value : { infinity, -infinity, nan }) {
+        EXPECT_EQ(kindThrownBy([&] { PlainDecimalText(value); }), RunTimeError::Kind::Overflow) << value;
+        EXPECT_EQ(kindThrownBy([&] { PlainDecimalText(static_cast<float>(value)); }), RunTimeError::Kind::Overflow)
             << value;
-        EXPECT_EQ(KindThrownBy([&] { FormatDisplayNumber(value); }), RunTimeError::Kind::Overflow) << value;
+        EXPECT_EQ(kindThrownBy([&] { FormatDisplayNumber(value); }), RunTimeError::Kind::Overflow) << value;
     }
 }
 
@@ -458,7 +454,7 @@ TEST(FormatDisplayNumber, MakesNoMoreThanSixGroupsBehindTheFirst)
     EXPECT_EQ(FormatDisplayNumber(123456789012345e4), "1.123.456.789.012.345.000"); // 19 digits
     EXPECT_EQ(FormatDisplayNumber(123456789012345e7), "1234.456.789.012.345.000.000"); // 22 digits
     EXPECT_EQ(FormatDisplayNumber(1e22), "10000.000.000.000.000.000.000");
-    EXPECT_EQ(FormatDisplayNumber(1e300), "1" + Repeated("0", 282) + Repeated(".000", 6));
+    EXPECT_EQ(FormatDisplayNumber(1e300), "1" + repeated("0", 282) + repeated(".000", 6));
 }
 
 TEST(FormatDisplayNumber, FollowsTheRuleForEveryLength)
@@ -470,7 +466,7 @@ TEST(FormatDisplayNumber, FollowsTheRuleForEveryLength)
                 * (i % 2 == 0 ? 1 : -1);
             const std::string plain = PlainDecimalText(value);
             const std::size_t comma = std::min(plain.find(','), plain.size());
-            ASSERT_EQ(FormatDisplayNumber(value), GroupedByTheRule(plain.substr(0, comma)) + plain.substr(comma));
+            ASSERT_EQ(FormatDisplayNumber(value), groupedByTheRule(plain.substr(0, comma)) + plain.substr(comma));
         }
     }
 }
@@ -639,18 +635,18 @@ TEST(ParseDisplayNumber, GivesBackAnotherNumberThanWasFormattedFromSevenIntegerD
 
 TEST(ParseDisplayNumber, ReadsTextsOfUpTo32767Characters)
 {
-    EXPECT_EQ(ParseDisplayNumber(Repeated("0", 32766) + "7"), 7);
-    EXPECT_EQ(ParseDisplayNumber("7" + Repeated(" ", 32766)), 7);
-    EXPECT_EQ(ParseDisplayNumber(Repeated(".", 32766) + "7"), 7);
-    EXPECT_EQ(ParseDisplayNumber("7" + Repeated("ñ", 32766)), 7) << "ñ is one character of two bytes";
-    EXPECT_EQ(ParseDisplayNumber("7" + Repeated("€", 32766)), 7) << "€ is one character of three bytes";
+    EXPECT_EQ(ParseDisplayNumber(repeated("0", 32766) + "7"), 7);
+    EXPECT_EQ(ParseDisplayNumber("7" + repeated(" ", 32766)), 7);
+    EXPECT_EQ(ParseDisplayNumber(repeated(".", 32766) + "7"), 7);
+    EXPECT_EQ(ParseDisplayNumber("7" + repeated("ñ", 32766)), 7) << "ñ is one character of two bytes";
+    EXPECT_EQ(ParseDisplayNumber("7" + repeated("€", 32766)), 7) << "€ is one character of three bytes";
 }
 
 TEST(ParseDisplayNumber, OverflowsForLongerTexts)
 {
     for (const char* character : { "0", " ", ".", ",", "a", "ñ", "€" }) {
-        const std::string text = Repeated(character, 32768);
-        EXPECT_EQ(KindThrownBy([&] { ParseDisplayNumber(text); }), RunTimeError::Kind::Overflow) << character;
+        const std::string text = repeated(character, 32768);
+        EXPECT_EQ(kindThrownBy([&] { ParseDisplayNumber(text); }), RunTimeError::Kind::Overflow) << character;
     }
 }
 
@@ -683,22 +679,22 @@ TEST(LeadingNumber, ReadsWithAPointBeforeTheDecimals)
 TEST(LeadingNumber, GivesAnInfinityForWhatADoubleCannotHold)
 {
     const ReadCase cases[] = {
-        { "1e400", Infinity },
-        { "-1e400", -Infinity },
-        { "1e309", Infinity },
-        { "1.8e308", Infinity },
-        { "-1.8e308", -Infinity },
-        { "0.001e400", Infinity },
-        { "1e99999999999999999999", Infinity },
-        { "-1e99999999999999999999", -Infinity },
+        { "1e400", infinity },
+        { "-1e400", -infinity },
+        { "1e309", infinity },
+        { "1.8e308", infinity },
+        { "-1.8e308", -infinity },
+        { "0.001e400", infinity },
+        { "1e99999999999999999999", infinity },
+        { "-1e99999999999999999999", -infinity },
     };
     for (const auto& [text, value] : cases) {
         EXPECT_EQ(LeadingNumber(text), value) << text;
     }
-    EXPECT_EQ(LeadingNumber(Repeated("9", 400)), Infinity);
+    EXPECT_EQ(LeadingNumber(repeated("9", 400)), infinity);
     EXPECT_EQ(LeadingNumber("1.7976931348623157e308"), std::numeric_limits<double>::max());
-    EXPECT_EQ(LeadingNumber("0." + Repeated("0", 400) + "1e401"), 1);
-    EXPECT_EQ(LeadingNumber("1" + Repeated("0", 400) + "e-400"), 1);
+    EXPECT_EQ(LeadingNumber("0." + repeated("0", 400) + "1e401"), 1);
+    EXPECT_EQ(LeadingNumber("1" + repeated("0", 400) + "e-400"), 1);
 }
 
 TEST(LeadingNumber, GivesZeroForWhatIsTooSmall)
@@ -707,16 +703,16 @@ TEST(LeadingNumber, GivesZeroForWhatIsTooSmall)
              "0e99999999999999999999", "0e400", "0.0e-400", "-0" }) {
         EXPECT_EQ(LeadingNumber(text), 0) << text;
     }
-    EXPECT_EQ(LeadingNumber("0." + Repeated("0", 400) + "1"), 0);
+    EXPECT_EQ(LeadingNumber("0." + repeated("0", 400) + "1"), 0);
     EXPECT_EQ(LeadingNumber("4e-324"), std::numeric_limits<double>::denorm_min());
     EXPECT_EQ(LeadingNumber("1e-310"), 1e-310);
 }
 
 TEST(LeadingNumber, TakesExponentsAtTheEdgeOf64Bits)
 {
-    EXPECT_EQ(LeadingNumber("1e9223372036854775807"), Infinity);
-    EXPECT_EQ(LeadingNumber("10e9223372036854775807"), Infinity);
-    EXPECT_EQ(LeadingNumber("-10e9223372036854775807"), -Infinity);
+    EXPECT_EQ(LeadingNumber("1e9223372036854775807"), infinity);
+    EXPECT_EQ(LeadingNumber("10e9223372036854775807"), infinity);
+    EXPECT_EQ(LeadingNumber("-10e9223372036854775807"), -infinity);
     EXPECT_EQ(LeadingNumber("1e-9223372036854775808"), 0);
     EXPECT_EQ(LeadingNumber("0.001e-9223372036854775808"), 0);
 }
@@ -792,10 +788,10 @@ TEST(ParseTypedNumber, IsNothingWithANullCharacterInTheText)
 TEST(ParseTypedNumber, OverflowsForWhatADoubleCannotHold)
 {
     for (const char* text : { "1e400", "-1e400", "1e309", "1,8E308", "-1,8E308", "1e99999999999999999999" }) {
-        EXPECT_EQ(KindThrownBy([&] { ParseTypedNumber(text); }), RunTimeError::Kind::Overflow) << text;
+        EXPECT_EQ(kindThrownBy([&] { ParseTypedNumber(text); }), RunTimeError::Kind::Overflow) << text;
     }
-    EXPECT_EQ(KindThrownBy([] { ParseTypedNumber(Repeated("9", 310)); }), RunTimeError::Kind::Overflow);
-    EXPECT_EQ(ParseTypedNumber(Repeated("9", 308)), 1e308);
+    EXPECT_EQ(kindThrownBy([] { ParseTypedNumber(repeated("9", 310)); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(ParseTypedNumber(repeated("9", 308)), 1e308);
     EXPECT_EQ(ParseTypedNumber("1e308"), 1e308);
 }
 
@@ -820,10 +816,10 @@ TEST(PadLeft, PutsBlanksBeforeTheTextUpToTheWidth)
 
 TEST(PadLeft, RefusesATextThatIsLongerThanTheWidth)
 {
-    EXPECT_EQ(KindThrownBy([] { PadLeft("1000", 3); }), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(KindThrownBy([] { PadLeft("1", 0); }), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(KindThrownBy([] { PadLeft("1", -1); }), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(KindThrownBy([] { PadLeft("", -1); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(kindThrownBy([] { PadLeft("1000", 3); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(kindThrownBy([] { PadLeft("1", 0); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(kindThrownBy([] { PadLeft("1", -1); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(kindThrownBy([] { PadLeft("", -1); }), RunTimeError::Kind::InvalidArgument);
 }
 
 TEST(PadLeft, SaysInSpanishWhatDoesNotFit)
@@ -880,7 +876,7 @@ protected:
 };
 
 // One line for each function, so that a test can compare all of them at once.
-std::string EverythingWritten()
+std::string everythingWritten()
 {
     std::string all;
     all += PlainDecimalText(1234567.25) + "\n" + PlainDecimalText(1234.5F) + "\n";
@@ -898,14 +894,14 @@ TEST(NumberText, IsTheSameUnderEveryLocale)
     const std::locale strange(std::locale::classic(), new StrangePunctuation);
     const std::string expected = "1234567,25\n1234,5\n123.456,78\n-1.234,5\n1234,5\n1\n1,5\n1\n12345\nno number\n"
                                  "  999\n";
-    EXPECT_EQ(EverythingWritten(), expected);
+    EXPECT_EQ(everythingWritten(), expected);
     for (const char* name : { "C", "C.UTF-8", "de_DE.UTF-8", "de_DE.utf8", "es_ES.UTF-8", "fr_FR.UTF-8", "en_US.UTF-8",
              "de-DE", "es-ES", "" }) {
         for (const std::locale& global : { std::locale::classic(), strange }) {
             std::string written;
             {
                 const ForeignLocale foreign(name, global);
-                written = EverythingWritten();
+                written = everythingWritten();
             }
             EXPECT_EQ(written, expected) << name;
         }

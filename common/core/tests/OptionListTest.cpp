@@ -15,7 +15,7 @@ struct ListCase {
     std::vector<std::string> Captions;
 };
 
-const std::vector<ListCase>& ListCases()
+const std::vector<ListCase>& listCases()
 {
     static const std::vector<ListCase> cases = {
         { { 1, 7 }, { 1, 2, 3, 4, 5, 6, 7 }, { "&1", "&2", "&3", "&4", "&5", "&6", "&7" } },
@@ -28,7 +28,7 @@ const std::vector<ListCase>& ListCases()
 
 TEST(OptionList, OffersWholeNumbersInARow)
 {
-    for (const auto& [list, values, captions] : ListCases()) {
+    for (const auto& [list, values, captions] : listCases()) {
         ASSERT_EQ(list.Count, static_cast<int>(values.size()));
         for (int index = 0; index < list.Count; ++index) {
             EXPECT_EQ(list.ValueAt(index), values[static_cast<std::size_t>(index)]);
@@ -38,7 +38,7 @@ TEST(OptionList, OffersWholeNumbersInARow)
 
 TEST(OptionList, FindsTheItemOfEveryValue)
 {
-    for (const auto& [list, values, captions] : ListCases()) {
+    for (const auto& [list, values, captions] : listCases()) {
         for (int index = 0; index < list.Count; ++index) {
             EXPECT_EQ(list.IndexOf(values[static_cast<std::size_t>(index)]), index);
         }
@@ -47,7 +47,7 @@ TEST(OptionList, FindsTheItemOfEveryValue)
 
 TEST(OptionList, HasNoItemForOtherValues)
 {
-    for (const auto& [list, values, captions] : ListCases()) {
+    for (const auto& [list, values, captions] : listCases()) {
         for (const int value : { values.front() - 1, values.back() + 1, -100, 100 }) {
             const int index = list.IndexOf(value);
             EXPECT_TRUE(index < 0 || index >= list.Count) << "value " << value << " at index " << index;
@@ -57,7 +57,7 @@ TEST(OptionList, HasNoItemForOtherValues)
 
 TEST(OptionList, CaptionsAreTheValueBehindTheMarkOfItsAccessKey)
 {
-    for (const auto& [list, values, captions] : ListCases()) {
+    for (const auto& [list, values, captions] : listCases()) {
         for (int index = 0; index < list.Count; ++index) {
             EXPECT_EQ(list.CaptionAt(index), captions[static_cast<std::size_t>(index)]);
         }

@@ -12,7 +12,7 @@ namespace numbrela {
 
 namespace {
 
-std::vector<double> FirstDraws(double seed, int count)
+std::vector<double> firstDraws(double seed, int count)
 {
     SeededRandom random(seed);
     std::vector<double> draws;
@@ -44,7 +44,7 @@ TEST(SeededRandom, DrawsSinglesFromZeroUpToButNotIncludingOne)
 
 // How often each bit is set in draws that are whole multiples of 2^-bits.
 template <typename Draw>
-std::vector<int> CountSetBits(int bits, int drawCount, Draw draw)
+std::vector<int> countSetBits(int bits, int drawCount, Draw draw)
 {
     std::vector<int> setCount(static_cast<std::size_t>(bits));
     for (int i = 0; i < drawCount; ++i) {
@@ -61,7 +61,7 @@ std::vector<int> CountSetBits(int bits, int drawCount, Draw draw)
 TEST(SeededRandom, DrawsHave53RandomBits)
 {
     SeededRandom random(86400);
-    for (const int count : CountSetBits(53, 10000, [&] { return random.Next(); })) {
+    for (const int count : countSetBits(53, 10000, [&] { return random.Next(); })) {
         EXPECT_NEAR(count, 5000, 300); // six standard deviations
     }
 }
@@ -69,7 +69,7 @@ TEST(SeededRandom, DrawsHave53RandomBits)
 TEST(SeededRandom, SinglesHave24RandomBits)
 {
     SeededRandom random(86400);
-    for (const int count : CountSetBits(24, 10000, [&] { return random.NextSingle(); })) {
+    for (const int count : countSetBits(24, 10000, [&] { return random.NextSingle(); })) {
         EXPECT_NEAR(count, 5000, 300);
     }
 }
@@ -111,24 +111,24 @@ TEST(SeededRandom, ADrawSaysNothingAboutTheNextOne)
 TEST(SeededRandom, DrawsTheSameAgainFromTheSameSeed)
 {
     for (const double seed : { 1.0, 7161.0, 86400.0, 0.0, -1.0, 43210.987 }) {
-        EXPECT_EQ(FirstDraws(seed, 100), FirstDraws(seed, 100)) << seed;
+        EXPECT_EQ(firstDraws(seed, 100), firstDraws(seed, 100)) << seed;
     }
 }
 
 TEST(SeededRandom, DrawsOtherwiseFromEveryOtherSeed)
 {
-    std::set<double> firstDraws;
+    std::set<double> seen;
     int seedCount = 0;
     for (int seed = 1; seed <= 3000; ++seed) {
-        firstDraws.insert(FirstDraws(seed, 1).front());
+        seen.insert(firstDraws(seed, 1).front());
         ++seedCount;
     }
     // Fractions of a second and signs tell seeds apart too.
     for (const double seed : { 1.25, 1.5, 86399.999, -1.0, 1e300, 1e-300 }) {
-        firstDraws.insert(FirstDraws(seed, 1).front());
+        seen.insert(firstDraws(seed, 1).front());
         ++seedCount;
     }
-    EXPECT_EQ(static_cast<int>(firstDraws.size()), seedCount);
+    EXPECT_EQ(static_cast<int>(seen.size()), seedCount);
 }
 
 // The 64-bit outputs that stand behind these draws come from a separate computation of the same generator.
@@ -162,7 +162,7 @@ TEST(SeededRandom, DrawsTheSameSinglesOnEveryMachine)
 
 TEST(SeededRandom, EveryDrawOfEitherKindIsAFreshOne)
 {
-    const std::vector<double> draws = FirstDraws(5, 4);
+    const std::vector<double> draws = firstDraws(5, 4);
     SeededRandom random(5);
     EXPECT_EQ(random.Next(), draws[0]);
     // A single is the same draw with fewer bits.
@@ -173,7 +173,7 @@ TEST(SeededRandom, EveryDrawOfEitherKindIsAFreshOne)
 
 TEST(SeededRandom, GeneratorsDoNotDisturbEachOther)
 {
-    const std::vector<double> draws = FirstDraws(5, 20);
+    const std::vector<double> draws = firstDraws(5, 20);
     SeededRandom random(5);
     SeededRandom other(6);
     std::vector<double> interleaved;

@@ -13,7 +13,7 @@ namespace numbrela {
 namespace {
 
 template <typename Action>
-std::optional<RunTimeError::Kind> KindThrownBy(Action action)
+std::optional<RunTimeError::Kind> kindThrownBy(Action action)
 {
     try {
         action();
@@ -23,7 +23,7 @@ std::optional<RunTimeError::Kind> KindThrownBy(Action action)
     return std::nullopt;
 }
 
-Score ScoreOf(int exercises, int errors)
+Score scoreOf(int exercises, int errors)
 {
     Score score;
     score.ExerciseCount = exercises;
@@ -87,7 +87,7 @@ TEST(Score, TwoWrongAnswersAndARightOneAreThreeExercisesAndTwoErrors)
 
 TEST(Score, CountsNothingOnceItIsUnscorable)
 {
-    Score score = ScoreOf(5, 2);
+    Score score = scoreOf(5, 2);
     score.Scorable = false;
     score.CountWrong();
     score.CountRight();
@@ -128,32 +128,31 @@ TEST(Score, LineAlignsEachCountRightInThreeCharacters)
         { 999, 999, "Ejercicios:999; Errores:999" },
     };
     for (const auto& [exercises, errors, line] : cases) {
-        EXPECT_EQ(ScoreOf(exercises, errors).Line(), line);
+        EXPECT_EQ(scoreOf(exercises, errors).Line(), line);
     }
 }
 
 TEST(Score, LineHasTheSameLengthForEveryCountItCanShow)
 {
     for (int count = 0; count <= 999; ++count) {
-        ASSERT_EQ(ScoreOf(count, 999 - count).Line().size(), 27U) << count;
+        ASSERT_EQ(scoreOf(count, 999 - count).Line().size(), 27U) << count;
     }
 }
 
 TEST(Score, LineRefusesCountsOfFourDigits)
 {
-    const LineCase cases[] = {
-        { 1000, 0, "" }, { 0, 1000, "" }, { 1000, 1000, "" }, { 1000, 999, "" }, { 999, 1000, "" }, { 32767, 32767, "" }
-    };
+    const LineCase cases[] = { { 1000, 0, "" }, { 0, 1000, "" }, { 1000, 1000, "" }, { 1000, 999, "" },
+        { 999, 1000, "" }, { 32767, 32767, "" } };
     for (const auto& [exercises, errors, line] : cases) {
-        const Score score = ScoreOf(exercises, errors);
-        EXPECT_EQ(KindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument)
+        const Score score = scoreOf(exercises, errors);
+        EXPECT_EQ(kindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument)
             << exercises << " and " << errors;
     }
 }
 
 TEST(Score, CountingItselfGoesOnBeyondThreeDigits)
 {
-    Score score = ScoreOf(999, 999);
+    Score score = scoreOf(999, 999);
     score.CountWrong();
     EXPECT_EQ(score.ExerciseCount, 1000);
     EXPECT_EQ(score.ErrorCount, 1000);
@@ -161,26 +160,26 @@ TEST(Score, CountingItselfGoesOnBeyondThreeDigits)
 
 TEST(Score, ExercisesPastTheLast16BitNumberOverflow)
 {
-    Score right = ScoreOf(32767, 0);
-    EXPECT_EQ(KindThrownBy([&] { right.CountRight(); }), RunTimeError::Kind::Overflow);
+    Score right = scoreOf(32767, 0);
+    EXPECT_EQ(kindThrownBy([&] { right.CountRight(); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(right.ExerciseCount, 32767);
 
-    Score wrong = ScoreOf(32767, 0);
-    EXPECT_EQ(KindThrownBy([&] { wrong.CountWrong(); }), RunTimeError::Kind::Overflow);
+    Score wrong = scoreOf(32767, 0);
+    EXPECT_EQ(kindThrownBy([&] { wrong.CountWrong(); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(wrong.ExerciseCount, 32767);
     EXPECT_EQ(wrong.ErrorCount, 0);
 }
 
 TEST(Score, ErrorsPastTheLast16BitNumberOverflow)
 {
-    Score score = ScoreOf(0, 32767);
-    EXPECT_EQ(KindThrownBy([&] { score.CountWrong(); }), RunTimeError::Kind::Overflow);
+    Score score = scoreOf(0, 32767);
+    EXPECT_EQ(kindThrownBy([&] { score.CountWrong(); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(score.ErrorCount, 32767);
 }
 
 TEST(Score, CountsUpToTheLast16BitNumber)
 {
-    Score score = ScoreOf(32766, 32766);
+    Score score = scoreOf(32766, 32766);
     EXPECT_NO_THROW(score.CountWrong());
     EXPECT_EQ(score.ExerciseCount, 32767);
     EXPECT_EQ(score.ErrorCount, 32767);
@@ -188,7 +187,7 @@ TEST(Score, CountsUpToTheLast16BitNumber)
 
 TEST(Score, AnUnscorableExerciseNeverOverflows)
 {
-    Score score = ScoreOf(32767, 32767);
+    Score score = scoreOf(32767, 32767);
     score.Scorable = false;
     EXPECT_NO_THROW(score.CountRight());
     EXPECT_NO_THROW(score.CountWrong());
@@ -205,7 +204,7 @@ protected:
 TEST(Score, LineIsTheSameUnderEveryLocale)
 {
     const std::locale before = std::locale::global(std::locale(std::locale::classic(), new GroupEveryDigit));
-    const std::string line = ScoreOf(999, 123).Line();
+    const std::string line = scoreOf(999, 123).Line();
     std::locale::global(before);
     EXPECT_EQ(line, "Ejercicios:999; Errores:123");
 }

@@ -107,6 +107,24 @@ TEST(SystemClock, SecondsSinceMidnightAreThoseOfHourMinuteAndSecondWithAFraction
     }
 }
 
+TEST(SystemClock, TellsTheFractionOfTheSecond)
+{
+    const SystemClock clock;
+    const auto universalSeconds
+        = [] { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); };
+    const auto fractionOf = [](double seconds) { return seconds - std::floor(seconds); };
+    // The second may end, or the machine may set its clock, between two readings; hardly a hundred times in a row.
+    bool seenBetween = false;
+    for (int attempt = 0; attempt < 100 && !seenBetween; ++attempt) {
+        const double before = fractionOf(universalSeconds());
+        const double fraction = fractionOf(clock.Now().SecondsSinceMidnight);
+        const double after = fractionOf(universalSeconds());
+        constexpr double rounding = 1e-6; // of the seconds since 1970 in a double
+        seenBetween = fraction >= before - rounding && fraction <= after + rounding;
+    }
+    EXPECT_TRUE(seenBetween);
+}
+
 #ifndef _WIN32
 // Moves the machine's local time zone for as long as it lives.
 class TimeZone {
@@ -142,9 +160,8 @@ struct ZoneCase {
 
 TEST(SystemClock, TellsTheLocalTime)
 {
-    const auto universalSeconds = [] {
-        return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
-    };
+    const auto universalSeconds
+        = [] { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); };
     const ZoneCase cases[] = { { "UTC0", 0 }, { "<+0530>-5:30", 19800 }, { "<-11>11", -39600 }, { "<+14>-14", 50400 } };
     for (const auto& [zone, ahead] : cases) {
         const TimeZone moved(zone);
