@@ -87,8 +87,8 @@ public:
         }
     }
 
-    // Digits; `separator`, if any, may stand behind each of them and is dropped.
-    void ReadDigits(char separator = '\0')
+    // Digits; the separator, if any, may stand behind each of them and is dropped.
+    void ReadDigits(std::optional<char> separator = std::nullopt)
     {
         bool behindDigit = false;
         while (!rest_.empty() && (isDigit(rest_.front()) || (behindDigit && rest_.front() == separator))) {
@@ -153,12 +153,15 @@ private:
         const std::string_view mantissa = number.substr(0, number.find('e'));
         const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
         const auto firstDigit = static_cast<long long>(mantissa.find_first_of("123456789"));
+        // No text is so long that its point could make up for an exponent of more digits than this.
+        constexpr long long hugeExponent = 1'000'000'000'000;
         long long exponent = 0;
         if (mantissa.size() < number.size()) {
             const std::string_view text = number.substr(mantissa.size() + 1);
             if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec != std::errc()) {
-                return text.front() == '-';
+                exponent = text.front() == '-' ? -hugeExponent : hugeExponent;
             }
+            exponent = std::clamp(exponent, -hugeExponent, hugeExponent);
         }
         const long long place = firstDigit < point ? point - firstDigit - 1 : point - firstDigit;
         return place + exponent < 0;

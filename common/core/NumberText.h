@@ -34,7 +34,7 @@ double LeadingNumber(std::string_view text);
 // Throws RunTimeError::Overflow when a double cannot hold it.
 std::optional<double> ParseTypedNumber(std::string_view text);
 
-// The text with blanks before it up to the width in characters.
+// The text (of ASCII characters, as numbers are) with blanks before it up to the width in characters.
 // Throws RunTimeError::InvalidArgument when the text is longer than that: numbers in columns are never cut.
 std::string PadLeft(std::string_view text, int width);
 

@@ -4,6 +4,9 @@
 #include "common/core/RunTimeError.h"
 #include "tests/support/ScriptedRandom.h"
 
+#include "tests/support/ForeignLocale.h"
+#include "tests/support/KindThrownBy.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -24,35 +27,27 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::ForeignLocale;
+using numbrela::testing::KindThrownBy;
 using numbrela::testing::ScriptedRandom;
+using numbrela::testing::StrangePunctuation;
 
-constexpr Operation BothOperations[] = { Operation::Addition, Operation::Subtraction };
-
-template <typename Action>
-std::optional<RunTimeError::Kind> KindThrownBy(Action action)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.ErrorKind();
-    }
-    return std::nullopt;
-}
+constexpr Operation bothOperations[] = { Operation::Addition, Operation::Subtraction };
 
 // The draw that makes this whole number of so many digits.
-double DrawOf(double number, int digitCount)
+double drawOf(double number, int digitCount)
 {
     return (number - 0.5) / std::pow(10, digitCount);
 }
 
 // The draw that adds so much, 1 to 9, to an operand that ends in 0.
-double FillOf(int amount)
+double fillOf(int amount)
 {
     return (amount - 0.5) / 9;
 }
 
 // The double nearest to a text such as "482.37".
-double NearestTo(std::string_view text)
+double nearestTo(std::string_view text)
 {
     double value = 0;
     std::from_chars(text.data(), text.data() + text.size(), value);
@@ -60,7 +55,7 @@ double NearestTo(std::string_view text)
 }
 
 // The number with exactly so many decimals and a point before them.
-std::string FixedText(double value, int decimals)
+std::string fixedText(double value, int decimals)
 {
     std::array<char, 400> buffer {};
     const auto written
@@ -68,7 +63,7 @@ std::string FixedText(double value, int decimals)
     return { buffer.data(), written.ptr };
 }
 
-void SetOptions(ColumnExercise& exercise, int digits, int decimals)
+void setOptions(ColumnExercise& exercise, int digits, int decimals)
 {
     exercise.Digits = digits;
     exercise.Decimals = decimals;
@@ -78,7 +73,7 @@ void SetOptions(ColumnExercise& exercise, int digits, int decimals)
 
 TEST(ColumnExercise, StartsWithThreeDigitsTwoDecimalsAndAnEmptyScore)
 {
-    for (const Operation operation : BothOperations) {
+    for (const Operation operation : bothOperations) {
         ScriptedRandom random {};
         const ColumnExercise exercise(operation, random);
         EXPECT_EQ(exercise.Digits, 3);
@@ -123,12 +118,12 @@ struct DrawCase {
     double Operand2;
 };
 
-void ExpectDraws(std::vector<DrawCase> cases)
+void expectDraws(std::vector<DrawCase> cases)
 {
     for (auto& drawCase : cases) {
         SCOPED_TRACE(drawCase.What);
         ColumnExercise exercise(drawCase.Sort, drawCase.Random);
-        SetOptions(exercise, drawCase.Digits, drawCase.Decimals);
+        setOptions(exercise, drawCase.Digits, drawCase.Decimals);
         exercise.Generate();
         EXPECT_EQ(exercise.Operand1, drawCase.Operand1);
         EXPECT_EQ(exercise.Operand2, drawCase.Operand2);
@@ -138,81 +133,84 @@ void ExpectDraws(std::vector<DrawCase> cases)
 
 TEST(ColumnExercise, DrawsTheOperandsOneAfterTheOther)
 {
-    ExpectDraws({
-        { "defaults", Operation::Addition, 3, 2, { DrawOf(48237, 5), DrawOf(90516, 5) }, 482.37, 905.16 },
-        { "the greater one first", Operation::Addition, 3, 2, { DrawOf(90516, 5), DrawOf(48237, 5) }, 905.16, 482.37 },
-        { "one digit", Operation::Addition, 1, 0, { DrawOf(7, 1), DrawOf(4, 1) }, 7, 4 },
-        { "one digit, one decimal", Operation::Addition, 1, 1, { DrawOf(74, 2), DrawOf(45, 2) }, 7.4, 4.5 },
-        { "seven digits", Operation::Addition, 7, 0, { DrawOf(1234567, 7), DrawOf(7654321, 7) }, 1234567, 7654321 },
-        { "all thirteen digits", Operation::Addition, 7, 6, { DrawOf(1234567890123, 13), DrawOf(9876543210987, 13) },
+    expectDraws({
+        { "defaults", Operation::Addition, 3, 2, { drawOf(48237, 5), drawOf(90516, 5) }, 482.37, 905.16 },
+        { "the greater one first", Operation::Addition, 3, 2, { drawOf(90516, 5), drawOf(48237, 5) }, 905.16, 482.37 },
+        { "one digit", Operation::Addition, 1, 0, { drawOf(7, 1), drawOf(4, 1) }, 7, 4 },
+        { "one digit, one decimal", Operation::Addition, 1, 1, { drawOf(74, 2), drawOf(45, 2) }, 7.4, 4.5 },
+        { "seven digits", Operation::Addition, 7, 0, { drawOf(1234567, 7), drawOf(7654321, 7) }, 1234567, 7654321 },
+        { "all thirteen digits", Operation::Addition, 7, 6, { drawOf(1234567890123, 13), drawOf(9876543210987, 13) },
             1234567.890123, 9876543.210987 },
-        { "one digit, six decimals", Operation::Addition, 1, 6, { DrawOf(1000001, 7), DrawOf(9999999, 7) }, 1.000001,
+        { "one digit, six decimals", Operation::Addition, 1, 6, { drawOf(1000001, 7), drawOf(9999999, 7) }, 1.000001,
             9.999999 },
-        { "equal ones", Operation::Addition, 3, 2, { DrawOf(50005, 5), DrawOf(50005, 5) }, 500.05, 500.05 },
+        { "equal ones", Operation::Addition, 3, 2, { drawOf(50005, 5), drawOf(50005, 5) }, 500.05, 500.05 },
     });
 }
 
 TEST(ColumnExercise, DrawsAgainUntilTheFirstDigitIsNotZero)
 {
-    ExpectDraws({
-        { "the least draw of all", Operation::Addition, 3, 2, { 0, DrawOf(48237, 5), DrawOf(90516, 5) }, 482.37, 905.16 },
+    expectDraws({
+        { "the least draw of all", Operation::Addition, 3, 2, { 0, drawOf(48237, 5), drawOf(90516, 5) }, 482.37,
+            905.16 },
         { "the greatest number with one digit too few", Operation::Addition, 3, 2,
-            { DrawOf(9999, 5), DrawOf(48237, 5), DrawOf(90516, 5) }, 482.37, 905.16 },
-        { "the second operand", Operation::Addition, 3, 2, { DrawOf(48237, 5), DrawOf(9999, 5), DrawOf(90516, 5) },
+            { drawOf(9999, 5), drawOf(48237, 5), drawOf(90516, 5) }, 482.37, 905.16 },
+        { "the second operand", Operation::Addition, 3, 2, { drawOf(48237, 5), drawOf(9999, 5), drawOf(90516, 5) },
             482.37, 905.16 },
         { "several times", Operation::Addition, 3, 2,
-            { 0, DrawOf(1, 5), DrawOf(999, 5), DrawOf(48237, 5), 0.05, 0.09, DrawOf(90516, 5) }, 482.37, 905.16 },
-        { "just enough digits", Operation::Addition, 3, 0, { DrawOf(99, 3), DrawOf(100, 3), DrawOf(99, 3), DrawOf(101, 3) },
-            100, 101 },
-        { "the draw at the edge", Operation::Addition, 3, 0, { 0.099, 0.0989, DrawOf(500, 3) }, 100, 500 },
+            { 0, drawOf(1, 5), drawOf(999, 5), drawOf(48237, 5), 0.05, 0.09, drawOf(90516, 5) }, 482.37, 905.16 },
+        { "just enough digits", Operation::Addition, 3, 0,
+            { drawOf(99, 3), drawOf(100, 3), drawOf(99, 3), drawOf(101, 3) }, 100, 101 },
+        { "the draw at the edge", Operation::Addition, 3, 0, { 0.099, 0.0989, drawOf(500, 3) }, 100, 500 },
     });
 }
 
 TEST(ColumnExercise, DrawsAgainWhenTheNumberHasOneDigitTooMany)
 {
     const double greatest = 1 - 0x1p-53;
-    ExpectDraws({
-        { "the greatest draw of all", Operation::Addition, 3, 2, { greatest, DrawOf(48237, 5), DrawOf(90516, 5) }, 482.37,
+    expectDraws({
+        { "the greatest draw of all", Operation::Addition, 3, 2, { greatest, drawOf(48237, 5), drawOf(90516, 5) },
+            482.37, 905.16 },
+        { "the second operand", Operation::Addition, 3, 2, { drawOf(48237, 5), greatest, drawOf(90516, 5) }, 482.37,
             905.16 },
-        { "the second operand", Operation::Addition, 3, 2, { DrawOf(48237, 5), greatest, DrawOf(90516, 5) }, 482.37,
-            905.16 },
-        { "one digit", Operation::Addition, 1, 0, { 0.9, 0.95, DrawOf(9, 1), greatest, DrawOf(1, 1) }, 9, 1 },
+        { "one digit", Operation::Addition, 1, 0, { 0.9, 0.95, drawOf(9, 1), greatest, drawOf(1, 1) }, 9, 1 },
         { "just few enough digits", Operation::Addition, 3, 0,
-            { DrawOf(1000, 3), DrawOf(999, 3), DrawOf(1000, 3), DrawOf(998, 3) }, 999, 998 },
+            { drawOf(1000, 3), drawOf(999, 3), drawOf(1000, 3), drawOf(998, 3) }, 999, 998 },
         { "thirteen digits", Operation::Addition, 7, 6,
-            { greatest, DrawOf(9999999999999, 13), greatest, DrawOf(9999999999998, 13) }, 9999999.999999, 9999999.999998 },
-        { "both sorts of refusal", Operation::Addition, 3, 0, { 0, greatest, DrawOf(123, 3), greatest, 0, DrawOf(456, 3) },
-            123, 456 },
+            { greatest, drawOf(9999999999999, 13), greatest, drawOf(9999999999998, 13) }, 9999999.999999,
+            9999999.999998 },
+        { "both sorts of refusal", Operation::Addition, 3, 0,
+            { 0, greatest, drawOf(123, 3), greatest, 0, drawOf(456, 3) }, 123, 456 },
     });
 }
 
 TEST(ColumnExercise, FillsALastDecimalThatIsZero)
 {
     const double greatest = 1 - 0x1p-53;
-    ExpectDraws({
-        { "the first operand", Operation::Addition, 3, 2, { DrawOf(48230, 5), DrawOf(90516, 5), FillOf(7) }, 482.37,
+    expectDraws({
+        { "the first operand", Operation::Addition, 3, 2, { drawOf(48230, 5), drawOf(90516, 5), fillOf(7) }, 482.37,
             905.16 },
-        { "the second operand", Operation::Addition, 3, 2, { DrawOf(48237, 5), DrawOf(90510, 5), FillOf(6) }, 482.37,
+        { "the second operand", Operation::Addition, 3, 2, { drawOf(48237, 5), drawOf(90510, 5), fillOf(6) }, 482.37,
             905.16 },
         { "both, the first one first", Operation::Addition, 3, 2,
-            { DrawOf(48230, 5), DrawOf(90510, 5), FillOf(7), FillOf(6) }, 482.37, 905.16 },
-        { "with 1 at least", Operation::Addition, 3, 2, { DrawOf(48230, 5), DrawOf(90516, 5), 0 }, 482.31, 905.16 },
-        { "with 9 at most", Operation::Addition, 3, 2, { DrawOf(48230, 5), DrawOf(90516, 5), greatest }, 482.39, 905.16 },
-        { "without adding a digit", Operation::Addition, 3, 2, { DrawOf(99990, 5), DrawOf(10000, 5), greatest, 0 }, 999.99,
-            100.01 },
+            { drawOf(48230, 5), drawOf(90510, 5), fillOf(7), fillOf(6) }, 482.37, 905.16 },
+        { "with 1 at least", Operation::Addition, 3, 2, { drawOf(48230, 5), drawOf(90516, 5), 0 }, 482.31, 905.16 },
+        { "with 9 at most", Operation::Addition, 3, 2, { drawOf(48230, 5), drawOf(90516, 5), greatest }, 482.39,
+            905.16 },
+        { "without adding a digit", Operation::Addition, 3, 2, { drawOf(99990, 5), drawOf(10000, 5), greatest, 0 },
+            999.99, 100.01 },
         { "of thirteen digits", Operation::Addition, 7, 6,
-            { DrawOf(1234567890120, 13), DrawOf(9876543210980, 13), FillOf(3), FillOf(7) }, 1234567.890123,
+            { drawOf(1234567890120, 13), drawOf(9876543210980, 13), fillOf(3), fillOf(7) }, 1234567.890123,
             9876543.210987 },
-        { "but no other zero", Operation::Addition, 3, 2, { DrawOf(40007, 5), DrawOf(90001, 5) }, 400.07, 900.01 },
+        { "but no other zero", Operation::Addition, 3, 2, { drawOf(40007, 5), drawOf(90001, 5) }, 400.07, 900.01 },
     });
 }
 
 TEST(ColumnExercise, FillsWithEveryDigitFrom1To9)
 {
     for (int amount = 1; amount <= 9; ++amount) {
-        ScriptedRandom random { DrawOf(10, 2), DrawOf(90, 2), FillOf(amount), FillOf(10 - amount) };
+        ScriptedRandom random { drawOf(10, 2), drawOf(90, 2), fillOf(amount), fillOf(10 - amount) };
         ColumnExercise exercise(Operation::Addition, random);
-        SetOptions(exercise, 1, 1);
+        setOptions(exercise, 1, 1);
         exercise.Generate();
         EXPECT_EQ(exercise.Operand1, (10 + amount) / 10.0);
         EXPECT_EQ(exercise.Operand2, (100 - amount) / 10.0);
@@ -222,45 +220,45 @@ TEST(ColumnExercise, FillsWithEveryDigitFrom1To9)
 
 TEST(ColumnExercise, LeavesWholeNumbersThatEndInZeroAlone)
 {
-    ExpectDraws({
-        { "one zero", Operation::Addition, 3, 0, { DrawOf(120, 3), DrawOf(990, 3) }, 120, 990 },
-        { "all zeros", Operation::Addition, 7, 0, { DrawOf(1000000, 7), DrawOf(9000000, 7) }, 1000000, 9000000 },
-        { "subtraction", Operation::Subtraction, 2, 0, { DrawOf(90, 2), DrawOf(10, 2) }, 90, 10 },
+    expectDraws({
+        { "one zero", Operation::Addition, 3, 0, { drawOf(120, 3), drawOf(990, 3) }, 120, 990 },
+        { "all zeros", Operation::Addition, 7, 0, { drawOf(1000000, 7), drawOf(9000000, 7) }, 1000000, 9000000 },
+        { "subtraction", Operation::Subtraction, 2, 0, { drawOf(90, 2), drawOf(10, 2) }, 90, 10 },
     });
 }
 
 TEST(ColumnExercise, PutsTheGreaterOperandOfASubtractionOnTop)
 {
-    ExpectDraws({
-        { "exchanged", Operation::Subtraction, 3, 2, { DrawOf(48237, 5), DrawOf(90516, 5) }, 905.16, 482.37 },
-        { "as drawn", Operation::Subtraction, 3, 2, { DrawOf(90516, 5), DrawOf(48237, 5) }, 905.16, 482.37 },
+    expectDraws({
+        { "exchanged", Operation::Subtraction, 3, 2, { drawOf(48237, 5), drawOf(90516, 5) }, 905.16, 482.37 },
+        { "as drawn", Operation::Subtraction, 3, 2, { drawOf(90516, 5), drawOf(48237, 5) }, 905.16, 482.37 },
         { "exchanged for the last decimal", Operation::Subtraction, 7, 6,
-            { DrawOf(1234567890122, 13), DrawOf(1234567890123, 13) }, 1234567.890123, 1234567.890122 },
+            { drawOf(1234567890122, 13), drawOf(1234567890123, 13) }, 1234567.890123, 1234567.890122 },
         { "compared after the zeros are filled", Operation::Subtraction, 3, 2,
-            { DrawOf(48230, 5), DrawOf(48230, 5), FillOf(1), FillOf(9) }, 482.39, 482.31 },
+            { drawOf(48230, 5), drawOf(48230, 5), fillOf(1), fillOf(9) }, 482.39, 482.31 },
         { "filled before they are exchanged", Operation::Subtraction, 3, 2,
-            { DrawOf(48230, 5), DrawOf(90510, 5), FillOf(7), FillOf(6) }, 905.16, 482.37 },
-        { "with a refused draw", Operation::Subtraction, 2, 0, { 0, DrawOf(12, 2), 0.999, DrawOf(34, 2) }, 34, 12 },
+            { drawOf(48230, 5), drawOf(90510, 5), fillOf(7), fillOf(6) }, 905.16, 482.37 },
+        { "with a refused draw", Operation::Subtraction, 2, 0, { 0, drawOf(12, 2), 0.999, drawOf(34, 2) }, 34, 12 },
     });
 }
 
 TEST(ColumnExercise, KeepsEqualOperandsOfASubtraction)
 {
-    ExpectDraws({
-        { "drawn equal", Operation::Subtraction, 3, 2, { DrawOf(48237, 5), DrawOf(48237, 5) }, 482.37, 482.37 },
-        { "filled to be equal", Operation::Subtraction, 3, 2, { DrawOf(48230, 5), DrawOf(48237, 5), FillOf(7) }, 482.37,
+    expectDraws({
+        { "drawn equal", Operation::Subtraction, 3, 2, { drawOf(48237, 5), drawOf(48237, 5) }, 482.37, 482.37 },
+        { "filled to be equal", Operation::Subtraction, 3, 2, { drawOf(48230, 5), drawOf(48237, 5), fillOf(7) }, 482.37,
             482.37 },
-        { "whole", Operation::Subtraction, 1, 0, { DrawOf(5, 1), DrawOf(5, 1) }, 5, 5 },
+        { "whole", Operation::Subtraction, 1, 0, { drawOf(5, 1), drawOf(5, 1) }, 5, 5 },
     });
 }
 
 TEST(ColumnExercise, DrawingTouchesNeitherTheScoreNorTheOptions)
 {
-    for (const Operation operation : BothOperations) {
+    for (const Operation operation : bothOperations) {
         for (const bool scorable : { true, false }) {
             SeededRandom random(3);
             ColumnExercise exercise(operation, random);
-            SetOptions(exercise, 4, 1);
+            setOptions(exercise, 4, 1);
             exercise.Score.ExerciseCount = 8;
             exercise.Score.ErrorCount = 5;
             exercise.Score.Scorable = scorable;
@@ -275,9 +273,9 @@ TEST(ColumnExercise, DrawingTouchesNeitherTheScoreNorTheOptions)
 
 TEST(ColumnExercise, ContinuingDrawsAndScoresAgain)
 {
-    ScriptedRandom random { DrawOf(12, 2), DrawOf(34, 2), DrawOf(56, 2), DrawOf(78, 2) };
+    ScriptedRandom random { drawOf(12, 2), drawOf(34, 2), drawOf(56, 2), drawOf(78, 2) };
     ColumnExercise exercise(Operation::Addition, random);
-    SetOptions(exercise, 2, 0);
+    setOptions(exercise, 2, 0);
     exercise.Continue();
     EXPECT_EQ(exercise.Operand1, 12);
     EXPECT_EQ(exercise.Operand2, 34);
@@ -296,7 +294,7 @@ TEST(ColumnExercise, OneDigitOperandsComeFromEveryTenthOfTheDrawButTheLast)
         for (int second = 0; second < 9; ++second) {
             ScriptedRandom random { first / 10.0 + 0.05, 0.95, second / 10.0 + 0.05 };
             ColumnExercise exercise(Operation::Addition, random);
-            SetOptions(exercise, 1, 0);
+            setOptions(exercise, 1, 0);
             exercise.Generate();
             EXPECT_EQ(exercise.Operand1, first + 1);
             EXPECT_EQ(exercise.Operand2, second + 1);
@@ -310,7 +308,7 @@ TEST(ColumnExercise, EveryOneDigitExerciseIsEquallyLikely)
     constexpr int perExercise = 100;
     SeededRandom random(7161);
     ColumnExercise exercise(Operation::Addition, random);
-    SetOptions(exercise, 1, 0);
+    setOptions(exercise, 1, 0);
     std::array<std::array<int, 10>, 10> seen {};
     for (int i = 0; i < 81 * perExercise; ++i) {
         exercise.Generate();
@@ -337,12 +335,12 @@ TEST(ColumnExercise, EveryOperandOfOneDigitAndOneDecimalIsEquallyLikely)
         const bool refused = number < 10 || number == 100;
         const bool filled = !refused && number % 10 == 0;
         for (int ninth = 1; ninth <= 9; ++ninth) {
-            const double second = DrawOf(11, 2);
-            ScriptedRandom random = refused ? ScriptedRandom { draw, DrawOf(11, 2), second }
-                : filled                    ? ScriptedRandom { draw, second, FillOf(ninth) }
+            const double second = drawOf(11, 2);
+            ScriptedRandom random = refused ? ScriptedRandom { draw, drawOf(11, 2), second }
+                : filled                    ? ScriptedRandom { draw, second, fillOf(ninth) }
                                             : ScriptedRandom { draw, second };
             ColumnExercise exercise(Operation::Addition, random);
-            SetOptions(exercise, 1, 1);
+            setOptions(exercise, 1, 1);
             exercise.Generate();
             ASSERT_TRUE(random.AllDrawn()) << number;
             if (refused) {
@@ -359,14 +357,14 @@ TEST(ColumnExercise, EveryOperandOfOneDigitAndOneDecimalIsEquallyLikely)
 
 // Calls back with an exercise of either operation drawn for each of the 49 combinations of options, so many times.
 template <typename Examine>
-void ForAllOptions(int timesEach, Examine examine)
+void forAllOptions(int timesEach, Examine examine)
 {
-    for (const Operation operation : BothOperations) {
+    for (const Operation operation : bothOperations) {
         for (int digits = 1; digits <= 7; ++digits) {
             for (int decimals = 0; decimals <= 6; ++decimals) {
                 SeededRandom random(digits * 10 + decimals);
                 ColumnExercise exercise(operation, random);
-                SetOptions(exercise, digits, decimals);
+                setOptions(exercise, digits, decimals);
                 for (int i = 0; i < timesEach; ++i) {
                     exercise.Continue();
                     examine(operation, exercise);
@@ -381,9 +379,9 @@ void ForAllOptions(int timesEach, Examine examine)
 
 TEST(ColumnExercise, OperandsHaveTheChosenDigitsAndDecimalsUnderAllOptions)
 {
-    ForAllOptions(150, [](Operation, const ColumnExercise& exercise) {
+    forAllOptions(150, [](Operation, const ColumnExercise& exercise) {
         for (const double operand : { exercise.Operand1, exercise.Operand2 }) {
-            const std::string text = FixedText(operand, exercise.Decimals);
+            const std::string text = fixedText(operand, exercise.Decimals);
             const std::size_t point = std::min(text.find('.'), text.size());
             ASSERT_EQ(static_cast<int>(point), exercise.Digits) << text;
             ASSERT_NE(text.front(), '0') << text;
@@ -392,7 +390,7 @@ TEST(ColumnExercise, OperandsHaveTheChosenDigitsAndDecimalsUnderAllOptions)
                 ASSERT_NE(text.back(), '0') << text;
             }
             // Nothing lies between the drawn double and the decimal number that the pupil sees.
-            ASSERT_EQ(operand, NearestTo(text)) << text;
+            ASSERT_EQ(operand, nearestTo(text)) << text;
             const std::string plain = PlainDecimalText(operand);
             ASSERT_EQ(plain, text.substr(0, point) + (point < text.size() ? "," + text.substr(point + 1) : ""));
         }
@@ -401,7 +399,7 @@ TEST(ColumnExercise, OperandsHaveTheChosenDigitsAndDecimalsUnderAllOptions)
 
 TEST(ColumnExercise, NeverDrawsASubtrahendAboveItsMinuend)
 {
-    ForAllOptions(150, [](Operation operation, const ColumnExercise& exercise) {
+    forAllOptions(150, [](Operation operation, const ColumnExercise& exercise) {
         if (operation == Operation::Subtraction) {
             ASSERT_GE(exercise.Operand1, exercise.Operand2);
             ASSERT_GE(exercise.Solution(), 0);
@@ -425,16 +423,16 @@ TEST(ColumnExercise, EitherAddendMayBeTheGreaterOne)
 }
 
 // How often each digit stood at each place of both operands.
-std::vector<std::array<int, 10>> CountDigits(int digits, int decimals, int exercises)
+std::vector<std::array<int, 10>> countDigits(int digits, int decimals, int exercises)
 {
     SeededRandom random(86400);
     ColumnExercise exercise(Operation::Addition, random);
-    SetOptions(exercise, digits, decimals);
+    setOptions(exercise, digits, decimals);
     std::vector<std::array<int, 10>> counts(static_cast<std::size_t>(digits + decimals));
     for (int i = 0; i < exercises; ++i) {
         exercise.Generate();
         for (const double operand : { exercise.Operand1, exercise.Operand2 }) {
-            std::string text = FixedText(operand, decimals);
+            std::string text = fixedText(operand, decimals);
             std::erase(text, '.');
             for (std::size_t place = 0; place < counts.size(); ++place) {
                 ++counts[place].at(static_cast<std::size_t>(text.at(place) - '0'));
@@ -446,7 +444,7 @@ std::vector<std::array<int, 10>> CountDigits(int digits, int decimals, int exerc
 
 TEST(ColumnExercise, AllThirteenDigitsVary)
 {
-    const auto counts = CountDigits(7, 6, 4500);
+    const auto counts = countDigits(7, 6, 4500);
     for (std::size_t place = 0; place < counts.size(); ++place) {
         const bool neverZero = place == 0 || place + 1 == counts.size();
         for (std::size_t digit = 0; digit < 10; ++digit) {
@@ -459,7 +457,7 @@ TEST(ColumnExercise, AllThirteenDigitsVary)
 
 TEST(ColumnExercise, TheLastDigitOfWholeNumbersMayBeAnyDigit)
 {
-    const auto counts = CountDigits(3, 0, 4500);
+    const auto counts = countDigits(3, 0, 4500);
     for (std::size_t digit = 0; digit < 10; ++digit) {
         EXPECT_NEAR(counts.back().at(digit), 900, 180) << digit;
         EXPECT_NEAR(counts.front().at(digit), digit == 0 ? 0 : 1000, digit == 0 ? 0 : 180) << digit;
@@ -498,7 +496,7 @@ TEST(ColumnExercise, ShowsDrawnOperandsAsDisplayNumbersWithoutBlanks)
 
 TEST(ColumnExercise, DrawnOperandsStandInColumnsWithoutBlanks)
 {
-    ForAllOptions(20, [](Operation, const ColumnExercise& exercise) {
+    forAllOptions(20, [](Operation, const ColumnExercise& exercise) {
         const OperandTexts drawn = exercise.DrawnTexts();
         ASSERT_EQ(drawn.Upper.size(), drawn.Lower.size());
         ASSERT_EQ(drawn.Upper.find(','), drawn.Lower.find(','));
@@ -559,7 +557,7 @@ struct AnswerCase {
     bool Right;
 };
 
-void ExpectVerdicts(Operation operation, const std::vector<AnswerCase>& cases)
+void expectVerdicts(Operation operation, const std::vector<AnswerCase>& cases)
 {
     for (const auto& [operand1, operand2, answer, right] : cases) {
         ChosenExercise chosen(operation, operand1, operand2);
@@ -569,7 +567,7 @@ void ExpectVerdicts(Operation operation, const std::vector<AnswerCase>& cases)
 
 TEST(ColumnExercise, ReadsTheAnswerAsANumberAndNotAsText)
 {
-    ExpectVerdicts(Operation::Addition,
+    expectVerdicts(Operation::Addition,
         {
             { 1000, 234.5, "1.234,5", true },
             { 1000, 234.5, "1234,5", true },
@@ -593,15 +591,15 @@ TEST(ColumnExercise, ReadsTheAnswerAsANumberAndNotAsText)
 TEST(ColumnExercise, AnEmptyOrNonNumericAnswerIsZero)
 {
     for (const char* answer : { "", "   ", "hola", "-", ",", "€" }) {
-        ExpectVerdicts(Operation::Addition, { { 482.37, 905.16, answer, false }, { 0, 0, answer, true } });
-        ExpectVerdicts(Operation::Subtraction,
+        expectVerdicts(Operation::Addition, { { 482.37, 905.16, answer, false }, { 0, 0, answer, true } });
+        expectVerdicts(Operation::Subtraction,
             { { 905.16, 482.37, answer, false }, { 482.37, 482.37, answer, true }, { 5, 5, answer, true } });
     }
 }
 
 TEST(ColumnExercise, ADifferenceOfZeroIsShownAsZeroAndAnEmptyAnswerIsRight)
 {
-    ScriptedRandom random { DrawOf(48237, 5), DrawOf(48237, 5) };
+    ScriptedRandom random { drawOf(48237, 5), drawOf(48237, 5) };
     ColumnExercise exercise(Operation::Subtraction, random);
     exercise.Generate();
     EXPECT_TRUE(exercise.Check("").Right);
@@ -613,7 +611,7 @@ TEST(ColumnExercise, ADifferenceOfZeroIsShownAsZeroAndAnEmptyAnswerIsRight)
 TEST(ColumnExercise, RightIsOnlyWhatLiesCloserThanTheTolerance)
 {
     // The solution 0 leaves the distance unrounded.
-    ExpectVerdicts(Operation::Subtraction,
+    expectVerdicts(Operation::Subtraction,
         {
             { 5, 5, "0,0000000001", false }, // exactly as far away as the tolerance
             { 5, 5, "-0,0000000001", false },
@@ -633,7 +631,7 @@ TEST(ColumnExercise, RightIsOnlyWhatLiesCloserThanTheTolerance)
 
 TEST(ColumnExercise, TheToleranceDoesNotGrowWithTheNumbers)
 {
-    ExpectVerdicts(Operation::Addition,
+    expectVerdicts(Operation::Addition,
         {
             { 5000000, 4999999, "9999999", true },
             { 5000000, 4999999, "9999999,000001", false },
@@ -645,9 +643,9 @@ TEST(ColumnExercise, ForgivesTheRoundingOfDecimalNumbers)
 {
     ASSERT_NE(0.1 + 0.2, 0.3);
     ASSERT_NE(482.37 + 905.16, 1387.53 + 1e-9);
-    ExpectVerdicts(Operation::Addition, { { 0.1, 0.2, "0,3", true }, { 482.37, 905.16, "1387,53", true } });
+    expectVerdicts(Operation::Addition, { { 0.1, 0.2, "0,3", true }, { 482.37, 905.16, "1387,53", true } });
     ASSERT_NE(905.16 - 904.15, 1.01);
-    ExpectVerdicts(Operation::Subtraction, { { 905.16, 904.15, "1,01", true } });
+    expectVerdicts(Operation::Subtraction, { { 905.16, 904.15, "1,01", true } });
 }
 
 TEST(ColumnExercise, WithThirteenDigitsOnlyTheDoubleOfTheSumItselfIsRight)
@@ -658,18 +656,18 @@ TEST(ColumnExercise, WithThirteenDigitsOnlyTheDoubleOfTheSumItselfIsRight)
     const double rounded2 = 7921362.491333;
     ASSERT_GT(std::fabs(rounded1 + rounded2 - 17708360.830089), 1e-10);
     ASSERT_EQ(9308397.299875 + 7677177.748507, 16985575.048382);
-    ExpectVerdicts(Operation::Addition,
+    expectVerdicts(Operation::Addition,
         {
             { 9308397.299875, 7677177.748507, "16985575,048382", true },
             { rounded1, rounded2, "17708360,830089", false },
             { rounded1, rounded2, "17708360,8300890037", true },
         });
-    EXPECT_EQ(NearestTo("17708360.8300890037"), rounded1 + rounded2);
+    EXPECT_EQ(nearestTo("17708360.8300890037"), rounded1 + rounded2);
 }
 
 TEST(ColumnExercise, ANegativeSolutionNeedsANegativeAnswer)
 {
-    ExpectVerdicts(Operation::Subtraction,
+    expectVerdicts(Operation::Subtraction,
         {
             { 3, 5, "-2", true },
             { 3, 5, "2", false },
@@ -702,10 +700,12 @@ TEST(ColumnExercise, ShowsTheSolutionAsADisplayNumber)
     EXPECT_EQ(ChosenExercise(Operation::Subtraction, 0.5, 1234.75).Exercise.ShowSolution(), "-1.234,25");
 }
 
+// With operands of six digits and decimals, doubles come to lie farther apart than the tolerance, and what the solution
+// lost when it was rounded can be more than that.
 TEST(ColumnExercise, TheShownSolutionIsRightUpToSixIntegerDigits)
 {
-    ForAllOptions(30, [](Operation, ColumnExercise& exercise) {
-        if (exercise.Solution() < 1000000) {
+    forAllOptions(60, [](Operation, ColumnExercise& exercise) {
+        if (exercise.Solution() < 1000000 && (exercise.Digits <= 5 || exercise.Decimals == 0)) {
             ASSERT_TRUE(exercise.Check(exercise.ShowSolution()).Right)
                 << exercise.Operand1 << " and " << exercise.Operand2;
         }
@@ -758,7 +758,7 @@ TEST(ColumnExercise, ChecksTheTrueValueAndNotTheTextOfSevenDigitOperands)
 // ------------------------------------------------------------------------------------------- arithmetic on paper
 
 // Two numbers of equally many digits, added digit by digit from the right with a carry. One digit longer than they are.
-std::string AddedOnPaper(const std::string& upper, const std::string& lower)
+std::string addedOnPaper(const std::string& upper, const std::string& lower)
 {
     std::string sum(upper.size() + 1, '0');
     int carry = 0;
@@ -772,7 +772,7 @@ std::string AddedOnPaper(const std::string& upper, const std::string& lower)
 }
 
 // The lower number, which is not above the upper one, taken away digit by digit from the right with a borrow.
-std::string TakenAwayOnPaper(const std::string& upper, const std::string& lower)
+std::string takenAwayOnPaper(const std::string& upper, const std::string& lower)
 {
     std::string difference(upper.size(), '0');
     int borrowed = 0;
@@ -801,16 +801,9 @@ struct PaperNumber {
         return Fraction.empty() ? Integer : Integer + separator + Fraction;
     }
 
-    double Value() const { return NearestTo(WithSeparator(".")); }
+    double Value() const { return nearestTo(WithSeparator(".")); }
 
     bool IsZero() const { return Integer == "0" && Fraction.empty(); }
-
-    // The power of ten of the first digit that is not 0.
-    int Magnitude() const
-    {
-        return Integer != "0" ? static_cast<int>(Integer.size()) - 1
-                              : -1 - static_cast<int>(Fraction.find_first_not_of('0'));
-    }
 
     // As the program shows it: the thousands of seven and eight digits start one digit too early.
     std::string Display() const
@@ -830,31 +823,37 @@ struct PaperNumber {
     std::string Fraction;
 };
 
-std::string DigitsOf(double operand, int decimals)
+std::string digitsOf(double operand, int decimals)
 {
-    std::string digits = FixedText(operand, decimals);
+    std::string digits = fixedText(operand, decimals);
     std::erase(digits, '.');
     return digits;
 }
 
 // The same number with another last digit.
-std::string LastDigitChanged(std::string text)
+std::string lastDigitChanged(std::string text)
 {
     text.back() = text.back() == '9' ? '0' : static_cast<char>(text.back() + 1);
     return text;
 }
 
-constexpr int ExercisesForEachOption = 410; // about 20,000 of either operation
+// What one unit of the fifteenth significant digit of a number is worth; next to nothing for what is not above 0.
+double fifteenthDigit(double value)
+{
+    return value > 0 ? std::pow(10, std::floor(std::log10(value)) - 14) : 0;
+}
+
+constexpr int exercisesForEachOption = 410; // about 20,000 of either operation
 
 TEST(ColumnExercise, SolutionsOfAdditionsAreThoseOnPaper)
 {
-    ForAllOptions(ExercisesForEachOption, [](Operation operation, ColumnExercise& exercise) {
+    forAllOptions(exercisesForEachOption, [](Operation operation, ColumnExercise& exercise) {
         if (operation != Operation::Addition) {
             return;
         }
-        const std::string upper = DigitsOf(exercise.Operand1, exercise.Decimals);
-        const std::string lower = DigitsOf(exercise.Operand2, exercise.Decimals);
-        const PaperNumber sum(AddedOnPaper(upper, lower), exercise.Decimals);
+        const std::string upper = digitsOf(exercise.Operand1, exercise.Decimals);
+        const std::string lower = digitsOf(exercise.Operand2, exercise.Decimals);
+        const PaperNumber sum(addedOnPaper(upper, lower), exercise.Decimals);
         ASSERT_EQ(exercise.ShowSolution(), sum.Display()) << upper << " + " << lower;
     });
 }
@@ -865,24 +864,24 @@ TEST(ColumnExercise, SolutionsOfSubtractionsAreThoseOnPaper)
 {
     int exercises = 0;
     int exactTexts = 0;
-    ForAllOptions(ExercisesForEachOption, [&](Operation operation, ColumnExercise& exercise) {
+    forAllOptions(exercisesForEachOption, [&](Operation operation, ColumnExercise& exercise) {
         if (operation != Operation::Subtraction) {
             return;
         }
-        const std::string upper = DigitsOf(exercise.Operand1, exercise.Decimals);
-        const std::string lower = DigitsOf(exercise.Operand2, exercise.Decimals);
-        const std::string onPaper = TakenAwayOnPaper(upper, lower);
+        const std::string upper = digitsOf(exercise.Operand1, exercise.Decimals);
+        const std::string lower = digitsOf(exercise.Operand2, exercise.Decimals);
+        const std::string onPaper = takenAwayOnPaper(upper, lower);
         const PaperNumber difference(onPaper, exercise.Decimals);
 
-        ASSERT_EQ(PaperNumber(DigitsOf(exercise.Solution(), exercise.Decimals), exercise.Decimals).Display(),
+        ASSERT_EQ(PaperNumber(digitsOf(exercise.Solution(), exercise.Decimals), exercise.Decimals).Display(),
             difference.Display())
             << upper << " - " << lower;
 
         const double spacing
             = std::nextafter(exercise.Operand1, std::numeric_limits<double>::infinity()) - exercise.Operand1;
-        const double lastDigit = std::pow(10, difference.Magnitude() - 14);
+        const double rounding = 1.5 * spacing; // half of it for each operand and for the difference, at most
         ++exercises;
-        if (difference.IsZero() || exercise.Decimals == 0 || 1.5 * spacing < 0.5 * lastDigit) {
+        if (difference.IsZero() || rounding < 0.5 * fifteenthDigit(difference.Value() - rounding)) {
             ++exactTexts;
             ASSERT_EQ(exercise.ShowSolution(), difference.Display()) << upper << " - " << lower;
         }
@@ -892,11 +891,11 @@ TEST(ColumnExercise, SolutionsOfSubtractionsAreThoseOnPaper)
 
 TEST(ColumnExercise, AnswersOnPaperAreRightAndOthersAreWrong)
 {
-    ForAllOptions(60, [](Operation operation, ColumnExercise& exercise) {
-        const std::string upper = DigitsOf(exercise.Operand1, exercise.Decimals);
-        const std::string lower = DigitsOf(exercise.Operand2, exercise.Decimals);
+    forAllOptions(60, [](Operation operation, ColumnExercise& exercise) {
+        const std::string upper = digitsOf(exercise.Operand1, exercise.Decimals);
+        const std::string lower = digitsOf(exercise.Operand2, exercise.Decimals);
         const PaperNumber result(
-            operation == Operation::Addition ? AddedOnPaper(upper, lower) : TakenAwayOnPaper(upper, lower),
+            operation == Operation::Addition ? addedOnPaper(upper, lower) : takenAwayOnPaper(upper, lower),
             exercise.Decimals);
         const std::string answer = result.WithSeparator(",");
 
@@ -905,9 +904,9 @@ TEST(ColumnExercise, AnswersOnPaperAreRightAndOthersAreWrong)
         const double solution = operation == Operation::Addition ? exercise.Operand1 + exercise.Operand2
                                                                  : exercise.Operand1 - exercise.Operand2;
         ASSERT_EQ(exercise.Check(answer).Right, alwaysRight || std::fabs(result.Value() - solution) < 1e-10) << answer;
-        ASSERT_FALSE(exercise.Check(LastDigitChanged(answer)).Right) << answer;
-        ASSERT_FALSE(exercise.Check(answer + (exercise.Decimals > 0 && !result.Fraction.empty() ? "1" : ",000001")).Right)
-            << answer;
+        ASSERT_FALSE(exercise.Check(lastDigitChanged(answer)).Right) << answer;
+        const std::string oneMoreDecimal = answer + (result.Fraction.empty() ? ",000001" : "1");
+        ASSERT_FALSE(exercise.Check(oneMoreDecimal).Right) << oneMoreDecimal;
     });
 }
 
@@ -938,7 +937,7 @@ TEST(ColumnExercise, TypedOperandsOfDifferentLengthsAreCalculatedAsOnPaper)
         ChosenExercise addition(Operation::Addition, 0, 0);
         ASSERT_TRUE(addition.Exercise.EnterOperand1(typed[0]).Accepted);
         ASSERT_TRUE(addition.Exercise.EnterOperand2(typed[1]).Accepted);
-        const PaperNumber sum(AddedOnPaper(upper, lower), most);
+        const PaperNumber sum(addedOnPaper(upper, lower), most);
         ASSERT_TRUE(addition.Exercise.Check(sum.WithSeparator(",")).Right);
         ASSERT_EQ(addition.Exercise.ShowSolution(), sum.Display());
 
@@ -947,7 +946,7 @@ TEST(ColumnExercise, TypedOperandsOfDifferentLengthsAreCalculatedAsOnPaper)
         ASSERT_TRUE(subtraction.Exercise.EnterOperand1(typed[0]).Accepted);
         ASSERT_TRUE(subtraction.Exercise.EnterOperand2(typed[1]).Accepted);
         const bool negative = lower > upper;
-        const PaperNumber distance(negative ? TakenAwayOnPaper(lower, upper) : TakenAwayOnPaper(upper, lower), most);
+        const PaperNumber distance(negative ? takenAwayOnPaper(lower, upper) : takenAwayOnPaper(upper, lower), most);
         const std::string answer = distance.WithSeparator(",");
         ASSERT_EQ(subtraction.Exercise.Check(answer).Right, !negative);
         ASSERT_EQ(subtraction.Exercise.Check("-" + answer).Right, negative || distance.IsZero());
@@ -958,10 +957,10 @@ TEST(ColumnExercise, TypedOperandsOfDifferentLengthsAreCalculatedAsOnPaper)
 
 enum class Act { Right, Wrong, Continue, ShowSolution, ChangeDigits, ChangeDecimals, TypeOperand, CancelTyping };
 
-constexpr Act AllActs[] = { Act::Right, Act::Wrong, Act::Continue, Act::ShowSolution, Act::ChangeDigits,
+constexpr Act allActs[] = { Act::Right, Act::Wrong, Act::Continue, Act::ShowSolution, Act::ChangeDigits,
     Act::ChangeDecimals, Act::TypeOperand, Act::CancelTyping };
 
-void Perform(ColumnExercise& exercise, Act act)
+void perform(ColumnExercise& exercise, Act act)
 {
     switch (act) {
     case Act::Right:
@@ -1015,7 +1014,7 @@ struct Expected {
     }
 };
 
-void ExpectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Expected& expected, int actsLeft)
+void expectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Expected& expected, int actsLeft)
 {
     ASSERT_EQ(exercise.Score.Scorable, expected.Scorable);
     ASSERT_EQ(exercise.Score.ExerciseCount, expected.Exercises);
@@ -1023,12 +1022,12 @@ void ExpectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Exp
     if (actsLeft == 0) {
         return;
     }
-    for (const Act act : AllActs) {
+    for (const Act act : allActs) {
         ColumnExercise next = exercise;
-        Perform(next, act);
+        perform(next, act);
         Expected expectedNext = expected;
         expectedNext.Perform(act);
-        ExpectScoreAfterEveryContinuation(next, expectedNext, actsLeft - 1);
+        expectScoreAfterEveryContinuation(next, expectedNext, actsLeft - 1);
         if (::testing::Test::HasFailure()) {
             FAIL() << "after act " << static_cast<int>(act) << " with " << actsLeft << " acts left";
         }
@@ -1037,11 +1036,11 @@ void ExpectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Exp
 
 TEST(ColumnExercise, CountsRightAfterEveryOrderOfFiveActs)
 {
-    for (const Operation operation : BothOperations) {
+    for (const Operation operation : bothOperations) {
         SeededRandom random(1);
         ColumnExercise exercise(operation, random);
         exercise.Generate();
-        ExpectScoreAfterEveryContinuation(exercise, {}, operation == Operation::Addition ? 5 : 4);
+        expectScoreAfterEveryContinuation(exercise, {}, operation == Operation::Addition ? 5 : 4);
     }
 }
 
@@ -1091,14 +1090,14 @@ TEST(ColumnExercise, KeepsTheScore)
             "Ejercicios:  2; Errores:  2", true },
         { "cancelled typing", { Act::CancelTyping, Act::Right }, "Ejercicios:  1; Errores:  0", false },
     };
-    for (const Operation operation : BothOperations) {
+    for (const Operation operation : bothOperations) {
         for (const auto& [what, acts, line, scorable] : cases) {
             SCOPED_TRACE(what);
             SeededRandom random(2);
             ColumnExercise exercise(operation, random);
             exercise.Generate();
             for (const Act act : acts) {
-                Perform(exercise, act);
+                perform(exercise, act);
             }
             EXPECT_EQ(exercise.Score.Line(), line);
             EXPECT_EQ(exercise.Score.Scorable, scorable);
@@ -1111,7 +1110,7 @@ TEST(ColumnExercise, TwoExercisesKeepScoresOfTheirOwn)
     SeededRandom random(2);
     ColumnExercise first(Operation::Addition, random);
     first.Generate();
-    Perform(first, Act::Wrong);
+    perform(first, Act::Wrong);
     const ColumnExercise second(Operation::Addition, random);
     EXPECT_EQ(first.Score.Line(), "Ejercicios:  1; Errores:  1");
     EXPECT_EQ(second.Score.Line(), "Ejercicios:  0; Errores:  0");
@@ -1134,11 +1133,11 @@ TEST(ColumnExercise, TheThousandthRightAnswerHasNoScoreLine)
     ColumnExercise exercise(Operation::Subtraction, random);
     for (int i = 0; i < 999; ++i) {
         exercise.Continue();
-        Perform(exercise, Act::Right);
+        perform(exercise, Act::Right);
     }
     EXPECT_EQ(exercise.Score.Line(), "Ejercicios:999; Errores:  0");
     exercise.Continue();
-    Perform(exercise, Act::Right);
+    perform(exercise, Act::Right);
     EXPECT_EQ(KindThrownBy([&] { exercise.Score.Line(); }), RunTimeError::Kind::InvalidArgument);
 }
 
@@ -1158,24 +1157,18 @@ TEST(ColumnExercise, CountersOverflowPast32767)
 
 // ------------------------------------------------------------------------------------------------------------ locale
 
-class StrangePunctuation : public std::numpunct<char> {
-protected:
-    char do_decimal_point() const override { return ';'; }
-    char do_thousands_sep() const override { return '\''; }
-    std::string do_grouping() const override { return "\1"; }
-};
-
-std::string AWholeLesson()
+std::string aWholeLesson()
 {
     SeededRandom random(7161);
     ColumnExercise exercise(Operation::Subtraction, random);
-    SetOptions(exercise, 5, 3);
+    setOptions(exercise, 5, 3);
     std::string lesson;
     for (int i = 0; i < 20; ++i) {
         exercise.Continue();
         const auto [upper, lower] = exercise.DrawnTexts();
         lesson += upper + " - " + lower + " = " + PlainDecimalText(exercise.Solution());
-        lesson += exercise.Check(PlainDecimalText(exercise.Solution())).Text + exercise.ShowSolution();
+        lesson += exercise.Check(PlainDecimalText(exercise.Solution())).Text;
+        lesson += exercise.ShowSolution() + "\n";
     }
     exercise.EnterOperand1("1.234,5");
     exercise.EnterOperand2("905,16");
@@ -1184,16 +1177,16 @@ std::string AWholeLesson()
 
 TEST(ColumnExercise, IsTheSameUnderEveryLocale)
 {
-    const std::string expected = AWholeLesson();
+    const std::string expected = aWholeLesson();
     EXPECT_NE(expected.find("1.234,5   905,16Ejercicios: 20; Errores:  0"), std::string::npos) << expected;
 
-    const std::string nameBefore = std::setlocale(LC_ALL, nullptr);
+    const std::locale strange(std::locale::classic(), new StrangePunctuation);
     for (const char* name : { "C", "de_DE.UTF-8", "es_ES.UTF-8", "de-DE", "es-ES" }) {
-        const std::locale before = std::locale::global(std::locale(std::locale::classic(), new StrangePunctuation));
-        std::setlocale(LC_ALL, name); // changes nothing where it is not installed
-        const std::string lesson = AWholeLesson();
-        std::locale::global(before);
-        std::setlocale(LC_ALL, nameBefore.c_str());
+        std::string lesson;
+        {
+            const ForeignLocale foreign(name, strange);
+            lesson = aWholeLesson();
+        }
         EXPECT_EQ(lesson, expected) << name;
     }
 }

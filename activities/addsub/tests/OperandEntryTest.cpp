@@ -4,6 +4,8 @@
 #include "common/core/RunTimeError.h"
 #include "tests/support/ScriptedRandom.h"
 
+#include "tests/support/KindThrownBy.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -17,30 +19,20 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::KindThrownBy;
 using numbrela::testing::ScriptedRandom;
 
-constexpr const char* NotValid = "El dato introducido no es válido";
-constexpr const char* SumTooLarge = "La suma de los datos introducidos  produce un resultado demasiado grande";
-constexpr const char* DifferenceTooLarge
+constexpr const char* notValid = "El dato introducido no es válido";
+constexpr const char* sumTooLarge = "La suma de los datos introducidos  produce un resultado demasiado grande";
+constexpr const char* differenceTooLarge
     = "La diferencia de los datos introducidos  produce un resultado demasiado grande";
 
-constexpr Operation BothOperations[] = { Operation::Addition, Operation::Subtraction };
-
-template <typename Action>
-std::optional<RunTimeError::Kind> KindThrownBy(Action action)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.ErrorKind();
-    }
-    return std::nullopt;
-}
+constexpr Operation bothOperations[] = { Operation::Addition, Operation::Subtraction };
 
 // An exercise 482,37 over 905,16 in the middle of a lesson.
-class OperandEntryOf {
+class EnteredExercise {
 public:
-    explicit OperandEntryOf(Operation operation)
+    explicit EnteredExercise(Operation operation)
         : Exercise(operation, random_)
     {
         Exercise.Operand1 = 482.37;
@@ -67,9 +59,9 @@ public:
 
 // Runs a check for both operands of both operations.
 template <typename Examine>
-void ForBothOperands(Examine examine)
+void forBothOperands(Examine examine)
 {
-    for (const Operation operation : BothOperations) {
+    for (const Operation operation : bothOperations) {
         for (const int operand : { 1, 2 }) {
             SCOPED_TRACE(std::string(operation == Operation::Addition ? "addition" : "subtraction") + ", operand "
                 + std::to_string(operand));
@@ -78,7 +70,7 @@ void ForBothOperands(Examine examine)
     }
 }
 
-void ExpectNothingToSay(const OperandEntry& entry)
+void expectNothingToSay(const OperandEntry& entry)
 {
     EXPECT_EQ(entry.Message, "");
     EXPECT_EQ(entry.MessageTitle, "");
@@ -121,14 +113,14 @@ TEST(OperandEntry, ATypedNumberReplacesTheOperandAndNothingElse)
         { "1e-400", 0 }, // too small for anything but 0
         { "-1e-400", 0 },
     };
-    ForBothOperands([&](Operation operation, int operand) {
+    forBothOperands([&](Operation operation, int operand) {
         for (const auto& [text, value] : cases) {
             SCOPED_TRACE(text);
-            OperandEntryOf entered(operation);
+            EnteredExercise entered(operation);
             const double other = entered.OtherOperand(operand);
             const OperandEntry entry = entered.Type(operand, text);
             EXPECT_TRUE(entry.Accepted);
-            ExpectNothingToSay(entry);
+            expectNothingToSay(entry);
             EXPECT_EQ(entered.Operand(operand), value);
             EXPECT_EQ(entered.OtherOperand(operand), other);
         }
@@ -137,10 +129,10 @@ TEST(OperandEntry, ATypedNumberReplacesTheOperandAndNothingElse)
 
 TEST(OperandEntry, TouchesNeitherTheOptionsNorTheScore)
 {
-    ForBothOperands([](Operation operation, int operand) {
+    forBothOperands([](Operation operation, int operand) {
         for (const char* text : { "123456789,123456789", "0", "", "hola", "1e400" }) {
             for (const bool scorable : { true, false }) {
-                OperandEntryOf entered(operation);
+                EnteredExercise entered(operation);
                 entered.Exercise.Score.Scorable = scorable;
                 entered.Type(operand, text);
                 EXPECT_EQ(entered.Exercise.Digits, 3);
@@ -155,14 +147,14 @@ TEST(OperandEntry, TouchesNeitherTheOptionsNorTheScore)
 
 TEST(OperandEntry, IgnoresWhatIsNoNumber)
 {
-    ForBothOperands([](Operation operation, int operand) {
-        for (const char* text : { "", " ", "     ", "hola", "12a", "a12", "1,2,3", "1,5.3", "--1", "5-", "-", "+", ",", ".",
-                 "e3", "1e", "1e+", "1e400x", "1 2", "ñ", "inf", "nan", "0x10" }) {
+    forBothOperands([](Operation operation, int operand) {
+        for (const char* text : { "", " ", "     ", "hola", "12a", "a12", "1,2,3", "1,5.3", "--1", "5-", "-", "+", ",",
+                 ".", "e3", "1e", "1e+", "1e400x", "1 2", "ñ", "inf", "nan", "0x10" }) {
             SCOPED_TRACE(text);
-            OperandEntryOf entered(operation);
+            EnteredExercise entered(operation);
             const OperandEntry entry = entered.Type(operand, text);
             EXPECT_FALSE(entry.Accepted);
-            ExpectNothingToSay(entry);
+            expectNothingToSay(entry);
             EXPECT_EQ(entered.Exercise.Operand1, 482.37);
             EXPECT_EQ(entered.Exercise.Operand2, 905.16);
         }
@@ -171,14 +163,14 @@ TEST(OperandEntry, IgnoresWhatIsNoNumber)
 
 TEST(OperandEntry, RefusesANumberThatADoubleCannotHold)
 {
-    ForBothOperands([](Operation operation, int operand) {
+    forBothOperands([](Operation operation, int operand) {
         for (const std::string& text : { std::string("1e400"), std::string("-1e400"), std::string(" 1e309 "),
                  std::string("1,8E308"), std::string(400, '9'), std::string("1e99999999999999999999") }) {
             SCOPED_TRACE(text);
-            OperandEntryOf entered(operation);
+            EnteredExercise entered(operation);
             const OperandEntry entry = entered.Type(operand, text);
             EXPECT_FALSE(entry.Accepted);
-            EXPECT_EQ(entry.Message, NotValid);
+            EXPECT_EQ(entry.Message, notValid);
             EXPECT_EQ(entry.MessageTitle, "") << "the application's own title";
             EXPECT_EQ(entered.Exercise.Operand1, 482.37);
             EXPECT_EQ(entered.Exercise.Operand2, 905.16);
@@ -193,19 +185,19 @@ struct OverflowCase {
     const char* Message;
 };
 
-constexpr OverflowCase OverflowCases[] = {
-    { Operation::Addition, "1e308", "1e308", SumTooLarge },
-    { Operation::Addition, "-1e308", "-1e308", SumTooLarge },
-    { Operation::Addition, "1,7e308", "1e307", SumTooLarge },
-    { Operation::Subtraction, "1e308", "-1e308", DifferenceTooLarge },
-    { Operation::Subtraction, "-1e308", "1e308", DifferenceTooLarge },
+constexpr OverflowCase overflowCases[] = {
+    { Operation::Addition, "1e308", "1e308", sumTooLarge },
+    { Operation::Addition, "-1e308", "-1e308", sumTooLarge },
+    { Operation::Addition, "1,7e308", "1e307", sumTooLarge },
+    { Operation::Subtraction, "1e308", "-1e308", differenceTooLarge },
+    { Operation::Subtraction, "-1e308", "1e308", differenceTooLarge },
 };
 
 TEST(OperandEntry, ReportsAResultTooLargeAndKeepsTheTypedOperand)
 {
-    for (const auto& [operation, first, second, message] : OverflowCases) {
+    for (const auto& [operation, first, second, message] : overflowCases) {
         SCOPED_TRACE(std::string(first) + ", " + second);
-        OperandEntryOf entered(operation);
+        EnteredExercise entered(operation);
         EXPECT_TRUE(entered.Exercise.EnterOperand1(first).Accepted);
         const OperandEntry entry = entered.Exercise.EnterOperand2(second);
         EXPECT_FALSE(entry.Accepted);
@@ -218,9 +210,9 @@ TEST(OperandEntry, ReportsAResultTooLargeAndKeepsTheTypedOperand)
 
 TEST(OperandEntry, ReportsAResultTooLargeWhicheverOperandIsTypedLast)
 {
-    for (const auto& [operation, first, second, message] : OverflowCases) {
+    for (const auto& [operation, first, second, message] : overflowCases) {
         SCOPED_TRACE(std::string(first) + ", " + second);
-        OperandEntryOf entered(operation);
+        EnteredExercise entered(operation);
         EXPECT_TRUE(entered.Exercise.EnterOperand2(second).Accepted);
         const OperandEntry entry = entered.Exercise.EnterOperand1(first);
         EXPECT_FALSE(entry.Accepted);
@@ -233,9 +225,9 @@ TEST(OperandEntry, ReportsAResultTooLargeWhicheverOperandIsTypedLast)
 
 TEST(OperandEntry, AResultTooLargeCanBeNeitherCheckedNorShown)
 {
-    for (const auto& [operation, first, second, message] : OverflowCases) {
+    for (const auto& [operation, first, second, message] : overflowCases) {
         SCOPED_TRACE(std::string(first) + ", " + second);
-        OperandEntryOf entered(operation);
+        EnteredExercise entered(operation);
         entered.Exercise.EnterOperand1(first);
         entered.Exercise.EnterOperand2(second);
         EXPECT_EQ(KindThrownBy([&] { entered.Exercise.Solution(); }), RunTimeError::Kind::Overflow);
@@ -250,18 +242,18 @@ TEST(OperandEntry, AResultTooLargeCanBeNeitherCheckedNorShown)
 
 TEST(OperandEntry, ASmallerOperandMakesTheExerciseGoodAgain)
 {
-    for (const auto& [operation, first, second, message] : OverflowCases) {
-        OperandEntryOf entered(operation);
+    for (const auto& [operation, first, second, message] : overflowCases) {
+        EnteredExercise entered(operation);
         entered.Exercise.EnterOperand1(first);
         entered.Exercise.EnterOperand2(second);
         // What is ignored or refused changes nothing about it.
-        ExpectNothingToSay(entered.Exercise.EnterOperand2("hola"));
-        EXPECT_EQ(entered.Exercise.EnterOperand2("1e400").Message, NotValid);
+        expectNothingToSay(entered.Exercise.EnterOperand2("hola"));
+        EXPECT_EQ(entered.Exercise.EnterOperand2("1e400").Message, notValid);
         EXPECT_EQ(entered.Exercise.EnterOperand2(second).Message, message);
 
         const OperandEntry entry = entered.Exercise.EnterOperand2("5");
         EXPECT_TRUE(entry.Accepted);
-        ExpectNothingToSay(entry);
+        expectNothingToSay(entry);
         EXPECT_EQ(entered.Exercise.Solution(), *ParseTypedNumber(first)); // 5 is nothing beside it
         EXPECT_TRUE(entered.Exercise.Check(first).Right);
     }
@@ -281,13 +273,13 @@ TEST(OperandEntry, TheNextDrawnExerciseIsGoodAgainAfterAResultTooLarge)
 
 TEST(OperandEntry, AcceptsLargeOperandsWhoseResultFits)
 {
-    OperandEntryOf sum(Operation::Addition);
+    EnteredExercise sum(Operation::Addition);
     EXPECT_TRUE(sum.Exercise.EnterOperand1("8,9e307").Accepted);
     EXPECT_TRUE(sum.Exercise.EnterOperand2("8,9e307").Accepted);
     EXPECT_EQ(sum.Exercise.Solution(), 1.78e308);
     EXPECT_TRUE(sum.Exercise.EnterOperand2("-1,7e308").Accepted);
 
-    OperandEntryOf difference(Operation::Subtraction);
+    EnteredExercise difference(Operation::Subtraction);
     EXPECT_TRUE(difference.Exercise.EnterOperand1("1,7e308").Accepted);
     EXPECT_TRUE(difference.Exercise.EnterOperand2("1,7e308").Accepted);
     EXPECT_EQ(difference.Exercise.Solution(), 0);
@@ -295,17 +287,17 @@ TEST(OperandEntry, AcceptsLargeOperandsWhoseResultFits)
 
 TEST(OperandEntry, ATypedExerciseIsScoredAsTheOneItReplaces)
 {
-    OperandEntryOf scored(Operation::Addition);
+    EnteredExercise scored(Operation::Addition);
     scored.Exercise.EnterOperand1("1234,5");
     EXPECT_TRUE(scored.Exercise.Check("2.139,66").Right);
     EXPECT_EQ(scored.Exercise.Score.Line(), "Ejercicios:  8; Errores:  3");
 
-    OperandEntryOf wrong(Operation::Addition);
+    EnteredExercise wrong(Operation::Addition);
     wrong.Exercise.EnterOperand1("1234,5");
     EXPECT_FALSE(wrong.Exercise.Check("1.387,53").Right) << "the sum of the operands before";
     EXPECT_EQ(wrong.Exercise.Score.Line(), "Ejercicios:  8; Errores:  4");
 
-    OperandEntryOf unscored(Operation::Addition);
+    EnteredExercise unscored(Operation::Addition);
     unscored.Exercise.ShowSolution();
     unscored.Exercise.EnterOperand1("1234,5");
     EXPECT_TRUE(unscored.Exercise.Check("2.139,66").Right);
@@ -314,11 +306,11 @@ TEST(OperandEntry, ATypedExerciseIsScoredAsTheOneItReplaces)
 
 TEST(OperandEntry, ATypedSubtrahendMayBeTheGreaterOne)
 {
-    OperandEntryOf entered(Operation::Subtraction);
+    EnteredExercise entered(Operation::Subtraction);
     EXPECT_TRUE(entered.Exercise.EnterOperand1("12").Accepted);
     const OperandEntry entry = entered.Exercise.EnterOperand2("12,5");
     EXPECT_TRUE(entry.Accepted);
-    ExpectNothingToSay(entry);
+    expectNothingToSay(entry);
     EXPECT_EQ(entered.Exercise.Operand1, 12) << "typed operands are not exchanged";
     EXPECT_EQ(entered.Exercise.Operand2, 12.5);
     EXPECT_EQ(entered.Exercise.Solution(), -0.5);
@@ -355,7 +347,7 @@ TEST(OperandEntry, SolutionsOfTypedOperandsAreShownAsDisplayNumbers)
     };
     for (const auto& [operation, first, second, solution] : cases) {
         SCOPED_TRACE(std::string(first) + ", " + second);
-        OperandEntryOf entered(operation);
+        EnteredExercise entered(operation);
         ASSERT_TRUE(entered.Exercise.EnterOperand1(first).Accepted);
         ASSERT_TRUE(entered.Exercise.EnterOperand2(second).Accepted);
         EXPECT_EQ(entered.Exercise.ShowSolution(), solution);
@@ -364,7 +356,7 @@ TEST(OperandEntry, SolutionsOfTypedOperandsAreShownAsDisplayNumbers)
 
 TEST(OperandEntry, AnEmptyAnswerIsRightWhenTheTypedOperandsGiveZero)
 {
-    OperandEntryOf entered(Operation::Subtraction);
+    EnteredExercise entered(Operation::Subtraction);
     entered.Exercise.EnterOperand1("7,25");
     entered.Exercise.EnterOperand2("7,25");
     EXPECT_TRUE(entered.Exercise.Check("").Right);
@@ -379,7 +371,7 @@ struct AlignmentCase {
     const char* Lower;
 };
 
-constexpr AlignmentCase AlignmentCases[] = {
+constexpr AlignmentCase alignmentCases[] = {
     { "1234,5", "905,16", "1.234,5 ", "  905,16" },
     { "905,16", "1234,5", "  905,16", "1.234,5 " },
     { "482,37", "905,16", "482,37", "905,16" },
@@ -404,10 +396,10 @@ constexpr AlignmentCase AlignmentCases[] = {
 
 TEST(OperandEntry, PutsTheDecimalCommasOfBothOperandsUnderEachOther)
 {
-    for (const Operation operation : BothOperations) {
-        for (const auto& [first, second, upper, lower] : AlignmentCases) {
+    for (const Operation operation : bothOperations) {
+        for (const auto& [first, second, upper, lower] : alignmentCases) {
             SCOPED_TRACE(std::string(first) + " over " + second);
-            OperandEntryOf entered(operation);
+            EnteredExercise entered(operation);
             ASSERT_TRUE(entered.Exercise.EnterOperand1(first).Accepted);
             ASSERT_TRUE(entered.Exercise.EnterOperand2(second).Accepted);
             EXPECT_EQ(entered.Exercise.AlignedTexts().Upper, upper);
@@ -427,7 +419,7 @@ TEST(OperandEntry, ATypedOperandIsAlignedWithTheDrawnOne)
 }
 
 // Where the comma stands, counted from the right edge, or would stand.
-std::size_t CommaFromTheRight(std::string_view text)
+std::size_t commaFromTheRight(std::string_view text)
 {
     const std::size_t comma = text.find(',');
     if (comma != std::string_view::npos) {
@@ -445,7 +437,7 @@ TEST(OperandEntry, AlignedTextsAreEquallyLongWithTheirCommasInOneColumn)
         return whole / scale * (chance() % 4 == 0 ? -1 : 1);
     };
     for (int i = 0; i < 3000; ++i) {
-        OperandEntryOf entered(Operation::Addition);
+        EnteredExercise entered(Operation::Addition);
         entered.Exercise.Operand1 = drawOperand();
         entered.Exercise.Operand2 = drawOperand();
         const OperandTexts plain = entered.Exercise.DrawnTexts();
@@ -460,7 +452,7 @@ TEST(OperandEntry, AlignedTextsAreEquallyLongWithTheirCommasInOneColumn)
             ASSERT_NE(aligned.Upper.back(), ' ');
             ASSERT_NE(aligned.Lower.back(), ' ');
         } else {
-            ASSERT_EQ(CommaFromTheRight(aligned.Upper), CommaFromTheRight(aligned.Lower));
+            ASSERT_EQ(commaFromTheRight(aligned.Upper), commaFromTheRight(aligned.Lower));
         }
         // No more blanks than it takes: some text reaches each edge.
         ASSERT_TRUE(aligned.Upper.front() != ' ' || aligned.Lower.front() != ' ');
@@ -470,7 +462,7 @@ TEST(OperandEntry, AlignedTextsAreEquallyLongWithTheirCommasInOneColumn)
 
 TEST(OperandEntry, AlignsTheLargestAndTheSmallestNumbers)
 {
-    OperandEntryOf entered(Operation::Addition);
+    EnteredExercise entered(Operation::Addition);
     ASSERT_TRUE(entered.Exercise.EnterOperand1("1e308").Accepted);
     ASSERT_TRUE(entered.Exercise.EnterOperand2("1e-300").Accepted);
     const OperandTexts aligned = entered.Exercise.AlignedTexts();

@@ -1,5 +1,7 @@
 #include "common/core/Int16.h"
 
+#include "tests/support/KindThrownBy.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -12,16 +14,7 @@ namespace numbrela {
 
 namespace {
 
-template <typename Action>
-std::optional<RunTimeError::Kind> kindThrownBy(Action action)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.ErrorKind();
-    }
-    return std::nullopt;
-}
+using numbrela::testing::KindThrownBy;
 
 TEST(Int16, IsZeroAtFirst)
 {
@@ -37,7 +30,7 @@ TEST(Int16, HoldsEveryNumberOf16BitsAndNoOther)
             ASSERT_NO_THROW(store()) << number;
             ASSERT_EQ(holder, number);
         } else {
-            ASSERT_EQ(kindThrownBy(store), RunTimeError::Kind::Overflow) << number;
+            ASSERT_EQ(KindThrownBy(store), RunTimeError::Kind::Overflow) << number;
             ASSERT_EQ(holder, 0) << number;
         }
     }
@@ -46,7 +39,7 @@ TEST(Int16, HoldsEveryNumberOf16BitsAndNoOther)
 TEST(Int16, RefusesNumbersWhoseLow16BitsWouldFit)
 {
     for (const long long number : { 65536LL, 65537LL, 4294967296LL, 4294967297LL, -65536LL, LLONG_MAX, LLONG_MIN }) {
-        EXPECT_EQ(kindThrownBy([&] { Int16 holder(number); }), RunTimeError::Kind::Overflow) << number;
+        EXPECT_EQ(KindThrownBy([&] { Int16 holder(number); }), RunTimeError::Kind::Overflow) << number;
     }
 }
 
@@ -67,7 +60,7 @@ TEST(Int16, CountsToItsLastNumberAndNoFurther)
     Int16 counter = 32766;
     EXPECT_NO_THROW(++counter);
     EXPECT_EQ(counter, 32767);
-    EXPECT_EQ(kindThrownBy([&] { ++counter; }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { ++counter; }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(counter, 32767) << "a number that does not fit leaves the old one";
 }
 
@@ -97,13 +90,13 @@ TEST(Int16, KeepsTheOldNumberWhenASumOrADifferenceDoesNotFit)
         SCOPED_TRACE(std::to_string(before) + " and " + std::to_string(amount));
 
         Int16 up = before;
-        const auto errorUp = kindThrownBy([&up, change = amount] { up += change; });
+        const auto errorUp = KindThrownBy([&up, change = amount] { up += change; });
         EXPECT_EQ(errorUp.has_value(), !sum.has_value());
         EXPECT_EQ(errorUp.value_or(RunTimeError::Kind::Overflow), RunTimeError::Kind::Overflow);
         EXPECT_EQ(up, sum.value_or(before));
 
         Int16 down = before;
-        const auto errorDown = kindThrownBy([&down, change = amount] { down -= change; });
+        const auto errorDown = KindThrownBy([&down, change = amount] { down -= change; });
         EXPECT_EQ(errorDown.has_value(), !difference.has_value());
         EXPECT_EQ(errorDown.value_or(RunTimeError::Kind::Overflow), RunTimeError::Kind::Overflow);
         EXPECT_EQ(down, difference.value_or(before));
@@ -119,7 +112,7 @@ TEST(Int16, ComputesAsAnIntAndIsCheckedWhenTheResultIsStored)
     EXPECT_EQ(-Int16(-32768), 32768);
 
     Int16 stored = 7;
-    EXPECT_EQ(kindThrownBy([&] { stored = large + large; }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { stored = large + large; }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(stored, 7);
     stored = large + large - 30001;
     EXPECT_EQ(stored, 29999);

@@ -2,6 +2,9 @@
 
 #include "common/core/RunTimeError.h"
 
+#include "tests/support/ForeignLocale.h"
+#include "tests/support/KindThrownBy.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,18 +26,11 @@ namespace numbrela {
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
+using numbrela::testing::ForeignLocale;
+using numbrela::testing::KindThrownBy;
+using numbrela::testing::StrangePunctuation;
 
-template <typename Action>
-std::optional<RunTimeError::Kind> kindThrownBy(Action action)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.ErrorKind();
-    }
-    return std::nullopt;
-}
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 std::string repeated(std::string_view text, int times)
 {
@@ -360,10 +356,10 @@ TEST(PlainDecimalText, OverflowsForWhatIsNotFinite)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     for (const double value : { infinity, -infinity, nan }) {
-        EXPECT_EQ(kindThrownBy([&] { PlainDecimalText(value); }), RunTimeError::Kind::Overflow) << value;
-        EXPECT_EQ(kindThrownBy([&] { PlainDecimalText(static_cast<float>(value)); }), RunTimeError::Kind::Overflow)
+        EXPECT_EQ(KindThrownBy([&] { PlainDecimalText(value); }), RunTimeError::Kind::Overflow) << value;
+        EXPECT_EQ(KindThrownBy([&] { PlainDecimalText(static_cast<float>(value)); }), RunTimeError::Kind::Overflow)
             << value;
-        EXPECT_EQ(kindThrownBy([&] { FormatDisplayNumber(value); }), RunTimeError::Kind::Overflow) << value;
+        EXPECT_EQ(KindThrownBy([&] { FormatDisplayNumber(value); }), RunTimeError::Kind::Overflow) << value;
     }
 }
 
@@ -646,7 +642,7 @@ TEST(ParseDisplayNumber, OverflowsForLongerTexts)
 {
     for (const char* character : { "0", " ", ".", ",", "a", "ñ", "€" }) {
         const std::string text = repeated(character, 32768);
-        EXPECT_EQ(kindThrownBy([&] { ParseDisplayNumber(text); }), RunTimeError::Kind::Overflow) << character;
+        EXPECT_EQ(KindThrownBy([&] { ParseDisplayNumber(text); }), RunTimeError::Kind::Overflow) << character;
     }
 }
 
@@ -788,9 +784,9 @@ TEST(ParseTypedNumber, IsNothingWithANullCharacterInTheText)
 TEST(ParseTypedNumber, OverflowsForWhatADoubleCannotHold)
 {
     for (const char* text : { "1e400", "-1e400", "1e309", "1,8E308", "-1,8E308", "1e99999999999999999999" }) {
-        EXPECT_EQ(kindThrownBy([&] { ParseTypedNumber(text); }), RunTimeError::Kind::Overflow) << text;
+        EXPECT_EQ(KindThrownBy([&] { ParseTypedNumber(text); }), RunTimeError::Kind::Overflow) << text;
     }
-    EXPECT_EQ(kindThrownBy([] { ParseTypedNumber(repeated("9", 310)); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([] { ParseTypedNumber(repeated("9", 310)); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(ParseTypedNumber(repeated("9", 308)), 1e308);
     EXPECT_EQ(ParseTypedNumber("1e308"), 1e308);
 }
@@ -816,10 +812,10 @@ TEST(PadLeft, PutsBlanksBeforeTheTextUpToTheWidth)
 
 TEST(PadLeft, RefusesATextThatIsLongerThanTheWidth)
 {
-    EXPECT_EQ(kindThrownBy([] { PadLeft("1000", 3); }), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(kindThrownBy([] { PadLeft("1", 0); }), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(kindThrownBy([] { PadLeft("1", -1); }), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(kindThrownBy([] { PadLeft("", -1); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([] { PadLeft("1000", 3); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([] { PadLeft("1", 0); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([] { PadLeft("1", -1); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([] { PadLeft("", -1); }), RunTimeError::Kind::InvalidArgument);
 }
 
 TEST(PadLeft, SaysInSpanishWhatDoesNotFit)
@@ -844,36 +840,6 @@ TEST(Trimmed, TakesTheBlanksOfBothEndsAway)
 }
 
 // ----------------------------------------------------------------------------------------------------------- locale
-
-// Puts the process under the locales of other countries for as long as it lives.
-class ForeignLocale {
-public:
-    ForeignLocale(const char* name, const std::locale& global)
-        : nameBefore_(std::setlocale(LC_ALL, nullptr))
-        , globalBefore_(std::locale::global(global))
-    {
-        // Last, because a global locale that has a name sets this one too. Not installed, it changes nothing.
-        std::setlocale(LC_ALL, name);
-    }
-    ~ForeignLocale()
-    {
-        std::locale::global(globalBefore_);
-        std::setlocale(LC_ALL, nameBefore_.c_str());
-    }
-    ForeignLocale(const ForeignLocale&) = delete;
-    ForeignLocale& operator=(const ForeignLocale&) = delete;
-
-private:
-    std::string nameBefore_;
-    std::locale globalBefore_;
-};
-
-class StrangePunctuation : public std::numpunct<char> {
-protected:
-    char do_decimal_point() const override { return ';'; }
-    char do_thousands_sep() const override { return '\''; }
-    std::string do_grouping() const override { return "\1"; }
-};
 
 // One line for each function, so that a test can compare all of them at once.
 std::string everythingWritten()

@@ -2,6 +2,8 @@
 
 #include "common/core/RunTimeError.h"
 
+#include "tests/support/KindThrownBy.h"
+
 #include <gtest/gtest.h>
 
 #include <locale>
@@ -12,16 +14,7 @@ namespace numbrela {
 
 namespace {
 
-template <typename Action>
-std::optional<RunTimeError::Kind> kindThrownBy(Action action)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.ErrorKind();
-    }
-    return std::nullopt;
-}
+using numbrela::testing::KindThrownBy;
 
 Score scoreOf(int exercises, int errors)
 {
@@ -145,7 +138,7 @@ TEST(Score, LineRefusesCountsOfFourDigits)
         { 999, 1000, "" }, { 32767, 32767, "" } };
     for (const auto& [exercises, errors, line] : cases) {
         const Score score = scoreOf(exercises, errors);
-        EXPECT_EQ(kindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument)
+        EXPECT_EQ(KindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument)
             << exercises << " and " << errors;
     }
 }
@@ -161,11 +154,11 @@ TEST(Score, CountingItselfGoesOnBeyondThreeDigits)
 TEST(Score, ExercisesPastTheLast16BitNumberOverflow)
 {
     Score right = scoreOf(32767, 0);
-    EXPECT_EQ(kindThrownBy([&] { right.CountRight(); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { right.CountRight(); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(right.ExerciseCount, 32767);
 
     Score wrong = scoreOf(32767, 0);
-    EXPECT_EQ(kindThrownBy([&] { wrong.CountWrong(); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { wrong.CountWrong(); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(wrong.ExerciseCount, 32767);
     EXPECT_EQ(wrong.ErrorCount, 0);
 }
@@ -173,7 +166,7 @@ TEST(Score, ExercisesPastTheLast16BitNumberOverflow)
 TEST(Score, ErrorsPastTheLast16BitNumberOverflow)
 {
     Score score = scoreOf(0, 32767);
-    EXPECT_EQ(kindThrownBy([&] { score.CountWrong(); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { score.CountWrong(); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(score.ErrorCount, 32767);
 }
 
