@@ -17,8 +17,8 @@ CommandButton* addColoured(TwipsLayout& area, const QString& name, const QString
 
 } // namespace
 
-ButtonRow AddButtonRow(
-    TwipsLayout& area, const ButtonRowDesign& design, std::function<void()> check, std::function<void(int)> command2)
+ButtonRow AddButtonRow(TwipsLayout& area, const ButtonRowDesign& design, std::function<void()> check,
+    const std::function<void(int)>& command2)
 {
     ButtonRow row;
     row.Command1 = addColoured(

@@ -27,6 +27,8 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     : menuBar_(new QMenuBar(this))
     , area_(new TwipsLayout(this, area, font))
     , shownExtent_(area_->Extent())
+    , scale_(area_->DesignPixelsPerTwip())
+    , ownScale_(scale_)
 {
     setObjectName(name);
     setWindowTitle(caption);
@@ -79,7 +81,7 @@ void FormWindow::showEvent(QShowEvent* event)
 {
     if (!everShown_ && !isMaximized() && !isFullScreen()) {
         everShown_ = true;
-        takeDesignSize();
+        takeSizeAt(area_->DesignPixelsPerTwip());
     }
     QWidget::showEvent(event);
 }
@@ -87,17 +89,28 @@ void FormWindow::showEvent(QShowEvent* event)
 void FormWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    scaleMenus();
+    scaleMenus(area_->PixelsPerTwip());
+    area_->activate(); // the menu bar's height has changed with its font
+    if (size() == ownSize_) {
+        scale_ = ownScale_;
+    } else if (area_->Extent() == shownExtent_) {
+        scale_ = area_->PixelsPerTwip();
+    }
 }
 
-// The design size, or as much of it as the screen has room for.
-void FormWindow::takeDesignSize()
+// The size at this scale, or as much of it as the screen has room for. The scale itself is kept: one worked out from a
+// size in whole pixels would be a little smaller every time.
+void FormWindow::takeSizeAt(double pixelsPerTwip)
 {
-    scaleMenus();
     shownExtent_ = area_->Extent();
     const int menuHeight = windowSizeAt(0).height();
     const QSize room = screen()->availableSize() - QSize(roomForWindowFrame, roomForWindowFrame + menuHeight);
-    resize(windowSizeAt(std::min(area_->DesignPixelsPerTwip(), scaleToFit(room, shownExtent_))));
+    const double possibleScale = std::min(pixelsPerTwip, scaleToFit(room, shownExtent_));
+    scaleMenus(possibleScale);
+    scale_ = pixelsPerTwip;
+    ownScale_ = pixelsPerTwip;
+    ownSize_ = windowSizeAt(possibleScale);
+    resize(ownSize_);
 }
 
 QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
@@ -110,19 +123,21 @@ QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
 // it had. A maximised window cannot: its layout has taken a smaller scale already.
 void FormWindow::showWholeExtent()
 {
-    const TwipsRect extent = area_->Extent();
-    if (extent != shownExtent_ && !isMaximized() && !isFullScreen()) {
-        const double scale = scaleToFit(area_->contentsRect().size(), shownExtent_);
-        resize(windowSizeAt(scale));
+    if (area_->Extent() == shownExtent_) {
+        return;
     }
-    shownExtent_ = extent;
+    if (isMaximized() || isFullScreen()) {
+        shownExtent_ = area_->Extent();
+    } else {
+        takeSizeAt(scale_);
+    }
 }
 
 // The menus, and the boxes that take their font from their window, grow with everything else.
-void FormWindow::scaleMenus()
+void FormWindow::scaleMenus(double pixelsPerTwip)
 {
     QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(menuFontTwips * area_->PixelsPerTwip()))));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(menuFontTwips * pixelsPerTwip))));
     setFont(font);
     for (QMenu* menu : findChildren<QMenu*>()) {
         menu->setFont(font);

@@ -42,13 +42,16 @@ protected:
 
 private:
     QSize windowSizeAt(double pixelsPerTwip) const;
-    void takeDesignSize();
+    void takeSizeAt(double pixelsPerTwip);
     void showWholeExtent();
-    void scaleMenus();
+    void scaleMenus(double pixelsPerTwip);
 
     QMenuBar* menuBar_;
     TwipsLayout* area_;
     TwipsRect shownExtent_;
+    double scale_; // pixels per twip that the design, or a person who resized the window, asks for
+    double ownScale_; // the same when the window last took a size by itself, and that size
+    QSize ownSize_;
     bool everShown_ = false;
 };
 

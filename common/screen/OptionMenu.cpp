@@ -3,7 +3,7 @@
 namespace numbrela {
 
 OptionMenu::OptionMenu(const QString& name, const QString& caption, const OptionList& options,
-    std::function<void(int)> choose, QWidget* parent)
+    const std::function<void(int)>& choose, QWidget* parent)
     : QMenu(caption, parent)
 {
     setObjectName(name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QLayout>
 
 #include <memory>
@@ -73,8 +74,11 @@ private:
         std::unique_ptr<QLayoutItem> Item;
         TwipsRect Rect;
         FontSpec Font;
+        QFont GivenFont = {};
     };
 
+    double scaleIn(QSize room) const;
+    void giveFont(Entry& entry) const;
     TwipsRect wholeRect(const Entry& entry) const;
     const TwipsLayout* enclosingArea() const;
     Entry* find(const QWidget* control);

@@ -78,6 +78,11 @@ ColumnForm::ColumnForm(const ColumnFormDesign& design, const Clock& clock)
 {
     buildControls();
     buildMenus();
+    Form_Load();
+}
+
+void ColumnForm::Form_Load()
+{
     MnuOpcCif->CheckOnly(ColumnExercise::DigitChoices.IndexOf(exercise_.Digits));
     MnuOpcDec->CheckOnly(ColumnExercise::DecimalChoices.IndexOf(exercise_.Decimals));
     exercise_.Generate();
@@ -138,7 +143,7 @@ void ColumnForm::buildMenus()
         [this](int index) { MnuOpcCifLis_Click(index); }, options);
     MnuOpcDec = new OptionMenu(
         QStringLiteral("MnuOpcDec"), QStringLiteral("&Decimales"), ColumnExercise::DecimalChoices,
-        [this](int index) { MnuOpcDecLis_Click(index); }, options);
+        [this](int index) { MnuOpcDeCLis_Click(index); }, options);
     options->addMenu(MnuOpcCif);
     options->addMenu(MnuOpcDec);
     AddMenuItem(
@@ -203,7 +208,7 @@ void ColumnForm::MnuOpcCifLis_Click(int index)
     showNewExercise(exercise_.DrawnTexts());
 }
 
-void ColumnForm::MnuOpcDecLis_Click(int index)
+void ColumnForm::MnuOpcDeCLis_Click(int index)
 {
     MnuOpcDec->CheckOnly(index);
     exercise_.Decimals = ColumnExercise::DecimalChoices.ValueAt(index);
