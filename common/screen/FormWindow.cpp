@@ -95,9 +95,21 @@ void FormWindow::takeDesignSize()
 {
     scaleMenus();
     shownExtent_ = area_->Extent();
+    takeScale(area_->DesignPixelsPerTwip());
+}
+
+void FormWindow::takeScale(double pixelsPerTwip)
+{
+    wantedScale_ = pixelsPerTwip;
+    resize(windowSizeAt(std::min(wantedScale_, largestScaleOnScreen())));
+    takenSize_ = size();
+}
+
+double FormWindow::largestScaleOnScreen() const
+{
     const int menuHeight = windowSizeAt(0).height();
     const QSize room = screen()->availableSize() - QSize(roomForWindowFrame, roomForWindowFrame + menuHeight);
-    resize(windowSizeAt(std::min(area_->DesignPixelsPerTwip(), scaleToFit(room, shownExtent_))));
+    return scaleToFit(room, area_->Extent());
 }
 
 QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
@@ -107,15 +119,28 @@ QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
 }
 
 // When a control has been put beyond an edge, or has come back, the window grows or shrinks around it at the scale that
-// it had. A maximised window cannot: its layout has taken a smaller scale already.
+// it had, as far as the screen has room. A maximised window cannot: its layout has taken a smaller scale already.
 void FormWindow::showWholeExtent()
 {
     const TwipsRect extent = area_->Extent();
     if (extent != shownExtent_ && !isMaximized() && !isFullScreen()) {
-        const double scale = scaleToFit(area_->contentsRect().size(), shownExtent_);
-        resize(windowSizeAt(scale));
+        const bool resizedByHand = size() != takenSize_;
+        takeScale(resizedByHand ? scaleToFit(area_->contentsRect().size(), shownExtent_) : wantedScale_);
+        moveOntoScreen();
     }
     shownExtent_ = extent;
+}
+
+// A window that has grown over the edge of its screen comes back, the upper left corner in any case.
+void FormWindow::moveOntoScreen()
+{
+    const QRect room = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const QPoint wanted(std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width())),
+        std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height())));
+    if (wanted != frame.topLeft()) {
+        move(wanted);
+    }
 }
 
 // The menus, and the boxes that take their font from their window, grow with everything else.

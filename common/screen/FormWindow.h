@@ -43,12 +43,17 @@ protected:
 private:
     QSize windowSizeAt(double pixelsPerTwip) const;
     void takeDesignSize();
+    void takeScale(double pixelsPerTwip);
+    double largestScaleOnScreen() const;
+    void moveOntoScreen();
     void showWholeExtent();
     void scaleMenus();
 
     QMenuBar* menuBar_;
     TwipsLayout* area_;
     TwipsRect shownExtent_;
+    double wantedScale_ = 0; // what the window would have on a screen of any size
+    QSize takenSize_; // what it has taken of that here
     bool everShown_ = false;
 };
 
