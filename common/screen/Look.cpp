@@ -5,6 +5,7 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QTranslator>
+#include <QWidget>
 
 namespace numbrela {
 
@@ -34,7 +35,7 @@ QPalette lightPalette()
     return palette;
 }
 
-// Fusion with quiet boxes: their buttons carry words alone.
+// Fusion with quiet boxes, whose buttons carry words alone, and with check marks as large as the words beside them.
 class QuietStyle : public QProxyStyle {
 public:
     QuietStyle()
@@ -46,6 +47,13 @@ public:
         StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override
     {
         return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        const bool checkMark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+        return checkMark && widget != nullptr ? widget->fontInfo().pixelSize()
+                                              : QProxyStyle::pixelMetric(metric, option, widget);
     }
 };
 
