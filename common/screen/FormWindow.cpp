@@ -87,22 +87,29 @@ void FormWindow::showEvent(QShowEvent* event)
 void FormWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    scaleMenus();
+    scaleMenus(area_->PixelsPerTwip());
+    if (area_->Extent() == shownExtent_) {
+        wantedScale_ = size() == takenSize_ ? takenScale_ : area_->PixelsPerTwip();
+    }
 }
 
 // The design size, or as much of it as the screen has room for.
 void FormWindow::takeDesignSize()
 {
-    scaleMenus();
     shownExtent_ = area_->Extent();
     takeScale(area_->DesignPixelsPerTwip());
 }
 
+// The height of the menu bar goes with the scale, and how large a scale the screen has room for with that height.
 void FormWindow::takeScale(double pixelsPerTwip)
 {
+    scaleMenus(pixelsPerTwip);
+    const double fittingScale = std::min(pixelsPerTwip, largestScaleOnScreen());
+    scaleMenus(fittingScale);
     wantedScale_ = pixelsPerTwip;
-    resize(windowSizeAt(std::min(wantedScale_, largestScaleOnScreen())));
-    takenSize_ = size();
+    takenScale_ = pixelsPerTwip;
+    takenSize_ = windowSizeAt(fittingScale);
+    resize(takenSize_);
 }
 
 double FormWindow::largestScaleOnScreen() const
@@ -122,13 +129,13 @@ QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
 // it had, as far as the screen has room. A maximised window cannot: its layout has taken a smaller scale already.
 void FormWindow::showWholeExtent()
 {
-    const TwipsRect extent = area_->Extent();
-    if (extent != shownExtent_ && !isMaximized() && !isFullScreen()) {
-        const bool resizedByHand = size() != takenSize_;
-        takeScale(resizedByHand ? scaleToFit(area_->contentsRect().size(), shownExtent_) : wantedScale_);
-        moveOntoScreen();
+    if (const TwipsRect extent = area_->Extent(); extent != shownExtent_) {
+        shownExtent_ = extent;
+        if (!isMaximized() && !isFullScreen()) {
+            takeScale(wantedScale_);
+            moveOntoScreen();
+        }
     }
-    shownExtent_ = extent;
 }
 
 // A window that has grown over the edge of its screen comes back, the upper left corner in any case.
@@ -144,10 +151,10 @@ void FormWindow::moveOntoScreen()
 }
 
 // The menus, and the boxes that take their font from their window, grow with everything else.
-void FormWindow::scaleMenus()
+void FormWindow::scaleMenus(double pixelsPerTwip)
 {
     QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(menuFontTwips * area_->PixelsPerTwip()))));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(menuFontTwips * pixelsPerTwip))));
     setFont(font);
     for (QMenu* menu : findChildren<QMenu*>()) {
         menu->setFont(font);

@@ -47,13 +47,14 @@ private:
     double largestScaleOnScreen() const;
     void moveOntoScreen();
     void showWholeExtent();
-    void scaleMenus();
+    void scaleMenus(double pixelsPerTwip);
 
     QMenuBar* menuBar_;
     TwipsLayout* area_;
     TwipsRect shownExtent_;
-    double wantedScale_ = 0; // what the window would have on a screen of any size
-    QSize takenSize_; // what it has taken of that here
+    double wantedScale_ = 0; // what the window has, or would have if the screen had room
+    double takenScale_ = 0; // what it wanted when it last took a size by itself
+    QSize takenSize_;
     bool everShown_ = false;
 };
 

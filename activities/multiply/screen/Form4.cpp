@@ -19,8 +19,8 @@ namespace numbrela {
 namespace {
 
 // All in twips. The calculation stands on the left and grows downwards; the side column, next to it, stays where it is.
-constexpr int areaWidth = 9650;
-constexpr int leastAreaHeight = 5600; // holds the side column, and six rows
+constexpr int areaWidth = 9660;
+constexpr int leastAreaHeight = 5610; // holds the side column, and six rows
 constexpr int marginBelow = 500;
 constexpr int signLeft = 250;
 constexpr int signWidth = 500;
