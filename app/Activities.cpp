@@ -16,8 +16,7 @@ FormWindow* make(const Clock& clock)
 } // namespace
 
 const std::array<MakeActivity, 8> activities {
-    &make<Form2>, &make<Form3>,
-    &make<Form4>,
+    &make<Form2>, &make<Form3>, &make<Form4>,
     nullptr, // division
     nullptr, // greater and smaller
     nullptr, // powers of ten

@@ -131,15 +131,15 @@ std::string Multiplication::Count(const Verdict& verdict)
 
 Multiplication::WorkedSolution Multiplication::ShowSolution()
 {
-    const std::string product = WholeProduct(DigitsOnly(Factor1Text()), DigitsOnly(Factor2Text()));
+    const std::string factor1 = DigitsOnly(Factor1Text());
+    const std::string factor2 = Factor2Text();
+    const std::string product = WholeProduct(factor1, DigitsOnly(factor2));
     Score.Scorable = false;
-    return { GroupedDecimalText(product, Decimals1 + Decimals2), solutionRows() };
+    return { GroupedDecimalText(product, Decimals1 + Decimals2), solutionRows(factor1, factor2) };
 }
 
-std::vector<std::string> Multiplication::solutionRows() const
+std::vector<std::string> Multiplication::solutionRows(const std::string& factor1, const std::string& withComma) const
 {
-    const std::string factor1 = DigitsOnly(Factor1Text());
-    const std::string withComma = Factor2Text();
     const std::string withoutComma = DigitsOnly(withComma);
     std::vector<std::string> rows;
     for (int place = 0; place < Digits2 + Decimals2; ++place) {

@@ -95,7 +95,7 @@ private:
     double drawNumber(int digitCount);
     double drawNumberFromTables(int digitCount);
     char drawCharacter(const std::string& pool);
-    std::vector<std::string> solutionRows() const;
+    std::vector<std::string> solutionRows(const std::string& factor1, const std::string& withComma) const;
     FactorEntry enterFactor(std::string_view typed, double other, double& factor, Int16& digits, Int16& decimals);
 
     RandomSource& random_;

@@ -18,7 +18,7 @@ constexpr TwipsSize areaSize { 2640, 2400 };
 constexpr FontSpec tableFont { "Arial", 12 };
 constexpr FontSpec buttonFont { "Arial", 9.75 };
 
-// A widget must not outlive the application object, as what is static does: so it ends it itself.
+// Not a static object: that would outlive the application object, which no widget may.
 Dialog* theDialog = nullptr;
 
 } // namespace
