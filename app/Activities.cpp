@@ -16,7 +16,8 @@ FormWindow* make(const Clock& clock)
 } // namespace
 
 const std::array<MakeActivity, 8> activities {
-    &make<Form2>, &make<Form3>, &make<Form4>,
+    &make<Form2>, &make<Form3>,
+    &make<Form4>, // multiplication
     nullptr, // division
     nullptr, // greater and smaller
     nullptr, // powers of ten
