@@ -1,6 +1,7 @@
 #include "app/Activities.h"
 
 #include "activities/addsub/screen/ColumnForm.h"
+#include "activities/multiply/screen/Form4.h"
 
 namespace numbrela {
 
@@ -16,7 +17,7 @@ FormWindow* make(const Clock& clock)
 
 const std::array<MakeActivity, 8> activities {
     &make<Form2>, &make<Form3>,
-    nullptr, // multiplication
+    &make<Form4>, // multiplication
     nullptr, // division
     nullptr, // greater and smaller
     nullptr, // powers of ten

@@ -27,8 +27,6 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     : menuBar_(new QMenuBar(this))
     , area_(new TwipsLayout(this, area, font))
     , shownExtent_(area_->Extent())
-    , scale_(area_->DesignPixelsPerTwip())
-    , ownScale_(scale_)
 {
     setObjectName(name);
     setWindowTitle(caption);
@@ -77,13 +75,16 @@ bool FormWindow::event(QEvent* event)
     return QWidget::event(event);
 }
 
-void FormWindow::showEvent(QShowEvent* event)
+// The size is taken before the window is shown for the first time: taken later, everything would be laid out twice.
+void FormWindow::setVisible(bool visible)
 {
-    if (!everShown_ && !isMaximized() && !isFullScreen()) {
+    if (visible && !everShown_ && !isMaximized() && !isFullScreen()) {
         everShown_ = true;
-        takeSizeAt(area_->DesignPixelsPerTwip());
+        ensurePolished();
+        menuBar_->ensurePolished();
+        takeDesignSize();
     }
-    QWidget::showEvent(event);
+    QWidget::setVisible(visible);
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event)
@@ -91,26 +92,35 @@ void FormWindow::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     scaleMenus(area_->PixelsPerTwip());
     area_->activate(); // the menu bar's height has changed with its font
-    if (size() == ownSize_) {
-        scale_ = ownScale_;
-    } else if (area_->Extent() == shownExtent_) {
-        scale_ = area_->PixelsPerTwip();
+    if (area_->Extent() == shownExtent_) {
+        wantedScale_ = size() == takenSize_ ? takenScale_ : area_->PixelsPerTwip();
     }
 }
 
-// The size at this scale, or as much of it as the screen has room for. The scale itself is kept: one worked out from a
-// size in whole pixels would be a little smaller every time.
-void FormWindow::takeSizeAt(double pixelsPerTwip)
+// The design size, or as much of it as the screen has room for.
+void FormWindow::takeDesignSize()
 {
     shownExtent_ = area_->Extent();
+    takeScale(area_->DesignPixelsPerTwip());
+}
+
+// The height of the menu bar goes with the scale, and how large a scale the screen has room for with that height.
+void FormWindow::takeScale(double pixelsPerTwip)
+{
+    scaleMenus(pixelsPerTwip);
+    const double fittingScale = std::min(pixelsPerTwip, largestScaleOnScreen());
+    scaleMenus(fittingScale);
+    wantedScale_ = pixelsPerTwip;
+    takenScale_ = pixelsPerTwip;
+    takenSize_ = windowSizeAt(fittingScale);
+    resize(takenSize_);
+}
+
+double FormWindow::largestScaleOnScreen() const
+{
     const int menuHeight = windowSizeAt(0).height();
     const QSize room = screen()->availableSize() - QSize(roomForWindowFrame, roomForWindowFrame + menuHeight);
-    const double possibleScale = std::min(pixelsPerTwip, scaleToFit(room, shownExtent_));
-    scaleMenus(possibleScale);
-    scale_ = pixelsPerTwip;
-    ownScale_ = pixelsPerTwip;
-    ownSize_ = windowSizeAt(possibleScale);
-    resize(ownSize_);
+    return scaleToFit(room, area_->Extent());
 }
 
 QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
@@ -120,16 +130,27 @@ QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
 }
 
 // When a control has been put beyond an edge, or has come back, the window grows or shrinks around it at the scale that
-// it had. A maximised window cannot: its layout has taken a smaller scale already.
+// it had, as far as the screen has room. A maximised window cannot: its layout has taken a smaller scale already.
 void FormWindow::showWholeExtent()
 {
-    if (area_->Extent() == shownExtent_) {
-        return;
+    if (const TwipsRect extent = area_->Extent(); extent != shownExtent_) {
+        shownExtent_ = extent;
+        if (!isMaximized() && !isFullScreen()) {
+            takeScale(wantedScale_);
+            moveOntoScreen();
+        }
     }
-    if (isMaximized() || isFullScreen()) {
-        shownExtent_ = area_->Extent();
-    } else {
-        takeSizeAt(scale_);
+}
+
+// A window that has grown over the edge of its screen comes back, the upper left corner in any case.
+void FormWindow::moveOntoScreen()
+{
+    const QRect room = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const QPoint wanted(std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width())),
+        std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height())));
+    if (wanted != frame.topLeft()) {
+        move(wanted);
     }
 }
 

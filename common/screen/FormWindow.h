@@ -25,6 +25,8 @@ public:
     // Shows the window while every other one is inert, and destroys it when it is closed.
     void ShowModally();
 
+    void setVisible(bool visible) override;
+
     TwipsLayout& Area() const { return *area_; }
 
 protected:
@@ -37,21 +39,23 @@ protected:
         const QKeySequence& shortcut = {});
 
     bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     QSize windowSizeAt(double pixelsPerTwip) const;
-    void takeSizeAt(double pixelsPerTwip);
+    void takeDesignSize();
+    void takeScale(double pixelsPerTwip);
+    double largestScaleOnScreen() const;
+    void moveOntoScreen();
     void showWholeExtent();
     void scaleMenus(double pixelsPerTwip);
 
     QMenuBar* menuBar_;
     TwipsLayout* area_;
     TwipsRect shownExtent_;
-    double scale_; // pixels per twip that the design, or a person who resized the window, asks for
-    double ownScale_; // the same when the window last took a size by itself, and that size
-    QSize ownSize_;
+    double wantedScale_ = 0; // what the window has, or would have if the screen had room
+    double takenScale_ = 0; // what it wanted when it last took a size by itself
+    QSize takenSize_;
     bool everShown_ = false;
 };
 

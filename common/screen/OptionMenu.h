@@ -17,6 +17,10 @@ public:
     OptionMenu(const QString& name, const QString& caption, const OptionList& options,
         const std::function<void(int)>& choose, QWidget* parent);
 
+    // The same with items that are no numbers in a row.
+    OptionMenu(const QString& name, const QString& caption, const std::vector<QString>& itemCaptions,
+        const std::function<void(int)>& choose, QWidget* parent);
+
     // Checks the item with this index alone; none of them when there is no such item.
     void CheckOnly(int index);
 

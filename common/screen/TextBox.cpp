@@ -89,6 +89,14 @@ void TextBox::SetMaximumTypedLength(int characters)
     }
 }
 
+void TextBox::SetLeastColumns(int digits)
+{
+    if (digits != leastColumns_) {
+        leastColumns_ = digits;
+        fitText();
+    }
+}
+
 int TextBox::CaretPosition() const
 {
     return hasSelectedText() ? selectionStart() : cursorPosition();
@@ -197,11 +205,19 @@ int TextBox::widthForText() const
     return contents.width() - innerMargins - caretWidth;
 }
 
+bool TextBox::fits(const QFont& font) const
+{
+    const QFontMetrics metrics(font);
+    const int width
+        = std::max(metrics.horizontalAdvance(text()), metrics.horizontalAdvance(QString(leastColumns_, u'0')));
+    return width <= widthForText();
+}
+
 void TextBox::fitText()
 {
     constexpr int smallestPixelSize = 6; // beyond that the box scrolls
     QFont fitted = designFont_;
-    while (fitted.pixelSize() > smallestPixelSize && QFontMetrics(fitted).horizontalAdvance(text()) > widthForText()) {
+    while (fitted.pixelSize() > smallestPixelSize && !fits(fitted)) {
         fitted.setPixelSize(fitted.pixelSize() - 1);
     }
     if (fitted != font()) {

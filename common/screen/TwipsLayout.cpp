@@ -41,6 +41,12 @@ TwipsLayout::TwipsLayout(QWidget* area, TwipsSize designSize, FontSpec defaultFo
 
 TwipsLayout::~TwipsLayout() = default;
 
+void TwipsLayout::SetDesignSize(TwipsSize size)
+{
+    designSize_ = size;
+    invalidate();
+}
+
 void TwipsLayout::Place(QWidget* control, TwipsRect rect, FontSpec font)
 {
     if (find(control) == nullptr) {

@@ -39,6 +39,9 @@ public:
     TwipsLayout(QWidget* area, TwipsSize designSize, FontSpec defaultFont);
     ~TwipsLayout() override;
 
+    // Makes the area larger or smaller; what is in it stays in its place.
+    void SetDesignSize(TwipsSize size);
+
     // Puts a control into the area, or moves and re-dresses one that is there.
     void Place(QWidget* control, TwipsRect rect, FontSpec font);
     void Place(QWidget* control, TwipsRect rect) { Place(control, rect, defaultFont_); }

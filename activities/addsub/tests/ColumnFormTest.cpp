@@ -745,6 +745,32 @@ TEST_P(ColumnFormTest, EnterPressedAnewOnContinuarDrawsTheNextExerciseAndChecksN
     }
 }
 
+TEST_P(ColumnFormTest, EnterHeldOnAWrongAnswerChecksItOnce)
+{
+    for (const int key : { Qt::Key_Return, Qt::Key_Enter }) {
+        Open(GetParam());
+        HoldDown(key);
+        Repeat(key);
+        Repeat(key);
+        LetGo(key);
+        EXPECT_EQ(Verdict(), "resultado incorrecto");
+        EXPECT_EQ(Score(), "Ejercicios:  1; Errores:  1");
+    }
+}
+
+// The focus goes to the answer box while the key is still down.
+TEST_P(ColumnFormTest, EnterHeldOnContinuarDoesNotCheckTheEmptyAnswer)
+{
+    AnswerRight();
+    ASSERT_EQ(FocusName(), "Command2(0)");
+    HoldDown(Qt::Key_Return);
+    ASSERT_EQ(FocusName(), "Text3");
+    Repeat(Qt::Key_Return);
+    LetGo(Qt::Key_Return);
+    EXPECT_EQ(Verdict(), "");
+    EXPECT_EQ(Score(), "Ejercicios:  1; Errores:  0");
+}
+
 TEST_P(ColumnFormTest, ARightAnswerCountsOnce)
 {
     AnswerRight();
