@@ -62,6 +62,9 @@ void Form1::Form_Load()
 
 void Form1::Command1_Click(int index)
 {
+    if (activity_ != nullptr && activity_->isVisible()) {
+        return; // two access keys pressed in one breath: the first one has opened its window
+    }
     if (index >= 0 && index < static_cast<int>(activities.size())) {
         activity_ = activities[static_cast<std::size_t>(index)](clock_);
         activity_->ShowModally();

@@ -3,6 +3,8 @@
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
 
+#include <utility>
+
 namespace numbrela {
 
 namespace {

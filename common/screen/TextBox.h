@@ -12,7 +12,8 @@ namespace numbrela {
 // - a text too wide for the box is written smaller, so that it is seen whole; boxes that stand in columns are written
 //   smaller together;
 // - a maximum length limits what is typed, never what the program writes;
-// - its form hears of every key before the box does, and of real releases only, not of those that auto-repeat makes.
+// - its form hears of a key before the box does, and of real releases only, not of those that auto-repeat makes; an
+//   Enter that is held is one Enter.
 // What the keys mean is for the form to say.
 class TextBox : public QLineEdit {
     Q_OBJECT

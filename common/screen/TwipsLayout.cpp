@@ -25,6 +25,9 @@ QFont fontInPixels(const FontSpec& spec, double pixelsPerTwip)
     QFont font(QString::fromLatin1(spec.Family));
     font.setPixelSize(std::max(1, rounded(spec.Points * twipsPerPoint * pixelsPerTwip)));
     font.setBold(spec.Bold);
+    if (font.family().startsWith(QStringLiteral("Courier"))) {
+        font.setStyleHint(QFont::Monospace); // columns stay columns even where no such font is installed
+    }
     return font;
 }
 

@@ -22,5 +22,5 @@ int main(int argc, char** argv)
     DrawMenu(gallery);
     DrawAddSub(gallery);
     DrawMultiply(gallery);
-    return gallery.Failures() == 0 ? 0 : 1;
+    return gallery.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
 }

@@ -64,6 +64,7 @@ private:
     void Form_Load();
     void buildControls();
     void buildMenus();
+    void drawExercise();
     void showNewExercise(const OperandTexts& texts);
     void takeOperand(OperandEntry (ColumnExercise::*enter)(std::string_view));
 
