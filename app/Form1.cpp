@@ -42,9 +42,14 @@ Form1::Form1(const Clock& clock)
     MenuBar()->show();
 }
 
+// The program ends with its menu, and so do the windows that are still open.
 Form1::~Form1()
 {
-    delete activity_;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != this && window->testAttribute(Qt::WA_DeleteOnClose)) {
+            delete window;
+        }
+    }
 }
 
 void Form1::Form_Load()
@@ -63,11 +68,20 @@ void Form1::Form_Load()
 void Form1::Command1_Click(int index)
 {
     if (index >= 0 && index < static_cast<int>(activities.size())) {
-        activity_ = activities[static_cast<std::size_t>(index)](clock_);
-        activity_->ShowModally();
+        showActivity(*activities[static_cast<std::size_t>(index)](clock_));
     } else if (index == static_cast<int>(Command1.size()) - 1) {
         close();
         QApplication::quit();
+    }
+}
+
+void Form1::showActivity(FormWindow& window)
+{
+    if (window.isVisible()) {
+        window.raise();
+        window.activateWindow();
+    } else {
+        window.ShowModally();
     }
 }
 

@@ -27,5 +27,7 @@ private:
 // One function for each room of the program.
 void DrawMenu(Gallery& gallery);
 void DrawAddSub(Gallery& gallery);
+void DrawShopping(Gallery& gallery);
+void DrawProductEditor(Gallery& gallery);
 
 } // namespace numbrela::testing

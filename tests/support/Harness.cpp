@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QWidget>
 
+#include <stdexcept>
 #include <utility>
 
 namespace numbrela::testing {
@@ -23,6 +25,17 @@ void failOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const 
         return;
     }
     ADD_FAILURE() << "the toolkit warns: " << message.toStdString();
+}
+
+// Windows of every design size fit on it.
+void writeProjectorScreen(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        throw std::runtime_error("cannot write " + path.toStdString());
+    }
+    file.write(R"({ "screens": [ { "name": "projector", "x": 0, "y": 0, "width": 1280, "height": 800,
+        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })");
 }
 
 class LeftoverCheck : public ::testing::EmptyTestEventListener {
@@ -52,7 +65,9 @@ std::vector<RunTimeError> TakeRunTimeErrors()
 
 HeadlessEnvironment::HeadlessEnvironment()
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QString screenFile = runtimeDirectory_.filePath(QStringLiteral("screen.json"));
+    writeProjectorScreen(screenFile);
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screenFile));
     qputenv("XDG_RUNTIME_DIR", runtimeDirectory_.path().toLocal8Bit());
 }
 
