@@ -19,8 +19,8 @@ namespace numbrela {
 
 namespace {
 
-constexpr TwipsSize area { 10500, 8400 };
-constexpr FontSpec formFont { "Verdana", 10 };
+constexpr TwipsSize area { 10500, 8550 };
+constexpr FontSpec formFont { "Verdana", 11 };
 constexpr FontSpec listFont { "Courier New", 12 };
 constexpr int mostShopCharacters = 50;
 constexpr int mostNameCharacters = 100;
@@ -53,7 +53,7 @@ void DLGProductos::buildControls()
     List1->setModel(&lines_);
     List1->setUniformItemSizes(true);
     List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    Area().Place(List1, { 500, 700, 9500, 5000 }, listFont);
+    Area().Place(List1, { 500, 700, 9500, 5150 }, listFont);
     Label1->setBuddy(List1);
 
     const std::array<QString, 3> captions { QStringLiteral("&Tienda"), QStringLiteral("&Nombre"),
@@ -62,8 +62,8 @@ void DLGProductos::buildControls()
     const std::array<int, 3> widths { 2700, 4900, 1500 };
     for (std::size_t i = 0; i < TbDatos.size(); ++i) {
         LBDatos[i] = AddLabel(
-            Area(), QStringLiteral("LBDatos(%1)").arg(i), captions[i], { lefts[i], 5900, widths[i], 350 }, formFont);
-        TbDatos[i] = AddTextBox(Area(), QStringLiteral("TbDatos(%1)").arg(i), { lefts[i], 6250, widths[i], 495 },
+            Area(), QStringLiteral("LBDatos(%1)").arg(i), captions[i], { lefts[i], 6050, widths[i], 350 }, formFont);
+        TbDatos[i] = AddTextBox(Area(), QStringLiteral("TbDatos(%1)").arg(i), { lefts[i], 6400, widths[i], 495 },
             formFont, (i < 2 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
         LBDatos[i]->setBuddy(TbDatos[i]);
     }
@@ -71,7 +71,7 @@ void DLGProductos::buildControls()
     TbDatos[1]->SetMaximumTypedLength(mostNameCharacters);
 
     const auto addButton = [this](const char* name, const QString& caption, int left) {
-        return AddButton(Area(), QString::fromLatin1(name), caption, { left, 7250, 1650, 600 }, formFont);
+        return AddButton(Area(), QString::fromLatin1(name), caption, { left, 7400, 1650, 600 }, formFont);
     };
     CBAdd = addButton("CBAdd", QStringLiteral("&Añadir"), 500);
     CBModif = addButton("CBModif", QStringLiteral("&Modificar"), 2350);

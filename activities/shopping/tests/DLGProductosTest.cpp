@@ -144,7 +144,7 @@ TEST_F(DLGProductosTest, ConsistsOfAListThreeBoxesAndFiveButtons)
 {
     open();
     EXPECT_EQ(form().windowTitle(), QStringLiteral("Productos"));
-    const FontSpec font { "Verdana", 10 };
+    const FontSpec font { "Verdana", 11 };
     const auto left = Qt::AlignLeft | Qt::AlignVCenter;
     const auto right = Qt::AlignRight | Qt::AlignVCenter;
     ExpectControls(form(),
@@ -154,30 +154,30 @@ TEST_F(DLGProductosTest, ConsistsOfAListThreeBoxesAndFiveButtons)
                 .Place = { 500, 300, 9500, 350 },
                 .Font = font,
                 .TabStop = false },
-            { .Name = "List1", .Text = "", .Place = { 500, 700, 9500, 5000 }, .Font = { "Courier New", 12 } },
+            { .Name = "List1", .Text = "", .Place = { 500, 700, 9500, 5150 }, .Font = { "Courier New", 12 } },
             { .Name = "LBDatos(0)",
                 .Text = "&Tienda",
-                .Place = { 500, 5900, 2700, 350 },
+                .Place = { 500, 6050, 2700, 350 },
                 .Font = font,
                 .TabStop = false },
             { .Name = "LBDatos(1)",
                 .Text = "&Nombre",
-                .Place = { 3400, 5900, 4900, 350 },
+                .Place = { 3400, 6050, 4900, 350 },
                 .Font = font,
                 .TabStop = false },
             { .Name = "LBDatos(2)",
                 .Text = "Precio",
-                .Place = { 8500, 5900, 1500, 350 },
+                .Place = { 8500, 6050, 1500, 350 },
                 .Font = font,
                 .TabStop = false },
-            { .Name = "TbDatos(0)", .Text = "", .Place = { 500, 6250, 2700, 495 }, .Font = font, .Alignment = left },
-            { .Name = "TbDatos(1)", .Text = "", .Place = { 3400, 6250, 4900, 495 }, .Font = font, .Alignment = left },
-            { .Name = "TbDatos(2)", .Text = "", .Place = { 8500, 6250, 1500, 495 }, .Font = font, .Alignment = right },
-            { .Name = "CBAdd", .Text = "&Añadir", .Place = { 500, 7250, 1650, 600 }, .Font = font },
-            { .Name = "CBModif", .Text = "&Modificar", .Place = { 2350, 7250, 1650, 600 }, .Font = font },
-            { .Name = "CBElim", .Text = "&Eliminar", .Place = { 4200, 7250, 1650, 600 }, .Font = font },
-            { .Name = "OKButton", .Text = "Aceptar", .Place = { 6500, 7250, 1650, 600 }, .Font = font },
-            { .Name = "CancelButton", .Text = "Cancelar", .Place = { 8350, 7250, 1650, 600 }, .Font = font },
+            { .Name = "TbDatos(0)", .Text = "", .Place = { 500, 6400, 2700, 495 }, .Font = font, .Alignment = left },
+            { .Name = "TbDatos(1)", .Text = "", .Place = { 3400, 6400, 4900, 495 }, .Font = font, .Alignment = left },
+            { .Name = "TbDatos(2)", .Text = "", .Place = { 8500, 6400, 1500, 495 }, .Font = font, .Alignment = right },
+            { .Name = "CBAdd", .Text = "&Añadir", .Place = { 500, 7400, 1650, 600 }, .Font = font },
+            { .Name = "CBModif", .Text = "&Modificar", .Place = { 2350, 7400, 1650, 600 }, .Font = font },
+            { .Name = "CBElim", .Text = "&Eliminar", .Place = { 4200, 7400, 1650, 600 }, .Font = font },
+            { .Name = "OKButton", .Text = "Aceptar", .Place = { 6500, 7400, 1650, 600 }, .Font = font },
+            { .Name = "CancelButton", .Text = "Cancelar", .Place = { 8350, 7400, 1650, 600 }, .Font = font },
         });
     EXPECT_EQ(FocusName(), "List1");
 }
