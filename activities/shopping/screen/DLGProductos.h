@@ -37,15 +37,15 @@ public:
 
     std::filesystem::path Ruta; // of the catalogue file
 
-    QLabel* Label1;
-    QListView* List1;
-    std::array<QLabel*, 3> LBDatos;
-    std::array<TextBox*, 3> TbDatos; // shop, name, price
-    CommandButton* CBAdd;
-    CommandButton* CBModif;
-    CommandButton* CBElim;
-    CommandButton* OKButton;
-    CommandButton* CancelButton;
+    QLabel* Label1 = nullptr;
+    QListView* List1 = nullptr;
+    std::array<QLabel*, 3> LBDatos {};
+    std::array<TextBox*, 3> TbDatos {}; // shop, name, price
+    CommandButton* CBAdd = nullptr;
+    CommandButton* CBModif = nullptr;
+    CommandButton* CBElim = nullptr;
+    CommandButton* OKButton = nullptr;
+    CommandButton* CancelButton = nullptr;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QListView>
+#include <QMessageBox>
 #include <QPointer>
 #include <QTest>
 
@@ -623,11 +624,20 @@ protected:
 
     ~HandoverTest() override
     {
+        while (!openWindows().empty()) {
+            delete openWindows().front();
+        }
+    }
+
+    static std::vector<QWidget*> openWindows()
+    {
+        std::vector<QWidget*> windows;
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (window->isVisible()) {
-                delete window;
+                windows.push_back(window);
             }
         }
+        return windows;
     }
 
     static void deleteClosedWindows()
@@ -639,18 +649,12 @@ protected:
     // The one window that is open; null, and the test has failed, when it is another one or none or many.
     static QWidget* onlyWindow(const char* name)
     {
-        QWidget* only = nullptr;
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->isVisible()) {
-                EXPECT_EQ(only, nullptr) << "more than one window is open";
-                only = window;
-            }
-        }
-        if (only == nullptr || only->objectName().toStdString() != name) {
-            ADD_FAILURE() << "not open: " << name;
+        const std::vector<QWidget*> windows = openWindows();
+        if (windows.size() != 1 || windows.front()->objectName().toStdString() != name) {
+            ADD_FAILURE() << "not open, or not alone: " << name;
             return nullptr;
         }
-        return only;
+        return windows.front();
     }
 
     DLGProductos& openEditor()
@@ -746,6 +750,47 @@ TEST_F(HandoverTest, DoesAsCancelarWhenItsCloseBoxIsPressed)
     editor.close();
     expectShopping(false);
     EXPECT_EQ(ReadBytes(path_), saved_);
+}
+
+// As a teacher does it: out of the shopping window, a product more, and into the shop that sells it.
+TEST_F(HandoverTest, ShopsWithTheNewCatalogueAtOnce)
+{
+    ShowShopping(clock_, path_, true);
+    QWidget* shopping = onlyWindow("Form7");
+    ASSERT_NE(shopping, nullptr);
+    ShowAndActivate(*shopping);
+    Press(Qt::Key_F3);
+    deleteClosedWindows();
+    auto* editor = dynamic_cast<DLGProductos*>(onlyWindow("DLGProductos"));
+    ASSERT_NE(editor, nullptr);
+    ShowAndActivate(*editor);
+    expectAdded(QStringLiteral("Una barra de pan"), QStringLiteral("0,85"), QStringLiteral("Panadería"));
+    Click(*editor, QStringLiteral("CBAdd"));
+    Click(*editor, QStringLiteral("OKButton"));
+    deleteClosedWindows();
+
+    shopping = onlyWindow("Form7");
+    ASSERT_NE(shopping, nullptr);
+    ShowAndActivate(*shopping);
+    Click(*shopping, QStringLiteral("CBTienda(5)"));
+    const auto& shelf = Find<QListView>(*shopping, QStringLiteral("LIDisponibles"));
+    ASSERT_EQ(shelf.model()->rowCount(), 1);
+    EXPECT_EQ(shelf.model()->index(0, 0).data().toString(), QStringLiteral("Una barra de pan"));
+}
+
+TEST_F(HandoverTest, OpensTheShoppingWindowInsteadWhenTheCatalogueCannotBeRead)
+{
+    std::filesystem::remove(path_);
+    std::filesystem::create_directory(path_);
+    ExpectDialog([this](QDialog& box) {
+        EXPECT_NE(dynamic_cast<QMessageBox&>(box).text().toStdString().find(
+                      "No se puede leer el archivo «" + path_.string() + "»: es una carpeta."),
+            std::string::npos);
+        box.accept();
+    });
+    ShowEditor(clock_, path_);
+    waitForBoxes();
+    EXPECT_NE(onlyWindow("Form7"), nullptr);
 }
 
 TEST_F(HandoverTest, NamesFileAndReasonOfASaveThatFailsAndCanBeAcceptedOnceTheCauseIsGone)
