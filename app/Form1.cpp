@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QMenuBar>
 
+#include <vector>
+
 namespace numbrela {
 
 namespace {
@@ -45,11 +47,13 @@ Form1::Form1(const Clock& clock)
 // The program ends with its menu, and so do the windows that are still open.
 Form1::~Form1()
 {
+    std::vector<QWidget*> windows;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window != this && window->testAttribute(Qt::WA_DeleteOnClose)) {
-            delete window;
+            windows.push_back(window);
         }
     }
+    qDeleteAll(windows);
 }
 
 void Form1::Form_Load()

@@ -27,15 +27,15 @@ namespace numbrela {
 
 namespace {
 
-constexpr TwipsSize areaSize { 14900, 9000 };
-constexpr TwipsRect listFrame { 300, 300, 4400, 8400 };
-constexpr TwipsRect centreFrame { 6050, 1000, 7500, 7000 };
-constexpr TwipsRect shopFrame { 5000, 300, 9600, 8400 };
+constexpr TwipsSize areaSize { 15000, 9000 };
+constexpr TwipsRect listFrame { 300, 300, 4500, 8400 };
+constexpr TwipsRect centreFrame { 6150, 1000, 7500, 7000 };
+constexpr TwipsRect shopFrame { 5100, 300, 9600, 8400 };
 
 constexpr FontSpec formFont { "Arial", 12 };
 constexpr FontSpec headingFont { "Arial", 18, true };
 constexpr FontSpec valueFont { "Arial", 18 };
-constexpr FontSpec shopFont { "Arial", 10 };
+constexpr FontSpec shopFont { "Arial", 9.75 };
 constexpr FontSpec instructionFont { "Verdana", 12 };
 constexpr FontSpec columnFont { "Courier New", 12 };
 
@@ -148,20 +148,20 @@ void Form7::buildFrame1()
 {
     TwipsLayout& area = *AddFrame(Area(), QStringLiteral("Frame1"), listFrame, formFont);
     Frame1 = frameOf(area);
-    List1 = add(area, new ListBox(Frame1), QStringLiteral("List1"), { 240, 600, 3920, 4350 }, formFont);
+    List1 = add(area, new ListBox(Frame1), QStringLiteral("List1"), { 240, 600, 4020, 4350 }, formFont);
     Label1[0] = addCaption(
-        area, QStringLiteral("Label1(0)"), QStringLiteral("&Lista de la compra"), { 240, 180, 3920, 360 }, List1);
+        area, QStringLiteral("Label1(0)"), QStringLiteral("&Lista de la compra"), { 240, 180, 4020, 360 }, List1);
 
-    TBTiempo = AddReadOnlyBox(area, QStringLiteral("TBTiempo"), {}, { 240, 5580, 3920, 600 }, valueFont);
+    TBTiempo = AddReadOnlyBox(area, QStringLiteral("TBTiempo"), {}, { 240, 5580, 4020, 600 }, valueFont);
     Label1[1] = addCaption(
-        area, QStringLiteral("Label1(1)"), QStringLiteral("&Tiempo disponible"), { 240, 5160, 3920, 360 }, TBTiempo);
+        area, QStringLiteral("Label1(1)"), QStringLiteral("&Tiempo disponible"), { 240, 5160, 4020, 360 }, TBTiempo);
 
-    TBDinero = AddReadOnlyBox(area, QStringLiteral("TBDinero"), {}, { 240, 6780, 3920, 600 }, valueFont);
+    TBDinero = AddReadOnlyBox(area, QStringLiteral("TBDinero"), {}, { 240, 6780, 4020, 600 }, valueFont);
     Label1[2] = addCaption(
-        area, QStringLiteral("Label1(2)"), QStringLiteral("&Dinero disponible"), { 240, 6360, 3920, 360 }, TBDinero);
+        area, QStringLiteral("Label1(2)"), QStringLiteral("&Dinero disponible"), { 240, 6360, 4020, 360 }, TBDinero);
 
     CBVolver = AddButton(
-        area, QStringLiteral("CBVolver"), QStringLiteral("&Volver a casa"), { 240, 7620, 3920, 540 }, formFont);
+        area, QStringLiteral("CBVolver"), QStringLiteral("&Volver a casa"), { 240, 7620, 4020, 540 }, formFont);
     CBVolver->SetBackColour(Qt::green);
     connect(CBVolver, &QPushButton::clicked, this, &Form7::CBVolver_Click);
 }

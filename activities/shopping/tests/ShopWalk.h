@@ -23,6 +23,12 @@ inline void ShowAndAnswerBoxes(Form7& form)
     ShowAndActivate(form);
 }
 
+// The control of the window that has the focus, or will have it again when the window is in front.
+inline std::string FocusIn(const Form7& form)
+{
+    return form.focusWidget() == nullptr ? std::string() : form.focusWidget()->objectName().toStdString();
+}
+
 inline int LineOf(const ListBox& list, const QString& text)
 {
     for (int line = 0; line < list.count(); ++line) {
