@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QMenuBar>
 
+#include <vector>
+
 namespace numbrela {
 
 namespace {
@@ -42,9 +44,16 @@ Form1::Form1(const Clock& clock)
     MenuBar()->show();
 }
 
+// The program ends with its menu, and so do the windows that are still open.
 Form1::~Form1()
 {
-    delete activity_;
+    std::vector<QWidget*> windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != this && window->testAttribute(Qt::WA_DeleteOnClose)) {
+            windows.push_back(window);
+        }
+    }
+    qDeleteAll(windows);
 }
 
 void Form1::Form_Load()
@@ -62,15 +71,24 @@ void Form1::Form_Load()
 
 void Form1::Command1_Click(int index)
 {
-    if (activity_ != nullptr && activity_->isVisible()) {
+    if (QApplication::activeModalWidget() != nullptr) {
         return; // two access keys pressed in one breath: the first one has opened its window
     }
     if (index >= 0 && index < static_cast<int>(activities.size())) {
-        activity_ = activities[static_cast<std::size_t>(index)](clock_);
-        activity_->ShowModally();
+        showActivity(*activities[static_cast<std::size_t>(index)](clock_));
     } else if (index == static_cast<int>(Command1.size()) - 1) {
         close();
         QApplication::quit();
+    }
+}
+
+void Form1::showActivity(FormWindow& window)
+{
+    if (window.isVisible()) {
+        window.raise();
+        window.activateWindow();
+    } else {
+        window.ShowModally();
     }
 }
 

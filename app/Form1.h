@@ -3,8 +3,6 @@
 #include "common/core/TimeOfDay.h"
 #include "common/screen/FormWindow.h"
 
-#include <QPointer>
-
 #include <array>
 
 namespace numbrela {
@@ -25,9 +23,9 @@ public:
 
 private:
     void Form_Load();
+    static void showActivity(FormWindow& window);
 
     const Clock& clock_;
-    QPointer<FormWindow> activity_;
 };
 
 } // namespace numbrela

@@ -25,6 +25,16 @@ void ShowMessage(QWidget* parent, const std::string& text, const std::string& ti
     box.exec();
 }
 
+bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title)
+{
+    QMessageBox box(QMessageBox::NoIcon, titleOrApplications(title), QString::fromStdString(text),
+        QMessageBox::Yes | QMessageBox::No, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 std::string AskText(
     QWidget* parent, const std::string& prompt, const std::string& title, const std::string& defaultText)
 {

@@ -12,6 +12,10 @@ namespace numbrela {
 // A message with the one button "Aceptar" and no icon.
 void ShowMessage(QWidget* parent, const std::string& text, const std::string& title = {});
 
+// A question with the buttons "Sí" and "No", of which Enter presses the first and Escape the second, and no icon.
+// Whether the answer was yes.
+bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title = {});
+
 // A line of text that a person types; empty when they cancel.
 std::string AskText(
     QWidget* parent, const std::string& prompt, const std::string& title, const std::string& defaultText = {});

@@ -28,5 +28,7 @@ private:
 void DrawMenu(Gallery& gallery);
 void DrawAddSub(Gallery& gallery);
 void DrawMultiply(Gallery& gallery);
+void DrawShopping(Gallery& gallery);
+void DrawProductEditor(Gallery& gallery);
 
 } // namespace numbrela::testing

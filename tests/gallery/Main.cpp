@@ -22,5 +22,7 @@ int main(int argc, char** argv)
     DrawMenu(gallery);
     DrawAddSub(gallery);
     DrawMultiply(gallery);
+    DrawShopping(gallery);
+    DrawProductEditor(gallery);
     return gallery.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
 }

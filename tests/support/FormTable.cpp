@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTextEdit>
 
 #include <algorithm>
 #include <cmath>
@@ -31,6 +32,9 @@ QString textOf(const QWidget& control)
 {
     if (const auto* box = qobject_cast<const QLineEdit*>(&control)) {
         return box->text();
+    }
+    if (const auto* box = qobject_cast<const QTextEdit*>(&control)) {
+        return box->toPlainText();
     }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
         return button->text();

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QWidget>
 
+#include <stdexcept>
 #include <utility>
 
 namespace numbrela::testing {
@@ -17,12 +19,24 @@ std::vector<RunTimeError> runTimeErrors;
 
 void failOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
 {
-    // The platform without a display says so of every window, and nothing depends on it.
+    // What a platform without a display cannot do, and nothing depends on.
     if (type == QtDebugMsg || type == QtInfoMsg
-        || message == QStringLiteral("This plugin does not support propagateSizeHints()")) {
+        || message == QStringLiteral("This plugin does not support propagateSizeHints()")
+        || message == QStringLiteral("This plugin does not support raise()")) {
         return;
     }
     ADD_FAILURE() << "the toolkit warns: " << message.toStdString();
+}
+
+// Windows of every design size fit on it.
+void writeProjectorScreen(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        throw std::runtime_error("cannot write " + path.toStdString());
+    }
+    file.write(R"({ "screens": [ { "name": "projector", "x": 0, "y": 0, "width": 1280, "height": 800,
+        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })");
 }
 
 class LeftoverCheck : public ::testing::EmptyTestEventListener {
@@ -52,7 +66,9 @@ std::vector<RunTimeError> TakeRunTimeErrors()
 
 HeadlessEnvironment::HeadlessEnvironment()
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QString screenFile = runtimeDirectory_.filePath(QStringLiteral("screen.json"));
+    writeProjectorScreen(screenFile);
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screenFile));
     qputenv("XDG_RUNTIME_DIR", runtimeDirectory_.path().toLocal8Bit());
 }
 

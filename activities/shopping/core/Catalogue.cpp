@@ -1,0 +1,133 @@
+#include "activities/shopping/core/Catalogue.h"
+
+#include "activities/shopping/core/CatalogueFile.h"
+#include "common/core/Int16.h"
+#include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+namespace numbrela {
+
+namespace {
+
+constexpr std::size_t nombreWidth = sizeof(Product::Nombre.Bytes);
+constexpr std::size_t precioWidth = sizeof(std::uint32_t);
+constexpr std::size_t tiendaWidth = sizeof(Product::Tienda.Bytes);
+constexpr std::size_t recordSize = nombreWidth + precioWidth + tiendaWidth;
+static_assert(recordSize == 154);
+
+constexpr std::size_t recordsAtATime = 1024;
+using Records = std::vector<char>;
+
+float readLittleEndian(const char* bytes)
+{
+    std::uint32_t bits = 0;
+    for (std::size_t i = 0; i < precioWidth; ++i) {
+        bits |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[i])) << (8 * i);
+    }
+    return std::bit_cast<float>(bits);
+}
+
+void writeLittleEndian(float value, char* bytes)
+{
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    for (std::size_t i = 0; i < precioWidth; ++i) {
+        bytes[i] = static_cast<char>((bits >> (8 * i)) & 0xFFU);
+    }
+}
+
+float priceOf(const char* record)
+{
+    return readLittleEndian(record + nombreWidth);
+}
+
+void readRecord(const char* record, Product& product)
+{
+    std::memcpy(product.Nombre.Bytes.data(), record, nombreWidth);
+    product.Precio = priceOf(record);
+    std::memcpy(product.Tienda.Bytes.data(), record + nombreWidth + precioWidth, tiendaWidth);
+}
+
+void writeRecord(const Product& product, char* record)
+{
+    std::memcpy(record, product.Nombre.Bytes.data(), nombreWidth);
+    writeLittleEndian(product.Precio, record + nombreWidth);
+    std::memcpy(record + nombreWidth + precioWidth, product.Tienda.Bytes.data(), tiendaWidth);
+}
+
+} // namespace
+
+bool IsEmpty(const ProductTable& table)
+{
+    return table.front().Nombre.IsUnset();
+}
+
+int AddProduct(ProductTable& table, const Product& product)
+{
+    if (IsEmpty(table)) {
+        table.front() = product;
+        return 0;
+    }
+    if (table.size() >= static_cast<std::size_t>(MostProducts)) {
+        throw RunTimeError(RunTimeError::Kind::Overflow,
+            "El catálogo está lleno: no caben más de " + std::to_string(MostProducts) + " productos.");
+    }
+    table.push_back(product);
+    return static_cast<int>(table.size()) - 1;
+}
+
+std::optional<float> ParsePrice(std::string_view text)
+{
+    try {
+        const std::optional<double> number = ParseTypedNumber(text);
+        const auto price = static_cast<float>(number.value_or(0));
+        return number && std::isfinite(price) ? std::optional(price) : std::nullopt;
+    } catch (const RunTimeError&) { // not even a double can hold it
+        return std::nullopt;
+    }
+}
+
+ProductTable LoadCatalogue(const std::filesystem::path& path)
+{
+    CatalogueReader file(path);
+    ProductTable table(1);
+    table.reserve(std::min<std::size_t>(file.Size() / recordSize, MostProducts) + 1);
+    Int16 count;
+    Records buffer(recordsAtATime * recordSize);
+    std::size_t filled = buffer.size();
+    while (filled == buffer.size()) {
+        filled = file.Read(buffer);
+        for (std::size_t end = recordSize; end <= filled; end += recordSize) {
+            const char* record = buffer.data() + end - recordSize;
+            if (priceOf(record) > 0) {
+                table.resize(static_cast<std::size_t>(count) + 1);
+                readRecord(record, table.back());
+                ++count;
+            }
+        }
+    }
+    return table;
+}
+
+void SaveCatalogue(const std::filesystem::path& path, const ProductTable& table)
+{
+    CatalogueReplacement file(path);
+    Records buffer(std::min(table.size(), recordsAtATime) * recordSize);
+    std::size_t filled = 0;
+    for (const Product& product : table) {
+        writeRecord(product, buffer.data() + filled);
+        filled += recordSize;
+        if (filled == buffer.size()) {
+            file.Write({ buffer.data(), filled });
+            filled = 0;
+        }
+    }
+    file.Write({ buffer.data(), filled });
+    file.Commit();
+}
+
+} // namespace numbrela

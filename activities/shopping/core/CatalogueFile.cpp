@@ -1,0 +1,242 @@
+#include "activities/shopping/core/CatalogueFile.h"
+
+#include "common/core/RunTimeError.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace numbrela {
+
+namespace {
+
+constexpr const char* newNameMark = ".nuevo-"; // and the number of the process
+constexpr mode_t whatTheUmaskAllows = 0666;
+
+std::string reasonOf(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return "la carpeta no existe";
+    case EACCES:
+    case EPERM:
+        return "no hay permiso";
+    case EROFS:
+        return "el disco es de solo lectura";
+    case ENOSPC:
+    case EDQUOT:
+        return "el disco está lleno";
+    case EFBIG:
+        return "el archivo sería demasiado grande";
+    case EISDIR:
+        return "es una carpeta";
+    case EIO:
+        return "el disco falla";
+    case ENAMETOOLONG:
+        return "el nombre es demasiado largo";
+    case EINVAL:
+        return "no es un archivo de datos";
+    default:
+        return std::string("error ") + std::to_string(error) + " del sistema (" + std::strerror(error) + ")";
+    }
+}
+
+[[noreturn]] void failAt(const std::filesystem::path& path, const char* action, const std::string& reason)
+{
+    throw RunTimeError(RunTimeError::Kind::File,
+        std::string("No se puede ") + action + " el archivo «" + path.string() + "»: " + reason + ".");
+}
+
+// Repeats a call that a signal has interrupted.
+template <typename Call>
+auto untilDone(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+// Brings to the disk what has been written. Some file systems have no such call for folders and need none.
+bool syncToDisk(const Descriptor& descriptor)
+{
+    return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+// The file itself, where the path is a link to it: a link stays a link.
+std::filesystem::path fileBehind(const std::filesystem::path& path)
+{
+    std::error_code unresolved;
+    const std::filesystem::path file = std::filesystem::canonical(path, unresolved);
+    return unresolved ? path : file;
+}
+
+int openOrCreate(const std::filesystem::path& path)
+{
+    const int found = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    return found >= 0 || errno != ENOENT ? found
+                                         : ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, whatTheUmaskAllows);
+}
+
+std::filesystem::path folderOf(const std::filesystem::path& path)
+{
+    return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+}
+
+} // namespace
+
+Descriptor::~Descriptor()
+{
+    Close();
+}
+
+bool Descriptor::Close()
+{
+    const int number = number_;
+    number_ = -1;
+    return number < 0 || ::close(number) == 0 || errno == EINTR; // interrupted, it is closed all the same
+}
+
+CatalogueReader::CatalogueReader(const std::filesystem::path& path)
+    : path_(path)
+    , file_(openOrCreate(path))
+{
+    struct stat status { };
+    if (!file_.IsOpen() || ::fstat(file_.Number(), &status) != 0) {
+        failAt(path_, "leer", reasonOf(errno));
+    }
+    if (!S_ISREG(status.st_mode)) {
+        failAt(path_, "leer", reasonOf(S_ISDIR(status.st_mode) ? EISDIR : EINVAL));
+    }
+    size_ = static_cast<std::size_t>(status.st_size);
+}
+
+std::size_t CatalogueReader::Read(std::span<char> buffer)
+{
+    std::size_t filled = 0;
+    while (filled < buffer.size()) {
+        const std::span<char> rest = buffer.subspan(filled);
+        const ssize_t count = untilDone([&] { return ::read(file_.Number(), rest.data(), rest.size()); });
+        if (count < 0) {
+            failAt(path_, "leer", reasonOf(errno));
+        }
+        if (count == 0) {
+            break;
+        }
+        filled += static_cast<std::size_t>(count);
+    }
+    return filled;
+}
+
+CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
+    : path_(fileBehind(path))
+    , newName_(path_.filename().string() + newNameMark + std::to_string(::getpid()))
+    , folder_(::open(folderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    , file_(openNewFile())
+{
+    keepOwnerAndPermissions();
+}
+
+CatalogueReplacement::~CatalogueReplacement()
+{
+    if (!committed_) {
+        ::unlinkat(folder_.Number(), newName_.c_str(), 0);
+    }
+}
+
+void CatalogueReplacement::Write(std::span<const char> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = untilDone([&] { return ::write(file_.Number(), bytes.data(), bytes.size()); });
+        if (count < 0) {
+            fail();
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+}
+
+// The new file is whole on the disk before it takes over the name, and the folder tells so before the save counts as
+// done.
+void CatalogueReplacement::Commit()
+{
+    if (!syncToDisk(file_) || !file_.Close()) {
+        fail();
+    }
+    if (::renameat(folder_.Number(), newName_.c_str(), folder_.Number(), path_.filename().c_str()) != 0) {
+        fail();
+    }
+    committed_ = true;
+    if (!syncToDisk(folder_)) {
+        fail();
+    }
+}
+
+// A file that its owner protects from writing would be replaced all the same: a name belongs to the folder.
+int CatalogueReplacement::openNewFile() const
+{
+    struct stat old { };
+    if (!folder_.IsOpen()) {
+        fail();
+    }
+    if (::stat(path_.c_str(), &old) == 0) {
+        constexpr mode_t anybodyMayWrite = 0222;
+        if (!S_ISREG(old.st_mode)) {
+            failAt(path_, "escribir", reasonOf(S_ISDIR(old.st_mode) ? EISDIR : EINVAL));
+        }
+        if ((old.st_mode & anybodyMayWrite) == 0) {
+            failAt(path_, "escribir", "el archivo es de solo lectura");
+        }
+        if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) {
+            fail();
+        }
+    } else if (errno != ENOENT) {
+        fail();
+    }
+    removeLeftovers();
+    const int file
+        = ::openat(folder_.Number(), newName_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, whatTheUmaskAllows);
+    if (file < 0) {
+        fail();
+    }
+    return file;
+}
+
+// New files that never took over: of a save that was killed, or that a loss of power stopped.
+void CatalogueReplacement::removeLeftovers() const
+{
+    const std::string beginning = path_.filename().string() + newNameMark;
+    std::error_code ignored; // what cannot be removed does no harm
+    for (const auto& entry : std::filesystem::directory_iterator(folderOf(path_), ignored)) {
+        const std::string name = entry.path().filename().string();
+        if (name.compare(0, beginning.size(), beginning) == 0) {
+            ::unlinkat(folder_.Number(), name.c_str(), 0);
+        }
+    }
+}
+
+// As far as the system lets this user: a file system without owners does not, and needs none.
+void CatalogueReplacement::keepOwnerAndPermissions() const
+{
+    struct stat old { };
+    if (::stat(path_.c_str(), &old) != 0) {
+        return;
+    }
+    bool kept = ::fchown(file_.Number(), old.st_uid, old.st_gid) == 0;
+    kept = kept || ::fchown(file_.Number(), static_cast<uid_t>(-1), old.st_gid) == 0;
+    constexpr mode_t permissions = 07777;
+    kept = ::fchmod(file_.Number(), old.st_mode & permissions) == 0 && kept;
+    static_cast<void>(kept);
+}
+
+void CatalogueReplacement::fail() const
+{
+    failAt(path_, "escribir", reasonOf(errno));
+}
+
+} // namespace numbrela

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <span>
+#include <string>
+
+// The catalogue's bytes on the disk, and all that is the operating system's about them. What the bytes mean is not
+// known here. Failures are RunTimeError::File with the file's name and the reason, in Spanish.
+namespace numbrela {
+
+// A file descriptor that closes itself.
+class Descriptor {
+public:
+    explicit Descriptor(int number)
+        : number_(number)
+    {
+    }
+    ~Descriptor();
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int Number() const { return number_; }
+    bool IsOpen() const { return number_ >= 0; }
+
+    // False when what was written could not be kept.
+    bool Close();
+
+private:
+    int number_;
+};
+
+// Reads the file from its beginning. One that is missing is created empty.
+class CatalogueReader {
+public:
+    explicit CatalogueReader(const std::filesystem::path& path);
+
+    // Bytes in the file when it was opened.
+    std::size_t Size() const { return size_; }
+
+    // Fills the buffer as far as the file goes, and returns how far that is.
+    std::size_t Read(std::span<char> buffer);
+
+private:
+    std::filesystem::path path_;
+    Descriptor file_;
+    std::size_t size_ = 0;
+};
+
+// Writes a new file beside the old one and, when it is all on the disk, puts it into the old one's place. Until then
+// the old one is untouched; one that is never committed leaves nothing behind.
+class CatalogueReplacement {
+public:
+    explicit CatalogueReplacement(const std::filesystem::path& path);
+    ~CatalogueReplacement();
+    CatalogueReplacement(const CatalogueReplacement&) = delete;
+    CatalogueReplacement& operator=(const CatalogueReplacement&) = delete;
+
+    void Write(std::span<const char> bytes);
+    void Commit();
+
+private:
+    int openNewFile() const;
+    void removeLeftovers() const;
+    void keepOwnerAndPermissions() const;
+    [[noreturn]] void fail() const;
+
+    std::filesystem::path path_;
+    std::string newName_; // in the same folder, until the new file takes over the name of the old one
+    Descriptor folder_;
+    Descriptor file_;
+    bool committed_ = false;
+};
+
+} // namespace numbrela

@@ -1,0 +1,79 @@
+#include "activities/shopping/core/Money.h"
+
+#include "common/core/Arithmetic.h"
+#include "common/core/NumberText.h"
+
+#include <cmath>
+
+namespace numbrela {
+
+namespace {
+
+// The price in cents as a pupil rounds what is written, half a cent up: a single's "1,005" is 101 cents, although the
+// single itself lies a little below.
+double centsOf(float price)
+{
+    constexpr double moreThanADoubleLoses = 1e-9;
+    const double written = ParseDisplayNumber(PlainDecimalText(price));
+    return std::floor(std::fabs(written) * 100 + 0.5 + moreThanADoubleLoses);
+}
+
+} // namespace
+
+int CompareMoney(float a, float b)
+{
+    constexpr float tolerance = 0.0001F;
+    if (std::fabs(a - b) < tolerance) {
+        return 0;
+    }
+    return a >= b ? 1 : -1;
+}
+
+float NotesAbove(float amount)
+{
+    constexpr double smallestNote = 5;
+    return static_cast<float>(std::trunc(RoundHalfToEven(amount) / smallestNote) * smallestNote + smallestNote);
+}
+
+std::string PriceText(float price)
+{
+    constexpr int width = 6;
+    constexpr std::size_t decimals = 2;
+    const double cents = centsOf(price);
+    std::string text = PlainDecimalText(cents);
+    if (text.size() <= decimals) {
+        text.insert(0, decimals + 1 - text.size(), '0');
+    }
+    text.insert(text.size() - decimals, ",");
+    return PadLeft(price < 0 && cents > 0 ? "-" + text : text, width);
+}
+
+std::string PurseText(float money)
+{
+    std::string text = PlainDecimalText(RoundHalfToEven(money));
+    if (text.size() < 2) {
+        text.insert(0, "0");
+    }
+    constexpr std::size_t groupSize = 3;
+    for (std::size_t place = text.size(); place > groupSize;) {
+        place -= groupSize;
+        text.insert(place, ".");
+    }
+    return text + "€";
+}
+
+std::string RemainderText(float money)
+{
+    return PlainDecimalText(money) + " €";
+}
+
+std::string TimeText(int seconds)
+{
+    if (seconds < 1) {
+        return {};
+    }
+    const std::string rest = std::to_string(seconds % 60);
+    return std::to_string(seconds / 60) + " : " + (rest.size() < 2 ? "0" + rest : rest);
+}
+
+} // namespace numbrela

@@ -1,0 +1,105 @@
+#include "activities/shopping/core/ProductEditor.h"
+
+#include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace numbrela {
+
+namespace {
+
+constexpr std::size_t tiendaColumn = 18; // characters
+constexpr std::size_t nombreColumn = 30;
+
+// A catalogue file may hold an infinite price, which is above zero.
+std::string priceText(float price)
+{
+    return std::isfinite(price) ? PlainDecimalText(price) : "infinito";
+}
+
+template <int Width>
+std::string column(const FixedText<Width>& text, std::size_t characters)
+{
+    std::string beginning(text.Bytes.data(), characters);
+    std::replace(beginning.begin(), beginning.end(), '\0', ' '); // of a text that was never set
+    return Utf8FromWindows1252(beginning);
+}
+
+} // namespace
+
+std::string ProductEditor::LineText(int product) const
+{
+    const Product& entry = Table.at(static_cast<std::size_t>(product));
+    return column(entry.Tienda, tiendaColumn) + column(entry.Nombre, nombreColumn) + " " + priceText(entry.Precio)
+        + "€";
+}
+
+ProductTexts ProductEditor::TextsOf(int product) const
+{
+    const Product& entry = Table.at(static_cast<std::size_t>(product));
+    return { entry.Tienda.Trimmed(), entry.Nombre.Trimmed(), priceText(entry.Precio) };
+}
+
+bool ProductEditor::WriteBack(const ProductTexts& boxes)
+{
+    if (!Editing) {
+        return true;
+    }
+    Product& entry = Table.at(static_cast<std::size_t>(SelectedProduct));
+    const bool untouched = !std::isfinite(entry.Precio) && boxes.Precio == priceText(entry.Precio);
+    const std::optional<float> price = untouched ? entry.Precio : ParsePrice(boxes.Precio);
+    if (!price) {
+        return false;
+    }
+    entry = { .Nombre = Trimmed(boxes.Nombre), .Precio = *price, .Tienda = Trimmed(boxes.Tienda) };
+    return true;
+}
+
+void ProductEditor::Select(int product, int line)
+{
+    SelectedProduct = product;
+    SelectedLine = line;
+    Editing = true;
+}
+
+int ProductEditor::Add(const Product& product)
+{
+    const bool replacesShown = IsEmpty(Table);
+    const int index = AddProduct(Table, product);
+    Editing = Editing && !replacesShown;
+    return index;
+}
+
+void ProductEditor::Change(int product, const ProductTexts& answers)
+{
+    Product changed = Table.at(static_cast<std::size_t>(product));
+    if (!answers.Tienda.empty()) {
+        changed.Tienda = Trimmed(answers.Tienda);
+    }
+    if (!answers.Nombre.empty()) {
+        changed.Nombre = Trimmed(answers.Nombre);
+    }
+    if (!answers.Precio.empty()) {
+        changed.Precio = static_cast<float>(LeadingNumber(answers.Precio));
+        if (!std::isfinite(changed.Precio)) {
+            throw RunTimeError(RunTimeError::Kind::Overflow, "El precio «" + answers.Precio + "» es demasiado grande.");
+        }
+    }
+    Table.at(static_cast<std::size_t>(product)) = changed;
+}
+
+int ProductEditor::Delete(int product, int line)
+{
+    if (Table.size() == 1) {
+        Table.front().Precio = 0;
+    } else {
+        Table.erase(Table.begin() + product);
+    }
+    Editing = false;
+    const int lastLine = static_cast<int>(Table.size()) - 1;
+    return std::clamp(line - 1, 0, lastLine);
+}
+
+} // namespace numbrela

@@ -1,0 +1,243 @@
+#include "activities/shopping/screen/DLGProductos.h"
+
+#include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/screen/NewProduct.h"
+#include "common/core/RunTimeError.h"
+#include "common/screen/Boxes.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/TextBox.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QListView>
+
+#include <memory>
+
+namespace numbrela {
+
+namespace {
+
+constexpr TwipsSize area { 10500, 8550 };
+constexpr FontSpec formFont { "Verdana", 11 };
+constexpr FontSpec listFont { "Courier New", 12 };
+constexpr int mostShopCharacters = 50;
+constexpr int mostNameCharacters = 100;
+
+} // namespace
+
+DLGProductos::DLGProductos(const Clock& clock)
+    : FormWindow(QStringLiteral("DLGProductos"), QStringLiteral("Productos"), area, formFont)
+    , clock_(clock)
+{
+    buildControls();
+    refusal_.setSingleShot(true);
+    connect(&refusal_, &QTimer::timeout, this, &DLGProductos::refusePrice);
+    connect(List1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DLGProductos::List1_Click);
+    connect(CBAdd, &QPushButton::clicked, this, &DLGProductos::CBAdd_Click);
+    connect(CBModif, &QPushButton::clicked, this, &DLGProductos::CBModif_Click);
+    connect(CBElim, &QPushButton::clicked, this, &DLGProductos::CBElim_Click);
+    connect(OKButton, &QPushButton::clicked, this, &DLGProductos::OKButton_Click);
+    connect(CancelButton, &QPushButton::clicked, this, &DLGProductos::CancelButton_Click);
+    List1->setFocus();
+}
+
+// In the order in which the eye, and so the Tab key, goes through them.
+void DLGProductos::buildControls()
+{
+    Label1
+        = AddLabel(Area(), QStringLiteral("Label1"), QStringLiteral("&Productos"), { 500, 300, 9500, 350 }, formFont);
+    List1 = new QListView(this);
+    List1->setObjectName(QStringLiteral("List1"));
+    List1->setModel(&lines_);
+    List1->setUniformItemSizes(true);
+    List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    Area().Place(List1, { 500, 700, 9500, 5150 }, listFont);
+    Label1->setBuddy(List1);
+
+    const std::array<QString, 3> captions { QStringLiteral("&Tienda"), QStringLiteral("&Nombre"),
+        QStringLiteral("Precio") };
+    const std::array<int, 3> lefts { 500, 3400, 8500 };
+    const std::array<int, 3> widths { 2700, 4900, 1500 };
+    for (std::size_t i = 0; i < TbDatos.size(); ++i) {
+        LBDatos[i] = AddLabel(
+            Area(), QStringLiteral("LBDatos(%1)").arg(i), captions[i], { lefts[i], 6050, widths[i], 350 }, formFont);
+        TbDatos[i] = AddTextBox(Area(), QStringLiteral("TbDatos(%1)").arg(i), { lefts[i], 6400, widths[i], 495 },
+            formFont, (i < 2 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+        LBDatos[i]->setBuddy(TbDatos[i]);
+    }
+    TbDatos[0]->SetMaximumTypedLength(mostShopCharacters);
+    TbDatos[1]->SetMaximumTypedLength(mostNameCharacters);
+
+    const auto addButton = [this](const char* name, const QString& caption, int left) {
+        return AddButton(Area(), QString::fromLatin1(name), caption, { left, 7400, 1650, 600 }, formFont);
+    };
+    CBAdd = addButton("CBAdd", QStringLiteral("&Añadir"), 500);
+    CBModif = addButton("CBModif", QStringLiteral("&Modificar"), 2350);
+    CBElim = addButton("CBElim", QStringLiteral("&Eliminar"), 4200);
+    OKButton = addButton("OKButton", QStringLiteral("Aceptar"), 6500);
+    CancelButton = addButton("CancelButton", QStringLiteral("Cancelar"), 8350);
+
+    SetTabSequence({ List1, TbDatos[0], TbDatos[1], TbDatos[2], CBAdd, CBModif, CBElim, OKButton, CancelButton });
+}
+
+void DLGProductos::Form_Load()
+{
+    editor_.Table = LoadCatalogue(Ruta);
+    FillProductList();
+}
+
+void DLGProductos::FillProductList()
+{
+    lines_.Fill(editor_);
+    if (editor_.Editing) {
+        editor_.SelectedLine = lines_.LineOf(editor_.SelectedProduct);
+    }
+}
+
+int DLGProductos::selectedLine() const
+{
+    const QModelIndexList selected = List1->selectionModel()->selectedRows();
+    return selected.isEmpty() ? -1 : selected.front().row();
+}
+
+void DLGProductos::selectLine(int line)
+{
+    List1->selectionModel()->setCurrentIndex(lines_.index(line), QItemSelectionModel::ClearAndSelect);
+    List1->scrollTo(lines_.index(line));
+}
+
+void DLGProductos::showProduct(int product, int line)
+{
+    editor_.Select(product, line);
+    const ProductTexts texts = editor_.TextsOf(product);
+    TbDatos[0]->SetText(texts.Tienda);
+    TbDatos[1]->SetText(texts.Nombre);
+    TbDatos[2]->SetText(texts.Precio);
+}
+
+ProductTexts DLGProductos::boxTexts() const
+{
+    return { TbDatos[0]->Text(), TbDatos[1]->Text(), TbDatos[2]->Text() };
+}
+
+void DLGProductos::List1_Click()
+{
+    const int line = selectedLine();
+    if (line < 0 || (editor_.Editing && line == editor_.SelectedLine)) {
+        return;
+    }
+    if (!editor_.WriteBack(boxTexts())) {
+        refusal_.start(0);
+        return;
+    }
+    if (editor_.Editing) {
+        lines_.Rewrite(editor_.SelectedLine, editor_);
+    }
+    showProduct(lines_.ProductAt(line), line);
+}
+
+// The line stays selected, and what was typed stays to be mended.
+void DLGProductos::refusePrice()
+{
+    selectLine(editor_.SelectedLine);
+    TbDatos[2]->setFocus();
+    TbDatos[2]->SelectWholeText();
+    ShowMessage(this, "«" + TbDatos[2]->Text() + "» no es un precio. Escriba un número, por ejemplo 1,25.");
+}
+
+void DLGProductos::CBAdd_Click()
+{
+    const std::optional<Product> product = AskForNewProduct(this);
+    if (!product) {
+        return;
+    }
+    try {
+        const int index = editor_.Add(*product);
+        FillProductList();
+        selectLine(lines_.LineOf(index));
+        List1->setFocus();
+    } catch (const RunTimeError& full) {
+        ShowMessage(this, full.what());
+    }
+}
+
+void DLGProductos::CBModif_Click()
+{
+    const int line = selectedLine();
+    if (line < 0) {
+        return;
+    }
+    const int product = lines_.ProductAt(line);
+    const ProductTexts current = editor_.TextsOf(product);
+    const char* title = "Modificar producto";
+    const ProductTexts answers {
+        .Tienda = AskText(this, "Tienda:", title, current.Tienda),
+        .Nombre = AskText(this, "Nombre:", title, current.Nombre),
+        .Precio = AskText(this, "Precio:", title, current.Precio),
+    };
+    try {
+        editor_.Change(product, answers);
+        FillProductList();
+        showProduct(product, lines_.LineOf(product));
+        List1->scrollTo(lines_.index(editor_.SelectedLine));
+    } catch (const RunTimeError& tooLarge) {
+        ShowMessage(this, tooLarge.what());
+    }
+}
+
+void DLGProductos::CBElim_Click()
+{
+    const int line = selectedLine();
+    if (line < 0) {
+        QApplication::beep();
+        return;
+    }
+    const int next = editor_.Delete(lines_.ProductAt(line), line);
+    FillProductList();
+    selectLine(next);
+}
+
+void DLGProductos::OKButton_Click()
+{
+    try {
+        SaveCatalogue(Ruta, editor_.Table);
+    } catch (const RunTimeError& failure) {
+        ShowMessage(this, failure.what());
+        return;
+    }
+    accepted_ = true;
+    close();
+}
+
+void DLGProductos::CancelButton_Click()
+{
+    close();
+}
+
+// However the window closes, the shopping window takes its place; only "Aceptar" makes the main menu wait for it.
+void DLGProductos::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    hide();
+    ShowShopping(clock_, Ruta, accepted_);
+}
+
+void ShowEditor(const Clock& clock, const std::filesystem::path& catalogue)
+{
+    auto editor = std::make_unique<DLGProductos>(clock);
+    editor->Ruta = catalogue;
+    try {
+        editor->Form_Load();
+    } catch (const RunTimeError& failure) {
+        if (failure.ErrorKind() != RunTimeError::Kind::File) {
+            throw;
+        }
+        ShowShopping(clock, catalogue, false); // it runs into the same failure, and says so
+        return;
+    }
+    editor.release()->ShowModally(); // it deletes itself when it is closed
+}
+
+} // namespace numbrela

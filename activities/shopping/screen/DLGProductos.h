@@ -1,0 +1,69 @@
+#pragma once
+
+#include "activities/shopping/core/ProductEditor.h"
+#include "activities/shopping/screen/ProductListModel.h"
+#include "common/core/TimeOfDay.h"
+#include "common/screen/FormWindow.h"
+
+#include <QTimer>
+
+#include <array>
+#include <filesystem>
+
+class QLabel;
+class QListView;
+
+namespace numbrela {
+
+class CommandButton;
+class TextBox;
+
+// "Productos": the window in which a teacher adds, changes and deletes the products of the catalogue. The table and
+// what happens to it is the editor's; when it closes, the shopping window takes its place.
+class DLGProductos : public FormWindow {
+public:
+    explicit DLGProductos(const Clock& clock);
+
+    // Reads the catalogue from Ruta and lists it; to be called before the window is shown.
+    // Throws what LoadCatalogue throws.
+    void Form_Load();
+
+    void List1_Click();
+    void CBAdd_Click();
+    void CBModif_Click();
+    void CBElim_Click();
+    void OKButton_Click();
+    void CancelButton_Click();
+
+    std::filesystem::path Ruta; // of the catalogue file
+
+    QLabel* Label1 = nullptr;
+    QListView* List1 = nullptr;
+    std::array<QLabel*, 3> LBDatos {};
+    std::array<TextBox*, 3> TbDatos {}; // shop, name, price
+    CommandButton* CBAdd = nullptr;
+    CommandButton* CBModif = nullptr;
+    CommandButton* CBElim = nullptr;
+    CommandButton* OKButton = nullptr;
+    CommandButton* CancelButton = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildControls();
+    void FillProductList();
+    int selectedLine() const;
+    void selectLine(int line);
+    void showProduct(int product, int line);
+    ProductTexts boxTexts() const;
+    void refusePrice();
+
+    const Clock& clock_;
+    ProductEditor editor_;
+    ProductListModel lines_;
+    QTimer refusal_; // fires as soon as the list has finished with the click that is refused
+    bool accepted_ = false;
+};
+
+} // namespace numbrela

@@ -1,0 +1,509 @@
+#include "activities/shopping/screen/Form7.h"
+
+#include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/screen/ListBox.h"
+#include "activities/shopping/screen/NewProduct.h"
+#include "activities/shopping/screen/SpanishOrder.h"
+#include "activities/shopping/screen/TextArea.h"
+#include "common/core/RunTimeError.h"
+#include "common/screen/Boxes.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/KeyCodes.h"
+#include "common/screen/Line.h"
+#include "common/screen/TextBox.h"
+
+#include <QApplication>
+#include <QFrame>
+#include <QLabel>
+#include <QMenu>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace numbrela {
+
+namespace {
+
+constexpr TwipsSize areaSize { 15000, 9000 };
+constexpr TwipsRect listFrame { 300, 300, 4500, 8400 };
+constexpr TwipsRect centreFrame { 6150, 1000, 7500, 7000 };
+constexpr TwipsRect shopFrame { 5100, 300, 9600, 8400 };
+
+constexpr FontSpec formFont { "Arial", 12 };
+constexpr FontSpec headingFont { "Arial", 18, true };
+constexpr FontSpec valueFont { "Arial", 18 };
+constexpr FontSpec shopFont { "Arial", 9.75 };
+constexpr FontSpec instructionFont { "Verdana", 12 };
+constexpr FontSpec columnFont { "Courier New", 12 };
+
+// The column of prices: it stands on its rule and grows upwards.
+constexpr int columnLeft = 6240;
+constexpr int columnWidth = 1800;
+constexpr int columnBottom = 7540;
+constexpr int ruleY = columnBottom + 15;
+
+// What to do, below the shelf; a receipt takes the place of the shelf as well, so that it is seen whole.
+constexpr TwipsRect instructionPlace { 240, 4830, 4440, 2610 };
+constexpr TwipsRect receiptPlace { 240, 900, 4440, 6540 };
+
+// The ring of shops, clockwise.
+struct ShopDesign {
+    int Left;
+    int Top;
+    QColor Colour;
+};
+
+const std::array<ShopDesign, 10> ring { {
+    { 1500, 500, QColor(255, 255, 216) },
+    { 3000, 500, QColor(255, 255, 196) },
+    { 4500, 500, QColor(255, 255, 176) },
+    { 6000, 2000, QColor(255, 216, 255) },
+    { 6000, 3500, QColor(255, 196, 255) },
+    { 4500, 5000, QColor(236, 255, 255) },
+    { 3000, 5000, QColor(216, 255, 255) },
+    { 1500, 5000, QColor(196, 255, 255) },
+    { 0, 3500, QColor(255, 236, 236) },
+    { 0, 2000, QColor(255, 216, 216) },
+} };
+
+const QColor plazaColour(232, 245, 220);
+
+template <typename Control>
+Control* add(TwipsLayout& area, Control* control, const QString& name, TwipsRect place, FontSpec font)
+{
+    control->setObjectName(name);
+    area.Place(control, place, font);
+    return control;
+}
+
+void paint(QLabel& sign, const QColor& colour)
+{
+    QPalette palette = sign.palette();
+    palette.setColor(QPalette::Window, colour);
+    palette.setColor(QPalette::WindowText, Qt::black);
+    sign.setPalette(palette);
+    sign.setAutoFillBackground(true);
+}
+
+// A caption above a control, whose access key leads to it.
+QLabel* addCaption(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, QWidget* control)
+{
+    QLabel* label = AddLabel(area, name, caption, place, formFont);
+    label->setBuddy(control);
+    return label;
+}
+
+QFrame* frameOf(const TwipsLayout& area)
+{
+    return static_cast<QFrame*>(area.parentWidget());
+}
+
+void sortAsSpanishDoes(std::vector<ShelfProduct>& shelf)
+{
+    const QCollator order = SpanishOrder();
+    std::vector<std::pair<QCollatorSortKey, ShelfProduct>> keyed;
+    keyed.reserve(shelf.size());
+    for (ShelfProduct& product : shelf) {
+        keyed.emplace_back(order.sortKey(QString::fromStdString(product.Name)), std::move(product));
+    }
+    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::transform(keyed.begin(), keyed.end(), shelf.begin(), [](auto& entry) { return std::move(entry.second); });
+}
+
+} // namespace
+
+void ShowShopping(const Clock& clock, const std::filesystem::path& catalogue, bool modally)
+{
+    auto* form = new Form7(clock, catalogue);
+    if (modally) {
+        form->ShowModally();
+    } else {
+        form->setAttribute(Qt::WA_DeleteOnClose);
+        form->show();
+    }
+}
+
+Form7::Form7(const Clock& clock, std::filesystem::path catalogue)
+    : FormWindow(QStringLiteral("Form7"), QStringLiteral("La compra"), areaSize, formFont)
+    , Timer1(new QTimer(this))
+    , clock_(clock)
+    , cataloguePath_(std::move(catalogue))
+{
+    Timer1->setInterval(1000);
+    Timer1->setTimerType(Qt::PreciseTimer);
+    connect(Timer1, &QTimer::timeout, this, &Form7::Timer1_Timer);
+    buildFrame1();
+    buildFrame2();
+    buildFrame3();
+    buildMenus();
+    loadCatalogue();
+    newShoppingTask();
+    List1->setFocus();
+}
+
+void Form7::buildFrame1()
+{
+    TwipsLayout& area = *AddFrame(Area(), QStringLiteral("Frame1"), listFrame, formFont);
+    Frame1 = frameOf(area);
+    List1 = add(area, new ListBox(Frame1), QStringLiteral("List1"), { 240, 600, 4020, 4350 }, formFont);
+    Label1[0] = addCaption(
+        area, QStringLiteral("Label1(0)"), QStringLiteral("&Lista de la compra"), { 240, 180, 4020, 360 }, List1);
+
+    TBTiempo = AddReadOnlyBox(area, QStringLiteral("TBTiempo"), {}, { 240, 5580, 4020, 600 }, valueFont);
+    Label1[1] = addCaption(
+        area, QStringLiteral("Label1(1)"), QStringLiteral("&Tiempo disponible"), { 240, 5160, 4020, 360 }, TBTiempo);
+
+    TBDinero = AddReadOnlyBox(area, QStringLiteral("TBDinero"), {}, { 240, 6780, 4020, 600 }, valueFont);
+    Label1[2] = addCaption(
+        area, QStringLiteral("Label1(2)"), QStringLiteral("&Dinero disponible"), { 240, 6360, 4020, 360 }, TBDinero);
+
+    CBVolver = AddButton(
+        area, QStringLiteral("CBVolver"), QStringLiteral("&Volver a casa"), { 240, 7620, 4020, 540 }, formFont);
+    CBVolver->SetBackColour(Qt::green);
+    connect(CBVolver, &QPushButton::clicked, this, &Form7::CBVolver_Click);
+}
+
+void Form7::buildFrame2()
+{
+    constexpr int shopSize = 1500;
+    TwipsLayout& area = *AddFrame(Area(), QStringLiteral("Frame2"), centreFrame, formFont);
+    Frame2 = frameOf(area);
+    Frame2->setFrameShape(QFrame::NoFrame);
+    for (std::size_t i = 0; i < CBTienda.size(); ++i) {
+        const int index = static_cast<int>(i);
+        CBTienda[i] = AddButton(area, QStringLiteral("CBTienda(%1)").arg(index),
+            QString::fromUtf8(ShoppingTask::ShopNames[i]), { ring[i].Left, ring[i].Top, shopSize, shopSize }, shopFont);
+        CBTienda[i]->SetBackColour(ring[i].Colour);
+        connect(CBTienda[i], &QPushButton::clicked, this, [this, index] { CBTienda_Click(index); });
+    }
+    Label2 = AddLabel(area, QStringLiteral("Label2"), QStringLiteral("&El centro comercial"),
+        { 1500, 2000, 4500, 3000 }, headingFont);
+    paint(*Label2, plazaColour);
+    Label2->setBuddy(CBTienda[0]);
+}
+
+void Form7::buildFrame3()
+{
+    TwipsLayout& area = *AddFrame(Area(), QStringLiteral("Frame3"), shopFrame, formFont);
+    Frame3 = frameOf(area);
+    Frame3->hide();
+    Label3 = AddLabel(area, QStringLiteral("Label3"), {}, { 240, 180, 9120, 540 }, headingFont);
+
+    LIDisponibles
+        = add(area, new ListBox(Frame3), QStringLiteral("LIDisponibles"), { 240, 1320, 4440, 3270 }, formFont);
+    LIDisponibles->DblClick = [this] { LIDisponibles_DblClick(); };
+    LIDisponibles->KeyDown = [this](int keyCode) { LIDisponibles_KeyDown(keyCode); };
+    LBDisponibles = addCaption(area, QStringLiteral("LBDisponibles"), QStringLiteral("&Productos disponibles"),
+        { 240, 900, 4440, 360 }, LIDisponibles);
+
+    LICesta = add(area, new ListBox(Frame3), QStringLiteral("LICesta"), { 4920, 1320, 4440, 6840 }, formFont);
+    LICesta->DblClick = [this] { LICesta_DblClick(); };
+    LICesta->KeyDown = [this](int keyCode) { LICesta_KeyDown(keyCode); };
+    LbCesta = addCaption(
+        area, QStringLiteral("LbCesta"), QStringLiteral("C&esta de la compra"), { 4920, 900, 4440, 360 }, LICesta);
+
+    TbInstrucciones
+        = add(area, new TextArea(Frame3), QStringLiteral("TbInstrucciones"), instructionPlace, instructionFont);
+    TbInstrucciones->setAccessibleName(QStringLiteral("Instrucciones"));
+
+    TBCantidades = add(area, new ColumnArea(Frame3), QStringLiteral("TBCantidades"),
+        { columnLeft, columnBottom, columnWidth, 0 }, columnFont);
+    TBCantidades->setAccessibleName(QStringLiteral("Cantidades"));
+    Line1 = new Line(area, QStringLiteral("Line1"), { columnLeft, ruleY }, { columnLeft + columnWidth, ruleY });
+    TbResultado = AddTextBox(area, QStringLiteral("TbResultado"), { columnLeft, 7620, columnWidth, 540 }, columnFont,
+        Qt::AlignRight | Qt::AlignVCenter);
+    TbResultado->setAccessibleName(QStringLiteral("Resultado"));
+    connect(TbResultado, &TextBox::KeyPress, this, &Form7::TbResultado_KeyPress);
+    showColumn(false);
+
+    CbContinuar = AddButton(
+        area, QStringLiteral("CbContinuar"), QStringLiteral("&Continuar"), { 240, 7620, 4440, 540 }, formFont);
+    CbContinuar->SetBackColour(Qt::cyan);
+    connect(CbContinuar, &QPushButton::clicked, this, &Form7::CbContinuar_Click);
+}
+
+void Form7::buildMenus()
+{
+    QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcNum"), QStringLiteral("&Número de productos"), [this] { MnuOpcNum_Click(); });
+    AddMenuItem(options, QStringLiteral("MnuOpcUni"), QStringLiteral("Nú&mero de unidades"), [] {});
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcPro"), QStringLiteral("&Productos..."), [this] { MnuOpcPro_Click(); },
+        Qt::Key_F3);
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcAdd"), QStringLiteral("&Añadir producto"), [this] { MnuOpcAdd_Click(); },
+        Qt::Key_F2);
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir (Alt - f4)"), [this] { MnuOpcSal_Click(); });
+}
+
+void Form7::loadCatalogue()
+{
+    try {
+        task_.Catalogue = LoadCatalogue(cataloguePath_);
+    } catch (const RunTimeError& error) {
+        if (error.ErrorKind() != RunTimeError::Kind::File) {
+            throw;
+        }
+        tell(error.what());
+    }
+}
+
+void Form7::newShoppingTask()
+{
+    SeededRandom random(clock_.Now().SeedProduct());
+    const std::string notice = task_.NewShoppingTask(random);
+    showList();
+    TBDinero->SetText(PurseText(task_.MoneyGiven));
+    TBTiempo->SetText(TimeText(task_.TimeLeft));
+    if (task_.ShoppingList.empty()) {
+        Timer1->stop();
+    } else {
+        Timer1->start();
+    }
+    if (!notice.empty()) {
+        tell(notice);
+    }
+}
+
+void Form7::showList()
+{
+    List1->SetLines(task_.ListLines());
+    List1->SelectLine(0);
+}
+
+void Form7::showBasket(std::optional<int> selectedLine)
+{
+    LICesta->SetLines(task_.BasketLines());
+    if (selectedLine) {
+        LICesta->SelectLine(*selectedLine);
+    }
+}
+
+void Form7::showShelves(bool shown)
+{
+    for (QWidget* control : std::initializer_list<QWidget*> { LBDisponibles, LIDisponibles, LbCesta, LICesta }) {
+        control->setEnabled(shown);
+        control->setVisible(shown);
+    }
+}
+
+void Form7::showColumn(bool shown)
+{
+    for (QWidget* control : std::initializer_list<QWidget*> { TBCantidades, Line1, TbResultado }) {
+        control->setVisible(shown);
+    }
+}
+
+void Form7::placeInShop(QWidget* control, TwipsRect place)
+{
+    static_cast<TwipsLayout*>(Frame3->layout())->Move(control, place);
+}
+
+void Form7::showInstructions(const std::string& text, TwipsRect place)
+{
+    placeInShop(TbInstrucciones, place);
+    TbInstrucciones->SetText(text);
+    TbInstrucciones->SelectWholeText();
+}
+
+void Form7::CBTienda_Click(int index)
+{
+    const auto i = static_cast<std::size_t>(index);
+    Label3->setText(CBTienda[i]->text());
+    paint(*Label3, ring[i].Colour);
+    showShelves(true);
+    shelf_ = task_.EnterShop(CBTienda[i]->text().toStdString());
+    sortAsSpanishDoes(shelf_);
+    std::vector<std::string> names;
+    std::transform(shelf_.begin(), shelf_.end(), std::back_inserter(names),
+        [](const ShelfProduct& product) { return product.Name; });
+    LIDisponibles->SetLines(names);
+    showBasket(std::nullopt);
+
+    Frame2->hide();
+    showInstructions("Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar",
+        instructionPlace);
+    Frame3->show();
+    LIDisponibles->setFocus();
+}
+
+void Form7::LIDisponibles_DblClick()
+{
+    const std::optional<int> line = LIDisponibles->SelectedLine();
+    if (!line) {
+        QApplication::beep();
+        return;
+    }
+    showBasket(task_.TakeProduct(shelf_[static_cast<std::size_t>(*line)].Product));
+}
+
+void Form7::LIDisponibles_KeyDown(int keyCode)
+{
+    if (keyCode == KeyCode::Enter) {
+        LIDisponibles_DblClick();
+    }
+}
+
+void Form7::LICesta_DblClick()
+{
+    if (const std::optional<int> line = LICesta->SelectedLine()) {
+        showBasket(task_.PutBack(*line));
+    }
+}
+
+void Form7::LICesta_KeyDown(int keyCode)
+{
+    if (keyCode == KeyCode::Enter || keyCode == KeyCode::Delete) {
+        LICesta_DblClick();
+    }
+}
+
+void Form7::CbContinuar_Click()
+{
+    const PayOutcome outcome = task_.Continue(TbResultado->Text());
+    if (!outcome.Message.empty()) {
+        ShowMessage(this, outcome.Message, "Error");
+    }
+    switch (outcome.Scene) {
+    case ShopScene::Shelves:
+        showShelves(true);
+        LICesta->setFocus();
+        showColumn(false);
+        break;
+    case ShopScene::Sum:
+        showColumn(true);
+        askForResult(outcome);
+        showShelves(false);
+        break;
+    case ShopScene::Change:
+        askForResult(outcome);
+        break;
+    case ShopScene::Receipt:
+        CbContinuar->setText(QStringLiteral("&Salir"));
+        showInstructions(outcome.Instructions, receiptPlace);
+        CbContinuar->setFocus();
+        break;
+    case ShopScene::Centre:
+        backToCentre();
+        break;
+    case ShopScene::CentreWithPurchase:
+        leaveWithPurchase();
+        break;
+    }
+}
+
+void Form7::askForResult(const PayOutcome& outcome)
+{
+    placeInShop(TBCantidades, { columnLeft, columnBottom - outcome.ColumnHeight, columnWidth, outcome.ColumnHeight });
+    TBCantidades->SetText(outcome.Column);
+    showInstructions(outcome.Instructions, instructionPlace);
+    TbResultado->SetText("");
+    TbResultado->setFocus();
+}
+
+void Form7::backToCentre()
+{
+    task_.LeaveShop();
+    List1->setFocus();
+    Frame3->hide();
+    Frame2->show();
+    showColumn(false);
+}
+
+void Form7::leaveWithPurchase()
+{
+    CbContinuar->setText(QStringLiteral("&Continuar"));
+    backToCentre();
+    showList();
+    TBDinero->SetText(RemainderText(task_.MoneyLeft));
+    if (!task_.IsListOpen()) {
+        ShowMessage(this, "Pulse el botón Volver a casa", "Compra terminada");
+    }
+}
+
+void Form7::CBVolver_Click()
+{
+    const HomeComing home = task_.GoHome();
+    if (home.Ended) {
+        Timer1->stop();
+    }
+    ShowMessage(this, home.Message, home.Title);
+    if (!home.Ended) {
+        return;
+    }
+    if (AskYesNo(this, "¿Deseas realizar de nuevo la actividad?", "Actividad terminada")) {
+        newShoppingTask();
+        List1->setFocus();
+    } else {
+        close();
+    }
+}
+
+void Form7::TbResultado_KeyPress()
+{
+    TbResultado->StepCaretLeft(); // the result is written from its last digit to its first
+}
+
+void Form7::Timer1_Timer()
+{
+    task_.Tick();
+    TBTiempo->SetText(TimeText(task_.TimeLeft));
+}
+
+void Form7::MnuOpcNum_Click()
+{
+    const std::string typed
+        = AskText(this, "Número de productos a mostrar (1 - 10):", "¿Cuántos productos incluir en la lista?",
+            std::to_string(task_.ListLength));
+    if (task_.SetListLength(typed)) {
+        newShoppingTask();
+    }
+}
+
+void Form7::MnuOpcAdd_Click()
+{
+    if (const std::optional<Product> product = AskForNewProduct(this)) {
+        AddProduct(task_.Catalogue, *product);
+    }
+}
+
+// The editor opens first: were this the only window left, the program would end with it.
+void Form7::MnuOpcPro_Click()
+{
+    ShowEditor(clock_, cataloguePath_);
+    close();
+}
+
+void Form7::MnuOpcSal_Click()
+{
+    close();
+}
+
+void Form7::showEvent(QShowEvent* event)
+{
+    FormWindow::showEvent(event);
+    QTimer::singleShot(0, this, &Form7::tellWhatIsUntold);
+}
+
+void Form7::tell(const std::string& text)
+{
+    if (isVisible()) {
+        ShowMessage(this, text);
+    } else {
+        untold_ += (untold_.empty() ? "" : "\n\n") + text;
+    }
+}
+
+void Form7::tellWhatIsUntold()
+{
+    if (!untold_.empty()) {
+        ShowMessage(this, std::exchange(untold_, {}));
+    }
+}
+
+} // namespace numbrela

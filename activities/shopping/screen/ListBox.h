@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QListWidget>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace numbrela {
+
+// A list of lines of which at most one is selected, for mouse and keyboard. The keys that move the selection begin at
+// the first line when none is selected. What a key or a double click does is for the form to say.
+class ListBox : public QListWidget {
+public:
+    explicit ListBox(QWidget* parent = nullptr);
+
+    // Replaces all lines (UTF-8); none of the new ones is selected.
+    void SetLines(const std::vector<std::string>& lines);
+
+    // Selects one line and brings it into view; nothing happens when there is no such line.
+    void SelectLine(int line);
+
+    // The selected line, whichever of them the focus is on.
+    std::optional<int> SelectedLine() const;
+
+    std::function<void(int keyCode)> KeyDown; // Enter or Delete goes down: once for each time, however long it is held
+    std::function<void()> DblClick;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+};
+
+} // namespace numbrela

@@ -1,0 +1,26 @@
+#include "activities/shopping/screen/NewProduct.h"
+
+#include "common/core/NumberText.h"
+#include "common/screen/Boxes.h"
+
+namespace numbrela {
+
+std::optional<Product> AskForNewProduct(QWidget* parent)
+{
+    const char* title = "Añadir producto";
+    const std::string name = AskText(parent, "Nombre del producto", title);
+    if (name.empty()) {
+        return std::nullopt;
+    }
+    const std::optional<float> price = ParsePrice(AskText(parent, "Precio del producto:", title));
+    if (!price || *price <= 0) {
+        return std::nullopt;
+    }
+    const std::string shop = AskText(parent, "¿En qué tiendas se vende?: ", title);
+    if (shop.empty()) {
+        return std::nullopt;
+    }
+    return Product { .Nombre = Trimmed(name), .Precio = *price, .Tienda = Trimmed(shop) };
+}
+
+} // namespace numbrela

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QTextEdit>
+
+#include <string>
+
+namespace numbrela {
+
+// A text box of several lines that shows a text and takes no typing. A highlight stays, whatever has the focus.
+class TextArea : public QTextEdit {
+public:
+    explicit TextArea(QWidget* parent = nullptr);
+
+    // The text as UTF-8, lines separated by "\n". Writing it removes any selection.
+    std::string Text() const { return toPlainText().toStdString(); }
+    void SetText(const std::string& text) { setPlainText(QString::fromStdString(text)); }
+
+    // Highlights the whole text, of which the beginning is in view.
+    void SelectWholeText();
+};
+
+// A text area whose lines share its height evenly and stand at its right edge: a column of a written calculation.
+class ColumnArea : public TextArea {
+public:
+    explicit ColumnArea(QWidget* parent = nullptr);
+
+    void SetText(const std::string& text);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void layOutRows();
+};
+
+} // namespace numbrela

@@ -1,0 +1,238 @@
+#include "activities/shopping/core/Catalogue.h"
+
+#include "activities/shopping/tests/FileFaults.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "common/core/RunTimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <functional>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+ProductTable products(int count, float price)
+{
+    ProductTable table(1);
+    for (int i = 0; i < count; ++i) {
+        const std::string name = "Producto " + std::to_string(i);
+        AddProduct(
+            table, { .Nombre = std::string_view(name), .Precio = price, .Tienda = std::string_view("Frutería") });
+    }
+    return table;
+}
+
+// Runs the action in a process of its own and returns how that ended, as waitpid() tells it.
+int runInProcess(const std::function<int()>& action)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::_exit(action());
+    }
+    int status = -1;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    return status;
+}
+
+class CatalogueFaultTest : public ::testing::Test {
+protected:
+    // What a whole save calls, in its order: three writes' worth of products.
+    std::vector<std::string> callsOfASave() const
+    {
+        ArmFault({ -1, FaultKind::Fail });
+        SaveCatalogue(path_, new_);
+        return DisarmFault();
+    }
+
+    void putOldFile() const
+    {
+        std::filesystem::remove_all(path_);
+        SaveCatalogue(path_, old_);
+    }
+
+    void expectStaysWholeWhenKilled(
+        FaultKind kind, const std::function<void()>& prepare, const ProductTable& before) const
+    {
+        const std::vector<std::string> calls = callsOfASave();
+        const auto rename = std::find(calls.begin(), calls.end(), "renameat") - calls.begin();
+        for (int call = 0; call < static_cast<int>(calls.size()); ++call) {
+            SCOPED_TRACE("call " + std::to_string(call) + ", " + calls[static_cast<std::size_t>(call)]);
+            prepare();
+            const int status = runInProcess([&] {
+                ArmFault({ call, kind });
+                SaveCatalogue(path_, new_);
+                return 0;
+            });
+            ASSERT_TRUE(WIFSIGNALED(status));
+            EXPECT_EQ(WTERMSIG(status), SIGKILL);
+
+            const bool isRenamed = call > rename || (call == rename && kind == FaultKind::KillAfter);
+            EXPECT_TRUE(LoadCatalogue(path_) == (isRenamed ? new_ : before));
+            SaveCatalogue(path_, new_);
+            EXPECT_TRUE(LoadCatalogue(path_) == new_);
+            EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+        }
+    }
+
+    TemporaryFolder folder_;
+    std::filesystem::path path_ = folder_ / "productos.dat";
+    const ProductTable old_ = products(2500, 1);
+    const ProductTable new_ = products(3000, 2);
+};
+
+TEST_F(CatalogueFaultTest, PutsTheNewFileOnTheDiskBeforeItTakesTheNameAndTheNameAfterwards)
+{
+    putOldFile();
+    EXPECT_EQ(callsOfASave(),
+        (std::vector<std::string> { "write", "write", "write", "fsync", "close", "renameat", "fsync", "close" }));
+}
+
+class CatalogueKillTest : public CatalogueFaultTest, public ::testing::WithParamInterface<FaultKind> { };
+
+TEST_P(CatalogueKillTest, LeavesTheOldOrTheNewFileWholeWhereverItIsStopped)
+{
+    expectStaysWholeWhenKilled(
+        GetParam(), [this] { putOldFile(); }, old_);
+}
+
+TEST_P(CatalogueKillTest, LeavesNoneOrTheWholeFileWhereverItIsStopped)
+{
+    expectStaysWholeWhenKilled(
+        GetParam(), [this] { std::filesystem::remove(path_); }, ProductTable(1));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Moments, CatalogueKillTest, ::testing::Values(FaultKind::KillBefore, FaultKind::KillHalfway, FaultKind::KillAfter));
+
+TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
+{
+    struct Row {
+        int Error;
+        const char* Reason;
+    };
+    const std::vector<std::string> calls = callsOfASave();
+    const int lastCall = static_cast<int>(calls.size()) - 1; // closes the folder, of which nothing was written
+    const auto rename = std::find(calls.begin(), calls.end(), "renameat") - calls.begin();
+    for (const Row& row : { Row { ENOSPC, "el disco está lleno" }, Row { EDQUOT, "el disco está lleno" },
+             Row { EIO, "el disco falla" }, Row { EROFS, "el disco es de solo lectura" } }) {
+        for (int call = 0; call < lastCall; ++call) {
+            SCOPED_TRACE(std::string(row.Reason) + " at call " + std::to_string(call));
+            putOldFile();
+            ArmFault({ call, FaultKind::Fail, row.Error });
+            std::string said;
+            try {
+                SaveCatalogue(path_, new_);
+            } catch (const RunTimeError& error) {
+                EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::File);
+                said = error.what();
+            }
+            DisarmFault();
+            EXPECT_EQ(said, "No se puede escribir el archivo «" + path_.string() + "»: " + row.Reason + ".");
+            EXPECT_TRUE(LoadCatalogue(path_) == (call > rename ? new_ : old_));
+            EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+
+            SaveCatalogue(path_, new_);
+            EXPECT_TRUE(LoadCatalogue(path_) == new_);
+        }
+    }
+}
+
+TEST_F(CatalogueFaultTest, SavesWhereAFolderCannotBeBroughtToTheDiskByACall)
+{
+    const std::vector<std::string> calls = callsOfASave();
+    putOldFile();
+    ArmFault({ static_cast<int>(calls.size()) - 2, FaultKind::Fail, EINVAL });
+    SaveCatalogue(path_, new_);
+    DisarmFault();
+    EXPECT_TRUE(LoadCatalogue(path_) == new_);
+}
+
+TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedOrAPartialWrite)
+{
+    ArmFault({ 0, FaultKind::Stutter });
+    SaveCatalogue(path_, new_);
+    EXPECT_GT(DisarmFault().size(), new_.size() * 154 / 1000);
+    EXPECT_TRUE(LoadCatalogue(path_) == new_);
+}
+
+// What the action threw, or what it made.
+std::string failureOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.what();
+    }
+    return "nothing";
+}
+
+TEST_F(CatalogueFaultTest, KeepsTheOldFileWhenTheSystemTakesNoMoreBytes)
+{
+    putOldFile();
+    const int status = runInProcess([&] {
+        constexpr rlim_t inTheMiddle = 300 * 1000 + 1;
+        const rlimit limit { inTheMiddle, inTheMiddle };
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const std::string said = failureOf([&] { SaveCatalogue(path_, new_); });
+        return said.find(": el archivo sería demasiado grande.") != std::string::npos ? 0 : 1;
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(LoadCatalogue(path_) == old_);
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+// Whoever may do everything becomes nobody first.
+int asSomebodyWithoutRights(const std::function<int()>& action)
+{
+    constexpr uid_t nobody = 65534;
+    return ::geteuid() != 0 || ::setuid(nobody) == 0 ? action() : -1;
+}
+
+TEST_F(CatalogueFaultTest, SaysThatThereIsNoPermissionInAFolderForReadingAlone)
+{
+    putOldFile();
+    ASSERT_EQ(::chmod(path_.c_str(), 0666), 0);
+    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0555), 0);
+    const std::filesystem::path missing = folder_ / "missing.dat";
+    const int status = runInProcess([&] {
+        return asSomebodyWithoutRights([&] {
+            const bool isRefused = failureOf([&] { SaveCatalogue(path_, new_); })
+                    == "No se puede escribir el archivo «" + path_.string() + "»: no hay permiso."
+                && failureOf([&] { LoadCatalogue(missing); })
+                    == "No se puede leer el archivo «" + missing.string() + "»: no hay permiso.";
+            return isRefused && LoadCatalogue(path_) == old_ ? 0 : 1;
+        });
+    });
+    EXPECT_EQ(status, 0);
+    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0755), 0);
+    EXPECT_TRUE(LoadCatalogue(path_) == old_);
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+TEST_F(CatalogueFaultTest, SaysThatThereIsNoPermissionForSomebodyElsesFile)
+{
+    putOldFile();
+    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0777), 0);
+    ASSERT_EQ(::chmod(path_.c_str(), 0200), 0);
+    const int status = runInProcess([&] {
+        return asSomebodyWithoutRights([&] {
+            const std::string said = failureOf([&] { LoadCatalogue(path_); });
+            return said == "No se puede leer el archivo «" + path_.string() + "»: no hay permiso." ? 0 : 1;
+        });
+    });
+    EXPECT_EQ(status, 0);
+}
+
+} // namespace
+
+} // namespace numbrela

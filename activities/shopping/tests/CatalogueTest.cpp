@@ -1,0 +1,417 @@
+#include "activities/shopping/core/Catalogue.h"
+
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "common/core/RunTimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr std::size_t recordSize = 154;
+
+std::string padded(std::string text, std::size_t width)
+{
+    text.resize(width, ' ');
+    return text;
+}
+
+// A record put together byte by byte; the price as the four bytes that stand in the file.
+std::string record(const std::string& name, const std::string& priceBytes, const std::string& shop)
+{
+    return padded(name, 100) + priceBytes + padded(shop, 50);
+}
+
+std::string bytes(std::initializer_list<int> values)
+{
+    std::string text;
+    for (const int value : values) {
+        text += static_cast<char>(value);
+    }
+    return text;
+}
+
+const std::string one = bytes({ 0x00, 0x00, 0x80, 0x3F });
+const std::string zero = bytes({ 0, 0, 0, 0 });
+
+Product product(const char* name, float price, const char* shop)
+{
+    return { .Nombre = std::string_view(name), .Precio = price, .Tienda = std::string_view(shop) };
+}
+
+RunTimeError::Kind kindOf(const std::function<void()>& action, std::string* text = nullptr)
+{
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        if (text != nullptr) {
+            *text = error.what();
+        }
+        return error.ErrorKind();
+    }
+    ADD_FAILURE() << "nothing was thrown";
+    return RunTimeError::Kind::TypeMismatch;
+}
+
+class CatalogueTest : public ::testing::Test {
+protected:
+    ProductTable load(const std::string& content) const
+    {
+        WriteBytes(path_, content);
+        return LoadCatalogue(path_);
+    }
+
+    std::string saved(const ProductTable& table) const
+    {
+        SaveCatalogue(path_, table);
+        return ReadBytes(path_);
+    }
+
+    TemporaryFolder folder_;
+    std::filesystem::path path_ = folder_ / "productos.dat";
+};
+
+void expectEmpty(const ProductTable& table)
+{
+    ASSERT_EQ(table.size(), 1U);
+    EXPECT_TRUE(IsEmpty(table));
+    EXPECT_EQ(table[0].Nombre.Text(), std::string(100, '\0'));
+    EXPECT_EQ(table[0].Tienda.Text(), std::string(50, '\0'));
+    EXPECT_EQ(table[0].Precio, 0);
+}
+
+TEST_F(CatalogueTest, WritesRecordsByteByByte)
+{
+    EXPECT_EQ(saved({ product("Una barra de pan", 0.85F, "Panadería"), product("Piñón €", 12.5F, "Frutería") }),
+        record("Una barra de pan", bytes({ 0x9A, 0x99, 0x59, 0x3F }),
+            "Panader\xED"
+            "a")
+            + record("Pi\xF1\xF3n \x80", bytes({ 0x00, 0x00, 0x48, 0x41 }),
+                "Fruter\xED"
+                "a"));
+}
+
+TEST_F(CatalogueTest, ReadsRecordsByteByByte)
+{
+    const ProductTable table = load(record("Una barra de pan", bytes({ 0x9A, 0x99, 0x59, 0x3F }),
+                                        "Panader\xED"
+                                        "a")
+        + record("Pi\xF1\xF3n \x80", bytes({ 0x00, 0x00, 0x48, 0x41 }),
+            " Fruter\xED"
+            "a"));
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_FALSE(IsEmpty(table));
+    EXPECT_EQ(table[0].Nombre.Text(), padded("Una barra de pan", 100));
+    EXPECT_EQ(table[0].Precio, 0.85F);
+    EXPECT_EQ(table[0].Tienda.Trimmed(), "Panadería");
+    EXPECT_EQ(table[1].Nombre.Trimmed(), "Piñón €");
+    EXPECT_EQ(table[1].Precio, 12.5F);
+    EXPECT_EQ(table[1].Tienda.Trimmed(), "Frutería");
+}
+
+TEST_F(CatalogueTest, WritesTheEmptyEntryAndDoesNotReadIt)
+{
+    EXPECT_EQ(saved(ProductTable(1)), std::string(recordSize, '\0'));
+    expectEmpty(LoadCatalogue(path_));
+}
+
+TEST_F(CatalogueTest, CreatesAMissingFileEmpty)
+{
+    expectEmpty(LoadCatalogue(path_));
+    EXPECT_EQ(ReadBytes(path_), "");
+    expectEmpty(LoadCatalogue(path_));
+}
+
+TEST_F(CatalogueTest, IgnoresAPartOfARecordAtTheEnd)
+{
+    const std::string whole = record("Un limón", one, "Frutería") + record("Una piña", one, "Frutería");
+    struct Case {
+        std::size_t Length;
+        std::size_t Products;
+    };
+    for (const Case& row : std::initializer_list<Case> { { 0, 0 }, { 1, 0 }, { recordSize - 1, 0 }, { recordSize, 1 },
+             { recordSize + 1, 1 }, { 2 * recordSize - 1, 1 }, { 2 * recordSize, 2 } }) {
+        SCOPED_TRACE(row.Length);
+        const ProductTable table = load(whole.substr(0, row.Length));
+        if (row.Products == 0) {
+            expectEmpty(table);
+        } else {
+            EXPECT_EQ(table.size(), row.Products);
+        }
+    }
+    EXPECT_EQ(load(whole + "x").size(), 2U);
+}
+
+TEST_F(CatalogueTest, PassesOverPricesThatAreNotAboveZero)
+{
+    struct Case {
+        const char* Name;
+        std::string Bytes;
+        bool Loaded;
+    };
+    const std::vector<Case> rows {
+        { "zero", zero, false },
+        { "minus zero", bytes({ 0, 0, 0, 0x80 }), false },
+        { "minus one", bytes({ 0, 0, 0x80, 0xBF }), false },
+        { "minus infinity", bytes({ 0, 0, 0x80, 0xFF }), false },
+        { "not a number", bytes({ 0, 0, 0xC0, 0x7F }), false },
+        { "negative not a number", bytes({ 1, 0, 0xC0, 0xFF }), false },
+        { "smallest", bytes({ 1, 0, 0, 0 }), true },
+        { "one", one, true },
+        { "largest", bytes({ 0xFF, 0xFF, 0x7F, 0x7F }), true },
+        { "infinity", bytes({ 0, 0, 0x80, 0x7F }), true },
+    };
+    for (const Case& row : rows) {
+        SCOPED_TRACE(row.Name);
+        const std::string content = record("x", row.Bytes, "y");
+        const ProductTable table = load(content);
+        EXPECT_EQ(IsEmpty(table), !row.Loaded);
+        if (row.Loaded) {
+            EXPECT_EQ(saved(table), content);
+        }
+    }
+}
+
+TEST_F(CatalogueTest, ClosesTheGapsThatPassedOverRecordsLeave)
+{
+    const std::string none = record("nada", zero, "x");
+    const ProductTable table = load(none + record("a", one, "x") + none + none + record("b", one, "y") + none);
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_EQ(table[0].Nombre.Trimmed(), "a");
+    EXPECT_EQ(table[1].Nombre.Trimmed(), "b");
+    EXPECT_EQ(saved(table), record("a", one, "x") + record("b", one, "y"));
+}
+
+TEST_F(CatalogueTest, ReadsAFileOfZerosAsEmpty)
+{
+    expectEmpty(load(std::string(recordSize * 3000, '\0')));
+}
+
+TEST_F(CatalogueTest, KeepsEveryByteOfNamesAndShops)
+{
+    std::string content;
+    for (int first = 0; first < 256; ++first) {
+        std::string name;
+        for (int i = 0; i < 100; ++i) {
+            name += static_cast<char>(first + i);
+        }
+        content += record(name, one, std::string(50, static_cast<char>(first)));
+    }
+    const ProductTable table = load(content);
+    ASSERT_EQ(table.size(), 256U);
+    EXPECT_EQ(saved(table), content);
+    EXPECT_EQ(table[0xE1].Tienda.Text().substr(0, 2), "á");
+}
+
+TEST_F(CatalogueTest, LoadsValuesAsAbsurdAsTheyAre)
+{
+    const ProductTable table = load(record("", one, "") + record("x", bytes({ 0xFF, 0xFF, 0x7F, 0x7F }), "Ferretería"));
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_EQ(table[0].Nombre.Trimmed(), "");
+    EXPECT_EQ(table[1].Precio, std::numeric_limits<float>::max());
+}
+
+TEST_F(CatalogueTest, StoresLongTextsCut)
+{
+    SaveCatalogue(path_, { product(std::string(101, 'n').c_str(), 1, std::string(51, 't').c_str()) });
+    EXPECT_EQ(ReadBytes(path_), record(std::string(100, 'n'), one, std::string(50, 't')));
+}
+
+TEST_F(CatalogueTest, HoldsAsManyProductsAsA16BitCountCounts)
+{
+    const std::string last = record("z", one, "z");
+    std::string content;
+    for (int i = 0; i < 32767; ++i) {
+        content += record(std::to_string(i), one, "x");
+    }
+    const ProductTable table = load(content);
+    ASSERT_EQ(table.size(), 32767U);
+    EXPECT_EQ(table.back().Nombre.Trimmed(), "32766");
+    EXPECT_EQ(saved(table), content);
+
+    EXPECT_EQ(load(content + record("", zero, "")).size(), 32767U);
+    std::string text;
+    EXPECT_EQ(kindOf([&] { load(content + last); }, &text), RunTimeError::Kind::Overflow);
+    EXPECT_NE(text.find("32768"), std::string::npos) << text;
+}
+
+TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstAndThenAtTheEnd)
+{
+    ProductTable table(1);
+    EXPECT_EQ(AddProduct(table, product("a", 1, "x")), 0);
+    EXPECT_EQ(AddProduct(table, product("b", 2, "y")), 1);
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_EQ(table[0], product("a", 1, "x"));
+    EXPECT_EQ(table[1], product("b", 2, "y"));
+}
+
+TEST_F(CatalogueTest, DoesNotGrowBeyondWhatItCouldLoadAgain)
+{
+    ProductTable table(32766, product("a", 1, "x"));
+    EXPECT_EQ(AddProduct(table, product("b", 1, "x")), 32766);
+    EXPECT_EQ(kindOf([&] { AddProduct(table, product("c", 1, "x")); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(table.size(), 32767U);
+}
+
+TEST(Price, IsReadAsSpanishWritesIt)
+{
+    EXPECT_EQ(ParsePrice("1,25"), 1.25F);
+    EXPECT_EQ(ParsePrice(" 3 "), 3.0F);
+    EXPECT_EQ(ParsePrice("1.250,5"), 1250.5F);
+    EXPECT_EQ(ParsePrice("-2"), -2.0F);
+    EXPECT_EQ(ParsePrice("0"), 0.0F);
+    EXPECT_EQ(ParsePrice("3,4e38"), 3.4e38F);
+    for (const char* text :
+        { "", " ", "abc", "1,2,3", "1,25 €", "uno", ",", "-", "3,5e38", "-3,5e38", "1e400", "inf", "nan" }) {
+        EXPECT_EQ(ParsePrice(text), std::nullopt) << text;
+    }
+}
+
+// What cannot be read or written.
+
+class CatalogueFailureTest : public CatalogueTest {
+protected:
+    static void expectFailure(const std::function<void()>& action, const std::string& text)
+    {
+        std::string said;
+        EXPECT_EQ(kindOf(action, &said), RunTimeError::Kind::File);
+        EXPECT_EQ(said, text);
+    }
+
+    void expectSaveFails(const std::filesystem::path& path, const std::string& reason)
+    {
+        expectFailure([&] { SaveCatalogue(path, table_); },
+            "No se puede escribir el archivo «" + path.string() + "»: " + reason + ".");
+    }
+
+    void expectLoadFails(const std::filesystem::path& path, const std::string& reason)
+    {
+        expectFailure(
+            [&] { LoadCatalogue(path); }, "No se puede leer el archivo «" + path.string() + "»: " + reason + ".");
+    }
+
+    const ProductTable table_ { product("a", 1, "x") };
+};
+
+TEST_F(CatalogueFailureTest, NamesTheFileWhoseFolderIsMissing)
+{
+    const std::filesystem::path path = folder_ / "Recursos" / "productos.dat";
+    expectLoadFails(path, "la carpeta no existe");
+    expectSaveFails(path, "la carpeta no existe");
+    EXPECT_TRUE(folder_.Names().empty());
+}
+
+TEST_F(CatalogueFailureTest, NamesTheFileWhoseFolderIsAFile)
+{
+    WriteBytes(folder_ / "Recursos", "");
+    const std::filesystem::path path = folder_ / "Recursos" / "productos.dat";
+    expectLoadFails(path, "la carpeta no existe");
+    expectSaveFails(path, "la carpeta no existe");
+}
+
+TEST_F(CatalogueFailureTest, NamesAFolderThatHasTheNameOfTheFile)
+{
+    std::filesystem::create_directory(path_);
+    expectLoadFails(path_, "es una carpeta");
+    expectSaveFails(path_, "es una carpeta");
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+TEST_F(CatalogueFailureTest, DoesNotWaitForAPipeThatHasTheNameOfTheFile)
+{
+    ASSERT_EQ(::mkfifo(path_.c_str(), 0600), 0);
+    expectLoadFails(path_, "no es un archivo de datos");
+    expectSaveFails(path_, "no es un archivo de datos");
+}
+
+TEST_F(CatalogueFailureTest, DoesNotWriteAFileThatIsForReadingAlone)
+{
+    WriteBytes(path_, "");
+    std::filesystem::permissions(path_, std::filesystem::perms(0444));
+    expectEmpty(LoadCatalogue(path_));
+    expectSaveFails(path_, "el archivo es de solo lectura");
+    EXPECT_EQ(ReadBytes(path_), "");
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+TEST_F(CatalogueFailureTest, NamesAFileWhoseNameIsTooLong)
+{
+    const std::filesystem::path path = folder_ / std::string(300, 'n').c_str();
+    expectLoadFails(path, "el nombre es demasiado largo");
+    expectSaveFails(path, "el nombre es demasiado largo");
+}
+
+// What becomes of the file that is replaced.
+
+mode_t permissionsOf(const std::filesystem::path& path)
+{
+    struct stat status { };
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777;
+}
+
+TEST_F(CatalogueTest, KeepsThePermissionsOfTheFile)
+{
+    for (const mode_t permissions : { 0600, 0640, 0664, 0666 }) {
+        WriteBytes(path_, "");
+        ASSERT_EQ(::chmod(path_.c_str(), permissions), 0);
+        SaveCatalogue(path_, ProductTable(1));
+        EXPECT_EQ(permissionsOf(path_), permissions);
+    }
+}
+
+TEST_F(CatalogueTest, GivesANewFileThePermissionsThatTheUserGivesNewFiles)
+{
+    const mode_t before = ::umask(027);
+    SaveCatalogue(path_, ProductTable(1));
+    LoadCatalogue(folder_ / "otro.dat");
+    ::umask(before);
+    EXPECT_EQ(permissionsOf(path_), 0640U);
+    EXPECT_EQ(permissionsOf(folder_ / "otro.dat"), 0640U);
+}
+
+TEST_F(CatalogueTest, WritesThroughALinkThatHasTheNameOfTheFile)
+{
+    std::filesystem::create_directory(folder_ / "elsewhere");
+    const std::filesystem::path target = folder_ / "elsewhere" / "real.dat";
+    WriteBytes(target, "");
+    std::filesystem::create_symlink(target, path_);
+    SaveCatalogue(path_, { product("a", 1, "x") });
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+    EXPECT_EQ(ReadBytes(target), record("a", one, "x"));
+    EXPECT_EQ(folder_.Names(), (std::vector<std::string> { "elsewhere", "productos.dat" }));
+}
+
+TEST_F(CatalogueTest, SavesBesideAFileThatIsNamedWithoutAFolder)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_.Path());
+    SaveCatalogue("productos.dat", { product("a", 1, "x") });
+    EXPECT_EQ(LoadCatalogue("productos.dat").size(), 1U);
+    std::filesystem::current_path(before);
+    EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
+}
+
+TEST_F(CatalogueTest, RemovesWhatStoppedSavesHaveLeft)
+{
+    WriteBytes(folder_ / "productos.dat.nuevo-1", "half");
+    WriteBytes(folder_ / "productos.dat.nuevo-99999", "");
+    WriteBytes(folder_ / "productos.dat.copia", "mine");
+    WriteBytes(folder_ / "otros.dat.nuevo-1", "other");
+    SaveCatalogue(path_, ProductTable(1));
+    EXPECT_EQ(
+        folder_.Names(), (std::vector<std::string> { "otros.dat.nuevo-1", "productos.dat", "productos.dat.copia" }));
+}
+
+} // namespace
+
+} // namespace numbrela

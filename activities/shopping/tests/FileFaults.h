@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+// Stands between the program and the operating system wherever a file is written, brought to the disk, closed or
+// renamed. The linker leads those calls through here (--wrap), and lets a test stop the process at any of them, for
+// real.
+namespace numbrela::testing {
+
+enum class FaultKind {
+    KillBefore, // the process is killed as it makes the call
+    KillHalfway, // it is killed when half of a write is done; at other calls as before them
+    KillAfter, // it is killed as the call returns
+    Fail, // the call does nothing and fails
+    Stutter, // a write is interrupted once and then takes a few bytes only; other calls are not touched
+};
+
+struct Fault {
+    int Call; // counted from 0
+    FaultKind Kind;
+    int Error = 0; // errno of a call that fails
+};
+
+// From now on the calls are counted, and the one that the fault names goes wrong; Stutter concerns all from that one
+// on.
+void ArmFault(Fault fault);
+
+// Lets all calls through again, and returns the names of those that were made meanwhile.
+std::vector<std::string> DisarmFault();
+
+} // namespace numbrela::testing

@@ -1,0 +1,168 @@
+#include "activities/shopping/core/Money.h"
+#include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/FormTable.h"
+
+#include <gtest/gtest.h>
+
+#include <QFontMetrics>
+#include <QLabel>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr FontSpec arial12 { "Arial", 12 };
+constexpr FontSpec arial18 { "Arial", 18 };
+constexpr FontSpec heading { "Arial", 18, true };
+constexpr FontSpec arial9 { "Arial", 9.75 };
+constexpr FontSpec verdana12 { "Verdana", 12 };
+constexpr FontSpec courier12 { "Courier New", 12 };
+constexpr Qt::Alignment rightMiddle = Qt::AlignRight | Qt::AlignVCenter;
+constexpr bool readOnly = true;
+
+ControlRow still(const char* name, const char* text, TwipsRect place, FontSpec font = arial12)
+{
+    return { .Name = name, .Text = text, .Place = place, .Font = font, .TabStop = false };
+}
+
+ControlRow shop(const char* name, const char* caption, int left, int top, QColor colour)
+{
+    return { .Name = name, .Text = caption, .Place = { left, top, 1500, 1500 }, .Font = arial9, .BackColour = colour };
+}
+
+class Form7TableTest : public ::testing::Test {
+protected:
+    Form7TableTest() { SaveCatalogue(path_, TableOf({ { "Pan", 1 }, { "Leche", 1 }, { "Sal", 1 }, { "Ajo", 1 } })); }
+
+    const TemporaryFolder folder_;
+    const std::filesystem::path path_ = folder_ / "productos.dat";
+    const FixedClock clock_;
+};
+
+TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
+{
+    Form7 form(clock_, path_);
+    ShowAndActivate(form);
+    Click(form, QStringLiteral("CBTienda(5)"));
+    const std::string purse = PurseText(form.Task().MoneyGiven);
+    ExpectControls(form,
+        {
+            still("Frame1", "", { 300, 300, 4500, 8400 }),
+            still("Label1(0)", "&Lista de la compra", { 240, 180, 4020, 360 }),
+            { .Name = "List1", .Text = "", .Place = { 240, 600, 4020, 4350 }, .Font = arial12 },
+            still("Label1(1)", "&Tiempo disponible", { 240, 5160, 4020, 360 }),
+            { .Name = "TBTiempo",
+                .Text = "15 : 00",
+                .Place = { 240, 5580, 4020, 600 },
+                .Font = arial18,
+                .ReadOnly = readOnly },
+            still("Label1(2)", "&Dinero disponible", { 240, 6360, 4020, 360 }),
+            { .Name = "TBDinero",
+                .Text = purse.c_str(),
+                .Place = { 240, 6780, 4020, 600 },
+                .Font = arial18,
+                .ReadOnly = readOnly },
+            { .Name = "CBVolver",
+                .Text = "&Volver a casa",
+                .Place = { 240, 7620, 4020, 540 },
+                .Font = arial12,
+                .BackColour = Qt::green },
+
+            still("Frame2", "", { 6150, 1000, 7500, 7000 }),
+            still("Label2", "&El centro comercial", { 1500, 2000, 4500, 3000 }, heading),
+            shop("CBTienda(0)", "Carnicería", 1500, 500, QColor(255, 255, 216)),
+            shop("CBTienda(1)", "Charcutería", 3000, 500, QColor(255, 255, 196)),
+            shop("CBTienda(2)", "Frutería", 4500, 500, QColor(255, 255, 176)),
+            shop("CBTienda(3)", "Kiosko", 6000, 2000, QColor(255, 216, 255)),
+            shop("CBTienda(4)", "Librería", 6000, 3500, QColor(255, 196, 255)),
+            shop("CBTienda(5)", "Panadería", 4500, 5000, QColor(236, 255, 255)),
+            shop("CBTienda(6)", "Papelería", 3000, 5000, QColor(216, 255, 255)),
+            shop("CBTienda(7)", "Pastelería", 1500, 5000, QColor(196, 255, 255)),
+            shop("CBTienda(8)", "Pescadería", 0, 3500, QColor(255, 236, 236)),
+            shop("CBTienda(9)", "Supermercado", 0, 2000, QColor(255, 216, 216)),
+
+            still("Frame3", "", { 5100, 300, 9600, 8400 }),
+            still("Label3", "Panadería", { 240, 180, 9120, 540 }, heading),
+            still("LBDisponibles", "&Productos disponibles", { 240, 900, 4440, 360 }),
+            { .Name = "LIDisponibles", .Text = "", .Place = { 240, 1320, 4440, 3270 }, .Font = arial12 },
+            still("LbCesta", "C&esta de la compra", { 4920, 900, 4440, 360 }),
+            { .Name = "LICesta", .Text = "", .Place = { 4920, 1320, 4440, 6840 }, .Font = arial12 },
+            { .Name = "TbInstrucciones",
+                .Text = "Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar",
+                .Place = { 240, 4830, 4440, 2610 },
+                .Font = verdana12,
+                .AccessibleName = "Instrucciones" },
+            { .Name = "TBCantidades",
+                .Text = "",
+                .Place = { 6240, 7540, 1800, 0 },
+                .Font = courier12,
+                .AccessibleName = "Cantidades" },
+            still("Line1", "", { 6225, 7540, 1830, 30 }),
+            { .Name = "TbResultado",
+                .Text = "",
+                .Place = { 6240, 7620, 1800, 540 },
+                .Font = courier12,
+                .Alignment = rightMiddle,
+                .AccessibleName = "Resultado" },
+            { .Name = "CbContinuar",
+                .Text = "&Continuar",
+                .Place = { 240, 7620, 4440, 540 },
+                .Font = arial12,
+                .BackColour = Qt::cyan },
+        });
+}
+
+TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
+{
+    const Form7 form(clock_, path_);
+    ExpectMenus(form,
+        {
+            "MnuOpc &Opciones",
+            "  MnuOpcNum &Número de productos",
+            "  MnuOpcUni Nú&mero de unidades",
+            "  MnuOpcPro &Productos... [F3]",
+            "  MnuOpcAdd &Añadir producto [F2]",
+            "  MnuOpcSal &Salir (Alt - f4)",
+        });
+}
+
+TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
+{
+    Form7 form(clock_, path_);
+    const std::vector<std::pair<const QLabel*, const char*>> captions {
+        { form.Label1[0], "List1" },
+        { form.Label1[1], "TBTiempo" },
+        { form.Label1[2], "TBDinero" },
+        { form.Label2, "CBTienda(0)" },
+        { form.LBDisponibles, "LIDisponibles" },
+        { form.LbCesta, "LICesta" },
+    };
+    for (const auto& [caption, control] : captions) {
+        ASSERT_NE(caption->buddy(), nullptr) << control;
+        EXPECT_EQ(caption->buddy()->objectName().toStdString(), control);
+    }
+}
+
+TEST_F(Form7TableTest, TheNamesOfAllShopsAreSeenWholeAtEverySize)
+{
+    Form7 form(clock_, path_);
+    ShowAndActivate(form);
+    for (const QSize size : { form.size(), QSize(1280, 800), QSize(800, 600), QSize(640, 480) }) {
+        form.resize(size);
+        QCoreApplication::processEvents();
+        for (const CommandButton* button : form.CBTienda) {
+            constexpr int border = 3;
+            EXPECT_LE(QFontMetrics(button->font()).horizontalAdvance(button->text()), button->width() - 2 * border)
+                << button->text().toStdString() << " at " << size.width();
+        }
+    }
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,560 @@
+#include "activities/shopping/screen/Form7.h"
+
+#include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/DLGProductos.h"
+#include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/screen/TextArea.h"
+#include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "common/screen/Line.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/KindThrownBy.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QFrame>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
+
+#include <memory>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+const QString numberTitle = QStringLiteral("¿Cuántos productos incluir en la lista?");
+const QString numberPrompt = QStringLiteral("Número de productos a mostrar (1 - 10):");
+const QString addTitle = QStringLiteral("Añadir producto");
+const QString namePrompt = QStringLiteral("Nombre del producto");
+const QString pricePrompt = QStringLiteral("Precio del producto:");
+const QString shopPrompt = QStringLiteral("¿En qué tiendas se vende?: ");
+
+std::vector<std::string> linesOf(const ListBox& list)
+{
+    std::vector<std::string> lines;
+    for (int line = 0; line < list.count(); ++line) {
+        lines.push_back(list.item(line)->text().toStdString());
+    }
+    return lines;
+}
+
+template <typename Form>
+Form* openWindow()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* form = dynamic_cast<Form*>(window); form != nullptr && form->isVisible()) {
+            return form;
+        }
+    }
+    return nullptr;
+}
+
+class Form7Test : public ::testing::Test {
+protected:
+    Form7& open(const ProductTable& table)
+    {
+        SaveCatalogue(path_, table);
+        form_ = std::make_unique<Form7>(clock_, path_);
+        ShowAndActivate(*form_);
+        return *form_;
+    }
+
+    Form7& openBakery()
+    {
+        return open(TableOf({ { "Una barra de pan", 0.85F }, { "Un bollo", 1.2F }, { "Pan de ñora", 2 },
+            { "Ánfora de aceite", 9.95F }, { "pan de molde", 1.5F }, { "Un periódico", 1.5F, "Kiosko" } }));
+    }
+
+    static void fillBasket(Form7& form, int units)
+    {
+        GoInto(form, QStringLiteral("Panadería"));
+        for (int unit = 0; unit < units; ++unit) {
+            TakeFromShelf(form, QStringLiteral("Una barra de pan"));
+        }
+    }
+
+    // The price column with one row for each unit.
+    static void addUp(Form7& form, int units)
+    {
+        fillBasket(form, units);
+        PressContinue(form);
+    }
+
+    static TwipsRect placeOf(const QWidget& control)
+    {
+        return static_cast<TwipsLayout*>(control.parentWidget()->layout())->RectOf(&control);
+    }
+
+    const TemporaryFolder folder_;
+    const std::filesystem::path path_ = folder_ / "productos.dat";
+    FixedClock clock_;
+    std::unique_ptr<Form7> form_;
+};
+
+TEST_F(Form7Test, ANewWindowShowsListMoneyAndTimeInTheCentre)
+{
+    const Form7& form = openBakery();
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("La compra"));
+    EXPECT_EQ(linesOf(*form.List1), form.Task().ListLines());
+    EXPECT_EQ(form.List1->count(), 4);
+    EXPECT_EQ(form.List1->SelectedLine(), 0);
+    EXPECT_EQ(FocusIn(form), "List1");
+    EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
+    EXPECT_EQ(form.TBTiempo->Text(), TimeText(form.Task().TimeLeft));
+    EXPECT_TRUE(form.Frame1->isVisible());
+    EXPECT_TRUE(form.Frame2->isVisible());
+    EXPECT_FALSE(form.Frame3->isVisible());
+    EXPECT_TRUE(form.Timer1->isActive());
+    EXPECT_EQ(form.Timer1->interval(), 1000);
+}
+
+TEST_F(Form7Test, TheSameSecondDrawsTheSameListAndAnotherOneAnother)
+{
+    const auto linesAt = [this](TimeOfDay time) {
+        clock_.Time = time;
+        return Form7(clock_, path_).Task().ListLines();
+    };
+    SaveCatalogue(path_, NumberedTable(500));
+    const auto lines = linesAt({ 10, 20, 30, 37'230 });
+    EXPECT_EQ(linesAt({ 10, 20, 30, 37'230 }), lines);
+    EXPECT_EQ(linesAt({ 20, 10, 30, 72'630 }), lines) << "the product of hour, minute and second, each and one";
+    EXPECT_NE(linesAt({ 10, 20, 31, 37'231 }), lines);
+}
+
+TEST_F(Form7Test, EveryNewTaskTakesItsSeedFromTheClock)
+{
+    Form7& form = open(NumberedTable(500));
+    const auto lines = form.Task().ListLines();
+    ExpectInput(numberTitle, numberPrompt, QStringLiteral("4"), QStringLiteral("4"));
+    Choose(form, QStringLiteral("MnuOpcNum"));
+    EXPECT_EQ(form.Task().ListLines(), lines);
+    clock_.Time = { 11, 20, 30, 40'830 };
+    ExpectInput(numberTitle, numberPrompt, QStringLiteral("4"), QStringLiteral("4"));
+    Choose(form, QStringLiteral("MnuOpcNum"));
+    EXPECT_NE(form.Task().ListLines(), lines);
+}
+
+TEST_F(Form7Test, TheShelfIsSortedAsSpanishSorts)
+{
+    const Form7& form = open(TableOf({ { "Zumo", 1 }, { "nuez", 1 }, { "Ñora", 1 }, { "Oliva", 1 }, { "avena", 1 },
+        { "Ánfora", 1 }, { "Nuez moscada", 1 }, { "Un periódico", 1, "Kiosko" } }));
+    GoInto(form, QStringLiteral("Panadería"));
+    EXPECT_EQ(linesOf(*form.LIDisponibles),
+        (std::vector<std::string> { "Ánfora", "avena", "nuez", "Nuez moscada", "Ñora", "Oliva", "Zumo" }));
+    EXPECT_EQ(form.Label3->text(), QStringLiteral("Panadería"));
+    EXPECT_EQ(FocusIn(form), "LIDisponibles");
+    EXPECT_EQ(form.LIDisponibles->SelectedLine(), std::nullopt);
+    EXPECT_FALSE(form.Frame2->isVisible());
+    EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText(),
+        QStringLiteral("Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar"));
+
+    DoubleClickLine(*form.LIDisponibles, 4);
+    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Ñora 1" })
+        << "the line, not the place in the file";
+}
+
+TEST_F(Form7Test, AProductIsTakenByDoubleClickOrEnter)
+{
+    const Form7& form = openBakery();
+    GoInto(form, QStringLiteral("Panadería"));
+    TakeFromShelf(form, QStringLiteral("Un bollo"));
+    TakeFromShelf(form, QStringLiteral("Un bollo"));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(3) Un bollo 1,2" });
+    EXPECT_EQ(form.LICesta->SelectedLine(), 0);
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Enter);
+    EXPECT_EQ(linesOf(*form.LICesta), (std::vector<std::string> { "(3) Un bollo 1,2", "(1) Ánfora de aceite 9,95" }));
+    EXPECT_EQ(form.LICesta->SelectedLine(), 1);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(form.LICesta->count(), 2) << "nothing is deleted from a shelf";
+}
+
+TEST_F(Form7Test, WithNoLineSelectedNothingIsTakenOrPutBack)
+{
+    const Form7& form = openBakery();
+    GoInto(form, QStringLiteral("Panadería"));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.LICesta->count(), 0);
+    form.LICesta->setFocus();
+    Press(Qt::Key_Return);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(form.LICesta->count(), 0);
+
+    TakeFromShelf(form, QStringLiteral("Un bollo"));
+    form.LICesta->clearSelection();
+    form.LICesta->setFocus();
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(form.LICesta->count(), 1) << "the current line is not a selected one";
+}
+
+TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDelete)
+{
+    const Form7& form = openBakery();
+    GoInto(form, QStringLiteral("Panadería"));
+    for (const char* name : { "Un bollo", "Una barra de pan", "Un bollo", "Un bollo", "Pan de ñora" }) {
+        TakeFromShelf(form, QString::fromUtf8(name));
+    }
+    DoubleClickLine(*form.LICesta, 0);
+    EXPECT_EQ(form.LICesta->item(0)->text(), QStringLiteral("(2) Un bollo 1,2"));
+    EXPECT_EQ(form.LICesta->SelectedLine(), 0);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.LICesta->item(0)->text(), QStringLiteral("(1) Un bollo 1,2"));
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(linesOf(*form.LICesta), (std::vector<std::string> { "(1) Una barra de pan 0,85", "(1) Pan de ñora 2" }));
+    EXPECT_EQ(form.LICesta->SelectedLine(), 0);
+    DoubleClickLine(*form.LICesta, 1);
+    EXPECT_EQ(form.LICesta->SelectedLine(), 0) << "the first one follows the last";
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(form.LICesta->count(), 0);
+    EXPECT_EQ(form.LICesta->SelectedLine(), std::nullopt);
+}
+
+TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
+{
+    Form7& form = openBakery();
+    addUp(form, 3);
+    for (const QWidget* control :
+        std::initializer_list<const QWidget*> { form.LBDisponibles, form.LIDisponibles, form.LbCesta, form.LICesta }) {
+        EXPECT_FALSE(control->isVisible());
+        EXPECT_FALSE(control->isEnabled());
+    }
+    EXPECT_TRUE(form.TBCantidades->isVisible() && form.Line1->isVisible() && form.TbResultado->isVisible());
+    EXPECT_EQ(form.TBCantidades->Text(), "  0,85\n+  0,85\n+  0,85");
+    EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - 3 * 285, 1800, 3 * 285 }));
+    EXPECT_EQ(FocusIn(form), "TbResultado");
+    EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText(),
+        QStringLiteral("Sume los precios y escriba el resultado debajo, después pulse continuar."));
+
+    TypeResult(QStringLiteral("2,55"));
+    PressContinue(form);
+    EXPECT_EQ(form.TBCantidades->Text(), "  5,00\n-  2,55");
+    EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - 570, 1800, 570 }));
+    EXPECT_EQ(form.TbResultado->Text(), "");
+    EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText(),
+        QStringLiteral(
+            "Has entregado 5 euros en billetes para pagar tu compra, ¿Cuánto dinero te tienen que devolver?"));
+
+    TypeResult(QStringLiteral("2,45"));
+    PressContinue(form);
+    EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Salir"));
+    EXPECT_EQ(FocusIn(form), "CbContinuar");
+    EXPECT_EQ(form.TbInstrucciones->Text(),
+        "Has comprado los siguientes productos:\n(3) Una barra de pan" + std::string(84, ' ')
+            + "\nSu precio es de 2,55€ y has pagado 2,55€ por ellos.\nPulsa el botón salir.");
+    EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText().size(), form.TbInstrucciones->toPlainText().size());
+}
+
+TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
+{
+    Form7& form = openBakery();
+    addUp(form, 1);
+    TypeResult(QStringLiteral("0,85"));
+    PressContinue(form);
+    TypeResult(QStringLiteral("4,15"));
+    PressContinue(form);
+    PressContinue(form);
+    EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Continuar"));
+    EXPECT_FALSE(form.TBCantidades->isVisible());
+
+    GoInto(form, QStringLiteral("Kiosko"));
+    EXPECT_EQ(linesOf(*form.LIDisponibles), std::vector<std::string> { "Un periódico" });
+    EXPECT_EQ(form.LICesta->count(), 0);
+    EXPECT_TRUE(form.LIDisponibles->isVisible() && form.LIDisponibles->isEnabled());
+    EXPECT_FALSE(form.TbResultado->isVisible());
+    EXPECT_EQ(placeOf(*form.TbInstrucciones).Top, 4830) << "the receipt has given the shelf its place back";
+}
+
+TEST_F(Form7Test, ALongColumnIsShownWhole)
+{
+    Form7& form = open(TableOf({ { "Una barra de pan", 0.85F }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
+    addUp(form, 60);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(placeOf(*form.TBCantidades).Top, 7540 - 60 * 285);
+    for (const QWidget* control : std::initializer_list<const QWidget*> { form.TBCantidades, form.TbResultado }) {
+        const QRect place(control->mapTo(&form, QPoint()), control->size());
+        EXPECT_TRUE(form.rect().contains(place)) << control->objectName().toStdString();
+    }
+}
+
+TEST_F(Form7Test, TheResultIsWrittenFromRightToLeft)
+{
+    Form7& form = openBakery();
+    addUp(form, 1);
+    Type(QStringLiteral("52,3"));
+    EXPECT_EQ(form.TbResultado->Text(), "3,25");
+    EXPECT_EQ(form.TbResultado->CaretPosition(), 1);
+    Press(Qt::Key_End);
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(form.TbResultado->Text(), "3,5") << "the step left comes before every key";
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(form.TbResultado->Text(), ",5") << "a key that writes nothing makes no step";
+}
+
+TEST_F(Form7Test, LeavingAShopIsSeenOnTheClockAtItsNextTick)
+{
+    Form7& form = openBakery();
+    const int timeGiven = form.Task().TimeLeft;
+    GoInto(form, QStringLiteral("Kiosko"));
+    PressContinue(form);
+    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180);
+    EXPECT_EQ(form.TBTiempo->Text(), TimeText(timeGiven));
+    form.Timer1_Timer();
+    EXPECT_EQ(form.TBTiempo->Text(), TimeText(timeGiven - 181));
+}
+
+TEST_F(Form7Test, TheClockRunsWhileABoxIsOpen)
+{
+    Form7& form = openBakery();
+    const int timeGiven = form.Task().TimeLeft;
+    form.Timer1->setInterval(0);
+    ExpectDialog([&](QDialog& box) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.Task().TimeLeft < timeGiven - 2; }));
+        EXPECT_EQ(form.TBTiempo->Text(), TimeText(form.Task().TimeLeft));
+        box.accept();
+    });
+    Click(form, QStringLiteral("CBVolver"));
+    form.Timer1->stop();
+}
+
+TEST_F(Form7Test, WhoWantsToGoHomeTooEarlyStaysInTheShop)
+{
+    Form7& form = open(TableOf({ { "Una barra de pan", 500 }, { "a", 500 }, { "b", 500 }, { "c", 500 } }));
+    addUp(form, 1);
+    ExpectMessage(
+        QStringLiteral("Todavía no has terminado tu tarea"), QStringLiteral("Aún puedes comprar algún producto más"));
+    Click(form, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(form.Frame3->isVisible());
+    EXPECT_EQ(form.Task().PayStep, 2);
+}
+
+TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsThatShopAsItWas)
+{
+    Form7& form = open(TableOf({ { "a", 2 }, { "b", 2 }, { "Una barra de pan", 2 }, { "c", 2 } }));
+    const int money = static_cast<int>(form.Task().MoneyLeft);
+    addUp(form, 1);
+    TypeResult(QStringLiteral("%1").arg(money));
+    ExpectDialog([](QDialog& box) { box.accept(); }); // far too much, and paid
+    PressContinue(form);
+    TypeResult(QStringLiteral("5"));
+    PressContinue(form);
+    PressContinue(form);
+    EXPECT_EQ(form.TBDinero->Text(), "0 €");
+
+    fillBasket(form, 2);
+    ExpectDialog([](QDialog& box) { box.accept(); }); // the verdict
+    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
+        { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("Sí"));
+    Click(form, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(form.Frame3->isVisible());
+    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(2) Una barra de pan 2" });
+    EXPECT_EQ(form.Task().PayStep, 1);
+    EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
+    EXPECT_EQ(FocusIn(form), "List1");
+    EXPECT_TRUE(form.Timer1->isActive());
+}
+
+TEST_F(Form7Test, ANewTaskLeavesTheShopAsItIs)
+{
+    Form7& form = openBakery();
+    addUp(form, 2);
+    ExpectInput(numberTitle, numberPrompt, QStringLiteral("6"), QStringLiteral("4"));
+    Choose(form, QStringLiteral("MnuOpcNum"));
+    EXPECT_EQ(form.List1->count(), 6);
+    EXPECT_TRUE(form.Frame3->isVisible());
+    EXPECT_EQ(form.TBCantidades->Text(), "  0,85\n+  0,85");
+    EXPECT_EQ(form.Task().PayStep, 2);
+}
+
+TEST_F(Form7Test, TheNumberOfProductsIsTakenOrSilentlyRefused)
+{
+    struct Case {
+        QString Typed;
+        int Count; // 4: refused
+    };
+    Form7& form = open(NumberedTable(200));
+    for (const Case& c : { Case { QStringLiteral("10"), 10 }, { QStringLiteral("2"), 2 },
+             { QStringLiteral("10,5"), 10 }, { QStringLiteral("2.5"), 2 }, { QStringLiteral("1,5"), 4 },
+             { QStringLiteral("1"), 4 }, { QStringLiteral("0"), 4 }, { QStringLiteral("-1"), 4 },
+             { QStringLiteral("11"), 4 }, { QStringLiteral("1e3"), 4 }, { QStringLiteral("cinco"), 4 },
+             { QString(), 4 }, { QStringLiteral("1") + QString(400, u'0'), 4 } }) {
+        ExpectInput(numberTitle, numberPrompt, QStringLiteral("4"), QString::number(form.Task().ListLength));
+        Choose(form, QStringLiteral("MnuOpcNum"));
+        ExpectInput(numberTitle, numberPrompt, c.Typed, QStringLiteral("4"));
+        Choose(form, QStringLiteral("MnuOpcNum"));
+        EXPECT_EQ(form.List1->count(), c.Count) << c.Typed.toStdString();
+    }
+    ExpectInputCancelled(numberTitle, numberPrompt, QStringLiteral("7"));
+    Choose(form, QStringLiteral("MnuOpcNum"));
+    EXPECT_EQ(form.List1->count(), 4);
+}
+
+TEST_F(Form7Test, AProductIsAddedUntilTheCatalogueIsReadAgain)
+{
+    Form7& form = openBakery();
+    const std::string file = ReadBytes(path_);
+    ExpectInput(addTitle, namePrompt, QStringLiteral("  Una empanada "));
+    ExpectInput(addTitle, pricePrompt, QStringLiteral("6,75"));
+    ExpectInput(addTitle, shopPrompt, QStringLiteral(" panadería"));
+    Press(Qt::Key_F2);
+    GoInto(form, QStringLiteral("Panadería"));
+    TakeFromShelf(form, QStringLiteral("Una empanada"));
+    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Una empanada 6,75" });
+    EXPECT_EQ(ReadBytes(path_), file);
+    EXPECT_EQ(form.Task().Catalogue.size(), 7U);
+}
+
+TEST_F(Form7Test, AnIncompleteProductIsNotAdded)
+{
+    Form7& form = openBakery();
+    ExpectInputCancelled(addTitle, namePrompt, QStringLiteral("Una empanada"));
+    Choose(form, QStringLiteral("MnuOpcAdd"));
+    ExpectInput(addTitle, namePrompt, QString());
+    Choose(form, QStringLiteral("MnuOpcAdd"));
+    for (const QString& price : { QString(), QStringLiteral("caro"), QStringLiteral("0"), QStringLiteral("-1"),
+             QStringLiteral("1,5 €"), QStringLiteral("1") + QString(400, u'0') }) {
+        ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
+        ExpectInput(addTitle, pricePrompt, price);
+        Choose(form, QStringLiteral("MnuOpcAdd"));
+    }
+    ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
+    ExpectInput(addTitle, pricePrompt, QStringLiteral("2"));
+    ExpectInputCancelled(addTitle, shopPrompt, QStringLiteral("Panadería"));
+    Choose(form, QStringLiteral("MnuOpcAdd"));
+    EXPECT_EQ(form.Task().Catalogue.size(), 6U);
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(Form7Test, TheNumberOfUnitsDoesNothing)
+{
+    Form7& form = openBakery();
+    const auto lines = form.Task().ListLines();
+    Choose(form, QStringLiteral("MnuOpcUni"));
+    EXPECT_EQ(form.Task().ListLines(), lines);
+}
+
+TEST_F(Form7Test, TheLastMenuItemClosesTheWindow)
+{
+    Form7& form = openBakery();
+    Choose(form, QStringLiteral("MnuOpcSal"));
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
+{
+    form_ = std::make_unique<Form7>(clock_, path_);
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral("El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
+                       "Añade productos desde el menú Opciones."));
+    ShowAndAnswerBoxes(*form_);
+    EXPECT_EQ(form_->List1->count(), 0);
+    EXPECT_FALSE(form_->Timer1->isActive());
+    EXPECT_EQ(form_->TBDinero->Text(), "05€");
+    EXPECT_TRUE(std::filesystem::exists(path_)) << "a missing catalogue is made, empty";
+
+    ExpectInput(addTitle, namePrompt, QStringLiteral("Un bollo"));
+    ExpectInput(addTitle, pricePrompt, QStringLiteral("1"));
+    ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+    Press(Qt::Key_F2);
+    EXPECT_EQ(form_->Task().Catalogue.size(), 1U) << "the empty entry has become the product";
+    ExpectInput(numberTitle, numberPrompt, QStringLiteral("2"), QStringLiteral("4"));
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral(
+            "El catálogo solo tiene 1 producto, así que la lista de la compra es de 1 producto en lugar de 2."));
+    Choose(*form_, QStringLiteral("MnuOpcNum"));
+    EXPECT_EQ(form_->List1->count(), 1);
+    EXPECT_TRUE(form_->Timer1->isActive());
+}
+
+TEST_F(Form7Test, TooFewProductsAreSaidOnce)
+{
+    SaveCatalogue(path_, NumberedTable(3));
+    form_ = std::make_unique<Form7>(clock_, path_);
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral(
+            "El catálogo solo tiene 3 productos, así que la lista de la compra es de 3 productos en lugar de 4."));
+    ShowAndAnswerBoxes(*form_);
+    EXPECT_EQ(form_->List1->count(), 3);
+    form_->hide();
+    ShowAndActivate(*form_);
+}
+
+TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
+{
+    const std::filesystem::path missing = folder_.Path() / "Recursos" / "productos.dat";
+    form_ = std::make_unique<Form7>(clock_, missing);
+    ExpectDialog([&](QDialog& dialog) {
+        const QString text = static_cast<QMessageBox&>(dialog).text();
+        EXPECT_TRUE(text.contains(QString::fromStdString(missing.string()))) << text.toStdString();
+        EXPECT_TRUE(text.startsWith(QStringLiteral("No se puede "))) << text.toStdString();
+        EXPECT_TRUE(text.contains(QStringLiteral("la lista de la compra está vacía"))) << text.toStdString();
+        dialog.accept();
+    });
+    ShowAndAnswerBoxes(*form_);
+    EXPECT_EQ(form_->List1->count(), 0);
+    GoInto(*form_, QStringLiteral("Panadería"));
+    EXPECT_EQ(form_->LIDisponibles->count(), 0);
+}
+
+TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)
+{
+    Form7& form = open(TableOf({ { "Una barra de pan", 1000 }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
+    fillBasket(form, 1);
+    EXPECT_EQ(KindThrownBy([&form] { form.CbContinuar_Click(); }), RunTimeError::Kind::InvalidArgument);
+}
+
+TEST_F(Form7Test, MoreRowsThanTheColumnHoldsEndTheProgram)
+{
+    Form7& form = open(TableOf({ { "Una barra de pan", 1 }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
+    fillBasket(form, 115);
+    EXPECT_EQ(KindThrownBy([&form] { form.CbContinuar_Click(); }), RunTimeError::Kind::Overflow);
+}
+
+TEST_F(Form7Test, AShopOfThousandsIsOfferedWhole)
+{
+    const Form7& form = open(NumberedTable(3000));
+    GoInto(form, QStringLiteral("Panadería"));
+    EXPECT_EQ(form.LIDisponibles->count(), 3000);
+    TakeFromShelf(form, QStringLiteral("Producto 2999"));
+    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
+}
+
+TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
+{
+    SaveCatalogue(path_, NumberedTable(5));
+    ShowShopping(clock_, path_, true);
+    const QPointer<Form7> first = openWindow<Form7>();
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);
+    ShowAndActivate(*first);
+    Press(Qt::Key_F3);
+    EXPECT_TRUE(first == nullptr || !first->isVisible());
+    auto* editor = openWindow<DLGProductos>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->Ruta, path_);
+
+    SaveCatalogue(path_, NumberedTable(1)); // what another teacher has saved meanwhile
+    ExpectDialog([](QDialog& box) { box.accept(); });
+    Click(*editor, QStringLiteral("CancelButton"));
+    EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
+    const QPointer<Form7> second = openWindow<Form7>();
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->windowModality(), Qt::NonModal);
+    EXPECT_EQ(second->List1->count(), 1) << "the catalogue has been read anew";
+    second->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(second, nullptr) << "a closed window is gone";
+}
+
+} // namespace
+
+} // namespace numbrela

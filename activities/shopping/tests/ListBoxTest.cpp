@@ -1,0 +1,90 @@
+#include "activities/shopping/screen/ListBox.h"
+
+#include "common/screen/KeyCodes.h"
+#include "tests/support/Driver.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+class ListBoxTest : public ::testing::Test {
+protected:
+    ListBoxTest()
+    {
+        list_.KeyDown = [this](int keyCode) { keys_.push_back(keyCode); };
+        list_.DblClick = [this] { ++doubleClicks_; };
+        list_.SetLines({ "uno", "dos", "tres" });
+    }
+
+    ListBox list_;
+    std::vector<int> keys_;
+    int doubleClicks_ = 0;
+};
+
+TEST_F(ListBoxTest, NoLineIsSelectedUntilSomebodySelectsOne)
+{
+    ShowAndActivate(list_);
+    EXPECT_TRUE(list_.hasFocus());
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    list_.SelectLine(1);
+    EXPECT_EQ(list_.SelectedLine(), 1);
+    list_.SetLines({ "otra" });
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+}
+
+TEST_F(ListBoxTest, TheKeyboardBeginsAtTheFirstLine)
+{
+    for (const int key : { Qt::Key_Down, Qt::Key_Up, Qt::Key_Space }) {
+        list_.SetLines({ "uno", "dos", "tres" });
+        ShowAndActivate(list_);
+        Press(key);
+        EXPECT_EQ(list_.SelectedLine(), 0) << key;
+        Press(Qt::Key_Down);
+        EXPECT_EQ(list_.SelectedLine(), 1) << key;
+    }
+}
+
+TEST_F(ListBoxTest, KeysInAnEmptyListSelectNothing)
+{
+    list_.SetLines({});
+    ShowAndActivate(list_);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    list_.SelectLine(0);
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+}
+
+TEST_F(ListBoxTest, EnterAndDeleteAreHeardOnceForEachTimeTheyGoDown)
+{
+    ShowAndActivate(list_);
+    Press(Qt::Key_Return);
+    HoldDown(Qt::Key_Delete);
+    Repeat(Qt::Key_Delete);
+    Repeat(Qt::Key_Delete);
+    LetGo(Qt::Key_Delete);
+    Press(Qt::Key_Enter);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(keys_, (std::vector<int> { KeyCode::Enter, KeyCode::Delete, KeyCode::Enter }));
+}
+
+TEST_F(ListBoxTest, OnlyTheLeftButtonDoubleClicks)
+{
+    ShowAndActivate(list_);
+    const QPoint place = list_.visualItemRect(list_.item(1)).center();
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(doubleClicks_, 1);
+    EXPECT_EQ(list_.SelectedLine(), 1);
+    QTest::mouseDClick(list_.viewport(), Qt::RightButton, {}, place);
+    EXPECT_EQ(doubleClicks_, 1);
+}
+
+} // namespace
+
+} // namespace numbrela

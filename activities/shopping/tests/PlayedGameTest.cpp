@@ -1,0 +1,279 @@
+#include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/TextArea.h"
+#include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/FixedClock.h"
+
+#include <gtest/gtest.h>
+
+#include <QFrame>
+#include <QTimer>
+
+#include <set>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+const QString errorTitle = QStringLiteral("Error");
+const QString homeTitle = QStringLiteral("Vuelves a casa con tu compra");
+const QString bought = QStringLiteral("Has conseguido comprar todos los productos pedidos\n");
+const QString inTime = QStringLiteral("Has realizado la compra dentro del tiempo disponible.");
+
+// Whole games, from the list to the verdict, played with mouse and keys alone. All prices are quarters of a euro, so
+// that what is left in the purse is exact, in whatever order it was spent.
+class PlayedGameTest : public ::testing::Test {
+protected:
+    PlayedGameTest()
+    {
+        SaveCatalogue(path_,
+            TableOf({ { "Una barra de pan", 0.75F, "Panadería" }, { "Un bollo", 1.25F, "Panadería" },
+                { "Un periódico", 1.5F, "Kiosko" }, { "Una trucha", 4.25F, "Pescadería" },
+                { "Un lápiz", 0.5F, "Papelería" }, { "Un libro", 12.75F, "Librería" } }));
+    }
+
+    static void expectQuestion(const QString& answer)
+    {
+        ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
+            { QStringLiteral("Sí"), QStringLiteral("No") }, answer);
+    }
+
+    static std::set<QString> shopsOnTheList(const Form7& form)
+    {
+        std::set<QString> shops;
+        for (const ShoppingItem& wanted : form.Task().ShoppingList) {
+            if (wanted.Units > 0) {
+                shops.insert(QString::fromStdString(wanted.Tienda.Trimmed()));
+            }
+        }
+        return shops;
+    }
+
+    // Goes into a shop and takes all that the list wants of it; returns what that costs.
+    static float fillBasket(const Form7& form, const QString& shop)
+    {
+        GoInto(form, shop);
+        EXPECT_EQ(FocusIn(form), "LIDisponibles");
+        float cost = 0;
+        for (const ShoppingItem& wanted : form.Task().ShoppingList) {
+            if (QString::fromStdString(wanted.Tienda.Trimmed()) != shop) {
+                continue;
+            }
+            TakeFromShelf(form, QString::fromStdString(wanted.Nombre.Trimmed()));
+            cost += wanted.Precio;
+            for (int unit = 1; unit < wanted.Units; ++unit) {
+                Press(Qt::Key_Return);
+                cost += wanted.Precio;
+            }
+        }
+        return cost;
+    }
+
+    // Pays a filled basket as it should be paid, and leaves the shop.
+    static void payRight(const Form7& form, float cost)
+    {
+        PressContinue(form);
+        EXPECT_EQ(FocusIn(form), "TbResultado");
+        TypeResult(Written(cost));
+        EXPECT_EQ(form.TbResultado->text(), Written(cost));
+        PressContinue(form);
+        EXPECT_EQ(FocusIn(form), "TbResultado");
+        TypeResult(Written(NotesAbove(cost) - cost));
+        PressContinue(form);
+        EXPECT_EQ(FocusIn(form), "CbContinuar");
+        EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Salir"));
+        Press(Qt::Key_Return);
+        EXPECT_EQ(FocusIn(form), "List1");
+        EXPECT_TRUE(form.Frame2->isVisible());
+        EXPECT_FALSE(form.Frame3->isVisible());
+    }
+
+    static void expectAllBought()
+    {
+        ExpectMessage(QStringLiteral("Compra terminada"), QStringLiteral("Pulse el botón Volver a casa"));
+    }
+
+    static void buyTheRest(const Form7& form)
+    {
+        for (std::set<QString> shops = shopsOnTheList(form); !shops.empty(); shops = shopsOnTheList(form)) {
+            const float cost = fillBasket(form, *shops.begin());
+            if (shops.size() == 1) {
+                expectAllBought();
+            }
+            payRight(form, cost);
+        }
+    }
+
+    const TemporaryFolder folder_;
+    const std::filesystem::path path_ = folder_ / "productos.dat";
+    const FixedClock clock_;
+};
+
+TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
+{
+    Form7 form(clock_, path_);
+    ShowAndActivate(form);
+    ASSERT_EQ(form.List1->count(), 4);
+    const std::size_t shops = shopsOnTheList(form).size();
+    const int timeGiven = form.Task().TimeLeft;
+    const float moneyGiven = form.Task().MoneyGiven;
+
+    buyTheRest(form);
+    for (int line = 0; line < 4; ++line) {
+        EXPECT_TRUE(form.List1->item(line)->text().startsWith(QStringLiteral("(X) ")));
+    }
+    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180 * static_cast<int>(shops));
+    EXPECT_EQ(form.TBDinero->Text(), RemainderText(moneyGiven - form.Task().ListCost));
+
+    ExpectMessage(homeTitle, bought + QStringLiteral("Has gastado justo el dinero necesario.\n") + inTime);
+    expectQuestion(QStringLiteral("No"));
+    Click(form, QStringLiteral("CBVolver"));
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
+{
+    Form7 form(clock_, path_);
+    ShowAndActivate(form);
+    const QString shop = *shopsOnTheList(form).begin();
+    const int timeGiven = form.Task().TimeLeft;
+
+    ExpectMessage(
+        QStringLiteral("Todavía no has terminado tu tarea"), QStringLiteral("Aún puedes comprar algún producto más"));
+    Click(form, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(form.Timer1->isActive());
+
+    GoInto(form, shop);
+    PressContinue(form);
+    EXPECT_TRUE(form.Frame2->isVisible()) << "out again with nothing";
+    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180);
+
+    float cost = fillBasket(form, shop);
+    const QString total = QString::fromStdString(PlainDecimalText(cost));
+    PressContinue(form);
+    TypeResult(QStringLiteral("0,25"));
+    ExpectMessage(errorTitle,
+        QStringLiteral("Parece que te has equivocado al sumar, el dependiente, pensando que le querías engañar,  te "
+                       "manda fuera de la tienda sin los productos que habías cogido.\n(tu precio: 0,25 / precio real ")
+            + total + QStringLiteral(")"));
+    PressContinue(form);
+    EXPECT_TRUE(form.Frame2->isVisible());
+    EXPECT_EQ(FocusIn(form), "List1");
+    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 2 * 180);
+
+    fillBasket(form, shop);
+    PressContinue(form);
+    TypeResult(QStringLiteral("900"));
+    ExpectMessage(errorTitle,
+        QStringLiteral("No tienes suficiente dinero para pagar todo lo que has cogido,  deja algo que no necesites o "
+                       "pulsa el botón de volver a casa si no te queda dinero para comprar las cosas que necesitas."));
+    const int linesTaken = form.LICesta->count();
+    PressContinue(form);
+    EXPECT_EQ(FocusIn(form), "LICesta");
+    EXPECT_EQ(form.LICesta->count(), linesTaken);
+    EXPECT_TRUE(form.LIDisponibles->isVisible() && form.LIDisponibles->isEnabled());
+    EXPECT_FALSE(form.TBCantidades->isVisible());
+
+    PressContinue(form);
+    TypeResult(Written(cost));
+    PressContinue(form);
+    TypeResult(QStringLiteral("90,00"));
+    ExpectMessage(errorTitle,
+        QStringLiteral("Parece que te has equivocado al restar, el dependiente, pensando que le querías engañar,  te "
+                       "manda fuera de la tienda sin los productos que habías cogido.\n(90 / ")
+            + QString::fromStdString(PlainDecimalText(NotesAbove(cost) - cost)) + QStringLiteral(")"));
+    PressContinue(form);
+    EXPECT_TRUE(form.Frame2->isVisible());
+    EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven) << "nothing has been bought yet";
+
+    // Paid with 25 cents too much, and with the change taken for nothing.
+    cost = fillBasket(form, shop);
+    PressContinue(form);
+    TypeResult(Written(cost + 0.25F));
+    ExpectMessage(errorTitle,
+        QStringLiteral("Parece que te has equivocado al sumar, si sigues pagando de más quizá no puedas comprar todo "
+                       "lo que necesitas\n(")
+            + QString::fromStdString(PlainDecimalText(cost + 0.25F)) + QStringLiteral(" / ") + total
+            + QStringLiteral(")"));
+    PressContinue(form);
+    TypeResult(QStringLiteral("0"));
+    const QString due = QString::fromStdString(PlainDecimalText(NotesAbove(cost + 0.25F) - (cost + 0.25F)));
+    ExpectMessage(errorTitle,
+        QStringLiteral("Parece que te has equivocado al restar, si sigues pagando de más quizá no puedas comprar todo "
+                       "lo que necesitas\n(0 / ")
+            + due + QStringLiteral(")"));
+    PressContinue(form);
+    PressContinue(form);
+    EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven - cost - 0.25F);
+
+    buyTheRest(form);
+    ExpectMessage(homeTitle,
+        bought + QStringLiteral("pero has gastado más dinero del necesario\n")
+            + (form.Task().TimeLeft > 0 ? inTime : QStringLiteral("Has tardado demasiado en realizar la compra.")));
+    expectQuestion(QStringLiteral("Sí"));
+    Click(form, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(FocusIn(form), "List1");
+    EXPECT_TRUE(form.Timer1->isActive());
+    EXPECT_TRUE(form.Task().IsListOpen()) << "a new task";
+}
+
+TEST_F(PlayedGameTest, ATaskGoesOnWhenItsTimeIsOverAndIsJudgedSo)
+{
+    Form7 form(clock_, path_);
+    ShowAndActivate(form);
+    for (int second = form.Task().TimeLeft; second > 1; --second) {
+        form.Timer1_Timer();
+    }
+    EXPECT_EQ(form.TBTiempo->Text(), "0 : 01");
+    form.Timer1_Timer();
+    EXPECT_EQ(form.TBTiempo->Text(), "");
+    form.Timer1_Timer();
+    EXPECT_EQ(form.TBTiempo->Text(), "");
+    EXPECT_EQ(form.Task().TimeLeft, -1);
+    EXPECT_TRUE(form.Timer1->isActive());
+
+    buyTheRest(form);
+    ExpectMessage(homeTitle,
+        bought
+            + QStringLiteral("Has gastado justo el dinero necesario.\nHas tardado demasiado en realizar la compra."));
+    expectQuestion(QStringLiteral("No"));
+    Click(form, QStringLiteral("CBVolver"));
+}
+
+TEST_F(PlayedGameTest, WhoHasPaidAllForLittleCannotBuyTheRest)
+{
+    Form7 form(clock_, path_);
+    ShowAndActivate(form);
+    ASSERT_GT(shopsOnTheList(form).size(), 1U);
+    const float money = form.Task().MoneyLeft;
+    const float cost = fillBasket(form, *shopsOnTheList(form).begin());
+    PressContinue(form);
+    TypeResult(Written(money));
+    ExpectMessage(errorTitle,
+        QStringLiteral("Parece que te has equivocado al sumar, si sigues pagando de más quizá no puedas comprar todo "
+                       "lo que necesitas\n(%1 / %2)")
+            .arg(QString::fromStdString(PlainDecimalText(money)), QString::fromStdString(PlainDecimalText(cost))));
+    PressContinue(form);
+    TypeResult(QStringLiteral("5"));
+    PressContinue(form);
+    PressContinue(form);
+    EXPECT_EQ(form.TBDinero->Text(), "0 €");
+
+    ExpectMessage(homeTitle,
+        QStringLiteral("No has conseguido comprar todos los productos pedidos, gastando el dinero en otros no "
+                       "necesarios o pagando más de lo debido por ellos.\n")
+            + inTime);
+    expectQuestion(QStringLiteral("No"));
+    Click(form, QStringLiteral("CBVolver"));
+    EXPECT_FALSE(form.Timer1->isActive());
+    EXPECT_FALSE(form.isVisible());
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,272 @@
+#include "activities/shopping/core/ProductEditor.h"
+
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "common/core/RunTimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+Product product(const char* shop, const char* name, float price)
+{
+    return { .Nombre = std::string_view(name), .Precio = price, .Tienda = std::string_view(shop) };
+}
+
+const Product bread = product("Panadería", "Una barra de pan", 0.85F);
+const Product paper = product("Kiosko", "Un periódico", 2);
+const Product fish = product("Pescadería", "Una trucha", 3.45F);
+
+ProductEditor editorOf(const ProductTable& table)
+{
+    ProductEditor editor;
+    editor.Table = table;
+    return editor;
+}
+
+TEST(ProductEditor, BeginsWithoutProductsAndWithoutASelection)
+{
+    const ProductEditor editor;
+    EXPECT_TRUE(IsEmpty(editor.Table));
+    EXPECT_FALSE(editor.Editing);
+}
+
+TEST(CatalogueLine, ShowsShopNameAndPriceInColumns)
+{
+    struct Row {
+        Product Entry;
+        const char* Line;
+    };
+    const std::vector<Row> rows {
+        { bread, "Panadería         Una barra de pan               0,85€" },
+        { paper, "Kiosko            Un periódico                   2€" },
+        { product("Supermercado y más", "Una caja de lápices de colores", 1234.5F),
+            "Supermercado y másUna caja de lápices de colores 1234,5€" },
+        { product("Un nombre de tienda muy largo", "Un nombre de producto que no cabe en la línea", 0.1F),
+            "Un nombre de tiendUn nombre de producto que no c 0,1€" },
+        { product("", "", -1), "                                                 -1€" },
+        { Product(), "                                                 0€" },
+        { product("x", "y", 12345678), "x                 y                              12345680€" },
+        { product("x", "y", std::numeric_limits<float>::infinity()),
+            "x                 y                              infinito€" },
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(editorOf({ row.Entry }).LineText(0), row.Line);
+    }
+}
+
+TEST(EditBoxes, ShowAProductTrimmed)
+{
+    const ProductEditor editor = editorOf({ product("  Panadería ", " Una barra  de pan", 0.85F), Product() });
+    EXPECT_EQ(editor.TextsOf(0), (ProductTexts { "Panadería", "Una barra  de pan", "0,85" }));
+    EXPECT_EQ(editor.TextsOf(1), (ProductTexts { "", "", "0" }));
+}
+
+TEST(EditBoxes, AreWrittenBackIntoTheProductThatTheyShow)
+{
+    ProductEditor editor = editorOf({ bread, paper });
+    editor.Select(1, 0);
+    EXPECT_EQ(editor.SelectedProduct, 1);
+    EXPECT_EQ(editor.SelectedLine, 0);
+    EXPECT_TRUE(editor.Editing);
+    EXPECT_TRUE(editor.WriteBack({ " Librería ", "  Un cuento ", " 12,95" }));
+    EXPECT_EQ(editor.Table, (ProductTable { bread, product("Librería", "Un cuento", 12.95F) }));
+}
+
+TEST(EditBoxes, AreNotWrittenBackBeforeTheyShowAProduct)
+{
+    ProductEditor editor = editorOf({ bread });
+    EXPECT_TRUE(editor.WriteBack({ "Kiosko", "Un tebeo", "nada" }));
+    EXPECT_EQ(editor.Table, ProductTable { bread });
+}
+
+TEST(EditBoxes, AreRefusedWholeWhenTheirPriceIsNoNumber)
+{
+    ProductEditor editor = editorOf({ bread, paper });
+    editor.Select(0, 0);
+    for (const char* price : { "", " ", "abc", "1,2,3", "0,85€", "1e39", "1e400" }) {
+        EXPECT_FALSE(editor.WriteBack({ "Kiosko", "Un tebeo", price })) << price;
+        EXPECT_EQ(editor.Table, (ProductTable { bread, paper })) << price;
+        EXPECT_TRUE(editor.Editing);
+    }
+}
+
+TEST(EditBoxes, TakeAnyNumberAsAPrice)
+{
+    ProductEditor editor = editorOf({ bread });
+    editor.Select(0, 0);
+    EXPECT_TRUE(editor.WriteBack({ "", "", "-3" }));
+    EXPECT_EQ(editor.Table, ProductTable { product("", "", -3) });
+    EXPECT_TRUE(editor.WriteBack({ "a", "b", "0" }));
+    EXPECT_EQ(editor.Table, ProductTable { product("a", "b", 0) });
+}
+
+TEST(EditBoxes, LeaveAnInfinitePriceThatNobodyTouched)
+{
+    const float infinity = std::numeric_limits<float>::infinity();
+    ProductEditor editor = editorOf({ product("a", "b", infinity) });
+    editor.Select(0, 0);
+    EXPECT_TRUE(editor.WriteBack(editor.TextsOf(0)));
+    EXPECT_EQ(editor.Table[0].Precio, infinity);
+    EXPECT_TRUE(editor.WriteBack({ "a", "b", "5" }));
+    EXPECT_EQ(editor.Table[0].Precio, 5);
+    EXPECT_FALSE(editor.WriteBack({ "a", "b", "infinito" }));
+}
+
+TEST(Adding, FillsTheEmptyEntryInsteadOfAddingASecondOne)
+{
+    ProductEditor editor;
+    EXPECT_EQ(editor.Add(bread), 0);
+    EXPECT_EQ(editor.Table, ProductTable { bread });
+    EXPECT_EQ(editor.Add(paper), 1);
+    EXPECT_EQ(editor.Table, (ProductTable { bread, paper }));
+}
+
+TEST(Adding, KeepsWhatTheBoxesShowUnlessItWasTheEmptyEntry)
+{
+    ProductEditor editor;
+    editor.Select(0, 0);
+    editor.Add(bread);
+    EXPECT_FALSE(editor.Editing); // else the texts of the empty entry would be written into the new product
+
+    editor.Select(0, 0);
+    editor.Add(paper);
+    EXPECT_TRUE(editor.Editing);
+    EXPECT_EQ(editor.SelectedProduct, 0);
+}
+
+TEST(Adding, StopsWhenTheCatalogueIsFull)
+{
+    ProductEditor editor = editorOf(ProductTable(MostProducts, bread));
+    try {
+        editor.Add(paper);
+        ADD_FAILURE() << "added";
+    } catch (const RunTimeError& error) {
+        EXPECT_STREQ(error.what(), "El catálogo está lleno: no caben más de 32767 productos.");
+    }
+    EXPECT_EQ(editor.Table.size(), 32767U);
+}
+
+TEST(Changing, TakesOverTheAnswersThatAreNotEmpty)
+{
+    struct Row {
+        ProductTexts Answers;
+        Product Changed;
+    };
+    const std::vector<Row> rows {
+        { { "", "", "" }, bread },
+        { { " Kiosko ", "", "" }, product("Kiosko", "Una barra de pan", 0.85F) },
+        { { "", " Un bollo ", "" }, product("Panadería", "Un bollo", 0.85F) },
+        { { "", "", "3" }, product("Panadería", "Una barra de pan", 3) },
+        { { "Kiosko", "Un tebeo", "2.5" }, product("Kiosko", "Un tebeo", 2.5F) },
+        { { " ", " ", " " }, product("", "", 0) },
+    };
+    for (const Row& row : rows) {
+        ProductEditor editor = editorOf({ paper, bread, fish });
+        editor.Change(1, row.Answers);
+        EXPECT_EQ(editor.Table, (ProductTable { paper, row.Changed, fish }));
+    }
+}
+
+TEST(Changing, ReadsThePriceWithAPointAlone)
+{
+    struct Row {
+        const char* Answer;
+        float Price;
+    };
+    for (const Row& row :
+        { Row { "1,25", 1 }, Row { "1.25", 1.25F }, Row { "abc", 0 }, Row { "0,85", 0 }, Row { "1.250,5", 1.25F },
+            Row { " 4 5 ", 45 }, Row { "-2", -2 }, Row { "1e2", 100 }, Row { "3 euros", 3 }, Row { ".5", 0.5F } }) {
+        ProductEditor editor = editorOf({ bread });
+        editor.Change(0, { "", "", row.Answer });
+        EXPECT_EQ(editor.Table[0].Precio, row.Price) << row.Answer;
+    }
+}
+
+TEST(Changing, ChangesNothingWhenThePriceIsTooLarge)
+{
+    for (const char* price : { "1e39", "1e400", "-1e39" }) {
+        ProductEditor editor = editorOf({ bread });
+        try {
+            editor.Change(0, { "Kiosko", "Un tebeo", price });
+            ADD_FAILURE() << price;
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::Overflow);
+            EXPECT_EQ(error.what(), "El precio «" + std::string(price) + "» es demasiado grande.");
+        }
+        EXPECT_EQ(editor.Table, ProductTable { bread });
+    }
+}
+
+TEST(Deleting, MovesTheLaterProductsOnePlaceUp)
+{
+    struct Row {
+        int Deleted;
+        ProductTable Left;
+    };
+    for (const Row& row : { Row { 0, { paper, fish } }, Row { 1, { bread, fish } }, Row { 2, { bread, paper } } }) {
+        ProductEditor editor = editorOf({ bread, paper, fish });
+        editor.Delete(row.Deleted, 0);
+        EXPECT_EQ(editor.Table, row.Left);
+    }
+}
+
+TEST(Deleting, GoesOnWithTheLineAboveOrTheFirst)
+{
+    struct Row {
+        int Line;
+        int Next;
+    };
+    for (const Row& row : { Row { 0, 0 }, Row { 1, 0 }, Row { 2, 1 } }) {
+        EXPECT_EQ(editorOf({ bread, paper, fish }).Delete(1, row.Line), row.Next) << row.Line;
+    }
+    EXPECT_EQ(editorOf({ bread, paper }).Delete(1, 1), 0);
+    EXPECT_EQ(editorOf({ bread }).Delete(0, 0), 0);
+}
+
+TEST(Deleting, TakesNothingOverFromTheBoxes)
+{
+    ProductEditor editor = editorOf({ bread, paper });
+    editor.Select(1, 0);
+    editor.Delete(1, 0);
+    EXPECT_FALSE(editor.Editing);
+    EXPECT_TRUE(editor.WriteBack({ "x", "y", "9" }));
+    EXPECT_EQ(editor.Table, ProductTable { bread });
+}
+
+TEST(Deleting, LeavesTheOnlyProductWithThePriceZeroUntilTheCatalogueIsLoadedAgain)
+{
+    const TemporaryFolder folder;
+    ProductEditor editor = editorOf({ bread });
+    editor.Delete(0, 0);
+    EXPECT_EQ(editor.Table, ProductTable { product("Panadería", "Una barra de pan", 0) });
+    EXPECT_EQ(editor.LineText(0), "Panadería         Una barra de pan               0€");
+
+    SaveCatalogue(folder / "productos.dat", editor.Table);
+    EXPECT_EQ(ReadBytes(folder / "productos.dat").size(), 154U);
+    EXPECT_TRUE(IsEmpty(LoadCatalogue(folder / "productos.dat")));
+}
+
+TEST(Deleting, LeavesAProductWithThePriceZeroThatIsNotTheEmptyEntry)
+{
+    ProductEditor editor = editorOf({ bread });
+    editor.Delete(0, 0);
+    EXPECT_EQ(editor.Add(paper), 1);
+    EXPECT_EQ(editor.Table.size(), 2U);
+}
+
+TEST(Deleting, LeavesTheEmptyEntryEmpty)
+{
+    ProductEditor editor;
+    EXPECT_EQ(editor.Delete(0, 0), 0);
+    EXPECT_TRUE(IsEmpty(editor.Table));
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,303 @@
+#include "activities/shopping/core/ShoppingTask.h"
+#include "activities/shopping/tests/TestTables.h"
+
+#include "common/core/TimeOfDay.h"
+#include "tests/support/ScriptedRandom.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr double oneUnit = 0.5; // not above 0.5
+
+// The middle of the draws that give this index.
+double drawOf(int index, int count)
+{
+    return (index + 0.5) / count;
+}
+
+std::vector<int> productsOf(const ShoppingTask& task)
+{
+    std::vector<int> products;
+    for (const ShoppingItem& item : task.ShoppingList) {
+        products.push_back(item.Product);
+    }
+    return products;
+}
+
+ShoppingTask taskWith(ProductTable table, int listLength)
+{
+    ShoppingTask task;
+    task.Catalogue = std::move(table);
+    task.ListLength = listLength;
+    return task;
+}
+
+// What the rule forbids, looked up in another way: the digits of one number as a run inside those of the other.
+bool isRunOf(int shorter, int longer)
+{
+    for (int head = longer; head > 0 || longer == 0; head /= 10) {
+        for (int power = 10; power <= 100'000; power *= 10) {
+            const int tail = head % power;
+            if (tail == shorter && std::to_string(tail).size() == std::to_string(shorter).size()
+                && (tail >= power / 10 || power == 10)) {
+                return true;
+            }
+        }
+        if (head == 0) {
+            break;
+        }
+    }
+    return false;
+}
+
+TEST(ShoppingListTest, DrawsProductsAndUnits)
+{
+    ShoppingTask task
+        = taskWith(TableOf({ { "Una barra de pan", 0.85F, "Panadería" }, { "Un periódico", 1.5F, "Kiosko" },
+                       { "Un besugo", 8.25F, "Pescadería" }, { "Un lápiz", 0.4F, "Papelería" } }),
+            4);
+    ScriptedRandom random { drawOf(2, 4), 0.5, drawOf(0, 4), 0.51, 0.59, drawOf(3, 4), 0.99, 0.6, drawOf(1, 4), 0.0 };
+    EXPECT_EQ(task.NewShoppingTask(random), "");
+    EXPECT_TRUE(random.AllDrawn());
+    EXPECT_EQ(task.ListLines(),
+        (std::vector<std::string> { "(1) Un besugo", "(2) Una barra de pan", "(3) Un lápiz", "(1) Un periódico" }));
+    EXPECT_EQ(task.ListCost, 8.25F + 2 * 0.85F + 3 * 0.4F + 1.5F);
+    EXPECT_EQ(task.MoneyGiven, 15);
+    EXPECT_EQ(task.MoneyLeft, 15);
+    EXPECT_EQ(task.TimeLeft, (4 * 5 + 10) * 60);
+    EXPECT_EQ(task.ShoppingList[0].Precio, 8.25F);
+    EXPECT_EQ(task.ShoppingList[0].Tienda.Trimmed(), "Pescadería");
+}
+
+TEST(ShoppingListTest, EachProductIsThereOnlyOnce)
+{
+    ShoppingTask task = taskWith(NumberedTable(4), 3);
+    ScriptedRandom random { drawOf(3, 4), oneUnit, drawOf(3, 4), drawOf(3, 4), drawOf(0, 4), oneUnit, drawOf(3, 4),
+        drawOf(0, 4), drawOf(1, 4), oneUnit };
+    task.NewShoppingTask(random);
+    EXPECT_TRUE(random.AllDrawn());
+    EXPECT_EQ(productsOf(task), (std::vector<int> { 3, 0, 1 }));
+}
+
+TEST(ShoppingListTest, AnIndexRulesOutThoseWrittenInsideIt)
+{
+    ShoppingTask task = taskWith(NumberedTable(30), 4);
+    ScriptedRandom random { drawOf(12, 30), oneUnit, drawOf(1, 30), drawOf(2, 30), drawOf(12, 30), drawOf(21, 30),
+        oneUnit, drawOf(22, 30), oneUnit, drawOf(2, 30), drawOf(1, 30), drawOf(0, 30), oneUnit };
+    task.NewShoppingTask(random);
+    EXPECT_TRUE(random.AllDrawn());
+    EXPECT_EQ(productsOf(task), (std::vector<int> { 12, 21, 22, 0 }));
+}
+
+TEST(ShoppingListTest, AnIndexRulesOutNothingLongerThanItself)
+{
+    ShoppingTask task = taskWith(NumberedTable(30), 3);
+    ScriptedRandom random { drawOf(1, 30), oneUnit, drawOf(12, 30), oneUnit, drawOf(21, 30), oneUnit };
+    task.NewShoppingTask(random);
+    EXPECT_EQ(productsOf(task), (std::vector<int> { 1, 12, 21 }));
+}
+
+TEST(ShoppingListTest, AListThatHasRunIntoADeadEndIsDrawnAgain)
+{
+    // 0 to 10: once 10 is drawn, 0 and 1 are ruled out, and only nine of the ten can be found.
+    ShoppingTask task = taskWith(NumberedTable(11), 10);
+    std::vector<double> draws;
+    const auto add = [&draws](int index) { draws.insert(draws.end(), { drawOf(index, 11), oneUnit }); };
+    add(10);
+    for (int index = 2; index < 10; ++index) {
+        add(index);
+    }
+    for (int index = 0; index < 10; ++index) {
+        add(index);
+    }
+    class Replay : public RandomSource {
+    public:
+        explicit Replay(std::vector<double> draws)
+            : draws_(std::move(draws))
+        {
+        }
+        double Next() override { return draws_.at(next_++); }
+        float NextSingle() override { return static_cast<float>(Next()); }
+        bool AllDrawn() const { return next_ == draws_.size(); }
+
+    private:
+        std::vector<double> draws_;
+        std::size_t next_ = 0;
+    } random(draws);
+    EXPECT_EQ(task.NewShoppingTask(random), "");
+    EXPECT_TRUE(random.AllDrawn());
+    EXPECT_EQ(productsOf(task), (std::vector<int> { 0, 1, 2, 3, 4, 5, 6, 7, 8, 9 }));
+    EXPECT_EQ(task.ListCost, 10);
+}
+
+TEST(ShoppingListTest, DrawingEndsForEveryCatalogueAndEveryLength)
+{
+    for (const int products : { 1, 2, 3, 4, 9, 10, 11, 12, 13, 20, 21, 99, 100, 101, 111, 112, 1000, 32'767 }) {
+        ShoppingTask task = taskWith(NumberedTable(products), 1);
+        for (int length = 1; length <= 11; ++length) {
+            task.ListLength = length;
+            for (int seed = 1; seed <= 20; ++seed) {
+                SeededRandom random(seed);
+                task.NewShoppingTask(random);
+                const std::vector<int> list = productsOf(task);
+                ASSERT_EQ(static_cast<int>(list.size()), std::min(products, length));
+                for (std::size_t later = 0; later < list.size(); ++later) {
+                    ASSERT_GE(list[later], 0);
+                    ASSERT_LT(list[later], products);
+                    for (std::size_t earlier = 0; earlier < later; ++earlier) {
+                        ASSERT_FALSE(isRunOf(list[later], list[earlier])) << list[later] << " in " << list[earlier];
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST(ShoppingListTest, ACatalogueWithTooFewProductsGivesAListOfAllOfThem)
+{
+    ShoppingTask task = taskWith(NumberedTable(3), 4);
+    SeededRandom random(7);
+    EXPECT_EQ(task.NewShoppingTask(random),
+        "El catálogo solo tiene 3 productos, así que la lista de la compra es de 3 productos en lugar de 4.");
+    const std::vector<int> list = productsOf(task);
+    EXPECT_EQ(std::set<int>(list.begin(), list.end()), (std::set<int> { 0, 1, 2 }));
+    EXPECT_EQ(task.ListLength, 4) << "the next list asks for as many as before";
+
+    task = taskWith(NumberedTable(1), 10);
+    EXPECT_EQ(task.NewShoppingTask(random),
+        "El catálogo solo tiene 1 producto, así que la lista de la compra es de 1 producto en lugar de 10.");
+    EXPECT_EQ(productsOf(task), std::vector<int> { 0 });
+}
+
+TEST(ShoppingListTest, AnEmptyCatalogueGivesAnEmptyListAndSaysSo)
+{
+    ShoppingTask task;
+    ScriptedRandom random {};
+    EXPECT_EQ(task.NewShoppingTask(random),
+        "El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
+        "Añade productos desde el menú Opciones.");
+    EXPECT_TRUE(task.ListLines().empty());
+    EXPECT_EQ(task.ListCost, 0);
+    EXPECT_FALSE(task.IsListOpen());
+}
+
+TEST(ShoppingListTest, UnitsAreOneInHalfOfTheCasesTwoInThreeTenthsAndThreeInTheRest)
+{
+    ShoppingTask task = taskWith(NumberedTable(1), 1);
+    SeededRandom random(1);
+    std::map<int, int> counts;
+    constexpr int draws = 20'000;
+    for (int i = 0; i < draws; ++i) {
+        task.NewShoppingTask(random);
+        ++counts[task.ShoppingList[0].Units];
+    }
+    EXPECT_EQ(counts.size(), 3U);
+    EXPECT_NEAR(counts[1], draws * 0.5, draws * 0.02);
+    EXPECT_NEAR(counts[2], draws * 0.3, draws * 0.02);
+    EXPECT_NEAR(counts[3], draws * 0.2, draws * 0.02);
+}
+
+TEST(ShoppingListTest, EveryProductIsDrawnAboutEquallyOftenInTheFirstPlace)
+{
+    ShoppingTask task = taskWith(NumberedTable(20), 4);
+    std::map<int, int> counts;
+    SeededRandom random(99);
+    constexpr int draws = 20'000;
+    for (int i = 0; i < draws; ++i) {
+        task.NewShoppingTask(random);
+        ++counts[task.ShoppingList[0].Product];
+    }
+    EXPECT_EQ(counts.size(), 20U);
+    for (const auto& [product, count] : counts) {
+        EXPECT_NEAR(count, draws / 20, draws / 20 * 0.2) << product;
+    }
+}
+
+TEST(ShoppingListTest, TimeIsTenMinutesAndFiveForEachDifferentShop)
+{
+    struct Case {
+        std::vector<ProductRow> Rows;
+        int Minutes;
+    };
+    const std::vector<Case> cases {
+        { { { "a", 1, "Kiosko" }, { "b", 1, "Kiosko" }, { "c", 1, "Kiosko" } }, 15 },
+        { { { "a", 1, "Kiosko" }, { "b", 1, "Librería" }, { "c", 1, "Kiosko" } }, 20 },
+        { { { "a", 1, "Kiosko" }, { "b", 1, "Librería" }, { "c", 1, "Frutería" } }, 25 },
+        { { { "a", 1, "Kiosko" }, { "b", 1, "kiosko" }, { "c", 1, "KIOSKO" } }, 25 }, // the field as it stands
+        { { { "a", 1, "Ninguna" }, { "b", 1, "Ninguna" }, { "c", 1, "Frutería" } }, 20 },
+    };
+    for (const Case& c : cases) {
+        ShoppingTask task = taskWith(TableOf(c.Rows), 3);
+        SeededRandom random(3);
+        task.NewShoppingTask(random);
+        EXPECT_EQ(task.TimeLeft, c.Minutes * 60);
+    }
+}
+
+TEST(ShoppingListTest, MoneyIsTheNextMultipleOfFiveAboveTheCost)
+{
+    struct Case {
+        float Price;
+        float Money;
+    };
+    for (const Case& c : { Case { 25, 30 }, { 4.4F, 5 }, { 23.4F, 25 }, { 24.6F, 30 }, { 24.5F, 25 }, { 0.01F, 5 } }) {
+        ShoppingTask task = taskWith(TableOf({ { "a", c.Price } }), 1);
+        ScriptedRandom random { 0, oneUnit };
+        task.NewShoppingTask(random);
+        EXPECT_EQ(task.MoneyGiven, c.Money) << c.Price;
+        EXPECT_EQ(task.MoneyLeft, c.Money) << c.Price;
+    }
+}
+
+TEST(ShoppingListTest, TheCostIsAddedUpInSinglePrecisionInTheOrderOfTheList)
+{
+    ShoppingTask task = taskWith(TableOf({ { "a", 0.1F }, { "b", 999.99F }, { "c", 0.7F } }), 3);
+    ScriptedRandom random { drawOf(1, 3), 0.9, 0.9, drawOf(0, 3), 0.9, 0.9, drawOf(2, 3), 0.9, 0.1 };
+    task.NewShoppingTask(random);
+    float cost = 3.0F * 999.99F;
+    cost += 3.0F * 0.1F;
+    cost += 2.0F * 0.7F;
+    EXPECT_EQ(task.ListCost, cost);
+}
+
+TEST(ShoppingListTest, ANewTaskLeavesBasketAndStepAsTheyAre)
+{
+    ShoppingTask task = taskWith(NumberedTable(5), 2);
+    SeededRandom random(4);
+    task.NewShoppingTask(random);
+    task.EnterShop("Panadería");
+    task.TakeProduct(3);
+    task.Continue("");
+    task.NewShoppingTask(random);
+    EXPECT_EQ(task.PayStep, 2);
+    EXPECT_EQ(task.BasketLines(), std::vector<std::string> { "(1) Producto 3 1" });
+}
+
+TEST(ShoppingListTest, TheLengthOfTheListIsTakenAboveOneAndBelowEleven)
+{
+    struct Case {
+        const char* Typed;
+        int Length; // 4: refused
+    };
+    for (const Case& c : { Case { "2", 2 }, { "10", 10 }, { "1", 4 }, { "11", 4 }, { "0", 4 }, { "-1", 4 }, { "", 4 },
+             { "tres", 4 }, { "1e3", 4 }, { "1e1", 10 }, { "1,5", 4 }, { "10,5", 10 }, { "2.5", 2 }, { "3.5", 4 },
+             { "1.2", 1 }, { "1.5", 2 }, { "10.6", 11 }, { "10.5", 10 }, { "7 productos", 7 }, { " 8 ", 8 } }) {
+        ShoppingTask task;
+        EXPECT_EQ(task.SetListLength(c.Typed), c.Length != 4 || std::string(c.Typed) == "3.5") << c.Typed;
+        EXPECT_EQ(task.ListLength, c.Length) << c.Typed;
+    }
+    ShoppingTask task;
+    EXPECT_FALSE(task.SetListLength("1" + std::string(400, '0')));
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,95 @@
+#include "activities/shopping/screen/TextArea.h"
+
+#include "common/screen/TextBox.h"
+#include "tests/support/Driver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractTextDocumentLayout>
+#include <QScrollBar>
+#include <QTextBlock>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+TEST(TextAreaTest, ShowsATextAndTakesNoTyping)
+{
+    TextArea area;
+    area.SetText("(1) Un  bollo   \nPulsa");
+    EXPECT_EQ(area.Text(), "(1) Un  bollo   \nPulsa");
+    ShowAndActivate(area);
+    Type(QStringLiteral("x"));
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(area.Text(), "(1) Un  bollo   \nPulsa");
+}
+
+TEST(TextAreaTest, AHighlightStaysWhateverHasTheFocus)
+{
+    QWidget window;
+    auto* area = new TextArea(&window);
+    auto* box = new TextBox(&window);
+    area->SetText("Sume los precios");
+    area->SelectWholeText();
+    ShowAndActivate(window);
+    area->setFocus();
+    box->setFocus();
+    EXPECT_EQ(area->textCursor().selectedText(), QStringLiteral("Sume los precios"));
+    area->SetText("otro");
+    EXPECT_FALSE(area->textCursor().hasSelection());
+}
+
+TEST(TextAreaTest, OfALongHighlightTheBeginningIsInView)
+{
+    TextArea area;
+    area.resize(200, 60);
+    std::string text;
+    for (int line = 0; line < 50; ++line) {
+        text += "una línea\n";
+    }
+    ShowAndActivate(area);
+    area.SetText(text);
+    area.SelectWholeText();
+    EXPECT_EQ(area.verticalScrollBar()->value(), 0);
+    EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+}
+
+TEST(TextAreaTest, TabLeavesIt)
+{
+    QWidget window;
+    auto* area = new TextArea(&window);
+    auto* box = new TextBox(&window);
+    ShowAndActivate(window);
+    area->setFocus();
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(box->hasFocus());
+}
+
+TEST(ColumnAreaTest, LinesShareItsHeightEvenlyAndStandAtTheRight)
+{
+    ColumnArea column;
+    column.resize(120, 19 * 30);
+    ShowAndActivate(column);
+    std::string text = "  0,85";
+    for (int rows = 1; rows <= 30; ++rows) {
+        column.SetText(text);
+        column.resize(120, 19 * rows);
+        ASSERT_EQ(column.document()->blockCount(), rows);
+        int row = 0;
+        for (QTextBlock block = column.document()->begin(); block.isValid(); block = block.next(), ++row) {
+            const QRectF place = column.document()->documentLayout()->blockBoundingRect(block);
+            EXPECT_NEAR(place.top(), 19 * row, 0.5) << rows;
+            EXPECT_NEAR(place.height(), 19, 0.5) << rows;
+            EXPECT_EQ(block.blockFormat().alignment(), Qt::AlignRight);
+            EXPECT_EQ(block.layout()->lineCount(), 1);
+        }
+        text += "\n+ 12,50";
+    }
+    EXPECT_EQ(column.verticalScrollBar()->maximum(), 0);
+}
+
+} // namespace
+
+} // namespace numbrela

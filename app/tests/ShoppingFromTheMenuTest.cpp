@@ -1,0 +1,99 @@
+#include "app/Form1.h"
+
+#include "activities/shopping/screen/DLGProductos.h"
+#include "activities/shopping/screen/Form7.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPointer>
+#include <QTest>
+
+#include <filesystem>
+#include <memory>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+const QString laCompra = QStringLiteral("Command1(7)");
+
+std::vector<Form7*> shoppingWindows()
+{
+    std::vector<Form7*> windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* form = dynamic_cast<Form7*>(window); form != nullptr && form->isVisible()) {
+            windows.push_back(form);
+        }
+    }
+    return windows;
+}
+
+// The catalogue stands in the folder "Recursos" beside the program: here, beside this test.
+class ShoppingFromTheMenuTest : public ::testing::Test {
+protected:
+    ShoppingFromTheMenuTest()
+    {
+        std::filesystem::create_directory(folder_);
+        SaveCatalogue(folder_ / "productos.dat", NumberedTable(7));
+        ShowAndActivate(*menu_);
+    }
+    ~ShoppingFromTheMenuTest() override
+    {
+        menu_.reset();
+        std::filesystem::remove_all(folder_);
+    }
+    ShoppingFromTheMenuTest(const ShoppingFromTheMenuTest&) = delete;
+    ShoppingFromTheMenuTest& operator=(const ShoppingFromTheMenuTest&) = delete;
+
+    const std::filesystem::path folder_
+        = std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / "Recursos";
+    const FixedClock clock_;
+    std::unique_ptr<Form1> menu_ = std::make_unique<Form1>(clock_);
+};
+
+TEST_F(ShoppingFromTheMenuTest, ItsButtonOpensTheWindowWithTheCatalogueBesideTheProgram)
+{
+    Click(*menu_, laCompra);
+    ASSERT_EQ(shoppingWindows().size(), 1U);
+    EXPECT_EQ(shoppingWindows()[0]->windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(shoppingWindows()[0]->Task().Catalogue.size(), 7U);
+    shoppingWindows()[0]->close();
+}
+
+TEST_F(ShoppingFromTheMenuTest, AWindowThatTheEditorHasLeftBesideTheMenuComesToTheFront)
+{
+    Click(*menu_, laCompra);
+    shoppingWindows().at(0)->MnuOpcPro_Click();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* editor = dynamic_cast<DLGProductos*>(window)) {
+            editor->close();
+        }
+    }
+    ASSERT_EQ(shoppingWindows().size(), 1U);
+    Form7* const shopping = shoppingWindows()[0];
+    EXPECT_EQ(shopping->windowModality(), Qt::NonModal);
+
+    ShowAndActivate(*menu_);
+    Click(*menu_, laCompra);
+    EXPECT_EQ(shoppingWindows(), std::vector<Form7*> { shopping });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(shopping));
+    EXPECT_EQ(shopping->windowModality(), Qt::NonModal);
+}
+
+TEST_F(ShoppingFromTheMenuTest, WindowsThatAreStillOpenEndWithTheMenu)
+{
+    Click(*menu_, laCompra);
+    const QPointer<Form7> shopping = shoppingWindows().at(0);
+    menu_.reset();
+    EXPECT_EQ(shopping, nullptr);
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,76 @@
+#include "activities/shopping/catalogue/CatalogueSource.h"
+#include "activities/shopping/screen/DLGProductos.h"
+#include "common/screen/TextBox.h"
+#include "tests/gallery/Gallery.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+
+#include <QDialog>
+#include <QListView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <fstream>
+
+namespace numbrela::testing {
+
+namespace {
+
+void clickLine(const DLGProductos& form, int line)
+{
+    const QModelIndex index = form.List1->model()->index(line, 0);
+    form.List1->scrollTo(index);
+    QTest::mouseClick(form.List1->viewport(), Qt::LeftButton, {}, form.List1->visualRect(index).center());
+}
+
+void drawShippedCatalogue(Gallery& gallery, const Clock& clock, const std::filesystem::path& catalogue)
+{
+    std::ifstream text(SHOPPING_CATALOGUE_SOURCE);
+    SaveCatalogue(catalogue, ReadCatalogueSource(text));
+
+    DLGProductos form(clock);
+    form.Ruta = catalogue;
+    form.Form_Load();
+    ShowAndActivate(form);
+    gallery.Draw(form, QStringLiteral("products-fresh"));
+
+    clickLine(form, 6);
+    gallery.Draw(form, QStringLiteral("products-selected"));
+    gallery.DrawMaximised(form, QStringLiteral("products-maximised"));
+
+    form.TbDatos[1]->SetText("Un nombre que es tan largo que apenas cabe en su caja, y que aun así se lee entero");
+    form.TbDatos[2]->SetText("gratis");
+    ExpectDialog([&](QDialog& box) {
+        gallery.Draw(box, QStringLiteral("products-refused-box"));
+        gallery.Draw(form, QStringLiteral("products-refused"));
+        box.reject();
+    });
+    clickLine(form, 7);
+    EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
+    form.hide();
+}
+
+void drawEmptyCatalogue(Gallery& gallery, const Clock& clock, const std::filesystem::path& catalogue)
+{
+    SaveCatalogue(catalogue, ProductTable(1));
+    DLGProductos form(clock);
+    form.Ruta = catalogue;
+    form.Form_Load();
+    ShowAndActivate(form);
+    gallery.Draw(form, QStringLiteral("products-empty"));
+    form.hide();
+}
+
+} // namespace
+
+void DrawProductEditor(Gallery& gallery)
+{
+    const FixedClock clock;
+    const QTemporaryDir folder;
+    const std::filesystem::path catalogue = folder.filePath(QStringLiteral("productos.dat")).toStdString();
+    drawShippedCatalogue(gallery, clock, catalogue);
+    drawEmptyCatalogue(gallery, clock, catalogue);
+}
+
+} // namespace numbrela::testing

@@ -1,0 +1,148 @@
+#include "activities/shopping/catalogue/CatalogueSource.h"
+#include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "tests/gallery/Gallery.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/FixedClock.h"
+
+#include <QDialog>
+
+#include <algorithm>
+#include <fstream>
+
+namespace numbrela::testing {
+
+namespace {
+
+void takeSomeBread(const Form7& form)
+{
+    GoInto(form, QStringLiteral("Panadería"));
+    for (const int line : { 1, 0, 4, 1, 6 }) {
+        DoubleClickLine(*form.LIDisponibles, line);
+    }
+}
+
+void buyWhatIsListedIn(const Form7& form, const QString& shop)
+{
+    GoInto(form, shop);
+    for (const ShoppingItem& wanted : form.Task().ShoppingList) {
+        for (int unit = 0; QString::fromStdString(wanted.Tienda.Trimmed()) == shop && unit < wanted.Units; ++unit) {
+            TakeFromShelf(form, QString::fromStdString(wanted.Nombre.Trimmed()));
+        }
+    }
+}
+
+bool needs(const Form7& form, std::string_view shop)
+{
+    const std::vector<ShoppingItem>& list = form.Task().ShoppingList;
+    return std::any_of(list.begin(), list.end(),
+        [shop](const ShoppingItem& item) { return item.Units > 0 && item.Tienda.Trimmed() == shop; });
+}
+
+bool needsOnly(const Form7& form, std::string_view shop)
+{
+    return std::none_of(ShoppingTask::ShopNames.begin(), ShoppingTask::ShopNames.end(),
+        [&](const char* other) { return other != shop && needs(form, other); });
+}
+
+void pay(const Form7& form)
+{
+    PressContinue(form);
+    TypeResult(Written(form.Task().BasketTotal));
+    PressContinue(form);
+    TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
+    PressContinue(form);
+}
+
+void drawVisit(Gallery& gallery, Form7& form)
+{
+    takeSomeBread(form);
+    gallery.Draw(form, QStringLiteral("shopping-shop"));
+    gallery.DrawMaximised(form, QStringLiteral("shopping-shop-maximised"));
+    PressContinue(form);
+    TypeResult(QStringLiteral(",35"));
+    gallery.Draw(form, QStringLiteral("shopping-adding"));
+    gallery.DrawMaximised(form, QStringLiteral("shopping-adding-maximised"));
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_Delete);
+    TypeResult(Written(form.Task().BasketTotal));
+    PressContinue(form);
+    TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
+    gallery.Draw(form, QStringLiteral("shopping-change"));
+    PressContinue(form);
+    gallery.Draw(form, QStringLiteral("shopping-receipt"));
+    gallery.DrawMaximised(form, QStringLiteral("shopping-receipt-maximised"));
+    PressContinue(form);
+}
+
+void drawLongColumn(Gallery& gallery, Form7& form)
+{
+    GoInto(form, QStringLiteral("Kiosko"));
+    for (int unit = 0; unit < 34; ++unit) {
+        DoubleClickLine(*form.LIDisponibles, unit % 3);
+    }
+    PressContinue(form);
+    gallery.Draw(form, QStringLiteral("shopping-long-column"));
+    ExpectDialog([](QDialog& box) { box.accept(); });
+    PressContinue(form);
+}
+
+void drawVerdict(Gallery& gallery, Form7& form)
+{
+    for (const char* shop : ShoppingTask::ShopNames) {
+        if (!needs(form, shop)) {
+            continue;
+        }
+        buyWhatIsListedIn(form, QString::fromUtf8(shop));
+        pay(form);
+        if (needsOnly(form, shop)) {
+            ExpectDialog([](QDialog& box) { box.accept(); });
+        }
+        PressContinue(form);
+    }
+    gallery.Draw(form, QStringLiteral("shopping-bought"));
+    ExpectDialog([&gallery](QDialog& box) {
+        gallery.Draw(box, QStringLiteral("shopping-verdict"));
+        box.accept();
+    });
+    ExpectDialog([&gallery](QDialog& box) {
+        gallery.Draw(box, QStringLiteral("shopping-again"));
+        box.reject();
+    });
+    Click(form, QStringLiteral("CBVolver"));
+}
+
+} // namespace
+
+void DrawShopping(Gallery& gallery)
+{
+    const TemporaryFolder folder;
+    const FixedClock clock({ 10, 12, 30, 36750 });
+    std::ifstream text(SHOPPING_CATALOGUE_SOURCE);
+    const std::filesystem::path catalogue = folder / "productos.dat";
+    SaveCatalogue(catalogue, ReadCatalogueSource(text));
+    {
+        Form7 form(clock, catalogue);
+        ShowAndActivate(form);
+        gallery.Draw(form, QStringLiteral("shopping-centre"));
+        gallery.DrawMaximised(form, QStringLiteral("shopping-maximised"));
+        drawVisit(gallery, form);
+        drawLongColumn(gallery, form);
+    }
+    {
+        Form7 form(clock, catalogue);
+        ShowAndActivate(form);
+        drawVerdict(gallery, form);
+    }
+    ExpectDialog([&gallery](QDialog& box) {
+        gallery.Draw(box, QStringLiteral("shopping-empty-catalogue-message"));
+        box.accept();
+    });
+    Form7 form(clock, folder / "none.dat");
+    ShowAndAnswerBoxes(form);
+    gallery.Draw(form, QStringLiteral("shopping-empty-catalogue"));
+}
+
+} // namespace numbrela::testing
