@@ -36,7 +36,12 @@ protected:
     QAction* AddMenuItem(QMenu* menu, const QString& name, const QString& caption, std::function<void()> choose,
         const QKeySequence& shortcut = {});
 
+    // Has `keyDown` called with the code of each key that goes down in the window, before the control with the focus
+    // hears of it.
+    void SeeKeysFirst(std::function<void(int keyCode)> keyDown);
+
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -53,6 +58,7 @@ private:
     double ownScale_; // the same when the window last took a size by itself, and that size
     QSize ownSize_;
     bool everShown_ = false;
+    std::function<void(int keyCode)> keyDown_;
 };
 
 } // namespace numbrela

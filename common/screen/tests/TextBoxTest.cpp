@@ -351,6 +351,17 @@ TEST_F(TextBoxTest, TellsWheneverTheFocusComes)
     EXPECT_EQ(gotFocus.count(), 3) << "by a click";
 }
 
+TEST_F(TextBoxTest, DoesNotTellOfAFocusThatAWindowAMenuOrAMessageGivesBack)
+{
+    const QSignalSpy gotFocus(&box_, &TextBox::GotFocus);
+    for (const auto reason : { Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason }) {
+        button_.setFocus();
+        box_.setFocus(reason);
+        EXPECT_EQ(FocusName(), "Box");
+        EXPECT_EQ(gotFocus.count(), 0) << reason;
+    }
+}
+
 TEST_F(TextBoxTest, CanPassTheFocusOnAsSoonAsItComes)
 {
     button_.setFocus();

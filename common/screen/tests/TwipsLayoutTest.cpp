@@ -270,6 +270,20 @@ TEST_F(TwipsLayoutTest, ShowsAControlBeyondAnyEdgeWhole)
     }
 }
 
+TEST_F(TwipsLayoutTest, KeepsAMarginAroundEveryControl)
+{
+    QLabel* label = place({ 300, 300, 3900, 2400 });
+    layout_.SetMargin(300);
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 })) << "inside there is room enough";
+    layout_.Move(label, { 285, 300, 3900, 2400 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -15, 0, 4515, 3000 }));
+    layout_.Move(label, { -600, -450, 6000, 4500 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -900, -750, 6600, 5100 }));
+    show({ 440, 340 });
+    settle();
+    EXPECT_EQ(label->geometry(), QRect(20, 20, 400, 300));
+}
+
 TEST_F(TwipsLayoutTest, DoesNotCountAHiddenControl)
 {
     QLabel* label = place({ -600, -450, 900, 300 });
