@@ -1,6 +1,7 @@
 #include "app/Activities.h"
 
 #include "activities/addsub/screen/ColumnForm.h"
+#include "activities/divide/screen/Form5.h"
 
 namespace numbrela {
 
@@ -17,7 +18,7 @@ FormWindow* make(const Clock& clock)
 const std::array<MakeActivity, 8> activities {
     &make<Form2>, &make<Form3>,
     nullptr, // multiplication
-    nullptr, // division
+    &make<Form5>,
     nullptr, // greater and smaller
     nullptr, // powers of ten
     nullptr, // place and add

@@ -27,5 +27,6 @@ private:
 // One function for each room of the program.
 void DrawMenu(Gallery& gallery);
 void DrawAddSub(Gallery& gallery);
+void DrawDivide(Gallery& gallery);
 
 } // namespace numbrela::testing
