@@ -171,7 +171,7 @@ std::string DivisionExercise::ShowDivisionSolution()
         digits.erase(comma, 1);
     }
     const WorkedDivision worked
-        = Work({ digits, Divisor, DividendDigits, DividendDecimals, QuotientDecimals, ShowSubtractions });
+        = WorkOut({ digits, Divisor, DividendDigits, DividendDecimals, QuotientDecimals, ShowSubtractions });
     for (const WorkedLine& line : worked.Lines) {
         Grid.WriteWorkingLine(line.Text, line.Column, line.Row);
     }

@@ -93,7 +93,7 @@ private:
 
 } // namespace
 
-WorkedDivision Work(const DivisionTask& task)
+WorkedDivision WorkOut(const DivisionTask& task)
 {
     return Worker(task).Result();
 }

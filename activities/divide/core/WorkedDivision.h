@@ -32,6 +32,6 @@ struct WorkedDivision {
 // remainder with the next digit brought down beside it; with subtractions, what is subtracted stands above it. A 0 in
 // the quotient only brings down the next digit. Throws RunTimeError::Overflow when a running remainder, or the divisor,
 // does not fit 32 bits.
-WorkedDivision Work(const DivisionTask& task);
+WorkedDivision WorkOut(const DivisionTask& task);
 
 } // namespace numbrela

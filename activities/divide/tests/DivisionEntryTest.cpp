@@ -38,7 +38,7 @@ constexpr EntryCase entryCases[] = {
     { "123456789012345", 123456789012345, 15 },
 };
 
-const std::string ManyNines = std::string(400, '9');
+const std::string manyNines = std::string(400, '9');
 
 TEST(DivisionEntry, ADividendIsTheWholePartOfWhatWasTyped)
 {
@@ -130,7 +130,7 @@ TEST(DivisionEntry, ADivisorLeavesTheRestAsItWas)
 TEST(DivisionEntry, ANumberThatDoesNotFitIsRefusedAndNothingIsLost)
 {
     const std::string tooWide = std::string(194, '0') + "1";
-    for (const std::string& typed : { std::string("1e400"), std::string("-1e400"), ManyNines, tooWide }) {
+    for (const std::string& typed : { std::string("1e400"), std::string("-1e400"), manyNines, tooWide }) {
         SCOPED_TRACE(typed);
         DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
         typeRow(drawn.Exercise.Grid, 1, " 17");
@@ -140,7 +140,7 @@ TEST(DivisionEntry, ANumberThatDoesNotFitIsRefusedAndNothingIsLost)
         EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
     }
     const std::string longerThanACounter = std::string(40000, '0') + "1";
-    for (const std::string& typed : { std::string("1e400"), ManyNines, longerThanACounter }) {
+    for (const std::string& typed : { std::string("1e400"), manyNines, longerThanACounter }) {
         DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
         EXPECT_EQ(KindThrownBy([&] { drawn.Exercise.EnterDivisor(typed); }), RunTimeError::Kind::Overflow);
         EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");

@@ -351,7 +351,7 @@ TEST(DivisionSolution, IsRightForEveryDividendOfFourDigitsAndEveryDivisorOfTwo)
         DivisionTask task { digits + " ", 1, static_cast<int>(digits.size()), 0, 0, dividend % 2 == 0 };
         for (int divisor = 1; divisor <= 99; ++divisor) {
             task.Divisor = divisor;
-            const WorkedDivision worked = Work(task);
+            const WorkedDivision worked = WorkOut(task);
             ASSERT_EQ(worked.Quotient, digitsOf(dividend / divisor)) << dividend << " / " << divisor;
             ASSERT_EQ(lastRemainderOf(worked, dividend), dividend % divisor) << dividend << " / " << divisor;
         }
@@ -391,7 +391,8 @@ TEST(DivisionSolution, IsRightWithDecimalsForEveryDividendOfTwoDigitsAndEveryDiv
                     decimalsOfDividend ? 0 : 2, false };
                 const int quotient = amount / divisor;
                 const std::string decimals = digitsOf(100 + quotient % 100).substr(1);
-                ASSERT_EQ(Work(task).Quotient, digitsOf(quotient / 100) + "," + decimals) << amount << " / " << divisor;
+                ASSERT_EQ(WorkOut(task).Quotient, digitsOf(quotient / 100) + "," + decimals)
+                    << amount << " / " << divisor;
             }
         }
     }
