@@ -1,6 +1,7 @@
 #include "app/Activities.h"
 
 #include "activities/addsub/screen/ColumnForm.h"
+#include "activities/divide/screen/Form5.h"
 #include "activities/multiply/screen/Form4.h"
 #include "activities/shopping/screen/Form7.h"
 
@@ -40,7 +41,7 @@ const std::array<MakeActivity, 8> activities {
     &make<Form2>,
     &make<Form3>,
     &make<Form4>,
-    nullptr, // division
+    &make<Form5>,
     nullptr, // greater and smaller
     nullptr, // powers of ten
     nullptr, // place and add

@@ -172,7 +172,14 @@ void TextBox::keyReleaseEvent(QKeyEvent* event)
 void TextBox::focusInEvent(QFocusEvent* event)
 {
     keepSelectionDuring([&] { QLineEdit::focusInEvent(event); });
-    Q_EMIT GotFocus();
+    switch (event->reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        break;
+    default:
+        Q_EMIT GotFocus();
+    }
 }
 
 void TextBox::focusOutEvent(QFocusEvent* event)

@@ -51,7 +51,7 @@ Q_SIGNALS:
     // A key has been let go.
     void KeyUp(int keyCode);
 
-    // The focus has come to the box.
+    // The focus has come to the box from another control. A window, menu or message that gives it back does not count.
     void GotFocus();
 
 protected:

@@ -81,6 +81,12 @@ FontSpec TwipsLayout::FontOf(const QWidget* control) const
     return entry == nullptr ? defaultFont_ : entry->Font;
 }
 
+void TwipsLayout::SetMargin(int margin)
+{
+    margin_ = margin;
+    invalidate();
+}
+
 TwipsRect TwipsLayout::Extent() const
 {
     int left = 0;
@@ -90,10 +96,10 @@ TwipsRect TwipsLayout::Extent() const
     for (const Entry& entry : entries_) {
         if (!entry.Item->widget()->isHidden()) {
             const TwipsRect rect = wholeRect(entry);
-            left = std::min(left, rect.Left);
-            top = std::min(top, rect.Top);
-            right = std::max(right, rect.Left + rect.Width);
-            bottom = std::max(bottom, rect.Top + rect.Height);
+            left = std::min(left, rect.Left - margin_);
+            top = std::min(top, rect.Top - margin_);
+            right = std::max(right, rect.Left + rect.Width + margin_);
+            bottom = std::max(bottom, rect.Top + rect.Height + margin_);
         }
     }
     return { left, top, right - left, bottom - top };

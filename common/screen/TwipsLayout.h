@@ -53,6 +53,9 @@ public:
     TwipsRect RectOf(const QWidget* control) const;
     FontSpec FontOf(const QWidget* control) const;
 
+    // Keeps so much room, in twips, between every control and the edges of what is shown; without it, none.
+    void SetMargin(int margin);
+
     // What is shown: the design size, and every visible control whole.
     TwipsRect Extent() const;
 
@@ -89,6 +92,7 @@ private:
 
     TwipsSize designSize_;
     FontSpec defaultFont_;
+    int margin_ = 0;
     double pixelsPerTwip_;
     std::vector<Entry> entries_;
 };

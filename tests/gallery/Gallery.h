@@ -30,5 +30,6 @@ void DrawAddSub(Gallery& gallery);
 void DrawMultiply(Gallery& gallery);
 void DrawShopping(Gallery& gallery);
 void DrawProductEditor(Gallery& gallery);
+void DrawDivide(Gallery& gallery);
 
 } // namespace numbrela::testing

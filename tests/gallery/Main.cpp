@@ -24,5 +24,6 @@ int main(int argc, char** argv)
     DrawMultiply(gallery);
     DrawShopping(gallery);
     DrawProductEditor(gallery);
+    DrawDivide(gallery);
     return gallery.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
 }

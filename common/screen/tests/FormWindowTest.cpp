@@ -51,6 +51,7 @@ public:
     using FormWindow::AddMenu;
     using FormWindow::AddMenuItem;
     using FormWindow::MenuBar;
+    using FormWindow::SeeKeysFirst;
     using FormWindow::SetTabSequence;
 
     // What the window has below its menu bar.
@@ -188,6 +189,42 @@ TEST(FormWindowTest, GoesThroughItsControlsWithTabInTheOrderGiven)
     EXPECT_EQ(names, (std::vector<std::string> { "Box", "First", "Second" }));
     Press(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(FocusName(), "First");
+}
+
+TEST(FormWindowTest, SeesEachKeyOnceAndBeforeTheControlThatHasTheFocus)
+{
+    TestForm form;
+    std::vector<std::string> heard;
+    form.SeeKeysFirst([&](int keyCode) { heard.push_back("form " + std::to_string(keyCode)); });
+    QObject::connect(form.Box, &TextBox::KeyDown, &form,
+        [&](int keyCode, bool& /*consumed*/) { heard.push_back("box " + std::to_string(keyCode)); });
+    ShowAndActivate(form);
+    form.Box->setFocus();
+    Press(Qt::Key_F5);
+    Press(Qt::Key_5);
+    EXPECT_EQ(heard, (std::vector<std::string> { "form 116", "box 116", "form 53", "box 53" }));
+    EXPECT_EQ(form.Box->Text(), "5") << "it takes nothing away from the control";
+
+    heard.clear();
+    form.First->setFocus();
+    Press(Qt::Key_F5);
+    EXPECT_EQ(heard, std::vector<std::string> { "form 116" });
+    form.First->clearFocus();
+    Press(Qt::Key_F5);
+    EXPECT_EQ(heard.size(), 2U) << "no control has the focus";
+}
+
+TEST(FormWindowTest, SeesNoKeysOfOtherWindows)
+{
+    TestForm other;
+    int keys = 0;
+    other.SeeKeysFirst([&](int /*keyCode*/) { ++keys; });
+    ShowAndActivate(other);
+    TestForm form;
+    ShowAndActivate(form);
+    form.Box->setFocus();
+    Press(Qt::Key_F5);
+    EXPECT_EQ(keys, 0);
 }
 
 TEST(FormWindowTest, NamesItsMenusAndItems)
@@ -447,6 +484,38 @@ TEST_F(BeyondEdgeTest, GrowsNoLargerThanTheScreen)
         moveBox(inside_);
         EXPECT_EQ(form_.size(), size);
     }
+}
+
+TEST_F(BeyondEdgeTest, TakesTheSizeThatItsAreaIsGiven)
+{
+    ShowAndActivate(form_);
+    const QSize size = form_.size();
+    form_.Area().SetDesignSize({ designArea.Width + 600, designArea.Height - 1500 });
+    settle();
+    EXPECT_EQ(form_.size(), size + QSize(40, -100));
+    EXPECT_DOUBLE_EQ(form_.Area().PixelsPerTwip(), 1.0 / 15);
+    expectEverythingWhole(form_);
+    form_.Area().SetDesignSize(designArea);
+    settle();
+    EXPECT_EQ(form_.size(), size);
+}
+
+TEST_F(BeyondEdgeTest, ComesBackOntoTheScreenWhenItHasGrownOverItsEdge)
+{
+    ShowAndActivate(form_);
+    const QRect room = form_.screen()->availableGeometry();
+    const QPoint inMiddle(200, 100);
+    form_.move(inMiddle);
+    moveBox({ 3625, 7650, 2000, 495 });
+    EXPECT_EQ(form_.pos(), inMiddle) << "it has room where it is";
+    moveBox(inside_);
+    const QSize frame = form_.frameGeometry().size();
+    form_.move(room.right() + 1 - frame.width(), room.bottom() + 1 - frame.height());
+    moveBox({ 3625, 7650, 2000, 495 });
+    EXPECT_EQ(form_.frameGeometry().bottomRight(), room.bottomRight());
+    form_.move(-30, -20);
+    moveBox(inside_);
+    EXPECT_EQ(form_.frameGeometry().topLeft(), room.topLeft());
 }
 
 TEST_F(BeyondEdgeTest, CanBeOpenedMaximised)

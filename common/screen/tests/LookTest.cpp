@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QIcon>
 #include <QMenu>
 #include <QProxyStyle>
 
@@ -83,6 +85,33 @@ TEST(LookTest, IsFusionWithoutIconsOnTheButtonsOfBoxes)
     ASSERT_NE(style, nullptr);
     EXPECT_TRUE(style->baseStyle()->inherits("QFusionStyle"));
     EXPECT_EQ(style->styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
+}
+
+TEST(LookTest, DrawsCheckMarksAsLargeAsTheWordsBesideThem)
+{
+    QCheckBox box;
+    for (const int pixels : { 16, 32 }) {
+        QFont font = box.font();
+        font.setPixelSize(pixels);
+        box.setFont(font);
+        for (const auto metric : { QStyle::PM_IndicatorWidth, QStyle::PM_IndicatorHeight }) {
+            EXPECT_EQ(box.style()->pixelMetric(metric, nullptr, &box), pixels);
+        }
+    }
+}
+
+TEST(LookTest, DrawsTheMarkOfMenusThatHaveNoRoom)
+{
+    const QIcon icon = QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+    const QImage image = icon.pixmap(16, 16).toImage();
+    int inked = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            inked += image.pixelColor(x, y).alpha() > 0 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(inked, 20);
+    EXPECT_LT(inked, 128);
 }
 
 TEST(LookTest, WritesInArialOfTwelvePoints)

@@ -54,6 +54,23 @@ TEST_F(OptionMenuTest, HasOneNamedCheckableItemForEachValue)
     EXPECT_EQ(menu_.actions(), QList<QAction*>(menu_.Items().begin(), menu_.Items().end()));
 }
 
+TEST_F(OptionMenuTest, CanHaveItemsThatAreNoNumbersInARow)
+{
+    std::vector<int> chosen;
+    OptionMenu menu(
+        QStringLiteral("MnuOpcTab"), QStringLiteral("&Tablas"),
+        std::vector<QString> { QStringLiteral("&Todas"), QStringLiteral("&Elegir") },
+        [&chosen](int index) { chosen.push_back(index); }, nullptr);
+    ASSERT_EQ(menu.Items().size(), 2U);
+    EXPECT_EQ(menu.title().toStdString(), "&Tablas");
+    EXPECT_EQ(menu.Items()[0]->text().toStdString(), "&Todas");
+    EXPECT_EQ(menu.Items()[1]->text().toStdString(), "&Elegir");
+    EXPECT_EQ(menu.Items()[1]->objectName().toStdString(), "MnuOpcTabLis(1)");
+    menu.Items()[1]->trigger();
+    EXPECT_EQ(chosen, Indexes { 1 });
+    EXPECT_FALSE(menu.Items()[1]->isChecked());
+}
+
 TEST_F(OptionMenuTest, HasNothingCheckedAtFirst)
 {
     EXPECT_EQ(checkedItems(), Indexes());

@@ -351,6 +351,17 @@ TEST_F(TextBoxTest, TellsWheneverTheFocusComes)
     EXPECT_EQ(gotFocus.count(), 3) << "by a click";
 }
 
+TEST_F(TextBoxTest, DoesNotTellOfAFocusThatAWindowAMenuOrAMessageGivesBack)
+{
+    const QSignalSpy gotFocus(&box_, &TextBox::GotFocus);
+    for (const auto reason : { Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason }) {
+        button_.setFocus();
+        box_.setFocus(reason);
+        EXPECT_EQ(FocusName(), "Box");
+        EXPECT_EQ(gotFocus.count(), 0) << reason;
+    }
+}
+
 TEST_F(TextBoxTest, CanPassTheFocusOnAsSoonAsItComes)
 {
     button_.setFocus();
@@ -848,6 +859,38 @@ TEST_F(FittingTest, KeepsItsDesignWhenItIsDressedAgain)
     EXPECT_TRUE(showsWholeText());
     box_.SetText("1");
     EXPECT_EQ(pixels(), 24);
+}
+
+TEST_F(FittingTest, WritesAShortTextAsSmallAsTheColumnsItStandsInAsk)
+{
+    box_.SetText("123456789012");
+    const int smaller = pixels();
+    box_.SetText("1");
+    box_.SetLeastColumns(12);
+    EXPECT_EQ(pixels(), smaller);
+    box_.SetText("123");
+    EXPECT_EQ(pixels(), smaller);
+    box_.SetText("123456789012345");
+    EXPECT_LT(pixels(), smaller) << "a longer text is seen whole all the same";
+    EXPECT_TRUE(showsWholeText());
+    box_.SetText("");
+    EXPECT_EQ(pixels(), smaller);
+    box_.SetLeastColumns(0);
+    EXPECT_EQ(pixels(), designPixels);
+}
+
+TEST_F(FittingTest, KeepsBoxesThatStandInColumnsAlikeAtAnySize)
+{
+    box_.SetLeastColumns(12);
+    other_.SetLeastColumns(12);
+    box_.SetText("123456789012");
+    other_.SetText("7");
+    for (const int percent : { 100, 70, 160, 100 }) {
+        form_.resize(400 * percent / 100, 200 * percent / 100);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(other_.font().pixelSize(), pixels()) << percent;
+        EXPECT_TRUE(showsWholeText()) << percent;
+    }
 }
 
 TEST_F(FittingTest, KeepsCaretAndHighlight)

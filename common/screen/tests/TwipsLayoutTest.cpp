@@ -270,6 +270,36 @@ TEST_F(TwipsLayoutTest, ShowsAControlBeyondAnyEdgeWhole)
     }
 }
 
+TEST_F(TwipsLayoutTest, KeepsAMarginAroundEveryControl)
+{
+    QLabel* label = place({ 300, 300, 3900, 2400 });
+    layout_.SetMargin(300);
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 })) << "inside there is room enough";
+    layout_.Move(label, { 285, 300, 3900, 2400 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -15, 0, 4515, 3000 }));
+    layout_.Move(label, { -600, -450, 6000, 4500 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -900, -750, 6600, 5100 }));
+    show({ 440, 340 });
+    settle();
+    EXPECT_EQ(label->geometry(), QRect(20, 20, 400, 300));
+}
+
+TEST_F(TwipsLayoutTest, LeavesWhatIsInItInPlaceWhenItIsMadeLargerOrSmaller)
+{
+    const QLabel* label = place({ 150, 300, 1500, 495 });
+    show({ 300, 200 });
+    for (const TwipsSize size : { TwipsSize { 6000, 4500 }, TwipsSize { 3000, 2250 } }) {
+        layout_.SetDesignSize(size);
+        EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, size.Width, size.Height }));
+        EXPECT_EQ(layout_.sizeHint(), QSize(size.Width / 15, size.Height / 15));
+        EXPECT_EQ(layout_.RectOf(label), (TwipsRect { 150, 300, 1500, 495 }));
+        resize(layout_.sizeHint());
+        EXPECT_EQ(label->geometry(), QRect(10, 20, 100, 33));
+    }
+    layout_.SetDesignSize({ 1500, 750 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 1650, 795 })) << "and shows every control whole";
+}
+
 TEST_F(TwipsLayoutTest, DoesNotCountAHiddenControl)
 {
     QLabel* label = place({ -600, -450, 900, 300 });
