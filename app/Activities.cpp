@@ -1,6 +1,7 @@
 #include "app/Activities.h"
 
 #include "activities/addsub/screen/ColumnForm.h"
+#include "activities/compare/screen/Form6.h"
 
 namespace numbrela {
 
@@ -18,7 +19,7 @@ const std::array<MakeActivity, 8> activities {
     &make<Form2>, &make<Form3>,
     nullptr, // multiplication
     nullptr, // division
-    nullptr, // greater and smaller
+    &make<Form6>,
     nullptr, // powers of ten
     nullptr, // place and add
     nullptr, // shopping

@@ -27,5 +27,6 @@ private:
 // One function for each room of the program.
 void DrawMenu(Gallery& gallery);
 void DrawAddSub(Gallery& gallery);
+void DrawCompare(Gallery& gallery);
 
 } // namespace numbrela::testing

@@ -21,5 +21,6 @@ int main(int argc, char** argv)
     Gallery gallery(QString::fromLocal8Bit(argv[1]));
     DrawMenu(gallery);
     DrawAddSub(gallery);
+    DrawCompare(gallery);
     return gallery.Failures() == 0 ? 0 : 1;
 }
