@@ -2,6 +2,7 @@
 
 #include "activities/addsub/screen/ColumnForm.h"
 #include "activities/compare/screen/Form6.h"
+#include "activities/powers10/screen/FrmUnidad.h"
 
 namespace numbrela {
 
@@ -19,8 +20,7 @@ const std::array<MakeActivity, 8> activities {
     &make<Form2>, &make<Form3>,
     nullptr, // multiplication
     nullptr, // division
-    &make<Form6>,
-    nullptr, // powers of ten
+    &make<Form6>, &make<FrmUnidad>,
     nullptr, // place and add
     nullptr, // shopping
 };

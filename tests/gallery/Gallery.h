@@ -28,5 +28,6 @@ private:
 void DrawMenu(Gallery& gallery);
 void DrawAddSub(Gallery& gallery);
 void DrawCompare(Gallery& gallery);
+void DrawPowers10(Gallery& gallery);
 
 } // namespace numbrela::testing

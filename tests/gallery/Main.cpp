@@ -22,5 +22,6 @@ int main(int argc, char** argv)
     DrawMenu(gallery);
     DrawAddSub(gallery);
     DrawCompare(gallery);
+    DrawPowers10(gallery);
     return gallery.Failures() == 0 ? 0 : 1;
 }

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QMenuBar>
 
 namespace numbrela {
@@ -32,6 +33,8 @@ TEST(Form6Table, EverythingStandsInItsPlace)
 
     Form6 form(clock);
     ShowAndActivate(form);
+    QCoreApplication::sendPostedEvents(); // nothing is left to lay out
+    EXPECT_EQ(form.objectName(), QStringLiteral("Form6"));
     EXPECT_EQ(form.windowTitle(), QStringLiteral("MAYOR Y MENOR"));
     ExpectControls(form,
         {
