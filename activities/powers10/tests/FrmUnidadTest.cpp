@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QSignalSpy>
 
 #include <set>
 #include <string>
@@ -116,7 +117,10 @@ TEST_F(FrmUnidadTest, TheButtonChecksAsEnterDoes)
     EXPECT_EQ(verdict(), "Resultado incorrecto ") << "an empty answer is 0";
     EXPECT_EQ(FocusName(), "TBRespuesta");
     typeRightAnswer();
+    // The button is seen to go down, and is clicked when it comes up again.
+    QSignalSpy clicked(form_.Buttons.Command1, &QPushButton::clicked);
     Press(Qt::Key_H, Qt::AltModifier);
+    EXPECT_TRUE(!clicked.isEmpty() || clicked.wait());
     EXPECT_EQ(verdict(), "Resultado correcto ");
     EXPECT_EQ(FocusName(), "Command2(0)");
 }
