@@ -1,8 +1,10 @@
 #include "app/Activities.h"
 
 #include "activities/addsub/screen/ColumnForm.h"
+#include "activities/compare/screen/Form6.h"
 #include "activities/divide/screen/Form5.h"
 #include "activities/multiply/screen/Form4.h"
+#include "activities/powers10/screen/FrmUnidad.h"
 #include "activities/shopping/screen/Form7.h"
 
 #include <QApplication>
@@ -42,8 +44,8 @@ const std::array<MakeActivity, 8> activities {
     &make<Form3>,
     &make<Form4>,
     &make<Form5>,
-    nullptr, // greater and smaller
-    nullptr, // powers of ten
+    &make<Form6>,
+    &make<FrmUnidad>,
     nullptr, // place and add
     &makeShopping,
 };

@@ -31,5 +31,7 @@ void DrawMultiply(Gallery& gallery);
 void DrawShopping(Gallery& gallery);
 void DrawProductEditor(Gallery& gallery);
 void DrawDivide(Gallery& gallery);
+void DrawCompare(Gallery& gallery);
+void DrawPowers10(Gallery& gallery);
 
 } // namespace numbrela::testing

@@ -25,5 +25,7 @@ int main(int argc, char** argv)
     DrawShopping(gallery);
     DrawProductEditor(gallery);
     DrawDivide(gallery);
+    DrawCompare(gallery);
+    DrawPowers10(gallery);
     return gallery.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
 }
