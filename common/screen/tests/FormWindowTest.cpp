@@ -292,14 +292,17 @@ TEST(FormWindowTest, OpensWithRoomForAControlBeyondAnEdge)
 
 TEST(FormWindowTest, OpensSmallerWhenTheScreenHasNoRoomForIt)
 {
-    constexpr TwipsSize huge { 18000, 13500 };
-    TestForm form(huge);
+    const QSize room = QApplication::primaryScreen()->availableSize();
+    const TwipsSize quarterLargerThanScreen { room.width() * 15 * 5 / 4, room.height() * 15 * 5 / 4 };
+    TestForm form(quarterLargerThanScreen);
     ShowAndActivate(form);
-    const QSize room = form.screen()->availableSize();
     EXPECT_LT(form.width(), room.width());
     EXPECT_LT(form.height(), room.height());
-    EXPECT_GT(form.width(), room.width() * 9 / 10);
-    EXPECT_NEAR(form.AreaPixels().width() * 3.0 / 4, form.AreaPixels().height(), 2);
+    EXPECT_GT(form.height(), room.height() * 8 / 10);
+    const double scale = form.Area().PixelsPerTwip();
+    EXPECT_LT(scale, 1.0 / 15);
+    EXPECT_NEAR(form.AreaPixels().width(), quarterLargerThanScreen.Width * scale, 1);
+    EXPECT_NEAR(form.AreaPixels().height(), quarterLargerThanScreen.Height * scale, 1);
     EXPECT_NEAR(form.Box->font().pixelSize(), 300 * form.Area().PixelsPerTwip(), 1);
     expectEverythingWhole(form);
 }
@@ -476,10 +479,12 @@ TEST_F(BeyondEdgeTest, GrowsNoLargerThanTheScreen)
 {
     ShowAndActivate(form_);
     const QSize size = form_.size();
-    for (const TwipsRect far : { TwipsRect { -9000, 500, 2000, 495 }, TwipsRect { 1500, 12000, 2000, 495 } }) {
+    const QSize room = form_.screen()->availableSize();
+    for (const TwipsRect far :
+        { TwipsRect { -room.width() * 15, 500, 2000, 495 }, TwipsRect { 1500, room.height() * 15, 2000, 495 } }) {
         moveBox(far);
-        EXPECT_LT(form_.width(), form_.screen()->availableSize().width());
-        EXPECT_LT(form_.height(), form_.screen()->availableSize().height());
+        EXPECT_LT(form_.width(), room.width());
+        EXPECT_LT(form_.height(), room.height());
         expectEverythingWhole(form_);
         moveBox(inside_);
         EXPECT_EQ(form_.size(), size);
