@@ -1,6 +1,10 @@
 #include "app/Activities.h"
 
 #include "activities/addsub/screen/ColumnForm.h"
+#include "activities/compare/screen/Form6.h"
+#include "activities/divide/screen/Form5.h"
+#include "activities/multiply/screen/Form4.h"
+#include "activities/powers10/screen/FrmUnidad.h"
 #include "activities/shopping/screen/Form7.h"
 
 #include <QApplication>
@@ -38,10 +42,10 @@ FormWindow* makeShopping(const Clock& clock)
 const std::array<MakeActivity, 8> activities {
     &make<Form2>,
     &make<Form3>,
-    nullptr, // multiplication
-    nullptr, // division
-    nullptr, // greater and smaller
-    nullptr, // powers of ten
+    &make<Form4>,
+    &make<Form5>,
+    &make<Form6>,
+    &make<FrmUnidad>,
     nullptr, // place and add
     &makeShopping,
 };

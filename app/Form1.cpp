@@ -71,6 +71,9 @@ void Form1::Form_Load()
 
 void Form1::Command1_Click(int index)
 {
+    if (QApplication::activeModalWidget() != nullptr) {
+        return; // two access keys pressed in one breath: the first one has opened its window
+    }
     if (index >= 0 && index < static_cast<int>(activities.size())) {
         showActivity(*activities[static_cast<std::size_t>(index)](clock_));
     } else if (index == static_cast<int>(Command1.size()) - 1) {

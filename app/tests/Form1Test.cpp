@@ -1,1 +1,423 @@
+#include "app/Form1.h"
+
+#include "app/Activities.h"
+#include "app/Application.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/FormTable.h"
+
 #include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+const QColor green(0, 255, 0);
+const QColor red(255, 0, 0);
+
+class Form1Test : public ::testing::Test {
+protected:
+    Form1Test()
+        : menu_(std::make_unique<Form1>(clock_))
+    {
+        ShowAndActivate(*menu_);
+        QCoreApplication::sendPostedEvents();
+    }
+
+    Form1& Menu() { return *menu_; }
+    void DestroyMenu() { menu_.reset(); }
+
+    // The activity that is open; null when there is none.
+    static FormWindow* Activity() { return dynamic_cast<FormWindow*>(QApplication::activeModalWidget()); }
+
+    static std::string ActivityName()
+    {
+        return Activity() == nullptr ? std::string() : Activity()->objectName().toStdString();
+    }
+
+    // The windows of the program that are on the screen.
+    static int OpenWindows()
+    {
+        int count = 0;
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            count += dynamic_cast<const FormWindow*>(window) != nullptr && window->isVisible() ? 1 : 0;
+        }
+        return count;
+    }
+
+    // Closes the open activity and destroys it, as the running program does.
+    static void Close(FormWindow& activity)
+    {
+        activity.close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    static std::string ScoreOf(const FormWindow& activity)
+    {
+        return Find<TextBox>(activity, QStringLiteral("tbResultados")).Text();
+    }
+
+    // Runs the program, with this happening as soon as it runs; its exit status.
+    template <typename Act>
+    static int RunProgram(Act act)
+    {
+        QTimer::singleShot(0, qApp, act);
+        return Application::exec();
+    }
+
+private:
+    FixedClock clock_;
+    std::unique_ptr<Form1> menu_;
+};
+
+// --- What it shows ---------------------------------------------------------------------------------------------------
+
+TEST_F(Form1Test, HasAColumnOfNineButtons)
+{
+    const FontSpec font { "Arial", 14.25 };
+    const auto button = [&font](const char* name, const char* caption, int top, const QColor& colour) {
+        return ControlRow {
+            .Name = name, .Text = caption, .Place = { 1000, top, 3000, 405 }, .Font = font, .BackColour = colour
+        };
+    };
+    ExpectControls(Menu(),
+        {
+            button("Command1(0)", "&Sumas", 905, green),
+            button("Command1(1)", "&Restas", 1715, green),
+            button("Command1(2)", "&Multiplicaciones", 2525, green),
+            button("Command1(3)", "&Divisiones", 3335, green),
+            button("Command1(4)", "&Mayor y menor", 4145, green),
+            button("Command1(5)", "&10, 100, 1000", 4955, green),
+            button("Command1(6)", "&Coloca y suma", 5765, green),
+            button("Command1(7)", "&La compra", 6575, green),
+            button("Command1(8)", "S&alir", 7385, red),
+        });
+}
+
+TEST_F(Form1Test, HasItsNameItsCaptionAndItsHeight)
+{
+    EXPECT_EQ(Menu().objectName().toStdString(), "Form1");
+    EXPECT_EQ(Menu().windowTitle().toStdString(), "NUMBRELA");
+    EXPECT_EQ(Menu().height() - Menu().findChild<QMenuBar*>()->height(), 8700 / 15);
+}
+
+TEST_F(Form1Test, HasOneMenuItem)
+{
+    ExpectMenus(Menu(), { "MnuAce &Acerca de..." });
+}
+
+TEST_F(Form1Test, OnlyTheButtonsOfActivitiesThatThereAreCanBePressed)
+{
+    for (std::size_t i = 0; i < activities.size(); ++i) {
+        EXPECT_EQ(Menu().Command1[i]->isEnabled(), activities[i] != nullptr) << i;
+    }
+    EXPECT_TRUE(Menu().Command1[8]->isEnabled());
+    EXPECT_TRUE(Menu().Command1[0]->isEnabled());
+    EXPECT_TRUE(Menu().Command1[1]->isEnabled());
+}
+
+TEST_F(Form1Test, AButtonThatCannotBePressedOpensNothing)
+{
+    for (std::size_t i = 0; i < activities.size(); ++i) {
+        if (activities[i] == nullptr) {
+            Click(Menu(), QStringLiteral("Command1(%1)").arg(i));
+            EXPECT_EQ(OpenWindows(), 1) << i;
+        }
+    }
+    EXPECT_EQ(ActivityName(), "");
+}
+
+TEST_F(Form1Test, TheTabKeyGoesDownTheColumn)
+{
+    std::vector<std::string> wanted;
+    for (const CommandButton* button : Menu().Command1) {
+        if (button->isEnabled()) {
+            wanted.push_back(button->objectName().toStdString());
+        }
+    }
+    wanted.push_back(wanted.front());
+    std::vector<std::string> visited { FocusName() };
+    while (visited.size() < wanted.size()) {
+        Press(Qt::Key_Tab);
+        visited.push_back(FocusName());
+    }
+    EXPECT_EQ(visited, wanted);
+}
+
+TEST_F(Form1Test, SaysWhoMadeIt)
+{
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral("Numbrela, de los autores de Numbrela, 2026\r\nnumbrela@example.org"),
+        { QStringLiteral("Aceptar") });
+    Choose(Menu(), QStringLiteral("MnuAce"));
+    EXPECT_EQ(PendingBoxes(), 0);
+    EXPECT_TRUE(Menu().isVisible());
+}
+
+TEST_F(Form1Test, EscapeClosesNothing)
+{
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(Menu().isVisible());
+}
+
+// --- Opening an activity ---------------------------------------------------------------------------------------------
+
+struct WayToOpen {
+    const char* Name;
+    void (*Open)(const Form1& menu, int index, Qt::Key accessKey);
+};
+
+std::ostream& operator<<(std::ostream& out, const WayToOpen& way)
+{
+    return out << way.Name;
+}
+
+void tabTo(int index)
+{
+    const std::string name = "Command1(" + std::to_string(index) + ")";
+    for (int presses = 0; presses < 9 && FocusName() != name; ++presses) {
+        Press(Qt::Key_Tab);
+    }
+    ASSERT_EQ(FocusName(), name);
+}
+
+const WayToOpen waysToOpen[] = {
+    { "ByMouse",
+        [](const Form1& menu, int index, Qt::Key) { Click(menu, QStringLiteral("Command1(%1)").arg(index)); } },
+    { "ByEnter",
+        [](const Form1&, int index, Qt::Key) {
+            tabTo(index);
+            Press(Qt::Key_Return);
+        } },
+    { "ByKeypadEnter",
+        [](const Form1&, int index, Qt::Key) {
+            tabTo(index);
+            Press(Qt::Key_Enter, Qt::KeypadModifier);
+        } },
+    { "BySpace",
+        [](const Form1&, int index, Qt::Key) {
+            tabTo(index);
+            Press(Qt::Key_Space);
+        } },
+    { "ByAccessKey",
+        [](const Form1& menu, int index, Qt::Key accessKey) {
+            // The button is seen to go down, and is clicked when it comes up again.
+            QSignalSpy clicked(menu.Command1[static_cast<std::size_t>(index)], &QPushButton::clicked);
+            Press(accessKey, Qt::AltModifier);
+            EXPECT_TRUE(!clicked.isEmpty() || clicked.wait());
+        } },
+};
+
+class WayToOpenTest : public Form1Test, public ::testing::WithParamInterface<WayToOpen> { };
+
+INSTANTIATE_TEST_SUITE_P(
+    Form1, WayToOpenTest, ::testing::ValuesIn(waysToOpen), [](const auto& instance) { return instance.param.Name; });
+
+TEST_P(WayToOpenTest, SumasOpensTheAddition)
+{
+    GetParam().Open(Menu(), 0, Qt::Key_S);
+    ASSERT_EQ(ActivityName(), "Form2");
+    EXPECT_EQ(OpenWindows(), 2);
+    EXPECT_TRUE(Activity()->isVisible());
+    EXPECT_EQ(Activity()->windowTitle().toStdString(), "SUMAS");
+    EXPECT_EQ(Activity()->windowModality(), Qt::ApplicationModal);
+    Close(*Activity());
+    EXPECT_EQ(OpenWindows(), 1);
+}
+
+TEST_P(WayToOpenTest, RestasOpensTheSubtraction)
+{
+    GetParam().Open(Menu(), 1, Qt::Key_R);
+    ASSERT_EQ(ActivityName(), "Form3");
+    EXPECT_EQ(OpenWindows(), 2);
+    EXPECT_TRUE(Activity()->isVisible());
+    EXPECT_EQ(Activity()->windowTitle().toStdString(), "RESTAS");
+    EXPECT_EQ(Activity()->windowModality(), Qt::ApplicationModal);
+    Close(*Activity());
+    EXPECT_EQ(OpenWindows(), 1);
+}
+
+// Whatever the activity, its button opens one window of its own, with the menu inert behind it.
+TEST_F(Form1Test, EveryActivityOpensItsOwnWindowAndReturnsToTheMenu)
+{
+    const char* const windows[] = { "Form2", "Form3", "Form4", "Form5", "Form6", "FrmUnidad", "FormColoSuma", "Form7" };
+    for (std::size_t i = 0; i < activities.size(); ++i) {
+        if (activities[i] == nullptr) {
+            continue;
+        }
+        SCOPED_TRACE(windows[i]);
+        Click(Menu(), QStringLiteral("Command1(%1)").arg(i));
+        ASSERT_EQ(ActivityName(), windows[i]);
+        EXPECT_EQ(OpenWindows(), 2);
+        Close(*Activity());
+        EXPECT_EQ(ActivityName(), "");
+        EXPECT_EQ(OpenWindows(), 1);
+        EXPECT_TRUE(Menu().isVisible());
+    }
+}
+
+TEST_F(Form1Test, AnIndexThatNoButtonHasDoesNothing)
+{
+    for (const int index : { -1, 9, 100 }) {
+        Menu().Command1_Click(index);
+        EXPECT_EQ(OpenWindows(), 1);
+        EXPECT_TRUE(Menu().isVisible());
+    }
+}
+
+// Clicks where a person sees the button, whatever stands in front: unlike a click that is handed to the button itself.
+void clickOnScreen(const QWidget& button)
+{
+    QWidget& window = *button.window();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, button.mapTo(&window, button.rect().center()));
+}
+
+TEST_F(Form1Test, IsInertWhileAnActivityIsOpen)
+{
+    clickOnScreen(*Menu().Command1[0]);
+    ASSERT_EQ(ActivityName(), "Form2");
+    const FormWindow* sums = Activity();
+
+    clickOnScreen(*Menu().Command1[1]);
+    EXPECT_EQ(Activity(), sums);
+    EXPECT_EQ(OpenWindows(), 2);
+    clickOnScreen(*Menu().Command1[8]);
+    EXPECT_TRUE(Menu().isVisible());
+    for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Space }) {
+        QTest::keyClick(Menu().windowHandle(), key);
+        EXPECT_EQ(Activity(), sums);
+        EXPECT_EQ(OpenWindows(), 2);
+    }
+    Close(*Activity());
+}
+
+TEST_F(Form1Test, IsAliveAgainWhenTheActivityIsClosed)
+{
+    clickOnScreen(*Menu().Command1[0]);
+    ASSERT_EQ(ActivityName(), "Form2");
+    Close(*Activity());
+    clickOnScreen(*Menu().Command1[1]);
+    EXPECT_EQ(ActivityName(), "Form3");
+    ASSERT_NE(Activity(), nullptr);
+    Close(*Activity());
+}
+
+struct WayToClose {
+    const char* Name;
+    void (*Close)(FormWindow& activity);
+};
+
+std::ostream& operator<<(std::ostream& out, const WayToClose& way)
+{
+    return out << way.Name;
+}
+
+class WayToCloseTest : public Form1Test, public ::testing::WithParamInterface<std::tuple<int, WayToClose>> { };
+
+INSTANTIATE_TEST_SUITE_P(Form1, WayToCloseTest,
+    ::testing::Combine(::testing::Values(0, 1),
+        ::testing::Values(
+            WayToClose { "ByItsMenu", [](FormWindow& activity) { Choose(activity, QStringLiteral("MnuOpcSal")); } },
+            WayToClose { "ByItsCloseBox", [](FormWindow& activity) { activity.close(); } })),
+    [](const auto& instance) {
+        return (std::get<0>(instance.param) == 0 ? std::string("Sumas") : std::string("Restas"))
+            + std::get<1>(instance.param).Name;
+    });
+
+TEST_P(WayToCloseTest, OpenedAgainTheActivityStartsAfresh)
+{
+    const auto& [index, way] = GetParam();
+    const QString button = QStringLiteral("Command1(%1)").arg(index);
+    for (int opening = 1; opening <= 3; ++opening) {
+        SCOPED_TRACE(opening);
+        Click(Menu(), button);
+        const QPointer<FormWindow> activity = Activity();
+        ASSERT_NE(activity, nullptr);
+        EXPECT_EQ(ScoreOf(*activity), "Ejercicios:  0; Errores:  0");
+        ShowAndActivate(*activity);
+        Press(Qt::Key_Return); // an empty answer
+        EXPECT_EQ(ScoreOf(*activity), "Ejercicios:  1; Errores:  1");
+        way.Close(*activity);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(activity.isNull());
+        EXPECT_EQ(OpenWindows(), 1);
+        EXPECT_TRUE(Menu().isVisible());
+    }
+}
+
+TEST_F(Form1Test, TakesAnOpenActivityWithIt)
+{
+    Click(Menu(), QStringLiteral("Command1(0)"));
+    const QPointer<FormWindow> activity = Activity();
+    ASSERT_NE(activity, nullptr);
+    DestroyMenu();
+    EXPECT_TRUE(activity.isNull());
+}
+
+// --- Ending
+// ------------------------------------------------------------------------------------------------------------
+
+TEST_F(Form1Test, SalirEndsTheProgramWithoutAQuestion)
+{
+    EXPECT_EQ(RunProgram([this] { Click(Menu(), QStringLiteral("Command1(8)")); }), 0);
+    EXPECT_FALSE(Menu().isVisible());
+}
+
+TEST_F(Form1Test, SalirEndsTheProgramByEnterToo)
+{
+    tabTo(8);
+    EXPECT_EQ(RunProgram([] { Press(Qt::Key_Return); }), 0);
+    EXPECT_FALSE(Menu().isVisible());
+}
+
+TEST_F(Form1Test, SalirEndsTheProgramAfterAnActivity)
+{
+    const int status = RunProgram([this] {
+        Click(Menu(), QStringLiteral("Command1(0)"));
+        Choose(*Activity(), QStringLiteral("MnuOpcSal"));
+        Click(Menu(), QStringLiteral("Command1(8)"));
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(OpenWindows(), 0);
+}
+
+TEST_F(Form1Test, ClosingItEndsTheProgram)
+{
+    EXPECT_EQ(RunProgram([this] { Menu().close(); }), 0);
+    EXPECT_FALSE(Menu().isVisible());
+}
+
+// Closing an activity ends the activity and not the program, which runs on until the test ends it.
+TEST_F(Form1Test, ClosingAnActivityDoesNotEndTheProgram)
+{
+    constexpr int endedByTest = 7;
+    const int status = RunProgram([this] {
+        Click(Menu(), QStringLiteral("Command1(0)"));
+        Activity()->close();
+        QTimer::singleShot(0, &Menu(), [] { Application::exit(endedByTest); });
+    });
+    EXPECT_EQ(status, endedByTest);
+    EXPECT_TRUE(Menu().isVisible());
+}
+
+} // namespace
+
+} // namespace numbrela

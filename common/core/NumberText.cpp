@@ -61,7 +61,7 @@ std::string plainText(Number value, int significantDigits)
     } else if (integerDigits >= digitCount) {
         digits.append(static_cast<std::size_t>(integerDigits - digitCount), '0');
     } else {
-        digits.insert(static_cast<std::size_t>(integerDigits), ",");
+        digits.insert(static_cast<std::size_t>(integerDigits), 1, ',');
     }
     return value < 0 ? "-" + digits : digits;
 }

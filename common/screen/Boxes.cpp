@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace numbrela {
@@ -20,6 +21,7 @@ void ShowMessage(QWidget* parent, const std::string& text, const std::string& ti
     QMessageBox box(
         QMessageBox::NoIcon, titleOrApplications(title), QString::fromStdString(text), QMessageBox::Ok, parent);
     box.setTextFormat(Qt::PlainText);
+    box.setAttribute(Qt::WA_WindowPropagation);
     box.exec();
 }
 
@@ -37,8 +39,10 @@ std::string AskText(
     QWidget* parent, const std::string& prompt, const std::string& title, const std::string& defaultText)
 {
     QInputDialog box(parent);
+    box.setAttribute(Qt::WA_WindowPropagation);
     box.setWindowTitle(titleOrApplications(title));
     box.setLabelText(QString::fromStdString(prompt));
+    box.findChild<QLabel*>()->setTextFormat(Qt::PlainText);
     box.setTextValue(QString::fromStdString(defaultText));
     return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }

@@ -3,6 +3,8 @@
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
 
+#include <utility>
+
 namespace numbrela {
 
 namespace {
@@ -17,8 +19,8 @@ CommandButton* addColoured(TwipsLayout& area, const QString& name, const QString
 
 } // namespace
 
-ButtonRow AddButtonRow(
-    TwipsLayout& area, const ButtonRowDesign& design, std::function<void()> check, std::function<void(int)> command2)
+ButtonRow AddButtonRow(TwipsLayout& area, const ButtonRowDesign& design, std::function<void()> check,
+    const std::function<void(int)>& command2)
 {
     ButtonRow row;
     row.Command1 = addColoured(

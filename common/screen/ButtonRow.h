@@ -23,7 +23,7 @@ struct ButtonRowDesign {
 };
 
 // Puts the buttons into an area. `check` is called by "&Hecho", `command2` with the index of one of the other three.
-ButtonRow AddButtonRow(
-    TwipsLayout& area, const ButtonRowDesign& design, std::function<void()> check, std::function<void(int)> command2);
+ButtonRow AddButtonRow(TwipsLayout& area, const ButtonRowDesign& design, std::function<void()> check,
+    const std::function<void(int)>& command2);
 
 } // namespace numbrela

@@ -1,6 +1,9 @@
 #include "common/screen/FormWindow.h"
 
-#include <QEvent>
+#include "common/screen/KeyCodes.h"
+
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -67,6 +70,21 @@ QAction* FormWindow::AddMenuItem(QMenu* menu, const QString& name, const QString
     return item;
 }
 
+void FormWindow::SeeKeysFirst(std::function<void(int keyCode)> keyDown)
+{
+    keyDown_ = std::move(keyDown);
+    qApp->installEventFilter(this);
+}
+
+// A key that its control does not want goes on to what is around the control; it is reported once.
+bool FormWindow::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && receiver == (focusWidget() != nullptr ? focusWidget() : this)) {
+        keyDown_(KeyCodeOf(*static_cast<QKeyEvent*>(event)));
+    }
+    return QWidget::eventFilter(receiver, event);
+}
+
 bool FormWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::LayoutRequest) {
@@ -75,29 +93,52 @@ bool FormWindow::event(QEvent* event)
     return QWidget::event(event);
 }
 
-void FormWindow::showEvent(QShowEvent* event)
+// The size is taken before the window is shown for the first time: taken later, everything would be laid out twice.
+void FormWindow::setVisible(bool visible)
 {
-    if (!everShown_ && !isMaximized() && !isFullScreen()) {
+    if (visible && !everShown_ && !isMaximized() && !isFullScreen()) {
         everShown_ = true;
+        ensurePolished();
+        menuBar_->ensurePolished();
         takeDesignSize();
     }
-    QWidget::showEvent(event);
+    QWidget::setVisible(visible);
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    scaleMenus();
+    scaleMenus(area_->PixelsPerTwip());
+    area_->activate(); // the menu bar's height has changed with its font
+    if (area_->Extent() == shownExtent_) {
+        wantedScale_ = size() == takenSize_ ? takenScale_ : area_->PixelsPerTwip();
+    }
 }
 
 // The design size, or as much of it as the screen has room for.
 void FormWindow::takeDesignSize()
 {
-    scaleMenus();
     shownExtent_ = area_->Extent();
+    takeScale(area_->DesignPixelsPerTwip());
+}
+
+// The height of the menu bar goes with the scale, and how large a scale the screen has room for with that height.
+void FormWindow::takeScale(double pixelsPerTwip)
+{
+    scaleMenus(pixelsPerTwip);
+    const double fittingScale = std::min(pixelsPerTwip, largestScaleOnScreen());
+    scaleMenus(fittingScale);
+    wantedScale_ = pixelsPerTwip;
+    takenScale_ = pixelsPerTwip;
+    takenSize_ = windowSizeAt(fittingScale);
+    resize(takenSize_);
+}
+
+double FormWindow::largestScaleOnScreen() const
+{
     const int menuHeight = windowSizeAt(0).height();
     const QSize room = screen()->availableSize() - QSize(roomForWindowFrame, roomForWindowFrame + menuHeight);
-    resize(windowSizeAt(std::min(area_->DesignPixelsPerTwip(), scaleToFit(room, shownExtent_))));
+    return scaleToFit(room, area_->Extent());
 }
 
 QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
@@ -107,22 +148,35 @@ QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
 }
 
 // When a control has been put beyond an edge, or has come back, the window grows or shrinks around it at the scale that
-// it had. A maximised window cannot: its layout has taken a smaller scale already.
+// it had, as far as the screen has room. A maximised window cannot: its layout has taken a smaller scale already.
 void FormWindow::showWholeExtent()
 {
-    const TwipsRect extent = area_->Extent();
-    if (extent != shownExtent_ && !isMaximized() && !isFullScreen()) {
-        const double scale = scaleToFit(area_->contentsRect().size(), shownExtent_);
-        resize(windowSizeAt(scale));
+    if (const TwipsRect extent = area_->Extent(); extent != shownExtent_) {
+        shownExtent_ = extent;
+        if (!isMaximized() && !isFullScreen()) {
+            takeScale(wantedScale_);
+            moveOntoScreen();
+        }
     }
-    shownExtent_ = extent;
+}
+
+// A window that has grown over the edge of its screen comes back, the upper left corner in any case.
+void FormWindow::moveOntoScreen()
+{
+    const QRect room = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const QPoint wanted(std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width())),
+        std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height())));
+    if (wanted != frame.topLeft()) {
+        move(wanted);
+    }
 }
 
 // The menus, and the boxes that take their font from their window, grow with everything else.
-void FormWindow::scaleMenus()
+void FormWindow::scaleMenus(double pixelsPerTwip)
 {
     QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(menuFontTwips * area_->PixelsPerTwip()))));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(menuFontTwips * pixelsPerTwip))));
     setFont(font);
     for (QMenu* menu : findChildren<QMenu*>()) {
         menu->setFont(font);

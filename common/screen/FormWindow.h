@@ -25,6 +25,8 @@ public:
     // Shows the window while every other one is inert, and destroys it when it is closed.
     void ShowModally();
 
+    void setVisible(bool visible) override;
+
     TwipsLayout& Area() const { return *area_; }
 
 protected:
@@ -36,20 +38,31 @@ protected:
     QAction* AddMenuItem(QMenu* menu, const QString& name, const QString& caption, std::function<void()> choose,
         const QKeySequence& shortcut = {});
 
+    // Has `keyDown` called with the code of each key that goes down in the window, before the control with the focus
+    // hears of it.
+    void SeeKeysFirst(std::function<void(int keyCode)> keyDown);
+
     bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     QSize windowSizeAt(double pixelsPerTwip) const;
     void takeDesignSize();
+    void takeScale(double pixelsPerTwip);
+    double largestScaleOnScreen() const;
+    void moveOntoScreen();
     void showWholeExtent();
-    void scaleMenus();
+    void scaleMenus(double pixelsPerTwip);
 
     QMenuBar* menuBar_;
     TwipsLayout* area_;
     TwipsRect shownExtent_;
+    double wantedScale_ = 0; // what the window has, or would have if the screen had room
+    double takenScale_ = 0; // what it wanted when it last took a size by itself
+    QSize takenSize_;
     bool everShown_ = false;
+    std::function<void(int keyCode)> keyDown_;
 };
 
 } // namespace numbrela

@@ -11,12 +11,13 @@ namespace {
 
 using Pair = std::pair<int, int>; // the toolkit's key, our code
 
-constexpr std::array<Pair, 5> keypadKeys { {
+constexpr std::array<Pair, 6> keypadKeys { {
     { Qt::Key_Asterisk, 106 },
     { Qt::Key_Plus, 107 },
     { Qt::Key_Minus, 109 },
     { Qt::Key_Comma, KeyCode::KeypadDecimal },
     { Qt::Key_Period, KeyCode::KeypadDecimal },
+    { Qt::Key_Slash, 111 },
 } };
 
 constexpr std::array<Pair, 36> otherKeys { {

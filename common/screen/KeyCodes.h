@@ -4,7 +4,7 @@ class QKeyEvent;
 
 namespace numbrela {
 
-// The codes of the keys themselves, whatever character they write: those of a PC keyboard's virtual keys.
+// The codes of the keys: those of a PC keyboard's virtual keys.
 namespace KeyCode {
 inline constexpr int Backspace = 8;
 inline constexpr int Tab = 9;

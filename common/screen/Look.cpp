@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QIcon>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QTranslator>
+#include <QWidget>
 
 namespace numbrela {
 
@@ -34,7 +37,7 @@ QPalette lightPalette()
     return palette;
 }
 
-// Fusion with quiet boxes: their buttons carry words alone.
+// Fusion with quiet boxes, whose buttons carry words alone, and with check marks as large as the words beside them.
 class QuietStyle : public QProxyStyle {
 public:
     QuietStyle()
@@ -46,6 +49,35 @@ public:
         StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override
     {
         return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        const bool checkMark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+        return checkMark && widget != nullptr ? widget->fontInfo().pixelSize()
+                                              : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    // Every menu bar asks for the icon of the menus that it has no room for. Drawn here, it costs the start no image
+    // files and none of the libraries that read them.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return icon == SP_ToolBarHorizontalExtensionButton ? moreToTheRight()
+                                                           : QProxyStyle::standardIcon(icon, option, widget);
+    }
+
+private:
+    static QIcon moreToTheRight()
+    {
+        constexpr int size = 16;
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setPen(QPen(Qt::black, 2));
+        for (const int left : { 3, 8 }) {
+            painter.drawPolyline(QPolygon({ { left, 4 }, { left + 4, 8 }, { left, 12 } }));
+        }
+        return picture;
     }
 };
 

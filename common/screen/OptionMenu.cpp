@@ -2,13 +2,32 @@
 
 namespace numbrela {
 
+namespace {
+
+std::vector<QString> captionsOf(const OptionList& options)
+{
+    std::vector<QString> captions;
+    for (int index = 0; index < options.Count; ++index) {
+        captions.push_back(QString::fromStdString(options.CaptionAt(index)));
+    }
+    return captions;
+}
+
+} // namespace
+
 OptionMenu::OptionMenu(const QString& name, const QString& caption, const OptionList& options,
-    std::function<void(int)> choose, QWidget* parent)
+    const std::function<void(int)>& choose, QWidget* parent)
+    : OptionMenu(name, caption, captionsOf(options), choose, parent)
+{
+}
+
+OptionMenu::OptionMenu(const QString& name, const QString& caption, const std::vector<QString>& itemCaptions,
+    const std::function<void(int)>& choose, QWidget* parent)
     : QMenu(caption, parent)
 {
     setObjectName(name);
-    for (int index = 0; index < options.Count; ++index) {
-        QAction* item = addAction(QString::fromStdString(options.CaptionAt(index)));
+    for (int index = 0; index < static_cast<int>(itemCaptions.size()); ++index) {
+        QAction* item = addAction(itemCaptions[static_cast<std::size_t>(index)]);
         item->setObjectName(QStringLiteral("%1Lis(%2)").arg(name).arg(index));
         item->setCheckable(true);
         connect(item, &QAction::triggered, this, [item, choose, index](bool checkedByClick) {

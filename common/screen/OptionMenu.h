@@ -14,8 +14,12 @@ namespace numbrela {
 class OptionMenu : public QMenu {
 public:
     // Named `name`, its items "<name>Lis(0)", "<name>Lis(1)", … `choose` is called with the index of a clicked item.
-    OptionMenu(const QString& name, const QString& caption, const OptionList& options, std::function<void(int)> choose,
-        QWidget* parent);
+    OptionMenu(const QString& name, const QString& caption, const OptionList& options,
+        const std::function<void(int)>& choose, QWidget* parent);
+
+    // The same with items that are no numbers in a row.
+    OptionMenu(const QString& name, const QString& caption, const std::vector<QString>& itemCaptions,
+        const std::function<void(int)>& choose, QWidget* parent);
 
     // Checks the item with this index alone; none of them when there is no such item.
     void CheckOnly(int index);

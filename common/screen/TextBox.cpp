@@ -12,7 +12,20 @@ namespace numbrela {
 
 namespace {
 
-// The character that a key event types; null when it types none. A key held with Ctrl or Alt is a command.
+// A key held with Ctrl or Alt is a command. Held with both it may write: so the right Alt key of some keyboards
+// reports.
+bool isCommand(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    return held == Qt::ControlModifier || held == Qt::AltModifier;
+}
+
+bool isPrintable(const QKeyEvent& event)
+{
+    return !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+// The character that a key event types; null when it types none.
 QChar characterOf(const QKeyEvent& event)
 {
     switch (event.key()) {
@@ -24,7 +37,7 @@ QChar characterOf(const QKeyEvent& event)
     case Qt::Key_Escape:
         return QChar(KeyCode::Escape);
     default:
-        return !event.text().isEmpty() && event.text().front().isPrint() ? event.text().front() : QChar();
+        return isPrintable(event) && !isCommand(event) ? event.text().front() : QChar();
     }
 }
 
@@ -50,6 +63,8 @@ TextBox::TextBox(QWidget* parent)
     , designFont_(font())
 {
     connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
+    // What is taken away from a text that the program wrote longer than the limit makes no room for typing.
+    connect(this, &QLineEdit::textEdited, this, [this] { SetMaximumTypedLength(maximumTypedLength_); });
 }
 
 std::string TextBox::Text() const
@@ -60,8 +75,9 @@ std::string TextBox::Text() const
 void TextBox::SetText(const std::string& text)
 {
     const QString newText = QString::fromStdString(text);
-    QLineEdit::setMaxLength(std::max(maximumTypedLength_, static_cast<int>(newText.size())));
+    QLineEdit::setMaxLength(std::max(maxLength(), static_cast<int>(newText.size())));
     setText(newText);
+    SetMaximumTypedLength(maximumTypedLength_);
 }
 
 void TextBox::SetMaximumTypedLength(int characters)
@@ -70,6 +86,14 @@ void TextBox::SetMaximumTypedLength(int characters)
     const int length = std::max(characters, static_cast<int>(text().size()));
     if (length != maxLength()) {
         keepSelectionDuring([&] { QLineEdit::setMaxLength(length); });
+    }
+}
+
+void TextBox::SetLeastColumns(int digits)
+{
+    if (digits != leastColumns_) {
+        leastColumns_ = digits;
+        fitText();
     }
 }
 
@@ -99,6 +123,7 @@ void TextBox::SelectWholeText()
 // A line edit drops its highlight when its window becomes active and the focus is elsewhere; ours keeps it.
 bool TextBox::event(QEvent* event)
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): it is the line edit's part that is left out
     return event->type() == QEvent::WindowActivate ? QWidget::event(event) : QLineEdit::event(event);
 }
 
@@ -113,6 +138,10 @@ void TextBox::keyPressEvent(QKeyEvent* event)
     Q_EMIT KeyDown(keyCode, consumed);
     if (consumed) {
         event->accept();
+        return;
+    }
+    if (event->modifiers().testFlag(Qt::AltModifier) && isCommand(*event) && isPrintable(*event)) {
+        event->ignore(); // a line edit would type it
         return;
     }
     const QChar typed = characterOf(*event);
@@ -130,8 +159,6 @@ void TextBox::keyPressEvent(QKeyEvent* event)
     } else {
         QLineEdit::keyPressEvent(event);
     }
-    // Typing over a text that the program wrote longer than the limit makes room that is not there.
-    SetMaximumTypedLength(maximumTypedLength_);
 }
 
 void TextBox::keyReleaseEvent(QKeyEvent* event)
@@ -145,7 +172,14 @@ void TextBox::keyReleaseEvent(QKeyEvent* event)
 void TextBox::focusInEvent(QFocusEvent* event)
 {
     keepSelectionDuring([&] { QLineEdit::focusInEvent(event); });
-    Q_EMIT GotFocus();
+    switch (event->reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        break;
+    default:
+        Q_EMIT GotFocus();
+    }
 }
 
 void TextBox::focusOutEvent(QFocusEvent* event)
@@ -178,11 +212,19 @@ int TextBox::widthForText() const
     return contents.width() - innerMargins - caretWidth;
 }
 
+bool TextBox::fits(const QFont& font) const
+{
+    const QFontMetrics metrics(font);
+    const int width
+        = std::max(metrics.horizontalAdvance(text()), metrics.horizontalAdvance(QString(leastColumns_, u'0')));
+    return width <= widthForText();
+}
+
 void TextBox::fitText()
 {
     constexpr int smallestPixelSize = 6; // beyond that the box scrolls
     QFont fitted = designFont_;
-    while (fitted.pixelSize() > smallestPixelSize && QFontMetrics(fitted).horizontalAdvance(text()) > widthForText()) {
+    while (fitted.pixelSize() > smallestPixelSize && !fits(fitted)) {
         fitted.setPixelSize(fitted.pixelSize() - 1);
     }
     if (fitted != font()) {

@@ -9,9 +9,11 @@ namespace numbrela {
 // A one-line text box that behaves as a number in a written calculation needs it:
 // - a selection is a highlight and stays, whatever has the focus;
 // - the caret position is the start of the selection;
-// - a text too wide for the box is written smaller, so that it is seen whole;
+// - a text too wide for the box is written smaller, so that it is seen whole; boxes that stand in columns are written
+//   smaller together;
 // - a maximum length limits what is typed, never what the program writes;
-// - its form hears of every key before the box does, and of real releases only, not of those that auto-repeat makes.
+// - its form hears of a key before the box does, and of real releases only, not of those that auto-repeat makes; an
+//   Enter that is held is one Enter.
 // What the keys mean is for the form to say.
 class TextBox : public QLineEdit {
     Q_OBJECT
@@ -25,6 +27,10 @@ public:
 
     // The most characters that can be typed into the box.
     void SetMaximumTypedLength(int characters);
+
+    // Writes the text at most as large as so many digits would fit. Boxes of equal width and font that are given the
+    // same number keep their digits under each other, however long the text of each is.
+    void SetLeastColumns(int digits);
 
     // The caret, in characters before it.
     int CaretPosition() const;
@@ -45,7 +51,7 @@ Q_SIGNALS:
     // A key has been let go.
     void KeyUp(int keyCode);
 
-    // The focus has come to the box.
+    // The focus has come to the box from another control. A window, menu or message that gives it back does not count.
     void GotFocus();
 
 protected:
@@ -62,8 +68,10 @@ private:
     void keepSelectionDuring(Action action);
     void fitText();
     int widthForText() const;
+    bool fits(const QFont& font) const;
 
     int maximumTypedLength_;
+    int leastColumns_ = 0;
     QFont designFont_;
     bool fitting_ = false;
 };

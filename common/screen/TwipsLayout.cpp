@@ -1,6 +1,7 @@
 #include "common/screen/TwipsLayout.h"
 
-#include <QFont>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QWidget>
 
 #include <algorithm>
@@ -24,6 +25,9 @@ QFont fontInPixels(const FontSpec& spec, double pixelsPerTwip)
     QFont font(QString::fromLatin1(spec.Family));
     font.setPixelSize(std::max(1, rounded(spec.Points * twipsPerPoint * pixelsPerTwip)));
     font.setBold(spec.Bold);
+    if (font.family().startsWith(QStringLiteral("Courier"))) {
+        font.setStyleHint(QFont::Monospace); // columns stay columns even where no such font is installed
+    }
     return font;
 }
 
@@ -40,6 +44,12 @@ TwipsLayout::TwipsLayout(QWidget* area, TwipsSize designSize, FontSpec defaultFo
 
 TwipsLayout::~TwipsLayout() = default;
 
+void TwipsLayout::SetDesignSize(TwipsSize size)
+{
+    designSize_ = size;
+    invalidate();
+}
+
 void TwipsLayout::Place(QWidget* control, TwipsRect rect, FontSpec font)
 {
     if (find(control) == nullptr) {
@@ -49,7 +59,7 @@ void TwipsLayout::Place(QWidget* control, TwipsRect rect, FontSpec font)
     Entry& entry = *find(control);
     entry.Rect = rect;
     entry.Font = font;
-    control->setFont(fontInPixels(font, pixelsPerTwip_));
+    giveFont(entry);
     invalidate();
 }
 
@@ -71,6 +81,12 @@ FontSpec TwipsLayout::FontOf(const QWidget* control) const
     return entry == nullptr ? defaultFont_ : entry->Font;
 }
 
+void TwipsLayout::SetMargin(int margin)
+{
+    margin_ = margin;
+    invalidate();
+}
+
 TwipsRect TwipsLayout::Extent() const
 {
     int left = 0;
@@ -80,10 +96,10 @@ TwipsRect TwipsLayout::Extent() const
     for (const Entry& entry : entries_) {
         if (!entry.Item->widget()->isHidden()) {
             const TwipsRect rect = wholeRect(entry);
-            left = std::min(left, rect.Left);
-            top = std::min(top, rect.Top);
-            right = std::max(right, rect.Left + rect.Width);
-            bottom = std::max(bottom, rect.Top + rect.Height);
+            left = std::min(left, rect.Left - margin_);
+            top = std::min(top, rect.Top - margin_);
+            right = std::max(right, rect.Left + rect.Width + margin_);
+            bottom = std::max(bottom, rect.Top + rect.Height + margin_);
         }
     }
     return { left, top, right - left, bottom - top };
@@ -145,23 +161,53 @@ void TwipsLayout::setGeometry(const QRect& rect)
 {
     QLayout::setGeometry(rect);
     const TwipsRect extent = Extent();
-    const TwipsLayout* enclosing = enclosingArea();
-    pixelsPerTwip_ = enclosing != nullptr ? enclosing->pixelsPerTwip_
-                                          : std::min(static_cast<double>(rect.width()) / extent.Width,
-                                              static_cast<double>(rect.height()) / extent.Height);
-    const double originX = rect.x() + (rect.width() - extent.Width * pixelsPerTwip_) / 2 - extent.Left * pixelsPerTwip_;
-    const double originY
-        = rect.y() + (rect.height() - extent.Height * pixelsPerTwip_) / 2 - extent.Top * pixelsPerTwip_;
-    const auto toPixels = [this](double origin, int twips) { return rounded(origin + twips * pixelsPerTwip_); };
+    pixelsPerTwip_ = scaleIn(rect.size());
+    const QSize spare = rect.size() - SizeAt(pixelsPerTwip_);
+    const double originX = rect.x() + spare.width() / 2 - extent.Left * pixelsPerTwip_;
+    const double originY = rect.y() + spare.height() / 2 - extent.Top * pixelsPerTwip_;
+    const auto toPixels = [this](double start, int twips) { return rounded(start + twips * pixelsPerTwip_); };
 
-    for (const Entry& entry : entries_) {
+    for (Entry& entry : entries_) {
         QWidget* control = entry.Item->widget();
-        control->setFont(fontInPixels(entry.Font, pixelsPerTwip_));
+        giveFont(entry);
         const TwipsRect whole = wholeRect(entry);
         const QPoint topLeft(toPixels(originX, whole.Left), toPixels(originY, whole.Top));
         const QPoint bottomRight(
             toPixels(originX, whole.Left + whole.Width), toPixels(originY, whole.Top + whole.Height));
         control->setGeometry(QRect(topLeft, bottomRight - QPoint(1, 1)));
+    }
+}
+
+// The scale at which what is shown fills this room. At the design size it is exactly the design's, although the room is
+// cut to whole pixels: every control stands to the pixel where its twips say.
+double TwipsLayout::scaleIn(QSize room) const
+{
+    if (const TwipsLayout* enclosing = enclosingArea(); enclosing != nullptr) {
+        return enclosing->pixelsPerTwip_;
+    }
+    if (room == sizeHint()) {
+        return DesignPixelsPerTwip();
+    }
+    const TwipsRect extent = Extent();
+    return std::min(
+        static_cast<double>(room.width()) / extent.Width, static_cast<double>(room.height()) / extent.Height);
+}
+
+// A control may write smaller than its font says, to show its text whole. It is given the same font only once: every
+// change of font asks for a new layout, and so the two would never come to rest.
+void TwipsLayout::giveFont(Entry& entry) const
+{
+    const QFont font = fontInPixels(entry.Font, pixelsPerTwip_);
+    if (font == entry.GivenFont) {
+        return;
+    }
+    entry.GivenFont = font;
+    QWidget* control = entry.Item->widget();
+    const bool writesInIt = control->font() == font;
+    control->setFont(font);
+    if (writesInIt) { // so that the toolkit says nothing; but the control must know that it is to write no larger
+        QEvent change(QEvent::FontChange);
+        QCoreApplication::sendEvent(control, &change);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QLayout>
 
 #include <memory>
@@ -38,6 +39,9 @@ public:
     TwipsLayout(QWidget* area, TwipsSize designSize, FontSpec defaultFont);
     ~TwipsLayout() override;
 
+    // Makes the area larger or smaller; what is in it stays in its place.
+    void SetDesignSize(TwipsSize size);
+
     // Puts a control into the area, or moves and re-dresses one that is there.
     void Place(QWidget* control, TwipsRect rect, FontSpec font);
     void Place(QWidget* control, TwipsRect rect) { Place(control, rect, defaultFont_); }
@@ -48,6 +52,9 @@ public:
     // Where a control of the area stands, and what it is dressed in.
     TwipsRect RectOf(const QWidget* control) const;
     FontSpec FontOf(const QWidget* control) const;
+
+    // Keeps so much room, in twips, between every control and the edges of what is shown; without it, none.
+    void SetMargin(int margin);
 
     // What is shown: the design size, and every visible control whole.
     TwipsRect Extent() const;
@@ -73,8 +80,11 @@ private:
         std::unique_ptr<QLayoutItem> Item;
         TwipsRect Rect;
         FontSpec Font;
+        QFont GivenFont = {};
     };
 
+    double scaleIn(QSize room) const;
+    void giveFont(Entry& entry) const;
     TwipsRect wholeRect(const Entry& entry) const;
     const TwipsLayout* enclosingArea() const;
     Entry* find(const QWidget* control);
@@ -82,6 +92,7 @@ private:
 
     TwipsSize designSize_;
     FontSpec defaultFont_;
+    int margin_ = 0;
     double pixelsPerTwip_;
     std::vector<Entry> entries_;
 };

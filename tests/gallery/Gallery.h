@@ -27,7 +27,11 @@ private:
 // One function for each room of the program.
 void DrawMenu(Gallery& gallery);
 void DrawAddSub(Gallery& gallery);
+void DrawMultiply(Gallery& gallery);
 void DrawShopping(Gallery& gallery);
 void DrawProductEditor(Gallery& gallery);
+void DrawDivide(Gallery& gallery);
+void DrawCompare(Gallery& gallery);
+void DrawPowers10(Gallery& gallery);
 
 } // namespace numbrela::testing

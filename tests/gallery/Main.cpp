@@ -21,7 +21,11 @@ int main(int argc, char** argv)
     Gallery gallery(QString::fromLocal8Bit(argv[1]));
     DrawMenu(gallery);
     DrawAddSub(gallery);
+    DrawMultiply(gallery);
     DrawShopping(gallery);
     DrawProductEditor(gallery);
-    return gallery.Failures() == 0 ? 0 : 1;
+    DrawDivide(gallery);
+    DrawCompare(gallery);
+    DrawPowers10(gallery);
+    return gallery.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
 }

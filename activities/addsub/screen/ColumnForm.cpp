@@ -78,11 +78,21 @@ ColumnForm::ColumnForm(const ColumnFormDesign& design, const Clock& clock)
 {
     buildControls();
     buildMenus();
+    Form_Load();
+}
+
+void ColumnForm::Form_Load()
+{
     MnuOpcCif->CheckOnly(ColumnExercise::DigitChoices.IndexOf(exercise_.Digits));
     MnuOpcDec->CheckOnly(ColumnExercise::DecimalChoices.IndexOf(exercise_.Decimals));
+    drawExercise();
+    Text3->setFocus();
+}
+
+void ColumnForm::drawExercise()
+{
     exercise_.Generate();
     showNewExercise(exercise_.DrawnTexts());
-    Text3->setFocus();
 }
 
 // In the order in which the eye, and so the Tab key, goes through them.
@@ -138,7 +148,7 @@ void ColumnForm::buildMenus()
         [this](int index) { MnuOpcCifLis_Click(index); }, options);
     MnuOpcDec = new OptionMenu(
         QStringLiteral("MnuOpcDec"), QStringLiteral("&Decimales"), ColumnExercise::DecimalChoices,
-        [this](int index) { MnuOpcDecLis_Click(index); }, options);
+        [this](int index) { MnuOpcDeCLis_Click(index); }, options);
     options->addMenu(MnuOpcCif);
     options->addMenu(MnuOpcDec);
     AddMenuItem(
@@ -199,16 +209,14 @@ void ColumnForm::MnuOpcCifLis_Click(int index)
 {
     MnuOpcCif->CheckOnly(index);
     exercise_.Digits = ColumnExercise::DigitChoices.ValueAt(index);
-    exercise_.Generate();
-    showNewExercise(exercise_.DrawnTexts());
+    drawExercise();
 }
 
-void ColumnForm::MnuOpcDecLis_Click(int index)
+void ColumnForm::MnuOpcDeCLis_Click(int index)
 {
     MnuOpcDec->CheckOnly(index);
     exercise_.Decimals = ColumnExercise::DecimalChoices.ValueAt(index);
-    exercise_.Generate();
-    showNewExercise(exercise_.DrawnTexts());
+    drawExercise();
 }
 
 void ColumnForm::MnuOpcIn1_Click()
@@ -240,7 +248,7 @@ void ColumnForm::MnuOpcSal_Click()
 void ColumnForm::Text1_KeyPress(QChar& character)
 {
     Text3->setFocus();
-    character = QChar(); // the heading stays as it is, although it is no box for reading alone
+    character = QChar(); // what is typed here was meant for the answer: it is not written into the heading
 }
 
 void ColumnForm::Text2_KeyPress(int /*index*/, QChar& /*character*/)

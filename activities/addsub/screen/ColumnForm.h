@@ -41,7 +41,7 @@ public:
     void Command1_Click();
     void Command2_Click(int index);
     void MnuOpcCifLis_Click(int index);
-    void MnuOpcDecLis_Click(int index);
+    void MnuOpcDeCLis_Click(int index);
     void MnuOpcIn1_Click();
     void MnuOpcIn2_Click();
     void MnuOpcSal_Click();
@@ -50,19 +50,21 @@ public:
     void Text3_KeyDown(int keyCode, bool& consumed);
     void Text3_KeyUp(int keyCode);
 
-    TextBox* Text1;
-    std::array<TextBox*, 2> Text2;
-    QLabel* Label1;
-    TextBox* Text3;
-    TextBox* Text4;
-    TextBox* tbResultados;
+    TextBox* Text1 = nullptr;
+    std::array<TextBox*, 2> Text2 {};
+    QLabel* Label1 = nullptr;
+    TextBox* Text3 = nullptr;
+    TextBox* Text4 = nullptr;
+    TextBox* tbResultados = nullptr;
     ButtonRow Buttons;
-    OptionMenu* MnuOpcCif;
-    OptionMenu* MnuOpcDec;
+    OptionMenu* MnuOpcCif = nullptr;
+    OptionMenu* MnuOpcDec = nullptr;
 
 private:
+    void Form_Load();
     void buildControls();
     void buildMenus();
+    void drawExercise();
     void showNewExercise(const OperandTexts& texts);
     void takeOperand(OperandEntry (ColumnExercise::*enter)(std::string_view));
 

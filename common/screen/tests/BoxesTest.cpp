@@ -1,1 +1,253 @@
+#include "common/screen/Boxes.h"
+
+#include "common/screen/FormWindow.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+
 #include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+
+#include <map>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+QString spanish(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+// The captions of a box's buttons, without the marks of their access keys, and whether each has an icon.
+std::map<std::string, bool> buttonsOf(const QDialog& box)
+{
+    std::map<std::string, bool> buttons;
+    for (const QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
+        buttons[button->text().remove(u'&').toStdString()] = !button->icon().isNull();
+    }
+    return buttons;
+}
+
+using Buttons = std::map<std::string, bool>;
+
+// Gives a box the keyboard, as a window manager does.
+void activate(QDialog& box)
+{
+    box.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&box] { return QApplication::activeWindow() == &box; }));
+}
+
+class BoxesTest : public ::testing::Test {
+protected:
+    void SetUp() override { ShowAndActivate(form_); }
+
+    FormWindow form_ { QStringLiteral("Form"), QStringLiteral("Form"), { 4500, 3000 }, {} };
+};
+
+TEST_F(BoxesTest, AMessageHasItsTitleItsTextAndTheButtonAceptar)
+{
+    ExpectMessage(QStringLiteral("Sumas"), QStringLiteral("El valor no es correcto"), { QStringLiteral("Aceptar") });
+    ShowMessage(&form_, "El valor no es correcto", "Sumas");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AMessageWithoutATitleHasTheApplications)
+{
+    ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("Hola"));
+    ShowMessage(&form_, "Hola");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AMessageKeepsDoubleBlanksAndWhatLooksLikeTags)
+{
+    const char* text = "Has  gastado   <b>5</b> &euro;\nde  20";
+    ExpectDialog([text](QDialog& box) {
+        const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(label->text().toStdString(), text);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        box.accept();
+    });
+    ShowMessage(&form_, text);
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AMessageIsUtf8)
+{
+    ExpectMessage(spanish("Catálogo"), spanish("¿Añadir «piña» por 2,50 €?"));
+    ShowMessage(&form_, "¿Añadir «piña» por 2,50 €?", "Catálogo");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AMessageHasNoIconsAndBelongsToItsWindow)
+{
+    ExpectDialog([this](QDialog& box) {
+        EXPECT_EQ(buttonsOf(box), (Buttons { { "Aceptar", false } }));
+        EXPECT_EQ(qobject_cast<QMessageBox*>(&box)->icon(), QMessageBox::NoIcon);
+        EXPECT_EQ(box.parentWidget(), &form_);
+        EXPECT_TRUE(box.isModal());
+        EXPECT_EQ(QApplication::activeModalWidget(), &box);
+        box.accept();
+    });
+    ShowMessage(&form_, "Hola");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AMessageIsAnsweredByEnterEscapeOrSpace)
+{
+    for (const auto key : { Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Space }) {
+        ExpectDialog([key](QDialog& box) {
+            activate(box);
+            Press(key);
+            EXPECT_FALSE(box.isVisible()) << key;
+        });
+        ShowMessage(&form_, "Hola");
+        EXPECT_EQ(PendingBoxes(), 0);
+    }
+}
+
+TEST_F(BoxesTest, AMessageNeedsNoWindow)
+{
+    ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("Hola"));
+    ShowMessage(nullptr, "Hola");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AnInputBoxGivesWhatIsTyped)
+{
+    ExpectInput(QStringLiteral("Sumas"), QStringLiteral("Introduzca el nuevo valor:"), QStringLiteral("12,5"));
+    EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "12,5");
+}
+
+TEST_F(BoxesTest, AnInputBoxWithoutATitleHasTheApplications)
+{
+    ExpectInput(QStringLiteral("Numbrela"), QStringLiteral("Valor:"), QStringLiteral("1"));
+    EXPECT_EQ(AskText(&form_, "Valor:", ""), "1");
+}
+
+TEST_F(BoxesTest, AnInputBoxIsEmptyUnlessItIsGivenAText)
+{
+    ExpectDialog([](QDialog& box) {
+        EXPECT_EQ(box.findChild<QLineEdit*>()->text().toStdString(), "");
+        box.accept();
+    });
+    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas"), "");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AnInputBoxOffersItsDefaultTextSelectedSoThatTypingReplacesIt)
+{
+    ExpectDialog([](QDialog& box) {
+        activate(box);
+        const auto* line = box.findChild<QLineEdit*>();
+        EXPECT_TRUE(line->hasFocus());
+        EXPECT_EQ(line->text().toStdString(), "100");
+        EXPECT_EQ(line->selectedText().toStdString(), "100");
+        Type(QStringLiteral("25"));
+        Press(Qt::Key_Return);
+    });
+    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "25");
+}
+
+TEST_F(BoxesTest, AnInputBoxGivesItsDefaultTextWhenItIsAcceptedAsItIs)
+{
+    ExpectDialog([](QDialog& box) {
+        activate(box);
+        Press(Qt::Key_Return);
+    });
+    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "  100 "), "  100 ");
+}
+
+TEST_F(BoxesTest, AnInputBoxGivesNothingWhenItIsCancelled)
+{
+    ExpectInputCancelled(QStringLiteral("Sumas"), QStringLiteral("Valor:"), QStringLiteral("25"));
+    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "");
+}
+
+TEST_F(BoxesTest, AnInputBoxGivesNothingWhenItIsLeftByEscape)
+{
+    ExpectDialog([](QDialog& box) {
+        activate(box);
+        Type(QStringLiteral("25"));
+        Press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "");
+}
+
+TEST_F(BoxesTest, AnInputBoxGivesNothingWhenAnEmptyTextIsAccepted)
+{
+    ExpectInput(QStringLiteral("Sumas"), QStringLiteral("Valor:"), QString(), QStringLiteral("100"));
+    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "");
+}
+
+TEST_F(BoxesTest, AnInputBoxHasTheButtonsAceptarAndCancelarWithoutIcons)
+{
+    ExpectDialog([this](QDialog& box) {
+        EXPECT_EQ(buttonsOf(box), (Buttons { { "Aceptar", false }, { "Cancelar", false } }));
+        EXPECT_EQ(box.parentWidget(), &form_);
+        EXPECT_TRUE(box.isModal());
+        for (QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
+            if (button->text().remove(u'&') == QStringLiteral("Aceptar")) {
+                QTest::mouseClick(button, Qt::LeftButton);
+            }
+        }
+    });
+    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "100");
+}
+
+TEST_F(BoxesTest, AnInputBoxIsUtf8)
+{
+    ExpectInput(spanish("División"), spanish("¿Cuánto  es?"), spanish("ñandú 3 €"), spanish("año"));
+    EXPECT_EQ(AskText(&form_, "¿Cuánto  es?", "División", "año"), "ñandú 3 €");
+}
+
+TEST_F(BoxesTest, AnInputBoxKeepsDoubleBlanksAndWhatLooksLikeTagsInItsPrompt)
+{
+    const char* prompt = "Precio  de <b>pan</b>  &amp; sal:";
+    ExpectDialog([prompt](QDialog& box) {
+        const auto* label = box.findChild<QLabel*>();
+        EXPECT_EQ(label->text().toStdString(), prompt);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        box.accept();
+    });
+    EXPECT_EQ(AskText(&form_, prompt, "Sumas", "1"), "1");
+}
+
+TEST_F(BoxesTest, AnInputBoxNeedsNoWindow)
+{
+    ExpectInput(QStringLiteral("Sumas"), QStringLiteral("Valor:"), QStringLiteral("7"));
+    EXPECT_EQ(AskText(nullptr, "Valor:", "Sumas"), "7");
+}
+
+TEST_F(BoxesTest, BoxesWriteInTheFontOfTheirWindow)
+{
+    form_.resize(2 * form_.size());
+    QCoreApplication::processEvents();
+    const int pixels = form_.font().pixelSize();
+    EXPECT_EQ(pixels, 32); // 12 points, twice as large
+    const auto expectFont = [pixels](QDialog& box) {
+        EXPECT_EQ(box.font().pixelSize(), pixels);
+        for (const QWidget* part : box.findChildren<QWidget*>()) {
+            EXPECT_EQ(part->font().pixelSize(), pixels) << part->metaObject()->className();
+        }
+        box.accept();
+    };
+    ExpectDialog(expectFont);
+    ShowMessage(&form_, "Hola");
+    ExpectDialog(expectFont);
+    AskText(&form_, "Valor:", "Sumas");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,1 +1,532 @@
+#include "common/screen/FormWindow.h"
+
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/Driver.h"
+
 #include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QScreen>
+#include <QTest>
+#include <QWindow>
+
+#include <array>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr TwipsSize designArea { 4875, 7695 }; // 325 by 513 pixels
+constexpr QSize designPixels { 325, 513 };
+
+// A window with a text box, two buttons and, unless it is to have none, a menu.
+class TestForm : public FormWindow {
+public:
+    explicit TestForm(TwipsSize area = designArea, bool withMenu = true)
+        : FormWindow(QStringLiteral("Form9"), QStringLiteral("PRUEBAS"), area, { "Verdana", 12 })
+    {
+        Box = AddTextBox(Area(), QStringLiteral("Box"), { 1500, 500, 2000, 495 }, { "Courier", 15 });
+        First = AddButton(Area(), QStringLiteral("First"), QStringLiteral("First"), { 1500, 1500, 1500, 495 }, {});
+        Second = AddButton(Area(), QStringLiteral("Second"), QStringLiteral("Second"), { 1500, 2500, 1500, 495 }, {});
+        for (CommandButton* button : { First, Second }) {
+            QObject::connect(button, &QPushButton::clicked, this, [this] { ++Presses; });
+        }
+        if (withMenu) {
+            Options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
+            AddMenuItem(
+                Options, QStringLiteral("MnuOpcUno"), QStringLiteral("&Uno"), [this] { ++Choices; }, Qt::Key_F2);
+            AddMenuItem(Options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir"), [this] { close(); });
+        }
+    }
+
+    using FormWindow::AddMenu;
+    using FormWindow::AddMenuItem;
+    using FormWindow::MenuBar;
+    using FormWindow::SeeKeysFirst;
+    using FormWindow::SetTabSequence;
+
+    // What the window has below its menu bar.
+    QSize AreaPixels() const { return size() - QSize(0, MenuBar()->isHidden() ? 0 : MenuBar()->height()); }
+
+    std::array<QWidget*, 3> Controls() const { return { Box, First, Second }; }
+
+    TextBox* Box = nullptr;
+    CommandButton* First = nullptr;
+    CommandButton* Second = nullptr;
+    QMenu* Options = nullptr;
+    int Presses = 0;
+    int Choices = 0;
+};
+
+void settle()
+{
+    // A change of the window can change its menu's font, and that the window's layout once more.
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::processEvents();
+    }
+}
+
+void destroyClosedWindows()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// Every visible control stands whole in the window, below the menu bar, where its twips say.
+void expectEverythingWhole(const TestForm& form)
+{
+    const QRect area(QPoint(0, form.height() - form.AreaPixels().height()), form.AreaPixels());
+    const TwipsRect extent = form.Area().Extent();
+    const double scale = form.Area().PixelsPerTwip();
+    const double left = area.x() + (area.width() - extent.Width * scale) / 2;
+    const double top = area.y() + (area.height() - extent.Height * scale) / 2;
+    constexpr double tolerance = 1.5; // a place is cut to whole pixels, and so is what is left over beside it
+    for (const QWidget* control : form.Controls()) {
+        if (control->isHidden()) {
+            continue;
+        }
+        SCOPED_TRACE(control->objectName().toStdString());
+        const TwipsRect rect = form.Area().RectOf(control);
+        EXPECT_TRUE(area.contains(control->geometry()));
+        EXPECT_NEAR(control->x(), left + (rect.Left - extent.Left) * scale, tolerance);
+        EXPECT_NEAR(control->y(), top + (rect.Top - extent.Top) * scale, tolerance);
+        EXPECT_NEAR(control->width(), rect.Width * scale, tolerance);
+        EXPECT_NEAR(control->height(), rect.Height * scale, tolerance);
+    }
+}
+
+TEST(FormWindowTest, HasItsNameAndCaptionAndIsNoDialog)
+{
+    TestForm form;
+    EXPECT_EQ(form.objectName().toStdString(), "Form9");
+    EXPECT_EQ(form.windowTitle().toStdString(), "PRUEBAS");
+    EXPECT_TRUE(form.isWindow());
+    EXPECT_EQ(qobject_cast<QDialog*>(&form), nullptr);
+}
+
+TEST(FormWindowTest, GivesItsFontToControlsThatNameNone)
+{
+    TestForm form;
+    QWidget control;
+    form.Area().Place(&control, { 0, 0, 300, 300 });
+    EXPECT_EQ(control.font().family().toStdString(), "Verdana");
+    EXPECT_EQ(control.font().pixelSize(), 16);
+}
+
+TEST(FormWindowTest, LeavesEnterAndEscapeToTheControlThatHasTheFocus)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    form.Box->setFocus();
+    for (const int key : { int { Qt::Key_Return }, int { Qt::Key_Enter }, int { Qt::Key_Escape } }) {
+        Press(key);
+        EXPECT_EQ(form.Presses, 0) << key;
+        EXPECT_EQ(FocusName(), "Box") << key;
+        EXPECT_TRUE(form.isVisible()) << key;
+    }
+    form.First->setFocus();
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(form.Presses, 0);
+    EXPECT_TRUE(form.isVisible());
+}
+
+TEST(FormWindowTest, MakesEveryOtherWindowInertWhileItIsShownModally)
+{
+    TestForm menu;
+    ShowAndActivate(menu);
+    const auto clickInMenu = [&menu] {
+        QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, Qt::NoModifier, menu.First->geometry().center());
+    };
+    clickInMenu();
+    EXPECT_EQ(menu.Presses, 1);
+
+    auto* form = new TestForm;
+    form->ShowModally();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    EXPECT_EQ(QApplication::activeModalWidget(), form);
+    clickInMenu();
+    Press(Qt::Key_F2);
+    EXPECT_EQ(menu.Presses, 1);
+    EXPECT_EQ(menu.Choices, 0);
+    EXPECT_EQ(form->Choices, 1);
+
+    form->close();
+    destroyClosedWindows();
+    clickInMenu();
+    EXPECT_EQ(menu.Presses, 2);
+}
+
+TEST(FormWindowTest, IsDestroyedWhenItIsClosed)
+{
+    const QPointer<TestForm> form(new TestForm);
+    form->ShowModally();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    Choose(*form, QStringLiteral("MnuOpcSal"));
+    destroyClosedWindows();
+    EXPECT_TRUE(form.isNull());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(FormWindowTest, GoesThroughItsControlsWithTabInTheOrderGiven)
+{
+    TestForm form;
+    TestForm::SetTabSequence({ form.Second, form.Box, form.First });
+    ShowAndActivate(form);
+    form.Second->setFocus();
+    std::vector<std::string> names;
+    for (int i = 0; i < 3; ++i) {
+        Press(Qt::Key_Tab);
+        names.push_back(FocusName());
+    }
+    EXPECT_EQ(names, (std::vector<std::string> { "Box", "First", "Second" }));
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(FocusName(), "First");
+}
+
+TEST(FormWindowTest, SeesEachKeyOnceAndBeforeTheControlThatHasTheFocus)
+{
+    TestForm form;
+    std::vector<std::string> heard;
+    form.SeeKeysFirst([&](int keyCode) { heard.push_back("form " + std::to_string(keyCode)); });
+    QObject::connect(form.Box, &TextBox::KeyDown, &form,
+        [&](int keyCode, bool& /*consumed*/) { heard.push_back("box " + std::to_string(keyCode)); });
+    ShowAndActivate(form);
+    form.Box->setFocus();
+    Press(Qt::Key_F5);
+    Press(Qt::Key_5);
+    EXPECT_EQ(heard, (std::vector<std::string> { "form 116", "box 116", "form 53", "box 53" }));
+    EXPECT_EQ(form.Box->Text(), "5") << "it takes nothing away from the control";
+
+    heard.clear();
+    form.First->setFocus();
+    Press(Qt::Key_F5);
+    EXPECT_EQ(heard, std::vector<std::string> { "form 116" });
+    form.First->clearFocus();
+    Press(Qt::Key_F5);
+    EXPECT_EQ(heard.size(), 2U) << "no control has the focus";
+}
+
+TEST(FormWindowTest, SeesNoKeysOfOtherWindows)
+{
+    TestForm other;
+    int keys = 0;
+    other.SeeKeysFirst([&](int /*keyCode*/) { ++keys; });
+    ShowAndActivate(other);
+    TestForm form;
+    ShowAndActivate(form);
+    form.Box->setFocus();
+    Press(Qt::Key_F5);
+    EXPECT_EQ(keys, 0);
+}
+
+TEST(FormWindowTest, NamesItsMenusAndItems)
+{
+    TestForm form;
+    EXPECT_EQ(form.Options->objectName().toStdString(), "MnuOpc");
+    EXPECT_EQ(form.Options->title().toStdString(), "&Opciones");
+    EXPECT_EQ(form.MenuBar()->actions(), QList<QAction*> { form.Options->menuAction() });
+    auto& item = Find<QAction>(form, QStringLiteral("MnuOpcUno"));
+    EXPECT_EQ(item.text().toStdString(), "&Uno");
+    EXPECT_EQ(item.shortcut(), QKeySequence(Qt::Key_F2));
+    EXPECT_TRUE(Find<QAction>(form, QStringLiteral("MnuOpcSal")).shortcut().isEmpty());
+}
+
+TEST(FormWindowTest, LetsAMenuItemBeChosenFromAnyControlByItsShortcut)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    form.Box->setFocus();
+    Press(Qt::Key_F2);
+    EXPECT_EQ(form.Choices, 1);
+    form.First->setFocus();
+    Press(Qt::Key_F2);
+    EXPECT_EQ(form.Choices, 2);
+    Choose(form, QStringLiteral("MnuOpcUno"));
+    EXPECT_EQ(form.Choices, 3);
+}
+
+TEST(FormWindowTest, ShowsAMenuBarOfItsOwnOnlyWhenItHasMenus)
+{
+    TestForm withMenu;
+    ShowAndActivate(withMenu);
+    EXPECT_TRUE(withMenu.MenuBar()->isVisible());
+    EXPECT_FALSE(withMenu.MenuBar()->isNativeMenuBar());
+    EXPECT_EQ(withMenu.MenuBar()->geometry().topLeft(), QPoint(0, 0));
+    TestForm without(designArea, false);
+    ShowAndActivate(without);
+    EXPECT_FALSE(without.MenuBar()->isVisible());
+}
+
+TEST(FormWindowTest, OpensInItsDesignSizeBelowTheMenuBar)
+{
+    for (const bool withMenu : { true, false }) {
+        TestForm form(designArea, withMenu);
+        ShowAndActivate(form);
+        EXPECT_EQ(form.AreaPixels(), designPixels);
+        EXPECT_EQ(form.height() > designPixels.height(), withMenu);
+        EXPECT_DOUBLE_EQ(form.Area().PixelsPerTwip(), 1.0 / 15);
+        const QPoint origin(0, form.height() - designPixels.height());
+        EXPECT_EQ(form.Box->geometry().translated(-origin), QRect(QPoint(100, 33), QPoint(233 - 1, 66 - 1)));
+        EXPECT_EQ(form.Box->font().pixelSize(), 20);
+        EXPECT_EQ(form.font().pixelSize(), 16);
+        expectEverythingWhole(form);
+    }
+}
+
+TEST(FormWindowTest, OpensWithRoomForAControlBeyondAnEdge)
+{
+    TestForm form;
+    form.Area().Move(form.Box, { -600, -300, 2000, 495 });
+    ShowAndActivate(form);
+    EXPECT_EQ(form.AreaPixels(), designPixels + QSize(40, 20));
+    expectEverythingWhole(form);
+}
+
+TEST(FormWindowTest, OpensSmallerWhenTheScreenHasNoRoomForIt)
+{
+    constexpr TwipsSize huge { 18000, 13500 };
+    TestForm form(huge);
+    ShowAndActivate(form);
+    const QSize room = form.screen()->availableSize();
+    EXPECT_LT(form.width(), room.width());
+    EXPECT_LT(form.height(), room.height());
+    EXPECT_GT(form.width(), room.width() * 9 / 10);
+    EXPECT_NEAR(form.AreaPixels().width() * 3.0 / 4, form.AreaPixels().height(), 2);
+    EXPECT_NEAR(form.Box->font().pixelSize(), 300 * form.Area().PixelsPerTwip(), 1);
+    expectEverythingWhole(form);
+}
+
+TEST(FormWindowTest, KeepsTheSizeThatAPersonGaveItWhenItIsHiddenAndShown)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    form.resize(400, 600);
+    form.hide();
+    ShowAndActivate(form);
+    EXPECT_EQ(form.size(), QSize(400, 600));
+}
+
+TEST(FormWindowTest, GrowsWithEverythingInIt)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    const int menuHeight = form.MenuBar()->height();
+    form.resize(2 * form.size());
+    settle();
+    const double scale = form.Area().PixelsPerTwip();
+    EXPECT_NEAR(scale, 2.0 / 15, 0.002);
+    EXPECT_NEAR(form.Box->font().pixelSize(), 300 * scale, 1);
+    EXPECT_NEAR(form.First->font().pixelSize(), 240 * scale, 1);
+    EXPECT_GT(form.MenuBar()->height(), 3 * menuHeight / 2);
+    for (const QWidget* menu :
+        { static_cast<QWidget*>(&form), static_cast<QWidget*>(form.MenuBar()), static_cast<QWidget*>(form.Options) }) {
+        EXPECT_NEAR(menu->font().pixelSize(), 240 * scale, 1);
+        EXPECT_EQ(menu->font().family().toStdString(), "Arial");
+    }
+    expectEverythingWhole(form);
+}
+
+TEST(FormWindowTest, KeepsProportionsInAWindowThatIsOnlyWider)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    const QSize box = form.Box->size();
+    form.resize(form.width() * 2, form.height());
+    settle();
+    EXPECT_EQ(form.Box->size(), box);
+    expectEverythingWhole(form);
+}
+
+TEST(FormWindowTest, ShrinksToHalfItsDesignSizeAtMost)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    form.resize(1, 1);
+    settle();
+    EXPECT_GE(form.AreaPixels().width(), designPixels.width() / 2);
+    EXPECT_GE(form.AreaPixels().height(), designPixels.height() / 2);
+    EXPECT_LE(form.AreaPixels().height(), designPixels.height() * 6 / 10);
+    EXPECT_LT(form.Box->font().pixelSize(), 12);
+    expectEverythingWhole(form);
+}
+
+struct BeyondEdge {
+    const char* Name;
+    TwipsRect Place;
+    QSize Growth; // in pixels, at the design size
+};
+
+class BeyondEdgeTest : public ::testing::TestWithParam<BeyondEdge> {
+protected:
+    void moveBox(TwipsRect rect)
+    {
+        form_.Area().Move(form_.Box, rect);
+        settle();
+    }
+
+    TestForm form_;
+    const TwipsRect inside_ = form_.Area().RectOf(form_.Box);
+};
+
+INSTANTIATE_TEST_SUITE_P(Edges, BeyondEdgeTest,
+    ::testing::Values(BeyondEdge { "Left", { -600, 500, 2000, 495 }, { 40, 0 } },
+        BeyondEdge { "Above", { 1500, -450, 2000, 495 }, { 0, 30 } },
+        BeyondEdge { "Right", { 3625, 500, 2000, 495 }, { 50, 0 } },
+        BeyondEdge { "Below", { 1500, 7650, 2000, 495 }, { 0, 30 } },
+        BeyondEdge { "Everywhere", { -300, -150, 5475, 8145 }, { 40, 30 } }),
+    [](const auto& row) { return row.param.Name; });
+
+TEST_P(BeyondEdgeTest, GrowsAtTheSameScaleAndShrinksBack)
+{
+    ShowAndActivate(form_);
+    const QSize size = form_.size();
+    moveBox(GetParam().Place);
+    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    EXPECT_DOUBLE_EQ(form_.Area().PixelsPerTwip(), 1.0 / 15);
+    EXPECT_EQ(form_.First->size(), QSize(100, 33));
+    EXPECT_EQ(form_.Box->font().pixelSize(), 20);
+    expectEverythingWhole(form_);
+    moveBox(inside_);
+    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.AreaPixels(), designPixels);
+    expectEverythingWhole(form_);
+}
+
+TEST_P(BeyondEdgeTest, GrowsForVisibleControlsAlone)
+{
+    ShowAndActivate(form_);
+    const QSize size = form_.size();
+    form_.Box->hide();
+    moveBox(GetParam().Place);
+    EXPECT_EQ(form_.size(), size);
+    form_.Box->show();
+    settle();
+    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    expectEverythingWhole(form_);
+    form_.Box->hide();
+    settle();
+    EXPECT_EQ(form_.size(), size);
+    expectEverythingWhole(form_);
+}
+
+TEST_P(BeyondEdgeTest, GrowsAtTheScaleThatAPersonGaveTheWindow)
+{
+    ShowAndActivate(form_);
+    form_.resize(form_.size() * 5 / 4);
+    settle();
+    const double scale = form_.Area().PixelsPerTwip();
+    const QSize button = form_.First->size();
+    moveBox(GetParam().Place);
+    EXPECT_NEAR(form_.Area().PixelsPerTwip(), scale, 0.0005);
+    EXPECT_NEAR(form_.First->width(), button.width(), 1);
+    EXPECT_NEAR(form_.AreaPixels().width(), (designPixels.width() + GetParam().Growth.width()) * 15 * scale, 2);
+    EXPECT_NEAR(form_.AreaPixels().height(), (designPixels.height() + GetParam().Growth.height()) * 15 * scale, 2);
+    expectEverythingWhole(form_);
+    moveBox(inside_);
+    EXPECT_NEAR(form_.AreaPixels().width(), designPixels.width() * 15 * scale, 2);
+    EXPECT_NEAR(form_.AreaPixels().height(), designPixels.height() * 15 * scale, 2);
+    EXPECT_NEAR(form_.First->width(), button.width(), 1);
+}
+
+TEST_P(BeyondEdgeTest, ShowsEverythingInAMaximisedWindow)
+{
+    ShowAndActivate(form_);
+    const QSize size = form_.size();
+    form_.showMaximized();
+    settle();
+    const QSize maximised = form_.size();
+    EXPECT_GT(maximised.height(), form_.screen()->availableSize().height() * 9 / 10);
+    EXPECT_GT(form_.Area().PixelsPerTwip(), 1.0 / 15);
+    expectEverythingWhole(form_);
+    moveBox(GetParam().Place);
+    EXPECT_EQ(form_.size(), maximised);
+    expectEverythingWhole(form_);
+    moveBox(inside_);
+    form_.showNormal();
+    settle();
+    EXPECT_EQ(form_.size(), size);
+    moveBox(GetParam().Place);
+    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    expectEverythingWhole(form_);
+}
+
+TEST_F(BeyondEdgeTest, KeepsItsSizeHoweverOftenAControlComesAndGoes)
+{
+    ShowAndActivate(form_);
+    const QSize size = form_.size();
+    for (int i = 1; i <= 60; ++i) {
+        moveBox({ -137 * i, 500, 2000, 495 });
+        expectEverythingWhole(form_);
+        moveBox({ 1500, -193 * i, 2000, 495 });
+        expectEverythingWhole(form_);
+        moveBox(inside_);
+        ASSERT_EQ(form_.size(), size) << i;
+    }
+}
+
+TEST_F(BeyondEdgeTest, GrowsNoLargerThanTheScreen)
+{
+    ShowAndActivate(form_);
+    const QSize size = form_.size();
+    for (const TwipsRect far : { TwipsRect { -9000, 500, 2000, 495 }, TwipsRect { 1500, 12000, 2000, 495 } }) {
+        moveBox(far);
+        EXPECT_LT(form_.width(), form_.screen()->availableSize().width());
+        EXPECT_LT(form_.height(), form_.screen()->availableSize().height());
+        expectEverythingWhole(form_);
+        moveBox(inside_);
+        EXPECT_EQ(form_.size(), size);
+    }
+}
+
+TEST_F(BeyondEdgeTest, TakesTheSizeThatItsAreaIsGiven)
+{
+    ShowAndActivate(form_);
+    const QSize size = form_.size();
+    form_.Area().SetDesignSize({ designArea.Width + 600, designArea.Height - 1500 });
+    settle();
+    EXPECT_EQ(form_.size(), size + QSize(40, -100));
+    EXPECT_DOUBLE_EQ(form_.Area().PixelsPerTwip(), 1.0 / 15);
+    expectEverythingWhole(form_);
+    form_.Area().SetDesignSize(designArea);
+    settle();
+    EXPECT_EQ(form_.size(), size);
+}
+
+TEST_F(BeyondEdgeTest, ComesBackOntoTheScreenWhenItHasGrownOverItsEdge)
+{
+    ShowAndActivate(form_);
+    const QRect room = form_.screen()->availableGeometry();
+    const QPoint inMiddle(200, 100);
+    form_.move(inMiddle);
+    moveBox({ 3625, 7650, 2000, 495 });
+    EXPECT_EQ(form_.pos(), inMiddle) << "it has room where it is";
+    moveBox(inside_);
+    const QSize frame = form_.frameGeometry().size();
+    form_.move(room.right() + 1 - frame.width(), room.bottom() + 1 - frame.height());
+    moveBox({ 3625, 7650, 2000, 495 });
+    EXPECT_EQ(form_.frameGeometry().bottomRight(), room.bottomRight());
+    form_.move(-30, -20);
+    moveBox(inside_);
+    EXPECT_EQ(form_.frameGeometry().topLeft(), room.topLeft());
+}
+
+TEST_F(BeyondEdgeTest, CanBeOpenedMaximised)
+{
+    form_.showMaximized();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+    EXPECT_GT(form_.height(), form_.screen()->availableSize().height() * 9 / 10);
+    EXPECT_GT(form_.Area().PixelsPerTwip(), 1.0 / 15);
+    expectEverythingWhole(form_);
+}
+
+} // namespace
+
+} // namespace numbrela

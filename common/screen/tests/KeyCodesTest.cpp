@@ -1,1 +1,173 @@
+#include "common/screen/KeyCodes.h"
+
 #include <gtest/gtest.h>
+
+#include <QKeyEvent>
+
+namespace numbrela {
+
+namespace {
+
+struct KeyRow {
+    const char* Name;
+    int Key; // the toolkit's
+    int Code; // ours, on the main keyboard
+};
+
+int codeOf(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    return KeyCodeOf(QKeyEvent(QEvent::KeyPress, key, modifiers));
+}
+
+constexpr KeyRow mainKeys[] = {
+    { "Backspace", Qt::Key_Backspace, 8 },
+    { "Tab", Qt::Key_Tab, 9 },
+    { "Tab backwards", Qt::Key_Backtab, 9 },
+    { "Enter", Qt::Key_Return, 13 },
+    { "Shift", Qt::Key_Shift, 16 },
+    { "Control", Qt::Key_Control, 17 },
+    { "Alt", Qt::Key_Alt, 18 },
+    { "Pause", Qt::Key_Pause, 19 },
+    { "Caps Lock", Qt::Key_CapsLock, 20 },
+    { "Escape", Qt::Key_Escape, 27 },
+    { "Space", Qt::Key_Space, 32 },
+    { "Page Up", Qt::Key_PageUp, 33 },
+    { "Page Down", Qt::Key_PageDown, 34 },
+    { "End", Qt::Key_End, 35 },
+    { "Home", Qt::Key_Home, 36 },
+    { "Left", Qt::Key_Left, 37 },
+    { "Up", Qt::Key_Up, 38 },
+    { "Right", Qt::Key_Right, 39 },
+    { "Down", Qt::Key_Down, 40 },
+    { "Print", Qt::Key_Print, 44 },
+    { "Insert", Qt::Key_Insert, 45 },
+    { "Delete", Qt::Key_Delete, 46 },
+    { "0", Qt::Key_0, 48 },
+    { "1", Qt::Key_1, 49 },
+    { "2", Qt::Key_2, 50 },
+    { "3", Qt::Key_3, 51 },
+    { "4", Qt::Key_4, 52 },
+    { "5", Qt::Key_5, 53 },
+    { "6", Qt::Key_6, 54 },
+    { "7", Qt::Key_7, 55 },
+    { "8", Qt::Key_8, 56 },
+    { "9", Qt::Key_9, 57 },
+    { "A", Qt::Key_A, 65 },
+    { "M", Qt::Key_M, 77 },
+    { "Z", Qt::Key_Z, 90 },
+    { "F1", Qt::Key_F1, 112 },
+    { "F5", Qt::Key_F5, 116 },
+    { "F12", Qt::Key_F12, 123 },
+    { "F24", Qt::Key_F24, 135 },
+    { "Num Lock", Qt::Key_NumLock, 144 },
+    { "Scroll Lock", Qt::Key_ScrollLock, 145 },
+    { "semicolon", Qt::Key_Semicolon, 186 },
+    { "plus", Qt::Key_Plus, 187 },
+    { "equals", Qt::Key_Equal, 187 },
+    { "comma", Qt::Key_Comma, 188 },
+    { "minus", Qt::Key_Minus, 189 },
+    { "point", Qt::Key_Period, 190 },
+    { "slash", Qt::Key_Slash, 191 },
+    { "n with tilde", Qt::Key_Ntilde, 192 },
+    { "apostrophe", Qt::Key_Apostrophe, 219 },
+    { "c with cedilla", Qt::Key_Ccedilla, 220 },
+    { "inverted exclamation mark", Qt::Key_exclamdown, 221 },
+};
+
+constexpr KeyRow keypadKeys[] = {
+    { "0", Qt::Key_0, 96 },
+    { "1", Qt::Key_1, 97 },
+    { "2", Qt::Key_2, 98 },
+    { "3", Qt::Key_3, 99 },
+    { "4", Qt::Key_4, 100 },
+    { "5", Qt::Key_5, 101 },
+    { "6", Qt::Key_6, 102 },
+    { "7", Qt::Key_7, 103 },
+    { "8", Qt::Key_8, 104 },
+    { "9", Qt::Key_9, 105 },
+    { "asterisk", Qt::Key_Asterisk, 106 },
+    { "plus", Qt::Key_Plus, 107 },
+    { "minus", Qt::Key_Minus, 109 },
+    { "decimal point", Qt::Key_Period, 110 },
+    { "decimal comma", Qt::Key_Comma, 110 },
+    { "slash", Qt::Key_Slash, 111 },
+    { "Enter", Qt::Key_Enter, 13 },
+    { "Home, with Num Lock off", Qt::Key_Home, 36 },
+    { "Left, with Num Lock off", Qt::Key_Left, 37 },
+    { "Delete, with Num Lock off", Qt::Key_Delete, 46 },
+};
+
+TEST(KeyCodesTest, GivesTheKeysOfTheMainKeyboardTheirCodes)
+{
+    for (const KeyRow& row : mainKeys) {
+        EXPECT_EQ(codeOf(row.Key), row.Code) << row.Name;
+    }
+}
+
+TEST(KeyCodesTest, GivesTheKeysOfTheKeypadCodesOfTheirOwn)
+{
+    for (const KeyRow& row : keypadKeys) {
+        EXPECT_EQ(codeOf(row.Key, Qt::KeypadModifier), row.Code) << row.Name;
+    }
+}
+
+TEST(KeyCodesTest, NamesTheCodesThatTheProgramAsksFor)
+{
+    EXPECT_EQ(codeOf(Qt::Key_Backspace), KeyCode::Backspace);
+    EXPECT_EQ(codeOf(Qt::Key_Tab), KeyCode::Tab);
+    EXPECT_EQ(codeOf(Qt::Key_Return), KeyCode::Enter);
+    EXPECT_EQ(codeOf(Qt::Key_Escape), KeyCode::Escape);
+    EXPECT_EQ(codeOf(Qt::Key_Space), KeyCode::Space);
+    EXPECT_EQ(codeOf(Qt::Key_Left), KeyCode::Left);
+    EXPECT_EQ(codeOf(Qt::Key_Up), KeyCode::Up);
+    EXPECT_EQ(codeOf(Qt::Key_Right), KeyCode::Right);
+    EXPECT_EQ(codeOf(Qt::Key_Down), KeyCode::Down);
+    EXPECT_EQ(codeOf(Qt::Key_Delete), KeyCode::Delete);
+    EXPECT_EQ(codeOf(Qt::Key_0), KeyCode::Digit0);
+    EXPECT_EQ(codeOf(Qt::Key_0, Qt::KeypadModifier), KeyCode::KeypadDigit0);
+    EXPECT_EQ(codeOf(Qt::Key_Period, Qt::KeypadModifier), KeyCode::KeypadDecimal);
+    EXPECT_EQ(codeOf(Qt::Key_F1), KeyCode::F1);
+    EXPECT_EQ(codeOf(Qt::Key_Comma), KeyCode::Comma);
+    EXPECT_EQ(codeOf(Qt::Key_Period), KeyCode::Point);
+}
+
+TEST(KeyCodesTest, GivesAKeyTheSameCodeWithShiftControlAndAlt)
+{
+    for (const auto modifier : { Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier }) {
+        EXPECT_EQ(codeOf(Qt::Key_5, modifier), 53) << modifier;
+        EXPECT_EQ(codeOf(Qt::Key_5, modifier | Qt::KeypadModifier), 101) << modifier;
+        EXPECT_EQ(codeOf(Qt::Key_A, modifier), 65) << modifier;
+    }
+}
+
+TEST(KeyCodesTest, GivesAReleaseTheCodeOfThePress)
+{
+    EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyRelease, Qt::Key_7, Qt::KeypadModifier)), 103);
+    EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyRelease, Qt::Key_Comma, Qt::NoModifier)), 188);
+}
+
+TEST(KeyCodesTest, AsksTheKeyAndNotTheCharacterThatItWrites)
+{
+    EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"))), 65);
+    EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyPress, Qt::Key_3, Qt::NoModifier, QStringLiteral("#"))), 51);
+}
+
+TEST(KeyCodesTest, GivesOtherKeysNoCode)
+{
+    for (const int key : { 0, int { Qt::Key_unknown }, int { Qt::Key_VolumeUp }, int { Qt::Key_Dead_Acute } }) {
+        EXPECT_EQ(codeOf(key), 0) << key;
+        EXPECT_EQ(codeOf(key, Qt::KeypadModifier), 0) << key;
+    }
+}
+
+TEST(KeyCodesTest, CountsDigitsOfBothBlocksAndTheMainCommaAsWritingANumber)
+{
+    for (int code = -1; code <= 256; ++code) {
+        const bool writes = (code >= 48 && code <= 57) || (code >= 96 && code <= 105) || code == 188;
+        EXPECT_EQ(WritesDigitOrComma(code), writes) << code;
+    }
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,1 +1,981 @@
+#include "common/screen/TextBox.h"
+
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/FormWindow.h"
+#include "common/screen/KeyCodes.h"
+#include "tests/support/Driver.h"
+
 #include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr TwipsRect boxPlace { 300, 300, 1500, 495 }; // 100 by 33 pixels
+constexpr FontSpec boxFont { "Courier", 12 }; // 16 pixels
+
+// A window with a button, the box that has the focus at first, and another box, in the order of the Tab key.
+class TextBoxTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ShowAndActivate(form_);
+        box_.setFocus();
+    }
+
+    // Writes down what the box tells of, as in "down 53", "press 5", "up 53".
+    void listen()
+    {
+        QObject::connect(&box_, &TextBox::KeyDown, &form_,
+            [this](int keyCode, bool& /*consumed*/) { heard_.push_back("down " + std::to_string(keyCode)); });
+        QObject::connect(&box_, &TextBox::KeyPress, &form_, [this](QChar& character) {
+            heard_.push_back("press "
+                + (character.isPrint() ? QString(character).toStdString() : std::to_string(character.unicode())));
+        });
+        QObject::connect(
+            &box_, &TextBox::KeyUp, &form_, [this](int keyCode) { heard_.push_back("up " + std::to_string(keyCode)); });
+    }
+
+    // Moves the caret to the end, and there types.
+    void typeAtEnd(const QString& text)
+    {
+        Press(Qt::Key_End);
+        Type(text);
+    }
+
+    FormWindow form_ { QStringLiteral("Form"), QStringLiteral("Form"), { 6000, 3000 }, {} };
+    CommandButton& button_
+        = *AddButton(form_.Area(), QStringLiteral("Button"), QStringLiteral("Button"), { 300, 1800, 1500, 495 }, {});
+    TextBox& box_ = *AddTextBox(form_.Area(), QStringLiteral("Box"), boxPlace, boxFont, Qt::AlignLeft);
+    TextBox& other_ = *AddTextBox(form_.Area(), QStringLiteral("Other"), { 300, 1000, 1500, 495 }, boxFont);
+    std::vector<std::string> heard_;
+};
+
+using Heard = std::vector<std::string>;
+
+// Text, caret, highlight.
+
+TEST_F(TextBoxTest, HoldsUtf8Text)
+{
+    box_.SetText("1,5 € ñ 12·3");
+    EXPECT_EQ(box_.Text(), "1,5 € ñ 12·3");
+    EXPECT_EQ(box_.text().size(), 12);
+    box_.SetText("");
+    EXPECT_EQ(box_.Text(), "");
+}
+
+TEST_F(TextBoxTest, KeepsBlanksAtBothEnds)
+{
+    box_.SetText("  12  3 ");
+    EXPECT_EQ(box_.Text(), "  12  3 ");
+}
+
+TEST_F(TextBoxTest, LosesItsSelectionWhenAProgramWritesIt)
+{
+    box_.SetText("123");
+    box_.SelectWholeText();
+    box_.SetText("456");
+    EXPECT_FALSE(box_.hasSelectedText());
+    box_.SelectWholeText();
+    box_.SetText("456");
+    EXPECT_FALSE(box_.hasSelectedText()) << "even the same text";
+}
+
+TEST_F(TextBoxTest, PlacesItsCaretAndTakesTheSelectionAway)
+{
+    box_.SetText("12345");
+    box_.SelectWholeText();
+    box_.SetCaretPosition(2);
+    EXPECT_EQ(box_.CaretPosition(), 2);
+    EXPECT_FALSE(box_.hasSelectedText());
+    Type(QStringLiteral("9"));
+    EXPECT_EQ(box_.Text(), "129345");
+}
+
+TEST_F(TextBoxTest, PlacesItsCaretNoFurtherThanItsText)
+{
+    box_.SetText("12345");
+    box_.SetCaretPosition(99);
+    EXPECT_EQ(box_.CaretPosition(), 5);
+    box_.SetCaretPosition(-1);
+    EXPECT_EQ(box_.CaretPosition(), 0);
+}
+
+TEST_F(TextBoxTest, HasItsCaretAtTheStartOfTheSelection)
+{
+    box_.SetText("12345");
+    box_.setSelection(1, 3);
+    EXPECT_EQ(box_.CaretPosition(), 1);
+    box_.setSelection(4, -3);
+    EXPECT_EQ(box_.CaretPosition(), 1);
+    box_.SelectWholeText();
+    EXPECT_EQ(box_.CaretPosition(), 0);
+}
+
+TEST_F(TextBoxTest, HasItsCaretAtTheStartOfASelectionMadeByKeys)
+{
+    box_.SetText("12345");
+    box_.SetCaretPosition(1);
+    Press(Qt::Key_Right, Qt::ShiftModifier);
+    Press(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(box_.selectedText().toStdString(), "23");
+    EXPECT_EQ(box_.CaretPosition(), 1);
+}
+
+TEST_F(TextBoxTest, StepsItsCaretLeftAndStaysAtTheFirstPosition)
+{
+    box_.SetText("123");
+    box_.SetCaretPosition(2);
+    box_.StepCaretLeft();
+    EXPECT_EQ(box_.CaretPosition(), 1);
+    box_.StepCaretLeft();
+    EXPECT_EQ(box_.CaretPosition(), 0);
+    box_.StepCaretLeft();
+    EXPECT_EQ(box_.CaretPosition(), 0);
+}
+
+TEST_F(TextBoxTest, StepsLeftFromTheStartOfTheSelection)
+{
+    box_.SetText("12345");
+    box_.setSelection(3, 2);
+    box_.StepCaretLeft();
+    EXPECT_EQ(box_.CaretPosition(), 2);
+    EXPECT_FALSE(box_.hasSelectedText());
+}
+
+TEST_F(TextBoxTest, KeepsAHighlightOfTheWholeTextWhenThereIsNoStepLeft)
+{
+    box_.SetText("12345");
+    box_.SelectWholeText();
+    box_.StepCaretLeft();
+    EXPECT_EQ(box_.selectedText().toStdString(), "12345");
+}
+
+TEST_F(TextBoxTest, HighlightsItsWholeText)
+{
+    box_.SetText("resultado correcto");
+    box_.SelectWholeText();
+    EXPECT_EQ(box_.selectedText().toStdString(), "resultado correcto");
+    box_.SetText("");
+    box_.SelectWholeText();
+    EXPECT_FALSE(box_.hasSelectedText());
+}
+
+TEST_F(TextBoxTest, TypingReplacesTheHighlight)
+{
+    box_.SetText("12345");
+    box_.SelectWholeText();
+    Type(QStringLiteral("7"));
+    EXPECT_EQ(box_.Text(), "7");
+    EXPECT_EQ(box_.CaretPosition(), 1);
+}
+
+// Where the focus goes, and the highlight stays.
+
+class HighlightTest : public TextBoxTest {
+protected:
+    void SetUp() override
+    {
+        TextBoxTest::SetUp();
+        box_.SetText("12345");
+        box_.SelectWholeText();
+    }
+
+    void expectHighlight()
+    {
+        settle();
+        EXPECT_EQ(box_.selectedText().toStdString(), "12345");
+        EXPECT_EQ(box_.CaretPosition(), 0);
+        EXPECT_TRUE(showsHighlight());
+    }
+
+    // What a line edit does when its window becomes active, it does a turn of the event loop later.
+    static void settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+
+    bool showsHighlight()
+    {
+        const QImage image = box_.grab().toImage();
+        const QColor highlight = box_.palette().color(QPalette::Active, QPalette::Highlight);
+        int columns = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            columns += image.pixelColor(x, image.height() / 2) == highlight ? 1 : 0;
+        }
+        return columns > 10;
+    }
+};
+
+TEST_F(HighlightTest, IsSeenOnlyAsLongAsItIsThere)
+{
+    expectHighlight();
+    box_.SetCaretPosition(0);
+    EXPECT_FALSE(showsHighlight());
+}
+
+TEST_F(HighlightTest, StaysWhenTabLeavesAndComesBack)
+{
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), "Other");
+    expectHighlight();
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(FocusName(), "Box");
+    expectHighlight();
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(FocusName(), "Button");
+    expectHighlight();
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), "Box");
+    expectHighlight();
+}
+
+TEST_F(HighlightTest, StaysWhenTheMouseClicksElsewhere)
+{
+    Click(form_, QStringLiteral("Other"));
+    EXPECT_EQ(FocusName(), "Other");
+    expectHighlight();
+    Click(form_, QStringLiteral("Button"));
+    EXPECT_EQ(FocusName(), "Button");
+    expectHighlight();
+    QTest::mouseClick(&form_, Qt::LeftButton, Qt::NoModifier, QPoint(form_.width() - 5, form_.height() - 5));
+    expectHighlight();
+}
+
+TEST_F(HighlightTest, StaysWhenTheProgramMovesTheFocus)
+{
+    button_.setFocus();
+    expectHighlight();
+    box_.setFocus();
+    expectHighlight();
+    other_.setFocus();
+    box_.setFocus(Qt::ShortcutFocusReason);
+    expectHighlight();
+    box_.clearFocus();
+    expectHighlight();
+}
+
+TEST_F(HighlightTest, StaysWhenAnotherBoxIsTypedInto)
+{
+    other_.setFocus();
+    Type(QStringLiteral("67"));
+    Press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(other_.selectedText().toStdString(), "67");
+    expectHighlight();
+}
+
+TEST_F(HighlightTest, StaysWhenItsWindowIsLeftAndComesBack)
+{
+    for (QWidget* focused : { static_cast<QWidget*>(&box_), static_cast<QWidget*>(&other_) }) {
+        focused->setFocus();
+        QWidget window;
+        ShowAndActivate(window);
+        expectHighlight();
+        form_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+        EXPECT_EQ(QApplication::focusWidget(), focused);
+        expectHighlight();
+    }
+}
+
+TEST_F(HighlightTest, StaysInABoxForReadingAlone)
+{
+    box_.setReadOnly(true);
+    other_.setFocus();
+    expectHighlight();
+    box_.setFocus(Qt::TabFocusReason);
+    expectHighlight();
+    box_.setEnabled(false);
+    box_.setEnabled(true);
+    expectHighlight();
+}
+
+TEST_F(HighlightTest, StaysWhenTheWindowIsResized)
+{
+    form_.resize(2 * form_.size());
+    expectHighlight();
+}
+
+TEST_F(HighlightTest, MayBeOfAPartOfTheText)
+{
+    box_.setSelection(1, 2);
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(box_.selectedText().toStdString(), "23");
+    EXPECT_EQ(box_.CaretPosition(), 1);
+}
+
+TEST_F(TextBoxTest, IsNotSelectedByTheTabKey)
+{
+    box_.SetText("12345");
+    box_.SetCaretPosition(2);
+    for (const auto& [away, back] :
+        { std::pair { Qt::NoModifier, Qt::ShiftModifier }, std::pair { Qt::ShiftModifier, Qt::NoModifier } }) {
+        Press(Qt::Key_Tab, away);
+        Press(Qt::Key_Tab, back);
+        EXPECT_EQ(FocusName(), "Box");
+        EXPECT_FALSE(box_.hasSelectedText());
+        EXPECT_EQ(box_.CaretPosition(), 2);
+    }
+    Type(QStringLiteral("9"));
+    EXPECT_EQ(box_.Text(), "129345");
+}
+
+TEST_F(TextBoxTest, TellsWheneverTheFocusComes)
+{
+    const QSignalSpy gotFocus(&box_, &TextBox::GotFocus);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(gotFocus.count(), 0);
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(gotFocus.count(), 1) << "by Tab";
+    button_.setFocus();
+    box_.setFocus();
+    EXPECT_EQ(gotFocus.count(), 2) << "by the program";
+    box_.setFocus();
+    EXPECT_EQ(gotFocus.count(), 2) << "it has it";
+    Click(form_, QStringLiteral("Other"));
+    Click(form_, QStringLiteral("Box"));
+    EXPECT_EQ(gotFocus.count(), 3) << "by a click";
+}
+
+TEST_F(TextBoxTest, DoesNotTellOfAFocusThatAWindowAMenuOrAMessageGivesBack)
+{
+    const QSignalSpy gotFocus(&box_, &TextBox::GotFocus);
+    for (const auto reason : { Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason }) {
+        button_.setFocus();
+        box_.setFocus(reason);
+        EXPECT_EQ(FocusName(), "Box");
+        EXPECT_EQ(gotFocus.count(), 0) << reason;
+    }
+}
+
+TEST_F(TextBoxTest, CanPassTheFocusOnAsSoonAsItComes)
+{
+    button_.setFocus();
+    QObject::connect(&box_, &TextBox::GotFocus, &form_, [this] { other_.setFocus(); });
+    box_.setFocus();
+    EXPECT_EQ(FocusName(), "Other");
+}
+
+// Keys.
+
+TEST_F(TextBoxTest, TellsOfAKeyBeforeItTypesAndAfterItIsLetGo)
+{
+    listen();
+    QObject::connect(&box_, &TextBox::textChanged, &form_, [this] { heard_.push_back("text " + box_.Text()); });
+    Press(Qt::Key_5);
+    EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "text 5", "up 53" }));
+}
+
+TEST_F(TextBoxTest, TellsKeypadAndMainKeyboardApart)
+{
+    listen();
+    Press(Qt::Key_5, Qt::KeypadModifier);
+    EXPECT_EQ(heard_, (Heard { "down 101", "press 5", "up 101" }));
+    EXPECT_EQ(box_.Text(), "5");
+}
+
+TEST_F(TextBoxTest, TellsOfEnterBackspaceAndEscapeAsCharacters)
+{
+    listen();
+    box_.SetText("12");
+    Press(Qt::Key_Return);
+    Press(Qt::Key_Enter, Qt::KeypadModifier);
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(box_.Text(), "12");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(box_.Text(), "1");
+    EXPECT_EQ(heard_,
+        (Heard { "down 13", "press 13", "up 13", "down 13", "press 13", "up 13", "down 27", "press 27", "up 27",
+            "down 8", "press 8", "up 8" }));
+}
+
+TEST_F(TextBoxTest, TellsOfKeysThatTypeNothingAsKeysAlone)
+{
+    listen();
+    box_.SetText("12");
+    Press(Qt::Key_Left);
+    EXPECT_EQ(box_.CaretPosition(), 1);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(box_.Text(), "1");
+    Press(Qt::Key_Home);
+    EXPECT_EQ(box_.CaretPosition(), 0);
+    Press(Qt::Key_F5);
+    EXPECT_EQ(heard_, (Heard { "down 37", "up 37", "down 46", "up 46", "down 36", "up 36", "down 116", "up 116" }));
+}
+
+TEST_F(TextBoxTest, TellsOfEveryPrintableCharacter)
+{
+    const QString typed = QStringLiteral(" !,.-+:=()azAZ09");
+    QString heard;
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [&heard](QChar& character) { heard += character; });
+    Type(typed);
+    EXPECT_EQ(heard.toStdString(), typed.toStdString());
+    EXPECT_EQ(box_.Text(), typed.toStdString());
+}
+
+TEST_F(TextBoxTest, TypesLettersBeyondAscii)
+{
+    QString heard;
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [&heard](QChar& character) { heard += character; });
+    QTest::sendKeyEvent(QTest::Click, &box_, Qt::Key_Ntilde, QStringLiteral("ñ"), Qt::NoModifier);
+    EXPECT_EQ(heard.toStdString(), "ñ");
+    EXPECT_EQ(box_.Text(), "ñ");
+}
+
+TEST_F(TextBoxTest, NeverSeesAKeyThatItsFormConsumes)
+{
+    box_.SetText("12");
+    listen();
+    QObject::connect(&box_, &TextBox::KeyDown, &form_,
+        [](int keyCode, bool& consumed) { consumed = keyCode != KeyCode::Digit0 + 7; });
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Left);
+    Press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(box_.Text(), "12");
+    EXPECT_EQ(box_.CaretPosition(), 2);
+    EXPECT_FALSE(box_.hasSelectedText());
+    EXPECT_EQ(heard_,
+        (Heard { "down 53", "up 53", "down 8", "up 8", "down 37", "up 37", "down 17", "down 65", "up 65", "up 17" }));
+    Type(QStringLiteral("7"));
+    EXPECT_EQ(box_.Text(), "127");
+}
+
+TEST_F(TextBoxTest, TypesTheCharacterThatItsFormPutsInPlaceOfAnother)
+{
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [](QChar& character) {
+        if (character == u'.') {
+            character = u',';
+        }
+    });
+    Type(QStringLiteral("1.5"));
+    EXPECT_EQ(box_.Text(), "1,5");
+    box_.SelectWholeText();
+    Type(QStringLiteral("."));
+    EXPECT_EQ(box_.Text(), ",");
+}
+
+TEST_F(TextBoxTest, TypesNothingWhenItsFormConsumesTheCharacter)
+{
+    box_.SetText("12");
+    listen();
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [](QChar& character) {
+        if (!character.isDigit()) {
+            character = QChar();
+        }
+    });
+    Type(QStringLiteral("a,3"));
+    EXPECT_EQ(box_.Text(), "123");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(box_.Text(), "123");
+    box_.SelectWholeText();
+    Type(QStringLiteral("x"));
+    EXPECT_EQ(box_.selectedText().toStdString(), "123");
+}
+
+TEST_F(TextBoxTest, TypesTheCharacterItselfWhenItsFormMovesTheFocus)
+{
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [this](QChar& /*character*/) { other_.setFocus(); });
+    HoldDown(Qt::Key_5);
+    EXPECT_EQ(FocusName(), "Other");
+    EXPECT_EQ(box_.Text(), "5");
+    EXPECT_EQ(other_.Text(), "");
+    const QSignalSpy released(&other_, &TextBox::KeyUp);
+    LetGo(Qt::Key_5);
+    EXPECT_EQ(released.count(), 1) << "the key is let go where the focus is";
+}
+
+TEST_F(TextBoxTest, LosesTheCharacterWhenItsFormConsumesItAndMovesTheFocus)
+{
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [this](QChar& character) {
+        other_.setFocus();
+        character = QChar();
+    });
+    Type(QStringLiteral("5"));
+    EXPECT_EQ(FocusName(), "Other");
+    EXPECT_EQ(box_.Text(), "");
+    EXPECT_EQ(other_.Text(), "");
+}
+
+TEST_F(TextBoxTest, TellsOfTheReleaseOnlyWhenAHeldKeyIsReallyLetGo)
+{
+    listen();
+    HoldDown(Qt::Key_5);
+    Repeat(Qt::Key_5);
+    Repeat(Qt::Key_5);
+    EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "down 53", "down 53" }));
+    LetGo(Qt::Key_5);
+    EXPECT_EQ(heard_.back(), "up 53");
+    EXPECT_EQ(std::count(heard_.begin(), heard_.end(), "up 53"), 1);
+}
+
+// Enter checks an answer, and a wrong one counts.
+TEST_F(TextBoxTest, TellsOfEnterOnceHoweverLongItIsHeld)
+{
+    listen();
+    HoldDown(Qt::Key_Return);
+    Repeat(Qt::Key_Return);
+    Repeat(Qt::Key_Return);
+    LetGo(Qt::Key_Return);
+    Repeat(Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(heard_, (Heard { "down 13", "press 13", "up 13" }));
+}
+
+TEST_F(TextBoxTest, TypesNothingWhenCtrlOrAltIsHeld)
+{
+    box_.SetText("1");
+    QString heard;
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [&heard](QChar& character) { heard += character; });
+    for (const auto modifier : { Qt::ControlModifier, Qt::AltModifier }) {
+        for (const auto key : { Qt::Key_5, Qt::Key_Comma, Qt::Key_J }) {
+            Press(key, modifier);
+            Press(key, modifier | Qt::ShiftModifier);
+        }
+    }
+    EXPECT_EQ(box_.Text(), "1");
+    EXPECT_EQ(heard.toStdString(), "");
+}
+
+// What the right Alt key of a Spanish keyboard writes arrives with both modifiers on some systems.
+TEST_F(TextBoxTest, TypesWhatCtrlAndAltTogetherWrite)
+{
+    QString heard;
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [&heard](QChar& character) { heard += character; });
+    Press(Qt::Key_At, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(heard.toStdString(), "@");
+    EXPECT_EQ(box_.Text(), "@");
+}
+
+TEST_F(TextBoxTest, TellsOfTheKeyThatIsHeldWithCtrl)
+{
+    listen();
+    Press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(heard_, (Heard { "down 17", "down 65", "up 65", "up 17" }));
+}
+
+TEST_F(TextBoxTest, SelectsCopiesPastesAndUndoesByKeys)
+{
+    box_.SetText("12");
+    Press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(box_.selectedText().toStdString(), "12");
+    Press(Qt::Key_C, Qt::ControlModifier);
+    Press(Qt::Key_End);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box_.Text(), "1212");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(box_.Text(), "12");
+}
+
+TEST_F(TextBoxTest, TellsOfKeysAndTypesNothingWhenItIsForReadingAlone)
+{
+    box_.SetText("12");
+    box_.setReadOnly(true);
+    listen();
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "up 53", "down 8", "press 8", "up 8" }));
+    Press(Qt::Key_Delete);
+    QApplication::clipboard()->setText(QStringLiteral("7"));
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box_.Text(), "12");
+    box_.SetText("34");
+    EXPECT_EQ(box_.Text(), "34");
+}
+
+TEST_F(TextBoxTest, TypesNothingReplacedEitherWhenItIsForReadingAlone)
+{
+    box_.setReadOnly(true);
+    QObject::connect(&box_, &TextBox::KeyPress, &form_, [](QChar& character) { character = u'x'; });
+    Type(QStringLiteral("5"));
+    EXPECT_EQ(box_.Text(), "");
+}
+
+// The length that can be typed.
+
+TEST_F(TextBoxTest, TakesNoMoreTypingThanItsLimit)
+{
+    box_.SetMaximumTypedLength(3);
+    Type(QStringLiteral("12345"));
+    EXPECT_EQ(box_.Text(), "123");
+    Press(Qt::Key_Backspace);
+    Type(QStringLiteral("67"));
+    EXPECT_EQ(box_.Text(), "126");
+}
+
+TEST_F(TextBoxTest, TakesNoMorePastingThanItsLimit)
+{
+    box_.SetMaximumTypedLength(3);
+    Type(QStringLiteral("1"));
+    QApplication::clipboard()->setText(QStringLiteral("6789"));
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box_.Text(), "167");
+}
+
+TEST_F(TextBoxTest, TakesAnyLengthFromTheProgram)
+{
+    box_.SetMaximumTypedLength(3);
+    box_.SetText("1234567");
+    EXPECT_EQ(box_.Text(), "1234567");
+    box_.SetMaximumTypedLength(2);
+    EXPECT_EQ(box_.Text(), "1234567");
+}
+
+TEST_F(TextBoxTest, TakesNoTypingIntoATextThatTheProgramWroteLongerThanTheLimit)
+{
+    box_.SetMaximumTypedLength(3);
+    box_.SetText("12345");
+    typeAtEnd(QStringLiteral("6"));
+    EXPECT_EQ(box_.Text(), "12345");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(box_.Text(), "1234");
+    Type(QStringLiteral("6"));
+    EXPECT_EQ(box_.Text(), "1234") << "what was taken away makes no room";
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Backspace);
+    Type(QStringLiteral("678"));
+    EXPECT_EQ(box_.Text(), "126");
+}
+
+TEST_F(TextBoxTest, MakesNoRoomByCuttingAwayByMouseEither)
+{
+    box_.SetMaximumTypedLength(3);
+    box_.SetText("12345");
+    box_.setSelection(0, 3);
+    box_.cut(); // as the context menu does
+    EXPECT_EQ(box_.Text(), "45");
+    QApplication::clipboard()->setText(QStringLiteral("6789"));
+    box_.paste();
+    EXPECT_EQ(box_.Text(), "645");
+    box_.SetText("12345");
+    box_.setSelection(0, 3);
+    box_.cut();
+    Type(QStringLiteral("6789"));
+    EXPECT_EQ(box_.Text(), "645");
+}
+
+TEST_F(TextBoxTest, TakesAsMuchAsItsLimitInPlaceOfALongerHighlightedText)
+{
+    box_.SetMaximumTypedLength(3);
+    box_.SetText("12345");
+    box_.SelectWholeText();
+    Type(QStringLiteral("6789"));
+    EXPECT_EQ(box_.Text(), "678");
+}
+
+TEST_F(TextBoxTest, HasItsLimitAgainAfterAShorterTextFromTheProgram)
+{
+    box_.SetMaximumTypedLength(3);
+    box_.SetText("12345");
+    box_.SetText("1");
+    typeAtEnd(QStringLiteral("678"));
+    EXPECT_EQ(box_.Text(), "167");
+}
+
+TEST_F(TextBoxTest, TellsOnceOfATextFromTheProgramWhateverTheLimit)
+{
+    box_.SetMaximumTypedLength(3);
+    std::vector<std::string> texts;
+    QObject::connect(&box_, &TextBox::textChanged, &form_, [&] { texts.push_back(box_.Text()); });
+    box_.SetText("1234567");
+    box_.SetText("12");
+    box_.SetText("123456789");
+    box_.SetText("");
+    EXPECT_EQ(texts, (std::vector<std::string> { "1234567", "12", "123456789", "" }));
+}
+
+TEST_F(TextBoxTest, KeepsCaretAndHighlightWhenItsLimitChanges)
+{
+    box_.SetText("12345");
+    box_.SetCaretPosition(2);
+    box_.SetMaximumTypedLength(8);
+    EXPECT_EQ(box_.CaretPosition(), 2);
+    box_.SetMaximumTypedLength(3);
+    EXPECT_EQ(box_.CaretPosition(), 2);
+    box_.SelectWholeText();
+    box_.SetMaximumTypedLength(7);
+    EXPECT_EQ(box_.selectedText().toStdString(), "12345");
+}
+
+TEST_F(TextBoxTest, KeepsItsCaretWhereATextLongerThanTheLimitIsChanged)
+{
+    box_.SetMaximumTypedLength(2);
+    box_.SetText("123456");
+    box_.SetCaretPosition(3);
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(box_.Text(), "12456");
+    EXPECT_EQ(box_.CaretPosition(), 2);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(box_.Text(), "1256");
+    EXPECT_EQ(box_.CaretPosition(), 2);
+    box_.setSelection(0, 2);
+    Type(QStringLiteral("9"));
+    EXPECT_EQ(box_.Text(), "956");
+    EXPECT_EQ(box_.CaretPosition(), 1);
+}
+
+TEST_F(TextBoxTest, TakesMoreWhenItsLimitIsRaised)
+{
+    box_.SetMaximumTypedLength(2);
+    Type(QStringLiteral("123"));
+    box_.SetMaximumTypedLength(4);
+    Type(QStringLiteral("456"));
+    EXPECT_EQ(box_.Text(), "1245");
+}
+
+// A text too wide for the box.
+
+class FittingTest : public TextBoxTest {
+protected:
+    static constexpr int designPixels = 16;
+
+    // Whether the first and the last character are both inside the box, with its caret at either end.
+    bool showsWholeText()
+    {
+        const int caret = box_.cursorPosition();
+        bool whole = true;
+        for (const int end : { 0, static_cast<int>(box_.text().size()) }) {
+            box_.SetCaretPosition(end);
+            box_.grab();
+            const int middle = box_.height() / 2;
+            whole = whole && box_.cursorPositionAt(QPoint(1, middle)) == 0
+                && box_.cursorPositionAt(QPoint(box_.width() - 1, middle)) == box_.text().size();
+        }
+        box_.SetCaretPosition(caret);
+        return whole;
+    }
+
+    int pixels() const { return box_.font().pixelSize(); }
+};
+
+TEST_F(FittingTest, WritesAShortTextInTheSizeThatItIsDesignedIn)
+{
+    box_.SetText("1234567");
+    EXPECT_EQ(pixels(), designPixels);
+    EXPECT_TRUE(showsWholeText());
+}
+
+TEST_F(FittingTest, WritesATextTooWideSmallerAndLargerAgain)
+{
+    for (const auto alignment : { Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter }) {
+        box_.setAlignment(alignment);
+        box_.SetText("123456789012");
+        const int smaller = pixels();
+        EXPECT_LT(smaller, designPixels);
+        EXPECT_TRUE(showsWholeText());
+        box_.SetText("123456789012345");
+        EXPECT_LT(pixels(), smaller);
+        EXPECT_TRUE(showsWholeText());
+        box_.SetText("123456789012");
+        EXPECT_EQ(pixels(), smaller);
+        box_.SetText("1234567");
+        EXPECT_EQ(pixels(), designPixels);
+    }
+}
+
+TEST_F(FittingTest, WritesNoSmallerThanItMust)
+{
+    box_.SetText("123456789012");
+    QFont larger = box_.font();
+    larger.setPixelSize(pixels() + 1);
+    constexpr int margins = 2 * 5; // a frame and what is free beside the text
+    EXPECT_GT(QFontMetrics(larger).horizontalAdvance(box_.text()), box_.width() - margins);
+}
+
+TEST_F(FittingTest, FitsWhatIsTypedWhileItIsTyped)
+{
+    Type(QStringLiteral("123456789012"));
+    const int smaller = pixels();
+    EXPECT_LT(smaller, designPixels);
+    EXPECT_TRUE(showsWholeText());
+    for (int i = 0; i < 6; ++i) {
+        Press(Qt::Key_Backspace);
+    }
+    EXPECT_EQ(pixels(), designPixels);
+}
+
+TEST_F(FittingTest, StaysReadableAndScrollsATextTooLongForAnySize)
+{
+    box_.SetText(std::string(100, '8'));
+    EXPECT_EQ(pixels(), 6);
+    EXPECT_EQ(box_.Text().size(), 100U);
+    EXPECT_FALSE(showsWholeText());
+}
+
+TEST_F(FittingTest, FitsAgainWhenTheBoxIsResized)
+{
+    box_.SetText("123456789012");
+    const int smaller = pixels();
+    form_.Area().Move(&box_, { 300, 300, 1200, 495 });
+    QCoreApplication::processEvents();
+    EXPECT_LT(pixels(), smaller);
+    EXPECT_TRUE(showsWholeText());
+    form_.Area().Move(&box_, { 300, 300, 3000, 495 });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pixels(), designPixels);
+    EXPECT_TRUE(showsWholeText());
+}
+
+TEST_F(FittingTest, GrowsAndShrinksWithItsWindow)
+{
+    box_.SetText("123456789012");
+    const int smaller = pixels();
+    const QSize size = form_.size();
+    form_.resize(2 * size);
+    QCoreApplication::processEvents();
+    EXPECT_GT(pixels(), smaller * 3 / 2);
+    EXPECT_TRUE(showsWholeText());
+    box_.SetText("1");
+    EXPECT_EQ(pixels(), 2 * designPixels);
+    box_.SetText("123456789012");
+    form_.resize(size);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pixels(), smaller);
+    EXPECT_TRUE(showsWholeText());
+    box_.SetText("1");
+    EXPECT_EQ(pixels(), designPixels);
+}
+
+TEST_F(FittingTest, KeepsItsDesignWhenItIsDressedAgain)
+{
+    box_.SetText("123456789012");
+    form_.Area().Place(&box_, boxPlace, { "Courier", 6 });
+    EXPECT_EQ(pixels(), 8);
+    form_.Area().Place(&box_, boxPlace, { "Courier", 18 });
+    EXPECT_LT(pixels(), designPixels);
+    EXPECT_TRUE(showsWholeText());
+    box_.SetText("1");
+    EXPECT_EQ(pixels(), 24);
+}
+
+TEST_F(FittingTest, WritesAShortTextAsSmallAsTheColumnsItStandsInAsk)
+{
+    box_.SetText("123456789012");
+    const int smaller = pixels();
+    box_.SetText("1");
+    box_.SetLeastColumns(12);
+    EXPECT_EQ(pixels(), smaller);
+    box_.SetText("123");
+    EXPECT_EQ(pixels(), smaller);
+    box_.SetText("123456789012345");
+    EXPECT_LT(pixels(), smaller) << "a longer text is seen whole all the same";
+    EXPECT_TRUE(showsWholeText());
+    box_.SetText("");
+    EXPECT_EQ(pixels(), smaller);
+    box_.SetLeastColumns(0);
+    EXPECT_EQ(pixels(), designPixels);
+}
+
+TEST_F(FittingTest, KeepsBoxesThatStandInColumnsAlikeAtAnySize)
+{
+    box_.SetLeastColumns(12);
+    other_.SetLeastColumns(12);
+    box_.SetText("123456789012");
+    other_.SetText("7");
+    for (const int percent : { 100, 70, 160, 100 }) {
+        form_.resize(400 * percent / 100, 200 * percent / 100);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(other_.font().pixelSize(), pixels()) << percent;
+        EXPECT_TRUE(showsWholeText()) << percent;
+    }
+}
+
+TEST_F(FittingTest, KeepsCaretAndHighlight)
+{
+    box_.SetText("123456789012");
+    box_.SelectWholeText();
+    form_.Area().Move(&box_, { 300, 300, 1200, 495 });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(box_.selectedText().toStdString(), "123456789012");
+    box_.SetCaretPosition(3);
+    form_.Area().Move(&box_, boxPlace);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(box_.CaretPosition(), 3);
+}
+
+// Columns.
+
+class ColumnsTest : public TextBoxTest {
+protected:
+    void SetUp() override
+    {
+        TextBoxTest::SetUp();
+        other_.setFocus(); // no caret in the picture
+    }
+
+    // How far from the left edge the first character is seen.
+    int firstInk(const char* text)
+    {
+        box_.SetText(text);
+        const QImage picture = box_.grab().toImage();
+        constexpr int edge = 4;
+        constexpr int dark = 128;
+        for (int x = edge; x < picture.width() - edge; ++x) {
+            for (int y = edge; y < picture.height() - edge; ++y) {
+                if (picture.pixelColor(x, y).lightness() < dark) {
+                    return x;
+                }
+            }
+        }
+        return picture.width();
+    }
+
+    // What the box shows, apart from the place of the last character of a right-aligned text.
+    QImage pictureWithoutLastColumn(const char* text)
+    {
+        box_.SetText(text);
+        const QImage picture = box_.grab().toImage();
+        const int advance = QFontMetrics(box_.font()).horizontalAdvance(u'0');
+        constexpr int margin = 4;
+        return picture.copy(0, 0, picture.width() - advance - margin, picture.height());
+    }
+};
+
+TEST_F(ColumnsTest, ABlankAtTheEndOfARightAlignedTextTakesItsPlace)
+{
+    box_.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    const QImage full = pictureWithoutLastColumn("4567");
+    EXPECT_EQ(pictureWithoutLastColumn("456 "), full);
+    EXPECT_NE(pictureWithoutLastColumn("456"), full);
+    EXPECT_NE(pictureWithoutLastColumn("4567 "), full);
+}
+
+TEST_F(ColumnsTest, BlanksAtBothEndsTakeTheirPlaceInACentredText)
+{
+    box_.setAlignment(Qt::AlignCenter);
+    const int start = firstInk("456");
+    const int advance = QFontMetrics(box_.font()).horizontalAdvance(u'0');
+    EXPECT_NEAR(firstInk(" 456 "), start, 1);
+    EXPECT_NEAR(firstInk("  456"), start + advance, 1);
+    EXPECT_NEAR(firstInk("456  "), start - advance, 1);
+}
+
+TEST_F(ColumnsTest, ABlankAtTheStartOfALeftAlignedTextTakesItsPlace)
+{
+    box_.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    box_.SetText("45");
+    const QImage full = box_.grab().toImage();
+    box_.SetText(" 5");
+    const QImage blank = box_.grab().toImage();
+    const int second = full.width() / 2;
+    const int start = QFontMetrics(box_.font()).horizontalAdvance(u'0') + 4;
+    EXPECT_EQ(blank.copy(start, 0, second, full.height()), full.copy(start, 0, second, full.height()));
+    EXPECT_NE(blank, full);
+}
+
+} // namespace
+
+} // namespace numbrela

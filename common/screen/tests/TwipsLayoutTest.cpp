@@ -1,1 +1,482 @@
+#include "common/screen/TwipsLayout.h"
+
+#include "common/screen/TextBox.h"
+#include "tests/support/Driver.h"
+
 #include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QLabel>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+// A frame asks the area around it for a new layout, and that the frame: each a turn of the event loop later.
+void settle()
+{
+    for (int round = 0; round < 5; ++round) {
+        QCoreApplication::processEvents();
+    }
+}
+
+// An area of 300 by 200 pixels at the design size, on a screen of 96 dots per inch.
+class TwipsLayoutTest : public ::testing::Test {
+protected:
+    QLabel* place(TwipsRect rect)
+    {
+        auto* label = new QLabel(&area_);
+        layout_.Place(label, rect);
+        return label;
+    }
+
+    void show(QSize size)
+    {
+        area_.resize(size);
+        ShowAndActivate(area_);
+    }
+
+    void resize(QSize size)
+    {
+        area_.resize(size);
+        settle();
+    }
+
+    QWidget area_;
+    TwipsLayout& layout_ = *new TwipsLayout(&area_, { 4500, 3000 }, { "Verdana", 15 });
+};
+
+bool isInside(const QWidget& control)
+{
+    return control.parentWidget()->rect().contains(control.geometry());
+}
+
+TEST_F(TwipsLayoutTest, HasItsDesignSizeAtFifteenTwipsToAPixel)
+{
+    EXPECT_DOUBLE_EQ(layout_.DesignPixelsPerTwip(), 1.0 / 15);
+    EXPECT_DOUBLE_EQ(layout_.PixelsPerTwip(), 1.0 / 15);
+    EXPECT_EQ(layout_.sizeHint(), QSize(300, 200));
+    EXPECT_EQ(layout_.SizeAt(1.0 / 15), QSize(300, 200));
+    EXPECT_EQ(layout_.SizeAt(1.0 / 10), QSize(450, 300));
+    EXPECT_EQ(layout_.SizeAt(0), QSize(0, 0));
+}
+
+TEST_F(TwipsLayoutTest, PutsAControlWhereItsTwipsSay)
+{
+    const QLabel* label = place({ 150, 300, 1500, 495 });
+    show({ 300, 200 });
+    EXPECT_EQ(label->geometry(), QRect(10, 20, 100, 33));
+}
+
+TEST_F(TwipsLayoutTest, DressesAControlInItsFontOfSoManyPoints)
+{
+    auto* label = new QLabel(&area_);
+    layout_.Place(label, { 0, 0, 1500, 495 }, { "Courier", 9.75, true });
+    EXPECT_EQ(label->font().family().toStdString(), "Courier");
+    EXPECT_EQ(label->font().pixelSize(), 13);
+    EXPECT_TRUE(label->font().bold());
+    const FontSpec font = layout_.FontOf(label);
+    EXPECT_STREQ(font.Family, "Courier");
+    EXPECT_EQ(font.Points, 9.75);
+    EXPECT_TRUE(font.Bold);
+}
+
+TEST_F(TwipsLayoutTest, DressesAControlInTheFontOfTheAreaWhenItNamesNone)
+{
+    const QLabel* label = place({ 0, 0, 1500, 495 });
+    EXPECT_EQ(label->font().family().toStdString(), "Verdana");
+    EXPECT_EQ(label->font().pixelSize(), 20);
+    EXPECT_FALSE(label->font().bold());
+    EXPECT_STREQ(layout_.FontOf(label).Family, "Verdana");
+    EXPECT_EQ(layout_.FontOf(label).Points, 15);
+}
+
+TEST_F(TwipsLayoutTest, KnowsWhereEachControlStands)
+{
+    const QLabel* first = place({ 1, 2, 3, 4 });
+    const QLabel* second = place({ -5, 6, 7, 8 });
+    EXPECT_EQ(layout_.RectOf(first), (TwipsRect { 1, 2, 3, 4 }));
+    EXPECT_EQ(layout_.RectOf(second), (TwipsRect { -5, 6, 7, 8 }));
+}
+
+TEST_F(TwipsLayoutTest, KnowsNothingOfAControlThatIsElsewhere)
+{
+    const QLabel stranger;
+    EXPECT_EQ(layout_.RectOf(&stranger), TwipsRect());
+    EXPECT_STREQ(layout_.FontOf(&stranger).Family, "Verdana");
+}
+
+TEST_F(TwipsLayoutTest, MakesAControlFromElsewhereItsOwn)
+{
+    QWidget elsewhere;
+    auto* label = new QLabel(&elsewhere);
+    show({ 300, 200 });
+    layout_.Place(label, { 150, 300, 1500, 495 });
+    label->show();
+    settle();
+    EXPECT_EQ(label->parentWidget(), &area_);
+    EXPECT_EQ(label->geometry(), QRect(10, 20, 100, 33));
+}
+
+TEST_F(TwipsLayoutTest, MovesAndDressesAgainAControlThatIsPlacedAgain)
+{
+    QLabel* label = place({ 150, 300, 1500, 495 });
+    show({ 300, 200 });
+    layout_.Place(label, { 300, 450, 750, 300 }, { "Arial", 12, true });
+    settle();
+    EXPECT_EQ(layout_.count(), 1);
+    EXPECT_EQ(layout_.RectOf(label), (TwipsRect { 300, 450, 750, 300 }));
+    EXPECT_EQ(label->geometry(), QRect(20, 30, 50, 20));
+    EXPECT_EQ(label->font().family().toStdString(), "Arial");
+    EXPECT_EQ(label->font().pixelSize(), 16);
+    EXPECT_TRUE(label->font().bold());
+    layout_.Place(label, { 300, 450, 750, 300 });
+    EXPECT_EQ(label->font().family().toStdString(), "Verdana");
+    EXPECT_EQ(label->font().pixelSize(), 20);
+    EXPECT_FALSE(label->font().bold());
+}
+
+TEST_F(TwipsLayoutTest, MovesAControlWithoutDressingItAgain)
+{
+    auto* label = new QLabel(&area_);
+    layout_.Place(label, { 150, 300, 1500, 495 }, { "Courier", 12, true });
+    show({ 300, 200 });
+    layout_.Move(label, { 0, 0, 300, 150 });
+    settle();
+    EXPECT_EQ(layout_.RectOf(label), (TwipsRect { 0, 0, 300, 150 }));
+    EXPECT_EQ(label->geometry(), QRect(0, 0, 20, 10));
+    EXPECT_EQ(label->font().family().toStdString(), "Courier");
+    EXPECT_EQ(label->font().pixelSize(), 16);
+}
+
+TEST_F(TwipsLayoutTest, ScalesPlacesAndFontsWithTheArea)
+{
+    const QLabel* label = place({ 150, 300, 1500, 495 });
+    show({ 600, 400 });
+    EXPECT_DOUBLE_EQ(layout_.PixelsPerTwip(), 2.0 / 15);
+    EXPECT_EQ(label->geometry(), QRect(20, 40, 200, 66));
+    EXPECT_EQ(label->font().pixelSize(), 40);
+    resize({ 150, 100 });
+    EXPECT_EQ(label->geometry(), QRect(5, 10, 50, 17));
+    EXPECT_EQ(label->font().pixelSize(), 10);
+}
+
+TEST_F(TwipsLayoutTest, KeepsProportionsAndSharesWhatIsLeftOverBetweenBothSides)
+{
+    const QLabel* whole = place({ 0, 0, 4500, 3000 });
+    show({ 700, 400 });
+    EXPECT_EQ(whole->geometry(), QRect(50, 0, 600, 400));
+    resize({ 600, 500 });
+    EXPECT_EQ(whole->geometry(), QRect(0, 50, 600, 400));
+    EXPECT_EQ(whole->font().pixelSize(), 40);
+}
+
+// 4 997 twips are 333,13 pixels.
+TEST_F(TwipsLayoutTest, StandsToThePixelWhereItsTwipsSayAlthoughTheWindowHasWholePixels)
+{
+    place({ 0, 0, 4997, 3007 });
+    const QLabel* label = place({ 3000, 2500, 1992, 500 });
+    show(layout_.sizeHint());
+    EXPECT_DOUBLE_EQ(layout_.PixelsPerTwip(), 1.0 / 15);
+    EXPECT_EQ(label->geometry(), QRect(QPoint(200, 167), QPoint(333 - 1, 200 - 1)));
+}
+
+TEST_F(TwipsLayoutTest, PlacesAtThePresentScaleAControlThatComesLater)
+{
+    show({ 600, 400 });
+    QLabel* label = place({ 150, 300, 1500, 495 });
+    label->show();
+    EXPECT_EQ(label->font().pixelSize(), 40);
+    settle();
+    EXPECT_EQ(label->geometry(), QRect(20, 40, 200, 66));
+}
+
+TEST_F(TwipsLayoutTest, WritesNothingSmallerThanAPixel)
+{
+    auto* label = new QLabel(&area_);
+    layout_.Place(label, { 0, 0, 1500, 495 }, { "Arial", 0.1 });
+    EXPECT_EQ(label->font().pixelSize(), 1);
+}
+
+TEST_F(TwipsLayoutTest, LeavesNoGapBetweenNeighboursAtAnyScale)
+{
+    constexpr int columns = 9; // their width and height are no whole number of pixels
+    constexpr int width = 497;
+    constexpr int height = 331;
+    std::vector<std::vector<const QLabel*>> rows;
+    for (int row = 0; row < columns; ++row) {
+        rows.emplace_back();
+        for (int column = 0; column < columns; ++column) {
+            rows.back().push_back(place({ column * width, row * height, width, height }));
+        }
+    }
+    show({ 300, 200 });
+    for (int pixels = 151; pixels < 800; pixels += 13) {
+        resize({ pixels, pixels - 40 });
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            for (std::size_t column = 1; column < rows.size(); ++column) {
+                const QRect before = rows[row][column - 1]->geometry();
+                const QRect here = rows[row][column]->geometry();
+                EXPECT_EQ(before.x() + before.width(), here.x()) << pixels;
+                EXPECT_EQ(before.y(), here.y()) << pixels;
+                const QRect above = rows[column - 1][row]->geometry();
+                const QRect below = rows[column][row]->geometry();
+                EXPECT_EQ(above.y() + above.height(), below.y()) << pixels;
+            }
+        }
+    }
+}
+
+TEST_F(TwipsLayoutTest, ShowsTheDesignSizeWhenEveryControlIsInsideIt)
+{
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+    place({ 0, 0, 4500, 3000 });
+    place({ 100, 100, 200, 200 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+}
+
+TEST_F(TwipsLayoutTest, ShowsAControlBeyondAnyEdgeWhole)
+{
+    struct Row {
+        TwipsRect Control;
+        TwipsRect Extent;
+    };
+    constexpr std::array<Row, 6> rows { {
+        { { -600, 100, 900, 300 }, { -600, 0, 5100, 3000 } },
+        { { 100, -450, 900, 300 }, { 0, -450, 4500, 3450 } },
+        { { 4400, 100, 1000, 300 }, { 0, 0, 5400, 3000 } },
+        { { 100, 2900, 900, 700 }, { 0, 0, 4500, 3600 } },
+        { { -1500, -750, 9000, 6000 }, { -1500, -750, 9000, 6000 } },
+        { { 6000, 4500, 300, 150 }, { 0, 0, 6300, 4650 } },
+    } };
+    QLabel* label = place({ 0, 0, 100, 100 });
+    const QLabel* whole = place({ 0, 0, 4500, 3000 });
+    show({ 300, 200 });
+    for (const Row& row : rows) {
+        layout_.Move(label, row.Control);
+        settle();
+        EXPECT_EQ(layout_.Extent(), row.Extent);
+        EXPECT_EQ(layout_.sizeHint(), QSize(row.Extent.Width / 15, row.Extent.Height / 15));
+        EXPECT_TRUE(isInside(*label));
+        EXPECT_TRUE(isInside(*whole));
+        EXPECT_NEAR(label->x() - whole->x(), row.Control.Left * layout_.PixelsPerTwip(), 1);
+        EXPECT_NEAR(label->y() - whole->y(), row.Control.Top * layout_.PixelsPerTwip(), 1);
+    }
+}
+
+TEST_F(TwipsLayoutTest, KeepsAMarginAroundEveryControl)
+{
+    QLabel* label = place({ 300, 300, 3900, 2400 });
+    layout_.SetMargin(300);
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 })) << "inside there is room enough";
+    layout_.Move(label, { 285, 300, 3900, 2400 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -15, 0, 4515, 3000 }));
+    layout_.Move(label, { -600, -450, 6000, 4500 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -900, -750, 6600, 5100 }));
+    show({ 440, 340 });
+    settle();
+    EXPECT_EQ(label->geometry(), QRect(20, 20, 400, 300));
+}
+
+TEST_F(TwipsLayoutTest, LeavesWhatIsInItInPlaceWhenItIsMadeLargerOrSmaller)
+{
+    const QLabel* label = place({ 150, 300, 1500, 495 });
+    show({ 300, 200 });
+    for (const TwipsSize size : { TwipsSize { 6000, 4500 }, TwipsSize { 3000, 2250 } }) {
+        layout_.SetDesignSize(size);
+        EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, size.Width, size.Height }));
+        EXPECT_EQ(layout_.sizeHint(), QSize(size.Width / 15, size.Height / 15));
+        EXPECT_EQ(layout_.RectOf(label), (TwipsRect { 150, 300, 1500, 495 }));
+        resize(layout_.sizeHint());
+        EXPECT_EQ(label->geometry(), QRect(10, 20, 100, 33));
+    }
+    layout_.SetDesignSize({ 1500, 750 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 1650, 795 })) << "and shows every control whole";
+}
+
+TEST_F(TwipsLayoutTest, DoesNotCountAHiddenControl)
+{
+    QLabel* label = place({ -600, -450, 900, 300 });
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -600, -450, 5100, 3450 }));
+    label->hide();
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+    label->show();
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -600, -450, 5100, 3450 }));
+}
+
+TEST_F(TwipsLayoutTest, CountsAControlOfAnAreaThatIsNotYetShown)
+{
+    const QLabel* label = place({ -600, 0, 900, 300 });
+    ASSERT_FALSE(label->isVisible());
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -600, 0, 5100, 3000 }));
+}
+
+TEST_F(TwipsLayoutTest, ScalesAHiddenControlTooSoThatItAppearsInItsPlace)
+{
+    QLabel* label = place({ 150, 300, 1500, 495 });
+    label->hide();
+    show({ 600, 400 });
+    label->show();
+    EXPECT_EQ(label->geometry(), QRect(20, 40, 200, 66));
+    EXPECT_EQ(label->font().pixelSize(), 40);
+}
+
+TEST_F(TwipsLayoutTest, ForgetsAControlThatIsDestroyed)
+{
+    QLabel* label = place({ -600, 0, 900, 300 });
+    place({ 0, 0, 900, 300 });
+    delete label;
+    EXPECT_EQ(layout_.count(), 1);
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+}
+
+TEST_F(TwipsLayoutTest, GivesItsItemsByNumberAndAwayWhenAsked)
+{
+    const QLabel* first = place({ 0, 0, 900, 300 });
+    const QLabel* second = place({ 0, 300, 900, 300 });
+    EXPECT_EQ(layout_.count(), 2);
+    EXPECT_EQ(layout_.itemAt(0)->widget(), first);
+    EXPECT_EQ(layout_.itemAt(1)->widget(), second);
+    EXPECT_EQ(layout_.itemAt(-1), nullptr);
+    EXPECT_EQ(layout_.itemAt(2), nullptr);
+    EXPECT_EQ(layout_.takeAt(2), nullptr);
+    EXPECT_EQ(layout_.takeAt(-1), nullptr);
+    const std::unique_ptr<QLayoutItem> taken(layout_.takeAt(0));
+    EXPECT_EQ(taken->widget(), first);
+    EXPECT_EQ(layout_.count(), 1);
+    EXPECT_EQ(layout_.itemAt(0)->widget(), second);
+}
+
+TEST_F(TwipsLayoutTest, HoldsTheWindowAtHalfItsDesignSizeOrMore)
+{
+    QLabel* label = place({ 0, 0, 4500, 3000 });
+    EXPECT_EQ(layout_.minimumSize(), QSize(150, 100));
+    show({ 300, 200 });
+    resize({ 1, 1 });
+    EXPECT_EQ(area_.size(), QSize(150, 100));
+    EXPECT_EQ(label->geometry(), area_.rect());
+    layout_.Move(label, { 0, 0, 9000, 3000 });
+    EXPECT_EQ(layout_.minimumSize(), QSize(300, 100));
+    EXPECT_EQ(layout_.expandingDirections(), Qt::Horizontal | Qt::Vertical);
+}
+
+class LayoutRequestCounter : public QObject {
+public:
+    bool eventFilter(QObject* /*object*/, QEvent* event) override
+    {
+        Requests += event->type() == QEvent::LayoutRequest ? 1 : 0;
+        return false;
+    }
+
+    int Requests = 0;
+};
+
+// A text box that writes smaller changes its own font, which asks for a new layout.
+TEST_F(TwipsLayoutTest, ComesToRestWithATextThatHasToBeWrittenSmaller)
+{
+    auto* box = new TextBox(&area_);
+    layout_.Place(box, { 0, 0, 1500, 495 });
+    box->SetText("12345678901234567890");
+    show({ 300, 200 });
+    resize({ 600, 400 });
+    EXPECT_LT(box->font().pixelSize(), 40);
+    LayoutRequestCounter counter;
+    area_.installEventFilter(&counter);
+    settle();
+    settle();
+    EXPECT_LE(counter.Requests, 1);
+}
+
+// What a text box writes in by itself may be just what it is then told to write in.
+TEST_F(TwipsLayoutTest, WritesNoLargerInASmallerAreaAfterATextThatHadToBeWrittenSmaller)
+{
+    auto* box = new TextBox(&area_);
+    layout_.Place(box, { 0, 0, 1500, 495 });
+    show({ 300, 200 });
+    for (const char* text : { "12345678", "123456789", "1234567890", "12345678901", "123456789012" }) {
+        resize({ 300, 200 });
+        box->SetText(text);
+        const int written = box->font().pixelSize();
+        EXPECT_LT(written, 20);
+        resize({ 300 * written / 20, 200 * written / 20 });
+        box->SetText("1");
+        EXPECT_NEAR(box->font().pixelSize(), 300 * layout_.PixelsPerTwip(), 0.5) << text;
+    }
+}
+
+// A frame of 200 by 100 pixels at (20, 30), with a label at (10, 10) of the frame.
+class FrameInAreaTest : public TwipsLayoutTest {
+protected:
+    void SetUp() override
+    {
+        layout_.Place(frame_, { 300, 450, 3000, 1500 });
+        inner_ = new TwipsLayout(frame_, { 3000, 1500 }, { "Courier", 12 });
+        label_ = new QLabel(frame_);
+        inner_->Place(label_, { 150, 150, 1500, 300 });
+        show({ 300, 200 });
+    }
+
+    QRect labelInArea() const { return { frame_->mapTo(&area_, label_->pos()), label_->size() }; }
+
+    QWidget* frame_ = new QWidget(&area_);
+    TwipsLayout* inner_ = nullptr;
+    QLabel* label_ = nullptr;
+};
+
+TEST_F(FrameInAreaTest, CountsPlacesFromTheFramesOwnCorner)
+{
+    EXPECT_EQ(frame_->geometry(), QRect(20, 30, 200, 100));
+    EXPECT_EQ(label_->geometry(), QRect(10, 10, 100, 20));
+    EXPECT_EQ(label_->font().pixelSize(), 16);
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+}
+
+TEST_F(FrameInAreaTest, TakesTheScaleOfTheAreaAroundIt)
+{
+    resize({ 600, 400 });
+    EXPECT_DOUBLE_EQ(inner_->PixelsPerTwip(), layout_.PixelsPerTwip());
+    EXPECT_EQ(frame_->geometry(), QRect(40, 60, 400, 200));
+    EXPECT_EQ(label_->geometry(), QRect(20, 20, 200, 40));
+    EXPECT_EQ(label_->font().pixelSize(), 32);
+}
+
+TEST_F(FrameInAreaTest, GrowsWithWhatStandsBeyondTheFramesEdges)
+{
+    const QRect before = labelInArea();
+    auto* beyond = new QLabel(frame_);
+    inner_->Place(beyond, { -150, -300, 300, 300 });
+    beyond->show();
+    settle();
+    EXPECT_EQ(frame_->geometry(), QRect(10, 10, 210, 120));
+    EXPECT_EQ(beyond->geometry(), QRect(0, 0, 20, 20));
+    EXPECT_EQ(labelInArea(), before);
+    inner_->Move(beyond, { 2700, 1350, 600, 300 });
+    settle();
+    EXPECT_EQ(frame_->geometry(), QRect(20, 30, 220, 110));
+    EXPECT_EQ(labelInArea(), before);
+    beyond->hide();
+    settle();
+    EXPECT_EQ(frame_->geometry(), QRect(20, 30, 200, 100));
+    EXPECT_EQ(labelInArea(), before);
+}
+
+TEST_F(FrameInAreaTest, WidensTheAreaWithWhatStandsBeyondBoth)
+{
+    inner_->Move(label_, { -900, 150, 1500, 300 });
+    settle();
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { -600, 0, 5100, 3000 }));
+    EXPECT_TRUE(isInside(*frame_));
+    EXPECT_TRUE(isInside(*label_));
+    frame_->hide();
+    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+}
+
+} // namespace
+
+} // namespace numbrela

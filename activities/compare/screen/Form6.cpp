@@ -1,0 +1,78 @@
+#include "activities/compare/screen/Form6.h"
+
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/TextBox.h"
+
+namespace numbrela {
+
+namespace {
+
+constexpr TwipsSize area { 6000, 5000 };
+constexpr FontSpec formFont { "Arial", 12 };
+constexpr FontSpec numberFont { "Courier", 15, true };
+
+// Three columns of two, filled column by column.
+constexpr TwipsRect placeOfNumber(int index)
+{
+    return { 100 + 2000 * (index / 2), 1000 + 1000 * (index % 2), 1800, 500 };
+}
+
+} // namespace
+
+Form6::Form6(const Clock& clock)
+    : FormWindow(QStringLiteral("Form6"), QStringLiteral("MAYOR Y MENOR"), area, formFont)
+    , random_(clock.Now().SeedProduct())
+    , comparison_(random_)
+{
+    buildControls();
+    showNewComparison();
+}
+
+void Form6::buildControls()
+{
+    Text1 = AddReadOnlyBox(
+        Area(), QStringLiteral("Text1"), QStringLiteral("Instrucción"), { 1000, 100, 4000, 500 }, formFont);
+    for (int index = 0; index < static_cast<int>(CbNúmero.size()); ++index) {
+        CommandButton*& button = CbNúmero[static_cast<std::size_t>(index)];
+        button
+            = AddButton(Area(), QStringLiteral("CbNúmero(%1)").arg(index), QString(), placeOfNumber(index), numberFont);
+        connect(button, &QPushButton::clicked, this, [this, index] { CbNúmero_Click(index); });
+    }
+    Text3 = AddReadOnlyBox(
+        Area(), QStringLiteral("Text3"), QStringLiteral("Veredicto"), { 2000, 3000, 2000, 500 }, formFont);
+    Text2
+        = AddReadOnlyBox(Area(), QStringLiteral("Text2"), QStringLiteral("Marcador"), { 0, 4500, 6000, 500 }, formFont);
+    // Two blanks before "Errores"; every score line written after a click has three.
+    Text2->SetText("Aciertos: 0;  Errores: 0.");
+
+    SetTabSequence(
+        { Text1, CbNúmero[0], CbNúmero[2], CbNúmero[4], CbNúmero[1], CbNúmero[3], CbNúmero[5], Text3, Text2 });
+}
+
+void Form6::showNewComparison()
+{
+    comparison_.NewComparison();
+    Text1->SetText(comparison_.Instruction);
+    for (std::size_t index = 0; index < CbNúmero.size(); ++index) {
+        CbNúmero[index]->setText(QString::fromStdString(comparison_.Captions[index]));
+        CbNúmero[index]->setVisible(true);
+        CbNúmero[index]->setEnabled(true);
+    }
+    CbNúmero[0]->setFocus();
+}
+
+void Form6::CbNúmero_Click(int index)
+{
+    const Comparison::Verdict verdict = comparison_.Judge(index);
+    Text3->SetText(verdict.Text);
+    Text2->SetText(comparison_.ScoreLine());
+    if (verdict.Right) {
+        showNewComparison();
+    } else {
+        CbNúmero[static_cast<std::size_t>(index)]->setVisible(false);
+        CbNúmero[static_cast<std::size_t>(index)]->setEnabled(false);
+    }
+}
+
+} // namespace numbrela

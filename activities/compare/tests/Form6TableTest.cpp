@@ -1,0 +1,72 @@
+#include "activities/compare/screen/Form6.h"
+
+#include "common/screen/CommandButton.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/FormTable.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QMenuBar>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr FontSpec formFont { "Arial", 12 };
+constexpr FontSpec numberFont { "Courier", 15, true };
+
+ControlRow number(const char* name, const std::string& caption, int left, int top)
+{
+    return { .Name = name, .Text = caption.c_str(), .Place = { left, top, 1800, 500 }, .Font = numberFont };
+}
+
+TEST(Form6Table, EverythingStandsInItsPlace)
+{
+    const FixedClock clock;
+    SeededRandom random(clock.Now().SeedProduct());
+    Comparison first(random);
+    first.NewComparison();
+
+    Form6 form(clock);
+    ShowAndActivate(form);
+    QCoreApplication::sendPostedEvents(); // nothing is left to lay out
+    EXPECT_EQ(form.objectName(), QStringLiteral("Form6"));
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("MAYOR Y MENOR"));
+    ExpectControls(form,
+        {
+            { .Name = "Text1",
+                .Text = first.Instruction.c_str(),
+                .Place = { 1000, 100, 4000, 500 },
+                .Font = formFont,
+                .ReadOnly = true,
+                .AccessibleName = "Instrucción" },
+            number("CbNúmero(0)", first.Captions[0], 100, 1000),
+            number("CbNúmero(2)", first.Captions[2], 2100, 1000),
+            number("CbNúmero(4)", first.Captions[4], 4100, 1000),
+            number("CbNúmero(1)", first.Captions[1], 100, 2000),
+            number("CbNúmero(3)", first.Captions[3], 2100, 2000),
+            number("CbNúmero(5)", first.Captions[5], 4100, 2000),
+            { .Name = "Text3",
+                .Text = "",
+                .Place = { 2000, 3000, 2000, 500 },
+                .Font = formFont,
+                .ReadOnly = true,
+                .AccessibleName = "Veredicto" },
+            { .Name = "Text2",
+                .Text = "Aciertos: 0;  Errores: 0.",
+                .Place = { 0, 4500, 6000, 500 },
+                .Font = formFont,
+                .ReadOnly = true,
+                .AccessibleName = "Marcador" },
+        });
+    ExpectMenus(form, {});
+    EXPECT_FALSE(form.findChild<QMenuBar*>()->isVisible());
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,259 @@
+#include "activities/compare/screen/Form6.h"
+
+#include "common/screen/CommandButton.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/KindThrownBy.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+class Form6Test : public ::testing::Test {
+protected:
+    void SetUp() override { ShowAndActivate(form_); }
+
+    std::string caption(int index) const { return form_.CbNúmero[std::size_t(index)]->text().toStdString(); }
+
+    std::vector<std::string> captions() const
+    {
+        std::vector<std::string> texts;
+        for (int index = 0; index < 6; ++index) {
+            texts.push_back(caption(index));
+        }
+        return texts;
+    }
+
+    // The button to press, found as a pupil finds it: by reading the window.
+    int rightButton() const
+    {
+        const std::vector<std::string> texts = captions();
+        const bool greatest = form_.Text1->Text() == "Pulsa sobre el número MAYOR";
+        EXPECT_TRUE(greatest || form_.Text1->Text() == "Pulsa sobre el número MENOR");
+        const auto found
+            = greatest ? std::max_element(texts.begin(), texts.end()) : std::min_element(texts.begin(), texts.end());
+        return static_cast<int>(found - texts.begin());
+    }
+
+    std::vector<int> wrongButtons() const
+    {
+        std::vector<int> wrong;
+        for (int index = 0; index < 6; ++index) {
+            if (index != rightButton()) {
+                wrong.push_back(index);
+            }
+        }
+        return wrong;
+    }
+
+    void click(int index) { Click(form_, nameOf(index)); }
+
+    static QString nameOf(int index) { return QStringLiteral("CbNúmero(%1)").arg(index); }
+
+    bool offered(int index) const
+    {
+        const CommandButton& button = *form_.CbNúmero[std::size_t(index)];
+        EXPECT_EQ(button.isVisible(), button.isEnabled());
+        return button.isVisible();
+    }
+
+    int offeredButtons() const
+    {
+        int count = 0;
+        for (int index = 0; index < 6; ++index) {
+            count += offered(index) ? 1 : 0;
+        }
+        return count;
+    }
+
+    FixedClock clock_;
+    Form6 form_ { clock_ };
+};
+
+TEST_F(Form6Test, OpensWithAQuestionNoVerdictAndTheFocusOnTheFirstNumber)
+{
+    EXPECT_EQ(offeredButtons(), 6);
+    EXPECT_EQ(form_.Text3->Text(), "");
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;  Errores: 0.");
+    EXPECT_EQ(FocusName(), "CbNúmero(0)");
+}
+
+TEST_F(Form6Test, TheRightButtonIsPraisedAndBringsTheNextQuestionAtOnce)
+{
+    const std::vector<std::string> before = captions();
+    click(rightButton());
+    EXPECT_EQ(form_.Text3->Text(), "CORRECTO");
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 1;   Errores: 0.");
+    EXPECT_NE(captions(), before);
+    EXPECT_EQ(offeredButtons(), 6);
+    EXPECT_EQ(FocusName(), "CbNúmero(0)");
+}
+
+TEST_F(Form6Test, AWrongButtonVanishesAndTheQuestionGoesOn)
+{
+    const std::vector<std::string> before = captions();
+    const std::string question = form_.Text1->Text();
+    const int wrong = wrongButtons().front();
+    click(wrong);
+    EXPECT_EQ(form_.Text3->Text(), "ERROR");
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;   Errores: 1.");
+    EXPECT_FALSE(offered(wrong));
+    EXPECT_EQ(offeredButtons(), 5);
+    EXPECT_EQ(captions(), before);
+    EXPECT_EQ(form_.Text1->Text(), question);
+}
+
+TEST_F(Form6Test, FiveErrorsLeaveOnlyTheRightButton)
+{
+    const int right = rightButton();
+    int errors = 0;
+    for (const int wrong : wrongButtons()) {
+        click(wrong);
+        ++errors;
+        EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;   Errores: " + std::to_string(errors) + ".");
+        EXPECT_EQ(offeredButtons(), 6 - errors);
+    }
+    EXPECT_TRUE(offered(right));
+    EXPECT_EQ(form_.Text3->Text(), "ERROR");
+
+    click(right);
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 1;   Errores: 5.");
+    EXPECT_EQ(offeredButtons(), 6) << "vanished buttons come back with the next question";
+}
+
+TEST_F(Form6Test, TheVerdictStaysUntilTheNextClick)
+{
+    click(rightButton());
+    EXPECT_EQ(form_.Text3->Text(), "CORRECTO");
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_5);
+    EXPECT_EQ(form_.Text3->Text(), "CORRECTO");
+    click(wrongButtons().front());
+    EXPECT_EQ(form_.Text3->Text(), "ERROR");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(form_.Text3->Text(), "ERROR");
+    click(rightButton());
+    EXPECT_EQ(form_.Text3->Text(), "CORRECTO");
+}
+
+TEST_F(Form6Test, CountsThroughManyQuestionsOfBothSorts)
+{
+    int greatest = 0;
+    for (int question = 1; question <= 60; ++question) {
+        greatest += form_.Text1->Text() == "Pulsa sobre el número MAYOR" ? 1 : 0;
+        click(wrongButtons()[std::size_t(question % 5)]);
+        click(rightButton());
+        const std::string count = std::to_string(question);
+        ASSERT_EQ(form_.Text2->Text(), "Aciertos: " + count + ";   Errores: " + count + ".");
+    }
+    EXPECT_GT(greatest, 10);
+    EXPECT_LT(greatest, 50);
+}
+
+TEST_F(Form6Test, TheTabKeyGoesAlongTheRowsAndEnterOrSpacePresses)
+{
+    const std::vector<int> readingOrder { 0, 2, 4, 1, 3, 5 };
+    for (const int key : { int(Qt::Key_Return), int(Qt::Key_Space), int(Qt::Key_Enter) }) {
+        const int right = rightButton();
+        for (const int index : readingOrder) {
+            EXPECT_EQ(FocusName(), nameOf(index).toStdString());
+            if (index == right) {
+                break;
+            }
+            Press(Qt::Key_Tab);
+        }
+        Press(key);
+        EXPECT_EQ(form_.Text3->Text(), "CORRECTO");
+        EXPECT_EQ(FocusName(), "CbNúmero(0)");
+    }
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 3;   Errores: 0.");
+}
+
+TEST_F(Form6Test, AVanishingButtonPassesTheFocusOn)
+{
+    while (rightButton() == 0 || rightButton() == 2) {
+        click(rightButton());
+    }
+    ASSERT_EQ(FocusName(), "CbNúmero(0)");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form_.Text3->Text(), "ERROR");
+    EXPECT_EQ(FocusName(), "CbNúmero(2)");
+}
+
+TEST_F(Form6Test, AHeldEnterPressesOnce)
+{
+    while (rightButton() == 0) {
+        click(rightButton());
+    }
+    HoldDown(Qt::Key_Return);
+    for (int i = 0; i < 10; ++i) {
+        Repeat(Qt::Key_Return);
+    }
+    LetGo(Qt::Key_Return);
+    EXPECT_EQ(offeredButtons(), 5);
+}
+
+TEST_F(Form6Test, NeitherTheInstructionNorTheVerdictNorTheScoreCanBeTypedInto)
+{
+    const std::string instruction = form_.Text1->Text();
+    for (const char* name : { "Text1", "Text2", "Text3" }) {
+        Click(form_, QString::fromLatin1(name));
+        Type(QStringLiteral("7"));
+        Press(Qt::Key_Backspace);
+    }
+    EXPECT_EQ(form_.Text1->Text(), instruction);
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;  Errores: 0.");
+    EXPECT_EQ(form_.Text3->Text(), "");
+}
+
+TEST_F(Form6Test, EscapeDoesNotCloseTheWindow)
+{
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(form_.isVisible());
+}
+
+TEST_F(Form6Test, TheNextOpeningStartsAfresh)
+{
+    click(wrongButtons().front());
+    form_.close();
+    Form6 again(clock_);
+    ShowAndActivate(again);
+    EXPECT_EQ(again.Text2->Text(), "Aciertos: 0;  Errores: 0.");
+    EXPECT_EQ(again.Text3->Text(), "");
+}
+
+TEST_F(Form6Test, TheTimeOfDaySeedsTheQuestions)
+{
+    // (10 + 1) × (20 + 1) × (30 + 1), factors exchanged: the same seed. Another second: another one.
+    const FixedClock sameSeed({ 20, 10, 30, 0 });
+    const FixedClock otherSeed({ 10, 20, 31, 37231 });
+    const Form6 same(sameSeed);
+    const Form6 other(otherSeed);
+    EXPECT_EQ(same.CbNúmero[0]->text(), form_.CbNúmero[0]->text());
+    EXPECT_EQ(same.Text1->Text(), form_.Text1->Text());
+    EXPECT_NE(other.CbNúmero[0]->text(), form_.CbNúmero[0]->text());
+}
+
+TEST_F(Form6Test, TheErrorThatNoCounterHoldsEndsInARunTimeErrorThatNobodyTraps)
+{
+    const int wrong = wrongButtons().front();
+    for (int i = 0; i < 32767; ++i) {
+        form_.CbNúmero_Click(wrong);
+    }
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;   Errores: 32767.");
+    EXPECT_EQ(KindThrownBy([&] { form_.CbNúmero_Click(wrong); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;   Errores: 32767.");
+}
+
+} // namespace
+
+} // namespace numbrela

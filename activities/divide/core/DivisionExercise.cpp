@@ -1,0 +1,208 @@
+#include "activities/divide/core/DivisionExercise.h"
+
+#include "activities/divide/core/WorkedDivision.h"
+#include "common/core/Arithmetic.h"
+#include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace numbrela {
+
+namespace {
+
+constexpr int cellsBesideDigits = 4; // the blank before the dividend, its comma, and two of margin
+
+RunTimeError tooManyDigits()
+{
+    return { RunTimeError::Kind::Overflow, "El número tiene demasiadas cifras. Elija menos en el menú Opciones." };
+}
+
+// The cells that a row has for so many digits. At 165 twips a cell, 198 of them are as wide as 16 bits of twips go.
+int lineWidthFor(int digits)
+{
+    constexpr int mostCells = 198;
+    if (digits + cellsBesideDigits > mostCells) {
+        throw tooManyDigits();
+    }
+    return digits + cellsBesideDigits;
+}
+
+// What a pupil typed as dividend or divisor.
+struct TypedNumber {
+    double WholePart;
+    int Length; // in characters, signs and commas included
+};
+
+int lengthInCharacters(std::string_view utf8)
+{
+    return static_cast<int>(std::count_if(
+        utf8.begin(), utf8.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
+}
+
+std::optional<TypedNumber> readTyped(std::string_view typed)
+{
+    const double wholePart = std::trunc(LeadingNumber(typed));
+    if (wholePart == 0) {
+        return std::nullopt;
+    }
+    if (std::isinf(wholePart)) {
+        throw RunTimeError(RunTimeError::Kind::Overflow, "El número escrito es demasiado grande.");
+    }
+    return TypedNumber { wholePart, lengthInCharacters(Trimmed(typed)) };
+}
+
+// A difference as large as the tolerance is too large. It may come out a little less than it is, because binary numbers
+// only come near decimal ones.
+bool isWithin(double difference, double tolerance)
+{
+    constexpr double roundingError = 1e-6;
+    return difference < tolerance * (1 - roundingError);
+}
+
+} // namespace
+
+double ParseFirstCommaNumber(std::string_view text)
+{
+    std::string withPoint(text);
+    if (const std::size_t comma = withPoint.find(','); comma != std::string::npos) {
+        withPoint[comma] = '.';
+    }
+    return LeadingNumber(withPoint);
+}
+
+DivisionExercise::DivisionExercise(RandomSource& random, bool& commaShift)
+    : Grid(commaShift)
+    , random_(random)
+{
+}
+
+void DivisionExercise::GenerateDivision()
+{
+    const int lineWidth = lineWidthFor(DividendDigits + DividendDecimals + QuotientDecimals);
+    double dividend = drawWholeNumber(DividendDigits + DividendDecimals);
+    if (DividendDecimals >= 1 && PlainDecimalText(dividend).back() == '0') {
+        dividend += std::trunc(random_.Next() * 8) + 1;
+    }
+    dividend /= PowerOfTen(DividendDecimals);
+    const double divisor = drawWholeNumber(DivisorDigits);
+
+    Dividend = dividend == PowerOfTen(DividendDigits) ? dividend - 1 : dividend;
+    Divisor = divisor == PowerOfTen(DivisorDigits) ? divisor - 1 : divisor;
+    Grid.Begin(DividendText());
+    Grid.LineWidth = lineWidth;
+    const std::size_t comma = Grid.Text.find(u',');
+    Grid.CommaColumn = DividendDecimals < 1 || comma == std::u16string::npos ? -1 : static_cast<int>(comma);
+    Score.Scorable = true;
+}
+
+// From 10^(digits - 1) + 1 to 10^digits, both included.
+double DivisionExercise::drawWholeNumber(int digits)
+{
+    const double tooLarge = PowerOfTen(digits);
+    if (std::isinf(tooLarge)) {
+        throw tooManyDigits();
+    }
+    double number = 0;
+    do {
+        number = std::trunc(tooLarge * random_.Next()) + 1;
+    } while (number <= PowerOfTen(digits - 1));
+    return number;
+}
+
+std::string DivisionExercise::DividendText() const
+{
+    return PlainDecimalText(Dividend);
+}
+
+std::string DivisionExercise::DivisorText() const
+{
+    return PlainDecimalText(Divisor);
+}
+
+std::string DivisionExercise::Statement() const
+{
+    return DividendText() + " ÷ " + DivisorText();
+}
+
+void DivisionExercise::ClearWorking()
+{
+    Grid.Begin(DividendText());
+}
+
+int DivisionExercise::scale() const
+{
+    return std::max<int>(DividendDecimals, QuotientDecimals);
+}
+
+// What the last row before the first blank one is worth: its last digit stands under the last decimal.
+double DivisionExercise::lastRemainder() const
+{
+    double remainder = 0;
+    for (int row = 0; !Grid.IsBlankRow(row); ++row) {
+        remainder = Grid.RowValue(row) / PowerOfTen(scale());
+    }
+    return remainder;
+}
+
+DivisionVerdict DivisionExercise::Check(std::string_view quotient)
+{
+    if (QuotientDecimals > 0) {
+        return { "El número de decimales no es cero, por favor utilice la opción \"Ver solución\" para comprobar su "
+                 "resultado.",
+            false, "" };
+    }
+    const double given = ParseFirstCommaNumber(quotient) * Divisor + lastRemainder();
+    if (isWithin(std::fabs(Dividend - given), 1 / PowerOfTen(scale() + 1))) {
+        Score.CountRight();
+        return { "", true, "resultado correcto" };
+    }
+    Score.CountWrong();
+    return { "", false, "Resultado incorrecto" };
+}
+
+std::string DivisionExercise::ShowDivisionSolution()
+{
+    const std::u16string_view dividendRow = Grid.Row(0);
+    std::string digits(dividendRow.begin() + 1, dividendRow.end() - 2);
+    if (const std::size_t comma = digits.find(','); comma != std::string::npos) {
+        digits.erase(comma, 1);
+    }
+    const WorkedDivision worked
+        = WorkOut({ digits, Divisor, DividendDigits, DividendDecimals, QuotientDecimals, ShowSubtractions });
+    for (const WorkedLine& line : worked.Lines) {
+        Grid.WriteWorkingLine(line.Text, line.Column, line.Row);
+    }
+    Grid.Caret = 0;
+    Score.Scorable = false;
+    return worked.Quotient;
+}
+
+bool DivisionExercise::EnterDividend(std::string_view typed)
+{
+    const auto number = readTyped(typed);
+    if (!number) {
+        return false;
+    }
+    const int lineWidth = lineWidthFor(number->Length);
+    Dividend = number->WholePart;
+    DividendDigits = number->Length;
+    Grid.LineWidth = lineWidth;
+    Grid.Begin(DividendText());
+    return true;
+}
+
+bool DivisionExercise::EnterDivisor(std::string_view typed)
+{
+    const auto number = readTyped(typed);
+    if (!number) {
+        return false;
+    }
+    DivisorDigits = number->Length;
+    Divisor = number->WholePart;
+    return true;
+}
+
+} // namespace numbrela

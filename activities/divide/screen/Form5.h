@@ -1,0 +1,70 @@
+#pragma once
+
+#include "activities/divide/core/DivisionExercise.h"
+#include "common/core/TimeOfDay.h"
+#include "common/screen/ButtonRow.h"
+#include "common/screen/FormWindow.h"
+
+namespace numbrela {
+
+class Line;
+class OptionMenu;
+class TextBox;
+class WorkingGridBox;
+
+// "DIVISIONES": long division. The dividend stands on squared paper that takes the working, the divisor right of the
+// bar, the quotient under it. All arithmetic, judging and counting is the exercise's; what it cannot do it says in a
+// message, and the pupil goes on.
+class Form5 : public FormWindow {
+public:
+    explicit Form5(const Clock& clock, bool& commaShift = CommaShift());
+
+    // Whether the solution shown last ended right of a comma. It lives as long as the program and outlasts its windows.
+    static bool& CommaShift();
+
+    void GenerateDivision();
+    void Command1_Click();
+    void Command2_Click(int index);
+    void MnuOpcDivLis_Click(int index);
+    void MnuOpcDeDLis_Click(int index);
+    void MnuOpcDisLis_Click(int index);
+    void MnuOpcDeCLis_Click(int index);
+    void MnuOpcRes_Click();
+    void MnuOpcInt_Click();
+    void MnuOpcInd_Click();
+    void MnuOpcSal_Click();
+    void Form_KeyDown(int keyCode);
+    void Text1_KeyDown(int& keyCode, bool& consumed);
+    void Text1_KeyPress(QChar character);
+    void Text2_GotFocus();
+    void Text3_GotFocus();
+
+    WorkingGridBox* Text1;
+    TextBox* Text2;
+    TextBox* Text3;
+    TextBox* Text4;
+    TextBox* tbResultados;
+    Line* Line1;
+    Line* Line2;
+    ButtonRow Buttons;
+    OptionMenu* MnuOpcDiv;
+    OptionMenu* MnuOpcDeD;
+    OptionMenu* MnuOpcDis;
+    OptionMenu* MnuOpcDeC;
+    QAction* MnuOpcRes;
+
+private:
+    void buildBracket();
+    void buildRest();
+    void buildMenus();
+    void checkOptions();
+    void placeGrid();
+    void showSolution();
+    template <typename Action>
+    void sayingErrors(Action action);
+
+    SeededRandom random_;
+    DivisionExercise exercise_;
+};
+
+} // namespace numbrela

@@ -1,0 +1,276 @@
+#include "activities/divide/tests/DivisionSupport.h"
+
+#include "common/core/RunTimeError.h"
+#include "tests/support/KindThrownBy.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr double greatestDraw = 1 - 0x1p-53;
+
+// The draw that adds so much, 1 to 8, to a dividend that ends in 0.
+double addingDraw(int amount)
+{
+    return (amount - 0.5) / 8;
+}
+
+TEST(DivisionDraw, StartsWithTwoDigitsTwoDecimalsByOneDigit)
+{
+    ScriptedRandom random {};
+    bool commaShift = false;
+    const DivisionExercise exercise(random, commaShift);
+    EXPECT_EQ(exercise.DividendDigits, 2);
+    EXPECT_EQ(exercise.DividendDecimals, 2);
+    EXPECT_EQ(exercise.DivisorDigits, 1);
+    EXPECT_EQ(exercise.QuotientDecimals, 0);
+    EXPECT_FALSE(exercise.ShowSubtractions);
+    EXPECT_TRUE(exercise.Score.Scorable);
+    EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
+}
+
+TEST(DivisionDraw, OffersOneToNineDigitsAndNoneToFiveDecimals)
+{
+    const auto captionsOf = [](const OptionList& list) {
+        std::string captions;
+        for (int index = 0; index < list.Count; ++index) {
+            captions += list.CaptionAt(index);
+        }
+        return captions;
+    };
+    EXPECT_EQ(captionsOf(DivisionExercise::DividendDigitChoices), "&1&2&3&4&5&6&7&8&9");
+    EXPECT_EQ(captionsOf(DivisionExercise::DivisorDigitChoices), "&1&2&3&4&5&6&7&8&9");
+    EXPECT_EQ(captionsOf(DivisionExercise::DividendDecimalChoices), "&0&1&2&3&4&5");
+    EXPECT_EQ(captionsOf(DivisionExercise::QuotientDecimalChoices), "&0&1&2&3&4&5");
+}
+
+struct DrawCase {
+    const char* What;
+    DivisionOptions Options;
+    ScriptedRandom Random;
+    const char* Statement;
+};
+
+void expectDraws(std::vector<DrawCase> cases)
+{
+    for (DrawCase& drawn : cases) {
+        SCOPED_TRACE(drawn.What);
+        bool commaShift = false;
+        DivisionExercise exercise(drawn.Random, commaShift);
+        setOptions(exercise, drawn.Options);
+        exercise.GenerateDivision();
+        EXPECT_EQ(exercise.Statement(), drawn.Statement);
+        EXPECT_TRUE(drawn.Random.AllDrawn());
+    }
+}
+
+TEST(DivisionDraw, DrawsTheDividendAndThenTheDivisor)
+{
+    expectDraws({
+        { "as at load", { 2, 2, 1, 0 }, { drawOf(9725, 4), drawOf(4, 1) }, "97,25 ÷ 4" },
+        { "whole", { 3, 0, 2, 0 }, { drawOf(156, 3), drawOf(12, 2) }, "156 ÷ 12" },
+        { "the quotient's decimals draw nothing", { 3, 0, 2, 5 }, { drawOf(156, 3), drawOf(12, 2) }, "156 ÷ 12" },
+        { "one digit each", { 1, 0, 1, 0 }, { drawOf(7, 1), drawOf(9, 1) }, "7 ÷ 9" },
+        { "nine digits by nine", { 9, 0, 9, 0 }, { drawOf(987654321, 9), drawOf(123456789, 9) },
+            "987654321 ÷ 123456789" },
+        { "a whole dividend may end in zero", { 2, 0, 1, 0 }, { drawOf(90, 2), drawOf(8, 1) }, "90 ÷ 8" },
+    });
+}
+
+TEST(DivisionDraw, HoldsFourteenDigitsExactly)
+{
+    expectDraws({
+        { "any", { 9, 5, 1, 0 }, { drawOf(12345678912345, 14), drawOf(4, 1) }, "123456789,12345 ÷ 4" },
+        { "the greatest", { 9, 5, 1, 0 }, { drawOf(99999999999999, 14), drawOf(4, 1) }, "999999999,99999 ÷ 4" },
+        { "the least", { 9, 5, 1, 0 }, { drawOf(10000000000001, 14), drawOf(4, 1) }, "100000000,00001 ÷ 4" },
+        { "one that ends in zero", { 9, 5, 1, 0 }, { drawOf(12345678912340, 14), addingDraw(8), drawOf(4, 1) },
+            "123456789,12348 ÷ 4" },
+        { "the greatest draw of all", { 9, 5, 1, 0 }, { greatestDraw, addingDraw(1), drawOf(4, 1) },
+            "1000000000,00001 ÷ 4" },
+    });
+}
+
+TEST(DivisionDraw, DrawsAgainUntilThereAreEnoughDigits)
+{
+    expectDraws({
+        { "the least draw of all", { 2, 2, 1, 0 }, { 0, drawOf(9725, 4), 0, drawOf(4, 1) }, "97,25 ÷ 4" },
+        { "a power of ten is too little", { 2, 0, 2, 0 },
+            { drawOf(9, 2), drawOf(10, 2), drawOf(11, 2), drawOf(9, 2), drawOf(10, 2), drawOf(11, 2) }, "11 ÷ 11" },
+        { "one is never drawn", { 1, 0, 1, 0 }, { drawOf(1, 1), drawOf(2, 1), drawOf(1, 1), drawOf(2, 1) }, "2 ÷ 2" },
+    });
+}
+
+TEST(DivisionDraw, ALastDecimalThatIsZeroGetsOneToEight)
+{
+    expectDraws({
+        { "one", { 2, 2, 1, 0 }, { drawOf(9720, 4), 0, drawOf(4, 1) }, "97,21 ÷ 4" },
+        { "eight", { 2, 2, 1, 0 }, { drawOf(9720, 4), greatestDraw, drawOf(4, 1) }, "97,28 ÷ 4" },
+        { "five", { 2, 2, 1, 0 }, { drawOf(9720, 4), addingDraw(5), drawOf(4, 1) }, "97,25 ÷ 4" },
+        { "two zeros", { 2, 2, 1, 0 }, { drawOf(9700, 4), addingDraw(5), drawOf(4, 1) }, "97,05 ÷ 4" },
+        { "one decimal", { 1, 1, 1, 0 }, { drawOf(90, 2), addingDraw(3), drawOf(4, 1) }, "9,3 ÷ 4" },
+        { "every amount as often", { 1, 1, 1, 0 }, { drawOf(90, 2), 0.124, drawOf(4, 1) }, "9,1 ÷ 4" },
+        { "every amount as often, the next one", { 1, 1, 1, 0 }, { drawOf(90, 2), 0.125, drawOf(4, 1) }, "9,2 ÷ 4" },
+    });
+}
+
+TEST(DivisionDraw, APowerOfTenLosesOneUnlessItHasDecimals)
+{
+    expectDraws({
+        { "of two digits", { 2, 0, 1, 0 }, { drawOf(100, 2), drawOf(4, 1) }, "99 ÷ 4" },
+        { "of one digit", { 1, 0, 1, 0 }, { drawOf(10, 1), drawOf(4, 1) }, "9 ÷ 4" },
+        { "of nine digits", { 9, 0, 1, 0 }, { greatestDraw, drawOf(4, 1) }, "999999999 ÷ 4" },
+        { "whatever the quotient's decimals", { 2, 0, 1, 3 }, { drawOf(100, 2), drawOf(4, 1) }, "99 ÷ 4" },
+        { "with decimals it keeps its digit more", { 2, 2, 1, 0 }, { drawOf(10000, 4), addingDraw(3), drawOf(4, 1) },
+            "100,03 ÷ 4" },
+        { "the divisor", { 2, 0, 1, 0 }, { drawOf(84, 2), drawOf(10, 1) }, "84 ÷ 9" },
+        { "a divisor of nine digits", { 2, 0, 9, 0 }, { drawOf(84, 2), greatestDraw }, "84 ÷ 999999999" },
+    });
+}
+
+// Ten draws as likely as each other make 1 to 10: 1 is drawn again, 10 becomes 9.
+TEST(DivisionDraw, OfOneDigitNineIsTwiceAsLikely)
+{
+    std::map<double, int> dividends;
+    std::map<double, int> divisors;
+    for (int number = 2; number <= 10; ++number) {
+        ScriptedRandom random { drawOf(1, 1), drawOf(number, 1), drawOf(1, 1), drawOf(number, 1) };
+        bool commaShift = false;
+        DivisionExercise exercise(random, commaShift);
+        setOptions(exercise, { 1, 0, 1, 0 });
+        exercise.GenerateDivision();
+        EXPECT_TRUE(random.AllDrawn());
+        ++dividends[exercise.Dividend];
+        ++divisors[exercise.Divisor];
+    }
+    const std::map<double, int> nineTwice { { 2, 1 }, { 3, 1 }, { 4, 1 }, { 5, 1 }, { 6, 1 }, { 7, 1 }, { 8, 1 },
+        { 9, 2 } };
+    EXPECT_EQ(divisors, nineTwice);
+    EXPECT_EQ(dividends, nineTwice);
+}
+
+TEST(DivisionDraw, KeepsToTheOptions)
+{
+    SeededRandom random(2024);
+    bool commaShift = false;
+    DivisionExercise exercise(random, commaShift);
+    for (int digits = 1; digits <= 9; ++digits) {
+        for (int decimals = 0; decimals <= 5; ++decimals) {
+            setOptions(exercise, { digits, decimals, digits, 0 });
+            for (int times = 0; times < 50; ++times) {
+                exercise.GenerateDivision();
+                const std::string dividend = exercise.DividendText();
+                const std::size_t comma = std::min(dividend.find(','), dividend.size());
+                if (exercise.Dividend < std::pow(10, digits)) {
+                    EXPECT_EQ(comma, static_cast<std::size_t>(digits)) << dividend;
+                }
+                EXPECT_EQ(dividend.size() - comma, static_cast<std::size_t>(decimals == 0 ? 0 : decimals + 1))
+                    << dividend;
+                EXPECT_EQ(exercise.DivisorText().size(), static_cast<std::size_t>(digits));
+                EXPECT_GT(exercise.Divisor, 1);
+            }
+        }
+    }
+}
+
+// ------------------------------------------------------------------------------------------------------------ layout
+
+struct LayoutCase {
+    DivisionOptions Options;
+    double DividendDigits;
+    const char* Row;
+    int LineWidth;
+    int CommaColumn;
+};
+
+TEST(DivisionDraw, LaysTheGridOutForItsDigits)
+{
+    const LayoutCase cases[] = {
+        { { 2, 2, 1, 0 }, 9725, " 97,25", 8, 3 },
+        { { 2, 2, 1, 3 }, 9725, " 97,25", 11, 3 },
+        { { 3, 0, 1, 0 }, 156, " 156", 7, -1 },
+        { { 3, 0, 1, 5 }, 156, " 156", 12, -1 },
+        { { 1, 0, 1, 0 }, 7, " 7", 5, -1 },
+        { { 1, 1, 1, 0 }, 75, " 7,5", 6, 2 },
+        { { 9, 5, 1, 5 }, 12345678912345, " 123456789,12345", 23, 10 },
+        { { 2, 2, 1, 0 }, 10003, " 100,03", 8, 4 },
+    };
+    for (const LayoutCase& layout : cases) {
+        SCOPED_TRACE(layout.Row);
+        const DrawnDivision drawn(layout.Options, layout.DividendDigits, 4);
+        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), std::vector<std::string> { layout.Row });
+        EXPECT_EQ(drawn.Exercise.Grid.LineWidth, layout.LineWidth);
+        EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, layout.CommaColumn);
+        EXPECT_EQ(drawn.Exercise.Grid.Caret, 0);
+    }
+}
+
+TEST(DivisionDraw, EveryNewDivisionIsCleanAndScored)
+{
+    ScriptedRandom random { drawOf(84, 2), drawOf(4, 1), drawOf(97, 2), drawOf(6, 1) };
+    bool commaShift = false;
+    DivisionExercise exercise(random, commaShift);
+    setOptions(exercise, { 2, 0, 1, 0 });
+    exercise.GenerateDivision();
+    exercise.Score.CountWrong();
+    exercise.ShowDivisionSolution();
+    EXPECT_FALSE(exercise.Score.Scorable);
+    exercise.GenerateDivision();
+    EXPECT_TRUE(exercise.Score.Scorable);
+    EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  1; Errores:  1");
+    EXPECT_EQ(rowsOf(exercise.Grid), std::vector<std::string> { " 97" });
+}
+
+TEST(DivisionDraw, ClearingTheWorkingKeepsTheDivision)
+{
+    DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
+    typeRow(drawn.Exercise.Grid, 1, " 17");
+    drawn.Exercise.Score.Scorable = false;
+    drawn.Exercise.ClearWorking();
+    EXPECT_EQ(rowsOf(drawn.Exercise.Grid), std::vector<std::string> { " 97,25" });
+    EXPECT_EQ(drawn.Exercise.Grid.Caret, 0);
+    EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");
+    EXPECT_FALSE(drawn.Exercise.Score.Scorable);
+    EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, 3);
+}
+
+TEST(DivisionDraw, RefusesMoreDigitsThanItHasRoomForAndKeepsTheDivision)
+{
+    const std::pair<int, int> digitCases[] = { { 195, 1 }, { 32763, 1 }, { 2, 309 }, { 2, 32767 } };
+    for (const auto& [dividendDigits, divisorDigits] : digitCases) {
+        SeededRandom random(1);
+        bool commaShift = false;
+        DivisionExercise exercise(random, commaShift);
+        setOptions(exercise, { 2, 0, 1, 0 });
+        exercise.GenerateDivision();
+        const std::string statement = exercise.Statement();
+        exercise.Score.Scorable = false;
+        exercise.DividendDigits = dividendDigits;
+        exercise.DivisorDigits = divisorDigits;
+        EXPECT_EQ(KindThrownBy([&] { exercise.GenerateDivision(); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(exercise.Statement(), statement);
+        EXPECT_EQ(exercise.Grid.LineWidth, 6);
+        EXPECT_FALSE(exercise.Score.Scorable);
+    }
+}
+
+TEST(DivisionDraw, DrawsNumbersOfManyDigitsAsFarAsADoubleGoes)
+{
+    SeededRandom random(1);
+    bool commaShift = false;
+    DivisionExercise exercise(random, commaShift);
+    setOptions(exercise, { 194, 0, 308, 0 });
+    exercise.GenerateDivision();
+    EXPECT_EQ(exercise.DividendText().size(), 194U);
+    EXPECT_EQ(exercise.DivisorText().size(), 308U);
+    EXPECT_EQ(exercise.Grid.LineWidth, 198);
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,180 @@
+#include "activities/divide/tests/DivisionSupport.h"
+
+#include "common/core/RunTimeError.h"
+#include "tests/support/KindThrownBy.h"
+
+#include <gtest/gtest.h>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+struct EntryCase {
+    const char* Typed;
+    double Value;
+    int Length;
+};
+
+constexpr EntryCase entryCases[] = {
+    { "97", 97, 2 },
+    { "1", 1, 1 },
+    { "  97  ", 97, 2 },
+    { "1,9", 1, 3 },
+    { "12,5", 12, 4 },
+    { "2.9", 2, 3 },
+    { "-8", -8, 2 },
+    { "-8,7", -8, 4 },
+    { "- 8", -8, 3 },
+    { "+8", 8, 2 },
+    { "007", 7, 3 },
+    { "1 2", 12, 3 },
+    { "12abc", 12, 5 },
+    { "12ñü", 12, 4 },
+    { "1e3", 1000, 3 },
+    { "123456789", 123456789, 9 },
+    { "1234567890", 1234567890, 10 },
+    { "123456789012345", 123456789012345, 15 },
+};
+
+const std::string manyNines = std::string(400, '9');
+
+TEST(DivisionEntry, ADividendIsTheWholePartOfWhatWasTyped)
+{
+    for (const auto& [typed, value, length] : entryCases) {
+        SCOPED_TRACE(typed);
+        DrawnDivision drawn({ 2, 0, 1, 0 }, 84, 4);
+        EXPECT_TRUE(drawn.Exercise.EnterDividend(typed));
+        EXPECT_EQ(drawn.Exercise.Dividend, value);
+        EXPECT_EQ(drawn.Exercise.DividendDigits, length);
+        EXPECT_EQ(drawn.Exercise.Grid.LineWidth, length + 4);
+        EXPECT_EQ(drawn.Exercise.Statement(), PlainDecimalText(value) + " ÷ 4");
+    }
+}
+
+TEST(DivisionEntry, ADivisorIsTheWholePartOfWhatWasTyped)
+{
+    for (const auto& [typed, value, length] : entryCases) {
+        SCOPED_TRACE(typed);
+        DrawnDivision drawn({ 2, 0, 1, 0 }, 84, 4);
+        EXPECT_TRUE(drawn.Exercise.EnterDivisor(typed));
+        EXPECT_EQ(drawn.Exercise.Divisor, value);
+        EXPECT_EQ(drawn.Exercise.DivisorDigits, length);
+        EXPECT_EQ(drawn.Exercise.Statement(), "84 ÷ " + PlainDecimalText(value));
+    }
+}
+
+// 0,9 is 0 as far as it is read, and 0.9 has no whole part to divide by.
+TEST(DivisionEntry, NothingHappensWithoutANumberOtherThanZero)
+{
+    for (const char* typed : { "", " ", "    ", "0", "-0", "00", "0,9", "0.9", "-0.9", ",5", "abc", "a12", "-", "+",
+             "--5", "1e-400", "0e9" }) {
+        SCOPED_TRACE(typed);
+        DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
+        typeRow(drawn.Exercise.Grid, 1, " 17");
+        EXPECT_FALSE(drawn.Exercise.EnterDividend(typed));
+        EXPECT_FALSE(drawn.Exercise.EnterDivisor(typed));
+        EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");
+        EXPECT_EQ(drawn.Exercise.DividendDigits, 2);
+        EXPECT_EQ(drawn.Exercise.DivisorDigits, 1);
+        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
+    }
+}
+
+TEST(DivisionEntry, ADividendBeginsACleanGridWithoutRoomForDecimals)
+{
+    DrawnDivision drawn({ 2, 2, 1, 3 }, 9725, 4);
+    typeRow(drawn.Exercise.Grid, 1, " 17");
+    EXPECT_EQ(drawn.Exercise.Grid.LineWidth, 11);
+    ASSERT_TRUE(drawn.Exercise.EnterDividend("86,5"));
+    EXPECT_EQ(drawn.Exercise.Grid.Text, u" 86" + std::u16string(2000, u' '));
+    EXPECT_EQ(drawn.Exercise.Grid.LineWidth, 8);
+    EXPECT_EQ(drawn.Exercise.Grid.Caret, 0);
+}
+
+TEST(DivisionEntry, ADividendLeavesTheRestAsItWas)
+{
+    for (const bool scorable : { true, false }) {
+        DrawnDivision drawn({ 2, 2, 1, 3 }, 9725, 4);
+        drawn.Exercise.Score.CountWrong();
+        drawn.Exercise.Score.Scorable = scorable;
+        ASSERT_TRUE(drawn.Exercise.EnterDividend("1234"));
+        EXPECT_EQ(drawn.Exercise.DividendDecimals, 2);
+        EXPECT_EQ(drawn.Exercise.QuotientDecimals, 3);
+        EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, 3);
+        EXPECT_EQ(drawn.Exercise.Divisor, 4);
+        EXPECT_EQ(drawn.Exercise.DivisorDigits, 1);
+        EXPECT_EQ(drawn.Exercise.Score.Scorable, scorable);
+        EXPECT_EQ(drawn.Exercise.Score.Line(), "Ejercicios:  1; Errores:  1");
+    }
+}
+
+TEST(DivisionEntry, ADivisorLeavesTheRestAsItWas)
+{
+    for (const bool scorable : { true, false }) {
+        DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
+        typeRow(drawn.Exercise.Grid, 1, " 17");
+        const int caret = drawn.Exercise.Grid.Caret;
+        drawn.Exercise.Score.Scorable = scorable;
+        ASSERT_TRUE(drawn.Exercise.EnterDivisor("12"));
+        EXPECT_EQ(drawn.Exercise.Dividend, 97.25);
+        EXPECT_EQ(drawn.Exercise.DividendDigits, 2);
+        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
+        EXPECT_EQ(drawn.Exercise.Grid.Caret, caret);
+        EXPECT_EQ(drawn.Exercise.Grid.LineWidth, 8);
+        EXPECT_EQ(drawn.Exercise.Score.Scorable, scorable);
+    }
+}
+
+TEST(DivisionEntry, ANumberThatDoesNotFitIsRefusedAndNothingIsLost)
+{
+    const std::string tooWide = std::string(194, '0') + "1";
+    for (const std::string& typed : { std::string("1e400"), std::string("-1e400"), manyNines, tooWide }) {
+        SCOPED_TRACE(typed);
+        DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
+        typeRow(drawn.Exercise.Grid, 1, " 17");
+        EXPECT_EQ(KindThrownBy([&] { drawn.Exercise.EnterDividend(typed); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");
+        EXPECT_EQ(drawn.Exercise.DividendDigits, 2);
+        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
+    }
+    const std::string longerThanACounter = std::string(40000, '0') + "1";
+    for (const std::string& typed : { std::string("1e400"), manyNines, longerThanACounter }) {
+        DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
+        EXPECT_EQ(KindThrownBy([&] { drawn.Exercise.EnterDivisor(typed); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");
+        EXPECT_EQ(drawn.Exercise.DivisorDigits, 1);
+    }
+}
+
+TEST(DivisionEntry, TheWidestDividendFillsAGridOf198Columns)
+{
+    DrawnDivision drawn({ 2, 0, 1, 0 }, 84, 4);
+    ASSERT_TRUE(drawn.Exercise.EnterDividend(std::string(193, '0') + "1"));
+    EXPECT_EQ(drawn.Exercise.Grid.LineWidth, 198);
+}
+
+TEST(DivisionEntry, ALongNumberRunsOverSeveralRows)
+{
+    DrawnDivision drawn({ 2, 0, 1, 0 }, 84, 4);
+    ASSERT_TRUE(drawn.Exercise.EnterDividend("1e20"));
+    EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 1000000", "00000000", "000000" }));
+}
+
+TEST(DivisionEntry, TheNextDivisionHasAsManyDigitsAsWereTyped)
+{
+    SeededRandom random(7);
+    bool commaShift = false;
+    DivisionExercise exercise(random, commaShift);
+    setOptions(exercise, { 2, 0, 1, 0 });
+    ASSERT_TRUE(exercise.EnterDividend("1234"));
+    ASSERT_TRUE(exercise.EnterDivisor("12"));
+    exercise.GenerateDivision();
+    EXPECT_EQ(exercise.DividendText().size(), 4U);
+    EXPECT_EQ(exercise.DivisorText().size(), 2U);
+}
+
+} // namespace
+
+} // namespace numbrela

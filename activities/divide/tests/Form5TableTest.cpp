@@ -1,0 +1,103 @@
+#include "activities/divide/screen/Form5.h"
+
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/FormTable.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr FontSpec digitFont { "Courier New", 14.25 };
+constexpr FontSpec formFont { "Arial", 12 };
+constexpr FontSpec buttonFont { "Arial", 9.75 };
+constexpr Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
+
+TEST(Form5Table, ControlsStandWhereTheBracketWantsThem)
+{
+    const FixedClock clock;
+    bool commaShift = false;
+    Form5 form(clock, commaShift);
+    ShowAndActivate(form);
+    QCoreApplication::processEvents(); // let the layout settle
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("DIVISIONES"));
+    EXPECT_EQ(form.objectName(), QStringLiteral("Form5"));
+    ExpectControls(form,
+        {
+            { "Text1", "", { 1275, 500, 1320, 7000 }, digitFont, {}, false, true, {}, "Dividendo y operaciones" },
+            { "Text2", "2", { 2600, 500, 2100, 435 }, digitFont, left, true, true, {}, "Divisor" },
+            { "Text3", "", { 2600, 935, 2100, 435 }, digitFont, left, false, true, {}, "Cociente" },
+            { "Command1", "&Hecho", { 3000, 2000, 2000, 495 }, buttonFont, {}, false, true, QColor(255, 255, 0) },
+            { "Text4", "86,18 ÷ 2", { 3000, 2500, 2000, 495 }, buttonFont, Qt::AlignCenter, true, true, {},
+                "Enunciado y veredicto" },
+            { "Command2(0)", "&Continuar", { 3000, 3000, 2000, 495 }, buttonFont, {}, false, true,
+                QColor(0, 255, 255) },
+            { "Command2(1)", "&Borrar", { 3000, 3500, 2000, 495 }, buttonFont, {}, false, true, QColor(0, 255, 0) },
+            { "Command2(2)", "&Ver solucióm", { 3000, 4000, 2000, 495 }, buttonFont, {}, false, true,
+                QColor(255, 0, 0) },
+            { "tbResultados", "Ejercicios:  0; Errores:  0", { 2700, 7500, 2800, 495 }, formFont, Qt::AlignCenter, true,
+                true, {}, "Marcador" },
+            { "Line1", "", { 2585, 485, 30, 465 }, formFont, {}, false, false },
+            { "Line2", "", { 2585, 920, 2130, 30 }, formFont, {}, false, false },
+        });
+}
+
+TEST(Form5Table, MenusOfferTheOptionsWithTheirDefaultsChecked)
+{
+    const FixedClock clock;
+    bool commaShift = false;
+    Form5 form(clock, commaShift);
+    ShowAndActivate(form);
+    ExpectMenus(form,
+        {
+            "MnuOpc &Opciones",
+            "  MnuOpcDiv &Cifras del dividendo",
+            "    MnuOpcDivLis(0) &1",
+            "    MnuOpcDivLis(1) &2 *",
+            "    MnuOpcDivLis(2) &3",
+            "    MnuOpcDivLis(3) &4",
+            "    MnuOpcDivLis(4) &5",
+            "    MnuOpcDivLis(5) &6",
+            "    MnuOpcDivLis(6) &7",
+            "    MnuOpcDivLis(7) &8",
+            "    MnuOpcDivLis(8) &9",
+            "  MnuOpcDeD &Decimales del dividendo",
+            "    MnuOpcDeDLis(0) &0",
+            "    MnuOpcDeDLis(1) &1",
+            "    MnuOpcDeDLis(2) &2 *",
+            "    MnuOpcDeDLis(3) &3",
+            "    MnuOpcDeDLis(4) &4",
+            "    MnuOpcDeDLis(5) &5",
+            "  MnuOpcDis C&ifras del divisor",
+            "    MnuOpcDisLis(0) &1 *",
+            "    MnuOpcDisLis(1) &2",
+            "    MnuOpcDisLis(2) &3",
+            "    MnuOpcDisLis(3) &4",
+            "    MnuOpcDisLis(4) &5",
+            "    MnuOpcDisLis(5) &6",
+            "    MnuOpcDisLis(6) &7",
+            "    MnuOpcDisLis(7) &8",
+            "    MnuOpcDisLis(8) &9",
+            "  MnuOpcDeC &Decimales del cociente",
+            "    MnuOpcDeCLis(0) &0 *",
+            "    MnuOpcDeCLis(1) &1",
+            "    MnuOpcDeCLis(2) &2",
+            "    MnuOpcDeCLis(3) &3",
+            "    MnuOpcDeCLis(4) &4",
+            "    MnuOpcDeCLis(5) &5",
+            "  MnuOpcRes &Restas intermedias (No)",
+            "  MnuOpcInt I&ntroducir dividendo [F2]",
+            "  MnuOpcInd In&troducir divisor [F3]",
+            "  MnuOpcSal &Salir (Alt - F4)",
+        });
+}
+
+} // namespace
+
+} // namespace numbrela

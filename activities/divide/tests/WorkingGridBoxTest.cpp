@@ -1,0 +1,416 @@
+#include "activities/divide/screen/WorkingGridBox.h"
+
+#include "activities/divide/screen/WorkingGridAccessible.h"
+#include "activities/divide/tests/DivisionSupport.h"
+#include "tests/support/Driver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr int pixelsPerCell = 11; // 165 twips
+
+// A box of design size for a grid of eight columns, alone in its window, with what is typed written into the grid.
+class WorkingGridBoxTest : public ::testing::Test {
+protected:
+    WorkingGridBoxTest()
+        : Grid(commaShift_)
+        , Box(Grid, &window_)
+    {
+        Grid.LineWidth = 8;
+        Grid.CommaColumn = -1;
+        Grid.Begin("9725");
+        QFont font(QStringLiteral("Courier New"));
+        font.setPixelSize(19);
+        Box.setFont(font);
+        Box.setGeometry(0, 0, 8 * pixelsPerCell, 467);
+        window_.resize(200, 500);
+        QObject::connect(&Box, &WorkingGridBox::KeyPress, &Box,
+            [this](QChar character) { Grid.TypeCharacter(character.unicode()); });
+        ShowAndActivate(window_);
+        Box.setFocus();
+    }
+
+    void clickCell(int cell) { QTest::mouseClick(&Box, Qt::LeftButton, {}, Box.CellRect(cell).center()); }
+
+    // Notches away from the person are positive.
+    void turnWheel(int eighthsOfADegree)
+    {
+        QWheelEvent turn(QPointF(5, 5), Box.mapToGlobal(QPointF(5, 5)), {}, { 0, eighthsOfADegree }, Qt::NoButton,
+            Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&Box, &turn);
+    }
+
+    void fillRows(int rows)
+    {
+        for (int row = 1; row < rows; ++row) {
+            typeRow(Grid, row, "1");
+        }
+        Grid.MoveCaretTo(0);
+        Box.ShowGrid();
+    }
+
+    // Whether there is ink of this colour in a cell.
+    bool hasInk(int cell, const QColor& ink)
+    {
+        const QImage picture = Box.grab(Box.CellRect(cell)).toImage();
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == ink) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
+private:
+    bool commaShift_ = false;
+    QWidget window_;
+
+public:
+    WorkingGrid Grid;
+    WorkingGridBox Box;
+};
+
+// ------------------------------------------------------------------------------------------------------- the picture
+
+TEST_F(WorkingGridBoxTest, PaintsEachCharacterInItsCell)
+{
+    Grid.LineWidth = 8;
+    Grid.MoveCaretTo(8);
+    for (const int cell : { 10, 15, 16, 40, 159 }) {
+        Grid.MoveCaretTo(cell);
+        Grid.TypeCharacter(u'8');
+    }
+    Grid.MoveCaretTo(60);
+    Box.ShowGrid();
+    const QColor ink = Box.palette().color(QPalette::Text);
+    for (int cell = 0; cell < 160; ++cell) {
+        EXPECT_EQ(hasInk(cell, ink), Grid.Text[static_cast<std::size_t>(cell)] != u' ') << cell;
+    }
+}
+
+TEST_F(WorkingGridBoxTest, HasAsManyColumnsAsTheGrid)
+{
+    for (const int columns : { 5, 8, 23 }) {
+        Grid.LineWidth = columns;
+        Box.resize(columns * pixelsPerCell, 467);
+        EXPECT_EQ(Box.CellRect(0).left(), 0);
+        EXPECT_EQ(Box.CellRect(columns - 1).right(), Box.width() - 1);
+        EXPECT_EQ(Box.CellRect(columns).left(), 0);
+        for (int cell = 0; cell < columns; ++cell) {
+            EXPECT_EQ(Box.CellRect(cell).width(), pixelsPerCell);
+            EXPECT_EQ(Box.CellRect(cell).top(), Box.CellRect(0).top());
+        }
+        EXPECT_EQ(Box.CellRect(columns).top(), Box.CellRect(0).bottom() + 1);
+    }
+}
+
+TEST_F(WorkingGridBoxTest, ShowsTwentyRowsWholeAtEverySize)
+{
+    for (const double scale : { 0.5, 0.77, 1.0, 1.37, 2.0, 3.1 }) {
+        Box.resize(static_cast<int>(88 * scale), static_cast<int>(467 * scale));
+        EXPECT_EQ(Box.ShownRows(), 20);
+        EXPECT_LE(Box.CellRect(20 * 8 - 1).bottom(), Box.height());
+        EXPECT_GT(Box.CellRect(21 * 8 - 1).bottom(), Box.height());
+        EXPECT_EQ(Box.CellRect(7).right(), Box.width() - 1);
+    }
+}
+
+TEST_F(WorkingGridBoxTest, TheCaretIsABlockOnItsCellWhileTheBoxHasTheFocus)
+{
+    const QColor block = Box.palette().color(QPalette::Highlight);
+    for (const int cell : { 0, 9, 66 }) {
+        Grid.MoveCaretTo(cell);
+        Box.ShowGrid();
+        EXPECT_EQ(Box.grab(Box.CellRect(cell)).toImage().pixelColor(5, 3), block) << cell;
+        EXPECT_FALSE(hasInk(cell + 2, block)) << cell;
+    }
+    Box.clearFocus();
+    EXPECT_FALSE(hasInk(66, block));
+}
+
+TEST_F(WorkingGridBoxTest, ShowsHowMuchIsScrolledAwayByAMarkAtTheRight)
+{
+    const QColor mark = Box.palette().color(QPalette::Mid);
+    const auto isMarked = [&](int y) {
+        const QImage row = Box.grab(QRect(1, y, Box.width() - 2, 1)).toImage();
+        return row.pixelColor(row.width() - 5, 0) == mark;
+    };
+    fillRows(20);
+    EXPECT_FALSE(isMarked(10));
+    EXPECT_FALSE(isMarked(455));
+    fillRows(40);
+    EXPECT_TRUE(isMarked(10));
+    EXPECT_FALSE(isMarked(455));
+    turnWheel(-120 * 100);
+    EXPECT_FALSE(isMarked(10));
+    EXPECT_TRUE(isMarked(455));
+}
+
+// --------------------------------------------------------------------------------------------------------- the mouse
+
+TEST_F(WorkingGridBoxTest, AClickPutsTheCaretOnItsCell)
+{
+    Box.clearFocus();
+    for (const int cell : { 8, 13, 7, 0, 159, 100 }) {
+        clickCell(cell);
+        EXPECT_EQ(Grid.Caret, cell);
+        EXPECT_EQ(FocusName(), Box.objectName().toStdString());
+        EXPECT_TRUE(Box.hasFocus());
+    }
+}
+
+TEST_F(WorkingGridBoxTest, AClickBesideTheCellsTakesTheNearestOne)
+{
+    QTest::mouseClick(&Box, Qt::LeftButton, {}, QPoint(0, 1));
+    EXPECT_EQ(Grid.Caret, 0);
+    QTest::mouseClick(&Box, Qt::LeftButton, {}, QPoint(Box.width() - 1, Box.height() - 1));
+    EXPECT_EQ(Grid.Caret, 159);
+}
+
+TEST_F(WorkingGridBoxTest, OtherButtonsMoveNothing)
+{
+    Grid.MoveCaretTo(12);
+    QTest::mouseClick(&Box, Qt::RightButton, {}, Box.CellRect(20).center());
+    EXPECT_EQ(Grid.Caret, 12);
+}
+
+TEST_F(WorkingGridBoxTest, AClickCountsTheRowsThatAreScrolledAway)
+{
+    fillRows(40);
+    turnWheel(-120);
+    EXPECT_EQ(Box.FirstShownRow(), 3);
+    QTest::mouseClick(&Box, Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(Grid.Caret, 24);
+}
+
+TEST_F(WorkingGridBoxTest, TheWheelScrollsThreeRowsANotchThroughWhatIsWritten)
+{
+    fillRows(40);
+    turnWheel(-120);
+    EXPECT_EQ(Box.FirstShownRow(), 3);
+    turnWheel(120);
+    EXPECT_EQ(Box.FirstShownRow(), 0);
+    turnWheel(120);
+    EXPECT_EQ(Box.FirstShownRow(), 0);
+    turnWheel(-120 * 50);
+    EXPECT_EQ(Box.FirstShownRow(), 20) << "the last row is the lowest one shown";
+    EXPECT_EQ(Grid.Caret, 0) << "and the caret stays where it was";
+}
+
+TEST_F(WorkingGridBoxTest, SmallTurnsOfTheWheelAddUp)
+{
+    fillRows(40);
+    turnWheel(-39);
+    EXPECT_EQ(Box.FirstShownRow(), 0);
+    turnWheel(-1);
+    EXPECT_EQ(Box.FirstShownRow(), 1);
+}
+
+TEST_F(WorkingGridBoxTest, TheWheelDoesNothingWhileEverythingIsShown)
+{
+    fillRows(20);
+    turnWheel(-120);
+    EXPECT_EQ(Box.FirstShownRow(), 0);
+}
+
+// ---------------------------------------------------------------------------------------------------------- the keys
+
+TEST_F(WorkingGridBoxTest, KeysMoveTheCaretBetweenRows)
+{
+    Grid.MoveCaretTo(3);
+    Press(Qt::Key_Up);
+    EXPECT_EQ(Grid.Caret, 3);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Grid.Caret, 11);
+    Press(Qt::Key_Home);
+    EXPECT_EQ(Grid.Caret, 8);
+    Press(Qt::Key_End);
+    EXPECT_EQ(Grid.Caret, 15);
+    Press(Qt::Key_PageDown);
+    EXPECT_EQ(Grid.Caret, 175);
+    Press(Qt::Key_Up);
+    EXPECT_EQ(Grid.Caret, 167);
+    Press(Qt::Key_PageUp);
+    EXPECT_EQ(Grid.Caret, 7);
+}
+
+TEST_F(WorkingGridBoxTest, ScrollsWithTheCaret)
+{
+    for (int row = 1; row <= 19; ++row) {
+        Press(Qt::Key_Down);
+        EXPECT_EQ(Box.FirstShownRow(), 0);
+    }
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Box.FirstShownRow(), 1);
+    Press(Qt::Key_PageDown);
+    EXPECT_EQ(Box.FirstShownRow(), 21);
+    Press(Qt::Key_PageUp);
+    EXPECT_EQ(Box.FirstShownRow(), 20);
+    Press(Qt::Key_PageUp);
+    EXPECT_EQ(Box.FirstShownRow(), 0);
+}
+
+TEST_F(WorkingGridBoxTest, AKeyBringsTheCaretBackThatTheWheelHasScrolledAway)
+{
+    fillRows(60);
+    turnWheel(-120 * 10);
+    EXPECT_EQ(Box.FirstShownRow(), 30);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Box.FirstShownRow(), 1);
+}
+
+TEST_F(WorkingGridBoxTest, StopsAtTheLastRow)
+{
+    for (int page = 0; page < 20; ++page) {
+        Press(Qt::Key_PageDown);
+    }
+    EXPECT_EQ(Grid.Caret, 2000);
+    Press(Qt::Key_End);
+    EXPECT_EQ(Grid.Caret, 2005) << "behind the last cell of a row that is not full";
+    Press(Qt::Key_5);
+    EXPECT_EQ(Grid.Text, u" 9725" + std::u16string(2000, u' '));
+    Press(Qt::Key_Home);
+    Press(Qt::Key_5);
+    EXPECT_EQ(Grid.Text[2000], u'5');
+    EXPECT_EQ(Grid.Text.size(), 2005U);
+}
+
+TEST_F(WorkingGridBoxTest, TypesCharactersAndNoCommands)
+{
+    Grid.MoveCaretTo(8);
+    Type(QStringLiteral("1-a "));
+    Press(Qt::Key_2, Qt::KeypadModifier);
+    Press(Qt::Key_5, Qt::ControlModifier);
+    Press(Qt::Key_6, Qt::AltModifier);
+    Press(Qt::Key_7, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(rowText(Grid, 1), "1-a 27");
+}
+
+TEST_F(WorkingGridBoxTest, LeavesKeysThatItHasNoUseForToItsWindow)
+{
+    for (const auto key : { Qt::Key_Return, Qt::Key_Escape, Qt::Key_F9, Qt::Key_Shift }) {
+        QKeyEvent press(
+            QEvent::KeyPress, key, Qt::NoModifier, key == Qt::Key_Return ? QStringLiteral("\r") : QString());
+        QCoreApplication::sendEvent(&Box, &press);
+        EXPECT_FALSE(press.isAccepted()) << key;
+    }
+    EXPECT_EQ(Grid.Caret, 0);
+}
+
+TEST_F(WorkingGridBoxTest, ItsFormMayTakeAKeyForAnotherOrForItself)
+{
+    QObject::connect(&Box, &WorkingGridBox::KeyDown, &Box, [](int& keyCode, bool& consumed) {
+        consumed = keyCode == 'X';
+        keyCode = keyCode == 'Y' ? ' ' : keyCode;
+    });
+    typeRow(Grid, 1, "123");
+    Grid.MoveCaretTo(8);
+    Type(QStringLiteral("xxy"));
+    EXPECT_EQ(rowText(Grid, 1), " 23");
+}
+
+// ---------------------------------------------------------------------------------------------- for a screen reader
+
+class WorkingGridSpokenTest : public WorkingGridBoxTest {
+protected:
+    WorkingGridSpokenTest()
+        : spoken_(*QAccessible::queryAccessibleInterface(&Box))
+    {
+        typeRow(Grid, 1, " 17");
+        Grid.MoveCaretTo(9);
+        Box.ShowGrid();
+    }
+
+    QAccessibleTextInterface& text() { return *spoken_.textInterface(); }
+
+    QAccessibleInterface& spoken_;
+};
+
+TEST_F(WorkingGridSpokenTest, IsATextOfSeveralLinesThatCanBeEdited)
+{
+    EXPECT_EQ(spoken_.role(), QAccessible::EditableText);
+    EXPECT_TRUE(spoken_.state().editable);
+    EXPECT_TRUE(spoken_.state().multiLine);
+    EXPECT_TRUE(spoken_.state().focused);
+    EXPECT_EQ(spoken_.text(QAccessible::Value), QStringLiteral(" 9725   \n 17     "));
+    Box.setAccessibleName(QStringLiteral("Operaciones"));
+    EXPECT_EQ(spoken_.text(QAccessible::Name), QStringLiteral("Operaciones"));
+}
+
+TEST_F(WorkingGridSpokenTest, TellsItsTextRowByRow)
+{
+    ASSERT_NE(spoken_.textInterface(), nullptr);
+    EXPECT_EQ(text().characterCount(), 17);
+    EXPECT_EQ(text().text(1, 5), QStringLiteral("9725"));
+    EXPECT_EQ(text().text(9, 12), QStringLiteral(" 17"));
+    int start = 0;
+    int end = 0;
+    EXPECT_EQ(text().textAtOffset(11, QAccessible::LineBoundary, &start, &end), QStringLiteral(" 17     "));
+    EXPECT_EQ(text().textAtOffset(11, QAccessible::CharBoundary, &start, &end), QStringLiteral("7"));
+    EXPECT_EQ(text().selectionCount(), 0);
+    text().selection(0, &start, &end);
+    EXPECT_EQ(start, end);
+    EXPECT_EQ(text().attributes(3, &start, &end), QString());
+}
+
+TEST_F(WorkingGridSpokenTest, TellsAndTakesTheCaret)
+{
+    EXPECT_EQ(text().cursorPosition(), 10);
+    text().setCursorPosition(11);
+    EXPECT_EQ(Grid.Caret, 10);
+    text().setCursorPosition(8);
+    EXPECT_EQ(Grid.Caret, 7) << "the end of a line is its last cell";
+    text().scrollToSubstring(9, 12);
+    EXPECT_EQ(Grid.Caret, 8);
+    Grid.MoveCaretTo(8 * 30);
+    EXPECT_EQ(text().cursorPosition(), 9 * 30);
+    EXPECT_EQ(text().characterCount(), 9 * 31 - 1) << "down to the row of the caret";
+}
+
+TEST_F(WorkingGridSpokenTest, TellsWhereItsCharactersAre)
+{
+    for (const int cell : { 0, 7, 8, 9, 15 }) {
+        const int offset = Box.SpokenOffset(cell);
+        const QRect place = text().characterRect(offset);
+        EXPECT_EQ(place.topLeft(), Box.mapToGlobal(Box.CellRect(cell).topLeft()));
+        EXPECT_EQ(text().offsetAtPoint(place.center()), offset);
+    }
+}
+
+TEST(SpokenChange, IsNoLongerThanItMustBe)
+{
+    const struct {
+        const char* Before;
+        const char* Now;
+        SpokenChange Change;
+    } cases[] = {
+        { " 17", " 27", { 1, QStringLiteral("1"), QStringLiteral("2") } },
+        { " 17", " 17", { 3, {}, {} } },
+        { "", " 97", { 0, {}, QStringLiteral(" 97") } },
+        { " 97\n 3", " 97", { 3, QStringLiteral("\n 3"), {} } },
+        { "11", "111", { 2, {}, QStringLiteral("1") } },
+        { " 1 ", " 123", { 2, QStringLiteral(" "), QStringLiteral("23") } },
+    };
+    for (const auto& [before, now, change] : cases) {
+        const SpokenChange found = ChangeBetween(QString::fromLatin1(before), QString::fromLatin1(now));
+        EXPECT_EQ(found.Position, change.Position) << now;
+        EXPECT_EQ(found.Removed, change.Removed) << now;
+        EXPECT_EQ(found.Inserted, change.Inserted) << now;
+    }
+}
+
+} // namespace
+
+} // namespace numbrela

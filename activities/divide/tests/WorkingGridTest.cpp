@@ -1,0 +1,422 @@
+#include "activities/divide/core/WorkingGrid.h"
+
+#include "activities/divide/tests/DivisionSupport.h"
+
+#include <gtest/gtest.h>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+using Rows = std::vector<std::string>;
+
+// A grid of eight columns with a dividend on it; the comma, if any, is in column 3.
+class WorkingGridTest : public ::testing::Test {
+protected:
+    WorkingGridTest()
+        : Grid(commaShift_)
+    {
+        Grid.LineWidth = 8;
+        Grid.CommaColumn = 3;
+        Grid.Begin("97,25");
+    }
+
+    void withoutComma()
+    {
+        Grid.CommaColumn = -1;
+        Grid.Begin("97");
+    }
+
+    bool commaShift_ = false;
+    WorkingGrid Grid;
+};
+
+constexpr char16_t backspace = 8;
+
+TEST_F(WorkingGridTest, BeginsWithABlankTheDividendAndTwoThousandBlanks)
+{
+    EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
+    EXPECT_EQ(Grid.Caret, 0);
+    EXPECT_EQ(rowsOf(Grid), Rows { " 97,25" });
+}
+
+TEST_F(WorkingGridTest, BeginsAnewWithTheCaretOnItsFirstCell)
+{
+    typeRow(Grid, 1, "12345");
+    Grid.Begin("8");
+    EXPECT_EQ(Grid.Text, u" 8" + std::u16string(2000, u' '));
+    EXPECT_EQ(Grid.Caret, 0);
+}
+
+TEST_F(WorkingGridTest, IsCutIntoRowsOfItsWidth)
+{
+    EXPECT_EQ(Grid.Row(0), u" 97,25  ");
+    EXPECT_EQ(Grid.Row(1), u"        ");
+    EXPECT_EQ(Grid.Row(250), u"      ") << "2006 cells end with six of them";
+    EXPECT_EQ(Grid.Row(251), u"");
+    EXPECT_EQ(Grid.Row(5000), u"");
+}
+
+TEST_F(WorkingGridTest, KnowsItsLastWrittenRow)
+{
+    EXPECT_EQ(Grid.WrittenRows(), 1);
+    typeRow(Grid, 4, "     1");
+    EXPECT_EQ(Grid.WrittenRows(), 5);
+    typeRow(Grid, 4, "       ");
+    EXPECT_EQ(Grid.WrittenRows(), 1);
+}
+
+// ------------------------------------------------------------------------------------------------------------ arrows
+
+TEST_F(WorkingGridTest, ArrowsStepOverTheCommaInEveryRow)
+{
+    for (const int row : { 0, 1, 2, 17 }) {
+        const int first = 8 * row;
+        std::vector<int> toTheRight;
+        for (Grid.MoveCaretTo(first); Grid.Caret < first + 8; Grid.StepRight()) {
+            toTheRight.push_back(Grid.Caret - first);
+        }
+        EXPECT_EQ(toTheRight, (std::vector<int> { 0, 1, 2, 4, 5, 6, 7 }));
+        EXPECT_EQ(Grid.Caret, first + 8) << "on to the next row";
+
+        std::vector<int> toTheLeft;
+        for (Grid.StepLeft(); Grid.Caret > first; Grid.StepLeft()) {
+            toTheLeft.push_back(Grid.Caret - first);
+        }
+        EXPECT_EQ(toTheLeft, (std::vector<int> { 7, 6, 5, 4, 2, 1 }));
+    }
+}
+
+TEST_F(WorkingGridTest, ArrowsSkipNothingWithoutAComma)
+{
+    withoutComma();
+    for (int cell = 0; cell < 20; ++cell) {
+        EXPECT_EQ(Grid.Caret, cell);
+        Grid.StepRight();
+    }
+    for (int cell = 20; cell > 0; --cell) {
+        EXPECT_EQ(Grid.Caret, cell);
+        Grid.StepLeft();
+    }
+}
+
+TEST_F(WorkingGridTest, ArrowsStopAtTheEndsOfTheText)
+{
+    Grid.StepLeft();
+    EXPECT_EQ(Grid.Caret, 0);
+    Grid.MoveCaretTo(2005);
+    Grid.StepRight();
+    EXPECT_EQ(Grid.Caret, 2006);
+    Grid.StepRight();
+    EXPECT_EQ(Grid.Caret, 2006);
+}
+
+TEST_F(WorkingGridTest, ACommaBeyondTheRowIsNoColumnToSkip)
+{
+    Grid.CommaColumn = 8;
+    for (int cell = 0; cell < 20; ++cell) {
+        EXPECT_EQ(Grid.Caret, cell);
+        Grid.StepRight();
+    }
+}
+
+TEST_F(WorkingGridTest, MovesTheCaretWithinTheTextOnly)
+{
+    Grid.MoveCaretTo(-5);
+    EXPECT_EQ(Grid.Caret, 0);
+    Grid.MoveCaretTo(1234);
+    EXPECT_EQ(Grid.Caret, 1234);
+    Grid.MoveCaretTo(100000);
+    EXPECT_EQ(Grid.Caret, 2006);
+}
+
+TEST_F(WorkingGridTest, MovesTheCaretByRowsWithinItsColumn)
+{
+    Grid.MoveCaretTo(5);
+    Grid.MoveCaretByRows(-1);
+    EXPECT_EQ(Grid.Caret, 5) << "there is no row above";
+    Grid.MoveCaretByRows(1);
+    EXPECT_EQ(Grid.Caret, 13);
+    Grid.MoveCaretByRows(19);
+    EXPECT_EQ(Grid.Caret, 165);
+    Grid.MoveCaretByRows(-1);
+    EXPECT_EQ(Grid.Caret, 157);
+    Grid.MoveCaretByRows(1000);
+    EXPECT_EQ(Grid.Caret, 2005) << "the last row";
+    Grid.MoveCaretByRows(-1000);
+    EXPECT_EQ(Grid.Caret, 5);
+}
+
+// ------------------------------------------------------------------------------------------------------------ typing
+
+TEST_F(WorkingGridTest, WritesOverWhatStandsThere)
+{
+    Grid.MoveCaretTo(8);
+    Grid.TypeCharacter(u'1');
+    Grid.TypeCharacter(u'2');
+    EXPECT_EQ(rowText(Grid, 1), "12");
+    EXPECT_EQ(Grid.Caret, 10);
+    Grid.MoveCaretTo(8);
+    Grid.TypeCharacter(u'7');
+    EXPECT_EQ(rowText(Grid, 1), "72");
+    EXPECT_EQ(Grid.Text.size(), 2006U);
+}
+
+TEST_F(WorkingGridTest, StepsOverTheCommaAsItWrites)
+{
+    typeRow(Grid, 1, "1234567");
+    EXPECT_EQ(rowText(Grid, 1), "123 4567");
+    EXPECT_EQ(Grid.Caret, 16);
+    typeRow(Grid, 2, "123");
+    EXPECT_EQ(Grid.Caret, 20) << "it moves on at once, not with the next character";
+}
+
+TEST_F(WorkingGridTest, WritesRightOfTheCommaWhenTheCaretWasPutOnIt)
+{
+    Grid.MoveCaretTo(11);
+    Grid.TypeCharacter(u'5');
+    EXPECT_EQ(rowText(Grid, 1), "    5");
+    EXPECT_EQ(Grid.Caret, 13);
+}
+
+TEST_F(WorkingGridTest, WritesIntoEveryColumnWithoutAComma)
+{
+    withoutComma();
+    typeRow(Grid, 1, "12345678");
+    EXPECT_EQ(rowText(Grid, 1), "12345678");
+}
+
+TEST_F(WorkingGridTest, TheDividendsRowTakesNoWriting)
+{
+    for (int cell = 0; cell < 8; ++cell) {
+        for (const char16_t character : { u'5', u' ', u'.', backspace }) {
+            Grid.MoveCaretTo(cell);
+            Grid.TypeCharacter(character);
+            EXPECT_EQ(Grid.Caret, cell);
+        }
+    }
+    EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
+}
+
+TEST_F(WorkingGridTest, BackspaceAndPointWriteBlanks)
+{
+    for (const char16_t character : { u' ', u'.', backspace }) {
+        typeRow(Grid, 1, "12");
+        Grid.MoveCaretTo(8);
+        Grid.TypeCharacter(character);
+        EXPECT_EQ(rowText(Grid, 1), " 2");
+        EXPECT_EQ(Grid.Caret, 9);
+        EXPECT_EQ(Grid.Text.size(), 2006U);
+    }
+}
+
+TEST_F(WorkingGridTest, TakesAnyCharacterAsItIs)
+{
+    Grid.MoveCaretTo(8);
+    for (const char16_t character : std::u16string(u"-,xñ÷")) {
+        Grid.TypeCharacter(character);
+    }
+    EXPECT_EQ(Grid.Row(1), u"-,x ñ÷  ");
+}
+
+TEST_F(WorkingGridTest, TheEndOfTheTextTakesNoWriting)
+{
+    withoutComma();
+    const std::size_t size = Grid.Text.size();
+    Grid.MoveCaretTo(static_cast<int>(size) - 1);
+    for (int times = 0; times < 5; ++times) {
+        Grid.TypeCharacter(u'8');
+        EXPECT_EQ(Grid.Text.size(), size);
+        EXPECT_EQ(Grid.Caret, static_cast<int>(size));
+    }
+    EXPECT_EQ(Grid.Text.back(), u'8');
+}
+
+TEST_F(WorkingGridTest, ACommasColumnAtTheEndOfTheTextTakesNoWriting)
+{
+    Grid.CommaColumn = 5; // the column of the last of the 2006 cells
+    Grid.MoveCaretTo(2005);
+    Grid.TypeCharacter(u'8');
+    EXPECT_EQ(Grid.Caret, 2006);
+    EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
+}
+
+// ---------------------------------------------------------------------------------------------------------- row value
+
+TEST_F(WorkingGridTest, ReadsTheNumberThatARowBeginsWith)
+{
+    withoutComma();
+    const std::pair<const char*, double> cases[] = {
+        { "15", 15 },
+        { "  1 5", 15 },
+        { "   1 5 ", 15 },
+        { "      15", 15 },
+        { "007", 7 },
+        { "0", 0 },
+        { "-7", -7 },
+        { "  - 7", -7 },
+        { "-1 2 3", -123 },
+        { "--7", 0 },
+        { "7-", 7 },
+        { "7-2", 7 },
+        { "3,14", 3 },
+        { ",5", 0 },
+        { "1e5", 1 },
+        { "+5", 0 },
+        { "5+5", 5 },
+        { "12a34", 12 },
+        { "a12", 0 },
+        { "-a1", 0 },
+        { "x", 0 },
+        { "", 0 },
+        { "99999999", 99999999 },
+    };
+    for (const auto& [text, value] : cases) {
+        Grid.Begin("97");
+        typeRow(Grid, 1, text);
+        EXPECT_EQ(Grid.RowValue(1), value) << text;
+    }
+    EXPECT_EQ(Grid.RowValue(5000), 0) << "below the paper";
+}
+
+TEST_F(WorkingGridTest, ReadsTheDividendsRowUpToItsComma)
+{
+    EXPECT_EQ(Grid.RowValue(0), 97);
+}
+
+TEST_F(WorkingGridTest, ReadsNoDigitsOfOtherAlphabets)
+{
+    Grid.MoveCaretTo(8);
+    Grid.TypeCharacter(u'1');
+    Grid.TypeCharacter(u'\u0661'); // an Arabic-Indic one
+    EXPECT_EQ(Grid.RowValue(1), 1);
+}
+
+// --------------------------------------------------------------------------------------------------- lines of working
+
+TEST_F(WorkingGridTest, ALineEndsInItsColumn)
+{
+    withoutComma();
+    Grid.WriteWorkingLine("37", 2, 1);
+    Grid.WriteWorkingLine("-36", 2, 2);
+    Grid.WriteWorkingLine("1", 7, 3);
+    EXPECT_EQ(rowsOf(Grid), (Rows { " 97", " 37", "-36", "       1" }));
+}
+
+TEST_F(WorkingGridTest, ALineKeepsWhatStandsBeforeItAndClearsWhatStandsBehind)
+{
+    withoutComma();
+    for (const int row : { 1, 2, 3 }) {
+        typeRow(Grid, row, "12345678");
+    }
+    Grid.WriteWorkingLine("99", 4, 2);
+    EXPECT_EQ(rowsOf(Grid), (Rows { " 97", "12345678", "12399" }));
+    EXPECT_EQ(Grid.Text.size(), 8U + 8U + 5U + 2000U);
+}
+
+TEST_F(WorkingGridTest, AnEmptyLineClearsWhatStandsBehindItsColumn)
+{
+    withoutComma();
+    typeRow(Grid, 1, "12345678");
+    Grid.WriteWorkingLine("", 4, 1);
+    EXPECT_EQ(rowsOf(Grid), (Rows { " 97", "12345" }));
+}
+
+TEST_F(WorkingGridTest, ALineLeftOfTheCommaEndsTheShift)
+{
+    commaShift_ = true;
+    Grid.WriteWorkingLine("17", 2, 1);
+    EXPECT_EQ(rowText(Grid, 1), " 17");
+    EXPECT_FALSE(commaShift_);
+}
+
+TEST_F(WorkingGridTest, ALineThatReachesTheCommaIsPartedThereAndBeginsTheShift)
+{
+    Grid.WriteWorkingLine("12", 3, 1);
+    EXPECT_EQ(rowText(Grid, 1), "  1 2");
+    EXPECT_TRUE(commaShift_);
+    Grid.WriteWorkingLine("1234", 5, 2);
+    EXPECT_EQ(rowText(Grid, 2), "  1 234");
+    EXPECT_TRUE(commaShift_);
+}
+
+TEST_F(WorkingGridTest, ALineThatBeginsOnTheCommaMovesRightOfIt)
+{
+    Grid.WriteWorkingLine("12", 4, 1);
+    EXPECT_EQ(rowText(Grid, 1), "    12");
+    EXPECT_TRUE(commaShift_);
+    Grid.WriteWorkingLine("34", 4, 2);
+    EXPECT_EQ(rowText(Grid, 2), "    34") << "by the shift now, and so only once";
+}
+
+TEST_F(WorkingGridTest, ALineRightOfTheCommaMovesOnlyWithTheShift)
+{
+    Grid.WriteWorkingLine("1", 5, 1);
+    EXPECT_EQ(rowText(Grid, 1), "     1");
+    EXPECT_FALSE(commaShift_);
+    commaShift_ = true;
+    Grid.WriteWorkingLine("1", 5, 2);
+    EXPECT_EQ(rowText(Grid, 2), "      1");
+    EXPECT_TRUE(commaShift_);
+}
+
+TEST_F(WorkingGridTest, ABlankOnTheCommaBeginsNoShift)
+{
+    Grid.WriteWorkingLine("1 ", 3, 1);
+    EXPECT_EQ(rowText(Grid, 1), "  1");
+    EXPECT_FALSE(commaShift_);
+}
+
+TEST_F(WorkingGridTest, APartedLineThatFillsItsRowGivesItsLastCellToTheNext)
+{
+    Grid.WriteWorkingLine("123456", 7, 1);
+    EXPECT_EQ(Grid.Row(1), u"  1 2345");
+    EXPECT_EQ(rowText(Grid, 2), "6");
+}
+
+TEST_F(WorkingGridTest, WithoutACommaTheShiftLasts)
+{
+    withoutComma();
+    commaShift_ = true;
+    Grid.WriteWorkingLine("37", 2, 1);
+    Grid.WriteWorkingLine("1", 1, 2);
+    EXPECT_EQ(rowsOf(Grid), (Rows { " 97", "  37", "  1" }));
+    EXPECT_TRUE(commaShift_);
+}
+
+TEST_F(WorkingGridTest, GridsOfOneProgramShareTheShift)
+{
+    Grid.WriteWorkingLine("12", 3, 1);
+    WorkingGrid next(commaShift_);
+    next.LineWidth = 6;
+    next.Begin("97");
+    next.WriteWorkingLine("37", 2, 1);
+    EXPECT_EQ(rowText(next, 1), "  37");
+}
+
+// Nothing is read or written beside the text; the sanitizers watch.
+TEST_F(WorkingGridTest, TakesLinesThatItHasNoRoomFor)
+{
+    for (const int width : { 1, 5, 8, 198 }) {
+        for (const int comma : { -1, 1, 3, 7, 197, 300 }) {
+            for (const int column : { 0, 1, 7, 197, 500 }) {
+                for (const int row : { 0, 1, 60, 5000 }) {
+                    Grid.LineWidth = width;
+                    Grid.CommaColumn = comma;
+                    Grid.Begin("97");
+                    Grid.WriteWorkingLine("123456789", column, row);
+                    EXPECT_NE(Grid.Text.find(u'1'), std::u16string::npos);
+                    EXPECT_GE(Grid.Text.size(), 2009U);
+                    Grid.WriteWorkingLine("", column, row);
+                    EXPECT_GE(Grid.Text.size(), 2000U);
+                }
+            }
+        }
+    }
+}
+
+} // namespace
+
+} // namespace numbrela

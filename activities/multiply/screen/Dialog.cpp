@@ -1,0 +1,87 @@
+#include "activities/multiply/screen/Dialog.h"
+
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/FormWindow.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+
+#include <memory>
+#include <utility>
+
+namespace numbrela {
+
+namespace {
+
+constexpr TwipsSize areaSize { 2640, 2400 };
+constexpr FontSpec tableFont { "Arial", 12 };
+constexpr FontSpec buttonFont { "Arial", 9.75 };
+
+// Not a static object: that would outlive the application object, which no widget may.
+Dialog* theDialog = nullptr;
+
+} // namespace
+
+Dialog& Dialog::Instance()
+{
+    if (theDialog == nullptr) {
+        theDialog = new Dialog;
+        qAddPostRoutine(&Dialog::Discard);
+    }
+    return *theDialog;
+}
+
+void Dialog::Discard()
+{
+    delete std::exchange(theDialog, nullptr);
+}
+
+Dialog::Dialog()
+    : area_(new TwipsLayout(this, areaSize, tableFont))
+{
+    setObjectName(QStringLiteral("Dialog"));
+    setWindowTitle(QStringLiteral("Tablas a usar"));
+    for (int index = 0; index < static_cast<int>(Check1.size()); ++index) {
+        const QString table = QString::number(index + 1);
+        auto* box = new QCheckBox(table, this);
+        box->setObjectName(QStringLiteral("Check1(%1)").arg(index));
+        box->setAccessibleName(QStringLiteral("Tabla del %1").arg(table));
+        area_->Place(box, { 120 + 700 * (index % 3), 120 + 475 * (index / 3), 600, 375 }, tableFont);
+        Check1[static_cast<std::size_t>(index)] = box;
+    }
+    OKButton = AddButton(
+        *area_, QStringLiteral("OKButton"), QStringLiteral("&Aceptar"), { 120, 1785, 1140, 495 }, buttonFont);
+    CancelButton = AddButton(
+        *area_, QStringLiteral("CancelButton"), QStringLiteral("Cancelar"), { 1380, 1785, 1140, 495 }, buttonFont);
+    connect(OKButton, &QPushButton::clicked, this, &Dialog::OKButton_Click);
+    connect(CancelButton, &QPushButton::clicked, this, &Dialog::CancelButton_Click);
+}
+
+// Belonging to the form keeps the dialog in front of it; going with it when it closes is what it must not do.
+void Dialog::ShowModally(FormWindow& form)
+{
+    setParent(&form, windowFlags());
+    resize(area_->SizeAt(form.Area().PixelsPerTwip()));
+    Check1.front()->setFocus();
+    exec();
+    setParent(nullptr, windowFlags());
+}
+
+void Dialog::OKButton_Click()
+{
+    TablasSeleccionadas.clear();
+    for (const QCheckBox* box : Check1) {
+        if (box->isChecked()) {
+            TablasSeleccionadas += box->text().toStdString();
+        }
+    }
+    accept();
+}
+
+void Dialog::CancelButton_Click()
+{
+    reject();
+}
+
+} // namespace numbrela

@@ -1,0 +1,422 @@
+#include "activities/multiply/screen/Form4.h"
+
+#include "activities/multiply/screen/Dialog.h"
+#include "common/screen/Boxes.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/KeyCodes.h"
+#include "common/screen/Line.h"
+#include "common/screen/OptionMenu.h"
+#include "common/screen/TextBox.h"
+
+#include <QLabel>
+#include <QMenu>
+
+#include <algorithm>
+
+namespace numbrela {
+
+namespace {
+
+// All in twips. The calculation stands on the left and grows downwards; the side column, next to it, stays where it is.
+constexpr int areaWidth = 9660;
+constexpr int leastAreaHeight = 5610; // holds the side column, and six rows
+constexpr int marginBelow = 500;
+constexpr int signLeft = 250;
+constexpr int signWidth = 500;
+constexpr int columnLeft = 750;
+constexpr int columnWidth = 3500;
+constexpr int columnRight = columnLeft + columnWidth;
+constexpr int rowHeight = 500;
+constexpr int firstFactorTop = 550;
+constexpr int firstRowTop = 1600;
+constexpr int sideLeft = 4900;
+constexpr int sideWidth = 4250;
+
+constexpr FontSpec formFont { "Arial", 12 };
+constexpr FontSpec headingFont { "Arial", 14.25 };
+constexpr FontSpec buttonFont { "Arial", 9.75 };
+constexpr FontSpec digitFont { "Courier New", 15 };
+
+// A control of this width in the middle of the side column.
+constexpr TwipsRect sidePlace(int top, int width)
+{
+    return { sideLeft + (sideWidth - width) / 2, top, width, 495 };
+}
+
+} // namespace
+
+Form4::Form4(const Clock& clock)
+    : FormWindow(QStringLiteral("Form4"), QStringLiteral("Multiplicaciones"), { areaWidth, leastAreaHeight }, formFont)
+    , random_(clock.Now().SeedProduct())
+    , exercise_(random_)
+{
+    buildCalculation();
+    buildSideColumn();
+    buildMenus();
+    NewMultiplication();
+    TbParcial[0]->setFocus();
+}
+
+void Form4::buildCalculation()
+{
+    const std::array<QString, 2> factorNames { QStringLiteral("Primer factor"), QStringLiteral("Segundo factor") };
+    for (int index = 0; index < 2; ++index) {
+        const auto i = static_cast<std::size_t>(index);
+        TbFactor[i] = addColumnBox(QStringLiteral("TbFactor(%1)").arg(index), factorNames[i],
+            { columnLeft, firstFactorTop + rowHeight * index, columnWidth, rowHeight });
+        TbFactor[i]->setReadOnly(true);
+        TbFactor[i]->setFocusPolicy(Qt::ClickFocus);
+        connect(TbFactor[i], &TextBox::KeyPress, this,
+            [this, index](QChar& character) { TbFactor_KeyPress(index, character); });
+    }
+    LabX = AddLabel(Area(), QStringLiteral("LabX"), QStringLiteral("×"),
+        { signLeft, firstFactorTop + rowHeight, signWidth, rowHeight }, digitFont);
+    constexpr int underFactors = (firstFactorTop + 2 * rowHeight + firstRowTop) / 2;
+    Line1 = new Line(Area(), QStringLiteral("Line1"), { columnLeft, underFactors }, { columnRight, underFactors });
+
+    loadRow();
+    Line2 = new Line(Area(), QStringLiteral("Line2"), { columnLeft, firstRowTop }, { columnRight, firstRowTop });
+    labIgual = AddLabel(Area(), QStringLiteral("labIgual"), QStringLiteral("="),
+        { signLeft, firstRowTop, signWidth, rowHeight }, digitFont);
+    TbResultado = addColumnBox(QStringLiteral("TbResultado"), QStringLiteral("Resultado"),
+        { columnLeft, firstRowTop, columnWidth, rowHeight });
+    connect(TbResultado, &TextBox::KeyDown, this, &Form4::TbResultado_KeyDown);
+    connect(TbResultado, &TextBox::KeyUp, this, &Form4::TbResultado_KeyUp);
+}
+
+void Form4::buildSideColumn()
+{
+    TbTítulo = AddReadOnlyBox(Area(), QStringLiteral("TbTítulo"), QStringLiteral("Instrucción"),
+        { sideLeft, firstFactorTop, sideWidth, 495 }, headingFont);
+    TbTítulo->SetText("Realiza la siguiente operación");
+
+    const ButtonRowDesign row {
+        .Places = { sidePlace(1600, 1500), sidePlace(2600, 1500), sidePlace(3100, 1500), sidePlace(3600, 1500) },
+        .Font = buttonFont,
+    };
+    Buttons = AddButtonRow(
+        Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
+
+    Text1
+        = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2100, 3000), formFont);
+    tbResultados = AddReadOnlyBox(
+        Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), sidePlace(4600, 3000), formFont);
+    tbResultados->SetText(exercise_.Score.Line());
+}
+
+void Form4::buildMenus()
+{
+    QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
+    MnuOpcCi1 = addOptionMenu(options, QStringLiteral("MnuOpcCi1"), QStringLiteral("&Cifras factor 1"),
+        Multiplication::DigitChoices, &Form4::MnuOpcCi1Lis_Click);
+    MnuOpcCi2 = addOptionMenu(options, QStringLiteral("MnuOpcCi2"), QStringLiteral("C&ifras factor 2"),
+        Multiplication::DigitChoices, &Form4::MnuOpcCi2Lis_Click);
+    MnuOpcDe1 = addOptionMenu(options, QStringLiteral("MnuOpcDe1"), QStringLiteral("&Decimales factor 1"),
+        Multiplication::DecimalChoices, &Form4::MnuOpcDe1Lis_Click);
+    MnuOpcDe2 = addOptionMenu(options, QStringLiteral("MnuOpcDe2"), QStringLiteral("D&ecimales factor 2"),
+        Multiplication::DecimalChoices, &Form4::MnuOpcDe2Lis_Click);
+    MnuOpcSel = new OptionMenu(
+        QStringLiteral("MnuOpcSel"), QStringLiteral("&Selección de cifras factor2"),
+        { QStringLiteral("&Cualquiera"), QStringLiteral("&Seleccionar ()...") },
+        [this](int index) { MnuOpcSelLis_Click(index); }, options);
+    options->addMenu(MnuOpcSel);
+    MnuOpcOcu = AddMenuItem(options, QStringLiteral("MnuOpcOcu"), QStringLiteral("&Ocultar ceros intermedios (No)"),
+        [this] { MnuOpcOcu_Click(); });
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcIn1"), QStringLiteral("&Introducir Primer factor"),
+        [this] { MnuOpcIn1_Click(); }, Qt::Key_F2);
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcIn2"), QStringLiteral("I&ntroducir segundo factor"),
+        [this] { MnuOpcIn2_Click(); }, Qt::Key_F3);
+    AddMenuItem(options, QStringLiteral("MnuOpcSal"), QStringLiteral("S&alir (Alt-F4)"), [this] { MnuOpcSal_Click(); });
+}
+
+OptionMenu* Form4::addOptionMenu(
+    QMenu* options, const QString& name, const QString& caption, const OptionList& choices, void (Form4::*choose)(int))
+{
+    auto* menu = new OptionMenu(
+        name, caption, choices, [this, choose](int index) { (this->*choose)(index); }, options);
+    options->addMenu(menu);
+    return menu;
+}
+
+// A box whose digits stand in the columns of the calculation.
+TextBox* Form4::addColumnBox(const QString& name, const QString& spokenName, TwipsRect place)
+{
+    TextBox* box = AddTextBox(Area(), name, place, digitFont, Qt::AlignRight | Qt::AlignVCenter);
+    box->setAccessibleName(spokenName);
+    connect(box, &TextBox::textChanged, this, &Form4::alignColumns);
+    return box;
+}
+
+void Form4::loadRow()
+{
+    const int index = static_cast<int>(TbParcial.size());
+    TextBox* row
+        = addColumnBox(QStringLiteral("TbParcial(%1)").arg(index), QStringLiteral("Producto parcial %1").arg(index + 1),
+            { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
+    connect(row, &TextBox::textEdited, this, [this, index] { TbParcial_Change(index); });
+    connect(row, &TextBox::KeyUp, this, [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); });
+    TbParcial.push_back(row);
+}
+
+void Form4::unloadRow()
+{
+    TextBox* row = TbParcial.back();
+    TbParcial.pop_back();
+    if (focusWidget() == row) {
+        TbParcial[0]->setFocus();
+    }
+    delete row;
+}
+
+void Form4::LayoutPartialRows()
+{
+    const int rows = exercise_.RowCount(TbFactor[1]->Text());
+    while (static_cast<int>(TbParcial.size()) > std::max(rows, 1)) {
+        unloadRow();
+    }
+    while (static_cast<int>(TbParcial.size()) < rows) {
+        loadRow();
+    }
+    if (static_cast<int>(TbParcial.size()) != rows) {
+        ShowMessage(this, "desajuste");
+    }
+    for (int index = 0; index < rows; ++index) {
+        TextBox* row = TbParcial[static_cast<std::size_t>(index)];
+        Area().Move(row, { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
+        row->show();
+        row->setEnabled(true);
+        row->SetText("");
+    }
+    placeUnderRows();
+}
+
+void Form4::placeUnderRows()
+{
+    const int top = Area().RectOf(TbParcial.back()).Top + rowHeight;
+    Line2->SetEnds({ columnLeft, top }, { columnRight, top });
+    Line2->raise();
+    Area().Move(TbResultado, { columnLeft, top, columnWidth, rowHeight });
+    Area().Move(labIgual, { signLeft, top, signWidth, rowHeight });
+    Area().SetDesignSize({ areaWidth, std::max(leastAreaHeight, top + rowHeight + marginBelow) });
+    TbResultado->SetText("");
+    alignColumns();
+
+    std::vector<QWidget*> sequence { tbResultados, TbTítulo };
+    sequence.insert(sequence.end(), TbParcial.begin(), TbParcial.end());
+    sequence.insert(sequence.end(),
+        { TbResultado, Buttons.Command1, Text1, Buttons.Command2[0], Buttons.Command2[1], Buttons.Command2[2] });
+    SetTabSequence(sequence);
+}
+
+void Form4::NewMultiplication()
+{
+    exercise_.NewMultiplication();
+    checkOptions();
+    LayoutPartialRows(); // before the new factors are shown: hidden zeros are counted in the factor on the screen
+    showFactors();
+    Text1->SetText("");
+}
+
+void Form4::showFactors()
+{
+    TbFactor[0]->SetText(exercise_.Factor1Text());
+    TbFactor[1]->SetText(exercise_.Factor2Text());
+    TbFactor[0]->SelectWholeText();
+    TbFactor[1]->SelectWholeText();
+}
+
+void Form4::checkOptions()
+{
+    MnuOpcCi1->CheckOnly(Multiplication::DigitChoices.IndexOf(exercise_.Digits1));
+    MnuOpcCi2->CheckOnly(Multiplication::DigitChoices.IndexOf(exercise_.Digits2));
+    MnuOpcDe1->CheckOnly(Multiplication::DecimalChoices.IndexOf(exercise_.Decimals1));
+    MnuOpcDe2->CheckOnly(Multiplication::DecimalChoices.IndexOf(exercise_.Decimals2));
+    MnuOpcSel->CheckOnly(exercise_.AnyDigits ? 0 : 1);
+}
+
+void Form4::Command1_Click()
+{
+    try {
+        const Multiplication::Verdict verdict = exercise_.Judge(TbResultado->Text(), Text1->Text());
+        Text1->SetText(verdict.Text);
+        QWidget* next = verdict.Right ? static_cast<QWidget*>(Buttons.Command2[0]) : TbParcial[0];
+        next->setFocus();
+        tbResultados->SetText(exercise_.Count(verdict));
+    } catch (const RunTimeError&) {
+        ShowMessage(this, "el dato introducido  no es válido");
+        TbResultado->setFocus();
+    }
+}
+
+void Form4::Command2_Click(int index)
+{
+    switch (index) {
+    case 0:
+        NewMultiplication();
+        exercise_.Score.Scorable = true;
+        TbParcial[0]->setFocus();
+        break;
+    case 1:
+        clearAnswer();
+        break;
+    case 2:
+        showSolution();
+        break;
+    default:
+        break;
+    }
+}
+
+void Form4::clearAnswer()
+{
+    for (TextBox* row : TbParcial) {
+        row->SetText("");
+    }
+    TbResultado->SetText("");
+    TbParcial[0]->setFocus();
+}
+
+void Form4::showSolution()
+{
+    const Multiplication::WorkedSolution solution = exercise_.ShowSolution();
+    TbResultado->SetText(solution.Result);
+    const std::size_t rows = std::min(solution.Rows.size(), TbParcial.size());
+    for (std::size_t i = 0; i < rows; ++i) {
+        TbParcial[i]->SetText(solution.Rows[i]);
+    }
+    TbResultado->SelectWholeText();
+    Buttons.Command2[0]->setFocus();
+}
+
+void Form4::MnuOpcCi1Lis_Click(int index)
+{
+    exercise_.Digits1 = Multiplication::DigitChoices.ValueAt(index);
+    NewMultiplication();
+}
+
+void Form4::MnuOpcCi2Lis_Click(int index)
+{
+    exercise_.Digits2 = Multiplication::DigitChoices.ValueAt(index);
+    NewMultiplication();
+}
+
+void Form4::MnuOpcDe1Lis_Click(int index)
+{
+    exercise_.Decimals1 = Multiplication::DecimalChoices.ValueAt(index);
+    NewMultiplication();
+}
+
+void Form4::MnuOpcDe2Lis_Click(int index)
+{
+    exercise_.Decimals2 = Multiplication::DecimalChoices.ValueAt(index);
+    NewMultiplication();
+}
+
+void Form4::MnuOpcSelLis_Click(int index)
+{
+    if (index == 1) {
+        Dialog& dialog = Dialog::Instance();
+        dialog.ShowModally(*this);
+        exercise_.ChooseTables(dialog.TablasSeleccionadas);
+    } else {
+        exercise_.AnyDigits = true;
+    }
+    MnuOpcSel->Items()[1]->setText(
+        QStringLiteral("&Seleccionar (%1) ...").arg(QString::fromStdString(exercise_.SelectedTables)));
+    NewMultiplication();
+}
+
+void Form4::MnuOpcOcu_Click()
+{
+    exercise_.HideZeros = !exercise_.HideZeros;
+    MnuOpcOcu->setText(exercise_.HideZeros ? QStringLiteral("&Ocultar ceros intermedios (Si)")
+                                           : QStringLiteral("&Ocultar ceros intermedios (no)"));
+    NewMultiplication();
+}
+
+void Form4::MnuOpcIn1_Click()
+{
+    takeFactor("Introducir primer factor", &Multiplication::EnterFactor1);
+}
+
+void Form4::MnuOpcIn2_Click()
+{
+    takeFactor("Introducir segundo factor", &Multiplication::EnterFactor2);
+}
+
+void Form4::takeFactor(const std::string& title, Multiplication::FactorEntry (Multiplication::*enter)(std::string_view))
+{
+    const std::string typed = AskText(this, "Escriba el nuevo valor:", title);
+    const Multiplication::FactorEntry entry = (exercise_.*enter)(typed);
+    if (!entry.Accepted) {
+        ShowMessage(this, entry.Message);
+        return;
+    }
+    checkOptions();
+    LayoutPartialRows();
+    showFactors();
+}
+
+void Form4::MnuOpcSal_Click()
+{
+    close();
+}
+
+void Form4::TbFactor_KeyPress(int /*index*/, QChar& /*character*/)
+{
+    TbParcial[0]->setFocus();
+}
+
+// Called for what the pupil writes: what the solution writes into the only row leaves the result as the solution has
+// it.
+void Form4::TbParcial_Change(int index)
+{
+    if (index == 0 && exercise_.HasSingleRow()) {
+        TbResultado->SetText(TbParcial[0]->Text());
+    }
+}
+
+void Form4::TbParcial_KeyUp(int index, int keyCode)
+{
+    if (keyCode == KeyCode::Space || keyCode >= KeyCode::Digit0) {
+        TbParcial[static_cast<std::size_t>(index)]->StepCaretLeft();
+    }
+}
+
+void Form4::TbResultado_KeyDown(int keyCode, bool& /*consumed*/)
+{
+    if (keyCode == KeyCode::Enter) {
+        Command1_Click();
+    }
+}
+
+void Form4::TbResultado_KeyUp(int keyCode)
+{
+    if (WritesDigitOrComma(keyCode)) {
+        TbResultado->StepCaretLeft();
+    }
+}
+
+// Writes the whole calculation as small as its longest number takes, so that digits stay under digits.
+void Form4::alignColumns()
+{
+    int columns = 0;
+    for (const TextBox* box : columnBoxes()) {
+        columns = std::max(columns, static_cast<int>(box->text().size()));
+    }
+    for (TextBox* box : columnBoxes()) {
+        box->SetLeastColumns(columns);
+    }
+}
+
+std::vector<TextBox*> Form4::columnBoxes() const
+{
+    std::vector<TextBox*> boxes = TbParcial;
+    boxes.insert(boxes.end(), { TbFactor[0], TbFactor[1], TbResultado });
+    return boxes;
+}
+
+} // namespace numbrela

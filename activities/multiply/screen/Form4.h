@@ -1,0 +1,86 @@
+#pragma once
+
+#include "activities/multiply/core/Multiplication.h"
+#include "common/core/TimeOfDay.h"
+#include "common/screen/ButtonRow.h"
+#include "common/screen/FormWindow.h"
+
+#include <array>
+#include <vector>
+
+class QAction;
+class QLabel;
+
+namespace numbrela {
+
+class Line;
+class OptionMenu;
+class TextBox;
+
+// "Multiplicaciones": two factors under each other, a box for each partial row, the result, the button row, a verdict
+// and the score. Rows and result are written from right to left, and the digits of all of them stand in columns. All
+// arithmetic, judging and counting is the exercise's.
+class Form4 : public FormWindow {
+public:
+    explicit Form4(const Clock& clock);
+
+    void Command1_Click();
+    void Command2_Click(int index);
+    void MnuOpcCi1Lis_Click(int index);
+    void MnuOpcCi2Lis_Click(int index);
+    void MnuOpcDe1Lis_Click(int index);
+    void MnuOpcDe2Lis_Click(int index);
+    void MnuOpcSelLis_Click(int index);
+    void MnuOpcOcu_Click();
+    void MnuOpcIn1_Click();
+    void MnuOpcIn2_Click();
+    void MnuOpcSal_Click();
+    void TbFactor_KeyPress(int index, QChar& character);
+    void TbParcial_Change(int index);
+    void TbParcial_KeyUp(int index, int keyCode);
+    void TbResultado_KeyDown(int keyCode, bool& consumed);
+    void TbResultado_KeyUp(int keyCode);
+
+    TextBox* TbTítulo;
+    std::array<TextBox*, 2> TbFactor;
+    QLabel* LabX;
+    Line* Line1;
+    std::vector<TextBox*> TbParcial;
+    Line* Line2;
+    QLabel* labIgual;
+    TextBox* TbResultado;
+    TextBox* Text1;
+    TextBox* tbResultados;
+    ButtonRow Buttons;
+    OptionMenu* MnuOpcCi1;
+    OptionMenu* MnuOpcCi2;
+    OptionMenu* MnuOpcDe1;
+    OptionMenu* MnuOpcDe2;
+    OptionMenu* MnuOpcSel;
+    QAction* MnuOpcOcu;
+
+private:
+    void buildCalculation();
+    void buildSideColumn();
+    void buildMenus();
+    OptionMenu* addOptionMenu(QMenu* options, const QString& name, const QString& caption, const OptionList& choices,
+        void (Form4::*choose)(int));
+    TextBox* addColumnBox(const QString& name, const QString& spokenName, TwipsRect place);
+    void loadRow();
+    void unloadRow();
+    void LayoutPartialRows();
+    void placeUnderRows();
+    void NewMultiplication();
+    void showFactors();
+    void checkOptions();
+    void takeFactor(const std::string& title, Multiplication::FactorEntry (Multiplication::*enter)(std::string_view));
+    void clearAnswer();
+    void showSolution();
+    void alignColumns();
+    std::vector<TextBox*> columnBoxes() const;
+
+    SeededRandom random_;
+    Multiplication exercise_;
+};
+
+} // namespace numbrela

@@ -1,0 +1,175 @@
+#include "activities/multiply/screen/Form4.h"
+
+#include "common/screen/Line.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/FormTable.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr FontSpec digits { "Courier New", 15 };
+constexpr FontSpec form { "Arial", 12 };
+constexpr FontSpec heading { "Arial", 14.25 };
+constexpr FontSpec button { "Arial", 9.75 };
+const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
+
+TEST(Form4Table, HasTheseControlsInThesePlaces)
+{
+    const FixedClock clock;
+    Form4 window(clock);
+    ShowAndActivate(window);
+    QCoreApplication::processEvents(); // let the layout settle
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Multiplicaciones"));
+    const std::string factor1 = window.TbFactor[0]->Text();
+    const std::string factor2 = window.TbFactor[1]->Text();
+    ExpectControls(window,
+        {
+            { "tbResultados", "Ejercicios:  0; Errores:  0", { 5525, 4600, 3000, 495 }, form, Qt::AlignCenter, true,
+                true, {}, "Marcador" },
+            { "TbTítulo", "Realiza la siguiente operación", { 4900, 550, 4250, 495 }, heading, Qt::AlignCenter, true,
+                true, {}, "Instrucción" },
+            { "TbParcial(0)", "", { 750, 1600, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 1" },
+            { "TbParcial(1)", "", { 750, 2100, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 2" },
+            { "TbResultado", "", { 750, 2600, 3500, 500 }, digits, right, false, true, {}, "Resultado" },
+            { "Command1", "&Hecho", { 6275, 1600, 1500, 495 }, button, {}, false, true, QColor(255, 255, 0) },
+            { "Text1", "", { 5525, 2100, 3000, 495 }, form, Qt::AlignCenter, true, true, {}, "Veredicto" },
+            { "Command2(0)", "&Continuar", { 6275, 2600, 1500, 495 }, button, {}, false, true, QColor(0, 255, 255) },
+            { "Command2(1)", "&Borrar", { 6275, 3100, 1500, 495 }, button, {}, false, true, QColor(0, 255, 0) },
+            { "Command2(2)", "&Ver solución", { 6275, 3600, 1500, 495 }, button, {}, false, true, QColor(255, 0, 0) },
+            { "TbFactor(0)", factor1.c_str(), { 750, 550, 3500, 500 }, digits, right, true, false, {},
+                "Primer factor" },
+            { "TbFactor(1)", factor2.c_str(), { 750, 1050, 3500, 500 }, digits, right, true, false, {},
+                "Segundo factor" },
+            { "LabX", "×", { 250, 1050, 500, 500 }, digits, {}, false, false },
+            { "Line1", "", { 735, 1560, 3530, 30 }, form, {}, false, false },
+            { "Line2", "", { 735, 2585, 3530, 30 }, form, {}, false, false },
+            { "labIgual", "=", { 250, 2600, 500, 500 }, digits, {}, false, false },
+        });
+}
+
+TEST(Form4Table, HasTheseMenus)
+{
+    const FixedClock clock;
+    Form4 window(clock);
+    std::vector<const char*> lines { "MnuOpc &Opciones" };
+    std::vector<std::string> lists;
+    const auto addList
+        = [&lists](const std::string& name, const std::string& caption, int first, int count, int checked) {
+              lists.push_back("  " + name + " " + caption);
+              for (int index = 0; index < count; ++index) {
+                  lists.push_back("    " + name + "Lis(" + std::to_string(index) + ") &" + std::to_string(first + index)
+                      + (index == checked ? " *" : ""));
+              }
+          };
+    addList("MnuOpcCi1", "&Cifras factor 1", 1, 10, 0);
+    addList("MnuOpcCi2", "C&ifras factor 2", 1, 10, 0);
+    addList("MnuOpcDe1", "&Decimales factor 1", 0, 6, 1);
+    addList("MnuOpcDe2", "D&ecimales factor 2", 0, 6, 1);
+    for (const std::string& line : lists) {
+        lines.push_back(line.c_str());
+    }
+    lines.insert(lines.end(),
+        {
+            "  MnuOpcSel &Selección de cifras factor2",
+            "    MnuOpcSelLis(0) &Cualquiera *",
+            "    MnuOpcSelLis(1) &Seleccionar ()...",
+            "  MnuOpcOcu &Ocultar ceros intermedios (No)",
+            "  MnuOpcIn1 &Introducir Primer factor [F2]",
+            "  MnuOpcIn2 I&ntroducir segundo factor [F3]",
+            "  MnuOpcSal S&alir (Alt-F4)",
+        });
+    ExpectMenus(window, lines);
+}
+
+std::vector<std::string> tabSequenceFrom(QWidget& first)
+{
+    std::vector<std::string> names;
+    QWidget* next = &first;
+    do {
+        if ((next->focusPolicy() & Qt::TabFocus) != 0 && next->parentWidget() == first.parentWidget()
+            && !next->objectName().isEmpty()) {
+            names.push_back(next->objectName().toStdString());
+        }
+        next = next->nextInFocusChain();
+    } while (next != &first);
+    return names;
+}
+
+TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
+{
+    const FixedClock clock;
+    Form4 window(clock);
+    ShowAndActivate(window);
+    const TwipsLayout& area = window.Area();
+    for (const int decimals : { 0, 5, 2, 0, 3 }) {
+        Choose(window, QStringLiteral("MnuOpcDe2Lis(%1)").arg(decimals));
+        for (const int count : { 1, 10, 2, 9, 5 }) {
+            Choose(window, QStringLiteral("MnuOpcCi2Lis(%1)").arg(count - 1));
+            const int rows = count + decimals;
+            SCOPED_TRACE(rows);
+            ASSERT_EQ(static_cast<int>(window.TbParcial.size()), rows);
+            std::vector<std::string> sequence;
+            for (int index = 0; index < rows; ++index) {
+                const TextBox& row = *window.TbParcial[static_cast<std::size_t>(index)];
+                sequence.push_back("TbParcial(" + std::to_string(index) + ")");
+                EXPECT_EQ(row.objectName().toStdString(), sequence.back());
+                EXPECT_EQ(area.RectOf(&row), (TwipsRect { 750, 1600 + 500 * index, 3500, 500 }));
+                EXPECT_TRUE(row.isVisible());
+                EXPECT_TRUE(row.isEnabled());
+            }
+            const int top = 1600 + 500 * rows;
+            EXPECT_EQ(window.Line2->From(), (TwipsPoint { 750, top }));
+            EXPECT_EQ(window.Line2->To(), (TwipsPoint { 4250, top }));
+            EXPECT_EQ(area.RectOf(window.TbResultado), (TwipsRect { 750, top, 3500, 500 }));
+            EXPECT_EQ(
+                area.RectOf(&Find<QWidget>(window, QStringLiteral("labIgual"))), (TwipsRect { 250, top, 500, 500 }));
+            EXPECT_EQ(area.Extent(), (TwipsRect { 0, 0, 9660, std::max(5610, top + 1000) }));
+            for (const char* name :
+                { "TbResultado", "Command1", "Text1", "Command2(0)", "Command2(1)", "Command2(2)", "tbResultados" }) {
+                sequence.emplace_back(name);
+            }
+            sequence.emplace_back("TbTítulo");
+            EXPECT_EQ(tabSequenceFrom(*window.TbParcial[0]), sequence);
+        }
+    }
+}
+
+TEST(Form4Table, NothingOfFifteenRowsIsOutsideTheWindowOrUnderAButton)
+{
+    const FixedClock clock;
+    Form4 window(clock);
+    ShowAndActivate(window);
+    const QSize before = window.size();
+    Choose(window, QStringLiteral("MnuOpcCi2Lis(9)"));
+    Choose(window, QStringLiteral("MnuOpcDe2Lis(5)"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.width(), before.width());
+    EXPECT_GT(window.height(), before.height());
+    for (const QWidget* control : window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!control->isVisible() || control->isWindow()) {
+            continue;
+        }
+        EXPECT_TRUE(window.rect().contains(control->geometry())) << control->objectName().toStdString();
+        for (const TextBox* row : window.TbParcial) {
+            const bool rule = dynamic_cast<const Line*>(control) != nullptr;
+            EXPECT_TRUE(rule || control == row || !control->geometry().intersects(row->geometry()))
+                << control->objectName().toStdString();
+        }
+    }
+    Choose(window, QStringLiteral("MnuOpcCi2Lis(0)"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.size(), before);
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,367 @@
+#include "activities/multiply/core/Multiplication.h"
+
+#include "tests/support/KindThrownBy.h"
+#include "tests/support/ScriptedRandom.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using numbrela::testing::KindThrownBy;
+using numbrela::testing::ScriptedRandom;
+
+// An exercise whose factors were typed.
+class TypedExercise {
+public:
+    TypedExercise(std::string_view factor1, std::string_view factor2)
+        : Exercise(random_)
+    {
+        EXPECT_TRUE(Exercise.EnterFactor1(factor1).Accepted);
+        EXPECT_TRUE(Exercise.EnterFactor2(factor2).Accepted);
+    }
+
+private:
+    ScriptedRandom random_ {};
+
+public:
+    Multiplication Exercise;
+};
+
+// -------------------------------------------------------------------------------------------------------------- rows
+
+struct RowCase {
+    int Digits;
+    int Decimals;
+    const char* Shown;
+    int Rows;
+    int RowsWithoutZeros;
+};
+
+TEST(Multiplication, HasOneRowForEachDigitAndWithoutZerosFewerByThoseOfTheShownFactor)
+{
+    const RowCase cases[] = {
+        { 1, 1, "", 2, 2 },
+        { 1, 1, "4,6", 2, 2 },
+        { 1, 0, "8", 1, 1 },
+        { 2, 2, "12,05", 4, 3 },
+        { 3, 1, "100,5", 4, 2 },
+        { 10, 5, "1234567891,23456", 15, 15 },
+        { 1, 2, "0,05", 3, 1 },
+        { 1, 0, "105", 1, 0 },
+        { 1, 0, "1000", 1, -2 },
+        { 2, 0, "1002003", 2, -2 },
+    };
+    ScriptedRandom random {};
+    Multiplication exercise(random);
+    for (const auto& [digits, decimals, shown, rows, rowsWithoutZeros] : cases) {
+        exercise.Digits2 = digits;
+        exercise.Decimals2 = decimals;
+        exercise.HideZeros = false;
+        EXPECT_EQ(exercise.RowCount(shown), rows) << shown;
+        exercise.HideZeros = true;
+        EXPECT_EQ(exercise.RowCount(shown), rowsWithoutZeros) << shown;
+    }
+}
+
+TEST(Multiplication, ARowCountThatDoesNotFitSixteenBitsOverflows)
+{
+    ScriptedRandom random {};
+    Multiplication exercise(random);
+    exercise.Digits2 = 32767;
+    EXPECT_EQ(KindThrownBy([&] { exercise.RowCount(""); }), RunTimeError::Kind::Overflow);
+    exercise.Decimals2 = 0;
+    EXPECT_EQ(exercise.RowCount(""), 32767);
+}
+
+TEST(Multiplication, OnlyAOneDigitSecondFactorHasASingleRow)
+{
+    ScriptedRandom random {};
+    Multiplication exercise(random);
+    EXPECT_FALSE(exercise.HasSingleRow());
+    exercise.Decimals2 = 0;
+    EXPECT_TRUE(exercise.HasSingleRow());
+    exercise.Digits2 = 2;
+    EXPECT_FALSE(exercise.HasSingleRow());
+}
+
+// ---------------------------------------------------------------------------------------------------------- judging
+
+struct AnswerCase {
+    const char* Factor1;
+    const char* Factor2;
+    std::string Answer;
+    bool Right;
+};
+
+TEST(Multiplication, ComparesTheResultAsANumber)
+{
+    const AnswerCase cases[] = {
+        { "0,5", "0,5", "0,25", true },
+        { "0,5", "0,5", "0,250", true },
+        { "0,5", "0,5", "0.25", true },
+        { "0,5", "0,5", ",25", true },
+        { "0,5", "0,5", " 0,25 ", true },
+        { "0,5", "0,5", "0,25 euros", true },
+        { "0,5", "0,5", "+0,25", true },
+        { "0,5", "0,5", "2,5e-1", true },
+        { "0,5", "0,5", "-0,25", false },
+        { "0,5", "0,5", "0,26", false },
+        { "0,5", "0,5", "025", false },
+        { "0,5", "0,5", "", false },
+        { "7,3", "4,6", "33,58", true },
+        { "7", "123", "861", true },
+        { "12,5", "100", "1250", true },
+        { "12,5", "100", "1.250", false }, // the point is a decimal point here
+        { "12,5", "100", "1.250,0", false },
+        { "0", "5", "", true },
+        { "0", "5", "hola", true },
+        { "-3", "4", "-12", true },
+        { "-3", "4", "12", false },
+    };
+    for (const auto& [factor1, factor2, answer, right] : cases) {
+        EXPECT_EQ(TypedExercise(factor1, factor2).Exercise.Judge(answer, "").Right, right)
+            << factor1 << " x " << factor2 << ": " << answer;
+    }
+}
+
+TEST(Multiplication, RightIsOnlyWhatLiesCloserThanTheTolerance)
+{
+    // The product 0 leaves the distance unrounded.
+    const AnswerCase cases[] = {
+        { "0", "1", "0,000000000001", false }, // exactly as far away as the tolerance
+        { "0", "1", "-0,000000000001", false },
+        { "0", "1", "0,000000000000999999", true },
+        { "0", "1", "-0,000000000000999999", true },
+        { "0", "1", "0,00000000000100001", false },
+        { "1", "1", "1,0000000000009", true },
+        { "1", "1", "1,0000000000011", false },
+        { "1", "1", "0,9999999999991", true },
+        { "1", "1", "0,9999999999989", false },
+        { "1000", "1000", "1000000,000000001", false },
+    };
+    for (const auto& [factor1, factor2, answer, right] : cases) {
+        EXPECT_EQ(TypedExercise(factor1, factor2).Exercise.Judge(answer, "").Right, right) << answer;
+    }
+}
+
+TEST(Multiplication, ARepeatedVerdictIsWrittenOtherwise)
+{
+    TypedExercise typed("7", "3");
+    const Multiplication& exercise = typed.Exercise;
+    const auto right = [&](const char* shown) { return exercise.Judge("21", shown).Text; };
+    const auto wrong = [&](const char* shown) { return exercise.Judge("22", shown).Text; };
+    EXPECT_EQ(right(""), "Resultado correcto ");
+    EXPECT_EQ(right("Resultado correcto "), " Resultado correcto ");
+    EXPECT_EQ(right(" Resultado correcto "), "Resultado correcto ");
+    EXPECT_EQ(right("Resultado correcto"), "Resultado correcto ");
+    EXPECT_EQ(right("resultado correcto "), "Resultado correcto ");
+    EXPECT_EQ(right("resultado incorrecto"), "Resultado correcto ");
+    EXPECT_EQ(wrong(""), "resultado incorrecto");
+    EXPECT_EQ(wrong("resultado incorrecto"), " resultado incorrecto");
+    EXPECT_EQ(wrong(" resultado incorrecto"), "resultado incorrecto");
+    EXPECT_EQ(wrong("resultado incorrecto "), "resultado incorrecto");
+    EXPECT_EQ(wrong("Resultado correcto "), "resultado incorrecto");
+}
+
+TEST(Multiplication, AResultThatADoubleCannotHoldCannotBeJudged)
+{
+    TypedExercise typed("7", "3");
+    for (const std::string& answer : { std::string("1e400"), std::string("-1e400"), std::string(400, '9') }) {
+        EXPECT_EQ(KindThrownBy([&] { typed.Exercise.Judge(answer, ""); }), RunTimeError::Kind::Overflow);
+    }
+    EXPECT_EQ(typed.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
+}
+
+// --------------------------------------------------------------------------------------------------------- counting
+
+TEST(Multiplication, ThreeWrongChecksCountThreeAndARightOneThenOnce)
+{
+    TypedExercise typed("7", "3");
+    Multiplication& exercise = typed.Exercise;
+    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  1; Errores:  1");
+    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  2; Errores:  2");
+    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  3; Errores:  3");
+    EXPECT_TRUE(exercise.Score.Scorable);
+    EXPECT_EQ(exercise.Count({ true, "" }), "Ejercicios:  4; Errores:  3");
+    EXPECT_FALSE(exercise.Score.Scorable);
+    EXPECT_EQ(exercise.Count({ true, "" }), "Ejercicios:  4; Errores:  3");
+    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  4; Errores:  3");
+}
+
+TEST(Multiplication, ACountThatTheScoreLineHasNoRoomForIsNotCounted)
+{
+    for (const bool right : { true, false }) {
+        TypedExercise typed("7", "3");
+        typed.Exercise.Score.ExerciseCount = 999;
+        typed.Exercise.Score.ErrorCount = 12;
+        EXPECT_EQ(KindThrownBy([&] { typed.Exercise.Count({ right, "" }); }), RunTimeError::Kind::InvalidArgument);
+        EXPECT_EQ(typed.Exercise.Score.Line(), "Ejercicios:999; Errores: 12");
+        EXPECT_TRUE(typed.Exercise.Score.Scorable);
+    }
+}
+
+TEST(Multiplication, NeitherJudgingNorRowsCount)
+{
+    TypedExercise typed("7", "3");
+    typed.Exercise.Judge("21", "");
+    typed.Exercise.Judge("22", "");
+    typed.Exercise.RowCount("3");
+    EXPECT_EQ(typed.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
+    EXPECT_TRUE(typed.Exercise.Score.Scorable);
+}
+
+// -------------------------------------------------------------------------------------------------- factors typed in
+
+struct EntryCase {
+    const char* Typed;
+    double Value;
+    const char* Text;
+    int Digits;
+    int Decimals;
+};
+
+const EntryCase entryCases[] = {
+    { "7", 7, "7", 1, 0 },
+    { "123", 123, "123", 3, 0 },
+    { "12,05", 12.05, "12,05", 2, 2 },
+    { "12,50", 12.5, "12,5", 2, 1 },
+    { "1.234,5", 1234.5, "1234,5", 4, 1 },
+    { "1.5", 15, "15", 2, 0 },
+    { " 7 ", 7, "7", 1, 0 },
+    { "0,05", 0.05, "0,05", 1, 2 },
+    { ",5", 0.5, "0,5", 1, 1 },
+    { "0", 0, "0", 1, 0 },
+    { "-0", 0, "0", 1, 0 },
+    { "007,50", 7.5, "7,5", 1, 1 },
+    { "0000", 0, "0", 1, 0 },
+    { "-12", -12, "-12", 3, 0 }, // the sign counts as a digit
+    { "-7,25", -7.25, "-7,25", 2, 2 },
+    { "1e3", 1000, "1000", 4, 0 },
+    { "0,123456789", 0.123456789, "0,123456789", 1, 9 },
+    { "12345678901", 12345678901, "12345678901", 11, 0 },
+    { "12345678901234567890", 12345678901234567890.0, "12345678901234600000", 20, 0 },
+    { "1e-12", 1e-12, "0,000000000001", 1, 12 },
+};
+
+TEST(Multiplication, ATypedFactorSetsTheDigitsAndDecimalsToDrawWith)
+{
+    for (const auto& [typed, value, text, digits, decimals] : entryCases) {
+        SCOPED_TRACE(typed);
+        TypedExercise first("2", "3");
+        EXPECT_TRUE(first.Exercise.EnterFactor1(typed).Accepted);
+        EXPECT_EQ(first.Exercise.EnterFactor1(typed).Message, "");
+        EXPECT_EQ(first.Exercise.Factor1, value);
+        EXPECT_EQ(first.Exercise.Factor1Text(), text);
+        EXPECT_EQ(first.Exercise.Digits1, digits);
+        EXPECT_EQ(first.Exercise.Decimals1, decimals);
+        EXPECT_EQ(first.Exercise.Digits2, 1);
+        EXPECT_EQ(first.Exercise.Decimals2, 0);
+        EXPECT_EQ(first.Exercise.Factor2, 3);
+        EXPECT_EQ(first.Exercise.Product, value * 3);
+
+        TypedExercise second("2", "3");
+        EXPECT_TRUE(second.Exercise.EnterFactor2(typed).Accepted);
+        EXPECT_EQ(second.Exercise.Factor2Text(), text);
+        EXPECT_EQ(second.Exercise.Digits2, digits);
+        EXPECT_EQ(second.Exercise.Decimals2, decimals);
+        EXPECT_EQ(second.Exercise.Digits1, 1);
+        EXPECT_EQ(second.Exercise.Factor1, 2);
+        EXPECT_EQ(second.Exercise.Product, 2 * value);
+        EXPECT_EQ(second.Exercise.RowCount(""), digits + decimals);
+    }
+}
+
+void expectUnchanged(const Multiplication& exercise)
+{
+    EXPECT_EQ(exercise.Factor1, 2.5);
+    EXPECT_EQ(exercise.Factor2, 12);
+    EXPECT_EQ(exercise.Product, 30);
+    EXPECT_EQ(exercise.Digits1, 1);
+    EXPECT_EQ(exercise.Decimals1, 1);
+    EXPECT_EQ(exercise.Digits2, 2);
+    EXPECT_EQ(exercise.Decimals2, 0);
+}
+
+TEST(Multiplication, RefusesWhatIsNoNumber)
+{
+    for (const char* typed : { "", "   ", "hola", "12a", "1,2,3", "--1", "-", ",", "1e", "1 2", "1e400", "-1e400" }) {
+        SCOPED_TRACE(typed);
+        TypedExercise exercise("2,5", "12");
+        for (const auto enter : { &Multiplication::EnterFactor1, &Multiplication::EnterFactor2 }) {
+            const Multiplication::FactorEntry entry = (exercise.Exercise.*enter)(typed);
+            EXPECT_FALSE(entry.Accepted);
+            EXPECT_EQ(entry.Message, "El dato introducido no es válido");
+            expectUnchanged(exercise.Exercise);
+        }
+    }
+}
+
+TEST(Multiplication, RefusesAFactorWhoseProductIsTooLarge)
+{
+    TypedExercise exercise("2,5", "12");
+    for (const char* typed : { "1e308", "-1e308", "1,7e308" }) {
+        for (const auto enter : { &Multiplication::EnterFactor1, &Multiplication::EnterFactor2 }) {
+            const Multiplication::FactorEntry entry = (exercise.Exercise.*enter)(typed);
+            EXPECT_FALSE(entry.Accepted);
+            EXPECT_EQ(entry.Message, "el producto de los dos factores produce un resultado demasiado grande");
+            expectUnchanged(exercise.Exercise);
+        }
+    }
+    EXPECT_TRUE(exercise.Exercise.EnterFactor1("1e307").Accepted);
+}
+
+TEST(Multiplication, ATypedFactorLeavesTheScoreAlone)
+{
+    for (const bool scorable : { true, false }) {
+        TypedExercise exercise("2", "3");
+        exercise.Exercise.Score.Scorable = scorable;
+        exercise.Exercise.EnterFactor1("7");
+        exercise.Exercise.EnterFactor2("nada");
+        EXPECT_EQ(exercise.Exercise.Score.Scorable, scorable);
+        EXPECT_EQ(exercise.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
+    }
+}
+
+TEST(Multiplication, TheNextDrawHasTheDigitsOfTheTypedFactor)
+{
+    SeededRandom random(4);
+    Multiplication exercise(random);
+    exercise.EnterFactor1("123,45");
+    exercise.NewMultiplication();
+    EXPECT_EQ(exercise.Factor1Text().size(), 6U);
+    EXPECT_EQ(exercise.Factor1Text().find(','), 3U);
+}
+
+TEST(Multiplication, TheNextDrawKeepsToWhatTheOptionsOffer)
+{
+    for (const char* typed : { "12345678901234567890", "1e300", "-1e300" }) {
+        SeededRandom random(4);
+        Multiplication exercise(random);
+        exercise.EnterFactor2("0");
+        EXPECT_TRUE(exercise.EnterFactor1(typed).Accepted);
+        exercise.NewMultiplication();
+        EXPECT_EQ(exercise.Digits1, 10) << typed;
+        EXPECT_EQ(exercise.Decimals1, 0) << typed;
+        EXPECT_EQ(exercise.Factor1Text().size(), 10U) << typed;
+    }
+    for (const char* typed : { "0,123456789", "1e-300", "1e-320" }) {
+        SeededRandom random(4);
+        Multiplication exercise(random);
+        EXPECT_TRUE(exercise.EnterFactor2(typed).Accepted);
+        exercise.NewMultiplication();
+        EXPECT_EQ(exercise.Digits2, 1) << typed;
+        EXPECT_EQ(exercise.Decimals2, 5) << typed;
+        EXPECT_EQ(exercise.Factor2Text().size(), 7U) << typed;
+    }
+}
+
+} // namespace
+
+} // namespace numbrela

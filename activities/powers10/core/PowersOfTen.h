@@ -1,0 +1,61 @@
+#pragma once
+
+#include "common/core/Int16.h"
+#include "common/core/OptionList.h"
+#include "common/core/Random.h"
+
+#include <string>
+#include <string_view>
+
+namespace numbrela {
+
+// A decimal number to be multiplied or divided by 10, 100 or 1000: draws the exercise, says how it is written and
+// judges the answer. Nothing is counted. Boxes, highlights and the focus are the form's.
+class PowersOfTen {
+public:
+    static constexpr OptionList Digits1Choices { 1, 4 };
+    static constexpr OptionList Digits2Choices { 2, 4 }; // digits of the greatest power: 4 stands for 1000
+
+    // What was said of an answer.
+    struct Verdict {
+        bool Right = false;
+        std::string Text;
+    };
+
+    // Draws from `random`, which must outlive the exercise. The first exercise is drawn by the first
+    // NewPowerOfTenExercise().
+    explicit PowersOfTen(RandomSource& random);
+
+    Int16 Digits1 = 2; // digits of the number before its comma is set
+    Int16 Digits2 = 3; // exponent of the greatest power of ten
+    double Factor1 = 0; // the decimal number
+    double Factor2 = 0; // the power of ten
+    double Product = 0; // Factor2 × Factor1, or Factor1 ÷ Factor2
+    std::string Sign; // " × " or " ÷ "
+
+    // Draws a number with 1 to `Digits1` decimals, a power of ten up to 10^`Digits2`, and the sign between them.
+    void NewPowerOfTenExercise();
+
+    // How the factors and the result are written: plain, with a decimal comma.
+    std::string Factor1Text() const;
+    std::string Factor2Text() const;
+    std::string Solution() const;
+
+    // Judges what stands in the answer box; nothing stands for 0. Right is what lies closer to the product than 10^-8.
+    Verdict Check(std::string_view answer) const;
+
+    // Takes a factor that someone typed, and works out the product anew. The second need not be a power of ten.
+    // Throws RunTimeError: TypeMismatch for what is no number, InvalidArgument for a division by 0, Overflow for a
+    // factor or a product that a double cannot hold.
+    void EnterFactor1(std::string_view typed);
+    void EnterFactor2(std::string_view typed);
+
+private:
+    int drawOneTo(int greatest);
+    double drawNumber();
+    void computeProduct();
+
+    RandomSource& random_;
+};
+
+} // namespace numbrela

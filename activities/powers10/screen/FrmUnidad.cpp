@@ -1,0 +1,183 @@
+#include "activities/powers10/screen/FrmUnidad.h"
+
+#include "common/screen/Boxes.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/KeyCodes.h"
+#include "common/screen/OptionMenu.h"
+#include "common/screen/TextBox.h"
+
+#include <QMenu>
+
+namespace numbrela {
+
+namespace {
+
+constexpr TwipsSize area { 7500, 6300 };
+constexpr FontSpec formFont { "Arial", 12 };
+constexpr FontSpec headingFont { "Arial", 14.25 };
+constexpr FontSpec arithmeticFont { "Arial", 20 };
+
+} // namespace
+
+FrmUnidad::FrmUnidad(const Clock& clock)
+    : FormWindow(QStringLiteral("FrmUnidad"), QStringLiteral("multiplicar y dividir por 10, 100, 1000"), area, formFont)
+    , random_(clock.Now().SecondsSinceMidnight)
+    , exercise_(random_)
+{
+    buildControls();
+    buildMenus();
+    showNewExercise();
+    TBRespuesta->setFocus();
+}
+
+// In the order in which the eye, and so the Tab key, goes through them.
+void FrmUnidad::buildControls()
+{
+    TbInstruc = AddReadOnlyBox(
+        Area(), QStringLiteral("TbInstruc"), QStringLiteral("Instrucción"), { 1500, 500, 4500, 500 }, headingFont);
+    TbInstruc->SetText("Resuelve la operación");
+    buildLineOfArithmetic();
+
+    const ButtonRowDesign row {
+        .Places = { { { 2750, 2800, 2000, 500 }, { 2750, 4000, 2000, 500 }, { 2750, 4600, 2000, 500 },
+            { 2750, 5200, 2000, 500 } } },
+        .Font = formFont,
+    };
+    Buttons = AddButtonRow(
+        Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
+    TBResultado = AddReadOnlyBox(
+        Area(), QStringLiteral("TBResultado"), QStringLiteral("Veredicto"), { 2250, 3400, 3000, 500 }, formFont);
+
+    SetTabSequence({ TbInstruc, TBRespuesta, Buttons.Command1, TBResultado, Buttons.Command2[0], Buttons.Command2[1],
+        Buttons.Command2[2] });
+}
+
+void FrmUnidad::buildLineOfArithmetic()
+{
+    constexpr int top = 1500;
+    constexpr int height = 700;
+    const struct {
+        QString SpokenName;
+        int Left;
+        int Width;
+    } places[] = {
+        { QStringLiteral("Número"), 350, 1600 },
+        { QStringLiteral("Signo"), 1950, 700 },
+        { QStringLiteral("Potencia de diez"), 2650, 1300 },
+        { QStringLiteral("Es igual a"), 3950, 600 },
+    };
+    for (std::size_t i = 0; i < TBDatos.size(); ++i) {
+        const auto& [spokenName, left, width] = places[i];
+        TBDatos[i] = AddReadOnlyBox(
+            Area(), QStringLiteral("TBDatos(%1)").arg(i), spokenName, { left, top, width, height }, arithmeticFont);
+        TBDatos[i]->setFocusPolicy(Qt::ClickFocus);
+    }
+    TBDatos[3]->SetText("=");
+
+    TBRespuesta = AddTextBox(Area(), QStringLiteral("TBRespuesta"), { 4700, top, 2450, height }, arithmeticFont);
+    TBRespuesta->setAccessibleName(QStringLiteral("Resultado"));
+    connect(TBRespuesta, &TextBox::KeyPress, this, &FrmUnidad::TBRespuesta_KeyPress);
+}
+
+// Both lists keep the marks that they get here: what is chosen later shows in the numbers alone.
+void FrmUnidad::buildMenus()
+{
+    QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
+    MnuOpcCi1 = new OptionMenu(
+        QStringLiteral("MnuOpcCi1"), QStringLiteral("&Cifras factor 1"), PowersOfTen::Digits1Choices,
+        [this](int index) { MnuOpcCi1Lis_Click(index); }, options);
+    MnuOpcCi2 = new OptionMenu(
+        QStringLiteral("MnuOpcCi2"), QStringLiteral("&Cifras factor 2"), PowersOfTen::Digits2Choices, [](int) {},
+        options);
+    MnuOpcCi1->CheckOnly(PowersOfTen::Digits1Choices.IndexOf(exercise_.Digits1));
+    MnuOpcCi2->CheckOnly(PowersOfTen::Digits2Choices.IndexOf(exercise_.Digits2 + 1));
+    options->addMenu(MnuOpcCi1);
+    options->addMenu(MnuOpcCi2);
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcIn1"), QStringLiteral("&Insertar factor 1..."), [this] { MnuOpcIn1_Click(); },
+        Qt::Key_F2);
+    AddMenuItem(
+        options, QStringLiteral("MnuOpcIn2"), QStringLiteral("&Insertar factor 2 ..."), [this] { MnuOpcIn2_Click(); },
+        Qt::Key_F3);
+    AddMenuItem(options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir Alt + F4"), [this] { MnuOpcSal_Click(); });
+}
+
+void FrmUnidad::showNewExercise()
+{
+    exercise_.NewPowerOfTenExercise();
+    TBDatos[0]->SetText(exercise_.Factor1Text());
+    TBDatos[1]->SetText(exercise_.Sign);
+    TBDatos[2]->SetText(exercise_.Factor2Text());
+    TBRespuesta->SetText("");
+    TBResultado->SetText("");
+    for (TextBox* box : TBDatos) {
+        box->SelectWholeText();
+    }
+}
+
+void FrmUnidad::Command1_Click()
+{
+    const PowersOfTen::Verdict verdict = exercise_.Check(TBRespuesta->Text());
+    TBResultado->SetText(verdict.Text);
+    TBResultado->SelectWholeText();
+    if (verdict.Right) {
+        Buttons.Command2[0]->setFocus();
+    } else {
+        TBRespuesta->setFocus();
+    }
+}
+
+void FrmUnidad::Command2_Click(int index)
+{
+    switch (index) {
+    case 0:
+        showNewExercise();
+        TBRespuesta->setFocus();
+        break;
+    case 1:
+        TBRespuesta->SetText("");
+        TBRespuesta->setFocus();
+        break;
+    case 2:
+        TBRespuesta->SetText(exercise_.Solution());
+        TBRespuesta->SelectWholeText();
+        Buttons.Command2[0]->setFocus();
+        break;
+    default:
+        break;
+    }
+}
+
+void FrmUnidad::TBRespuesta_KeyPress(QChar& character)
+{
+    TBResultado->SetText("");
+    if (character.unicode() == KeyCode::Enter) {
+        character = QChar();
+        Command1_Click();
+    }
+}
+
+void FrmUnidad::MnuOpcCi1Lis_Click(int index)
+{
+    exercise_.Digits1 = PowersOfTen::Digits1Choices.ValueAt(index);
+    showNewExercise();
+}
+
+// A typed factor does not show: the line keeps the drawn numbers, while the check and the solution use what was typed.
+void FrmUnidad::MnuOpcIn1_Click()
+{
+    exercise_.EnterFactor1(AskText(this, "Introduzca el primer factor de la multiplicación:", "Insertar factor 1"));
+}
+
+void FrmUnidad::MnuOpcIn2_Click()
+{
+    exercise_.EnterFactor2(AskText(this, "Introduzca el segundo factor de la multiplicación:", "Insertar factor 2"));
+}
+
+void FrmUnidad::MnuOpcSal_Click()
+{
+    close();
+}
+
+} // namespace numbrela

@@ -1,0 +1,395 @@
+#include "activities/powers10/screen/FrmUnidad.h"
+
+#include "common/screen/CommandButton.h"
+#include "common/screen/OptionMenu.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/RunTimeErrorsOf.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QSignalSpy>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+const QString prompt1 = QStringLiteral("Introduzca el primer factor de la multiplicación:");
+const QString prompt2 = QStringLiteral("Introduzca el segundo factor de la multiplicación:");
+const QString title1 = QStringLiteral("Insertar factor 1");
+const QString title2 = QStringLiteral("Insertar factor 2");
+
+std::string lineOf(const FrmUnidad& form)
+{
+    std::string line;
+    for (const TextBox* box : form.TBDatos) {
+        line += box->Text();
+    }
+    return line;
+}
+
+bool isWhollySelected(const TextBox& box)
+{
+    return box.hasSelectedText() && box.selectedText() == box.text();
+}
+
+std::vector<int> checkedItems(const OptionMenu& menu)
+{
+    std::vector<int> checked;
+    for (std::size_t index = 0; index < menu.Items().size(); ++index) {
+        if (menu.Items()[index]->isChecked()) {
+            checked.push_back(static_cast<int>(index));
+        }
+    }
+    return checked;
+}
+
+class FrmUnidadTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ShowAndActivate(form_);
+        expected_.NewPowerOfTenExercise();
+    }
+
+    std::string line() const { return lineOf(form_); }
+    std::string answer() const { return form_.TBRespuesta->Text(); }
+    std::string verdict() const { return form_.TBResultado->Text(); }
+
+    // The line that the exercise of a core with the same seed is written in.
+    std::string expectedLine() const
+    {
+        return expected_.Factor1Text() + expected_.Sign + expected_.Factor2Text() + "=";
+    }
+
+    void typeRightAnswer() { Type(QString::fromStdString(expected_.Solution())); }
+
+    FixedClock clock_;
+    FrmUnidad form_ { clock_ };
+    SeededRandom random_ { 37230 };
+    PowersOfTen expected_ { random_ };
+};
+
+TEST_F(FrmUnidadTest, OpensWithAnExerciseAndTheFocusInTheAnswer)
+{
+    EXPECT_EQ(line(), expectedLine());
+    EXPECT_EQ(answer(), "");
+    EXPECT_EQ(verdict(), "");
+    EXPECT_EQ(FocusName(), "TBRespuesta");
+    for (const TextBox* box : form_.TBDatos) {
+        EXPECT_TRUE(isWhollySelected(*box)) << box->Text();
+    }
+}
+
+TEST_F(FrmUnidadTest, EnterChecksARightAnswer)
+{
+    typeRightAnswer();
+    EXPECT_EQ(answer(), expected_.Solution()) << "written from left to right";
+    Press(Qt::Key_Return);
+    EXPECT_EQ(answer(), expected_.Solution()) << "Enter itself is not written";
+    EXPECT_EQ(verdict(), "Resultado correcto ");
+    EXPECT_TRUE(isWhollySelected(*form_.TBResultado));
+    EXPECT_EQ(FocusName(), "Command2(0)");
+}
+
+TEST_F(FrmUnidadTest, EnterChecksAWrongAnswer)
+{
+    Type(QStringLiteral("123456"));
+    Press(Qt::Key_Enter);
+    EXPECT_EQ(answer(), "123456");
+    EXPECT_EQ(verdict(), "Resultado incorrecto ");
+    EXPECT_TRUE(isWhollySelected(*form_.TBResultado));
+    EXPECT_EQ(FocusName(), "TBRespuesta");
+}
+
+TEST_F(FrmUnidadTest, TheButtonChecksAsEnterDoes)
+{
+    Click(form_, QStringLiteral("Command1"));
+    EXPECT_EQ(verdict(), "Resultado incorrecto ") << "an empty answer is 0";
+    EXPECT_EQ(FocusName(), "TBRespuesta");
+    typeRightAnswer();
+    // The button is seen to go down, and is clicked when it comes up again.
+    QSignalSpy clicked(form_.Buttons.Command1, &QPushButton::clicked);
+    Press(Qt::Key_H, Qt::AltModifier);
+    EXPECT_TRUE(!clicked.isEmpty() || clicked.wait());
+    EXPECT_EQ(verdict(), "Resultado correcto ");
+    EXPECT_EQ(FocusName(), "Command2(0)");
+}
+
+TEST_F(FrmUnidadTest, EveryKeyThatWritesClearsTheVerdictFirst)
+{
+    for (const int key : { int(Qt::Key_7), int(Qt::Key_Comma), int(Qt::Key_Space), int(Qt::Key_A),
+             int(Qt::Key_Backspace), int(Qt::Key_Escape) }) {
+        Press(Qt::Key_Return);
+        ASSERT_EQ(verdict(), "Resultado incorrecto ") << key;
+        Press(key);
+        EXPECT_EQ(verdict(), "") << key;
+    }
+    EXPECT_TRUE(form_.isVisible());
+}
+
+TEST_F(FrmUnidadTest, KeysThatWriteNothingLeaveTheVerdict)
+{
+    Type(QStringLiteral("12"));
+    Press(Qt::Key_Return);
+    for (const int key : { int(Qt::Key_Left), int(Qt::Key_Right), int(Qt::Key_Home), int(Qt::Key_Delete) }) {
+        Press(key);
+        EXPECT_EQ(verdict(), "Resultado incorrecto ");
+    }
+    EXPECT_EQ(answer(), "2");
+}
+
+TEST_F(FrmUnidadTest, ContinuingDrawsTheNextExercise)
+{
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Return);
+    Click(form_, QStringLiteral("Command2(0)"));
+    expected_.NewPowerOfTenExercise();
+    EXPECT_EQ(line(), expectedLine());
+    EXPECT_EQ(answer(), "");
+    EXPECT_EQ(verdict(), "");
+    EXPECT_EQ(FocusName(), "TBRespuesta");
+    for (const TextBox* box : form_.TBDatos) {
+        EXPECT_TRUE(isWhollySelected(*box)) << box->Text();
+    }
+    typeRightAnswer();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(verdict(), "Resultado correcto ");
+}
+
+TEST_F(FrmUnidadTest, ClearingClearsTheAnswerAlone)
+{
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Return);
+    Click(form_, QStringLiteral("Command2(1)"));
+    EXPECT_EQ(answer(), "");
+    EXPECT_EQ(verdict(), "Resultado incorrecto ");
+    EXPECT_EQ(line(), expectedLine());
+    EXPECT_EQ(FocusName(), "TBRespuesta");
+}
+
+TEST_F(FrmUnidadTest, TheSolutionIsWrittenHighlightedAndIsRight)
+{
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Return);
+    Click(form_, QStringLiteral("Command2(2)"));
+    EXPECT_EQ(answer(), expected_.Solution());
+    EXPECT_TRUE(isWhollySelected(*form_.TBRespuesta));
+    EXPECT_EQ(verdict(), "Resultado incorrecto ") << "the verdict stays";
+    EXPECT_EQ(FocusName(), "Command2(0)");
+    Click(form_, QStringLiteral("Command1"));
+    EXPECT_EQ(verdict(), "Resultado correcto ");
+}
+
+TEST_F(FrmUnidadTest, AHeldEnterChecksOnceAndDoesNotContinue)
+{
+    typeRightAnswer();
+    HoldDown(Qt::Key_Return);
+    for (int i = 0; i < 10; ++i) {
+        Repeat(Qt::Key_Return);
+    }
+    LetGo(Qt::Key_Return);
+    EXPECT_EQ(verdict(), "Resultado correcto ");
+    EXPECT_EQ(line(), expectedLine());
+}
+
+TEST_F(FrmUnidadTest, TheTabKeyGoesThroughTheWindowAsTheEyeDoes)
+{
+    std::vector<std::string> sequence;
+    for (int i = 0; i < 7; ++i) {
+        sequence.push_back(FocusName());
+        Press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(sequence,
+        (std::vector<std::string> {
+            "TBRespuesta", "Command1", "TBResultado", "Command2(0)", "Command2(1)", "Command2(2)", "TbInstruc" }));
+    EXPECT_EQ(FocusName(), "TBRespuesta");
+}
+
+TEST_F(FrmUnidadTest, OnlyTheAnswerCanBeTypedInto)
+{
+    const std::string before = line();
+    for (const char* name : { "TbInstruc", "TBDatos(0)", "TBDatos(1)", "TBDatos(2)", "TBDatos(3)", "TBResultado" }) {
+        Click(form_, QString::fromLatin1(name));
+        Type(QStringLiteral("7"));
+        Press(Qt::Key_Backspace);
+    }
+    EXPECT_EQ(form_.TbInstruc->Text(), "Resuelve la operación");
+    EXPECT_EQ(line(), before);
+    EXPECT_EQ(verdict(), "");
+    EXPECT_EQ(answer(), "");
+}
+
+// ------------------------------------------------------------------------------------------------------------ options
+
+TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNoMark)
+{
+    for (const int index : { 3, 0, 2, 1, 0 }) {
+        Type(QStringLiteral("5"));
+        Press(Qt::Key_Return);
+        Choose(form_, QStringLiteral("MnuOpcCi1Lis(%1)").arg(index));
+        expected_.Digits1 = index + 1;
+        expected_.NewPowerOfTenExercise();
+        EXPECT_EQ(line(), expectedLine());
+        EXPECT_EQ(answer(), "");
+        EXPECT_EQ(verdict(), "");
+        EXPECT_EQ(checkedItems(*form_.MnuOpcCi1), std::vector { 1 });
+        EXPECT_EQ(checkedItems(*form_.MnuOpcCi2), std::vector { 2 });
+        for (int i = 0; i < 20; ++i) {
+            Click(form_, QStringLiteral("Command2(0)"));
+            expected_.NewPowerOfTenExercise();
+            ASSERT_EQ(line(), expectedLine());
+        }
+    }
+}
+
+TEST_F(FrmUnidadTest, ChoosingDigitsOfThePowerDoesNothing)
+{
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Return);
+    for (int index = 0; index < 4; ++index) {
+        Choose(form_, QStringLiteral("MnuOpcCi2Lis(%1)").arg(index));
+        EXPECT_EQ(line(), expectedLine());
+        EXPECT_EQ(answer(), "5");
+        EXPECT_EQ(verdict(), "Resultado incorrecto ");
+        EXPECT_EQ(checkedItems(*form_.MnuOpcCi1), std::vector { 1 });
+        EXPECT_EQ(checkedItems(*form_.MnuOpcCi2), std::vector { 2 });
+    }
+    std::set<std::string> powers;
+    for (int i = 0; i < 60; ++i) {
+        Click(form_, QStringLiteral("Command2(0)"));
+        powers.insert(form_.TBDatos[2]->Text());
+    }
+    EXPECT_EQ(powers, (std::set<std::string> { "10", "100", "1000" }));
+}
+
+TEST_F(FrmUnidadTest, TheExitClosesTheWindow)
+{
+    Choose(form_, QStringLiteral("MnuOpcSal"));
+    EXPECT_FALSE(form_.isVisible());
+}
+
+// ------------------------------------------------------------------------------------------------------ typed factors
+
+TEST_F(FrmUnidadTest, TypedFactorsDoNotShowButCount)
+{
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Return);
+    ExpectInput(title1, prompt1, QStringLiteral("2,5"));
+    Press(Qt::Key_F2);
+    ExpectInput(title2, prompt2, QStringLiteral("4"));
+    Press(Qt::Key_F3);
+    EXPECT_EQ(line(), expectedLine());
+    EXPECT_EQ(answer(), "5");
+    EXPECT_EQ(verdict(), "Resultado incorrecto ");
+
+    expected_.EnterFactor1("2,5");
+    expected_.EnterFactor2("4");
+    Click(form_, QStringLiteral("Command2(1)"));
+    Type(expected_.Sign == " × " ? QStringLiteral("10") : QStringLiteral("0,625"));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(verdict(), "Resultado correcto ");
+    Click(form_, QStringLiteral("Command2(2)"));
+    EXPECT_EQ(answer(), expected_.Solution());
+}
+
+TEST_F(FrmUnidadTest, TheMenuAsksForTheFactorsToo)
+{
+    ExpectInput(title1, prompt1, QStringLiteral("8"));
+    Choose(form_, QStringLiteral("MnuOpcIn1"));
+    ExpectInput(title2, prompt2, QStringLiteral("16"));
+    Choose(form_, QStringLiteral("MnuOpcIn2"));
+    Click(form_, QStringLiteral("Command2(2)"));
+    EXPECT_EQ(answer(), expected_.Sign == " × " ? "128" : "0,5");
+}
+
+TEST_F(FrmUnidadTest, TheNextExerciseForgetsTypedFactors)
+{
+    ExpectInput(title1, prompt1, QStringLiteral("8"));
+    Press(Qt::Key_F2);
+    Click(form_, QStringLiteral("Command2(0)"));
+    expected_.NewPowerOfTenExercise();
+    Click(form_, QStringLiteral("Command2(2)"));
+    EXPECT_EQ(line(), expectedLine());
+    EXPECT_EQ(answer(), expected_.Solution());
+}
+
+void expectTypeMismatch(const std::vector<RunTimeError>& errors)
+{
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_EQ(errors[0].ErrorKind(), RunTimeError::Kind::TypeMismatch);
+}
+
+TEST(FrmUnidadFactorEntry, WhatIsNoNumberEndsTheProgram)
+{
+    for (const char* typed : { "", "  ", "hola", "1,2,3" }) {
+        SCOPED_TRACE(typed);
+        expectTypeMismatch(RunTimeErrorsOf([typed] {
+            const FixedClock clock;
+            FrmUnidad form(clock);
+            ShowAndActivate(form);
+            ExpectInput(title1, prompt1, QString::fromLatin1(typed));
+            Press(Qt::Key_F2);
+        }));
+        expectTypeMismatch(RunTimeErrorsOf([typed] {
+            const FixedClock clock;
+            FrmUnidad form(clock);
+            ShowAndActivate(form);
+            ExpectInput(title2, prompt2, QString::fromLatin1(typed));
+            Press(Qt::Key_F3);
+        }));
+    }
+}
+
+TEST(FrmUnidadFactorEntry, CancellingEndsTheProgram)
+{
+    expectTypeMismatch(RunTimeErrorsOf([] {
+        const FixedClock clock;
+        FrmUnidad form(clock);
+        ShowAndActivate(form);
+        ExpectInputCancelled(title1, prompt1, QStringLiteral("12"));
+        Press(Qt::Key_F2);
+    }));
+    expectTypeMismatch(RunTimeErrorsOf([] {
+        const FixedClock clock;
+        FrmUnidad form(clock);
+        ShowAndActivate(form);
+        ExpectInputCancelled(title2, prompt2);
+        Press(Qt::Key_F3);
+    }));
+}
+
+// ---------------------------------------------------------------------------------------------------------- lifecycle
+
+TEST_F(FrmUnidadTest, TheNextOpeningHasTwoDigitNumbersAgain)
+{
+    Choose(form_, QStringLiteral("MnuOpcCi1Lis(3)"));
+    form_.close();
+    FrmUnidad again(clock_);
+    ShowAndActivate(again);
+    EXPECT_EQ(lineOf(again), expectedLine());
+}
+
+TEST_F(FrmUnidadTest, TheFractionOfTheSecondIsPartOfTheSeed)
+{
+    std::set<std::string> lines;
+    for (const double fraction : { 0.0, 0.25, 0.5, 0.75 }) {
+        const FixedClock clock({ 10, 20, 30, 37230 + fraction });
+        const FrmUnidad form(clock);
+        lines.insert(lineOf(form));
+    }
+    EXPECT_GT(lines.size(), 1U);
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,404 @@
+#include "activities/powers10/core/PowersOfTen.h"
+
+#include "tests/support/ForeignLocale.h"
+#include "tests/support/KindThrownBy.h"
+#include "tests/support/ScriptedRandom.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using numbrela::testing::ForeignLocale;
+using numbrela::testing::KindThrownBy;
+using numbrela::testing::ScriptedRandom;
+using numbrela::testing::StrangePunctuation;
+
+constexpr double multiply = 0.25;
+constexpr double divide = 0.75;
+constexpr double greatestDraw = 1 - 0x1p-53;
+
+// The draw that makes this one of so many equally likely values, counted from 1.
+double drawOf(double value, double count)
+{
+    return (value - 0.5) / count;
+}
+
+// The draws of an exercise with the default options: a number of two digits, its decimals, an exponent, the sign.
+ScriptedRandom drawsOf(int number, int decimals, int exponent, double sign)
+{
+    return { drawOf(number, 100), drawOf(decimals, 2), drawOf(exponent, 3), sign };
+}
+
+PowersOfTen drawn(ScriptedRandom& random, int digits1 = 2, int digits2 = 3)
+{
+    PowersOfTen exercise(random);
+    exercise.Digits1 = digits1;
+    exercise.Digits2 = digits2;
+    exercise.NewPowerOfTenExercise();
+    EXPECT_TRUE(random.AllDrawn());
+    return exercise;
+}
+
+// A decimal number moved by so many places, on its text: how a pupil does it.
+std::string movedComma(std::string text, int places)
+{
+    std::size_t comma = text.find(',');
+    if (comma == std::string::npos) {
+        comma = text.size();
+    } else {
+        text.erase(comma, 1);
+    }
+    const int target = static_cast<int>(comma) + places;
+    if (target <= 0) {
+        text.insert(0, static_cast<std::size_t>(1 - target), '0');
+    } else if (static_cast<std::size_t>(target) > text.size()) {
+        text.append(static_cast<std::size_t>(target) - text.size(), '0');
+    }
+    text.insert(static_cast<std::size_t>(target <= 0 ? 1 : target), ",");
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == ',') {
+        text.pop_back();
+    }
+    while (text.size() > 1 && text[0] == '0' && text[1] != ',') {
+        text.erase(0, 1);
+    }
+    return text;
+}
+
+// ----------------------------------------------------------------------------------------------------------- at load
+
+TEST(PowersOfTen, StartsWithTwoDigitsAndPowersUpTo1000)
+{
+    ScriptedRandom random {};
+    const PowersOfTen exercise(random);
+    EXPECT_EQ(exercise.Digits1, 2);
+    EXPECT_EQ(exercise.Digits2, 3);
+}
+
+TEST(PowersOfTen, OffersOneToFourDigitsAndPowersOfTwoToFiveDigits)
+{
+    std::string captions;
+    for (const OptionList& list : { PowersOfTen::Digits1Choices, PowersOfTen::Digits2Choices }) {
+        for (int index = 0; index < list.Count; ++index) {
+            captions += list.CaptionAt(index);
+        }
+        captions += ' ';
+    }
+    EXPECT_EQ(captions, "&1&2&3&4 &2&3&4&5 ");
+}
+
+// ----------------------------------------------------------------------------------------------------------- drawing
+
+struct DrawCase {
+    const char* What;
+    int Digits1;
+    int Digits2;
+    ScriptedRandom Random;
+    const char* Line;
+    const char* Solution;
+};
+
+TEST(PowersOfTen, DrawsNumberDecimalsPowerAndSignInThisOrder)
+{
+    DrawCase cases[] = {
+        { "one decimal", 2, 3, drawsOf(57, 1, 2, multiply), "5,7 × 100", "570" },
+        { "two decimals", 2, 3, drawsOf(57, 2, 3, divide), "0,57 ÷ 1000", "0,00057" },
+        { "the least draws of all", 2, 3, { 0, 0, 0, 0 }, "0,1 × 10", "1" },
+        { "a sign draw of exactly a half", 2, 3, { 0, 0, 0, 0.5 }, "0,1 ÷ 10", "0,01" },
+        { "a sign draw just below a half", 2, 3, { 0, 0, 0, std::nextafter(0.5, 0) }, "0,1 × 10", "1" },
+        { "the greatest draws of all", 2, 3, { greatestDraw, greatestDraw, greatestDraw, greatestDraw }, "0,92 ÷ 1000",
+            "0,00092" },
+        { "the edge between two numbers", 2, 3, { 0.5, 0.5, 1.0 / 3, 0 }, "0,51 × 100", "51" },
+        { "a number that loses its decimals", 2, 3, drawsOf(50, 1, 1, multiply), "5 × 10", "50" },
+        { "a number that loses one decimal", 2, 3, drawsOf(50, 2, 1, divide), "0,5 ÷ 10", "0,05" },
+        { "one digit", 1, 3, { drawOf(7, 10), greatestDraw, drawOf(2, 3), multiply }, "0,7 × 100", "70" },
+        { "three digits", 3, 3, { drawOf(123, 1000), drawOf(1, 3), drawOf(1, 3), divide }, "12,3 ÷ 10", "1,23" },
+        { "four digits", 4, 3, { drawOf(1234, 10000), drawOf(4, 4), drawOf(3, 3), divide }, "0,1234 ÷ 1000",
+            "0,0001234" },
+        { "four digits, one decimal", 4, 3, { drawOf(9999, 10000), drawOf(1, 4), drawOf(3, 3), multiply },
+            "999,9 × 1000", "999900" },
+        { "the least number of four decimals", 4, 3, { 0, greatestDraw, greatestDraw, divide }, "0,0001 ÷ 1000",
+            "0,0000001" },
+        { "a power up to 10000", 2, 4, { drawOf(57, 100), drawOf(1, 2), drawOf(4, 4), multiply }, "5,7 × 10000",
+            "57000" },
+        { "a power of 10 alone", 2, 1, { drawOf(57, 100), drawOf(1, 2), greatestDraw, multiply }, "5,7 × 10", "57" },
+    };
+    for (auto& [what, digits1, digits2, random, line, solution] : cases) {
+        SCOPED_TRACE(what);
+        const PowersOfTen exercise = drawn(random, digits1, digits2);
+        EXPECT_EQ(exercise.Factor1Text() + exercise.Sign + exercise.Factor2Text(), line);
+        EXPECT_EQ(exercise.Solution(), solution);
+    }
+}
+
+TEST(PowersOfTen, ANumberOneDigitTooLongIsMovedDownBy8)
+{
+    const struct {
+        int Digits;
+        const char* Number; // with as many decimals as digits
+    } cases[] = { { 1, "0,2" }, { 2, "0,92" }, { 3, "0,992" }, { 4, "0,9992" } };
+    for (const auto& [digits, number] : cases) {
+        const double count = std::pow(10, digits);
+        ScriptedRandom tooLong { drawOf(count, count), greatestDraw, 0, multiply };
+        EXPECT_EQ(drawn(tooLong, digits).Factor1Text(), number);
+        ScriptedRandom longest { drawOf(count - 1, count), greatestDraw, 0, multiply };
+        EXPECT_EQ(drawn(longest, digits).Factor1Text(), "0," + std::string(static_cast<std::size_t>(digits), '9'));
+    }
+}
+
+TEST(PowersOfTen, OneDigitNumbersAreTenthsAnd0Comma2IsTwiceAsLikely)
+{
+    std::map<std::string, int> weights;
+    for (int number = 1; number <= 10; ++number) {
+        ScriptedRandom random { drawOf(number, 10), 0, 0, multiply };
+        ++weights[drawn(random, 1).Factor1Text()];
+    }
+    const std::map<std::string, int> expected { { "0,1", 1 }, { "0,2", 2 }, { "0,3", 1 }, { "0,4", 1 }, { "0,5", 1 },
+        { "0,6", 1 }, { "0,7", 1 }, { "0,8", 1 }, { "0,9", 1 } };
+    EXPECT_EQ(weights, expected);
+}
+
+// Every exercise of up to three digits: its number written out, its comma moved by hand.
+TEST(PowersOfTen, EverySolutionIsTheNumberWithItsCommaMoved)
+{
+    for (int digits = 1; digits <= 3; ++digits) {
+        const int count = static_cast<int>(std::pow(10, digits));
+        for (int number = 1; number < count; ++number) {
+            for (int decimals = 1; decimals <= digits; ++decimals) {
+                for (int exponent = 1; exponent <= 3; ++exponent) {
+                    for (const double sign : { multiply, divide }) {
+                        ScriptedRandom random { drawOf(number, count), drawOf(decimals, digits), drawOf(exponent, 3),
+                            sign };
+                        const PowersOfTen exercise = drawn(random, digits);
+                        const std::string factor = movedComma(std::to_string(number), -decimals);
+                        const std::string solution = movedComma(factor, sign == multiply ? exponent : -exponent);
+                        ASSERT_EQ(exercise.Factor1Text(), factor);
+                        ASSERT_EQ(exercise.Solution(), solution) << factor << exercise.Sign << exercise.Factor2Text();
+                        ASSERT_TRUE(exercise.Check(solution).Right);
+                        ASSERT_FALSE(exercise.Check(movedComma(solution, 1)).Right);
+                        ASSERT_FALSE(exercise.Check(movedComma(solution, -1)).Right);
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST(PowersOfTen, EveryDecimalPlacePowerAndSignIsEquallyLikely)
+{
+    constexpr int draws = 12000;
+    SeededRandom random(37230.25);
+    PowersOfTen exercise(random);
+    std::map<std::string, int> powers;
+    std::map<std::string, int> signs;
+    int belowOne = 0;
+    for (int i = 0; i < draws; ++i) {
+        exercise.NewPowerOfTenExercise();
+        ++powers[exercise.Factor2Text()];
+        ++signs[exercise.Sign];
+        belowOne += exercise.Factor1 < 1 ? 1 : 0;
+        ASSERT_GT(exercise.Factor1, 0);
+        ASSERT_LT(exercise.Factor1, 10);
+        ASSERT_EQ(exercise.Product,
+            exercise.Sign == " × " ? exercise.Factor2 * exercise.Factor1 : exercise.Factor1 / exercise.Factor2);
+    }
+    ASSERT_EQ(powers.size(), 3U);
+    for (const char* power : { "10", "100", "1000" }) {
+        EXPECT_NEAR(powers[power], draws / 3, 310) << power; // six standard deviations
+    }
+    ASSERT_EQ(signs.size(), 2U);
+    EXPECT_NEAR(signs[" × "], draws / 2, 330);
+    // All numbers of two decimals, and of those with one the nine below 10 in a hundred.
+    EXPECT_NEAR(belowOne, draws * (0.5 + 0.5 * 0.09), 330);
+}
+
+TEST(PowersOfTen, NumbersHaveADecimalCommaInEveryCountry)
+{
+    const ForeignLocale foreign("de_DE.UTF-8", std::locale(std::locale(), new StrangePunctuation));
+    ScriptedRandom random = drawsOf(57, 2, 3, divide);
+    const PowersOfTen exercise = drawn(random);
+    EXPECT_EQ(exercise.Factor1Text(), "0,57");
+    EXPECT_EQ(exercise.Factor2Text(), "1000");
+    EXPECT_EQ(exercise.Solution(), "0,00057");
+    EXPECT_TRUE(exercise.Check("0,00057").Right);
+}
+
+// ---------------------------------------------------------------------------------------------------------- checking
+
+// Factors that were typed reach every product; the sign is a multiplication's.
+PowersOfTen withProduct(RandomSource& random, const char* product)
+{
+    PowersOfTen exercise(random);
+    exercise.Sign = " × ";
+    exercise.Factor2 = 1;
+    exercise.EnterFactor1(product);
+    return exercise;
+}
+
+TEST(PowersOfTen, JudgesAnswersAsNumbers)
+{
+    const struct {
+        const char* Product;
+        const char* Answer;
+        bool Right;
+    } cases[] = {
+        { "5,7", "5,7", true },
+        { "5,7", "5,70", true },
+        { "5,7", "05,7", true },
+        { "5,7", "+5,7", true },
+        { "5,7", "5.7", true },
+        { "5,7", " 5,7 ", true },
+        { "5,7", "5 , 7", true },
+        { "5,7", "57e-1", true },
+        { "5,7", "5,7 metros", true }, // what follows the number is not read
+        { "5,7", "5,7,1", true },
+        { "5,7", "x5,7", false },
+        { "5,7", "5,6", false },
+        { "5,7", "-5,7", false },
+        { "5,7", "57", false },
+        { "5,7", "", false },
+        { "5,7", ",", false },
+        { "5,7", "1e999", false },
+        { "5700", "5700", true },
+        { "5700", "5.700", false }, // the point is a decimal one here
+        { "5700", "5 700", true },
+        { "0,00057", "0,00057", true },
+        { "0,00057", ",00057", true },
+        { "0,00057", "0,0005", false },
+        { "0", "", true }, // nothing counts as 0
+        { "0", "0", true },
+        { "0", "hola", true },
+        { "0", "   ", true },
+        { "0", "0,000000009", true },
+        { "0", "0,00000001", false }, // 10^-8 itself is off
+        { "0", "-0,00000001", false },
+        { "0", "-0,0000000099", true },
+        { "570", "570,000000005", true },
+        { "570", "570,00000002", false },
+        { "570", "569,99999998", false },
+        { "570", "569,999999995", true },
+    };
+    ScriptedRandom random {};
+    for (const auto& [product, answer, right] : cases) {
+        SCOPED_TRACE(std::string(product) + ", answered " + answer);
+        const PowersOfTen::Verdict verdict = withProduct(random, product).Check(answer);
+        EXPECT_EQ(verdict.Right, right);
+        EXPECT_EQ(verdict.Text, right ? "Resultado correcto " : "Resultado incorrecto ");
+    }
+}
+
+TEST(PowersOfTen, CheckingChangesNothing)
+{
+    ScriptedRandom random = drawsOf(57, 1, 2, multiply);
+    const PowersOfTen exercise = drawn(random);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_FALSE(exercise.Check("57").Right);
+        EXPECT_TRUE(exercise.Check("570").Right);
+    }
+    EXPECT_EQ(exercise.Factor1Text() + exercise.Sign + exercise.Factor2Text(), "5,7 × 100");
+}
+
+// ----------------------------------------------------------------------------------------------------- typed factors
+
+struct EntryCase {
+    double Sign;
+    int Factor;
+    const char* Typed;
+    const char* Solution;
+};
+
+TEST(PowersOfTen, ATypedFactorMakesANewProduct)
+{
+    const EntryCase cases[] = {
+        // of 5,7 and 100
+        { multiply, 1, "3,2", "320" },
+        { multiply, 2, "10", "57" },
+        { multiply, 2, "7", "39,9" }, // no power of ten
+        { multiply, 2, "0", "0" },
+        { multiply, 2, "-10", "-57" },
+        { divide, 1, "3,2", "0,032" },
+        { divide, 2, "1000", "0,0057" },
+        { divide, 2, "4", "1,425" },
+        { divide, 1, "0", "0" },
+        { multiply, 1, " 12 ", "1200" },
+        { multiply, 1, "1.234,5", "123450" }, // "." between thousands
+        { multiply, 1, "1.5", "1500" },
+        { multiply, 1, "1e2", "10000" },
+        { multiply, 1, ",5", "50" },
+    };
+    for (const auto& [sign, factor, typed, solution] : cases) {
+        SCOPED_TRACE(std::string(typed) + " as factor " + std::to_string(factor));
+        ScriptedRandom random = drawsOf(57, 1, 2, sign);
+        PowersOfTen exercise = drawn(random);
+        const std::string signBefore = exercise.Sign;
+        factor == 1 ? exercise.EnterFactor1(typed) : exercise.EnterFactor2(typed);
+        EXPECT_EQ(exercise.Solution(), solution);
+        EXPECT_TRUE(exercise.Check(solution).Right);
+        EXPECT_FALSE(exercise.Check(sign == multiply ? "570" : "0,057").Right);
+        EXPECT_EQ(exercise.Sign, signBefore);
+        EXPECT_EQ(exercise.Digits1, 2);
+        EXPECT_EQ(exercise.Digits2, 3);
+    }
+}
+
+TEST(PowersOfTen, BothFactorsCanBeTyped)
+{
+    ScriptedRandom random = drawsOf(57, 1, 2, divide);
+    PowersOfTen exercise = drawn(random);
+    exercise.EnterFactor1("8");
+    exercise.EnterFactor2("32");
+    EXPECT_EQ(exercise.Solution(), "0,25");
+}
+
+TEST(PowersOfTen, TheNextExerciseForgetsTypedFactors)
+{
+    ScriptedRandom random { 0, 0, 0, multiply, drawOf(57, 100), 0, drawOf(2, 3), divide };
+    PowersOfTen exercise(random);
+    exercise.NewPowerOfTenExercise();
+    exercise.EnterFactor1("8");
+    exercise.EnterFactor2("3");
+    exercise.NewPowerOfTenExercise();
+    EXPECT_EQ(exercise.Factor1Text() + exercise.Sign + exercise.Factor2Text(), "5,7 ÷ 100");
+    EXPECT_EQ(exercise.Solution(), "0,057");
+}
+
+TEST(PowersOfTen, WhatIsNoNumberIsATypeMismatch)
+{
+    for (const char* typed : { "", " ", "hola", "12a", "1,2,3", "--1", "-", ",", "e3", "1 2", "inf", "nan", "0x10" }) {
+        SCOPED_TRACE(typed);
+        ScriptedRandom random = drawsOf(57, 1, 2, multiply);
+        PowersOfTen exercise = drawn(random);
+        EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor1(typed); }), RunTimeError::Kind::TypeMismatch);
+        EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor2(typed); }), RunTimeError::Kind::TypeMismatch);
+        EXPECT_EQ(exercise.Solution(), "570");
+    }
+}
+
+TEST(PowersOfTen, NoNumberHoldsAProductTooLarge)
+{
+    ScriptedRandom random = drawsOf(57, 1, 2, multiply);
+    PowersOfTen exercise = drawn(random);
+    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor1("1e400"); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor1("1e308"); }), RunTimeError::Kind::Overflow);
+}
+
+TEST(PowersOfTen, NothingCanBeDividedByZero)
+{
+    ScriptedRandom random = drawsOf(57, 1, 2, divide);
+    PowersOfTen exercise = drawn(random);
+    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor2("0"); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor1("0"); }), RunTimeError::Kind::InvalidArgument);
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,187 @@
+#include "bench/Bench.h"
+
+#include <array>
+#include <csignal>
+#include <optional>
+#include <string>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// Starts the program and an empty window in turn, and prints how long each took until its first window was painted and
+// how much memory it held then. Neither program is changed for it: a plugin that Qt loads into both tells the moment.
+// On an X server without a screen, see to it that the server does not start afresh whenever a program ends, which takes
+// longer than what is measured: xvfb-run -s "-noreset -screen 0 1366x768x24" build/release/bench/bench_start
+
+namespace numbrela::bench {
+
+namespace {
+
+constexpr std::size_t rounds = 40;
+constexpr int mostFailures = 5;
+constexpr double aimedRatio = 1.15;
+
+// One start of one program.
+struct Start {
+    double Milliseconds = 0; // from before the process exists until its first window has been painted
+    double Resident = 0; // MiB of memory at that moment
+    double Anonymous = 0; // MiB of that which no file backs: heap, stack and written data
+    double Proportional = 0; // MiB of it, each page shared with other processes counted in part; 0 where nobody tells
+};
+
+// The number after "<name>:" in the lines that the plugin sent.
+double numberAfter(const std::string& lines, const std::string& name)
+{
+    const std::size_t found = lines.find(name + ":");
+    return found == std::string::npos ? 0 : std::strtod(lines.c_str() + found + name.size() + 1, nullptr);
+}
+
+// What comes through the pipe until its other end is closed; as much of it as came, when nothing more does for long.
+std::string readToEnd(int pipe)
+{
+    constexpr int patience = 20'000; // milliseconds
+    std::string all;
+    std::array<char, 4096> buffer;
+    pollfd waiting { .fd = pipe, .events = POLLIN, .revents = 0 };
+    while (poll(&waiting, 1, patience) > 0) {
+        const ssize_t count = read(pipe, buffer.data(), buffer.size());
+        if (count <= 0) {
+            break;
+        }
+        all.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    return all;
+}
+
+Start startFrom(const std::string& told, std::chrono::steady_clock::time_point spawned)
+{
+    constexpr double nanoseconds = 1e-6; // in milliseconds
+    constexpr double kibibytes = 1.0 / 1024; // in mebibytes
+    // The plugin reads the same clock.
+    const auto before = std::chrono::duration<double, std::milli>(spawned.time_since_epoch()).count();
+    return {
+        .Milliseconds = numberAfter(told, "FirstPaint") * nanoseconds - before,
+        .Resident = numberAfter(told, "VmRSS") * kibibytes,
+        .Anonymous = numberAfter(told, "RssAnon") * kibibytes,
+        .Proportional = numberAfter(told, "Pss") * kibibytes,
+    };
+}
+
+// Runs a program until its first paint. Nothing when it ended otherwise.
+std::optional<Start> startOnce(const char* program)
+{
+    std::array<int, 2> pipeEnds {};
+    if (pipe(pipeEnds.data()) != 0) {
+        return std::nullopt;
+    }
+    setenv("QT_QPA_GENERIC_PLUGINS", ("firstpaint:" + std::to_string(pipeEnds[1])).c_str(), 1);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addclose(&actions, pipeEnds[0]);
+    // The platform without a display warns of every window, which is no news here.
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    std::string name = program;
+    std::array<char*, 2> arguments { name.data(), nullptr };
+
+    pid_t process = 0;
+    const auto spawned = std::chrono::steady_clock::now();
+    const int failed = posix_spawn(&process, program, &actions, nullptr, arguments.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    close(pipeEnds[1]);
+    const std::string told = failed != 0 ? std::string() : readToEnd(pipeEnds[0]);
+    close(pipeEnds[0]);
+    if (failed != 0) {
+        return std::nullopt;
+    }
+    if (told.empty()) {
+        kill(process, SIGKILL); // it may have a window that never gets painted
+    }
+    int status = -1;
+    if (waitpid(process, &status, 0) != process || status != 0) {
+        return std::nullopt;
+    }
+    return startFrom(told, spawned);
+}
+
+using Starts = std::vector<Start>;
+
+double medianOf(const Starts& starts, double Start::*figure)
+{
+    std::vector<double> figures;
+    for (const Start& start : starts) {
+        figures.push_back(start.*figure);
+    }
+    return Median(figures);
+}
+
+struct Line {
+    const char* Name;
+    double Start::*Figure;
+    bool HasAim;
+};
+
+void print(const Starts& empty, const Starts& numbrela, const char* platform)
+{
+    constexpr std::array<Line, 4> lines { {
+        { "start to first paint, ms", &Start::Milliseconds, true },
+        { "resident memory, MiB", &Start::Resident, true },
+        { "  of it backed by no file", &Start::Anonymous, false },
+        { "  shared pages in part", &Start::Proportional, false },
+    } };
+    std::printf("Medians of %zu starts each, in turn, on %s\n\n", numbrela.size(), platform);
+    std::printf("%-26s %13s %10s %10s %6s\n", "measured", "empty window", "numbrela", "ratio", "aim");
+    for (const Line& line : lines) {
+        const double base = medianOf(empty, line.Figure);
+        const double ours = medianOf(numbrela, line.Figure);
+        if (base <= 0) {
+            continue;
+        }
+        std::printf("%-26s %13.1f %10.1f %10.3f", line.Name, base, ours, ours / base);
+        if (line.HasAim) {
+            std::printf(" %6.2f  %s", aimedRatio, OkOrMissed(ours / base, aimedRatio));
+        }
+        std::printf("\n");
+    }
+}
+
+void run()
+{
+    const char* platform = ChoosePlatform();
+    setenv("QT_PLUGIN_PATH", PLUGIN_FOLDER, 1);
+
+    Starts empty;
+    Starts numbrela;
+    int failures = 0;
+    bool warm = false; // both programs have been brought from the disk into the memory
+    for (int round = 0; numbrela.size() < rounds; ++round) {
+        // Which of them is the first one changes, so that whatever one leaves behind for the next is shared fairly.
+        const bool emptyFirst = round % 2 == 0;
+        const std::optional<Start> first = startOnce(emptyFirst ? EMPTY_WINDOW : PROGRAM);
+        const std::optional<Start> second = startOnce(emptyFirst ? PROGRAM : EMPTY_WINDOW);
+        if (!first || !second) {
+            // An X server that has no other client starts afresh when one leaves, and turns the next away meanwhile.
+            if (++failures > mostFailures) {
+                std::printf("The programs end, or paint no window for a long time: nothing was measured.\n");
+                return;
+            }
+        } else if (!warm) {
+            warm = true;
+        } else {
+            empty.push_back(emptyFirst ? *first : *second);
+            numbrela.push_back(emptyFirst ? *second : *first);
+        }
+    }
+    print(empty, numbrela, platform);
+}
+
+} // namespace
+
+} // namespace numbrela::bench
+
+int main()
+{
+    numbrela::bench::run();
+}

@@ -1,0 +1,161 @@
+#include "common/screen/Look.h"
+
+#include "common/screen/TextBox.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QIcon>
+#include <QMenu>
+#include <QProxyStyle>
+
+#include <array>
+#include <memory>
+
+namespace numbrela {
+
+namespace {
+
+constexpr std::array<QPalette::ColorGroup, 3> groups { QPalette::Active, QPalette::Inactive, QPalette::Disabled };
+
+QFont fontOf(const char* family)
+{
+    return QFont(QString::fromLatin1(family), 12);
+}
+
+bool hasEqualColumns(const QFont& font)
+{
+    const QFontMetrics metrics(font);
+    return metrics.horizontalAdvance(u'i') == metrics.horizontalAdvance(u'W')
+        && metrics.horizontalAdvance(u'1') == metrics.horizontalAdvance(u' ');
+}
+
+TEST(LookTest, HighlightsAlikeWhateverHasTheFocus)
+{
+    const QPalette palette = QApplication::palette();
+    for (const auto role : { QPalette::Highlight, QPalette::HighlightedText }) {
+        EXPECT_EQ(palette.color(QPalette::Inactive, role), palette.color(QPalette::Active, role));
+    }
+    EXPECT_NE(palette.color(QPalette::Highlight), palette.color(QPalette::Base));
+}
+
+TEST(LookTest, LooksAlikeInActiveAndInactiveWindows)
+{
+    EXPECT_TRUE(QApplication::palette().isEqual(QPalette::Active, QPalette::Inactive));
+}
+
+TEST(LookTest, IsLightAndWritesDarkOnIt)
+{
+    using Pair = std::pair<QPalette::ColorRole, QPalette::ColorRole>;
+    const QPalette palette = QApplication::palette();
+    for (const auto group : groups) {
+        for (const auto& [ground, ink] : { Pair { QPalette::Window, QPalette::WindowText },
+                 Pair { QPalette::Base, QPalette::Text }, Pair { QPalette::Button, QPalette::ButtonText } }) {
+            EXPECT_GT(palette.color(group, ground).lightness(), 200) << group << ' ' << ground;
+            EXPECT_LT(palette.color(group, ink).lightness(), 120) << group << ' ' << ink;
+        }
+    }
+}
+
+TEST(LookTest, WritesFaintlyWhatIsDisabled)
+{
+    const QPalette palette = QApplication::palette();
+    for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText }) {
+        EXPECT_GT(
+            palette.color(QPalette::Disabled, role).lightness(), palette.color(QPalette::Active, role).lightness());
+    }
+}
+
+TEST(LookTest, GivesATextBoxTheColoursOfTheProgram)
+{
+    const TextBox box;
+    for (const auto group : groups) {
+        EXPECT_EQ(
+            box.palette().color(group, QPalette::Highlight), QApplication::palette().color(group, QPalette::Highlight));
+        EXPECT_EQ(box.palette().color(group, QPalette::Base), QApplication::palette().color(group, QPalette::Base));
+    }
+}
+
+TEST(LookTest, IsFusionWithoutIconsOnTheButtonsOfBoxes)
+{
+    const auto* style = qobject_cast<const QProxyStyle*>(QApplication::style());
+    ASSERT_NE(style, nullptr);
+    EXPECT_TRUE(style->baseStyle()->inherits("QFusionStyle"));
+    EXPECT_EQ(style->styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
+}
+
+TEST(LookTest, DrawsCheckMarksAsLargeAsTheWordsBesideThem)
+{
+    QCheckBox box;
+    for (const int pixels : { 16, 32 }) {
+        QFont font = box.font();
+        font.setPixelSize(pixels);
+        box.setFont(font);
+        for (const auto metric : { QStyle::PM_IndicatorWidth, QStyle::PM_IndicatorHeight }) {
+            EXPECT_EQ(box.style()->pixelMetric(metric, nullptr, &box), pixels);
+        }
+    }
+}
+
+TEST(LookTest, DrawsTheMarkOfMenusThatHaveNoRoom)
+{
+    const QIcon icon = QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+    const QImage image = icon.pixmap(16, 16).toImage();
+    int inked = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            inked += image.pixelColor(x, y).alpha() > 0 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(inked, 20);
+    EXPECT_LT(inked, 128);
+}
+
+TEST(LookTest, WritesInArialOfTwelvePoints)
+{
+    EXPECT_EQ(QApplication::font().family().toStdString(), "Arial");
+    EXPECT_EQ(QApplication::font().pointSize(), 12);
+}
+
+TEST(LookTest, FindsAFontOfEqualColumnsForTheCouriers)
+{
+    for (const char* family : { "Courier", "Courier New" }) {
+        EXPECT_TRUE(QFontInfo(fontOf(family)).fixedPitch()) << family;
+        EXPECT_TRUE(hasEqualColumns(fontOf(family))) << family;
+    }
+}
+
+TEST(LookTest, FindsAProportionalFontForTheOthers)
+{
+    for (const char* family : { "Arial", "Verdana" }) {
+        EXPECT_FALSE(QFontInfo(fontOf(family)).fixedPitch()) << family;
+        EXPECT_FALSE(hasEqualColumns(fontOf(family))) << family;
+    }
+}
+
+TEST(LookTest, NamesASubstituteForEachFont)
+{
+    for (const char* family : { "Arial", "Courier", "Courier New", "Verdana" }) {
+        EXPECT_FALSE(QFont::substitutes(QString::fromLatin1(family)).isEmpty()) << family;
+    }
+}
+
+TEST(LookTest, SpeaksSpanishInTheContextMenuOfATextBox)
+{
+    TextBox box;
+    const std::unique_ptr<QMenu> menu(box.createStandardContextMenu());
+    QString captions;
+    for (const QAction* item : menu->actions()) {
+        captions += item->text().remove(u'&') + u'|';
+    }
+    for (const char* word : { "Deshacer", "Cortar", "Copiar", "Pegar", "Seleccionar todo" }) {
+        EXPECT_TRUE(captions.contains(QString::fromLatin1(word))) << word << " in " << captions.toStdString();
+    }
+}
+
+} // namespace
+
+} // namespace numbrela

@@ -1,0 +1,97 @@
+#include "activities/divide/screen/Form5.h"
+#include "tests/gallery/Gallery.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+
+#include <QDialog>
+#include <QLineEdit>
+
+namespace numbrela::testing {
+
+namespace {
+
+void enter(int key, const QString& title, const QString& number)
+{
+    ExpectDialog([=](QDialog& box) {
+        EXPECT_EQ(box.windowTitle().toStdString(), title.toStdString());
+        box.findChild<QLineEdit*>()->setText(number);
+        box.accept();
+    });
+    Press(key);
+}
+
+// 9876 ÷ 12 = 823, the rest 0
+void enterDivision()
+{
+    enter(Qt::Key_F2, QStringLiteral("Introducir dividendo"), QStringLiteral("9876"));
+    enter(Qt::Key_F3, QStringLiteral("Introducir divisor"), QStringLiteral("12"));
+}
+
+// Into the grid, which has the focus.
+void typeRow(int row, const QString& text)
+{
+    Press(Qt::Key_PageUp);
+    Press(Qt::Key_Home);
+    for (int step = 0; step < row; ++step) {
+        Press(Qt::Key_Down);
+    }
+    Type(text);
+}
+
+} // namespace
+
+void DrawDivide(Gallery& gallery)
+{
+    const FixedClock clock;
+    bool commaShift = false;
+    Form5 form(clock, commaShift);
+    ShowAndActivate(form);
+    gallery.Draw(form, QStringLiteral("division-fresh"));
+    Click(form, QStringLiteral("Command2(2)"));
+    gallery.Draw(form, QStringLiteral("division-solution-decimals"));
+
+    commaShift = false;
+    Choose(form, QStringLiteral("MnuOpcDeDLis(0)"));
+    Click(form, QStringLiteral("Command2(0)"));
+    enterDivision();
+    typeRow(1, QStringLiteral("  27"));
+    typeRow(2, QStringLiteral("   3"));
+    gallery.Draw(form, QStringLiteral("division-half"));
+    gallery.DrawMaximised(form, QStringLiteral("division-half-maximised"));
+
+    typeRow(2, QStringLiteral("   36"));
+    typeRow(3, QStringLiteral("    1"));
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
+    Type(QStringLiteral("823"));
+    Click(form, QStringLiteral("Command1"));
+    gallery.Draw(form, QStringLiteral("division-wrong"));
+
+    Click(form, QStringLiteral("Text1"));
+    typeRow(3, QStringLiteral("    0"));
+    Click(form, QStringLiteral("Command1"));
+    gallery.Draw(form, QStringLiteral("division-right"));
+
+    Click(form, QStringLiteral("Command2(1)"));
+    Click(form, QStringLiteral("Command2(2)"));
+    gallery.Draw(form, QStringLiteral("division-solution"));
+    Choose(form, QStringLiteral("MnuOpcRes"));
+    enterDivision();
+    Click(form, QStringLiteral("Command2(2)"));
+    gallery.Draw(form, QStringLiteral("division-solution-subtractions"));
+    gallery.DrawMaximised(form, QStringLiteral("division-solution-maximised"));
+
+    Choose(form, QStringLiteral("MnuOpcDivLis(8)"));
+    Choose(form, QStringLiteral("MnuOpcDeDLis(5)"));
+    Choose(form, QStringLiteral("MnuOpcDisLis(8)"));
+    gallery.Draw(form, QStringLiteral("division-longest"));
+    gallery.DrawMaximised(form, QStringLiteral("division-longest-maximised"));
+    Choose(form, QStringLiteral("MnuOpcDeCLis(5)"));
+    Choose(form, QStringLiteral("MnuOpcDisLis(1)"));
+    Click(form, QStringLiteral("Command2(2)"));
+    gallery.Draw(form, QStringLiteral("division-longest-solution"));
+    gallery.DrawMaximised(form, QStringLiteral("division-longest-solution-maximised"));
+}
+
+} // namespace numbrela::testing

@@ -1,0 +1,119 @@
+#include "activities/multiply/screen/Dialog.h"
+#include "activities/multiply/screen/Form4.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/TextBox.h"
+#include "tests/gallery/Gallery.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+
+namespace numbrela::testing {
+
+namespace {
+
+void typeFactors(const QString& first, const QString& second)
+{
+    const QString prompt = QStringLiteral("Escriba el nuevo valor:");
+    ExpectInput(QStringLiteral("Introducir primer factor"), prompt, first);
+    Press(Qt::Key_F2);
+    ExpectInput(QStringLiteral("Introducir segundo factor"), prompt, second);
+    Press(Qt::Key_F3);
+}
+
+void drawWork(Gallery& gallery, Form4& form)
+{
+    gallery.Draw(form, QStringLiteral("multiplication-fresh"));
+    typeFactors(QStringLiteral("73,4"), QStringLiteral("4,6"));
+    form.TbParcial[0]->setFocus();
+    Type(QStringLiteral("4044"));
+    Press(Qt::Key_Tab);
+    Type(QStringLiteral(" 63"));
+    gallery.Draw(form, QStringLiteral("multiplication-half-worked"));
+
+    Type(QStringLiteral("92"));
+    Press(Qt::Key_Tab);
+    Type(QStringLiteral("46,743"));
+    Press(Qt::Key_Return);
+    gallery.Draw(form, QStringLiteral("multiplication-wrong"));
+
+    form.TbResultado->SetText("");
+    form.TbResultado->setFocus();
+    Type(QStringLiteral("46,733"));
+    Press(Qt::Key_Return);
+    gallery.Draw(form, QStringLiteral("multiplication-right"));
+    gallery.DrawMaximised(form, QStringLiteral("multiplication-maximised"));
+}
+
+void drawSolutions(Gallery& gallery, Form4& form)
+{
+    const auto drawSolution = [&](const char* name) {
+        Click(form, QStringLiteral("Command2(2)"));
+        gallery.Draw(form, QStringLiteral("multiplication-") + QString::fromLatin1(name));
+    };
+    typeFactors(QStringLiteral("7"), QStringLiteral("8"));
+    drawSolution("one-row");
+    typeFactors(QStringLiteral("987,65"), QStringLiteral("120,5"));
+    drawSolution("solution");
+
+    Choose(form, QStringLiteral("MnuOpcOcu"));
+    typeFactors(QStringLiteral("987,65"), QStringLiteral("12005"));
+    typeFactors(QStringLiteral("987,65"), QStringLiteral("12005"));
+    drawSolution("hidden-zeros");
+    Choose(form, QStringLiteral("MnuOpcOcu"));
+
+    typeFactors(QStringLiteral("12345"), QStringLiteral("67891"));
+    drawSolution("five-rows");
+    typeFactors(QStringLiteral("1234567890"), QStringLiteral("9876543219"));
+    drawSolution("ten-rows");
+    for (const char* option : { "MnuOpcCi1Lis(9)", "MnuOpcCi2Lis(9)", "MnuOpcDe1Lis(5)", "MnuOpcDe2Lis(5)" }) {
+        Choose(form, QString::fromLatin1(option));
+    }
+    gallery.Draw(form, QStringLiteral("multiplication-fifteen-rows-fresh"));
+    drawSolution("fifteen-rows");
+    gallery.DrawMaximised(form, QStringLiteral("multiplication-fifteen-rows-maximised"));
+    typeFactors(QStringLiteral("-7,5"), QStringLiteral("12345678901234567890"));
+    drawSolution("twenty-digits");
+}
+
+void drawTables(Gallery& gallery, Form4& form)
+{
+    const auto tick = [&gallery](const QString& name) {
+        ExpectDialog([&gallery, name](QDialog& box) {
+            auto& dialog = dynamic_cast<Dialog&>(box);
+            for (const std::size_t index : { 1U, 2U, 6U }) {
+                dialog.Check1[index]->setChecked(true);
+            }
+            gallery.Draw(dialog, name);
+            dialog.OKButton->click();
+        });
+    };
+    tick(QStringLiteral("tables"));
+    Choose(form, QStringLiteral("MnuOpcSelLis(1)"));
+    const QSize before = form.size();
+    form.resize(1280, 800);
+    QCoreApplication::processEvents();
+    tick(QStringLiteral("tables-maximised"));
+    Choose(form, QStringLiteral("MnuOpcSelLis(1)"));
+    form.resize(before);
+}
+
+} // namespace
+
+void DrawMultiply(Gallery& gallery)
+{
+    const FixedClock clock;
+    Form4 form(clock);
+    ShowAndActivate(form);
+    drawWork(gallery, form);
+    drawSolutions(gallery, form);
+
+    Form4 another(clock);
+    form.close();
+    ShowAndActivate(another);
+    drawTables(gallery, another);
+}
+
+} // namespace numbrela::testing

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "tests/support/Harness.h"
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/lsan_interface.h>
+#endif
+
+#include <vector>
+
+namespace numbrela::testing {
+
+// The run-time errors that reach the application during an action. The toolkit was built without clean-up for
+// exceptions: what it holds while one passes through it is lost. The program ends then, but a test goes on, and must
+// not be blamed for it. What the error passes through, the window above all, is to be made in the action too.
+template <typename Action>
+std::vector<RunTimeError> RunTimeErrorsOf(Action action)
+{
+#if defined(__SANITIZE_ADDRESS__)
+    const __lsan::ScopedDisabler unblamed;
+#endif
+    action();
+    return TakeRunTimeErrors();
+}
+
+} // namespace numbrela::testing
