@@ -59,7 +59,8 @@ void expectPlace(const QWidget& control, TwipsRect place)
     constexpr double twipsPerPixel = 15;
     const TwipsLayout& area = *areaOf(control);
     EXPECT_EQ(area.RectOf(&control), place);
-    const QPoint origin = area.contentsRect().topLeft();
+    // A window's area begins below its menu; a frame's at its own corner, whatever border it has.
+    const QPoint origin = control.parentWidget()->isWindow() ? area.contentsRect().topLeft() : QPoint();
     const auto pixels = [](int twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); };
     EXPECT_EQ(control.x() - origin.x(), pixels(place.Left));
     EXPECT_EQ(control.y() - origin.y(), pixels(place.Top));

@@ -29,13 +29,13 @@ void failOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const 
 }
 
 // Windows of every design size fit on it.
-void writeProjectorScreen(const QString& path)
+void writeScreen(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         throw std::runtime_error("cannot write " + path.toStdString());
     }
-    file.write(R"({ "screens": [ { "name": "projector", "x": 0, "y": 0, "width": 1280, "height": 800,
+    file.write(R"({ "screens": [ { "name": "classroom", "x": 0, "y": 0, "width": 1280, "height": 1024,
         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })");
 }
 
@@ -67,7 +67,7 @@ std::vector<RunTimeError> TakeRunTimeErrors()
 HeadlessEnvironment::HeadlessEnvironment()
 {
     const QString screenFile = runtimeDirectory_.filePath(QStringLiteral("screen.json"));
-    writeProjectorScreen(screenFile);
+    writeScreen(screenFile);
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screenFile));
     qputenv("XDG_RUNTIME_DIR", runtimeDirectory_.path().toLocal8Bit());
 }
