@@ -35,7 +35,7 @@ void writeScreen(const QString& path)
     if (!file.open(QIODevice::WriteOnly)) {
         throw std::runtime_error("cannot write " + path.toStdString());
     }
-    file.write(R"({ "screens": [ { "name": "classroom", "x": 0, "y": 0, "width": 1280, "height": 1024,
+    file.write(R"({ "screens": [ { "name": "classroom", "x": 0, "y": 0, "width": 1152, "height": 864,
         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })");
 }
 
