@@ -5,6 +5,7 @@
 #include "common/core/NumberText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace numbrela {
@@ -117,9 +118,18 @@ std::string ShoppingTask::NewShoppingTask(RandomSource& random)
     const int length = std::min<int>(ListLength, productCount());
     drawList(length, random);
     ListCost = costOf(ShoppingList);
+    const bool affordable = std::isfinite(ListCost);
+    if (!affordable) {
+        ShoppingList.clear();
+        ListCost = 0;
+    }
     MoneyGiven = NotesAbove(ListCost);
     MoneyLeft = MoneyGiven;
     TimeLeft = (countShops(ShoppingList) * 5 + 10) * secondsPerMinute;
+    if (!affordable) {
+        return "La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
+               "Corrige los precios del catálogo desde el menú Opciones.";
+    }
     return length < ListLength ? noticeOfShortList(length, ListLength) : std::string();
 }
 

@@ -78,7 +78,8 @@ public:
     float AmountPaid = 0; // what the pupil added up, and pays
 
     // Draws a new list, with the money and the time for it. Basket and PayStep stay as they are. A catalogue with fewer
-    // products than the list asks for gives a list of all of them, and a sentence that says so.
+    // products than the list asks for gives a list of all of them, one whose prices add up to more than a single can
+    // hold an empty list, each with a sentence that says so.
     std::string NewShoppingTask(RandomSource& random);
 
     // Takes the number of products that a person typed, "." being the decimal point, when it is above 1 and below 11.

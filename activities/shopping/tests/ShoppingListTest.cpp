@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <map>
 #include <set>
 
@@ -296,6 +297,23 @@ TEST(ShoppingListTest, TheLengthOfTheListIsTakenAboveOneAndBelowEleven)
     }
     ShoppingTask task;
     EXPECT_FALSE(task.SetListLength("1" + std::string(400, '0')));
+}
+
+// A catalogue with a price that no purse can hold must not keep its owner out of the activity, and so out of the
+// editor.
+TEST(ShoppingListTest, IsEmptyWhenItsPricesAddUpToMoreThanCanBeCounted)
+{
+    for (const float price : { std::numeric_limits<float>::infinity(), std::numeric_limits<float>::max() }) {
+        ShoppingTask task = taskWith(TableOf({ { "Un diamante", price } }), 4);
+        constexpr double threeUnits = 0.9;
+        ScriptedRandom random { 0, threeUnits, threeUnits };
+        EXPECT_EQ(task.NewShoppingTask(random),
+            "La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
+            "Corrige los precios del catálogo desde el menú Opciones.");
+        EXPECT_TRUE(task.ShoppingList.empty());
+        EXPECT_EQ(task.ListCost, 0);
+        EXPECT_EQ(task.MoneyLeft, 5);
+    }
 }
 
 } // namespace
