@@ -4,6 +4,7 @@
 #include "activities/compare/screen/Form6.h"
 #include "activities/divide/screen/Form5.h"
 #include "activities/multiply/screen/Form4.h"
+#include "activities/placeadd/screen/FormColoSuma.h"
 #include "activities/powers10/screen/FrmUnidad.h"
 #include "activities/shopping/screen/Form7.h"
 
@@ -46,7 +47,7 @@ const std::array<MakeActivity, 8> activities {
     &make<Form5>,
     &make<Form6>,
     &make<FrmUnidad>,
-    nullptr, // place and add
+    &make<FormColoSuma>,
     &makeShopping,
 };
 

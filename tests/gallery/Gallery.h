@@ -32,6 +32,7 @@ void DrawShopping(Gallery& gallery);
 void DrawProductEditor(Gallery& gallery);
 void DrawDivide(Gallery& gallery);
 void DrawCompare(Gallery& gallery);
+void DrawPlaceAdd(Gallery& gallery);
 void DrawPowers10(Gallery& gallery);
 
 } // namespace numbrela::testing

@@ -27,5 +27,6 @@ int main(int argc, char** argv)
     DrawDivide(gallery);
     DrawCompare(gallery);
     DrawPowers10(gallery);
+    DrawPlaceAdd(gallery);
     return gallery.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
 }

@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace numbrela::testing {
@@ -13,6 +14,11 @@ class ScriptedRandom : public RandomSource {
 public:
     ScriptedRandom(std::initializer_list<double> draws)
         : draws_(draws)
+    {
+    }
+
+    explicit ScriptedRandom(std::vector<double> draws)
+        : draws_(std::move(draws))
     {
     }
 

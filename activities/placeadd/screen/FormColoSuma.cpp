@@ -1,0 +1,329 @@
+#include "activities/placeadd/screen/FormColoSuma.h"
+
+#include "common/core/RunTimeError.h"
+#include "common/screen/Boxes.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/KeyCodes.h"
+#include "common/screen/Line.h"
+#include "common/screen/OptionMenu.h"
+#include "common/screen/TextBox.h"
+
+#include <QLabel>
+#include <QMenu>
+
+#include <cmath>
+
+namespace numbrela {
+
+namespace {
+
+constexpr TwipsSize area { 12000, 8100 };
+constexpr FontSpec formFont { "Courier New", 12 };
+constexpr FontSpec headingFont { "Arial", 12 };
+constexpr FontSpec columnFont { "Courier New", 14.25 };
+constexpr FontSpec frameFont { "Arial", 9.75 };
+
+constexpr int addendLength = 8; // characters
+constexpr int sumLength = 7;
+
+constexpr int boxHeight = 600; // twips
+constexpr int firstRowTop = 1500;
+constexpr int signLeft = 900;
+
+// Where the rows of a written addition stand: they share the height of the window, the sum below them with its line.
+class Rows {
+public:
+    explicit Rows(int addendCount)
+        : addendCount_(addendCount)
+        , height_(6000.0 / (addendCount + 1))
+    {
+    }
+
+    int AddendTop(int index) const { return rounded(addendTop(index)); }
+    int LineTop() const { return rounded(lineTop()); }
+    int SumTop() const { return rounded(lineTop() + spare() + 100); }
+
+private:
+    static int rounded(double twips) { return static_cast<int>(std::lround(twips)); }
+
+    double spare() const { return (height_ - boxHeight) / 2; } // above and below the box of a row
+    double addendTop(int index) const { return index * height_ + firstRowTop + spare(); }
+    double lineTop() const { return addendTop(addendCount_ - 1) + spare() + boxHeight + 100; }
+
+    int addendCount_;
+    double height_;
+};
+
+constexpr TwipsRect boxPlace(int top)
+{
+    return { 1500, top, 5000, boxHeight };
+}
+
+constexpr TwipsRect signPlace(int top)
+{
+    return { signLeft, top, 600, boxHeight };
+}
+
+std::string blanks(int count)
+{
+    return std::string(static_cast<std::size_t>(count), ' ');
+}
+
+// A written text is read, and typed over, from its first character on.
+void write(TextBox& box, const std::string& text)
+{
+    box.SetText(text);
+    box.SetCaretPosition(0);
+}
+
+void replaceAtCaret(TextBox& box, QChar character)
+{
+    const int caret = box.CaretPosition();
+    QString text = box.text();
+    if (caret < text.size()) {
+        text[caret] = character;
+        box.SetText(text.toStdString());
+        box.SetCaretPosition(caret);
+    }
+}
+
+void deleteByBlank(TextBox& box, int keyCode, bool& consumed)
+{
+    if (keyCode == KeyCode::Delete) {
+        replaceAtCaret(box, u' ');
+        consumed = true;
+    }
+}
+
+// What is typed replaces what stands at the caret. The box then inserts it too, unless it is full: a full box is what
+// makes this overtyping.
+void overtype(TextBox& box, QChar& character)
+{
+    if (character == QChar(KeyCode::Backspace)) {
+        character = u' ';
+    }
+    const bool writesColumn = (character >= u'0' && character <= u'9') || character == u' ' || character == u',';
+    const int caret = box.CaretPosition();
+    if (writesColumn && caret < box.text().size()) {
+        replaceAtCaret(box, character);
+        box.SetCaretPosition(caret + 1);
+    } else if (character.isPrint()) {
+        box.SetCaretPosition(caret); // a letter is not to take the place of highlighted columns
+    }
+}
+
+} // namespace
+
+FormColoSuma::FormColoSuma(const Clock& clock)
+    : FormWindow(QStringLiteral("FormColoSuma"), QStringLiteral("COLOCA Y SUMA"), area, formFont)
+    , random_(clock.Now().SecondsSinceMidnight)
+    , exercise_(random_)
+{
+    buildControls();
+    buildMenus();
+    showNewPlaceAndAdd();
+    TbSumando[0]->setFocus();
+}
+
+void FormColoSuma::buildControls()
+{
+    TBInstruc = AddReadOnlyBox(
+        Area(), QStringLiteral("TBInstruc"), QStringLiteral("Instrucción"), { 0, 0, 12000, 495 }, headingFont);
+    TBInstruc->SetText("Coloca los números en vertical y súmalos");
+    TBDatos = AddReadOnlyBox(
+        Area(), QStringLiteral("TBDatos"), QStringLiteral("Sumandos"), { 0, 500, 12000, 495 }, headingFont);
+
+    Line1 = new Line(Area(), QStringLiteral("Line1"), {}, {});
+    TbResultado
+        = AddTextBox(Area(), QStringLiteral("TbResultado"), boxPlace(0), columnFont, Qt::AlignLeft | Qt::AlignVCenter);
+    TbResultado->setAccessibleName(QStringLiteral("Suma"));
+    TbResultado->SetMaximumTypedLength(sumLength);
+    connect(TbResultado, &TextBox::KeyDown, this, &FormColoSuma::TbResultado_KeyDown);
+    connect(TbResultado, &TextBox::KeyPress, this, &FormColoSuma::TbResultado_KeyPress);
+    buildFrame();
+}
+
+void FormColoSuma::buildFrame()
+{
+    TwipsLayout* frame = AddFrame(Area(), QStringLiteral("Frame1"), { 8500, 3840, 3000, 3100 }, frameFont);
+    Frame1 = frame->parentWidget();
+    const ButtonRowDesign row {
+        .Places
+        = { { { 500, 100, 2000, 400 }, { 500, 1400, 2000, 400 }, { 500, 2000, 2000, 400 }, { 500, 2600, 2000, 400 } } },
+        .Font = frameFont,
+    };
+    Buttons = AddButtonRow(
+        *frame, row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
+    Text1 = AddReadOnlyBox(
+        *frame, QStringLiteral("Text1"), QStringLiteral("Veredicto"), { 50, 700, 2900, 500 }, frameFont);
+}
+
+void FormColoSuma::buildMenus()
+{
+    QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
+    MnuOpcSum = new OptionMenu(
+        QStringLiteral("MnuOpcSum"), QStringLiteral("Número de sumandos"), PlaceAndAdd::AddendCountChoices,
+        [this](int index) { MnuOpcSumLis_Click(index); }, options);
+    MnuOpcCif = new OptionMenu(
+        QStringLiteral("MnuOpcCif"), QStringLiteral("Máximo de cifras"), PlaceAndAdd::MaxDigitsChoices,
+        [this](int index) { MnuOpcCifLis_Click(index); }, options);
+    MnuOpcSum->CheckOnly(PlaceAndAdd::AddendCountChoices.IndexOf(exercise_.AddendCount));
+    MnuOpcCif->CheckOnly(PlaceAndAdd::MaxDigitsChoices.IndexOf(exercise_.MaxDigits));
+    options->addMenu(MnuOpcSum);
+    options->addMenu(MnuOpcCif);
+    AddMenuItem(options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir Alt+F4"), [this] { MnuOpcSal_Click(); });
+}
+
+void FormColoSuma::addRow()
+{
+    const int index = static_cast<int>(TbSumando.size());
+    TextBox* box = AddTextBox(
+        Area(), QStringLiteral("TbSumando(%1)").arg(index), boxPlace(0), columnFont, Qt::AlignLeft | Qt::AlignVCenter);
+    box->setAccessibleName(QStringLiteral("Sumando %1").arg(index + 1));
+    box->SetMaximumTypedLength(addendLength);
+    connect(box, &TextBox::KeyDown, this,
+        [this, index](int keyCode, bool& consumed) { TbSumando_KeyDown(index, keyCode, consumed); });
+    connect(box, &TextBox::KeyPress, this, [this, index](QChar& character) { TbSumando_KeyPress(index, character); });
+    TbSumando.push_back(box);
+    LBSigno.push_back(
+        AddLabel(Area(), QStringLiteral("LBSigno(%1)").arg(index), QStringLiteral("+"), signPlace(0), columnFont));
+
+    std::vector<QWidget*> sequence { TBInstruc, TBDatos };
+    sequence.insert(sequence.end(), TbSumando.begin(), TbSumando.end());
+    sequence.insert(sequence.end(),
+        { TbResultado, Frame1, Buttons.Command1, Text1, Buttons.Command2[0], Buttons.Command2[1],
+            Buttons.Command2[2] });
+    SetTabSequence(sequence);
+}
+
+void FormColoSuma::showNewPlaceAndAdd()
+{
+    exercise_.NewPlaceAndAdd();
+    TBDatos->SetText(exercise_.DataLine());
+    placeRows();
+    placeSigns();
+}
+
+void FormColoSuma::placeRows()
+{
+    const Rows rows(exercise_.AddendCount);
+    const auto addendCount = static_cast<std::size_t>(exercise_.AddendCount);
+    while (TbSumando.size() < addendCount) {
+        addRow();
+    }
+    for (std::size_t index = 0; index < TbSumando.size(); ++index) {
+        TextBox& box = *TbSumando[index];
+        const bool used = index < addendCount;
+        box.setEnabled(used);
+        box.setVisible(used);
+        if (used) {
+            Area().Move(&box, boxPlace(rows.AddendTop(static_cast<int>(index))));
+            write(box, blanks(addendLength));
+        }
+    }
+    Line1->SetEnds({ 50, rows.LineTop() }, { 7950, rows.LineTop() });
+    Area().Move(TbResultado, boxPlace(rows.SumTop()));
+    write(*TbResultado, blanks(sumLength));
+}
+
+// The first addend has no sign. Labels that an exercise with more addends has left behind stay as they are.
+void FormColoSuma::placeSigns()
+{
+    const Rows rows(exercise_.AddendCount);
+    const int addendCount = exercise_.AddendCount;
+    for (int index = 0; index < addendCount; ++index) {
+        const bool ofSum = index == addendCount - 1;
+        QLabel& sign = *LBSigno[static_cast<std::size_t>(index)];
+        sign.setText(ofSum ? QStringLiteral("=") : QStringLiteral("+"));
+        Area().Move(&sign, signPlace(ofSum ? rows.SumTop() : rows.AddendTop(index + 1)));
+        sign.setVisible(true);
+    }
+}
+
+void FormColoSuma::Command1_Click()
+{
+    Text1->SetText(exercise_.Verdict(TbResultado->Text(), Text1->Text()));
+    Text1->SelectWholeText();
+}
+
+void FormColoSuma::Command2_Click(int index)
+{
+    switch (index) {
+    case 0:
+        showNewPlaceAndAdd();
+        TbSumando[0]->setFocus();
+        break;
+    case 1:
+        for (TextBox* box : TbSumando) {
+            write(*box, blanks(addendLength));
+        }
+        write(*TbResultado, blanks(addendLength)); // one more than a new exercise gives it
+        TbSumando[0]->setFocus();
+        break;
+    case 2:
+        showSolution();
+        break;
+    default:
+        break;
+    }
+}
+
+// A sum too long for the columns is told, and the pupil's work stays as it is.
+void FormColoSuma::showSolution()
+{
+    PlaceAndAdd::Placement solution;
+    try {
+        solution = exercise_.Solution();
+    } catch (const RunTimeError& error) {
+        ShowMessage(this, error.what());
+        return;
+    }
+    Text1->SetText("");
+    for (std::size_t index = 0; index < solution.Addends.size(); ++index) {
+        write(*TbSumando[index], solution.Addends[index]);
+    }
+    write(*TbResultado, solution.Sum);
+    TbResultado->setFocus();
+}
+
+void FormColoSuma::MnuOpcSumLis_Click(int index)
+{
+    MnuOpcSum->CheckOnly(index);
+    exercise_.AddendCount = PlaceAndAdd::AddendCountChoices.ValueAt(index);
+    showNewPlaceAndAdd();
+}
+
+void FormColoSuma::MnuOpcCifLis_Click(int index)
+{
+    MnuOpcCif->CheckOnly(index);
+    exercise_.MaxDigits = PlaceAndAdd::MaxDigitsChoices.ValueAt(index);
+    showNewPlaceAndAdd();
+}
+
+void FormColoSuma::MnuOpcSal_Click()
+{
+    close();
+}
+
+void FormColoSuma::TbSumando_KeyDown(int index, int keyCode, bool& consumed)
+{
+    deleteByBlank(*TbSumando[static_cast<std::size_t>(index)], keyCode, consumed);
+}
+
+void FormColoSuma::TbSumando_KeyPress(int index, QChar& character)
+{
+    overtype(*TbSumando[static_cast<std::size_t>(index)], character);
+}
+
+void FormColoSuma::TbResultado_KeyDown(int keyCode, bool& consumed)
+{
+    deleteByBlank(*TbResultado, keyCode, consumed);
+}
+
+void FormColoSuma::TbResultado_KeyPress(QChar& character)
+{
+    overtype(*TbResultado, character);
+}
+
+} // namespace numbrela

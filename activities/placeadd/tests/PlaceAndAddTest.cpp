@@ -1,0 +1,449 @@
+#include "activities/placeadd/core/PlaceAndAdd.h"
+
+#include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
+#include "tests/support/ForeignLocale.h"
+#include "tests/support/KindThrownBy.h"
+#include "tests/support/ScriptedRandom.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+using numbrela::testing::ForeignLocale;
+using numbrela::testing::KindThrownBy;
+using numbrela::testing::ScriptedRandom;
+using numbrela::testing::StrangePunctuation;
+
+constexpr double greatestDraw = 1 - 0x1p-53;
+
+// The draw that makes this one of so many equally likely values, counted from 1.
+double drawOf(double value, double count)
+{
+    return (value - 0.5) / count;
+}
+
+// An exercise whose addends are these, however they were drawn.
+PlaceAndAdd exerciseOf(RandomSource& random, const std::vector<float>& addends)
+{
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = static_cast<int>(addends.size());
+    exercise.AddendSum = 0;
+    for (std::size_t i = 0; i < addends.size(); ++i) {
+        exercise.Addends.at(i) = addends[i];
+        exercise.AddendSum += addends[i];
+    }
+    return exercise;
+}
+
+std::vector<std::string> textsOf(const PlaceAndAdd& exercise)
+{
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(exercise.AddendCount); ++i) {
+        texts.push_back(PlainDecimalText(exercise.Addends.at(i)));
+    }
+    return texts;
+}
+
+// How many digits, without the zeros before and behind the others.
+int significantDigitsOf(std::string text)
+{
+    std::erase(text, ',');
+    const std::size_t first = text.find_first_not_of('0');
+    return static_cast<int>(text.find_last_not_of('0') + 1 - first);
+}
+
+int decimalsOf(const std::string& text)
+{
+    const std::size_t comma = text.find(',');
+    return comma == std::string::npos ? 0 : static_cast<int>(text.size() - comma - 1);
+}
+
+// ----------------------------------------------------------------------------------------------------------- at load
+
+TEST(PlaceAndAdd, StartsWithFourAddendsOfThreeDigits)
+{
+    ScriptedRandom random {};
+    const PlaceAndAdd exercise(random);
+    EXPECT_EQ(exercise.AddendCount, 4);
+    EXPECT_EQ(exercise.MaxDigits, 3);
+}
+
+TEST(PlaceAndAdd, OffersTwoToSixAddendsOfTwoToFiveDigits)
+{
+    std::string captions;
+    for (const OptionList& list : { PlaceAndAdd::AddendCountChoices, PlaceAndAdd::MaxDigitsChoices }) {
+        for (int index = 0; index < list.Count; ++index) {
+            captions += list.CaptionAt(index);
+        }
+        captions += ' ';
+    }
+    EXPECT_EQ(captions, "&2&3&4&5&6 &2&3&4&5 ");
+    EXPECT_EQ(PlaceAndAdd::AddendCountChoices.ValueAt(4), static_cast<int>(PlaceAndAdd::MostAddends));
+}
+
+// ----------------------------------------------------------------------------------------------------------- drawing
+
+// The draws of one addend of an exercise with at most three digits: how many digits, the number, how many decimals.
+using Draws = std::vector<double>;
+
+Draws threeDigits(int number, int decimals)
+{
+    return { greatestDraw, drawOf(number, 1000), drawOf(decimals + 1, 3) };
+}
+
+Draws twoDigits(int number, int decimals)
+{
+    return { 0.5, drawOf(number, 100), drawOf(decimals + 1, 3) };
+}
+
+Draws oneDigit(int number)
+{
+    return { 0.0, drawOf(number, 10) };
+}
+
+ScriptedRandom scripted(const std::vector<Draws>& addends)
+{
+    Draws draws;
+    for (const Draws& addend : addends) {
+        draws.insert(draws.end(), addend.begin(), addend.end());
+    }
+    return ScriptedRandom(draws);
+}
+
+struct DrawCase {
+    const char* What;
+    int AddendCount;
+    int MaxDigits;
+    std::vector<Draws> Addends;
+    const char* Line;
+    float Sum;
+};
+
+void expectDraws(const std::vector<DrawCase>& cases)
+{
+    for (const auto& [what, addendCount, maxDigits, addends, line, sum] : cases) {
+        SCOPED_TRACE(what);
+        ScriptedRandom random = scripted(addends);
+        PlaceAndAdd exercise(random);
+        exercise.AddendCount = addendCount;
+        exercise.MaxDigits = maxDigits;
+        exercise.NewPlaceAndAdd();
+        EXPECT_EQ(exercise.DataLine(), line);
+        EXPECT_EQ(exercise.AddendSum, sum);
+        EXPECT_TRUE(random.AllDrawn());
+    }
+}
+
+TEST(PlaceAndAdd, DrawsLengthNumberAndDecimalsOfEachAddend)
+{
+    expectDraws({
+        { "two addends", 2, 3, { threeDigits(123, 1), twoDigits(45, 2) }, "12,3 + 0,45", 12.3F + 0.45F },
+        { "whole numbers", 2, 3, { threeDigits(123, 0), twoDigits(45, 0) }, "123 + 45", 168 },
+        { "decimals that end in 0", 2, 3, { threeDigits(120, 1), twoDigits(50, 2) }, "12 + 0,5", 12.5F },
+        { "one digit becomes tenths without a draw", 3, 3, { oneDigit(1), oneDigit(9), oneDigit(7) }, "0,1 + 0,9 + 0,7",
+            0.1F + 0.9F + 0.7F },
+        { "one digit drawn by a longer draw becomes tenths too", 2, 3,
+            { { 0.5, drawOf(7, 100) }, { greatestDraw, drawOf(3, 1000) } }, "0,7 + 0,3", 0.7F + 0.3F },
+        { "ten is no single digit", 2, 3,
+            { { 0.0, drawOf(10, 10), drawOf(1, 3) }, { 0.0, drawOf(10, 10), drawOf(2, 3) } }, "10 + 1", 11 },
+        { "a number with a digit too many is kept", 2, 3, { threeDigits(1000, 1), twoDigits(45, 2) }, "100 + 0,45",
+            100.45F },
+        { "the least draws of all", 2, 3, { { 0, 0 }, { 0, 0 } }, "0,1 + 0,1", 0.2F },
+        { "six addends", 6, 3,
+            { twoDigits(11, 0), twoDigits(12, 1), twoDigits(13, 2), twoDigits(14, 0), twoDigits(15, 0),
+                twoDigits(16, 0) },
+            "11 + 1,2 + 0,13 + 14 + 15 + 16", 11 + 1.2F + 0.13F + 14 + 15 + 16 },
+        { "two digits at most", 2, 2, { { greatestDraw, drawOf(99, 100), greatestDraw }, oneDigit(7) }, "9,9 + 0,7",
+            9.9F + 0.7F },
+        { "five digits at most", 2, 5,
+            { { greatestDraw, drawOf(98765, 100000), greatestDraw },
+                { drawOf(4, 5), drawOf(1234, 10000), drawOf(3, 5) } },
+            "9,8765 + 12,34", 9.8765F + 12.34F },
+        { "five digits, whole", 2, 5, { { greatestDraw, drawOf(98765, 100000), 0 }, oneDigit(7) }, "98765 + 0,7",
+            98765.0F + 0.7F },
+    });
+}
+
+TEST(PlaceAndAdd, DrawsTheLastAddendAgainWhenNoneWasShort)
+{
+    expectDraws({
+        { "all long", 2, 3, { threeDigits(123, 1), { greatestDraw, drawOf(456, 1000), drawOf(78, 100), drawOf(1, 3) } },
+            "12,3 + 78", 12.3F + 78 },
+        { "100 is long", 2, 3,
+            { threeDigits(100, 0), { greatestDraw, drawOf(100, 1000), drawOf(78, 100), drawOf(1, 3) } }, "100 + 78",
+            178 },
+        { "99 is short", 2, 3, { threeDigits(99, 0), threeDigits(456, 0) }, "99 + 456", 555 },
+        { "the last one is short already", 2, 3, { threeDigits(123, 0), threeDigits(99, 0) }, "123 + 99", 222 },
+        { "the first one is short", 3, 3, { oneDigit(7), threeDigits(456, 0), threeDigits(789, 0) }, "0,7 + 456 + 789",
+            0.7F + 456 + 789 },
+        { "the middle one is short", 3, 3, { threeDigits(456, 0), twoDigits(12, 0), threeDigits(789, 0) },
+            "456 + 12 + 789", 1257 },
+        { "drawn again as a single digit", 2, 3,
+            { threeDigits(123, 0), { greatestDraw, drawOf(456, 1000), drawOf(8, 100) } }, "123 + 0,8", 123.8F },
+        { "drawn again as 1 and zeros", 2, 3,
+            { threeDigits(123, 0), { greatestDraw, drawOf(456, 1000), greatestDraw, drawOf(1, 3) } }, "123 + 100",
+            223 },
+        { "two digits at most", 2, 2,
+            { { greatestDraw, drawOf(55, 100), 0.0 }, { greatestDraw, drawOf(10, 100), drawOf(4, 10) } }, "55 + 0,4",
+            55.4F },
+        { "judged before the comma is set", 2, 3,
+            { threeDigits(123, 2), { greatestDraw, drawOf(456, 1000), drawOf(78, 100), drawOf(3, 3) } }, "1,23 + 0,78",
+            1.23F + 0.78F },
+    });
+}
+
+TEST(PlaceAndAdd, AddsInSinglePrecisionInOrder)
+{
+    ScriptedRandom random = scripted({ twoDigits(76, 0), threeDigits(162, 1), twoDigits(96, 2), threeDigits(540, 0),
+        oneDigit(1), threeDigits(246, 0) });
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = 6;
+    exercise.NewPlaceAndAdd();
+    ASSERT_EQ(exercise.DataLine(), "76 + 16,2 + 0,96 + 540 + 0,1 + 246");
+    volatile float sum = 0; // rounded after every step
+    for (const float addend : { 76.0F, 16.2F, 0.96F, 540.0F, 0.1F, 246.0F }) {
+        sum = sum + addend;
+    }
+    EXPECT_EQ(exercise.AddendSum, sum);
+    EXPECT_NE(exercise.AddendSum, 879.26F) << "added up exactly and rounded once";
+    EXPECT_EQ(exercise.Solution().Sum, " 879,2599");
+}
+
+TEST(PlaceAndAdd, EveryNewExerciseStartsItsSumAnew)
+{
+    ScriptedRandom random = scripted({ oneDigit(1), oneDigit(2), oneDigit(3), oneDigit(4) });
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = 2;
+    exercise.NewPlaceAndAdd();
+    EXPECT_EQ(exercise.AddendSum, 0.1F + 0.2F);
+    exercise.NewPlaceAndAdd();
+    EXPECT_EQ(exercise.AddendSum, 0.3F + 0.4F);
+    EXPECT_EQ(exercise.DataLine(), "0,3 + 0,4");
+}
+
+TEST(PlaceAndAdd, AddendsOfALongerExerciseAreLeftOutOfTheNextOne)
+{
+    SeededRandom random(4);
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = 6;
+    exercise.NewPlaceAndAdd();
+    const float leftOver = exercise.Addends[5];
+    exercise.AddendCount = 2;
+    exercise.NewPlaceAndAdd();
+    EXPECT_EQ(exercise.Addends[5], leftOver);
+    EXPECT_EQ(exercise.AddendSum, exercise.Addends[0] + exercise.Addends[1]);
+    EXPECT_EQ(exercise.DataLine(), textsOf(exercise)[0] + " + " + textsOf(exercise)[1]);
+}
+
+// Calls back with an exercise of each combination of options, drawn so many times.
+template <typename Examine>
+void forAllOptions(int timesEach, Examine examine)
+{
+    for (int addendCount = 2; addendCount <= 6; ++addendCount) {
+        for (int maxDigits = 2; maxDigits <= 5; ++maxDigits) {
+            SeededRandom random(addendCount * 10 + maxDigits);
+            PlaceAndAdd exercise(random);
+            exercise.AddendCount = addendCount;
+            exercise.MaxDigits = maxDigits;
+            for (int i = 0; i < timesEach; ++i) {
+                exercise.NewPlaceAndAdd();
+                examine(exercise);
+            }
+        }
+    }
+}
+
+TEST(PlaceAndAdd, AddendsKeepToTheirDigitsAndDecimals)
+{
+    forAllOptions(500, [](const PlaceAndAdd& exercise) {
+        bool hasShort = false;
+        for (const std::string& text : textsOf(exercise)) {
+            SCOPED_TRACE(text);
+            ASSERT_GT(ParseDisplayNumber(text), 0);
+            ASSERT_LE(ParseDisplayNumber(text), std::pow(10, static_cast<int>(exercise.MaxDigits)));
+            ASSERT_LE(significantDigitsOf(text), exercise.MaxDigits);
+            ASSERT_LE(decimalsOf(text), exercise.MaxDigits - 1);
+            hasShort = hasShort || significantDigitsOf(text) < exercise.MaxDigits;
+        }
+        ASSERT_TRUE(hasShort) << exercise.DataLine();
+    });
+}
+
+TEST(PlaceAndAdd, TheLineNamesTheAddendsInOrder)
+{
+    forAllOptions(100, [](const PlaceAndAdd& exercise) {
+        const std::string dataLine = exercise.DataLine();
+        std::istringstream line(dataLine);
+        std::vector<std::string> found;
+        std::string word;
+        while (line >> word) {
+            if (word != "+") {
+                found.push_back(word);
+            }
+        }
+        ASSERT_EQ(found, textsOf(exercise));
+        ASSERT_EQ(std::count(dataLine.begin(), dataLine.end(), '+'), exercise.AddendCount - 1);
+        ASSERT_NE(dataLine.back(), ' ');
+    });
+}
+
+TEST(PlaceAndAdd, NumbersHaveADecimalCommaInEveryCountry)
+{
+    const ForeignLocale foreign("de_DE.UTF-8", std::locale(std::locale(), new StrangePunctuation));
+    ScriptedRandom random {};
+    const PlaceAndAdd exercise = exerciseOf(random, { 1234.5F, 0.75F });
+    EXPECT_EQ(exercise.DataLine(), "1234,5 + 0,75");
+    EXPECT_EQ(exercise.Solution().Sum, "1235,25");
+    EXPECT_EQ(exerciseOf(random, { 1200.5F, 34.5F }).Verdict("1235", ""), "Resultado correcto ");
+}
+
+// ----------------------------------------------------------------------------------------------------------- judging
+
+TEST(PlaceAndAdd, JudgesTheWholePartOfWhatIsWritten)
+{
+    const struct {
+        float Addend1;
+        float Addend2;
+        const char* Answer;
+        bool Right;
+    } cases[] = {
+        { 120, 3, "123", true },
+        { 120, 3, "    123", true },
+        { 120, 3, "123    ", true },
+        { 120, 3, " 1 2 3 ", true },
+        { 120, 3, "  00123", true },
+        { 120, 3, "123,", true },
+        { 120, 3, "123,5", true }, // what stands behind the comma is not read
+        { 120, 3, "123,999", true },
+        { 120, 3, "124", false },
+        { 120, 3, "12", false },
+        { 120, 3, "12,3", false },
+        { 120, 3, "", false },
+        { 120, 3, "       ", false },
+        { 120, 3, ",123", false },
+        { 120.5F, 3, "123,5", false }, // a sum with decimals is never right
+        { 120.5F, 3, "123", false },
+        { 120.5F, 3, "1235", false },
+        { 120.5F, 3, "124", false },
+        { 120.5F, 2.5F, "123", true }, // decimals that add up to a whole number
+        { 0.5F, 0.5F, "1", true },
+        { 0.6F, 0.4F, "1", true },
+        { 98765, 1, "98766", true },
+        { 98765, 1, "98765", false },
+    };
+    ScriptedRandom random {};
+    for (const auto& [addend1, addend2, answer, right] : cases) {
+        SCOPED_TRACE(std::to_string(addend1) + " + " + std::to_string(addend2) + ", answered " + answer);
+        EXPECT_EQ(exerciseOf(random, { addend1, addend2 }).Verdict(answer, ""),
+            right ? "Resultado correcto " : "Resultado incorrecto");
+    }
+}
+
+TEST(PlaceAndAdd, ASumWithDecimalsIsNeverJudgedRight)
+{
+    forAllOptions(100, [](const PlaceAndAdd& exercise) {
+        const std::string sum = PlainDecimalText(exercise.AddendSum);
+        const bool isWhole = exercise.AddendSum == std::floor(exercise.AddendSum);
+        ASSERT_EQ(exercise.Verdict(sum, ""), isWhole ? "Resultado correcto " : "Resultado incorrecto") << sum;
+    });
+}
+
+TEST(PlaceAndAdd, AVerdictThatIsRepeatedGainsABlank)
+{
+    ScriptedRandom random {};
+    const PlaceAndAdd exercise = exerciseOf(random, { 120, 3 });
+    std::string shown;
+    for (const char* expected : { "Resultado correcto ", "Resultado correcto  ", "Resultado correcto " }) {
+        shown = exercise.Verdict("123", shown);
+        EXPECT_EQ(shown, expected);
+    }
+    for (const char* expected : { "Resultado incorrecto", "Resultado incorrecto ", "Resultado incorrecto" }) {
+        shown = exercise.Verdict("124", shown);
+        EXPECT_EQ(shown, expected);
+    }
+    EXPECT_EQ(exercise.Verdict("123", "Resultado incorrecto "), "Resultado correcto ");
+}
+
+// ---------------------------------------------------------------------------------------------------------- solution
+
+TEST(PlaceAndAdd, PlacesTheUnitsInTheFourthColumn)
+{
+    ScriptedRandom random {};
+    const PlaceAndAdd exercise = exerciseOf(random, { 1234, 0.5F, 76.25F, 123, 7.125F, 0.0625F });
+    const PlaceAndAdd::Placement solution = exercise.Solution();
+    EXPECT_EQ(
+        solution.Addends, (std::vector<std::string> { "1234", "   0,5", "  76,25", " 123", "   7,125", "   0,0625" }));
+    EXPECT_EQ(solution.Sum, "1440,938"); // seven significant digits
+}
+
+TEST(PlaceAndAdd, EverySolutionThatFitsHasItsUnitsInTheFourthColumn)
+{
+    int tooLong = 0;
+    forAllOptions(200, [&tooLong](const PlaceAndAdd& exercise) {
+        if (exercise.AddendSum >= 10000) {
+            ++tooLong;
+            ASSERT_EQ(KindThrownBy([&] { exercise.Solution(); }), RunTimeError::Kind::InvalidArgument);
+            return;
+        }
+        PlaceAndAdd::Placement solution = exercise.Solution();
+        ASSERT_EQ(solution.Addends.size(), static_cast<std::size_t>(exercise.AddendCount));
+        for (std::size_t i = 0; i < solution.Addends.size(); ++i) {
+            ASSERT_EQ(Trimmed(solution.Addends[i]), textsOf(exercise)[i]);
+        }
+        ASSERT_EQ(Trimmed(solution.Sum), PlainDecimalText(exercise.AddendSum));
+        solution.Addends.push_back(solution.Sum);
+        for (const std::string& placed : solution.Addends) {
+            ASSERT_GE(placed.size(), 4U);
+            ASSERT_NE(std::string("0123456789").find(placed[3]), std::string::npos) << placed;
+            ASSERT_TRUE(placed.size() == 4 || placed[4] == ',') << placed;
+        }
+    });
+    EXPECT_GT(tooLong, 100);
+}
+
+TEST(PlaceAndAdd, ASumOfFiveIntegerDigitsHasNoColumns)
+{
+    ScriptedRandom random {};
+    EXPECT_EQ(exerciseOf(random, { 9999, 0.5F }).Solution().Sum, "9999,5");
+    const std::vector<float> tooLong[] = { { 9999, 1 }, { 12345, 0.5F }, { 5000, 5000, 1 } };
+    for (const auto& addends : tooLong) {
+        EXPECT_EQ(KindThrownBy([&] { exerciseOf(random, addends).Solution(); }), RunTimeError::Kind::InvalidArgument);
+    }
+    try {
+        exerciseOf(random, { 12345, 0.5F }).Solution();
+        ADD_FAILURE();
+    } catch (const RunTimeError& error) {
+        EXPECT_STREQ(error.what(),
+            "La suma es 12345,5.\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.");
+    }
+}
+
+TEST(PlaceAndAdd, EveryLengthIsEquallyLikely)
+{
+    constexpr int draws = 9000;
+    SeededRandom random(7);
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = 6;
+    int tenths = 0;
+    for (int i = 0; i < draws; ++i) {
+        exercise.NewPlaceAndAdd();
+        tenths += exercise.Addends[0] < 1 && decimalsOf(textsOf(exercise)[0]) == 1 ? 1 : 0;
+    }
+    // One digit: 9 of 10 draws. Two: 9 of 100, and of the 9 that end in 0 those with two decimals. Three: 9 of 1000.
+    const double share = (0.9 + (0.09 + 0.09 / 3) + 0.009) / 3;
+    EXPECT_NEAR(tenths, draws * share, 270); // six standard deviations
+}
+
+} // namespace
+
+} // namespace numbrela
