@@ -57,7 +57,8 @@ TEST(FormColoSumaTable, EverythingStandsInItsPlace)
 
     FormColoSuma form(clock);
     ShowAndActivate(form);
-    QCoreApplication::sendPostedEvents(); // nothing is left to lay out
+    QCoreApplication::sendPostedEvents(); // the frame is laid out,
+    QCoreApplication::sendPostedEvents(); // and then what is around it
     EXPECT_EQ(form.objectName(), QStringLiteral("FormColoSuma"));
     EXPECT_EQ(form.windowTitle(), QStringLiteral("COLOCA Y SUMA"));
     ExpectControls(form,
