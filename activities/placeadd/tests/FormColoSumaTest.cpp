@@ -2,15 +2,14 @@
 
 #include "common/core/NumberText.h"
 #include "common/screen/CommandButton.h"
-#include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
+#include "tests/support/Shown.h"
 
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QFontInfo>
 #include <QLabel>
@@ -29,22 +28,6 @@ using namespace testing;
 
 const std::string eightBlanks(8, ' ');
 const std::string sevenBlanks(7, ' ');
-
-bool isWhollySelected(const TextBox& box)
-{
-    return box.hasSelectedText() && box.selectedText() == box.text();
-}
-
-std::vector<int> checkedItems(const OptionMenu& menu)
-{
-    std::vector<int> checked;
-    for (std::size_t index = 0; index < menu.Items().size(); ++index) {
-        if (menu.Items()[index]->isChecked()) {
-            checked.push_back(static_cast<int>(index));
-        }
-    }
-    return checked;
-}
 
 class FormColoSumaTest : public ::testing::Test {
 protected:
@@ -319,7 +302,7 @@ TEST_F(FormColoSumaTest, AWholeSumIsJudgedRight)
     typeSum("  " + PlainDecimalText(expected_.AddendSum));
     Click(form_, QStringLiteral("Command1"));
     EXPECT_EQ(verdict(), "Resultado correcto ");
-    EXPECT_TRUE(isWhollySelected(*form_.Text1));
+    EXPECT_TRUE(IsWhollySelected(*form_.Text1));
     EXPECT_EQ(FocusName(), "Command1") << "where the click has put it";
 }
 
@@ -329,7 +312,7 @@ TEST_F(FormColoSumaTest, ASumWithDecimalsIsJudgedWrong)
     typeSum(PlainDecimalText(expected_.AddendSum));
     Click(form_, QStringLiteral("Command1"));
     EXPECT_EQ(verdict(), "Resultado incorrecto");
-    EXPECT_TRUE(isWhollySelected(*form_.Text1));
+    EXPECT_TRUE(IsWhollySelected(*form_.Text1));
 }
 
 TEST_F(FormColoSumaTest, EveryClickChangesTheVerdict)
@@ -338,13 +321,13 @@ TEST_F(FormColoSumaTest, EveryClickChangesTheVerdict)
     for (const char* expected : { "Resultado incorrecto", "Resultado incorrecto ", "Resultado incorrecto" }) {
         Click(form_, QStringLiteral("Command1"));
         EXPECT_EQ(verdict(), expected);
-        EXPECT_TRUE(isWhollySelected(*form_.Text1));
+        EXPECT_TRUE(IsWhollySelected(*form_.Text1));
     }
     typeSum(PlainDecimalText(expected_.AddendSum));
     for (const char* expected : { "Resultado correcto ", "Resultado correcto  ", "Resultado correcto " }) {
         Click(form_, QStringLiteral("Command1"));
         EXPECT_EQ(verdict(), expected);
-        EXPECT_TRUE(isWhollySelected(*form_.Text1));
+        EXPECT_TRUE(IsWhollySelected(*form_.Text1));
     }
 }
 
@@ -485,8 +468,8 @@ TEST_F(FormColoSumaTest, ChoosingTheNumberOfAddendsDrawsAndMovesTheMark)
         const std::string shown = verdict();
         chooseAddends(count);
         EXPECT_EQ(line(), expected_.DataLine());
-        EXPECT_EQ(checkedItems(*form_.MnuOpcSum), std::vector { count - 2 });
-        EXPECT_EQ(checkedItems(*form_.MnuOpcCif), std::vector { 1 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcSum), std::vector { count - 2 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcCif), std::vector { 1 });
         EXPECT_EQ(form_.TbSumando.size(), 6U) << "boxes once made are kept";
         for (std::size_t i = 0; i < form_.TbSumando.size(); ++i) {
             EXPECT_EQ(addend(i).isVisible(), static_cast<int>(i) < count);
@@ -507,8 +490,8 @@ TEST_F(FormColoSumaTest, ChoosingDigitsDrawsAndMovesTheMark)
         chooseDigits(digits);
         EXPECT_EQ(line(), expected_.DataLine());
         EXPECT_EQ(addends(), std::vector(4, eightBlanks));
-        EXPECT_EQ(checkedItems(*form_.MnuOpcCif), std::vector { digits - 2 });
-        EXPECT_EQ(checkedItems(*form_.MnuOpcSum), std::vector { 2 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcCif), std::vector { digits - 2 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcSum), std::vector { 2 });
     }
 }
 

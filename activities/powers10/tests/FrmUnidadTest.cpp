@@ -1,16 +1,15 @@
 #include "activities/powers10/screen/FrmUnidad.h"
 
 #include "common/screen/CommandButton.h"
-#include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/RunTimeErrorsOf.h"
+#include "tests/support/Shown.h"
 
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QSignalSpy>
 
 #include <set>
@@ -35,22 +34,6 @@ std::string lineOf(const FrmUnidad& form)
         line += box->Text();
     }
     return line;
-}
-
-bool isWhollySelected(const TextBox& box)
-{
-    return box.hasSelectedText() && box.selectedText() == box.text();
-}
-
-std::vector<int> checkedItems(const OptionMenu& menu)
-{
-    std::vector<int> checked;
-    for (std::size_t index = 0; index < menu.Items().size(); ++index) {
-        if (menu.Items()[index]->isChecked()) {
-            checked.push_back(static_cast<int>(index));
-        }
-    }
-    return checked;
 }
 
 class FrmUnidadTest : public ::testing::Test {
@@ -86,7 +69,7 @@ TEST_F(FrmUnidadTest, OpensWithAnExerciseAndTheFocusInTheAnswer)
     EXPECT_EQ(verdict(), "");
     EXPECT_EQ(FocusName(), "TBRespuesta");
     for (const TextBox* box : form_.TBDatos) {
-        EXPECT_TRUE(isWhollySelected(*box)) << box->Text();
+        EXPECT_TRUE(IsWhollySelected(*box)) << box->Text();
     }
 }
 
@@ -97,7 +80,7 @@ TEST_F(FrmUnidadTest, EnterChecksARightAnswer)
     Press(Qt::Key_Return);
     EXPECT_EQ(answer(), expected_.Solution()) << "Enter itself is not written";
     EXPECT_EQ(verdict(), "Resultado correcto ");
-    EXPECT_TRUE(isWhollySelected(*form_.TBResultado));
+    EXPECT_TRUE(IsWhollySelected(*form_.TBResultado));
     EXPECT_EQ(FocusName(), "Command2(0)");
 }
 
@@ -107,7 +90,7 @@ TEST_F(FrmUnidadTest, EnterChecksAWrongAnswer)
     Press(Qt::Key_Enter);
     EXPECT_EQ(answer(), "123456");
     EXPECT_EQ(verdict(), "Resultado incorrecto ");
-    EXPECT_TRUE(isWhollySelected(*form_.TBResultado));
+    EXPECT_TRUE(IsWhollySelected(*form_.TBResultado));
     EXPECT_EQ(FocusName(), "TBRespuesta");
 }
 
@@ -159,7 +142,7 @@ TEST_F(FrmUnidadTest, ContinuingDrawsTheNextExercise)
     EXPECT_EQ(verdict(), "");
     EXPECT_EQ(FocusName(), "TBRespuesta");
     for (const TextBox* box : form_.TBDatos) {
-        EXPECT_TRUE(isWhollySelected(*box)) << box->Text();
+        EXPECT_TRUE(IsWhollySelected(*box)) << box->Text();
     }
     typeRightAnswer();
     Press(Qt::Key_Return);
@@ -183,7 +166,7 @@ TEST_F(FrmUnidadTest, TheSolutionIsWrittenHighlightedAndIsRight)
     Press(Qt::Key_Return);
     Click(form_, QStringLiteral("Command2(2)"));
     EXPECT_EQ(answer(), expected_.Solution());
-    EXPECT_TRUE(isWhollySelected(*form_.TBRespuesta));
+    EXPECT_TRUE(IsWhollySelected(*form_.TBRespuesta));
     EXPECT_EQ(verdict(), "Resultado incorrecto ") << "the verdict stays";
     EXPECT_EQ(FocusName(), "Command2(0)");
     Click(form_, QStringLiteral("Command1"));
@@ -242,8 +225,8 @@ TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNoMark)
         EXPECT_EQ(line(), expectedLine());
         EXPECT_EQ(answer(), "");
         EXPECT_EQ(verdict(), "");
-        EXPECT_EQ(checkedItems(*form_.MnuOpcCi1), std::vector { 1 });
-        EXPECT_EQ(checkedItems(*form_.MnuOpcCi2), std::vector { 2 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcCi1), std::vector { 1 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcCi2), std::vector { 2 });
         for (int i = 0; i < 20; ++i) {
             Click(form_, QStringLiteral("Command2(0)"));
             expected_.NewPowerOfTenExercise();
@@ -261,8 +244,8 @@ TEST_F(FrmUnidadTest, ChoosingDigitsOfThePowerDoesNothing)
         EXPECT_EQ(line(), expectedLine());
         EXPECT_EQ(answer(), "5");
         EXPECT_EQ(verdict(), "Resultado incorrecto ");
-        EXPECT_EQ(checkedItems(*form_.MnuOpcCi1), std::vector { 1 });
-        EXPECT_EQ(checkedItems(*form_.MnuOpcCi2), std::vector { 2 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcCi1), std::vector { 1 });
+        EXPECT_EQ(CheckedItems(*form_.MnuOpcCi2), std::vector { 2 });
     }
     std::set<std::string> powers;
     for (int i = 0; i < 60; ++i) {
