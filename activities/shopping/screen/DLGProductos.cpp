@@ -2,6 +2,7 @@
 
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/screen/NewProduct.h"
+#include "activities/shopping/screen/SelectionStart.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
@@ -53,6 +54,7 @@ void DLGProductos::buildControls()
     List1->setModel(&lines_);
     List1->setUniformItemSizes(true);
     List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    List1->installEventFilter(new SelectionStart(List1));
     Area().Place(List1, { 500, 700, 9500, 5150 }, listFont);
     Label1->setBuddy(List1);
 

@@ -1,5 +1,6 @@
 #include "activities/shopping/screen/ListBox.h"
 
+#include "activities/shopping/screen/SelectionStart.h"
 #include "common/screen/KeyCodes.h"
 
 #include <QKeyEvent>
@@ -11,6 +12,7 @@ ListBox::ListBox(QWidget* parent)
 {
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
+    installEventFilter(new SelectionStart(this));
 }
 
 void ListBox::SetLines(const std::vector<std::string>& lines)
@@ -42,12 +44,6 @@ void ListBox::keyPressEvent(QKeyEvent* event)
         if (!event->isAutoRepeat() && KeyDown) {
             KeyDown(keyCode);
         }
-        return;
-    }
-    const bool movesSelection = keyCode == KeyCode::Up || keyCode == KeyCode::Down || keyCode == KeyCode::Space;
-    if (movesSelection && !SelectedLine()) {
-        event->accept();
-        SelectLine(0);
         return;
     }
     QListWidget::keyPressEvent(event);

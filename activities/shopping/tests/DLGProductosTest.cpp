@@ -256,6 +256,25 @@ TEST_F(DLGProductosTest, ShowsTheProductOfTheLineThatTheArrowKeysReach)
     EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "0,85" }));
 }
 
+TEST_F(DLGProductosTest, BeginsAtTheFirstLineWhenTheKeyboardFindsNoneSelected)
+{
+    open();
+    Press(Qt::Key_Down);
+    EXPECT_EQ(selectedLine(), 0);
+    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "2" }));
+
+    change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QString());
+    EXPECT_EQ(selectedLine(), -1);
+    form().List1->setFocus();
+    Press(Qt::Key_Up);
+    EXPECT_EQ(selectedLine(), 0);
+
+    open({ bread });
+    Press(Qt::Key_Down);
+    EXPECT_EQ(selectedLine(), 0);
+    EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "0,85" }));
+}
+
 TEST_F(DLGProductosTest, WritesTheBoxesBackWhenAnotherLineIsClickedAndDoesNotSortAnew)
 {
     open();

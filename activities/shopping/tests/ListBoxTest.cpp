@@ -38,15 +38,20 @@ TEST_F(ListBoxTest, NoLineIsSelectedUntilSomebodySelectsOne)
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
 
-TEST_F(ListBoxTest, TheKeyboardBeginsAtTheFirstLine)
+TEST_F(ListBoxTest, TheKeyboardBeginsAtTheFirstLineOrTheLast)
 {
-    for (const int key : { Qt::Key_Down, Qt::Key_Up, Qt::Key_Space }) {
+    struct Case {
+        int Key;
+        int Line;
+    };
+    for (const Case& c : { Case { Qt::Key_Down, 0 }, { Qt::Key_Up, 0 }, { Qt::Key_Space, 0 }, { Qt::Key_Home, 0 },
+             { Qt::Key_PageUp, 0 }, { Qt::Key_End, 2 }, { Qt::Key_PageDown, 2 } }) {
         list_.SetLines({ "uno", "dos", "tres" });
         ShowAndActivate(list_);
-        Press(key);
-        EXPECT_EQ(list_.SelectedLine(), 0) << key;
-        Press(Qt::Key_Down);
-        EXPECT_EQ(list_.SelectedLine(), 1) << key;
+        Press(c.Key);
+        EXPECT_EQ(list_.SelectedLine(), c.Line) << c.Key;
+        Press(c.Line == 0 ? Qt::Key_Down : Qt::Key_Up);
+        EXPECT_EQ(list_.SelectedLine(), 1) << c.Key;
     }
 }
 
@@ -54,8 +59,10 @@ TEST_F(ListBoxTest, KeysInAnEmptyListSelectNothing)
 {
     list_.SetLines({});
     ShowAndActivate(list_);
-    Press(Qt::Key_Down);
-    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    for (const int key : { Qt::Key_Down, Qt::Key_End }) {
+        Press(key);
+        EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    }
     list_.SelectLine(0);
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
