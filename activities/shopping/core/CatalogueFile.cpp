@@ -7,6 +7,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 
@@ -75,6 +77,16 @@ std::filesystem::path fileBehind(const std::filesystem::path& path)
     std::error_code unresolved;
     const std::filesystem::path file = std::filesystem::canonical(path, unresolved);
     return unresolved ? path : file;
+}
+
+// Whether a process with this number, other than this one, is running: the new file may be one that it still writes.
+bool isOfAnotherSave(const std::string& processNumber)
+{
+    pid_t process = 0;
+    const char* const end = processNumber.data() + processNumber.size();
+    const auto [stop, error] = std::from_chars(processNumber.data(), end, process);
+    return error == std::errc() && stop == end && process > 0 && process != ::getpid()
+        && (::kill(process, 0) == 0 || errno == EPERM);
 }
 
 int openOrCreate(const std::filesystem::path& path)
@@ -207,14 +219,16 @@ int CatalogueReplacement::openNewFile() const
     return file;
 }
 
-// New files that never took over: of a save that was killed, or that a loss of power stopped.
+// New files that never took over: of a save that was killed, or that a loss of power stopped. What cannot be removed
+// does no harm.
 void CatalogueReplacement::removeLeftovers() const
 {
     const std::string beginning = path_.filename().string() + newNameMark;
-    std::error_code ignored; // what cannot be removed does no harm
-    for (const auto& entry : std::filesystem::directory_iterator(folderOf(path_), ignored)) {
-        const std::string name = entry.path().filename().string();
-        if (name.compare(0, beginning.size(), beginning) == 0) {
+    std::error_code ends; // the walk, at a folder or an entry that cannot be read
+    for (std::filesystem::directory_iterator entry(folderOf(path_), ends), end; !ends && entry != end;
+         entry.increment(ends)) {
+        const std::string name = entry->path().filename().string();
+        if (name.compare(0, beginning.size(), beginning) == 0 && !isOfAnotherSave(name.substr(beginning.size()))) {
             ::unlinkat(folder_.Number(), name.c_str(), 0);
         }
     }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <sys/stat.h>
 
 #include <array>
@@ -184,7 +186,9 @@ TEST_F(CatalogueTest, PassesOverPricesThatAreNotAboveZero)
 TEST_F(CatalogueTest, ClosesTheGapsThatPassedOverRecordsLeave)
 {
     const std::string none = record("nada", zero, "x");
-    const ProductTable table = load(none + record("a", one, "x") + none + none + record("b", one, "y") + none);
+    const std::string debt = record("deuda", bytes({ 0, 0, 0x80, 0xBF }), "x");
+    const ProductTable table
+        = load(none + record("a", one, "x") + none + debt + none + record("b", one, "y") + none + debt);
     ASSERT_EQ(table.size(), 2U);
     EXPECT_EQ(table[0].Nombre.Trimmed(), "a");
     EXPECT_EQ(table[1].Nombre.Trimmed(), "b");
@@ -403,13 +407,22 @@ TEST_F(CatalogueTest, SavesBesideAFileThatIsNamedWithoutAFolder)
 
 TEST_F(CatalogueTest, RemovesWhatStoppedSavesHaveLeft)
 {
-    WriteBytes(folder_ / "productos.dat.nuevo-1", "half");
-    WriteBytes(folder_ / "productos.dat.nuevo-99999", "");
+    WriteBytes(folder_ / "productos.dat.nuevo-4194304", "half"); // one above the highest number of a process
+    WriteBytes(folder_ / ("productos.dat.nuevo-" + std::to_string(::getpid())).c_str(), "");
+    WriteBytes(folder_ / "productos.dat.nuevo-", "");
+    WriteBytes(folder_ / "productos.dat.nuevo-1x", "half");
     WriteBytes(folder_ / "productos.dat.copia", "mine");
-    WriteBytes(folder_ / "otros.dat.nuevo-1", "other");
+    WriteBytes(folder_ / "otros.dat.nuevo-4194304", "other");
     SaveCatalogue(path_, ProductTable(1));
-    EXPECT_EQ(
-        folder_.Names(), (std::vector<std::string> { "otros.dat.nuevo-1", "productos.dat", "productos.dat.copia" }));
+    EXPECT_EQ(folder_.Names(),
+        (std::vector<std::string> { "otros.dat.nuevo-4194304", "productos.dat", "productos.dat.copia" }));
+}
+
+TEST_F(CatalogueTest, LeavesTheNewFileOfASaveThatIsStillRunning)
+{
+    WriteBytes(folder_ / "productos.dat.nuevo-1", "half"); // the first process runs as long as the system does
+    SaveCatalogue(path_, ProductTable(1));
+    EXPECT_EQ(folder_.Names(), (std::vector<std::string> { "productos.dat", "productos.dat.nuevo-1" }));
 }
 
 } // namespace
