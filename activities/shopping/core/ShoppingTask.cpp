@@ -262,22 +262,34 @@ PayOutcome ShoppingTask::Continue(std::string_view typed)
 
 PayOutcome ShoppingTask::beginSum()
 {
-    PayOutcome outcome {
-        .Scene = ShopScene::Sum,
-        .Instructions = "Sume los precios y escriba el resultado debajo, después pulse continuar.",
-    };
     BasketTotal = 0;
-    Int16 rows;
     for (const ShoppingItem& item : Basket) {
         for (int unit = 0; unit < item.Units; ++unit) {
             BasketTotal += item.Precio;
-            outcome.Column += (rows == 0 ? "" : "\n+") + PriceText(item.Precio);
+        }
+    }
+    PayStep = 2;
+    return {
+        .Scene = ShopScene::Sum,
+        .Instructions = "Sume los precios y escriba el resultado debajo, después pulse continuar.",
+    };
+}
+
+PriceColumn ShoppingTask::ColumnAboveResult() const
+{
+    if (PayStep == 3) {
+        return { PriceText(NotesGiven) + "\n-" + PriceText(AmountPaid), 2 * RowHeight };
+    }
+    PriceColumn column;
+    Int16 rows;
+    for (const ShoppingItem& item : Basket) {
+        for (int unit = 0; unit < item.Units; ++unit) {
+            column.Text += (rows == 0 ? "" : "\n+") + PriceText(item.Precio);
             ++rows;
         }
     }
-    outcome.ColumnHeight = rows * RowHeight;
-    PayStep = 2;
-    return outcome;
+    column.Height = rows * RowHeight;
+    return column;
 }
 
 PayOutcome ShoppingTask::paySum(float sum)
@@ -316,8 +328,6 @@ PayOutcome ShoppingTask::beginChange(std::string message)
         .Message = std::move(message),
         .Instructions = "Has entregado " + PlainDecimalText(NotesGiven)
             + " euros en billetes para pagar tu compra, ¿Cuánto dinero te tienen que devolver?",
-        .Column = PriceText(NotesGiven) + "\n-" + PriceText(AmountPaid),
-        .ColumnHeight = 2 * RowHeight,
     };
 }
 

@@ -43,8 +43,12 @@ struct PayOutcome {
     ShopScene Scene = ShopScene::Centre;
     std::string Message = {}; // to be told before, under the title "Error"; empty: nothing
     std::string Instructions = {}; // what to do now (Sum, Change, Receipt)
-    std::string Column = {}; // the prices, or the subtraction, under each other (Sum, Change)
-    Int16 ColumnHeight = 0; // twips
+};
+
+// What is written above the result box: amounts under each other.
+struct PriceColumn {
+    std::string Text;
+    Int16 Height; // twips
 };
 
 // What is said to a pupil who goes home.
@@ -103,6 +107,11 @@ public:
 
     // The next step of paying, with what the pupil wrote into the answer box.
     PayOutcome Continue(std::string_view typed);
+
+    // The prices of the basket while they are added up, the subtraction while the change is worked out; to be asked for
+    // after the message of the step has been told. Throws a RunTimeError for a price or banknotes of 1.000 € or more,
+    // which have no room, and for more than 114 rows.
+    PriceColumn ColumnAboveResult() const;
 
     // Going out of a shop takes three minutes, with or without a purchase.
     void LeaveShop() { TimeLeft -= 180; }

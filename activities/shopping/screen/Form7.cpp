@@ -399,8 +399,9 @@ void Form7::CbContinuar_Click()
 
 void Form7::askForResult(const PayOutcome& outcome)
 {
-    placeInShop(TBCantidades, { columnLeft, columnBottom - outcome.ColumnHeight, columnWidth, outcome.ColumnHeight });
-    TBCantidades->SetText(outcome.Column);
+    const PriceColumn column = task_.ColumnAboveResult();
+    placeInShop(TBCantidades, { columnLeft, columnBottom - column.Height, columnWidth, column.Height });
+    TBCantidades->SetText(column.Text);
     showInstructions(outcome.Instructions, instructionPlace);
     TbResultado->SetText("");
     TbResultado->setFocus();
@@ -472,7 +473,7 @@ void Form7::MnuOpcAdd_Click()
     }
 }
 
-// The editor opens first: were this the only window left, the program would end with it.
+// The editor opens first: were this the last window, the program would end with its closing.
 void Form7::MnuOpcPro_Click()
 {
     ShowEditor(clock_, cataloguePath_);

@@ -11,6 +11,7 @@
 #include "common/screen/TextBox.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/KindThrownBy.h"
+#include "tests/support/RunTimeErrorsOf.h"
 
 #include <gtest/gtest.h>
 
@@ -361,6 +362,83 @@ TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsThatShopAsItWas)
     EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
     EXPECT_EQ(FocusIn(form), "List1");
     EXPECT_TRUE(form.Timer1->isActive());
+}
+
+TEST_F(Form7Test, WhoBeginsAgainWhilePayingGoesOnPaying)
+{
+    const auto answer = [](const Form7& form, const QString& result) {
+        TypeResult(result);
+        PressContinue(form);
+    };
+    for (const int step : { 2, 3, 4 }) {
+        SCOPED_TRACE(step);
+        Form7& form = open(TableOf({ { "a", 1 }, { "b", 1 }, { "c", 1 }, { "d", 1 } }));
+        GoInto(form, QStringLiteral("Panadería"));
+        for (const ShoppingItem& item : form.Task().ShoppingList) {
+            for (int unit = 0; unit < item.Units; ++unit) {
+                TakeFromShelf(form, QString::fromStdString(item.Nombre.Trimmed()));
+            }
+        }
+        PressContinue(form);
+        answer(form, Written(form.Task().ListCost));
+        answer(form, Written(form.Task().NotesGiven - form.Task().ListCost));
+        ExpectMessage(QStringLiteral("Compra terminada"), QStringLiteral("Pulse el botón Volver a casa"));
+        PressContinue(form);
+
+        GoInto(form, QStringLiteral("Panadería"));
+        TakeFromShelf(form, QStringLiteral("a"));
+        PressContinue(form);
+        if (step > 2) {
+            answer(form, QStringLiteral("1,00"));
+        }
+        if (step > 3) {
+            answer(form, QStringLiteral("4,00"));
+        }
+        ASSERT_EQ(form.Task().PayStep, step);
+        const std::string column = form.TBCantidades->Text();
+        const std::string instructions = form.TbInstrucciones->Text();
+        const QString caption = form.CbContinuar->text();
+
+        ExpectDialog([](QDialog& box) { box.accept(); }); // the verdict
+        ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
+            { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("Sí"));
+        Click(form, QStringLiteral("CBVolver"));
+        EXPECT_EQ(form.Task().PayStep, step);
+        EXPECT_TRUE(form.Frame3->isVisible());
+        EXPECT_EQ(form.TBCantidades->Text(), column);
+        EXPECT_EQ(form.TbInstrucciones->Text(), instructions);
+        EXPECT_EQ(form.CbContinuar->text(), caption);
+        EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven);
+        EXPECT_TRUE(form.Task().IsListOpen());
+        EXPECT_EQ(FocusIn(form), "List1");
+    }
+}
+
+TEST_F(Form7Test, TheWarningOfAPaymentIsToldAlsoWhereItsNotesEndTheProgram)
+{
+    const std::vector<RunTimeError> errors = RunTimeErrorsOf([this] {
+        Form7& form = open(TableOf({ { "Una barra de pan", 999 }, { "a", 999 }, { "b", 999 }, { "c", 999 } }));
+        addUp(form, 1);
+        TypeResult(QStringLiteral("1000"));
+        ExpectMessage(QStringLiteral("Error"),
+            QStringLiteral("Parece que te has equivocado al sumar, si sigues pagando de más quizá no puedas comprar "
+                           "todo lo que necesitas\n(1000 / 999)"));
+        PressContinue(form);
+    });
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_EQ(errors.front().ErrorKind(), RunTimeError::Kind::InvalidArgument);
+}
+
+TEST_F(Form7Test, ASecondGoesByOnTheClockAtEachTick)
+{
+    Form7& form = open(NumberedTable(4));
+    form.Timer1->stop();
+    const int timeGiven = form.Task().TimeLeft;
+    ASSERT_GT(timeGiven, 0);
+    ASSERT_EQ(timeGiven % 60, 0);
+    EXPECT_EQ(form.TBTiempo->Text(), std::to_string(timeGiven / 60) + " : 00");
+    form.Timer1_Timer();
+    EXPECT_EQ(form.TBTiempo->Text(), std::to_string(timeGiven / 60 - 1) + " : 59");
 }
 
 TEST_F(Form7Test, ANewTaskLeavesTheShopAsItIs)

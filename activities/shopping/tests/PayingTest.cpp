@@ -72,8 +72,8 @@ TEST_F(PayingTest, ThePricesOfAllUnitsAreWrittenUnderEachOther)
     const PayOutcome outcome = task_.Continue("");
     EXPECT_EQ(outcome.Scene, ShopScene::Sum);
     EXPECT_EQ(outcome.Message, "");
-    EXPECT_EQ(outcome.Column, "  0,85\n+  0,85\n+  1,20");
-    EXPECT_EQ(outcome.ColumnHeight, 3 * 285);
+    EXPECT_EQ(task_.ColumnAboveResult().Text, "  0,85\n+  0,85\n+  1,20");
+    EXPECT_EQ(task_.ColumnAboveResult().Height, 3 * 285);
     EXPECT_EQ(outcome.Instructions, "Sume los precios y escriba el resultado debajo, después pulse continuar.");
     EXPECT_EQ(task_.PayStep, 2);
     EXPECT_EQ(task_.BasketTotal, 0.85F + 0.85F + 1.2F);
@@ -83,8 +83,8 @@ TEST_F(PayingTest, OneProductIsAColumnOfOneRow)
 {
     task_.TakeProduct(2);
     const PayOutcome outcome = task_.Continue("");
-    EXPECT_EQ(outcome.Column, " 24,00");
-    EXPECT_EQ(outcome.ColumnHeight, 285);
+    EXPECT_EQ(task_.ColumnAboveResult().Text, " 24,00");
+    EXPECT_EQ(task_.ColumnAboveResult().Height, 285);
 }
 
 TEST_F(PayingTest, TheTotalIsAddedUpUnitByUnitInSinglePrecision)
@@ -104,18 +104,21 @@ TEST_F(PayingTest, TheColumnHolds114Rows)
 {
     task_.TakeProduct(0);
     task_.Basket[0].Units = 114;
-    EXPECT_EQ(task_.Continue("").ColumnHeight, 32'490);
+    task_.Continue("");
+    EXPECT_EQ(task_.ColumnAboveResult().Height, 32'490);
 
     task_.EnterShop("Panadería");
     task_.TakeProduct(0);
     task_.Basket[0].Units = 115;
-    EXPECT_EQ(KindThrownBy([this] { task_.Continue(""); }), RunTimeError::Kind::Overflow);
+    task_.Continue("");
+    EXPECT_EQ(KindThrownBy([this] { task_.ColumnAboveResult(); }), RunTimeError::Kind::Overflow);
 }
 
 TEST_F(PayingTest, APriceOfAThousandEndsTheProgram)
 {
     task_.TakeProduct(3);
-    EXPECT_EQ(KindThrownBy([this] { task_.Continue(""); }), RunTimeError::Kind::InvalidArgument);
+    task_.Continue("");
+    EXPECT_EQ(KindThrownBy([this] { task_.ColumnAboveResult(); }), RunTimeError::Kind::InvalidArgument);
 }
 
 TEST_F(PayingTest, ARightSumLeadsToTheChange)
@@ -123,8 +126,8 @@ TEST_F(PayingTest, ARightSumLeadsToTheChange)
     const PayOutcome outcome = addUp("2,90");
     EXPECT_EQ(outcome.Scene, ShopScene::Change);
     EXPECT_EQ(outcome.Message, "");
-    EXPECT_EQ(outcome.Column, "  5,00\n-  2,90");
-    EXPECT_EQ(outcome.ColumnHeight, 570);
+    EXPECT_EQ(task_.ColumnAboveResult().Text, "  5,00\n-  2,90");
+    EXPECT_EQ(task_.ColumnAboveResult().Height, 570);
     EXPECT_EQ(outcome.Instructions,
         "Has entregado 5 euros en billetes para pagar tu compra, ¿Cuánto dinero te tienen que devolver?");
     EXPECT_EQ(task_.PayStep, 3);
@@ -171,7 +174,7 @@ TEST_F(PayingTest, NothingIsRightForABasketThatCostsNothing)
     task_.Continue("");
     const PayOutcome outcome = task_.Continue("");
     EXPECT_EQ(outcome.Scene, ShopScene::Change);
-    EXPECT_EQ(outcome.Column, "  5,00\n-  0,00");
+    EXPECT_EQ(task_.ColumnAboveResult().Text, "  5,00\n-  0,00");
 }
 
 TEST_F(PayingTest, TooMuchIsPaidWithAWarning)
@@ -179,7 +182,7 @@ TEST_F(PayingTest, TooMuchIsPaidWithAWarning)
     const PayOutcome outcome = addUp("3");
     EXPECT_EQ(outcome.Scene, ShopScene::Change);
     EXPECT_EQ(outcome.Message, addedTooMuch + std::string("(3 / 2,9)"));
-    EXPECT_EQ(outcome.Column, "  5,00\n-  3,00");
+    EXPECT_EQ(task_.ColumnAboveResult().Text, "  5,00\n-  3,00");
     EXPECT_EQ(task_.AmountPaid, 3);
     EXPECT_EQ(task_.Continue("2").Message, "") << "the change due is that of the sum paid";
 }
@@ -221,7 +224,9 @@ TEST_F(PayingTest, NotesThatHaveNoRoomInTheSubtractionEndTheProgram)
     task_.MoneyLeft = 1005;
     task_.TakeProduct(0);
     task_.Continue("");
-    EXPECT_EQ(KindThrownBy([this] { task_.Continue("999"); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(task_.Continue("1000").Message, addedTooMuch + std::string("(1000 / 999)")) << "told before";
+    EXPECT_EQ(task_.NotesGiven, 1005);
+    EXPECT_EQ(KindThrownBy([this] { task_.ColumnAboveResult(); }), RunTimeError::Kind::InvalidArgument);
 }
 
 TEST_F(PayingTest, TheRightChangeLeadsToTheReceipt)

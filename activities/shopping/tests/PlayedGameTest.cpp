@@ -189,6 +189,7 @@ TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
     PressContinue(form);
     EXPECT_TRUE(form.Frame2->isVisible());
     EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven) << "nothing has been bought yet";
+    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 3 * 180);
 
     // Paid with 25 cents too much, and with the change taken for nothing.
     cost = fillBasket(form, shop);
