@@ -26,9 +26,31 @@ inline double MillisecondsSince(std::chrono::steady_clock::time_point start)
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-inline const char* OkOrMissed(double measured, double aim)
+// A line of the one table that all benchmarks print: a figure beside that of the plainest thing that does as much.
+struct Row {
+    const char* What;
+    const char* Unit;
+    double Figure;
+    double Beside = 0; // the same of the plain thing; 0: there is none
+    double MostRatio = 0; // aims; 0: none
+    double Most = 0;
+};
+
+// tools/bench prints the names of the columns.
+inline void Print(const Row& row)
 {
-    return measured <= aim ? "ok" : "missed";
+    std::printf("%-44s %-3s %9.2f", row.What, row.Unit, row.Figure);
+    if (row.Beside > 0) {
+        std::printf(" %9.2f %7.2f", row.Beside, row.Figure / row.Beside);
+    } else {
+        std::printf(" %9s %7s", "-", "-");
+    }
+    if (row.MostRatio > 0) {
+        std::printf("  %7.2f x  %s", row.MostRatio, row.Figure <= row.MostRatio * row.Beside ? "ok" : "missed");
+    } else if (row.Most > 0) {
+        std::printf("  %7.0f %-2s %s", row.Most, row.Unit, row.Figure <= row.Most ? "ok" : "missed");
+    }
+    std::printf("\n");
 }
 
 // Windows are drawn where the person at the machine sees them, and in memory where there is no display. Whoever sets

@@ -1,26 +1,39 @@
+#include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Form7.h"
+#include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/screen/ListBox.h"
-#include "bench/Bench.h"
-#include "common/core/TimeOfDay.h"
+#include "bench/WindowTimes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Look.h"
 
-#include <QApplication>
+#include <QInputDialog>
+#include <QListView>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
+#include <QTimer>
 
-// Prints how long it takes to go into a shop with thousands of products, from the press of its button to the shelf on
-// the screen.
+#include <fstream>
+#include <memory>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+// Prints how long a catalogue as large as can be takes to be read and saved, beside the same bytes read and written
+// plainly, and how long the windows that show products take to open and to show a change.
 
 namespace numbrela::bench {
 
 namespace {
 
-constexpr int products = 3000;
-constexpr int visits = 40;
-constexpr double aimedVisit = 50; // milliseconds
+constexpr int rounds = 40;
+constexpr int shelfProducts = 3000;
+constexpr double aimedFileRatio = 2;
+constexpr double aimedEditor = 150; // milliseconds
+constexpr double aimedChange = 50;
+constexpr double aimedVisit = 50;
+constexpr double aimedOpening = 16;
 
-ProductTable largeCatalogue()
+ProductTable catalogueOf(int products)
 {
     ProductTable table { Product() };
     for (int index = 0; index < products; ++index) {
@@ -28,6 +41,63 @@ ProductTable largeCatalogue()
         AddProduct(table, { std::string_view(name), 1.25F, std::string_view("Supermercado") });
     }
     return table;
+}
+
+std::filesystem::path in(const QTemporaryDir& folder, const char* name)
+{
+    return folder.filePath(QLatin1String(name)).toStdU16String();
+}
+
+// The median of many rounds of two actions that take turns, in milliseconds.
+template <typename First, typename Second>
+std::pair<double, double> mediansInTurn(First first, Second second)
+{
+    const auto time = [](auto& action) {
+        const auto start = std::chrono::steady_clock::now();
+        action();
+        return MillisecondsSince(start);
+    };
+    std::vector<double> firstTimes;
+    std::vector<double> secondTimes;
+    for (int round = 0; round < rounds; ++round) {
+        firstTimes.push_back(time(first));
+        secondTimes.push_back(time(second));
+    }
+    return { Median(firstTimes), Median(secondTimes) };
+}
+
+std::string readPlainly(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes(std::filesystem::file_size(path), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
+}
+
+// Onto the disk, as whoever wants to find them again has to.
+void writePlainly(const std::filesystem::path& path, const std::string& bytes)
+{
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (::write(file, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()) || ::fsync(file) != 0) {
+        std::printf("The bytes could not be written.\n");
+    }
+    ::close(file);
+}
+
+void measureFile()
+{
+    const QTemporaryDir folder;
+    const std::filesystem::path catalogue = in(folder, "productos.dat");
+    const std::filesystem::path plain = in(folder, "plain");
+    const ProductTable table = catalogueOf(MostProducts);
+    SaveCatalogue(catalogue, table);
+    const std::string bytes = readPlainly(catalogue);
+
+    const auto [load, read] = mediansInTurn([&] { LoadCatalogue(catalogue); }, [&] { readPlainly(catalogue); });
+    const auto [save, write]
+        = mediansInTurn([&] { SaveCatalogue(catalogue, table); }, [&] { writePlainly(plain, bytes); });
+    Print({ "read a catalogue of 32.767 products", "ms", load, read, aimedFileRatio });
+    Print({ "save it, onto the disk", "ms", save, write, aimedFileRatio });
 }
 
 double timeVisit(Form7& form)
@@ -40,27 +110,125 @@ double timeVisit(Form7& form)
     return MillisecondsSince(start);
 }
 
-void run(const char* platform)
+void measureShop(const Clock& clock)
 {
     const QTemporaryDir folder;
-    const std::filesystem::path path = folder.filePath(QStringLiteral("productos.dat")).toStdU16String();
-    SaveCatalogue(path, largeCatalogue());
-    const SystemClock clock;
+    const std::filesystem::path path = in(folder, "productos.dat");
+    SaveCatalogue(path, catalogueOf(shelfProducts));
+    const std::vector<double> opened = TimeOpenings([&] {
+        auto* form = new Form7(clock, path);
+        form->ShowModally();
+        return form;
+    });
+    Print({ "open La compra, 3.000 products", "ms", Median(opened), Median(TimeOpenings(OpenEmptyWindow)), 0,
+        aimedOpening });
+
     Form7 form(clock, path);
     form.show();
     QApplication::processEvents();
-
     std::vector<double> times;
-    for (int visit = 0; visit < visits; ++visit) {
+    for (int visit = 0; visit < rounds; ++visit) {
         times.push_back(timeVisit(form));
         form.CbContinuar->click(); // out again, with nothing in the basket
         QApplication::processEvents();
     }
-    std::printf(
-        "Going into a shop with %d products, %d times, on %s\n\n", form.LIDisponibles->count(), visits, platform);
-    std::printf("%-26s %7s %8s %5s\n", "measured, ms", "first", "median", "aim");
-    std::printf("%-26s %7.2f %8.2f %5.0f  %s\n", "go into a shop", times.front(), Median(times), aimedVisit,
-        OkOrMissed(times.front(), aimedVisit));
+    Print({ "go into a shop with all of them", "ms", Median(times), 0, 0, aimedVisit });
+}
+
+// Types the next answer into each input box that opens, and remembers when the last one was left.
+class Answers {
+public:
+    explicit Answers(QStringList answers)
+        : answers_(std::move(answers))
+    {
+        QObject::connect(&timer_, &QTimer::timeout, [this] { answer(); });
+        timer_.start(0);
+    }
+
+    double MillisecondsSinceLast() const { return MillisecondsSince(last_); }
+
+private:
+    void answer()
+    {
+        auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        if (box != nullptr && !answers_.isEmpty()) {
+            box->setTextValue(answers_.takeFirst());
+            last_ = std::chrono::steady_clock::now();
+            box->accept();
+        }
+    }
+
+    QStringList answers_;
+    QTimer timer_;
+    std::chrono::steady_clock::time_point last_;
+};
+
+void showAll(DLGProductos& editor)
+{
+    editor.repaint();
+    editor.List1->repaint();
+    QApplication::processEvents();
+}
+
+// What happens to one line, until it is on the screen.
+double timeAdding(DLGProductos& editor, int round)
+{
+    const Answers answers(
+        { QStringLiteral("Un producto nuevo %1").arg(round), QStringLiteral("2,5"), QStringLiteral("Panadería") });
+    editor.CBAdd->click();
+    showAll(editor);
+    return answers.MillisecondsSinceLast();
+}
+
+double timeChanging(DLGProductos& editor, int round)
+{
+    const Answers answers({ QStringLiteral("Kiosko"), QStringLiteral("Otro nombre %1").arg(round), QString() });
+    editor.CBModif->click();
+    showAll(editor);
+    return answers.MillisecondsSinceLast();
+}
+
+double timeDeleting(DLGProductos& editor)
+{
+    const auto start = std::chrono::steady_clock::now();
+    editor.CBElim->click();
+    showAll(editor);
+    return MillisecondsSince(start);
+}
+
+void measureEditor(const Clock& clock)
+{
+    const QTemporaryDir folder;
+    const std::filesystem::path path = in(folder, "productos.dat");
+    SaveCatalogue(path, catalogueOf(MostProducts - rounds));
+
+    std::vector<double> openings;
+    std::unique_ptr<DLGProductos> editor;
+    for (int round = 0; round < rounds; ++round) {
+        editor.reset();
+        const PaintWatch watch;
+        const auto start = std::chrono::steady_clock::now();
+        editor = std::make_unique<DLGProductos>(clock);
+        editor->Ruta = path;
+        editor->Form_Load();
+        editor->show();
+        watch.WaitFor(editor.get());
+        openings.push_back(MillisecondsSince(start));
+    }
+    std::vector<double> added;
+    std::vector<double> changed;
+    std::vector<double> deleted;
+    for (int round = 0; round < rounds; ++round) {
+        added.push_back(timeAdding(*editor, round)); // and leaves the new line selected
+        changed.push_back(timeChanging(*editor, round));
+        editor->List1->setCurrentIndex(editor->List1->model()->index(round * 700, 0));
+        deleted.push_back(timeDeleting(*editor));
+    }
+    Print({ "open the editor of 32.727 products", "ms", Median(openings), Median(TimeOpenings(OpenEmptyWindow)), 0,
+        aimedEditor });
+    Print({ "add one", "ms", Median(added), 0, 0, aimedChange });
+    Print({ "change one", "ms", Median(changed), 0, 0, aimedChange });
+    Print({ "delete one", "ms", Median(deleted), 0, 0, aimedChange });
 }
 
 } // namespace
@@ -69,10 +237,14 @@ void run(const char* platform)
 
 int main(int argc, char** argv)
 {
-    const char* platform = numbrela::bench::ChoosePlatform();
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.*=false"));
+    numbrela::bench::ChoosePlatform();
+    // The platform without a display warns of every window, which is no news here.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false\nqt.qpa.*=false"));
     QApplication application(argc, argv);
     numbrela::ApplyLook(application);
-    numbrela::bench::run(platform);
+    const numbrela::SystemClock clock;
+    numbrela::bench::measureFile();
+    numbrela::bench::measureShop(clock);
+    numbrela::bench::measureEditor(clock);
     return 0;
 }

@@ -11,10 +11,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Starts the program and an empty window in turn, and prints how long each took until its first window was painted and
-// how much memory it held then. Neither program is changed for it: a plugin that Qt loads into both tells the moment.
-// On an X server without a screen, see to it that the server does not start afresh whenever a program ends, which takes
-// longer than what is measured: xvfb-run -s "-noreset -screen 0 1366x768x24" build/release/bench/bench_start
+// Starts the program and an empty window in turn, and prints how long it took until the first window was painted and
+// how much memory the program held then, medians of all starts. Neither program is changed for it: a plugin that Qt
+// loads into both tells the moment. On an X server without a screen, see to it that the server does not start afresh
+// whenever a program ends, which takes longer than what is measured: xvfb-run -s "-noreset -screen 0 1366x768x24"
+// build/release/bench/bench_start
 
 namespace numbrela::bench {
 
@@ -117,39 +118,20 @@ double medianOf(const Starts& starts, double Start::*figure)
     return Median(figures);
 }
 
-struct Line {
-    const char* Name;
-    double Start::*Figure;
-    bool HasAim;
-};
-
-void print(const Starts& empty, const Starts& numbrela, const char* platform)
+void print(const Starts& empty, const Starts& numbrela)
 {
-    constexpr std::array<Line, 4> lines { {
-        { "start to first paint, ms", &Start::Milliseconds, true },
-        { "resident memory, MiB", &Start::Resident, true },
-        { "  of it backed by no file", &Start::Anonymous, false },
-        { "  shared pages in part", &Start::Proportional, false },
-    } };
-    std::printf("Medians of %zu starts each, in turn, on %s\n\n", numbrela.size(), platform);
-    std::printf("%-26s %13s %10s %10s %6s\n", "measured", "empty window", "numbrela", "ratio", "aim");
-    for (const Line& line : lines) {
-        const double base = medianOf(empty, line.Figure);
-        const double ours = medianOf(numbrela, line.Figure);
-        if (base <= 0) {
-            continue;
-        }
-        std::printf("%-26s %13.1f %10.1f %10.3f", line.Name, base, ours, ours / base);
-        if (line.HasAim) {
-            std::printf(" %6.2f  %s", aimedRatio, OkOrMissed(ours / base, aimedRatio));
-        }
-        std::printf("\n");
-    }
+    const auto row = [&](const char* what, const char* unit, double Start::*figure, double aim) {
+        return Row { what, unit, medianOf(numbrela, figure), medianOf(empty, figure), aim };
+    };
+    Print(row("start to first paint", "ms", &Start::Milliseconds, aimedRatio));
+    Print(row("memory resident then", "MiB", &Start::Resident, aimedRatio));
+    Print(row("  of it backed by no file", "MiB", &Start::Anonymous, 0));
+    Print(row("  shared pages in part", "MiB", &Start::Proportional, 0));
 }
 
 void run()
 {
-    const char* platform = ChoosePlatform();
+    ChoosePlatform();
     setenv("QT_PLUGIN_PATH", PLUGIN_FOLDER, 1);
 
     Starts empty;
@@ -174,7 +156,7 @@ void run()
             numbrela.push_back(emptyFirst ? *second : *first);
         }
     }
-    print(empty, numbrela, platform);
+    print(empty, numbrela);
 }
 
 } // namespace

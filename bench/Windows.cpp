@@ -1,111 +1,33 @@
-#include "activities/addsub/screen/ColumnForm.h"
+#include "app/Activities.h"
 #include "app/Application.h"
 #include "app/Form1.h"
-#include "bench/Bench.h"
-#include "common/core/TimeOfDay.h"
+#include "bench/WindowTimes.h"
+#include "common/screen/FormWindow.h"
 
 #include <QLineEdit>
 #include <QLoggingCategory>
-#include <QPointer>
-#include <QSet>
 #include <QTest>
 
-#include <functional>
-
-// Prints how long an activity takes to open, and how long a key takes to show in its answer box, beside the same for a
-// window with nothing in it and for a plain text box of the toolkit's.
+// Prints how long an activity takes to open, and how long a key takes to show where the pupil writes, beside the same
+// for a window with nothing in it and for a plain text box of the toolkit's.
 
 namespace numbrela::bench {
 
 namespace {
 
-constexpr int openings = 60;
 constexpr int keyPresses = 240;
 constexpr double aimedOpening = 16; // milliseconds: one frame of a screen that shows 60 a second
 constexpr double aimedKeyPress = 2; // milliseconds
 
-// Remembers which widgets have been painted since it was made. It hears of a paint event before the widget does;
-// whoever waits for it lets the event loop finish its round, and by then the picture is on the screen.
-class PaintWatch : public QObject {
-public:
-    PaintWatch() { qApp->installEventFilter(this); }
-
-    void WaitFor(const QWidget* widget) const
-    {
-        while (!painted_.contains(widget)) {
-            QApplication::processEvents();
-        }
-    }
-
-    bool eventFilter(QObject* receiver, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            painted_.insert(receiver);
-        }
-        return false;
-    }
-
-private:
-    QSet<const QObject*> painted_;
-};
-
-// Makes and shows a window, which destroys itself when it is closed.
-using OpenWindow = std::function<QWidget*()>;
-
-template <typename Form>
-OpenWindow activity(const Clock& clock)
-{
-    return [&clock] {
-        auto* form = new Form(clock);
-        form->ShowModally();
-        return form;
-    };
-}
-
-// The yardsticks: a window as large as an activity's, shown as one is, with nothing in it or with one text box.
-QWidget* openEmptyWindow()
-{
-    auto* window = new QWidget;
-    window->resize(325, 540); // pixels, about those of Form2
-    window->setWindowModality(Qt::ApplicationModal);
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    window->show();
-    return window;
-}
-
 QWidget* openPlainTextBox()
 {
-    QWidget* window = openEmptyWindow();
+    QWidget* window = OpenEmptyWindow();
     auto* box = new QLineEdit(window);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     box->setGeometry(100, 167, 133, 33); // the answer box of Form2
     box->show();
     box->setFocus();
     return window;
-}
-
-void closeAndDestroy(QWidget* window)
-{
-    const QPointer<QWidget> alive = window;
-    window->close();
-    while (alive) {
-        QApplication::processEvents();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // no event loop is here to return to
-    }
-}
-
-std::vector<double> timeOpenings(const OpenWindow& open)
-{
-    std::vector<double> times;
-    for (int opening = 0; opening < openings; ++opening) {
-        const PaintWatch watch;
-        const auto start = std::chrono::steady_clock::now();
-        QWidget* window = open();
-        watch.WaitFor(window);
-        times.push_back(MillisecondsSince(start));
-        closeAndDestroy(window);
-    }
-    return times;
 }
 
 // From the press of a digit key to the picture of the box with the digit.
@@ -121,56 +43,62 @@ double timeKeyPress(const QWidget* box)
     return milliseconds;
 }
 
-// Types into the box that has the focus when the window opens: fifteen digits, the last of them too many for the width
-// of the box, and then the same again from an empty one.
-std::vector<double> timeKeyPresses(const OpenWindow& open)
+// Types where the focus is when the window opens, or in the control of that name: ten digits, and then the same again
+// after they have been taken away.
+std::vector<double> timeKeyPresses(const OpenWindow& open, const QString& control = QString())
 {
-    constexpr int digits = 15;
+    constexpr int digits = 10;
     const PaintWatch watch;
     QWidget* window = open();
     watch.WaitFor(window);
-    auto* box = qobject_cast<QLineEdit*>(window->focusWidget());
-    std::vector<double> times;
-    for (int press = 0; press < keyPresses; ++press) {
-        times.push_back(timeKeyPress(box));
-        if ((press + 1) % digits == 0) {
-            box->clear();
-            QApplication::processEvents();
-        }
+    if (!control.isEmpty()) {
+        window->findChild<QWidget*>(control)->setFocus();
     }
-    closeAndDestroy(window);
+    const QWidget* box = window->focusWidget();
+    std::vector<double> times;
+    while (times.size() < keyPresses) {
+        for (int press = 0; press < digits; ++press) {
+            times.push_back(timeKeyPress(box));
+        }
+        QTest::keyClick(window->windowHandle(), Qt::Key_End); // the caret has stepped left after each digit
+        for (int press = 0; press < digits; ++press) {
+            QTest::keyClick(window->windowHandle(), Qt::Key_Backspace);
+        }
+        QApplication::processEvents();
+    }
+    CloseAndDestroy(window);
     return times;
 }
 
-struct Line {
-    const char* What;
-    std::vector<double> Times; // milliseconds
+struct Activity {
+    std::size_t Index; // in the main menu
+    const char* Opening;
 };
 
-void print(const Line& line, double yardstick, double aim)
+// "La compra" is not among them: it needs a catalogue, and has a benchmark of its own.
+constexpr std::array<Activity, 7> openedActivities { {
+    { 0, "open Sumas" },
+    { 1, "open Restas" },
+    { 2, "open Multiplicaciones" },
+    { 3, "open Divisiones" },
+    { 4, "open Mayor y menor" },
+    { 5, "open Potencias de diez" },
+    { 6, "open Colocar y sumar" },
+} };
+
+OpenWindow activity(std::size_t index, const Clock& clock)
 {
-    const double median = Median(line.Times);
-    std::printf("%-26s %7.2f %8.2f", line.What, line.Times.front(), median);
-    if (yardstick > 0) {
-        std::printf(" %6.1f %5.0f  %s", median / yardstick, aim, OkOrMissed(median, aim));
-    }
-    std::printf("\n");
+    return [index, &clock] {
+        FormWindow* form = activities[index](clock);
+        form->ShowModally();
+        return form;
+    };
 }
 
-void print(const Line& yardstick, const std::vector<Line>& activities, double aim)
-{
-    print(yardstick, 0, aim);
-    for (const Line& line : activities) {
-        print(line, Median(yardstick.Times), aim);
-    }
-}
-
-void run(const char* platform)
+void run()
 {
     QApplication::setCursorFlashTime(0); // a caret that blinks is painted too, and is not what we wait for
     const SystemClock clock;
-    const OpenWindow sums = activity<Form2>(clock);
-    const OpenWindow differences = activity<Form3>(clock);
 
     // The main menu stands behind an activity that a pupil opens, and has woken the toolkit's style and fonts.
     const PaintWatch watch;
@@ -179,18 +107,23 @@ void run(const char* platform)
     watch.WaitFor(&menu);
 
     // The activities go first, so that their first time is the one that a pupil waits, with whatever is loaded late.
-    const std::vector<Line> opened { { "open Sumas", timeOpenings(sums) },
-        { "open Restas", timeOpenings(differences) } };
-    const Line emptyOpened { "open an empty window", timeOpenings(openEmptyWindow) };
-    const std::vector<Line> typed { { "type a digit in Sumas", timeKeyPresses(sums) },
-        { "type a digit in Restas", timeKeyPresses(differences) } };
-    const Line plainTyped { "type it in a plain box", timeKeyPresses(openPlainTextBox) };
+    std::vector<std::vector<double>> opened;
+    for (const Activity& each : openedActivities) {
+        opened.push_back(TimeOpenings(activity(each.Index, clock)));
+    }
+    const double empty = Median(TimeOpenings(OpenEmptyWindow));
+    Print({ "open Sumas for the first time", "ms", opened[0].front(), 0, 0, aimedOpening });
+    for (const Activity& each : openedActivities) {
+        Print({ each.Opening, "ms", Median(opened[each.Index]), empty, 0, aimedOpening });
+    }
 
-    std::printf("Medians of %d openings to the first paint, and of %d key presses to the repainted box, on %s\n\n",
-        openings, keyPresses, platform);
-    std::printf("%-26s %7s %8s %6s %5s\n", "measured, ms", "first", "median", "ratio", "aim");
-    print(emptyOpened, opened, aimedOpening);
-    print(plainTyped, typed, aimedKeyPress);
+    const double sums = Median(timeKeyPresses(activity(0, clock)));
+    const double product = Median(timeKeyPresses(activity(2, clock)));
+    const double grid = Median(timeKeyPresses(activity(3, clock), QStringLiteral("Text1")));
+    const double plain = Median(timeKeyPresses(openPlainTextBox));
+    Print({ "type a digit in Sumas", "ms", sums, plain, 0, aimedKeyPress });
+    Print({ "type a digit in Multiplicaciones", "ms", product, plain, 0, aimedKeyPress });
+    Print({ "type a digit on the paper of Divisiones", "ms", grid, plain, 0, aimedKeyPress });
 }
 
 } // namespace
@@ -199,9 +132,9 @@ void run(const char* platform)
 
 int main(int argc, char** argv)
 {
-    const char* platform = numbrela::bench::ChoosePlatform();
+    numbrela::bench::ChoosePlatform();
     // The platform without a display warns of every window, which is no news here.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     numbrela::Application application(argc, argv);
-    numbrela::bench::run(platform);
+    numbrela::bench::run();
 }
