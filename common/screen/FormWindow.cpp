@@ -108,8 +108,12 @@ void FormWindow::setVisible(bool visible)
 void FormWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    // The menu bar's height goes with its font, and its font with the room that it leaves. Beginning as if it took
+    // none, a size looks the same whatever it was before.
+    scaleMenus(scaleToFit(size(), area_->Extent()));
+    area_->activate();
     scaleMenus(area_->PixelsPerTwip());
-    area_->activate(); // the menu bar's height has changed with its font
+    area_->activate();
     if (area_->Extent() == shownExtent_) {
         wantedScale_ = size() == takenSize_ ? takenScale_ : area_->PixelsPerTwip();
     }

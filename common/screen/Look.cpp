@@ -37,7 +37,8 @@ QPalette lightPalette()
     return palette;
 }
 
-// Fusion with quiet boxes, whose buttons carry words alone, and with check marks as large as the words beside them.
+// Fusion with quiet boxes, whose buttons carry words alone, with check marks as large as the words beside them, and
+// with a caret only where the focus is.
 class QuietStyle : public QProxyStyle {
 public:
     QuietStyle()
@@ -48,7 +49,14 @@ public:
     int styleHint(
         StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override
     {
-        return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+        switch (hint) {
+        case SH_DialogButtonBox_ButtonsHaveIcons:
+            return 0;
+        case SH_BlinkCursorWhenTextSelected: // asked whenever a text is highlighted, wherever the focus is
+            return widget != nullptr && widget->hasFocus() ? 1 : 0;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, data);
+        }
     }
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override

@@ -337,6 +337,30 @@ TEST(FormWindowTest, GrowsWithEverythingInIt)
     expectEverythingWhole(form);
 }
 
+TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    const auto look = [&form] {
+        settle();
+        return std::vector<int> { form.font().pixelSize(), form.MenuBar()->height(), form.Box->x(), form.Box->y(),
+            form.Box->width(), form.Box->height() };
+    };
+    const QSize designSize = form.size();
+    const std::vector<int> fresh = look();
+    for (const QSize larger : { QSize(1100, 800), QSize(330, 800), QSize(1100, 560), QSize(1100, 799) }) {
+        SCOPED_TRACE(std::to_string(larger.width()) + " by " + std::to_string(larger.height()));
+        form.resize(larger);
+        const std::vector<int> fromDesign = look();
+        form.resize(larger + QSize(0, 1));
+        settle();
+        form.resize(larger);
+        EXPECT_EQ(look(), fromDesign);
+        form.resize(designSize);
+        EXPECT_EQ(look(), fresh);
+    }
+}
+
 TEST(FormWindowTest, KeepsProportionsInAWindowThatIsOnlyWider)
 {
     TestForm form;

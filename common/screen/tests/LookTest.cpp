@@ -1,6 +1,7 @@
 #include "common/screen/Look.h"
 
 #include "common/screen/TextBox.h"
+#include "tests/support/Driver.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,8 @@
 namespace numbrela {
 
 namespace {
+
+using namespace testing;
 
 constexpr std::array<QPalette::ColorGroup, 3> groups { QPalette::Active, QPalette::Inactive, QPalette::Disabled };
 
@@ -98,6 +101,23 @@ TEST(LookTest, DrawsCheckMarksAsLargeAsTheWordsBesideThem)
             EXPECT_EQ(box.style()->pixelMetric(metric, nullptr, &box), pixels);
         }
     }
+}
+
+TEST(LookTest, DrawsACaretOnlyWhereTheFocusIs)
+{
+    QWidget window;
+    TextBox box(&window);
+    TextBox other(&window);
+    const auto pictureWithCaretAt = [&](int end) {
+        box.setSelection(end, end == 0 ? 2 : -2); // the caret stands where a selection ends
+        return box.grab().toImage();
+    };
+    box.SetText("12");
+    ShowAndActivate(window);
+    other.setFocus();
+    EXPECT_EQ(pictureWithCaretAt(0), pictureWithCaretAt(2));
+    box.setFocus();
+    EXPECT_NE(pictureWithCaretAt(0), pictureWithCaretAt(2));
 }
 
 TEST(LookTest, DrawsTheMarkOfMenusThatHaveNoRoom)
