@@ -339,7 +339,7 @@ TEST(FormWindowTest, GrowsWithEverythingInIt)
 
 TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
 {
-    TestForm form;
+    TestForm form({ 7500, 6300 });
     ShowAndActivate(form);
     const auto look = [&form] {
         settle();
@@ -348,7 +348,7 @@ TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
     };
     const QSize designSize = form.size();
     const std::vector<int> fresh = look();
-    for (const QSize larger : { QSize(1100, 800), QSize(330, 800), QSize(1100, 560), QSize(1100, 799) }) {
+    for (const QSize larger : { QSize(1280, 800), QSize(505, 800), QSize(1100, 560) }) {
         SCOPED_TRACE(std::to_string(larger.width()) + " by " + std::to_string(larger.height()));
         form.resize(larger);
         const std::vector<int> fromDesign = look();
