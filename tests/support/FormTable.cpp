@@ -18,6 +18,8 @@ namespace numbrela::testing {
 
 namespace {
 
+constexpr double twipsPerPixel = 15;
+
 TwipsLayout* areaOf(const QWidget& control)
 {
     return dynamic_cast<TwipsLayout*>(control.parentWidget()->layout());
@@ -56,7 +58,6 @@ std::vector<QWidget*> controlsOf(const FormWindow& form)
 
 void expectPlace(const QWidget& control, TwipsRect place)
 {
-    constexpr double twipsPerPixel = 15;
     const TwipsLayout& area = *areaOf(control);
     EXPECT_EQ(area.RectOf(&control), place);
     // A window's area begins below its menu; a frame's at its own corner, whatever border it has.
@@ -78,6 +79,8 @@ void expectControl(const QWidget& control, const ControlRow& row)
     EXPECT_EQ(font.Points, row.Font.Points);
     EXPECT_EQ(font.Bold, row.Font.Bold);
     EXPECT_EQ(control.font().family(), QString::fromLatin1(row.Font.Family));
+    constexpr double pixelsPerPoint = 20 / twipsPerPixel;
+    EXPECT_EQ(control.font().pixelSize(), std::lround(row.Font.Points * pixelsPerPoint)) << "shrunk to fit its text";
 
     EXPECT_EQ(control.accessibleName().toStdString(), row.AccessibleName);
     EXPECT_EQ(isTabStop(control), row.TabStop);
