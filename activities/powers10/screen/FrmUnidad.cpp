@@ -78,6 +78,8 @@ void FrmUnidad::buildLineOfArithmetic()
     TBRespuesta = AddTextBox(Area(), QStringLiteral("TBRespuesta"), { 4850, top, 2300, height }, arithmeticFont);
     TBRespuesta->setAccessibleName(QStringLiteral("Resultado"));
     connect(TBRespuesta, &TextBox::KeyPress, this, &FrmUnidad::TBRespuesta_KeyPress);
+    // Commands write too, pasting and cutting among them, and are no characters.
+    connect(TBRespuesta, &TextBox::textEdited, this, [this] { TBResultado->SetText(""); });
 }
 
 // Both lists keep the marks that they get here: what is chosen later shows in the numbers alone.
