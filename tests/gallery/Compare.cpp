@@ -1,4 +1,5 @@
 #include "activities/compare/screen/Form6.h"
+#include "common/screen/CommandButton.h"
 #include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/support/Driver.h"
@@ -8,10 +9,13 @@ namespace numbrela::testing {
 
 namespace {
 
-// Presses buttons from the first to the last until the verdict says so.
+// Presses the buttons that are left, from the first to the last, until the verdict says so.
 void pressUntil(Form6& form, const std::string& verdict)
 {
     for (int index = 0; index < static_cast<int>(form.CbNúmero.size()); ++index) {
+        if (!form.CbNúmero[static_cast<std::size_t>(index)]->isVisible()) {
+            continue;
+        }
         form.CbNúmero_Click(index);
         if (form.Text3->Text() == verdict) {
             return;

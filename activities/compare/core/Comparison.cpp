@@ -3,7 +3,6 @@
 #include "common/core/NumberText.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace numbrela {
 

@@ -4,6 +4,9 @@
 #include "common/screen/Controls.h"
 #include "common/screen/TextBox.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace numbrela {
 
 namespace {
@@ -17,6 +20,9 @@ constexpr TwipsRect placeOfNumber(int index)
 {
     return { 100 + 2000 * (index / 2), 1000 + 1000 * (index % 2), 1800, 500 };
 }
+
+// As the eye, and so the Tab key, goes through them: row by row.
+constexpr std::array<std::size_t, Comparison::ButtonCount> readingOrder { 0, 2, 4, 1, 3, 5 };
 
 } // namespace
 
@@ -46,8 +52,12 @@ void Form6::buildControls()
     // Two blanks before "Errores"; every score line written after a click has three.
     Text2->SetText("Aciertos: 0;  Errores: 0.");
 
-    SetTabSequence(
-        { Text1, CbNúmero[0], CbNúmero[2], CbNúmero[4], CbNúmero[1], CbNúmero[3], CbNúmero[5], Text3, Text2 });
+    std::vector<QWidget*> sequence { Text1 };
+    for (const std::size_t index : readingOrder) {
+        sequence.push_back(CbNúmero[index]);
+    }
+    sequence.insert(sequence.end(), { Text3, Text2 });
+    SetTabSequence(sequence);
 }
 
 void Form6::showNewComparison()
@@ -72,6 +82,21 @@ void Form6::CbNúmero_Click(int index)
     } else {
         CbNúmero[static_cast<std::size_t>(index)]->setVisible(false);
         CbNúmero[static_cast<std::size_t>(index)]->setEnabled(false);
+        keepFocusOnANumber();
+    }
+}
+
+// A button that vanishes passes the focus on as the Tab key does: the last one to a box behind the numbers. The
+// question goes on, though, and whoever answers it by keys needs a number.
+void Form6::keepFocusOnANumber()
+{
+    if (std::find(CbNúmero.begin(), CbNúmero.end(), focusWidget()) != CbNúmero.end()) {
+        return;
+    }
+    const auto left = std::find_if(
+        readingOrder.begin(), readingOrder.end(), [this](std::size_t index) { return CbNúmero[index]->isVisible(); });
+    if (left != readingOrder.end()) {
+        CbNúmero[*left]->setFocus();
     }
 }
 

@@ -27,6 +27,7 @@ public:
 private:
     void buildControls();
     void showNewComparison();
+    void keepFocusOnANumber();
 
     SeededRandom random_;
     Comparison comparison_;

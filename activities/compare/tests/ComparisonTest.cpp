@@ -8,13 +8,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <map>
 #include <set>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace numbrela {
 
@@ -29,11 +27,10 @@ constexpr const char* pool = "12345679";
 constexpr double greatest = 0.25; // any draw below a half asks for the greatest number
 constexpr double smallest = 0.75;
 
-// The draw that takes this digit from the pool; 0 stands for the place behind its end.
+// The draw that takes this digit from the pool.
 double drawOf(char digit)
 {
-    const char* place = std::strchr(pool, digit);
-    return place == nullptr ? 0.85 : (static_cast<double>(place - pool) + 0.5) / 10;
+    return (static_cast<double>(std::strchr(pool, digit) - pool) + 0.5) / 10;
 }
 
 Comparison drawn(ScriptedRandom& random)
@@ -93,6 +90,10 @@ TEST(Comparison, DrawsFourDigitsAndThenWhatToAskFor)
         { "the least draws", { 0, 0.1, 0.2, 0.3, 0 }, major.c_str(), of1234, 5 },
         { "a draw of exactly a half", { 0, 0.1, 0.2, 0.3, 0.5 }, minor.c_str(), of1234, 0 },
         { "a draw just below a half", { 0, 0.1, 0.2, 0.3, 0.5 - 0x1p-24 }, major.c_str(), of1234, 5 },
+        { "a draw that single precision rounds up to a half", { 0, 0.1, 0.2, 0.3, 0.5 - 0x1p-54 }, minor.c_str(),
+            of1234, 0 },
+        { "digits whose draws single precision would round up to the next",
+            { 0.1 - 0x1p-50, 0.2 - 0x1p-50, 0.3 - 0x1p-50, 0.4 - 0x1p-50, greatest }, major.c_str(), of1234, 5 },
         { "the greatest draw of all", { 0, 0.1, 0.2, 0.3, 1 - 0x1p-24 }, minor.c_str(), of1234, 0 },
         { "falling digits", { drawOf('9'), drawOf('7'), drawOf('6'), drawOf('5'), greatest }, major.c_str(), of9765,
             0 },
@@ -208,7 +209,7 @@ TEST(Comparison, EveryQuestionShowsEveryOrderOfItsDecimalsOnTheSameButtons)
     });
 }
 
-TEST(Comparison, EveryDigitIsEquallyLikelyAtEveryPlaceAndSoIsEachQuestion)
+TEST(Comparison, EveryDigitIsEquallyLikelyAtEveryPlaceAndBothQuestionsAreToo)
 {
     constexpr int perDigit = 1000;
     SeededRandom random(5);

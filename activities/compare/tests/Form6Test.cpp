@@ -8,7 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QTest>
+
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -17,6 +20,8 @@ namespace numbrela {
 namespace {
 
 using namespace testing;
+
+constexpr std::array<int, 6> readingOrder { 0, 2, 4, 1, 3, 5 };
 
 class Form6Test : public ::testing::Test {
 protected:
@@ -56,6 +61,48 @@ protected:
     }
 
     void click(int index) { Click(form_, nameOf(index)); }
+
+    static bool focusIsOnANumber() { return FocusName().starts_with("CbNúmero"); }
+
+    // Goes on to a question that is not answered by this button.
+    void answerUntilWrong(int index)
+    {
+        while (rightButton() == index) {
+            click(index);
+        }
+    }
+
+    // From the first number, which has the focus, as Tab goes.
+    void tabTo(int index)
+    {
+        while (FocusName() != nameOf(index).toStdString()) {
+            ASSERT_TRUE(focusIsOnANumber()) << "beyond the last number";
+            Press(Qt::Key_Tab);
+        }
+    }
+
+    static void hold(int key)
+    {
+        HoldDown(key);
+        for (int i = 0; i < 10; ++i) {
+            Repeat(key);
+        }
+        LetGo(key);
+    }
+
+    // The number that has the focus once this one has vanished: the next one along the rows, and behind the last one
+    // the first.
+    std::string numberBehind(int index) const
+    {
+        const auto place = std::find(readingOrder.begin(), readingOrder.end(), index) - readingOrder.begin();
+        for (std::size_t step = 1; step < readingOrder.size(); ++step) {
+            const int next = readingOrder[(static_cast<std::size_t>(place) + step) % readingOrder.size()];
+            if (offered(next)) {
+                return nameOf(next).toStdString();
+            }
+        }
+        return {};
+    }
 
     static QString nameOf(int index) { return QStringLiteral("CbNúmero(%1)").arg(index); }
 
@@ -161,7 +208,6 @@ TEST_F(Form6Test, CountsThroughManyQuestionsOfBothSorts)
 
 TEST_F(Form6Test, TheTabKeyGoesAlongTheRowsAndEnterOrSpacePresses)
 {
-    const std::vector<int> readingOrder { 0, 2, 4, 1, 3, 5 };
     for (const int key : { int(Qt::Key_Return), int(Qt::Key_Space), int(Qt::Key_Enter) }) {
         const int right = rightButton();
         for (const int index : readingOrder) {
@@ -180,25 +226,89 @@ TEST_F(Form6Test, TheTabKeyGoesAlongTheRowsAndEnterOrSpacePresses)
 
 TEST_F(Form6Test, AVanishingButtonPassesTheFocusOn)
 {
-    while (rightButton() == 0 || rightButton() == 2) {
-        click(rightButton());
+    for (int index = 0; index < 6; ++index) {
+        for (const int key : { int(Qt::Key_Return), int(Qt::Key_Space) }) {
+            SCOPED_TRACE(index);
+            answerUntilWrong(index);
+            tabTo(index);
+            Press(key);
+            EXPECT_FALSE(offered(index));
+            EXPECT_EQ(FocusName(), numberBehind(index));
+            click(rightButton());
+        }
     }
-    ASSERT_EQ(FocusName(), "CbNúmero(0)");
-    Press(Qt::Key_Return);
-    EXPECT_EQ(form_.Text3->Text(), "ERROR");
-    EXPECT_EQ(FocusName(), "CbNúmero(2)");
 }
 
-TEST_F(Form6Test, AHeldEnterPressesOnce)
+TEST_F(Form6Test, AButtonThatVanishesUnderTheMousePassesTheFocusOnToo)
 {
-    while (rightButton() == 0) {
+    for (int index = 0; index < 6; ++index) {
+        SCOPED_TRACE(index);
+        answerUntilWrong(index);
+        click(index);
+        EXPECT_FALSE(offered(index));
+        EXPECT_EQ(FocusName(), numberBehind(index));
         click(rightButton());
     }
-    HoldDown(Qt::Key_Return);
-    for (int i = 0; i < 10; ++i) {
-        Repeat(Qt::Key_Return);
+}
+
+TEST_F(Form6Test, AQuestionIsAnsweredToItsLastNumberByKeysAlone)
+{
+    for (int question = 1; question <= 12; ++question) {
+        const int right = rightButton();
+        while (offeredButtons() > 1) {
+            while (!focusIsOnANumber() || FocusName() == nameOf(right).toStdString()) {
+                Press(Qt::Key_Tab);
+            }
+            const std::string wrong = FocusName();
+            Press(Qt::Key_Return);
+            ASSERT_EQ(form_.Text3->Text(), "ERROR");
+            ASSERT_TRUE(focusIsOnANumber()) << "after " << wrong;
+        }
+        ASSERT_EQ(FocusName(), nameOf(right).toStdString());
+        Press(Qt::Key_Return);
+        ASSERT_EQ(form_.Text3->Text(), "CORRECTO");
     }
-    LetGo(Qt::Key_Return);
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 12;   Errores: 60.");
+}
+
+TEST_F(Form6Test, AHeldEnterOrSpacePressesTheRightButtonOnce)
+{
+    int hits = 0;
+    for (const int key : { int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::Key_Space) }) {
+        tabTo(rightButton());
+        hold(key);
+        EXPECT_EQ(form_.Text2->Text(), "Aciertos: " + std::to_string(++hits) + ";   Errores: 0.");
+        EXPECT_EQ(offeredButtons(), 6);
+    }
+}
+
+// The second click falls on whatever number the next question has at the same place, and is judged there.
+TEST_F(Form6Test, TheSecondClickOfADoubleClickAnswersTheNextQuestion)
+{
+    int hits = 0;
+    int errors = 0;
+    for (int i = 0; i < 20; ++i) {
+        const int right = rightButton();
+        click(right);
+        ++hits;
+        ASSERT_EQ(form_.Text3->Text(), "CORRECTO");
+        const bool rightAgain = rightButton() == right;
+        ++(rightAgain ? hits : errors);
+        DoubleClick(form_, nameOf(right));
+        QTest::mouseRelease(form_.CbNúmero[std::size_t(right)], Qt::LeftButton);
+        ASSERT_EQ(form_.Text3->Text(), rightAgain ? "CORRECTO" : "ERROR");
+        ASSERT_EQ(
+            form_.Text2->Text(), "Aciertos: " + std::to_string(hits) + ";   Errores: " + std::to_string(errors) + ".");
+        ASSERT_EQ(offered(right), rightAgain);
+    }
+    EXPECT_GT(errors, 0);
+    EXPECT_GT(hits, 20);
+}
+
+TEST_F(Form6Test, AHeldEnterPressesAWrongButtonOnce)
+{
+    answerUntilWrong(0);
+    hold(Qt::Key_Return);
     EXPECT_EQ(offeredButtons(), 5);
 }
 
@@ -252,6 +362,18 @@ TEST_F(Form6Test, TheErrorThatNoCounterHoldsEndsInARunTimeErrorThatNobodyTraps)
     EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;   Errores: 32767.");
     EXPECT_EQ(KindThrownBy([&] { form_.CbNúmero_Click(wrong); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;   Errores: 32767.");
+}
+
+TEST_F(Form6Test, TheHitThatNoCounterHoldsEndsInARunTimeErrorThatNobodyTraps)
+{
+    for (int i = 0; i < 32767; ++i) {
+        form_.CbNúmero_Click(rightButton());
+    }
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 32767;   Errores: 0.");
+    const std::vector<std::string> question = captions();
+    EXPECT_EQ(KindThrownBy([&] { form_.CbNúmero_Click(rightButton()); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 32767;   Errores: 0.");
+    EXPECT_EQ(captions(), question);
 }
 
 } // namespace

@@ -18,8 +18,10 @@ double typedFactor(std::string_view typed)
 {
     const auto number = ParseTypedNumber(typed);
     if (!number) {
-        throw RunTimeError(
-            RunTimeError::Kind::TypeMismatch, "«" + std::string(typed) + "» no es un número que sirva de factor.");
+        const bool isBlank = typed.find_first_not_of(' ') == std::string_view::npos;
+        throw RunTimeError(RunTimeError::Kind::TypeMismatch,
+            isBlank ? "No se ha escrito ningún número."
+                    : "«" + std::string(typed) + "» no es un número que sirva de factor.");
     }
     return *number;
 }

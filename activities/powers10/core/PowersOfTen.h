@@ -33,7 +33,8 @@ public:
     double Product = 0; // Factor2 × Factor1, or Factor1 ÷ Factor2
     std::string Sign; // " × " or " ÷ "
 
-    // Draws a number with 1 to `Digits1` decimals, a power of ten up to 10^`Digits2`, and the sign between them.
+    // Draws a number whose comma is moved 1 to `Digits1` places, a power of ten up to 10^`Digits2`, and the sign
+    // between them.
     void NewPowerOfTenExercise();
 
     // How the factors and the result are written: plain, with a decimal comma.

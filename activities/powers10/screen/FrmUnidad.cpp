@@ -40,14 +40,14 @@ void FrmUnidad::buildControls()
     buildLineOfArithmetic();
 
     const ButtonRowDesign row {
-        .Places = { { { 2750, 2800, 2000, 500 }, { 2750, 4000, 2000, 500 }, { 2750, 4600, 2000, 500 },
-            { 2750, 5200, 2000, 500 } } },
+        .Places = { { { 2750, 2700, 2000, 500 }, { 2750, 4000, 2000, 500 }, { 2750, 4650, 2000, 500 },
+            { 2750, 5300, 2000, 500 } } },
         .Font = formFont,
     };
     Buttons = AddButtonRow(
         Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
     TBResultado = AddReadOnlyBox(
-        Area(), QStringLiteral("TBResultado"), QStringLiteral("Veredicto"), { 2250, 3400, 3000, 500 }, formFont);
+        Area(), QStringLiteral("TBResultado"), QStringLiteral("Veredicto"), { 2250, 3350, 3000, 500 }, formFont);
 
     SetTabSequence({ TbInstruc, TBRespuesta, Buttons.Command1, TBResultado, Buttons.Command2[0], Buttons.Command2[1],
         Buttons.Command2[2] });
@@ -63,9 +63,9 @@ void FrmUnidad::buildLineOfArithmetic()
         int Width;
     } places[] = {
         { QStringLiteral("Número"), 350, 1600 },
-        { QStringLiteral("Signo"), 1950, 700 },
-        { QStringLiteral("Potencia de diez"), 2650, 1300 },
-        { QStringLiteral("Es igual a"), 3950, 600 },
+        { QStringLiteral("Signo"), 2050, 700 },
+        { QStringLiteral("Potencia de diez"), 2850, 1300 },
+        { QStringLiteral("Es igual a"), 4250, 500 },
     };
     for (std::size_t i = 0; i < TBDatos.size(); ++i) {
         const auto& [spokenName, left, width] = places[i];
@@ -75,9 +75,11 @@ void FrmUnidad::buildLineOfArithmetic()
     }
     TBDatos[3]->SetText("=");
 
-    TBRespuesta = AddTextBox(Area(), QStringLiteral("TBRespuesta"), { 4700, top, 2450, height }, arithmeticFont);
+    TBRespuesta = AddTextBox(Area(), QStringLiteral("TBRespuesta"), { 4850, top, 2300, height }, arithmeticFont);
     TBRespuesta->setAccessibleName(QStringLiteral("Resultado"));
     connect(TBRespuesta, &TextBox::KeyPress, this, &FrmUnidad::TBRespuesta_KeyPress);
+    // Commands write too, pasting and cutting among them, and are no characters.
+    connect(TBRespuesta, &TextBox::textEdited, this, [this] { TBResultado->SetText(""); });
 }
 
 // Both lists keep the marks that they get here: what is chosen later shows in the numbers alone.

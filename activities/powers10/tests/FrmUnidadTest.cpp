@@ -10,10 +10,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QSignalSpy>
 
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace numbrela {
@@ -36,6 +39,11 @@ std::string lineOf(const FrmUnidad& form)
     return line;
 }
 
+std::string lineOf(const PowersOfTen& exercise)
+{
+    return exercise.Factor1Text() + exercise.Sign + exercise.Factor2Text() + "=";
+}
+
 class FrmUnidadTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -49,9 +57,32 @@ protected:
     std::string verdict() const { return form_.TBResultado->Text(); }
 
     // The line that the exercise of a core with the same seed is written in.
-    std::string expectedLine() const
+    std::string expectedLine() const { return lineOf(expected_); }
+
+    void continueOnce()
     {
-        return expected_.Factor1Text() + expected_.Sign + expected_.Factor2Text() + "=";
+        Click(form_, QStringLiteral("Command2(0)"));
+        expected_.NewPowerOfTenExercise();
+    }
+
+    void continueUntil(const std::string& sign)
+    {
+        while (expected_.Sign != sign) {
+            continueOnce();
+        }
+        ASSERT_EQ(form_.TBDatos[1]->Text(), sign);
+    }
+
+    static void enterFactor1(const char* typed)
+    {
+        ExpectInput(title1, prompt1, QString::fromLatin1(typed));
+        Press(Qt::Key_F2);
+    }
+
+    static void enterFactor2(const char* typed)
+    {
+        ExpectInput(title2, prompt2, QString::fromLatin1(typed));
+        Press(Qt::Key_F3);
     }
 
     void typeRightAnswer() { Type(QString::fromStdString(expected_.Solution())); }
@@ -120,23 +151,49 @@ TEST_F(FrmUnidadTest, EveryKeyThatWritesClearsTheVerdictFirst)
     EXPECT_TRUE(form_.isVisible());
 }
 
+TEST_F(FrmUnidadTest, PastingCuttingAndDeletingClearTheVerdictToo)
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("12"));
+    const struct {
+        int Key;
+        Qt::KeyboardModifiers Held;
+        const char* Answer;
+    } strokes[] = {
+        { Qt::Key_V, Qt::ControlModifier, "712" },
+        { Qt::Key_X, Qt::ControlModifier, "" },
+        { Qt::Key_Delete, Qt::NoModifier, "" },
+    };
+    for (const auto& [key, held, after] : strokes) {
+        SCOPED_TRACE(key);
+        form_.TBRespuesta->SetText("7");
+        Press(Qt::Key_Return);
+        ASSERT_EQ(verdict(), "Resultado incorrecto ");
+        if (key != Qt::Key_V) {
+            form_.TBRespuesta->SelectWholeText();
+        }
+        Press(key, held);
+        EXPECT_EQ(answer(), after);
+        EXPECT_EQ(verdict(), "");
+    }
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("7"));
+}
+
 TEST_F(FrmUnidadTest, KeysThatWriteNothingLeaveTheVerdict)
 {
     Type(QStringLiteral("12"));
     Press(Qt::Key_Return);
-    for (const int key : { int(Qt::Key_Left), int(Qt::Key_Right), int(Qt::Key_Home), int(Qt::Key_Delete) }) {
+    for (const int key : { int(Qt::Key_Left), int(Qt::Key_Right), int(Qt::Key_Home) }) {
         Press(key);
         EXPECT_EQ(verdict(), "Resultado incorrecto ");
     }
-    EXPECT_EQ(answer(), "2");
+    EXPECT_EQ(answer(), "12");
 }
 
 TEST_F(FrmUnidadTest, ContinuingDrawsTheNextExercise)
 {
     Type(QStringLiteral("5"));
     Press(Qt::Key_Return);
-    Click(form_, QStringLiteral("Command2(0)"));
-    expected_.NewPowerOfTenExercise();
+    continueOnce();
     EXPECT_EQ(line(), expectedLine());
     EXPECT_EQ(answer(), "");
     EXPECT_EQ(verdict(), "");
@@ -185,6 +242,21 @@ TEST_F(FrmUnidadTest, AHeldEnterChecksOnceAndDoesNotContinue)
     EXPECT_EQ(line(), expectedLine());
 }
 
+TEST_F(FrmUnidadTest, ASecondEnterContinuesAfterARightAnswer)
+{
+    for (int exercise = 0; exercise < 3; ++exercise) {
+        typeRightAnswer();
+        Press(Qt::Key_Return);
+        EXPECT_EQ(verdict(), "Resultado correcto ");
+        Press(Qt::Key_Return);
+        expected_.NewPowerOfTenExercise();
+        EXPECT_EQ(line(), expectedLine());
+        EXPECT_EQ(answer(), "");
+        EXPECT_EQ(verdict(), "");
+        EXPECT_EQ(FocusName(), "TBRespuesta");
+    }
+}
+
 TEST_F(FrmUnidadTest, TheTabKeyGoesThroughTheWindowAsTheEyeDoes)
 {
     std::vector<std::string> sequence;
@@ -228,10 +300,20 @@ TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNoMark)
         EXPECT_EQ(CheckedItems(*form_.MnuOpcCi1), std::vector { 1 });
         EXPECT_EQ(CheckedItems(*form_.MnuOpcCi2), std::vector { 2 });
         for (int i = 0; i < 20; ++i) {
-            Click(form_, QStringLiteral("Command2(0)"));
-            expected_.NewPowerOfTenExercise();
+            continueOnce();
             ASSERT_EQ(line(), expectedLine());
         }
+    }
+}
+
+TEST_F(FrmUnidadTest, ChoosingDigitsLeavesTheFocusWhereItIs)
+{
+    for (const char* name : { "TBRespuesta", "Command1", "Command2(0)" }) {
+        while (FocusName() != name) {
+            Press(Qt::Key_Tab);
+        }
+        Choose(form_, QStringLiteral("MnuOpcCi1Lis(2)"));
+        EXPECT_EQ(FocusName(), name);
     }
 }
 
@@ -265,90 +347,129 @@ TEST_F(FrmUnidadTest, TheExitClosesTheWindow)
 
 TEST_F(FrmUnidadTest, TypedFactorsDoNotShowButCount)
 {
-    Type(QStringLiteral("5"));
-    Press(Qt::Key_Return);
-    ExpectInput(title1, prompt1, QStringLiteral("2,5"));
-    Press(Qt::Key_F2);
-    ExpectInput(title2, prompt2, QStringLiteral("4"));
-    Press(Qt::Key_F3);
-    EXPECT_EQ(line(), expectedLine());
-    EXPECT_EQ(answer(), "5");
-    EXPECT_EQ(verdict(), "Resultado incorrecto ");
+    for (const auto& [sign, solution] : { std::pair { " × ", "10" }, { " ÷ ", "0,625" }, { " × ", "10" } }) {
+        SCOPED_TRACE(sign);
+        continueUntil(sign);
+        Type(QStringLiteral("5"));
+        Press(Qt::Key_Return);
+        enterFactor1("2,5");
+        enterFactor2("4");
+        EXPECT_EQ(line(), expectedLine());
+        EXPECT_EQ(answer(), "5");
+        EXPECT_EQ(verdict(), "Resultado incorrecto ");
 
-    expected_.EnterFactor1("2,5");
-    expected_.EnterFactor2("4");
-    Click(form_, QStringLiteral("Command2(1)"));
-    Type(expected_.Sign == " × " ? QStringLiteral("10") : QStringLiteral("0,625"));
-    Press(Qt::Key_Return);
-    EXPECT_EQ(verdict(), "Resultado correcto ");
-    Click(form_, QStringLiteral("Command2(2)"));
-    EXPECT_EQ(answer(), expected_.Solution());
+        Click(form_, QStringLiteral("Command2(1)"));
+        Type(QString::fromLatin1(solution));
+        Press(Qt::Key_Return);
+        EXPECT_EQ(verdict(), "Resultado correcto ");
+        Click(form_, QStringLiteral("Command2(1)"));
+        Click(form_, QStringLiteral("Command2(2)"));
+        EXPECT_EQ(answer(), solution);
+    }
 }
 
 TEST_F(FrmUnidadTest, TheMenuAsksForTheFactorsToo)
 {
-    ExpectInput(title1, prompt1, QStringLiteral("8"));
-    Choose(form_, QStringLiteral("MnuOpcIn1"));
-    ExpectInput(title2, prompt2, QStringLiteral("16"));
-    Choose(form_, QStringLiteral("MnuOpcIn2"));
-    Click(form_, QStringLiteral("Command2(2)"));
-    EXPECT_EQ(answer(), expected_.Sign == " × " ? "128" : "0,5");
+    for (const auto& [sign, solution] : { std::pair { " × ", "128" }, { " ÷ ", "0,5" } }) {
+        continueUntil(sign);
+        ExpectInput(title1, prompt1, QStringLiteral("8"));
+        Choose(form_, QStringLiteral("MnuOpcIn1"));
+        ExpectInput(title2, prompt2, QStringLiteral("16"));
+        Choose(form_, QStringLiteral("MnuOpcIn2"));
+        Click(form_, QStringLiteral("Command2(2)"));
+        EXPECT_EQ(answer(), solution);
+    }
+}
+
+// A number is written with 15 digits, while the check compares all that it has.
+TEST_F(FrmUnidadTest, ASolutionOfMoreThan15DigitsIsWrittenRoundedAndThenJudgedWrong)
+{
+    continueUntil(" × ");
+    enterFactor2("1000");
+    const struct {
+        const char* Factor1;
+        const char* Solution;
+        const char* Verdict;
+    } cases[] = {
+        { "123456789012,345", "123456789012345", "Resultado correcto " },
+        { "1234567890123,4567", "1234567890123460", "Resultado incorrecto " },
+        { "123,4567890123456", "123456,789012346", "Resultado correcto " }, // rounded by less than 10^-8
+    };
+    for (const auto& [factor1, solution, expectedVerdict] : cases) {
+        SCOPED_TRACE(factor1);
+        enterFactor1(factor1);
+        Click(form_, QStringLiteral("Command2(2)"));
+        EXPECT_EQ(answer(), solution);
+        EXPECT_TRUE(IsWhollySelected(*form_.TBRespuesta));
+        Click(form_, QStringLiteral("Command1"));
+        EXPECT_EQ(verdict(), expectedVerdict);
+    }
 }
 
 TEST_F(FrmUnidadTest, TheNextExerciseForgetsTypedFactors)
 {
-    ExpectInput(title1, prompt1, QStringLiteral("8"));
-    Press(Qt::Key_F2);
-    Click(form_, QStringLiteral("Command2(0)"));
-    expected_.NewPowerOfTenExercise();
+    enterFactor1("8");
+    continueOnce();
     Click(form_, QStringLiteral("Command2(2)"));
     EXPECT_EQ(line(), expectedLine());
     EXPECT_EQ(answer(), expected_.Solution());
 }
 
-void expectTypeMismatch(const std::vector<RunTimeError>& errors)
+// What reaches the application when a person types this as a factor of 3,8 ÷ 10, or leaves the input box by "Cancelar".
+template <typename Expect>
+std::vector<RunTimeError> errorsOfEntering(int factor, Expect expectInput)
+{
+    return RunTimeErrorsOf([factor, expectInput] {
+        const FixedClock clock;
+        FrmUnidad form(clock);
+        ShowAndActivate(form);
+        EXPECT_EQ(lineOf(form), "3,8 ÷ 10=");
+        factor == 1 ? expectInput(title1, prompt1) : expectInput(title2, prompt2);
+        Press(factor == 1 ? Qt::Key_F2 : Qt::Key_F3);
+    });
+}
+
+std::vector<RunTimeError> errorsOfTyping(int factor, const char* typed)
+{
+    return errorsOfEntering(factor, [typed](const QString& title, const QString& prompt) {
+        ExpectInput(title, prompt, QString::fromLatin1(typed));
+    });
+}
+
+void expectOne(RunTimeError::Kind kind, const std::vector<RunTimeError>& errors)
 {
     ASSERT_EQ(errors.size(), 1U);
-    EXPECT_EQ(errors[0].ErrorKind(), RunTimeError::Kind::TypeMismatch);
+    EXPECT_EQ(errors[0].ErrorKind(), kind);
 }
 
 TEST(FrmUnidadFactorEntry, WhatIsNoNumberEndsTheProgram)
 {
     for (const char* typed : { "", "  ", "hola", "1,2,3" }) {
         SCOPED_TRACE(typed);
-        expectTypeMismatch(RunTimeErrorsOf([typed] {
-            const FixedClock clock;
-            FrmUnidad form(clock);
-            ShowAndActivate(form);
-            ExpectInput(title1, prompt1, QString::fromLatin1(typed));
-            Press(Qt::Key_F2);
-        }));
-        expectTypeMismatch(RunTimeErrorsOf([typed] {
-            const FixedClock clock;
-            FrmUnidad form(clock);
-            ShowAndActivate(form);
-            ExpectInput(title2, prompt2, QString::fromLatin1(typed));
-            Press(Qt::Key_F3);
-        }));
+        expectOne(RunTimeError::Kind::TypeMismatch, errorsOfTyping(1, typed));
+        expectOne(RunTimeError::Kind::TypeMismatch, errorsOfTyping(2, typed));
     }
 }
 
 TEST(FrmUnidadFactorEntry, CancellingEndsTheProgram)
 {
-    expectTypeMismatch(RunTimeErrorsOf([] {
-        const FixedClock clock;
-        FrmUnidad form(clock);
-        ShowAndActivate(form);
-        ExpectInputCancelled(title1, prompt1, QStringLiteral("12"));
-        Press(Qt::Key_F2);
-    }));
-    expectTypeMismatch(RunTimeErrorsOf([] {
-        const FixedClock clock;
-        FrmUnidad form(clock);
-        ShowAndActivate(form);
-        ExpectInputCancelled(title2, prompt2);
-        Press(Qt::Key_F3);
-    }));
+    for (const int factor : { 1, 2 }) {
+        expectOne(
+            RunTimeError::Kind::TypeMismatch, errorsOfEntering(factor, [](const QString& title, const QString& prompt) {
+                ExpectInputCancelled(title, prompt, QStringLiteral("12"));
+            }));
+    }
+}
+
+TEST(FrmUnidadFactorEntry, ADivisionByZeroEndsTheProgram)
+{
+    expectOne(RunTimeError::Kind::InvalidArgument, errorsOfTyping(2, "0"));
+}
+
+TEST(FrmUnidadFactorEntry, AResultThatIsTooLargeEndsTheProgram)
+{
+    expectOne(RunTimeError::Kind::Overflow, errorsOfTyping(1, "1e400"));
+    expectOne(RunTimeError::Kind::Overflow, errorsOfTyping(2, "1e-308"));
 }
 
 // ---------------------------------------------------------------------------------------------------------- lifecycle
@@ -368,6 +489,10 @@ TEST_F(FrmUnidadTest, TheFractionOfTheSecondIsPartOfTheSeed)
     for (const double fraction : { 0.0, 0.25, 0.5, 0.75 }) {
         const FixedClock clock({ 10, 20, 30, 37230 + fraction });
         const FrmUnidad form(clock);
+        SeededRandom random(37230 + fraction);
+        PowersOfTen expected(random);
+        expected.NewPowerOfTenExercise();
+        EXPECT_EQ(lineOf(form), lineOf(expected));
         lines.insert(lineOf(form));
     }
     EXPECT_GT(lines.size(), 1U);

@@ -8,10 +8,7 @@
 
 #include <cmath>
 #include <map>
-#include <set>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace numbrela {
 
@@ -274,6 +271,8 @@ TEST(PowersOfTen, JudgesAnswersAsNumbers)
         { "0,00057", "0,00057", true },
         { "0,00057", ",00057", true },
         { "0,00057", "0,0005", false },
+        { "0,00057", "0,00057001", false },
+        { "0,00057", "0,00057000999", true },
         { "0", "", true }, // nothing counts as 0
         { "0", "0", true },
         { "0", "hola", true },
@@ -316,6 +315,11 @@ struct EntryCase {
     const char* Solution;
 };
 
+void enter(PowersOfTen& exercise, int factor, const char* typed)
+{
+    factor == 1 ? exercise.EnterFactor1(typed) : exercise.EnterFactor2(typed);
+}
+
 TEST(PowersOfTen, ATypedFactorMakesANewProduct)
 {
     const EntryCase cases[] = {
@@ -340,7 +344,7 @@ TEST(PowersOfTen, ATypedFactorMakesANewProduct)
         ScriptedRandom random = drawsOf(57, 1, 2, sign);
         PowersOfTen exercise = drawn(random);
         const std::string signBefore = exercise.Sign;
-        factor == 1 ? exercise.EnterFactor1(typed) : exercise.EnterFactor2(typed);
+        enter(exercise, factor, typed);
         EXPECT_EQ(exercise.Solution(), solution);
         EXPECT_TRUE(exercise.Check(solution).Right);
         EXPECT_FALSE(exercise.Check(sign == multiply ? "570" : "0,057").Right);
@@ -383,12 +387,60 @@ TEST(PowersOfTen, WhatIsNoNumberIsATypeMismatch)
     }
 }
 
-TEST(PowersOfTen, NoNumberHoldsAProductTooLarge)
+std::string sentenceAfterTyping(const char* typed)
 {
     ScriptedRandom random = drawsOf(57, 1, 2, multiply);
     PowersOfTen exercise = drawn(random);
-    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor1("1e400"); }), RunTimeError::Kind::Overflow);
-    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor1("1e308"); }), RunTimeError::Kind::Overflow);
+    try {
+        exercise.EnterFactor1(typed);
+    } catch (const RunTimeError& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST(PowersOfTen, WhatIsNoNumberIsQuotedUnlessThereIsNothingToQuote)
+{
+    EXPECT_EQ(sentenceAfterTyping("hola"), "«hola» no es un número que sirva de factor.");
+    EXPECT_EQ(sentenceAfterTyping(" 1 2"), "« 1 2» no es un número que sirva de factor.");
+    EXPECT_EQ(sentenceAfterTyping(""), "No se ha escrito ningún número.");
+    EXPECT_EQ(sentenceAfterTyping("   "), "No se ha escrito ningún número.");
+}
+
+TEST(PowersOfTen, NoNumberHoldsAProductTooLarge)
+{
+    const struct {
+        double Sign;
+        int Factor;
+        const char* Typed;
+    } cases[] = {
+        // of 5,7 and 100
+        { multiply, 1, "1e400" },
+        { multiply, 1, "1e308" },
+        { multiply, 1, "-1e308" },
+        { multiply, 2, "1e400" },
+        { multiply, 2, "1e308" },
+        { multiply, 2, "-1e308" },
+        { divide, 1, "1e400" },
+        { divide, 2, "1e-308" },
+        { divide, 2, "-1e-308" },
+    };
+    for (const auto& [sign, factor, typed] : cases) {
+        SCOPED_TRACE(std::string(typed) + " as factor " + std::to_string(factor));
+        ScriptedRandom random = drawsOf(57, 1, 2, sign);
+        PowersOfTen exercise = drawn(random);
+        EXPECT_EQ(KindThrownBy([&] { enter(exercise, factor, typed); }), RunTimeError::Kind::Overflow);
+    }
+}
+
+TEST(PowersOfTen, TheLargestProductsAreHeld)
+{
+    ScriptedRandom random = drawsOf(57, 1, 2, multiply);
+    PowersOfTen exercise = drawn(random);
+    exercise.EnterFactor1("1e306");
+    EXPECT_EQ(exercise.Solution(), "1" + std::string(308, '0'));
+    exercise.EnterFactor1("-1e306");
+    EXPECT_EQ(exercise.Solution(), "-1" + std::string(308, '0'));
 }
 
 TEST(PowersOfTen, NothingCanBeDividedByZero)
