@@ -122,6 +122,13 @@ FormColoSuma::FormColoSuma(const Clock& clock)
 {
     buildControls();
     buildMenus();
+    Form_Load();
+}
+
+void FormColoSuma::Form_Load()
+{
+    MnuOpcSum->CheckOnly(PlaceAndAdd::AddendCountChoices.IndexOf(exercise_.AddendCount));
+    MnuOpcCif->CheckOnly(PlaceAndAdd::MaxDigitsChoices.IndexOf(exercise_.MaxDigits));
     showNewPlaceAndAdd();
     TbSumando[0]->setFocus();
 }
@@ -168,8 +175,6 @@ void FormColoSuma::buildMenus()
     MnuOpcCif = new OptionMenu(
         QStringLiteral("MnuOpcCif"), QStringLiteral("Máximo de cifras"), PlaceAndAdd::MaxDigitsChoices,
         [this](int index) { MnuOpcCifLis_Click(index); }, options);
-    MnuOpcSum->CheckOnly(PlaceAndAdd::AddendCountChoices.IndexOf(exercise_.AddendCount));
-    MnuOpcCif->CheckOnly(PlaceAndAdd::MaxDigitsChoices.IndexOf(exercise_.MaxDigits));
     options->addMenu(MnuOpcSum);
     options->addMenu(MnuOpcCif);
     AddMenuItem(options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir Alt+F4"), [this] { MnuOpcSal_Click(); });
