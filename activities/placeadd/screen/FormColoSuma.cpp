@@ -31,7 +31,8 @@ constexpr int boxHeight = 600; // twips
 constexpr int firstRowTop = 1500;
 constexpr int signLeft = 900;
 
-// Where the rows of a written addition stand: they share the height of the window, the sum below them with its line.
+// Where the rows of a written addition stand: the boxes of the addends and, below them with its line, that of the sum
+// share 6000 twips from the first row's top on.
 class Rows {
 public:
     explicit Rows(int addendCount)
