@@ -97,8 +97,10 @@ void deleteByBlank(TextBox& box, int keyCode, bool& consumed)
     }
 }
 
-// What is typed replaces what stands at the caret. The box then inserts it too, unless it is full: a full box is what
-// makes this overtyping.
+// What is typed into a column replaces what stands at the caret. The box then inserts it too, unless it is full: a full
+// box is what makes this overtyping. Other characters are the box's own business: a short text, as the solution writes
+// it, takes them as any box does, in place of its highlight if it has one. A full box refuses them, and loses its
+// highlight first, because in place of highlighted columns it would have room for them.
 void overtype(TextBox& box, QChar& character)
 {
     if (character == QChar(KeyCode::Backspace)) {
@@ -109,8 +111,8 @@ void overtype(TextBox& box, QChar& character)
     if (writesColumn && caret < box.text().size()) {
         replaceAtCaret(box, character);
         box.SetCaretPosition(caret + 1);
-    } else if (character.isPrint()) {
-        box.SetCaretPosition(caret); // a letter is not to take the place of highlighted columns
+    } else if (character.isPrint() && box.text().size() >= box.maxLength()) {
+        box.SetCaretPosition(caret);
     }
 }
 
