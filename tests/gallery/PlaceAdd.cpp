@@ -1,8 +1,11 @@
 #include "activities/placeadd/screen/FormColoSuma.h"
 #include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
+
+#include <QDialog>
 
 namespace numbrela::testing {
 
@@ -15,6 +18,42 @@ void showWholeSum(FormColoSuma& form)
         form.Command2_Click(0);
         form.Command2_Click(2);
     } while (form.TbResultado->text().contains(u','));
+}
+
+// A new window with six addends of up to five digits: a solution longer than what can be typed, and what is said of
+// one that does not fit. The same exercises are drawn beside it, to know which are which.
+void drawFiveDigits(Gallery& gallery, const Clock& clock)
+{
+    FormColoSuma form(clock);
+    ShowAndActivate(form);
+    SeededRandom random(clock.Now().SecondsSinceMidnight);
+    PlaceAndAdd drawn(random);
+    drawn.NewPlaceAndAdd();
+    Choose(form, QStringLiteral("MnuOpcSumLis(4)"));
+    drawn.AddendCount = 6;
+    drawn.NewPlaceAndAdd();
+    Choose(form, QStringLiteral("MnuOpcCifLis(3)"));
+    drawn.MaxDigits = 5;
+    drawn.NewPlaceAndAdd();
+    const auto drawUntil = [&](auto wanted) {
+        while (!wanted()) {
+            form.Command2_Click(0);
+            drawn.NewPlaceAndAdd();
+        }
+    };
+
+    constexpr float leastTooLong = 10000;
+    constexpr std::size_t length = 9; // four columns, the comma and four decimals
+    drawUntil([&] { return drawn.AddendSum < leastTooLong && drawn.Solution().Sum.size() == length; });
+    form.Command2_Click(2);
+    gallery.Draw(form, QStringLiteral("placeadd-six-addends-of-five-digits"));
+
+    drawUntil([&] { return drawn.AddendSum >= leastTooLong; });
+    ExpectDialog([&gallery](QDialog& box) {
+        gallery.Draw(box, QStringLiteral("placeadd-too-long"));
+        box.accept();
+    });
+    form.Command2_Click(2);
 }
 
 } // namespace
@@ -35,6 +74,7 @@ void DrawPlaceAdd(Gallery& gallery)
     showWholeSum(form);
     form.Command1_Click();
     gallery.Draw(form, QStringLiteral("placeadd-right"));
+    gallery.DrawMaximised(form, QStringLiteral("placeadd-right-maximised"));
 
     Choose(form, QStringLiteral("MnuOpcSumLis(4)"));
     form.Command2_Click(2);
@@ -53,6 +93,9 @@ void DrawPlaceAdd(Gallery& gallery)
     two.Command2_Click(2);
     gallery.Draw(two, QStringLiteral("placeadd-two-addends"));
     gallery.DrawMaximised(two, QStringLiteral("placeadd-two-addends-maximised"));
+    two.close();
+
+    drawFiveDigits(gallery, clock);
 }
 
 } // namespace numbrela::testing

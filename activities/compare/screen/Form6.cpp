@@ -32,6 +32,11 @@ Form6::Form6(const Clock& clock)
     , comparison_(random_)
 {
     buildControls();
+    Form_Load();
+}
+
+void Form6::Form_Load()
+{
     showNewComparison();
 }
 

@@ -17,6 +17,7 @@ class Form6 : public FormWindow {
 public:
     explicit Form6(const Clock& clock);
 
+    void Form_Load();
     void CbNúmero_Click(int index);
 
     TextBox* Text1;

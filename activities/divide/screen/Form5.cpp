@@ -46,8 +46,13 @@ Form5::Form5(const Clock& clock, bool& commaShift)
     buildBracket();
     buildRest();
     buildMenus();
-    checkOptions();
     SeeKeysFirst([this](int keyCode) { Form_KeyDown(keyCode); });
+    Form_Load();
+}
+
+void Form5::Form_Load()
+{
+    checkOptions();
     GenerateDivision();
     Text1->setFocus();
 }

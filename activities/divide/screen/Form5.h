@@ -22,6 +22,7 @@ public:
     // Whether the solution shown last ended right of a comma. It lives as long as the program and outlasts its windows.
     static bool& CommaShift();
 
+    void Form_Load();
     void GenerateDivision();
     void Command1_Click();
     void Command2_Click(int index);

@@ -54,6 +54,11 @@ Form4::Form4(const Clock& clock)
     buildCalculation();
     buildSideColumn();
     buildMenus();
+    Form_Load();
+}
+
+void Form4::Form_Load()
+{
     NewMultiplication();
     TbParcial[0]->setFocus();
 }

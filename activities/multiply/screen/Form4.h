@@ -24,6 +24,7 @@ class Form4 : public FormWindow {
 public:
     explicit Form4(const Clock& clock);
 
+    void Form_Load();
     void Command1_Click();
     void Command2_Click(int index);
     void MnuOpcCi1Lis_Click(int index);

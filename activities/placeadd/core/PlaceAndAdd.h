@@ -34,7 +34,7 @@ public:
     std::array<float, MostAddends> Addends {}; // those from AddendCount on belong to no exercise
     float AddendSum = 0; // added up in the order of the addends, in single precision
 
-    // Draws the addends, at least one of them short: of fewer than `MaxDigits` digits, or 1 followed by zeros.
+    // Draws the addends, at least one of them short: of at most `MaxDigits` - 1 digits (or 1 and that many zeros).
     void NewPlaceAndAdd();
 
     // The addends in one line: "12,5 + 0,7 + 130".
@@ -42,7 +42,8 @@ public:
 
     // What to say of the sum in the answer box, when `shown` is what was said last: the same thing said again gains a
     // blank, so that something is seen to happen. Only the whole part of what is written counts ("123,5" is 123),
-    // blanks between its digits do not, and it must be the sum exactly: a sum with decimals is never judged right.
+    // blanks between its digits do not, and it must be the sum exactly: a sum with decimals, typed with its comma, is
+    // never judged right.
     std::string Verdict(std::string_view answer, std::string_view shown) const;
 
     // The solution. Throws RunTimeError::InvalidArgument, with a sentence for the pupil, when the sum has more than the

@@ -31,7 +31,8 @@ constexpr int boxHeight = 600; // twips
 constexpr int firstRowTop = 1500;
 constexpr int signLeft = 900;
 
-// Where the rows of a written addition stand: they share the height of the window, the sum below them with its line.
+// Where the rows of a written addition stand: the boxes of the addends and, below them with its line, that of the sum
+// share 6000 twips from the first row's top on.
 class Rows {
 public:
     explicit Rows(int addendCount)
@@ -96,8 +97,10 @@ void deleteByBlank(TextBox& box, int keyCode, bool& consumed)
     }
 }
 
-// What is typed replaces what stands at the caret. The box then inserts it too, unless it is full: a full box is what
-// makes this overtyping.
+// What is typed into a column replaces what stands at the caret. The box then inserts it too, unless it is full: a full
+// box is what makes this overtyping. Other characters are the box's own business: a short text, as the solution writes
+// it, takes them as any box does, in place of its highlight if it has one. A full box refuses them, and loses its
+// highlight first, because in place of highlighted columns it would have room for them.
 void overtype(TextBox& box, QChar& character)
 {
     if (character == QChar(KeyCode::Backspace)) {
@@ -108,8 +111,8 @@ void overtype(TextBox& box, QChar& character)
     if (writesColumn && caret < box.text().size()) {
         replaceAtCaret(box, character);
         box.SetCaretPosition(caret + 1);
-    } else if (character.isPrint()) {
-        box.SetCaretPosition(caret); // a letter is not to take the place of highlighted columns
+    } else if (character.isPrint() && box.text().size() >= box.maxLength()) {
+        box.SetCaretPosition(caret);
     }
 }
 
@@ -122,6 +125,13 @@ FormColoSuma::FormColoSuma(const Clock& clock)
 {
     buildControls();
     buildMenus();
+    Form_Load();
+}
+
+void FormColoSuma::Form_Load()
+{
+    MnuOpcSum->CheckOnly(PlaceAndAdd::AddendCountChoices.IndexOf(exercise_.AddendCount));
+    MnuOpcCif->CheckOnly(PlaceAndAdd::MaxDigitsChoices.IndexOf(exercise_.MaxDigits));
     showNewPlaceAndAdd();
     TbSumando[0]->setFocus();
 }
@@ -168,8 +178,6 @@ void FormColoSuma::buildMenus()
     MnuOpcCif = new OptionMenu(
         QStringLiteral("MnuOpcCif"), QStringLiteral("Máximo de cifras"), PlaceAndAdd::MaxDigitsChoices,
         [this](int index) { MnuOpcCifLis_Click(index); }, options);
-    MnuOpcSum->CheckOnly(PlaceAndAdd::AddendCountChoices.IndexOf(exercise_.AddendCount));
-    MnuOpcCif->CheckOnly(PlaceAndAdd::MaxDigitsChoices.IndexOf(exercise_.MaxDigits));
     options->addMenu(MnuOpcSum);
     options->addMenu(MnuOpcCif);
     AddMenuItem(options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir Alt+F4"), [this] { MnuOpcSal_Click(); });

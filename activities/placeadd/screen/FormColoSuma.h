@@ -22,6 +22,7 @@ class FormColoSuma : public FormWindow {
 public:
     explicit FormColoSuma(const Clock& clock);
 
+    void Form_Load();
     void Command1_Click();
     void Command2_Click(int index);
     void MnuOpcSumLis_Click(int index);

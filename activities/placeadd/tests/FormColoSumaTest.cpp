@@ -10,14 +10,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QClipboard>
 #include <QFontInfo>
 #include <QLabel>
+#include <QSignalSpy>
 
 #include <algorithm>
 #include <cmath>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace numbrela {
@@ -94,6 +97,56 @@ protected:
         }
     }
 
+    // Draws until the sum and an addend, whose index it returns, fit their columns but have more characters than can be
+    // typed.
+    std::size_t nextThatIsLongerThanItsBoxes()
+    {
+        chooseDigits(5);
+        for (;;) {
+            next();
+            if (expected_.AddendSum < 10000) {
+                const PlaceAndAdd::Placement solution = expected_.Solution();
+                const auto longAddend = std::find_if(solution.Addends.begin(), solution.Addends.end(),
+                    [](const std::string& text) { return text.size() > eightBlanks.size(); });
+                if (longAddend != solution.Addends.end() && solution.Sum.size() > sevenBlanks.size()) {
+                    return static_cast<std::size_t>(longAddend - solution.Addends.begin());
+                }
+            }
+        }
+    }
+
+    void expectMessageThatTheSumIsTooLong()
+    {
+        ExpectMessage(QStringLiteral("Numbrela"),
+            QStringLiteral("La suma es %1.\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.")
+                .arg(QString::fromStdString(PlainDecimalText(expected_.AddendSum))));
+    }
+
+    // Presses the access key of a button. A button is seen to go down then, and is clicked when it comes up again.
+    void pressAccessKey(Qt::Key key, const char* buttonName)
+    {
+        QSignalSpy clicked(&Find<CommandButton>(form_, QString::fromLatin1(buttonName)), &QPushButton::clicked);
+        Press(key, Qt::AltModifier);
+        EXPECT_TRUE(!clicked.isEmpty() || clicked.wait());
+        EXPECT_EQ(clicked.count(), 1);
+    }
+
+    // Where a sign stands, what it says, and whether it is seen.
+    struct SignState {
+        TwipsRect Place;
+        QString Caption;
+        bool Visible;
+        bool Enabled;
+
+        bool operator==(const SignState&) const = default;
+    };
+
+    SignState sign(std::size_t index)
+    {
+        const QLabel* label = form_.LBSigno.at(index);
+        return { form_.Area().RectOf(label), label->text(), label->isVisible(), label->isEnabled() };
+    }
+
     void typeSum(const std::string& text)
     {
         form_.TbResultado->setFocus();
@@ -127,6 +180,16 @@ protected:
     std::string filled(const std::string& text) const
     {
         return text + std::string(static_cast<std::size_t>(GetParam().Length) - text.size(), ' ');
+    }
+
+    // Types digits into the first columns and highlights the first two of them.
+    void typeAndHighlightTwo(const std::string& digits)
+    {
+        Press(Qt::Key_Home);
+        Type(QString::fromStdString(digits));
+        Press(Qt::Key_Home);
+        Press(Qt::Key_Right, Qt::ShiftModifier);
+        Press(Qt::Key_Right, Qt::ShiftModifier);
     }
 };
 
@@ -271,14 +334,118 @@ TEST_P(FormColoSumaBoxTest, TypingOverAHighlightKeepsEveryColumn)
     }
 }
 
-TEST_F(FormColoSumaTest, AShortTextIsInsertedIntoAsWellAsTypedOver)
+TEST_P(FormColoSumaBoxTest, DeleteAndBackspaceHeldWithShiftOrCtrlWriteABlankToo)
 {
-    Click(form_, QStringLiteral("Command2(2)"));
-    addend(0).SetText("   7");
-    addend(0).setFocus();
-    addend(0).SetCaretPosition(0);
+    for (const auto modifier : { Qt::ShiftModifier, Qt::ControlModifier }) {
+        Press(Qt::Key_Home);
+        Type(QStringLiteral("1234"));
+        Press(Qt::Key_Home);
+        Press(Qt::Key_Right);
+        Press(Qt::Key_Delete, modifier);
+        EXPECT_EQ(box().Text(), filled("1 34")) << modifier;
+        EXPECT_EQ(box().CaretPosition(), 1) << modifier;
+        Press(Qt::Key_Right);
+        Press(Qt::Key_Backspace, modifier);
+        EXPECT_EQ(box().Text(), filled("1  4")) << modifier;
+        EXPECT_EQ(box().CaretPosition(), 3) << modifier;
+    }
+}
+
+TEST_P(FormColoSumaBoxTest, TheKeypadWritesItsDigits)
+{
+    for (int digit = 0; digit <= 9; ++digit) {
+        Press(Qt::Key_Home);
+        Press(Qt::Key_0 + digit, Qt::KeypadModifier);
+        EXPECT_EQ(box().Text(), filled(std::to_string(digit)));
+        EXPECT_EQ(box().CaretPosition(), 1);
+    }
+}
+
+// On a Spanish keyboard the decimal key of the keypad writes a comma, on others a point.
+TEST_P(FormColoSumaBoxTest, TheDecimalKeyOfTheKeypadWritesItsCommaButNoPoint)
+{
+    Press(Qt::Key_Comma, Qt::KeypadModifier);
+    EXPECT_EQ(box().Text(), filled(","));
+    EXPECT_EQ(box().CaretPosition(), 1);
+    Press(Qt::Key_Period, Qt::KeypadModifier);
+    EXPECT_EQ(box().Text(), filled(","));
+    EXPECT_EQ(box().CaretPosition(), 1);
+}
+
+TEST_P(FormColoSumaBoxTest, TheDeleteKeyOfTheKeypadWritesABlankAndKeepsTheCaret)
+{
+    Type(QStringLiteral("1234"));
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Right);
+    Press(Qt::Key_Delete, Qt::KeypadModifier);
+    EXPECT_EQ(box().Text(), filled("1 34"));
+    EXPECT_EQ(box().CaretPosition(), 1);
+}
+
+TEST_P(FormColoSumaBoxTest, CuttingLeavesAShortBox)
+{
+    typeAndHighlightTwo("1234");
+    Press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("12"));
+    EXPECT_EQ(box().Text(), filled("1234").substr(2));
+    EXPECT_EQ(box().CaretPosition(), 0);
+    Type(QStringLiteral("5"));
+    EXPECT_EQ(box().Text(), "55" + filled("1234").substr(3));
+}
+
+TEST_P(FormColoSumaBoxTest, PastingTakesThePlaceOfAHighlightAsFarAsTheBoxHasRoom)
+{
+    QApplication::clipboard()->setText(QStringLiteral("9876"));
+    typeAndHighlightTwo("1234");
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box().Text(), filled("9834"));
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box().Text(), filled("9834")) << "a full box without a highlight has no room";
+}
+
+TEST_P(FormColoSumaBoxTest, AShortTextIsInsertedIntoAsWellAsTypedOver)
+{
+    box().SetText("   7");
+    box().SetCaretPosition(0);
     Type(QStringLiteral("1"));
-    EXPECT_EQ(addend(0).Text(), "11  7") << "only a full box refuses the insertion";
+    EXPECT_EQ(box().Text(), "11  7") << "only a full box refuses the insertion";
+    EXPECT_EQ(box().CaretPosition(), 2);
+}
+
+TEST_P(FormColoSumaBoxTest, AtTheEndOfAShortTextTypingAddsToIt)
+{
+    box().SetText("   7");
+    Press(Qt::Key_End);
+    Type(QStringLiteral("5"));
+    EXPECT_EQ(box().Text(), "   75");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(box().Text(), "   75 ");
+    EXPECT_EQ(box().CaretPosition(), 6);
+}
+
+TEST_P(FormColoSumaBoxTest, OtherKeysAreInsertedIntoAShortText)
+{
+    box().SetText("   7");
+    box().SetCaretPosition(1);
+    Press(Qt::Key_A);
+    EXPECT_EQ(box().Text(), " a  7");
+    Press(Qt::Key_Period);
+    EXPECT_EQ(box().Text(), " a.  7");
+    EXPECT_EQ(box().CaretPosition(), 3);
+}
+
+TEST_P(FormColoSumaBoxTest, OtherKeysTakeThePlaceOfTheHighlightOfAShortText)
+{
+    for (const char* character : { "a", "." }) {
+        box().SetText("   7");
+        box().SelectWholeText();
+        Type(QString::fromLatin1(character));
+        EXPECT_EQ(box().Text(), character);
+    }
+    box().SetText("   7");
+    box().SelectWholeText();
+    Type(QStringLiteral("1"));
+    EXPECT_EQ(box().Text(), "11  7") << "what belongs in a column replaces that column alone";
 }
 
 TEST_F(FormColoSumaTest, TheDataCannotBeTypedOver)
@@ -335,7 +502,8 @@ TEST_F(FormColoSumaTest, CheckingMovesNoFocusAndNoText)
 {
     Type(QStringLiteral("12"));
     const auto before = addends();
-    form_.Command1_Click();
+    pressAccessKey(Qt::Key_H, "Command1");
+    EXPECT_EQ(verdict(), "Resultado incorrecto");
     EXPECT_EQ(FocusName(), "TbSumando(0)");
     EXPECT_EQ(addends(), before);
     EXPECT_EQ(sum(), sevenBlanks);
@@ -387,6 +555,42 @@ TEST_F(FormColoSumaTest, ClearingGivesTheSumOneBlankMoreThanANewExercise)
     EXPECT_EQ(sum(), "1234567");
 }
 
+TEST_F(FormColoSumaTest, EveryButtonHasItsAccessKey)
+{
+    Type(QStringLiteral("12"));
+    typeSum("34");
+    pressAccessKey(Qt::Key_H, "Command1");
+    EXPECT_EQ(verdict(), "Resultado incorrecto");
+    EXPECT_EQ(FocusName(), "TbResultado");
+
+    pressAccessKey(Qt::Key_B, "Command2(1)");
+    EXPECT_EQ(addends(), std::vector(4, eightBlanks));
+    EXPECT_EQ(sum(), eightBlanks);
+    EXPECT_EQ(FocusName(), "TbSumando(0)");
+
+    pressAccessKey(Qt::Key_V, "Command2(2)");
+    EXPECT_EQ(addends(), expected_.Solution().Addends);
+    EXPECT_EQ(FocusName(), "TbResultado");
+
+    pressAccessKey(Qt::Key_C, "Command2(0)");
+    expected_.NewPlaceAndAdd();
+    EXPECT_EQ(line(), expected_.DataLine());
+    EXPECT_EQ(addends(), std::vector(4, eightBlanks));
+    EXPECT_EQ(FocusName(), "TbSumando(0)");
+}
+
+TEST_F(FormColoSumaTest, TheSolutionGivesTheSumItsLimitBackAfterClearing)
+{
+    nextWithWholeSum();
+    Click(form_, QStringLiteral("Command2(1)"));
+    ASSERT_EQ(sum(), eightBlanks);
+    Click(form_, QStringLiteral("Command2(2)"));
+    ASSERT_LT(sum().size(), sevenBlanks.size());
+    Press(Qt::Key_End);
+    Type(QStringLiteral("99999999"));
+    EXPECT_EQ(sum().size(), sevenBlanks.size());
+}
+
 TEST_F(FormColoSumaTest, ClearingReachesHiddenBoxes)
 {
     chooseAddends(6);
@@ -420,6 +624,44 @@ TEST_F(FormColoSumaTest, TheSolutionOfAWholeSumIsRight)
     EXPECT_EQ(verdict(), "Resultado correcto ");
 }
 
+TEST_F(FormColoSumaTest, ASolutionLongerThanCanBeTypedIsShownWholeAndTypedOver)
+{
+    const std::size_t longest = nextThatIsLongerThanItsBoxes();
+    Click(form_, QStringLiteral("Command2(2)"));
+    const PlaceAndAdd::Placement solution = expected_.Solution();
+    EXPECT_EQ(addends(), solution.Addends);
+    EXPECT_EQ(sum(), solution.Sum);
+
+    const std::pair<TextBox*, std::string> boxes[]
+        = { { &addend(longest), solution.Addends[longest] }, { form_.TbResultado, solution.Sum } };
+    for (const auto& [box, shown] : boxes) {
+        box->setFocus();
+        Press(Qt::Key_Home);
+        Type(QStringLiteral("56"));
+        EXPECT_EQ(box->Text(), "56" + shown.substr(2));
+        Press(Qt::Key_End);
+        Type(QStringLiteral("7"));
+        box->SelectWholeText();
+        Type(QStringLiteral("a"));
+        EXPECT_EQ(box->Text(), "56" + shown.substr(2)) << "the box is more than full";
+    }
+}
+
+TEST_F(FormColoSumaTest, TheMessageLeavesTheFocusWhereItWas)
+{
+    nextThatIsTooLong();
+    addend(1).setFocus();
+    expectMessageThatTheSumIsTooLong();
+    pressAccessKey(Qt::Key_V, "Command2(2)");
+    ShowAndActivate(form_);
+    EXPECT_EQ(FocusName(), "TbSumando(1)");
+
+    expectMessageThatTheSumIsTooLong();
+    Click(form_, QStringLiteral("Command2(2)"));
+    ShowAndActivate(form_);
+    EXPECT_EQ(FocusName(), "Command2(2)") << "where the click has put it";
+}
+
 TEST_F(FormColoSumaTest, ASolutionTooLongForItsColumnsIsToldAndTheExerciseGoesOn)
 {
     nextThatIsTooLong();
@@ -427,9 +669,7 @@ TEST_F(FormColoSumaTest, ASolutionTooLongForItsColumnsIsToldAndTheExerciseGoesOn
     typeSum("34");
     Click(form_, QStringLiteral("Command1"));
     const auto before = addends();
-    ExpectMessage(QStringLiteral("Numbrela"),
-        QStringLiteral("La suma es %1.\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.")
-            .arg(QString::fromStdString(PlainDecimalText(expected_.AddendSum))));
+    expectMessageThatTheSumIsTooLong();
     Click(form_, QStringLiteral("Command2(2)"));
     EXPECT_EQ(addends(), before);
     EXPECT_EQ(sum(), "34     ");
@@ -442,6 +682,13 @@ TEST_F(FormColoSumaTest, ASolutionTooLongForItsColumnsIsToldAndTheExerciseGoesOn
     EXPECT_EQ(line(), expected_.DataLine());
 }
 
+// Where the caret stands, in pixels of its box, when it is behind the units of a solution.
+QRect placeOfComma(TextBox& box)
+{
+    box.SetCaretPosition(4);
+    return box.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+}
+
 TEST_F(FormColoSumaTest, EveryBoxShowsItsTextWithTheSameColumns)
 {
     chooseAddends(6);
@@ -449,11 +696,10 @@ TEST_F(FormColoSumaTest, EveryBoxShowsItsTextWithTheSameColumns)
     for (const QSize size : { form_.size(), QSize(1280, 800), QSize(640, 480) }) {
         form_.resize(size);
         QCoreApplication::processEvents();
-        for (const TextBox* box : form_.TbSumando) {
+        const QRect commaOfSum = placeOfComma(*form_.TbResultado);
+        for (TextBox* box : form_.TbSumando) {
             EXPECT_EQ(box->x(), form_.TbResultado->x());
-            EXPECT_EQ(box->width(), form_.TbResultado->width());
-            EXPECT_EQ(box->font(), form_.TbResultado->font());
-            EXPECT_EQ(box->alignment(), form_.TbResultado->alignment());
+            EXPECT_EQ(placeOfComma(*box), commaOfSum) << box->Text();
             EXPECT_TRUE(QFontInfo(box->font()).fixedPitch());
         }
     }
@@ -486,8 +732,13 @@ TEST_F(FormColoSumaTest, ChoosingTheNumberOfAddendsDrawsAndMovesTheMark)
 TEST_F(FormColoSumaTest, ChoosingDigitsDrawsAndMovesTheMark)
 {
     for (const int digits : { 5, 2, 4, 3 }) {
+        Click(form_, QStringLiteral("Command1"));
+        const std::string shown = verdict();
+        ASSERT_NE(shown, "");
+        addend(0).setFocus();
         Type(QStringLiteral("12"));
         chooseDigits(digits);
+        EXPECT_EQ(verdict(), shown);
         EXPECT_EQ(line(), expected_.DataLine());
         EXPECT_EQ(addends(), std::vector(4, eightBlanks));
         EXPECT_EQ(CheckedItems(*form_.MnuOpcCif), std::vector { digits - 2 });
@@ -495,33 +746,72 @@ TEST_F(FormColoSumaTest, ChoosingDigitsDrawsAndMovesTheMark)
     }
 }
 
+TEST_F(FormColoSumaTest, ChoosingTheCheckedItemDrawsToo)
+{
+    const std::string first = line();
+    chooseAddends(4);
+    const std::string second = line();
+    EXPECT_EQ(second, expected_.DataLine());
+    EXPECT_NE(second, first);
+    chooseDigits(3);
+    EXPECT_EQ(line(), expected_.DataLine());
+    EXPECT_NE(line(), second);
+    EXPECT_EQ(CheckedItems(*form_.MnuOpcSum), std::vector { 2 });
+    EXPECT_EQ(CheckedItems(*form_.MnuOpcCif), std::vector { 1 });
+}
+
+TEST_F(FormColoSumaTest, OptionsMoveNoFocus)
+{
+    for (const char* name : { "TbSumando(1)", "TbResultado", "Text1", "Command2(1)", "TBDatos" }) {
+        Find<QWidget>(form_, QString::fromLatin1(name)).setFocus();
+        for (const int count : { 6, 2, 4 }) {
+            chooseAddends(count);
+            EXPECT_EQ(FocusName(), name) << count;
+        }
+        chooseDigits(4);
+        EXPECT_EQ(FocusName(), name);
+    }
+}
+
+TEST_F(FormColoSumaTest, WhenTheBoxWithTheFocusVanishesTheSumGetsIt)
+{
+    for (std::size_t index = 2; index < 6; ++index) {
+        chooseAddends(6);
+        addend(index).setFocus();
+        chooseAddends(2);
+        EXPECT_EQ(FocusName(), "TbResultado") << index;
+        Type(QStringLiteral("7"));
+        EXPECT_EQ(sum(), "7      ") << index;
+    }
+}
+
 TEST_F(FormColoSumaTest, FewerAddendsLeaveTheSignsOfTheOthersBehind)
 {
     chooseAddends(6);
-    std::vector<TwipsRect> places;
-    std::vector<QString> captions;
-    for (const QLabel* label : form_.LBSigno) {
-        places.push_back(form_.Area().RectOf(label));
-        captions.push_back(label->text());
+    std::vector<SignState> ofSix;
+    for (std::size_t i = 0; i < 6; ++i) {
+        ofSix.push_back(sign(i));
+        EXPECT_TRUE(ofSix[i].Visible && ofSix[i].Enabled);
     }
-    EXPECT_EQ(captions.back(), QStringLiteral("="));
-    for (const int count : { 4, 2, 3 }) {
+    EXPECT_EQ(ofSix.back().Caption, QStringLiteral("="));
+    chooseAddends(2);
+    for (std::size_t i = 2; i < 6; ++i) {
+        EXPECT_EQ(sign(i), ofSix[i]) << i;
+    }
+
+    chooseAddends(4);
+    const SignState fourth = sign(3);
+    EXPECT_EQ(fourth, (SignState { { 900, 6800, 600, 600 }, QStringLiteral("="), true, true }));
+    for (const int count : { 2, 3 }) {
         chooseAddends(count);
-        for (std::size_t i = static_cast<std::size_t>(std::max(count, 4)); i < 6; ++i) {
-            EXPECT_EQ(form_.Area().RectOf(form_.LBSigno[i]), places[i]);
-            EXPECT_EQ(form_.LBSigno[i]->text(), captions[i]);
-            EXPECT_TRUE(form_.LBSigno[i]->isVisible() && form_.LBSigno[i]->isEnabled());
-        }
+        EXPECT_EQ(sign(3), fourth) << "the sum's when there were four addends";
+        EXPECT_EQ(sign(4), ofSix[4]);
+        EXPECT_EQ(sign(5), ofSix[5]);
     }
-    // The fourth sign was the sum's when there were four addends, and has stayed it.
-    EXPECT_EQ(form_.LBSigno[3]->text(), QStringLiteral("="));
-    EXPECT_TRUE(form_.LBSigno[3]->isVisible());
-    EXPECT_EQ(form_.Area().RectOf(form_.LBSigno[3]), (TwipsRect { 900, 6800, 600, 600 }));
 
     chooseAddends(6);
     for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(form_.Area().RectOf(form_.LBSigno[i]), places[i]);
-        EXPECT_EQ(form_.LBSigno[i]->text(), captions[i]);
+        EXPECT_EQ(sign(i), ofSix[i]);
     }
 }
 
@@ -547,7 +837,7 @@ TEST_F(FormColoSumaTest, TheExitClosesTheWindow)
 
 // ---------------------------------------------------------------------------------------------------------- lifecycle
 
-TEST_F(FormColoSumaTest, TheNextOpeningHasFourAddendsOfThreeDigitsAgain)
+TEST_F(FormColoSumaTest, ANewWindowHasFourAddendsOfThreeDigitsWhateverWasChosenInAnother)
 {
     const std::string firstLine = line();
     chooseAddends(6);
@@ -557,6 +847,8 @@ TEST_F(FormColoSumaTest, TheNextOpeningHasFourAddendsOfThreeDigitsAgain)
     ShowAndActivate(again);
     EXPECT_EQ(again.TBDatos->Text(), firstLine);
     EXPECT_EQ(again.TbSumando.size(), 4U);
+    EXPECT_EQ(CheckedItems(*again.MnuOpcSum), std::vector { 2 });
+    EXPECT_EQ(CheckedItems(*again.MnuOpcCif), std::vector { 1 });
 }
 
 TEST_F(FormColoSumaTest, TheFractionOfTheSecondIsPartOfTheSeed)

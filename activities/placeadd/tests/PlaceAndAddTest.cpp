@@ -263,6 +263,8 @@ void forAllOptions(int timesEach, Examine examine)
     }
 }
 
+// How many digits a number was drawn with cannot be read from it: 120 and 12 both count as two here, so that of the
+// rule that one addend be short only gross breaches are seen. The scripted draws above test it exactly.
 TEST(PlaceAndAdd, AddendsKeepToTheirDigitsAndDecimals)
 {
     forAllOptions(500, [](const PlaceAndAdd& exercise) {
@@ -331,7 +333,10 @@ TEST(PlaceAndAdd, JudgesTheWholePartOfWhatIsWritten)
         { 120, 3, "", false },
         { 120, 3, "       ", false },
         { 120, 3, ",123", false },
-        { 120.5F, 3, "123,5", false }, // a sum with decimals is never right
+        { 2.4F, 0.8F, "3.2", true }, // a point is read, and the number kept as precisely as the sum is
+        { 2.4F, 0.8F, "3,2", false },
+        { 120.5F, 3, "123.5", true },
+        { 120.5F, 3, "123,5", false }, // a sum with decimals, typed with its comma, is never right
         { 120.5F, 3, "123", false },
         { 120.5F, 3, "1235", false },
         { 120.5F, 3, "124", false },
@@ -349,7 +354,7 @@ TEST(PlaceAndAdd, JudgesTheWholePartOfWhatIsWritten)
     }
 }
 
-TEST(PlaceAndAdd, ASumWithDecimalsIsNeverJudgedRight)
+TEST(PlaceAndAdd, ASumWithDecimalsTypedWithItsCommaIsNeverJudgedRight)
 {
     forAllOptions(100, [](const PlaceAndAdd& exercise) {
         const std::string sum = PlainDecimalText(exercise.AddendSum);
@@ -428,7 +433,7 @@ TEST(PlaceAndAdd, ASumOfFiveIntegerDigitsHasNoColumns)
     }
 }
 
-TEST(PlaceAndAdd, EveryLengthIsEquallyLikely)
+TEST(PlaceAndAdd, TenthsComeAsOftenAsEqualLengthsMakeThem)
 {
     constexpr int draws = 9000;
     SeededRandom random(7);
@@ -439,8 +444,9 @@ TEST(PlaceAndAdd, EveryLengthIsEquallyLikely)
         exercise.NewPlaceAndAdd();
         tenths += exercise.Addends[0] < 1 && decimalsOf(textsOf(exercise)[0]) == 1 ? 1 : 0;
     }
-    // One digit: 9 of 10 draws. Two: 9 of 100, and of the 9 that end in 0 those with two decimals. Three: 9 of 1000.
-    const double share = (0.9 + (0.09 + 0.09 / 3) + 0.009) / 3;
+    // Of each length, drawn a third of the time: the numbers 1 to 9 (9 of 10, 9 of 100, 9 of 1000), and the tens below
+    // 100 (1 of 10, 9 of 100, 9 of 1000), a third of which are given two decimals.
+    const double share = ((0.9 + 0.1 / 3) + (0.09 + 0.09 / 3) + (0.009 + 0.009 / 3)) / 3;
     EXPECT_NEAR(tenths, draws * share, 270); // six standard deviations
 }
 

@@ -27,6 +27,14 @@ FrmUnidad::FrmUnidad(const Clock& clock)
 {
     buildControls();
     buildMenus();
+    Form_Load();
+}
+
+// Both lists keep the marks that they get here: what is chosen later shows in the numbers alone.
+void FrmUnidad::Form_Load()
+{
+    MnuOpcCi1->CheckOnly(PowersOfTen::Digits1Choices.IndexOf(exercise_.Digits1));
+    MnuOpcCi2->CheckOnly(PowersOfTen::Digits2Choices.IndexOf(exercise_.Digits2 + 1));
     showNewExercise();
     TBRespuesta->setFocus();
 }
@@ -82,7 +90,6 @@ void FrmUnidad::buildLineOfArithmetic()
     connect(TBRespuesta, &TextBox::textEdited, this, [this] { TBResultado->SetText(""); });
 }
 
-// Both lists keep the marks that they get here: what is chosen later shows in the numbers alone.
 void FrmUnidad::buildMenus()
 {
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
@@ -92,8 +99,6 @@ void FrmUnidad::buildMenus()
     MnuOpcCi2 = new OptionMenu(
         QStringLiteral("MnuOpcCi2"), QStringLiteral("&Cifras factor 2"), PowersOfTen::Digits2Choices, [](int) {},
         options);
-    MnuOpcCi1->CheckOnly(PowersOfTen::Digits1Choices.IndexOf(exercise_.Digits1));
-    MnuOpcCi2->CheckOnly(PowersOfTen::Digits2Choices.IndexOf(exercise_.Digits2 + 1));
     options->addMenu(MnuOpcCi1);
     options->addMenu(MnuOpcCi2);
     AddMenuItem(

@@ -18,6 +18,7 @@ class FrmUnidad : public FormWindow {
 public:
     explicit FrmUnidad(const Clock& clock);
 
+    void Form_Load();
     void Command1_Click();
     void Command2_Click(int index);
     void TBRespuesta_KeyPress(QChar& character);

@@ -139,6 +139,11 @@ Form7::Form7(const Clock& clock, std::filesystem::path catalogue)
     buildFrame2();
     buildFrame3();
     buildMenus();
+    Form_Load();
+}
+
+void Form7::Form_Load()
+{
     loadCatalogue();
     newShoppingTask();
     List1->setFocus();

@@ -28,6 +28,7 @@ public:
     // told why as soon as the window is on the screen. The clock outlives the window.
     Form7(const Clock& clock, std::filesystem::path catalogue);
 
+    void Form_Load();
     void CBTienda_Click(int index);
     void LIDisponibles_DblClick();
     void LIDisponibles_KeyDown(int keyCode);
