@@ -15,8 +15,8 @@ std::string PlainDecimalText(double value);
 std::string PlainDecimalText(float value);
 
 // PlainDecimalText with "." between groups of thousands: 123456.78 gives "123.456,78". A sign counts as a character, so
-// -123 gives "-.123". From seven characters before the comma on, the groups left of the last one start one place too far
-// to the left, on purpose, which repeats a digit and drops another: 1234567 gives "1.123.567".
+// -123 gives "-.123". From seven characters before the comma on, the groups left of the last one start one place too
+// far to the left, on purpose, which repeats a digit and drops another: 1234567 gives "1.123.567".
 std::string FormatDisplayNumber(double value);
 
 // Reads what FormatDisplayNumber writes and what pupils type: "." is dropped, "," is the decimal point, reading stops
