@@ -71,6 +71,12 @@ void DoubleClick(const QWidget& window, const QString& controlName)
     QTest::mouseDClick(&control, Qt::LeftButton);
 }
 
+void ClickOnScreen(const QWidget& control)
+{
+    const QWidget& window = *control.window();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, control.mapTo(&window, control.rect().center()));
+}
+
 void Choose(const QWidget& window, const QString& itemName)
 {
     auto& item = Find<QAction>(window, itemName);
@@ -104,6 +110,24 @@ void Type(const QString& text)
     for (const QChar character : text) {
         QTest::keyClick(&focusWindow(), character.toLatin1());
     }
+}
+
+void TypeResult(const QString& answer)
+{
+    QString reversed;
+    for (const QChar character : answer) {
+        reversed.prepend(character);
+    }
+    Type(reversed);
+}
+
+void TabTo(const std::string& controlName)
+{
+    constexpr int morePressesThanControls = 100;
+    for (int presses = 0; presses < morePressesThanControls && FocusName() != controlName; ++presses) {
+        Press(Qt::Key_Tab);
+    }
+    ASSERT_EQ(FocusName(), controlName);
 }
 
 std::string FocusName()
