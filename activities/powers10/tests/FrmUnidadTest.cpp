@@ -188,13 +188,13 @@ TEST_F(FrmUnidadTest, AHeldEnterChecksOnceAndDoesNotContinue)
 TEST_F(FrmUnidadTest, TheTabKeyGoesThroughTheWindowAsTheEyeDoes)
 {
     std::vector<std::string> sequence;
-    for (int i = 0; i < 7; ++i) {
+    for (int i = 0; i < 11; ++i) {
         sequence.push_back(FocusName());
         Press(Qt::Key_Tab);
     }
     EXPECT_EQ(sequence,
-        (std::vector<std::string> {
-            "TBRespuesta", "Command1", "TBResultado", "Command2(0)", "Command2(1)", "Command2(2)", "TbInstruc" }));
+        (std::vector<std::string> { "TBRespuesta", "Command1", "TBResultado", "Command2(0)", "Command2(1)",
+            "Command2(2)", "TbInstruc", "TBDatos(0)", "TBDatos(1)", "TBDatos(2)", "TBDatos(3)" }));
     EXPECT_EQ(FocusName(), "TBRespuesta");
 }
 
