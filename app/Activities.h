@@ -10,7 +10,7 @@ class FormWindow;
 // Makes the window of an activity; one that is open already is the window. The clock outlives it.
 using MakeActivity = FormWindow* (*)(const Clock& clock);
 
-// The activities in the order of their buttons on the main menu; null where there is none yet.
+// The activities in the order of their buttons on the main menu.
 extern const std::array<MakeActivity, 8> activities;
 
 } // namespace numbrela

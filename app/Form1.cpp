@@ -64,7 +64,6 @@ void Form1::Form_Load()
         Command1[i] = AddButton(Area(), QStringLiteral("Command1(%1)").arg(index), captions[i],
             { column.Left, column.Tops[i], buttonWidth, column.ButtonHeight }, buttonFont);
         Command1[i]->SetBackColour(i + 1 < Command1.size() ? Qt::green : Qt::red);
-        Command1[i]->setEnabled(i + 1 == Command1.size() || activities[i] != nullptr);
         connect(Command1[i], &QPushButton::clicked, this, [this, index] { Command1_Click(index); });
     }
 }

@@ -2,6 +2,7 @@
 
 #include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Form7.h"
+#include "activities/shopping/tests/CatalogueBesideProgram.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
@@ -12,7 +13,6 @@
 #include <QPointer>
 #include <QTest>
 
-#include <filesystem>
 #include <memory>
 
 namespace numbrela {
@@ -34,25 +34,11 @@ std::vector<Form7*> shoppingWindows()
     return windows;
 }
 
-// The catalogue stands in the folder "Recursos" beside the program: here, beside this test.
 class ShoppingFromTheMenuTest : public ::testing::Test {
 protected:
-    ShoppingFromTheMenuTest()
-    {
-        std::filesystem::create_directory(folder_);
-        SaveCatalogue(folder_ / "productos.dat", NumberedTable(7));
-        ShowAndActivate(*menu_);
-    }
-    ~ShoppingFromTheMenuTest() override
-    {
-        menu_.reset();
-        std::filesystem::remove_all(folder_);
-    }
-    ShoppingFromTheMenuTest(const ShoppingFromTheMenuTest&) = delete;
-    ShoppingFromTheMenuTest& operator=(const ShoppingFromTheMenuTest&) = delete;
+    ShoppingFromTheMenuTest() { ShowAndActivate(*menu_); }
 
-    const std::filesystem::path folder_
-        = std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / "Recursos";
+    const CatalogueBesideProgram catalogue_ { NumberedTable(7) };
     const FixedClock clock_;
     std::unique_ptr<Form1> menu_ = std::make_unique<Form1>(clock_);
 };

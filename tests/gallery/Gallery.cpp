@@ -1,27 +1,18 @@
 #include "tests/gallery/Gallery.h"
 
-#include <QCoreApplication>
-#include <QPixmap>
-
-#include <iostream>
-
 namespace numbrela::testing {
 
-Gallery::Gallery(const QString& folder)
-    : folder_(folder)
-{
-    folder_.mkpath(QStringLiteral("."));
-}
-
-void Gallery::Draw(QWidget& window, const QString& name)
-{
-    QCoreApplication::processEvents(); // let the layout settle
-    const QString path = folder_.filePath(name + QStringLiteral(".png"));
-    if (!window.grab().save(path)) {
-        std::cerr << "cannot write " << path.toStdString() << '\n';
-        ++failures_;
-    }
-}
+const std::array<GalleryRoom, 9> galleryRooms { {
+    { "Menu", &DrawMenu },
+    { "AddSub", &DrawAddSub },
+    { "Multiply", &DrawMultiply },
+    { "Shopping", &DrawShopping },
+    { "ProductEditor", &DrawProductEditor },
+    { "Divide", &DrawDivide },
+    { "Compare", &DrawCompare },
+    { "Powers10", &DrawPowers10 },
+    { "PlaceAdd", &DrawPlaceAdd },
+} };
 
 void Gallery::DrawMaximised(QWidget& window, const QString& name)
 {

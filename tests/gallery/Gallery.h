@@ -1,27 +1,21 @@
 #pragma once
 
-#include <QDir>
 #include <QWidget>
+
+#include <array>
 
 namespace numbrela::testing {
 
-// The pictures of every window in its telling states, as PNG files in one folder.
+// Is shown every window of the program in its telling states. What it makes of them is for those who derive from it.
 class Gallery {
 public:
-    explicit Gallery(const QString& folder);
+    virtual ~Gallery() = default;
 
-    // Draws the window as it stands to "<name>.png".
-    void Draw(QWidget& window, const QString& name);
+    // Takes the window as it stands; each state has a name of its own.
+    virtual void Draw(QWidget& window, const QString& name) = 0;
 
-    // Draws it as it fills a projector of 1280 by 800 pixels.
+    // Takes it as it fills a projector of 1280 by 800 pixels.
     void DrawMaximised(QWidget& window, const QString& name);
-
-    // How many pictures could not be written.
-    int Failures() const { return failures_; }
-
-private:
-    QDir folder_;
-    int failures_ = 0;
 };
 
 // One function for each room of the program.
@@ -34,5 +28,12 @@ void DrawDivide(Gallery& gallery);
 void DrawCompare(Gallery& gallery);
 void DrawPlaceAdd(Gallery& gallery);
 void DrawPowers10(Gallery& gallery);
+
+struct GalleryRoom {
+    const char* Name;
+    void (*Draw)(Gallery& gallery);
+};
+
+extern const std::array<GalleryRoom, 9> galleryRooms;
 
 } // namespace numbrela::testing

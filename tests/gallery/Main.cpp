@@ -3,9 +3,43 @@
 #include "tests/support/Boxes.h"
 #include "tests/support/Harness.h"
 
+#include <QDir>
+#include <QPixmap>
+
 #include <iostream>
 
 using namespace numbrela::testing;
+
+namespace {
+
+// Draws every state to a PNG file of its name, all in one folder.
+class Pictures : public Gallery {
+public:
+    explicit Pictures(const QString& folder)
+        : folder_(folder)
+    {
+        folder_.mkpath(QStringLiteral("."));
+    }
+
+    void Draw(QWidget& window, const QString& name) override
+    {
+        QCoreApplication::processEvents(); // let the layout settle
+        const QString path = folder_.filePath(name + QStringLiteral(".png"));
+        if (!window.grab().save(path)) {
+            std::cerr << "cannot write " << path.toStdString() << '\n';
+            ++failures_;
+        }
+    }
+
+    // How many pictures could not be written.
+    int Failures() const { return failures_; }
+
+private:
+    QDir folder_;
+    int failures_ = 0;
+};
+
+} // namespace
 
 // Draws every window in its telling states: numbrela_gallery <folder>
 int main(int argc, char** argv)
@@ -18,15 +52,9 @@ int main(int argc, char** argv)
     }
     WatchForBoxes();
 
-    Gallery gallery(QString::fromLocal8Bit(argv[1]));
-    DrawMenu(gallery);
-    DrawAddSub(gallery);
-    DrawMultiply(gallery);
-    DrawShopping(gallery);
-    DrawProductEditor(gallery);
-    DrawDivide(gallery);
-    DrawCompare(gallery);
-    DrawPowers10(gallery);
-    DrawPlaceAdd(gallery);
-    return gallery.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
+    Pictures pictures(QString::fromLocal8Bit(argv[1]));
+    for (const GalleryRoom& room : galleryRooms) {
+        room.Draw(pictures);
+    }
+    return pictures.Failures() == 0 && PendingBoxes() == 0 ? 0 : 1;
 }

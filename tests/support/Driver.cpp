@@ -1,7 +1,9 @@
 #include "tests/support/Driver.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
 
@@ -71,6 +73,12 @@ void DoubleClick(const QWidget& window, const QString& controlName)
     QTest::mouseDClick(&control, Qt::LeftButton);
 }
 
+void ClickOnScreen(const QWidget& control)
+{
+    const QWidget& window = *control.window();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, control.mapTo(&window, control.rect().center()));
+}
+
 void Choose(const QWidget& window, const QString& itemName)
 {
     auto& item = Find<QAction>(window, itemName);
@@ -81,6 +89,14 @@ void Choose(const QWidget& window, const QString& itemName)
 void Press(int key, Qt::KeyboardModifiers modifiers)
 {
     QTest::keyClick(&focusWindow(), static_cast<Qt::Key>(key), modifiers);
+}
+
+void PressAccessKey(const QWidget& window, Qt::Key key, const QString& buttonName)
+{
+    QSignalSpy clicked(&Find<QAbstractButton>(window, buttonName), &QAbstractButton::clicked);
+    Press(key, Qt::AltModifier);
+    EXPECT_TRUE(!clicked.isEmpty() || clicked.wait());
+    EXPECT_EQ(clicked.count(), 1);
 }
 
 void HoldDown(int key, Qt::KeyboardModifiers modifiers)
@@ -104,6 +120,24 @@ void Type(const QString& text)
     for (const QChar character : text) {
         QTest::keyClick(&focusWindow(), character.toLatin1());
     }
+}
+
+void TypeResult(const QString& answer)
+{
+    QString reversed;
+    for (const QChar character : answer) {
+        reversed.prepend(character);
+    }
+    Type(reversed);
+}
+
+void TabTo(const std::string& controlName)
+{
+    constexpr int morePressesThanControls = 100;
+    for (int presses = 0; presses < morePressesThanControls && FocusName() != controlName; ++presses) {
+        Press(Qt::Key_Tab);
+    }
+    ASSERT_EQ(FocusName(), controlName);
 }
 
 std::string FocusName()

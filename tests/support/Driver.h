@@ -5,6 +5,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <string>
+
 class QAction;
 
 // What a person does with a window: shows it, clicks, presses keys on whatever has the focus, chooses menu items.
@@ -27,6 +29,10 @@ Control& Find(const QWidget& window, const QString& name)
 void Click(const QWidget& window, const QString& controlName);
 void DoubleClick(const QWidget& window, const QString& controlName);
 
+// Clicks where a person sees the control, whatever stands in front: unlike a click that is handed to the control
+// itself.
+void ClickOnScreen(const QWidget& control);
+
 // Chooses a menu item, which must be enabled and visible.
 void Choose(const QWidget& window, const QString& itemName);
 
@@ -38,8 +44,18 @@ void LetGo(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 // What the keyboard sends while a key is held: a release and a press, both marked as repeated.
 void Repeat(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+// Presses the access key of a button. A button is seen to go down then, and is clicked when it comes up again, which
+// this waits for.
+void PressAccessKey(const QWidget& window, Qt::Key key, const QString& buttonName);
+
 // Types a text character by character.
 void Type(const QString& text);
+
+// Types an answer as a pupil does: from its last digit to its first.
+void TypeResult(const QString& answer);
+
+// Presses Tab until this control has the focus; fails the test when it never has.
+void TabTo(const std::string& controlName);
 
 // The name of the control that has the focus; empty when there is none.
 std::string FocusName();

@@ -168,6 +168,9 @@ void ColumnForm::showNewExercise(const OperandTexts& texts)
     Text2[0]->SelectWholeText();
     Text2[1]->SelectWholeText();
     Text4->SetText("");
+    // The Tab key passes the operands by: who hears the window instead of seeing it hears them with the answer.
+    Text3->setAccessibleDescription(
+        Text2[0]->text().trimmed() + u' ' + Label1->text() + u' ' + Text2[1]->text().trimmed());
 }
 
 void ColumnForm::Command1_Click()

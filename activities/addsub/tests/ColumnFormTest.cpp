@@ -19,7 +19,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPointer>
-#include <QSignalSpy>
 
 #include <algorithm>
 #include <cmath>
@@ -636,15 +635,6 @@ TEST_P(ColumnFormTest, AWrongAnswerIsSaidHighlightedAndLeadsBackToTheAnswer)
     EXPECT_EQ(Answer(), "1,5");
 }
 
-// Presses the access key of a button. A button is seen to go down then, and is clicked when it comes up again.
-void pressAccessKey(const ColumnForm& form, Qt::Key key, const char* buttonName)
-{
-    QSignalSpy clicked(&Find<CommandButton>(form, QString::fromLatin1(buttonName)), &QPushButton::clicked);
-    Press(key, Qt::AltModifier);
-    EXPECT_TRUE(!clicked.isEmpty() || clicked.wait());
-    EXPECT_EQ(clicked.count(), 1);
-}
-
 // The ways to have an answer checked; each of them checks once.
 struct WayToCheck {
     const char* Name;
@@ -668,7 +658,7 @@ const WayToCheck waysToCheck[] = {
     { "EnterInTheAnswer", [](const ColumnForm&) { Press(Qt::Key_Return); } },
     { "KeypadEnterInTheAnswer", [](const ColumnForm&) { Press(Qt::Key_Enter, Qt::KeypadModifier); } },
     { "MouseOnHecho", [](const ColumnForm& form) { Click(form, QStringLiteral("Command1")); } },
-    { "AccessKeyOfHecho", [](const ColumnForm& form) { pressAccessKey(form, Qt::Key_H, "Command1"); } },
+    { "AccessKeyOfHecho", [](const ColumnForm& form) { PressAccessKey(form, Qt::Key_H, QStringLiteral("Command1")); } },
     { "SpaceOnHecho",
         [](const ColumnForm&) {
             tabToHecho();
@@ -923,7 +913,7 @@ TEST_P(ColumnFormTest, ContinuarWorksBeforeAnAnswerAndByItsAccessKey)
 {
     const Operands operands = ShownOperands();
     Type(QStringLiteral("12"));
-    pressAccessKey(Form(), Qt::Key_C, "Command2(0)");
+    PressAccessKey(Form(), Qt::Key_C, QStringLiteral("Command2(0)"));
     EXPECT_NE(ShownOperands(), operands);
     EXPECT_EQ(Answer(), "");
     EXPECT_EQ(FocusName(), "Text3");
@@ -940,7 +930,7 @@ TEST_P(ColumnFormTest, BorrarClearsTheAnswerAndNothingElse)
         if (way == 1) {
             Click(Form(), QStringLiteral("Command2(1)"));
         } else {
-            pressAccessKey(Form(), Qt::Key_B, "Command2(1)");
+            PressAccessKey(Form(), Qt::Key_B, QStringLiteral("Command2(1)"));
         }
         EXPECT_EQ(Shown(), expected);
         EXPECT_EQ(FocusName(), "Text3");
@@ -976,7 +966,7 @@ TEST_P(ColumnFormTest, VerSoluciónWritesTheSolutionHighlightedAndLeadsToContinu
 TEST_P(ColumnFormTest, VerSoluciónWorksByItsAccessKey)
 {
     const std::string solution = FormatDisplayNumber(ParseDisplayNumber(RightAnswer()));
-    pressAccessKey(Form(), Qt::Key_V, "Command2(2)");
+    PressAccessKey(Form(), Qt::Key_V, QStringLiteral("Command2(2)"));
     EXPECT_EQ(Answer(), solution);
     EXPECT_EQ(Verdict(), "");
     EXPECT_EQ(FocusName(), "Command2(0)");

@@ -71,7 +71,6 @@ void Form4::buildCalculation()
         TbFactor[i] = addColumnBox(QStringLiteral("TbFactor(%1)").arg(index), factorNames[i],
             { columnLeft, firstFactorTop + rowHeight * index, columnWidth, rowHeight });
         TbFactor[i]->setReadOnly(true);
-        TbFactor[i]->setFocusPolicy(Qt::ClickFocus);
         connect(TbFactor[i], &TextBox::KeyPress, this,
             [this, index](QChar& character) { TbFactor_KeyPress(index, character); });
     }
@@ -209,10 +208,11 @@ void Form4::placeUnderRows()
     TbResultado->SetText("");
     alignColumns();
 
-    std::vector<QWidget*> sequence { tbResultados, TbTítulo };
+    std::vector<QWidget*> sequence { TbFactor[0], TbFactor[1] };
     sequence.insert(sequence.end(), TbParcial.begin(), TbParcial.end());
     sequence.insert(sequence.end(),
-        { TbResultado, Buttons.Command1, Text1, Buttons.Command2[0], Buttons.Command2[1], Buttons.Command2[2] });
+        { TbResultado, Buttons.Command1, Text1, Buttons.Command2[0], Buttons.Command2[1], Buttons.Command2[2],
+            tbResultados, TbTítulo });
     SetTabSequence(sequence);
 }
 

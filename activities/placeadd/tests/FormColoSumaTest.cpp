@@ -14,7 +14,6 @@
 #include <QClipboard>
 #include <QFontInfo>
 #include <QLabel>
-#include <QSignalSpy>
 
 #include <algorithm>
 #include <cmath>
@@ -120,15 +119,6 @@ protected:
         ExpectMessage(QStringLiteral("Numbrela"),
             QStringLiteral("La suma es %1.\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.")
                 .arg(QString::fromStdString(PlainDecimalText(expected_.AddendSum))));
-    }
-
-    // Presses the access key of a button. A button is seen to go down then, and is clicked when it comes up again.
-    void pressAccessKey(Qt::Key key, const char* buttonName)
-    {
-        QSignalSpy clicked(&Find<CommandButton>(form_, QString::fromLatin1(buttonName)), &QPushButton::clicked);
-        Press(key, Qt::AltModifier);
-        EXPECT_TRUE(!clicked.isEmpty() || clicked.wait());
-        EXPECT_EQ(clicked.count(), 1);
     }
 
     // Where a sign stands, what it says, and whether it is seen.
@@ -502,7 +492,7 @@ TEST_F(FormColoSumaTest, CheckingMovesNoFocusAndNoText)
 {
     Type(QStringLiteral("12"));
     const auto before = addends();
-    pressAccessKey(Qt::Key_H, "Command1");
+    PressAccessKey(form_, Qt::Key_H, QStringLiteral("Command1"));
     EXPECT_EQ(verdict(), "Resultado incorrecto");
     EXPECT_EQ(FocusName(), "TbSumando(0)");
     EXPECT_EQ(addends(), before);
@@ -559,20 +549,20 @@ TEST_F(FormColoSumaTest, EveryButtonHasItsAccessKey)
 {
     Type(QStringLiteral("12"));
     typeSum("34");
-    pressAccessKey(Qt::Key_H, "Command1");
+    PressAccessKey(form_, Qt::Key_H, QStringLiteral("Command1"));
     EXPECT_EQ(verdict(), "Resultado incorrecto");
     EXPECT_EQ(FocusName(), "TbResultado");
 
-    pressAccessKey(Qt::Key_B, "Command2(1)");
+    PressAccessKey(form_, Qt::Key_B, QStringLiteral("Command2(1)"));
     EXPECT_EQ(addends(), std::vector(4, eightBlanks));
     EXPECT_EQ(sum(), eightBlanks);
     EXPECT_EQ(FocusName(), "TbSumando(0)");
 
-    pressAccessKey(Qt::Key_V, "Command2(2)");
+    PressAccessKey(form_, Qt::Key_V, QStringLiteral("Command2(2)"));
     EXPECT_EQ(addends(), expected_.Solution().Addends);
     EXPECT_EQ(FocusName(), "TbResultado");
 
-    pressAccessKey(Qt::Key_C, "Command2(0)");
+    PressAccessKey(form_, Qt::Key_C, QStringLiteral("Command2(0)"));
     expected_.NewPlaceAndAdd();
     EXPECT_EQ(line(), expected_.DataLine());
     EXPECT_EQ(addends(), std::vector(4, eightBlanks));
@@ -652,7 +642,7 @@ TEST_F(FormColoSumaTest, TheMessageLeavesTheFocusWhereItWas)
     nextThatIsTooLong();
     addend(1).setFocus();
     expectMessageThatTheSumIsTooLong();
-    pressAccessKey(Qt::Key_V, "Command2(2)");
+    PressAccessKey(form_, Qt::Key_V, QStringLiteral("Command2(2)"));
     ShowAndActivate(form_);
     EXPECT_EQ(FocusName(), "TbSumando(1)");
 

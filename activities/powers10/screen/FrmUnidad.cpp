@@ -57,8 +57,8 @@ void FrmUnidad::buildControls()
     TBResultado = AddReadOnlyBox(
         Area(), QStringLiteral("TBResultado"), QStringLiteral("Veredicto"), { 2250, 3350, 3000, 500 }, formFont);
 
-    SetTabSequence({ TbInstruc, TBRespuesta, Buttons.Command1, TBResultado, Buttons.Command2[0], Buttons.Command2[1],
-        Buttons.Command2[2] });
+    SetTabSequence({ TbInstruc, TBDatos[0], TBDatos[1], TBDatos[2], TBDatos[3], TBRespuesta, Buttons.Command1,
+        TBResultado, Buttons.Command2[0], Buttons.Command2[1], Buttons.Command2[2] });
 }
 
 void FrmUnidad::buildLineOfArithmetic()
@@ -79,7 +79,6 @@ void FrmUnidad::buildLineOfArithmetic()
         const auto& [spokenName, left, width] = places[i];
         TBDatos[i] = AddReadOnlyBox(
             Area(), QStringLiteral("TBDatos(%1)").arg(i), spokenName, { left, top, width, height }, arithmeticFont);
-        TBDatos[i]->setFocusPolicy(Qt::ClickFocus);
     }
     TBDatos[3]->SetText("=");
 

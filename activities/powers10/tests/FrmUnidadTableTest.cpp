@@ -25,7 +25,6 @@ ControlRow datum(const char* name, const std::string& text, TwipsRect place, con
         .Place = place,
         .Font = arithmeticFont,
         .ReadOnly = true,
-        .TabStop = false,
         .AccessibleName = spokenName };
 }
 

@@ -51,6 +51,7 @@ void DLGProductos::buildControls()
         = AddLabel(Area(), QStringLiteral("Label1"), QStringLiteral("&Productos"), { 500, 300, 9500, 350 }, formFont);
     List1 = new QListView(this);
     List1->setObjectName(QStringLiteral("List1"));
+    List1->setAccessibleName(QStringLiteral("Productos")); // a list has no name from its label
     List1->setModel(&lines_);
     List1->setUniformItemSizes(true);
     List1->setEditTriggers(QAbstractItemView::NoEditTriggers);

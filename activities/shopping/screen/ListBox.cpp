@@ -4,6 +4,9 @@
 #include "common/screen/KeyCodes.h"
 
 #include <QKeyEvent>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace numbrela {
 
@@ -11,7 +14,9 @@ ListBox::ListBox(QWidget* parent)
     : QListWidget(parent)
 {
     setEditTriggers(NoEditTriggers);
-    setUniformItemSizes(true);
+    setWordWrap(true);
+    setResizeMode(Adjust);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     installEventFilter(new SelectionStart(this));
 }
 
@@ -23,6 +28,7 @@ void ListBox::SetLines(const std::vector<std::string>& lines)
     }
     clear();
     addItems(texts);
+    fitLines();
 }
 
 void ListBox::SelectLine(int line)
@@ -56,6 +62,40 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton && DblClick) {
         DblClick();
     }
+}
+
+void ListBox::resizeEvent(QResizeEvent* event)
+{
+    fitLines();
+    QListWidget::resizeEvent(event);
+}
+
+void ListBox::changeEvent(QEvent* event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        fitLines();
+    }
+}
+
+// Thousands of lines that are all of one height are laid out at once; only where one is too long is each measured.
+void ListBox::fitLines()
+{
+    const bool uniform = widthOfLongestLine() <= viewport()->width();
+    if (uniform != uniformItemSizes()) {
+        setUniformItemSizes(uniform);
+        scheduleDelayedItemsLayout();
+    }
+}
+
+int ListBox::widthOfLongestLine() const
+{
+    const int besideText = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    int width = 0;
+    for (int line = 0; line < count(); ++line) {
+        width = std::max(width, fontMetrics().horizontalAdvance(item(line)->text()));
+    }
+    return width + 2 * besideText;
 }
 
 } // namespace numbrela

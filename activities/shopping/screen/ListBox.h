@@ -10,7 +10,8 @@
 namespace numbrela {
 
 // A list of lines of which at most one is selected, for mouse and keyboard. The keys that move the selection begin at
-// the first line when none is selected. What a key or a double click does is for the form to say.
+// the first line when none is selected. A line too long for the list goes on below, so that it is seen whole. What a
+// key or a double click does is for the form to say.
 class ListBox : public QListWidget {
 public:
     explicit ListBox(QWidget* parent = nullptr);
@@ -30,6 +31,12 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void fitLines();
+    int widthOfLongestLine() const;
 };
 
 } // namespace numbrela

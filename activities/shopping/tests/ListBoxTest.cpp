@@ -67,6 +67,23 @@ TEST_F(ListBoxTest, KeysInAnEmptyListSelectNothing)
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
 
+TEST_F(ListBoxTest, ALineThatIsTooLongGoesOnBelow)
+{
+    const std::string longName = "Una caja de lápices de colores con sacapuntas y goma de borrar";
+    list_.resize(200, 300);
+    list_.SetLines({ "uno", longName, "tres" });
+    ShowAndActivate(list_);
+    const auto heightOf = [this](int line) { return list_.visualItemRect(list_.item(line)).height(); };
+    EXPECT_GE(heightOf(1), 2 * list_.fontMetrics().lineSpacing());
+    EXPECT_LT(heightOf(0), 2 * list_.fontMetrics().lineSpacing());
+    EXPECT_LE(list_.visualItemRect(list_.item(1)).width(), list_.viewport()->width());
+
+    list_.resize(900, 300);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) == heightOf(0); }));
+    list_.resize(200, 300);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) > heightOf(0); }));
+}
+
 TEST_F(ListBoxTest, EnterAndDeleteAreHeardOnceForEachTimeTheyGoDown)
 {
     ShowAndActivate(list_);

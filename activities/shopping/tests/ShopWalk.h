@@ -64,16 +64,6 @@ inline void GoInto(const Form7& form, const QString& shop)
     ADD_FAILURE() << "no shop " << shop.toStdString();
 }
 
-// Types an answer as a pupil does: from its last digit to its first.
-inline void TypeResult(const QString& answer)
-{
-    QString reversed;
-    for (const QChar character : answer) {
-        reversed.prepend(character);
-    }
-    Type(reversed);
-}
-
 inline void PressContinue(const Form7& form)
 {
     Click(form, QStringLiteral("CbContinuar"));

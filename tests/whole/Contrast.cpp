@@ -1,0 +1,104 @@
+#include "tests/whole/Contrast.h"
+
+#include <QImage>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionButton>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace numbrela::testing {
+
+namespace {
+
+double luminance(const QColor& colour)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+// What a control without a ground of its own stands on.
+const QWidget& groundOf(const QWidget& control)
+{
+    const QWidget* ground = &control;
+    while (!ground->isWindow() && !ground->autoFillBackground()) {
+        ground = ground->parentWidget();
+    }
+    return *ground;
+}
+
+// The colours between which the style paints the inside of a button: the darkest and the lightest.
+std::array<QColor, 2> paintedGround(const QPushButton& button, QStyle::State state)
+{
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.state = QStyle::State_Enabled | state;
+    QImage image(button.size(), QImage::Format_RGB32);
+    image.fill(groundOf(button).palette().color(QPalette::Window));
+    QPainter painter(&image);
+    button.style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, &button);
+    painter.end();
+
+    const QRect inside = button.style()->subElementRect(QStyle::SE_PushButtonContents, &option, &button);
+    std::array<QColor, 2> ground { image.pixelColor(inside.center()), image.pixelColor(inside.center()) };
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        const QColor colour = image.pixelColor(inside.center().x(), y);
+        ground[0] = luminance(colour) < luminance(ground[0]) ? colour : ground[0];
+        ground[1] = luminance(colour) > luminance(ground[1]) ? colour : ground[1];
+    }
+    return ground;
+}
+
+} // namespace
+
+double Contrast(const QColor& a, const QColor& b)
+{
+    const auto [darker, lighter] = std::minmax({ luminance(a), luminance(b) });
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+std::vector<ColourPair> ColourPairsOf(const QWidget& control)
+{
+    const QPalette palette = control.palette();
+    std::vector<ColourPair> pairs;
+    std::vector<QPalette::ColorGroup> groups { QPalette::Active, QPalette::Inactive };
+    if (!control.isEnabled()) {
+        groups = { QPalette::Disabled };
+    }
+    for (const auto group : groups) {
+        const auto add = [&](const char* what, QPalette::ColorRole text, QPalette::ColorRole ground) {
+            pairs.push_back({ what, palette.color(group, text), palette.color(group, ground) });
+        };
+        add("text", QPalette::Text, QPalette::Base);
+        add("text in an alternate line", QPalette::Text, QPalette::AlternateBase);
+        add("highlighted text", QPalette::HighlightedText, QPalette::Highlight);
+        add("hint in an empty box", QPalette::PlaceholderText, QPalette::Base);
+        add("tool tip", QPalette::ToolTipText, QPalette::ToolTipBase);
+        add("button", QPalette::ButtonText, QPalette::Button);
+        const QWidget& ground = groundOf(control);
+        pairs.push_back({ "caption", palette.color(group, control.foregroundRole()),
+            ground.palette().color(group, ground.backgroundRole()) });
+    }
+    if (const auto* label = qobject_cast<const QLabel*>(&control);
+        label != nullptr && Qt::mightBeRichText(label->text())) {
+        for (const auto role : { QPalette::Link, QPalette::LinkVisited }) {
+            pairs.push_back({ "link", palette.color(role), palette.color(QPalette::Window) });
+        }
+    }
+    if (const auto* button = qobject_cast<const QPushButton*>(&control)) {
+        for (const auto state : { QStyle::State_Raised, QStyle::State_Sunken, QStyle::State_MouseOver }) {
+            for (const QColor& ground : paintedGround(*button, state)) {
+                pairs.push_back({ state == QStyle::State_Sunken ? "painted button, pressed" : "painted button",
+                    palette.color(QPalette::ButtonText), ground });
+            }
+        }
+    }
+    return pairs;
+}
+
+} // namespace numbrela::testing

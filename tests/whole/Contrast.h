@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QColor>
+
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace numbrela::testing {
+
+// How many times lighter the lighter of two colours is, from 1 to 21, as the web's guidelines for accessible contents
+// reckon it; text is to have 4.5.
+double Contrast(const QColor& a, const QColor& b);
+
+// A text and what it stands on.
+struct ColourPair {
+    std::string What;
+    QColor Text;
+    QColor Ground;
+};
+
+// The pairs in which a control shows text, in an active window and in one that is not.
+std::vector<ColourPair> ColourPairsOf(const QWidget& control);
+
+} // namespace numbrela::testing

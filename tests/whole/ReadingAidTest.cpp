@@ -1,0 +1,368 @@
+#include "common/screen/TextBox.h"
+#include "tests/gallery/Gallery.h"
+#include "tests/support/Driver.h"
+#include "tests/whole/Contrast.h"
+#include "tests/whole/Fit.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTextEdit>
+
+#include <algorithm>
+#include <cctype>
+#include <functional>
+#include <map>
+#include <set>
+#include <string_view>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+std::string nameOf(const QWidget& control)
+{
+    return control.objectName().isEmpty() ? control.metaObject()->className() : control.objectName().toStdString();
+}
+
+// A window or a control of one, "Form2.Text3".
+std::string fullNameOf(const QWidget& control)
+{
+    return nameOf(*control.window()) + '.' + nameOf(control);
+}
+
+std::vector<QWidget*> visibleControls(const QWidget& window)
+{
+    std::vector<QWidget*> controls;
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        if (control->isVisible() && control->window() == &window) {
+            controls.push_back(control);
+        }
+    }
+    return controls;
+}
+
+std::vector<QWidget*> focusableControls(const QWidget& window)
+{
+    std::vector<QWidget*> controls = visibleControls(window);
+    controls.erase(
+        std::remove_if(controls.begin(), controls.end(),
+            [](const QWidget* control) { return control->focusPolicy() == Qt::NoFocus || !control->isEnabled(); }),
+        controls.end());
+    return controls;
+}
+
+// Looks at every state of a room instead of drawing it.
+class Inspection : public Gallery {
+public:
+    explicit Inspection(std::function<void(QWidget& window)> inspect)
+        : inspect_(std::move(inspect))
+    {
+    }
+
+    void Draw(QWidget& window, const QString& name) override
+    {
+        SCOPED_TRACE(name.toStdString());
+        QCoreApplication::processEvents(); // let the layout settle
+        inspect_(window);
+    }
+
+private:
+    std::function<void(QWidget& window)> inspect_;
+};
+
+class ReadingAidTest : public ::testing::TestWithParam<GalleryRoom> {
+protected:
+    static void inspectAll(std::function<void(QWidget& window)> inspect)
+    {
+        Inspection inspection(std::move(inspect));
+        GetParam().Draw(inspection);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Rooms, ReadingAidTest, ::testing::ValuesIn(galleryRooms),
+    [](const auto& instance) { return std::string(instance.param.Name); });
+
+// --- Names -----------------------------------------------------------------------------------------------------------
+
+TEST_P(ReadingAidTest, WhatTakesTheFocusHasANameToBeSpoken)
+{
+    inspectAll([](QWidget& window) {
+        EXPECT_FALSE(window.windowTitle().isEmpty());
+        for (QWidget* control : focusableControls(window)) {
+            QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
+            ASSERT_NE(spoken, nullptr) << fullNameOf(*control);
+            EXPECT_NE(spoken->text(QAccessible::Name).trimmed().toStdString(), "") << fullNameOf(*control);
+        }
+    });
+}
+
+// --- The Tab key -----------------------------------------------------------------------------------------------------
+
+// All that has the focus in turn while Tab is pressed, until it comes round. The focus is left where it was.
+std::set<QWidget*> reachedByTab()
+{
+    QWidget* const before = QApplication::focusWidget();
+    std::set<QWidget*> reached;
+    for (Press(Qt::Key_Tab); reached.insert(QApplication::focusWidget()).second;) {
+        Press(Qt::Key_Tab);
+    }
+    before->setFocus();
+    return reached;
+}
+
+// The operands of a sum are no tab stops, by design. Who cannot see them hears them with the answer.
+bool isSpokenWithAnother(const QWidget& control, const std::set<QWidget*>& reached)
+{
+    const auto* box = qobject_cast<const QLineEdit*>(&control);
+    return box != nullptr && std::any_of(reached.begin(), reached.end(), [box](QWidget* other) {
+        const QString spoken = QAccessible::queryAccessibleInterface(other)->text(QAccessible::Description);
+        return !spoken.isEmpty() && spoken.contains(box->text().trimmed());
+    });
+}
+
+// The text of a message box is read out when the box opens; a click, but no key, leads to it.
+bool isTextOfBox(const QWidget& control)
+{
+    return control.window()->inherits("QMessageBox") && control.inherits("QLabel");
+}
+
+TEST_P(ReadingAidTest, TheTabKeyReachesWhatTakesTheFocus)
+{
+    inspectAll([](QWidget& window) {
+        if (QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget() != &window) {
+            return; // it waits behind a box
+        }
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        const std::set<QWidget*> reached = reachedByTab();
+        for (QWidget* control : focusableControls(window)) {
+            EXPECT_TRUE(reached.count(control) == 1 || isSpokenWithAnother(*control, reached) || isTextOfBox(*control))
+                << fullNameOf(*control);
+        }
+    });
+}
+
+// --- Seen whole ------------------------------------------------------------------------------------------------------
+
+TEST_P(ReadingAidTest, EveryTextIsSeenWhole)
+{
+    inspectAll([](QWidget& window) {
+        for (const QWidget* control : visibleControls(window)) {
+            EXPECT_EQ(CutOffText(*control), "") << fullNameOf(*control);
+        }
+    });
+}
+
+// --- Colours ---------------------------------------------------------------------------------------------------------
+
+TEST_P(ReadingAidTest, TextStandsOutFromItsGround)
+{
+    inspectAll([](QWidget& window) {
+        constexpr double enough = 4.5;
+        for (const QWidget* control : visibleControls(window)) {
+            for (const ColourPair& pair : ColourPairsOf(*control)) {
+                EXPECT_GE(Contrast(pair.Text, pair.Ground), enough)
+                    << fullNameOf(*control) << ", " << pair.What << ": " << pair.Text.name().toStdString() << " on "
+                    << pair.Ground.name().toStdString();
+            }
+        }
+    });
+}
+
+// What a box says at its widest in a window of its design size.
+struct WidestText {
+    const char* Room;
+    const char* Box; // "Form2.tbResultados"
+    const char* Text;
+};
+
+const WidestText widestTexts[] = {
+    { "AddSub", "Form2.tbResultados", "Ejercicios:999; Errores:999" },
+    { "AddSub", "Form3.tbResultados", "Ejercicios:999; Errores:999" },
+    { "AddSub", "Form2.Text4", "resultado incorrecto" },
+    { "AddSub", "Form3.Text4", "resultado incorrecto" },
+    { "AddSub", "Form3.Text3", "-8.888.888,888888" },
+    { "Multiply", "Form4.tbResultados", "Ejercicios:999; Errores:999" },
+    { "Multiply", "Form4.Text1", " Resultado correcto " },
+    { "Divide", "Form5.tbResultados", "Ejercicios:999; Errores:999" },
+    { "Divide", "Form5.Text2", "888888888" },
+    { "Divide", "Form5.Text3", "888888888,88888" },
+    { "Divide", "Form5.Text4", "888888888,88888 ÷ 888888888" },
+    { "Compare", "Form6.Text2", "Aciertos: 32767;   Errores: 32767." },
+    { "Powers10", "FrmUnidad.TBDatos(0)", "0,8888" },
+    { "Powers10", "FrmUnidad.TBRespuesta", "0,0008888" },
+    { "PlaceAdd", "FormColoSuma.TBDatos", "88888 + 88888 + 88888 + 88888 + 88888 + 88888" },
+    { "PlaceAdd", "FormColoSuma.TbSumando(0)", "   8,8888" },
+    { "PlaceAdd", "FormColoSuma.TbResultado", "8888,8888" },
+    { "Shopping", "Form7.TBTiempo", "60 : 00" },
+    { "Shopping", "Form7.TBDinero", "32.765€" },
+};
+
+class WidestTextTest : public ::testing::TestWithParam<WidestText> { };
+
+INSTANTIATE_TEST_SUITE_P(Boxes, WidestTextTest, ::testing::ValuesIn(widestTexts), [](const auto& instance) {
+    std::string name = instance.param.Box;
+    name.erase(std::remove_if(name.begin(), name.end(), [](char c) { return std::isalnum(c) == 0; }), name.end());
+    return name;
+});
+
+TEST_P(WidestTextTest, IsSeenWhole)
+{
+    int seen = 0;
+    Inspection inspection([&seen](QWidget& window) {
+        for (QWidget* control : visibleControls(window)) {
+            if (fullNameOf(*control) == GetParam().Box) {
+                auto& box = dynamic_cast<TextBox&>(*control);
+                const std::string before = box.Text();
+                box.SetText(GetParam().Text);
+                EXPECT_EQ(CutOffText(box), "");
+                box.SetText(before);
+                ++seen;
+            }
+        }
+    });
+    std::find_if(galleryRooms.begin(), galleryRooms.end(), [](const GalleryRoom& room) {
+        return std::string_view(room.Name) == GetParam().Room;
+    })->Draw(inspection);
+    EXPECT_GT(seen, 0);
+}
+
+// The inspections themselves: each finds what it looks for.
+TEST(ReadingAid, ATextWithTooLittleRoomIsCutOff)
+{
+    const QString text = QStringLiteral("Escribe aquí el resultado de la operación");
+    QLabel label(text);
+    QPushButton button(text);
+    QCheckBox checkBox(text);
+    QLineEdit line(text);
+    QTextEdit area(text);
+    area.setLineWrapMode(QTextEdit::NoWrap);
+    area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QListWidget list;
+    list.setUniformItemSizes(true);
+    list.addItems({ text, QStringLiteral("1") });
+    for (QWidget* control : std::initializer_list<QWidget*> { &label, &button, &checkBox, &line, &area, &list }) {
+        control->resize(500, 60);
+        control->show();
+        EXPECT_EQ(CutOffText(*control), "") << control->metaObject()->className();
+        control->resize(100, 60);
+        EXPECT_NE(CutOffText(*control), "") << control->metaObject()->className();
+    }
+}
+
+TEST(ReadingAid, ContrastIsReckonedAsTheGuidelinesDo)
+{
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.001);
+    EXPECT_NEAR(Contrast(Qt::white, Qt::black), 21, 0.001);
+    EXPECT_NEAR(Contrast(Qt::red, Qt::red), 1, 0.001);
+    EXPECT_NEAR(Contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.01);
+    EXPECT_NEAR(Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
+}
+
+TEST(ReadingAid, APaleTextIsAmongThePairsOfItsControl)
+{
+    QPushButton button(QStringLiteral("Borrar"));
+    QPalette palette = button.palette();
+    palette.setColor(QPalette::ButtonText, Qt::white);
+    palette.setColor(QPalette::Button, Qt::yellow);
+    button.setPalette(palette);
+    button.resize(100, 40);
+    const std::vector<ColourPair> pairs = ColourPairsOf(button);
+    const auto pale = [&pairs](const char* what) {
+        return std::any_of(pairs.begin(), pairs.end(),
+            [what](const ColourPair& pair) { return pair.What == what && Contrast(pair.Text, pair.Ground) < 2; });
+    };
+    EXPECT_TRUE(pale("button"));
+    EXPECT_TRUE(pale("painted button"));
+    EXPECT_TRUE(pale("painted button, pressed"));
+}
+
+// --- Access keys -----------------------------------------------------------------------------------------------------
+
+QChar accessKeyOf(const QString& caption)
+{
+    const QKeySequence key = QKeySequence::mnemonic(caption);
+    return key.isEmpty() ? QChar() : QChar(key[0].key());
+}
+
+// The captions that share an access key, "Form1: &Multiplicaciones | &Mayor y menor".
+std::set<std::string> sharedAccessKeys(const std::string& where, const QStringList& captions)
+{
+    std::map<QChar, QStringList> users;
+    for (const QString& caption : captions) {
+        if (const QChar key = accessKeyOf(caption); !key.isNull()) {
+            users[key] << caption;
+        }
+    }
+    std::set<std::string> shared;
+    for (const auto& [key, sharers] : users) {
+        if (sharers.size() > 1) {
+            shared.insert(where + ": " + sharers.join(QStringLiteral(" | ")).toStdString());
+        }
+    }
+    return shared;
+}
+
+QStringList captionsOf(const QWidget& menu)
+{
+    QStringList captions;
+    for (const QAction* item : menu.actions()) {
+        captions << item->text();
+    }
+    return captions;
+}
+
+// These captions are the established ones, and stay as they are: the key leads to one after the other.
+std::set<std::string> establishedOnes(std::string_view room)
+{
+    static const std::map<std::string_view, std::set<std::string>> established {
+        { "Menu", { "Form1: &Acerca de... | S&alir", "Form1: &Multiplicaciones | &Mayor y menor" } },
+        { "Multiply",
+            { "Form4.MnuOpc: C&ifras factor 2 | &Introducir Primer factor", "Form4.MnuOpcCi1: &1 | &10",
+                "Form4.MnuOpcCi2: &1 | &10" } },
+        { "Divide", { "Form5.MnuOpc: &Decimales del dividendo | &Decimales del cociente" } },
+        { "Powers10",
+            { "FrmUnidad.MnuOpc: &Cifras factor 1 | &Cifras factor 2",
+                "FrmUnidad.MnuOpc: &Insertar factor 1... | &Insertar factor 2 ..." } },
+    };
+    const auto found = established.find(room);
+    return found == established.end() ? std::set<std::string>() : found->second;
+}
+
+TEST_P(ReadingAidTest, NoTwoAccessKeysInSightAreTheSame)
+{
+    std::set<std::string> shared;
+    inspectAll([&shared](QWidget& window) {
+        for (const QMenu* menu : window.findChildren<QMenu*>()) {
+            shared.merge(sharedAccessKeys(nameOf(window) + '.' + nameOf(*menu), captionsOf(*menu)));
+        }
+        QStringList captions;
+        for (const QWidget* control : visibleControls(window)) {
+            if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
+                captions << button->text();
+            } else if (const auto* label = qobject_cast<const QLabel*>(control); label && label->buddy()) {
+                captions << label->text();
+            } else if (const auto* bar = qobject_cast<const QMenuBar*>(control)) {
+                captions << captionsOf(*bar);
+            }
+        }
+        shared.merge(sharedAccessKeys(nameOf(window), captions));
+    });
+    EXPECT_EQ(shared, establishedOnes(GetParam().Name));
+}
+
+} // namespace
+
+} // namespace numbrela

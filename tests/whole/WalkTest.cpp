@@ -1,0 +1,461 @@
+#include "activities/shopping/tests/CatalogueBesideProgram.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "app/Application.h"
+#include "app/Form1.h"
+#include "common/screen/CommandButton.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+#include "tests/support/FixedClock.h"
+#include "tests/whole/Decimal.h"
+
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <stdexcept>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+const QString right = QStringLiteral("resultado correcto");
+const QString wrong = QStringLiteral("resultado incorrecto");
+const QString oneRight = QStringLiteral("Ejercicios:  1; Errores:  0");
+const QString oneWrong = QStringLiteral("Ejercicios:  1; Errores:  1");
+
+// Walks through the program as it runs, from its menu into every activity and back, with nothing but what a person has.
+class WalkTest : public ::testing::Test {
+protected:
+    WalkTest() { ShowAndActivate(menu_); }
+
+    // The activity that is open.
+    static FormWindow& activity()
+    {
+        auto* form = dynamic_cast<FormWindow*>(QApplication::activeModalWidget());
+        if (form == nullptr) {
+            throw std::logic_error("no activity is open");
+        }
+        return *form;
+    }
+
+    // Opens each activity, lets the person work in it and leave it, and sees that the menu is alive again.
+    template <typename Open>
+    void walk(Open open, const std::array<void (*)(), 8>& work)
+    {
+        const std::array<const char*, 8> captions { "SUMAS", "RESTAS", "Multiplicaciones", "DIVISIONES",
+            "MAYOR Y MENOR", "multiplicar y dividir por 10, 100, 1000", "COLOCA Y SUMA", "La compra" };
+        for (std::size_t i = 0; i < work.size(); ++i) {
+            SCOPED_TRACE(captions[i]);
+            open(i);
+            ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }));
+            EXPECT_EQ(activity().windowTitle().toStdString(), captions[i]);
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&activity()));
+            work[i]();
+            ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }));
+            EXPECT_TRUE(menu_.isVisible());
+        }
+    }
+
+    static QString textOf(const char* boxName)
+    {
+        return Find<QLineEdit>(activity(), QString::fromUtf8(boxName)).text();
+    }
+
+    static Decimal numberIn(const char* boxName) { return ReadDecimal(textOf(boxName)); }
+
+    static void expectVerdict(const char* boxName, const QString& verdict)
+    {
+        EXPECT_EQ(textOf(boxName).trimmed().toLower().toStdString(), verdict.toStdString());
+    }
+
+    static void expectScore(const QString& line)
+    {
+        EXPECT_EQ(textOf("tbResultados").toStdString(), line.toStdString());
+    }
+
+    // The button with the number that the comparison asks for.
+    static QString nameOfAskedNumber()
+    {
+        const bool greatest = textOf("Text1").contains(QStringLiteral("MAYOR"));
+        QString best;
+        long long bestDigits = greatest ? -1 : 10'000;
+        for (int index = 0; index < 6; ++index) {
+            const QString name = QStringLiteral("CbNúmero(%1)").arg(index);
+            const long long digits = ReadDecimal(Find<QPushButton>(activity(), name).text()).Digits;
+            if (greatest ? digits > bestDigits : digits < bestDigits) {
+                best = name;
+                bestDigits = digits;
+            }
+        }
+        return best;
+    }
+
+    // "5,7" " × " "100"
+    static Decimal resultOfPowers()
+    {
+        Decimal result = numberIn("TBDatos(0)");
+        const bool times = textOf("TBDatos(1)").contains(u'×');
+        for (long long power = numberIn("TBDatos(2)").Digits; power > 1; power /= 10) {
+            result = times ? result * Decimal { 10, 0 } : DividedByTen(result);
+        }
+        return result;
+    }
+
+    // "1,5 + 27 + 30,25"
+    static Decimal sumOfAddends()
+    {
+        Decimal sum;
+        for (const QString& addend : textOf("TBDatos").split(QStringLiteral(" + "))) {
+            sum = sum + ReadDecimal(addend);
+        }
+        return sum;
+    }
+
+    // "10€" after the start, "9 €" after a purchase
+    static long long eurosInPurse() { return ReadDecimal(textOf("TBDinero").remove(u'€')).Digits; }
+
+    // The window manager's own key, or its close box: what the program gets is a request to close.
+    static void closeByWindowManager() { activity().windowHandle()->close(); }
+
+    // Runs the program until this ends it.
+    template <typename Act>
+    void endProgram(Act act) const
+    {
+        QTimer::singleShot(0, qApp, act);
+        EXPECT_EQ(Application::exec(), 0);
+        EXPECT_FALSE(menu_.isVisible());
+    }
+
+    const Form1& menu() const { return menu_; }
+
+private:
+    const CatalogueBesideProgram catalogue_ { NumberedTable(7) }; // each costs 1 €
+    const FixedClock clock_;
+    Form1 menu_ { clock_ };
+};
+
+// --- By keys alone ---------------------------------------------------------------------------------------------------
+
+// "&Opciones", and in it what these keys choose
+void chooseByKeys(std::initializer_list<Qt::Key> keys)
+{
+    Press(Qt::Key_O, Qt::AltModifier);
+    for (const Qt::Key key : keys) {
+        Press(key);
+    }
+}
+
+void enter(Qt::Key shortcut, const QString& number)
+{
+    ExpectDialog([number](QDialog& box) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        Press(Qt::Key_A, Qt::ControlModifier);
+        Type(number);
+        Press(Qt::Key_Return);
+    });
+    Press(shortcut);
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+class KeyWalkTest : public WalkTest {
+protected:
+    static void addUp()
+    {
+        TypeResult(WriteDecimal(numberIn("Text2(0)") + numberIn("Text2(1)")));
+        Press(Qt::Key_Return);
+        expectVerdict("Text4", right);
+        expectScore(oneRight);
+        chooseByKeys({ Qt::Key_S });
+    }
+
+    static void subtract()
+    {
+        TypeResult(WriteDecimal(numberIn("Text2(0)") - numberIn("Text2(1)")));
+        Press(Qt::Key_Return);
+        expectVerdict("Text4", right);
+        expectScore(oneRight);
+        chooseByKeys({ Qt::Key_S });
+    }
+
+    static void multiply()
+    {
+        TabTo("TbResultado");
+        TypeResult(WriteDecimal(numberIn("TbFactor(0)") * numberIn("TbFactor(1)")));
+        Press(Qt::Key_Return);
+        expectVerdict("Text1", right);
+        expectScore(oneRight);
+        chooseByKeys({ Qt::Key_A });
+    }
+
+    // 96 ÷ 8 = 12: under the dividend 16 and then the rest, 0.
+    static void divide()
+    {
+        enter(Qt::Key_F2, QStringLiteral("96"));
+        enter(Qt::Key_F3, QStringLiteral("8"));
+        Press(Qt::Key_PageUp);
+        Press(Qt::Key_Home);
+        Press(Qt::Key_Down);
+        Type(QStringLiteral(" 16"));
+        Press(Qt::Key_Home);
+        Press(Qt::Key_Down);
+        Type(QStringLiteral("  0"));
+        TabTo("Text3");
+        Type(QStringLiteral("12"));
+        TabTo("Command1");
+        Press(Qt::Key_Space);
+        expectVerdict("Text4", right);
+        expectScore(oneRight);
+        chooseByKeys({ Qt::Key_S });
+    }
+
+    // It has no menu, and so the window manager's key is the way out.
+    static void compare()
+    {
+        TabTo(nameOfAskedNumber().toStdString());
+        Press(Qt::Key_Space);
+        expectVerdict("Text3", QStringLiteral("correcto"));
+        EXPECT_EQ(textOf("Text2").toStdString(), "Aciertos: 1;   Errores: 0.");
+        closeByWindowManager();
+    }
+
+    static void shiftComma()
+    {
+        TabTo("TBRespuesta");
+        Type(WriteDecimal(resultOfPowers()));
+        Press(Qt::Key_Return);
+        expectVerdict("TBResultado", right);
+        chooseByKeys({ Qt::Key_S });
+    }
+
+    // Two addends of two digits, until their sum is whole: such sums are judged right.
+    static void placeAndAdd()
+    {
+        chooseByKeys({ Qt::Key_Right, Qt::Key_2 });
+        chooseByKeys({ Qt::Key_Down, Qt::Key_Right, Qt::Key_2 });
+        EXPECT_EQ(textOf("TBDatos").count(u'+'), 1);
+        constexpr int morePressesThanNeeded = 1000;
+        Decimal sum = sumOfAddends();
+        for (int presses = 0; presses < morePressesThanNeeded && WithPlaces(sum, 1).Digits % 10 != 0; ++presses) {
+            TabTo("Command2(0)");
+            Press(Qt::Key_Return);
+            sum = sumOfAddends();
+        }
+        TabTo("TbResultado");
+        Type(QString::number(WithPlaces(sum, 1).Digits / 10));
+        TabTo("Command1");
+        Press(Qt::Key_Return);
+        expectVerdict("Text1", right);
+        chooseByKeys({ Qt::Key_S });
+    }
+
+    // One loaf for 1 €, paid with a note of 5 €.
+    static void buy()
+    {
+        const long long euros = eurosInPurse();
+        TabTo("CBTienda(5)");
+        Press(Qt::Key_Return);
+        EXPECT_EQ(FocusName(), "LIDisponibles");
+        Press(Qt::Key_Down);
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Find<QListWidget>(activity(), QStringLiteral("LICesta")).count(), 1);
+        TabTo("CbContinuar");
+        Press(Qt::Key_Space);
+        for (const char* amount : { "1,00", "4,00" }) {
+            EXPECT_EQ(FocusName(), "TbResultado");
+            TypeResult(QString::fromLatin1(amount));
+            TabTo("CbContinuar");
+            Press(Qt::Key_Return);
+        }
+        EXPECT_EQ(FocusName(), "CbContinuar");
+        Press(Qt::Key_Return);
+        EXPECT_EQ(FocusName(), "List1");
+        EXPECT_EQ(eurosInPurse(), euros - 1);
+        chooseByKeys({ Qt::Key_S });
+    }
+};
+
+TEST_F(KeyWalkTest, EveryActivityIsWorkedAndLeftByKeysAlone)
+{
+    walk(
+        [](std::size_t button) {
+            TabTo("Command1(" + std::to_string(button) + ")");
+            Press(button % 2 == 0 ? Qt::Key_Return : Qt::Key_Space);
+        },
+        {
+            &KeyWalkTest::addUp,
+            &KeyWalkTest::subtract,
+            &KeyWalkTest::multiply,
+            &KeyWalkTest::divide,
+            &KeyWalkTest::compare,
+            &KeyWalkTest::shiftComma,
+            &KeyWalkTest::placeAndAdd,
+            &KeyWalkTest::buy,
+        });
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), "Command1(8)");
+    endProgram([] { Press(Qt::Key_Return); });
+}
+
+// --- By mouse alone --------------------------------------------------------------------------------------------------
+
+class MouseWalkTest : public WalkTest {
+protected:
+    static void click(const QString& name) { ClickOnScreen(Find<QWidget>(activity(), name)); }
+    static void click(const char* name) { click(QString::fromUtf8(name)); }
+
+    // Opens the menus on the way to an item, one after the other, and clicks it.
+    static void chooseByMouse(std::initializer_list<const char*> names)
+    {
+        QWidget* menu = activity().findChild<QMenuBar*>();
+        for (const char* name : names) {
+            ASSERT_TRUE(QTest::qWaitFor([menu] { return menu->isVisible(); }));
+            QAction* wanted = nullptr;
+            for (QAction* item : menu->actions()) {
+                const QObject* named = item->menu() != nullptr ? static_cast<QObject*>(item->menu()) : item;
+                wanted = named->objectName() == QLatin1String(name) ? item : wanted;
+            }
+            ASSERT_NE(wanted, nullptr) << name;
+            QWidget* next = wanted->menu();
+            clickItem(*menu, *wanted); // the last one may close the window, and with it its menus
+            menu = next;
+        }
+    }
+
+    static void addUpOrSubtract()
+    {
+        chooseByMouse({ "MnuOpc", "MnuOpcDec", "MnuOpcDecLis(0)" });
+        EXPECT_EQ(numberIn("Text2(0)").Places, 0);
+        judgeNothingAndTheSolution("Text3", "Text4");
+        expectScore(oneWrong);
+        leaveByMenu();
+    }
+
+    static void multiply()
+    {
+        chooseByMouse({ "MnuOpc", "MnuOpcDe2", "MnuOpcDe2Lis(0)" });
+        EXPECT_EQ(numberIn("TbFactor(1)").Places, 0);
+        const Decimal product = numberIn("TbFactor(0)") * numberIn("TbFactor(1)");
+        judgeNothingAndTheSolution("TbResultado", "Text1");
+        EXPECT_EQ(WithPlaces(numberIn("TbResultado"), product.Places).Digits, product.Digits);
+        expectScore(oneWrong);
+        leaveByMenu();
+    }
+
+    static void divide()
+    {
+        chooseByMouse({ "MnuOpc", "MnuOpcDiv", "MnuOpcDivLis(2)" });
+        EXPECT_EQ(textOf("Text4").indexOf(u','), 3); // "123,45 ÷ 6"
+        click("Command1");
+        expectVerdict("Text4", wrong);
+        expectScore(oneWrong);
+        click("Command2(2)");
+        EXPECT_NE(textOf("Text3").toStdString(), "");
+        click("Command2(1)");
+        EXPECT_EQ(textOf("Text3").toStdString(), "");
+        leaveByMenu();
+    }
+
+    static void compare()
+    {
+        click(nameOfAskedNumber());
+        expectVerdict("Text3", QStringLiteral("correcto"));
+        closeByWindowManager();
+    }
+
+    static void shiftComma()
+    {
+        chooseByMouse({ "MnuOpc", "MnuOpcCi1", "MnuOpcCi1Lis(0)" });
+        const Decimal result = resultOfPowers();
+        judgeNothingAndTheSolution("TBRespuesta", "TBResultado");
+        const Decimal shown = numberIn("TBRespuesta");
+        const int places = std::max(result.Places, shown.Places);
+        EXPECT_EQ(WithPlaces(shown, places).Digits, WithPlaces(result, places).Digits);
+        leaveByMenu();
+    }
+
+    static void placeAndAdd()
+    {
+        chooseByMouse({ "MnuOpc", "MnuOpcSum", "MnuOpcSumLis(4)" });
+        EXPECT_EQ(textOf("TBDatos").count(u'+'), 5);
+        const Decimal sum = sumOfAddends();
+        click("Command1");
+        expectVerdict("Text1", wrong);
+        click("Command2(2)");
+        EXPECT_EQ(WithPlaces(numberIn("TbResultado"), sum.Places).Digits, sum.Digits);
+        click("Command2(1)");
+        EXPECT_EQ(textOf("TbResultado").trimmed().toStdString(), "");
+        leaveByMenu();
+    }
+
+    static void buy()
+    {
+        click("CBTienda(5)");
+        auto& shelf = Find<QListWidget>(activity(), QStringLiteral("LIDisponibles"));
+        const QPoint line = shelf.visualItemRect(shelf.item(2)).center();
+        QTest::mouseDClick(activity().windowHandle(), Qt::LeftButton, {}, shelf.viewport()->mapTo(&activity(), line));
+        EXPECT_EQ(
+            Find<QListWidget>(activity(), QStringLiteral("LICesta")).item(0)->text().toStdString(), "(1) Producto 2 1");
+        click("CbContinuar");
+        EXPECT_TRUE(Find<QWidget>(activity(), QStringLiteral("TBCantidades")).isVisible());
+        leaveByMenu();
+    }
+
+private:
+    static void leaveByMenu() { chooseByMouse({ "MnuOpc", "MnuOpcSal" }); }
+
+    static void clickItem(const QWidget& menu, QAction& item)
+    {
+        QRect place;
+        if (auto* bar = qobject_cast<const QMenuBar*>(&menu)) {
+            place = bar->actionGeometry(&item);
+        } else {
+            place = qobject_cast<const QMenu*>(&menu)->actionGeometry(&item);
+        }
+        const QWidget& window = *menu.window();
+        QTest::mouseMove(window.windowHandle(), menu.mapTo(&window, place.center()));
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, menu.mapTo(&window, place.center()));
+    }
+
+    static void judgeNothingAndTheSolution(const char* answer, const char* verdict)
+    {
+        click("Command1");
+        expectVerdict(verdict, wrong);
+        click("Command2(2)");
+        EXPECT_NE(textOf(answer).toStdString(), "");
+        click("Command1");
+        expectVerdict(verdict, right);
+    }
+};
+
+TEST_F(MouseWalkTest, EveryActivityIsTriedAndLeftByMouseAlone)
+{
+    walk([this](std::size_t button) { ClickOnScreen(*menu().Command1[button]); },
+        {
+            &MouseWalkTest::addUpOrSubtract,
+            &MouseWalkTest::addUpOrSubtract,
+            &MouseWalkTest::multiply,
+            &MouseWalkTest::divide,
+            &MouseWalkTest::compare,
+            &MouseWalkTest::shiftComma,
+            &MouseWalkTest::placeAndAdd,
+            &MouseWalkTest::buy,
+        });
+    endProgram([this] { ClickOnScreen(*menu().Command1[8]); });
+}
+
+} // namespace
+
+} // namespace numbrela
