@@ -2,12 +2,25 @@
 
 #include "common/core/Random.h"
 
+#include <cmath>
 #include <initializer_list>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
 namespace numbrela::testing {
+
+// The draw that makes this one of so many equally likely values, counted from 1.
+inline double DrawOf(double value, double count)
+{
+    return (value - 0.5) / count;
+}
+
+// The draw that makes this whole number, 1 or more, of so many digits.
+inline double DrawOfDigits(double number, int digits)
+{
+    return DrawOf(number, std::pow(10, digits));
+}
 
 // Chance that a test has written down: the draws come in the order given, and one more than that is an error.
 class ScriptedRandom : public RandomSource {

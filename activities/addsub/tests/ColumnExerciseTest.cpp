@@ -27,18 +27,13 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::DrawOfDigits;
 using numbrela::testing::ForeignLocale;
 using numbrela::testing::KindThrownBy;
 using numbrela::testing::ScriptedRandom;
 using numbrela::testing::StrangePunctuation;
 
 constexpr Operation bothOperations[] = { Operation::Addition, Operation::Subtraction };
-
-// The draw that makes this whole number of so many digits.
-double drawOf(double number, int digitCount)
-{
-    return (number - 0.5) / std::pow(10, digitCount);
-}
 
 // The draw that adds so much, 1 to 9, to an operand that ends in 0.
 double fillOf(int amount)
@@ -134,33 +129,36 @@ void expectDraws(std::vector<DrawCase> cases)
 TEST(ColumnExercise, DrawsTheOperandsOneAfterTheOther)
 {
     expectDraws({
-        { "defaults", Operation::Addition, 3, 2, { drawOf(48237, 5), drawOf(90516, 5) }, 482.37, 905.16 },
-        { "the greater one first", Operation::Addition, 3, 2, { drawOf(90516, 5), drawOf(48237, 5) }, 905.16, 482.37 },
-        { "one digit", Operation::Addition, 1, 0, { drawOf(7, 1), drawOf(4, 1) }, 7, 4 },
-        { "one digit, one decimal", Operation::Addition, 1, 1, { drawOf(74, 2), drawOf(45, 2) }, 7.4, 4.5 },
-        { "seven digits", Operation::Addition, 7, 0, { drawOf(1234567, 7), drawOf(7654321, 7) }, 1234567, 7654321 },
-        { "all thirteen digits", Operation::Addition, 7, 6, { drawOf(1234567890123, 13), drawOf(9876543210987, 13) },
-            1234567.890123, 9876543.210987 },
-        { "one digit, six decimals", Operation::Addition, 1, 6, { drawOf(1000001, 7), drawOf(9999999, 7) }, 1.000001,
-            9.999999 },
-        { "equal ones", Operation::Addition, 3, 2, { drawOf(50005, 5), drawOf(50005, 5) }, 500.05, 500.05 },
+        { "defaults", Operation::Addition, 3, 2, { DrawOfDigits(48237, 5), DrawOfDigits(90516, 5) }, 482.37, 905.16 },
+        { "the greater one first", Operation::Addition, 3, 2, { DrawOfDigits(90516, 5), DrawOfDigits(48237, 5) },
+            905.16, 482.37 },
+        { "one digit", Operation::Addition, 1, 0, { DrawOfDigits(7, 1), DrawOfDigits(4, 1) }, 7, 4 },
+        { "one digit, one decimal", Operation::Addition, 1, 1, { DrawOfDigits(74, 2), DrawOfDigits(45, 2) }, 7.4, 4.5 },
+        { "seven digits", Operation::Addition, 7, 0, { DrawOfDigits(1234567, 7), DrawOfDigits(7654321, 7) }, 1234567,
+            7654321 },
+        { "all thirteen digits", Operation::Addition, 7, 6,
+            { DrawOfDigits(1234567890123, 13), DrawOfDigits(9876543210987, 13) }, 1234567.890123, 9876543.210987 },
+        { "one digit, six decimals", Operation::Addition, 1, 6, { DrawOfDigits(1000001, 7), DrawOfDigits(9999999, 7) },
+            1.000001, 9.999999 },
+        { "equal ones", Operation::Addition, 3, 2, { DrawOfDigits(50005, 5), DrawOfDigits(50005, 5) }, 500.05, 500.05 },
     });
 }
 
 TEST(ColumnExercise, DrawsAgainUntilTheFirstDigitIsNotZero)
 {
     expectDraws({
-        { "the least draw of all", Operation::Addition, 3, 2, { 0, drawOf(48237, 5), drawOf(90516, 5) }, 482.37,
-            905.16 },
-        { "the greatest number with one digit too few", Operation::Addition, 3, 2,
-            { drawOf(9999, 5), drawOf(48237, 5), drawOf(90516, 5) }, 482.37, 905.16 },
-        { "the second operand", Operation::Addition, 3, 2, { drawOf(48237, 5), drawOf(9999, 5), drawOf(90516, 5) },
+        { "the least draw of all", Operation::Addition, 3, 2, { 0, DrawOfDigits(48237, 5), DrawOfDigits(90516, 5) },
             482.37, 905.16 },
+        { "the greatest number with one digit too few", Operation::Addition, 3, 2,
+            { DrawOfDigits(9999, 5), DrawOfDigits(48237, 5), DrawOfDigits(90516, 5) }, 482.37, 905.16 },
+        { "the second operand", Operation::Addition, 3, 2,
+            { DrawOfDigits(48237, 5), DrawOfDigits(9999, 5), DrawOfDigits(90516, 5) }, 482.37, 905.16 },
         { "several times", Operation::Addition, 3, 2,
-            { 0, drawOf(1, 5), drawOf(999, 5), drawOf(48237, 5), 0.05, 0.09, drawOf(90516, 5) }, 482.37, 905.16 },
+            { 0, DrawOfDigits(1, 5), DrawOfDigits(999, 5), DrawOfDigits(48237, 5), 0.05, 0.09, DrawOfDigits(90516, 5) },
+            482.37, 905.16 },
         { "just enough digits", Operation::Addition, 3, 0,
-            { drawOf(99, 3), drawOf(100, 3), drawOf(99, 3), drawOf(101, 3) }, 100, 101 },
-        { "the draw at the edge", Operation::Addition, 3, 0, { 0.099, 0.0989, drawOf(500, 3) }, 100, 500 },
+            { DrawOfDigits(99, 3), DrawOfDigits(100, 3), DrawOfDigits(99, 3), DrawOfDigits(101, 3) }, 100, 101 },
+        { "the draw at the edge", Operation::Addition, 3, 0, { 0.099, 0.0989, DrawOfDigits(500, 3) }, 100, 500 },
     });
 }
 
@@ -168,18 +166,19 @@ TEST(ColumnExercise, DrawsAgainWhenTheNumberHasOneDigitTooMany)
 {
     const double greatest = 1 - 0x1p-53;
     expectDraws({
-        { "the greatest draw of all", Operation::Addition, 3, 2, { greatest, drawOf(48237, 5), drawOf(90516, 5) },
+        { "the greatest draw of all", Operation::Addition, 3, 2,
+            { greatest, DrawOfDigits(48237, 5), DrawOfDigits(90516, 5) }, 482.37, 905.16 },
+        { "the second operand", Operation::Addition, 3, 2, { DrawOfDigits(48237, 5), greatest, DrawOfDigits(90516, 5) },
             482.37, 905.16 },
-        { "the second operand", Operation::Addition, 3, 2, { drawOf(48237, 5), greatest, drawOf(90516, 5) }, 482.37,
-            905.16 },
-        { "one digit", Operation::Addition, 1, 0, { 0.9, 0.95, drawOf(9, 1), greatest, drawOf(1, 1) }, 9, 1 },
+        { "one digit", Operation::Addition, 1, 0, { 0.9, 0.95, DrawOfDigits(9, 1), greatest, DrawOfDigits(1, 1) }, 9,
+            1 },
         { "just few enough digits", Operation::Addition, 3, 0,
-            { drawOf(1000, 3), drawOf(999, 3), drawOf(1000, 3), drawOf(998, 3) }, 999, 998 },
+            { DrawOfDigits(1000, 3), DrawOfDigits(999, 3), DrawOfDigits(1000, 3), DrawOfDigits(998, 3) }, 999, 998 },
         { "thirteen digits", Operation::Addition, 7, 6,
-            { greatest, drawOf(9999999999999, 13), greatest, drawOf(9999999999998, 13) }, 9999999.999999,
+            { greatest, DrawOfDigits(9999999999999, 13), greatest, DrawOfDigits(9999999999998, 13) }, 9999999.999999,
             9999999.999998 },
         { "both sorts of refusal", Operation::Addition, 3, 0,
-            { 0, greatest, drawOf(123, 3), greatest, 0, drawOf(456, 3) }, 123, 456 },
+            { 0, greatest, DrawOfDigits(123, 3), greatest, 0, DrawOfDigits(456, 3) }, 123, 456 },
     });
 }
 
@@ -187,28 +186,30 @@ TEST(ColumnExercise, FillsALastDecimalThatIsZero)
 {
     const double greatest = 1 - 0x1p-53;
     expectDraws({
-        { "the first operand", Operation::Addition, 3, 2, { drawOf(48230, 5), drawOf(90516, 5), fillOf(7) }, 482.37,
-            905.16 },
-        { "the second operand", Operation::Addition, 3, 2, { drawOf(48237, 5), drawOf(90510, 5), fillOf(6) }, 482.37,
-            905.16 },
+        { "the first operand", Operation::Addition, 3, 2, { DrawOfDigits(48230, 5), DrawOfDigits(90516, 5), fillOf(7) },
+            482.37, 905.16 },
+        { "the second operand", Operation::Addition, 3, 2,
+            { DrawOfDigits(48237, 5), DrawOfDigits(90510, 5), fillOf(6) }, 482.37, 905.16 },
         { "both, the first one first", Operation::Addition, 3, 2,
-            { drawOf(48230, 5), drawOf(90510, 5), fillOf(7), fillOf(6) }, 482.37, 905.16 },
-        { "with 1 at least", Operation::Addition, 3, 2, { drawOf(48230, 5), drawOf(90516, 5), 0 }, 482.31, 905.16 },
-        { "with 9 at most", Operation::Addition, 3, 2, { drawOf(48230, 5), drawOf(90516, 5), greatest }, 482.39,
+            { DrawOfDigits(48230, 5), DrawOfDigits(90510, 5), fillOf(7), fillOf(6) }, 482.37, 905.16 },
+        { "with 1 at least", Operation::Addition, 3, 2, { DrawOfDigits(48230, 5), DrawOfDigits(90516, 5), 0 }, 482.31,
             905.16 },
-        { "without adding a digit", Operation::Addition, 3, 2, { drawOf(99990, 5), drawOf(10000, 5), greatest, 0 },
-            999.99, 100.01 },
+        { "with 9 at most", Operation::Addition, 3, 2, { DrawOfDigits(48230, 5), DrawOfDigits(90516, 5), greatest },
+            482.39, 905.16 },
+        { "without adding a digit", Operation::Addition, 3, 2,
+            { DrawOfDigits(99990, 5), DrawOfDigits(10000, 5), greatest, 0 }, 999.99, 100.01 },
         { "of thirteen digits", Operation::Addition, 7, 6,
-            { drawOf(1234567890120, 13), drawOf(9876543210980, 13), fillOf(3), fillOf(7) }, 1234567.890123,
+            { DrawOfDigits(1234567890120, 13), DrawOfDigits(9876543210980, 13), fillOf(3), fillOf(7) }, 1234567.890123,
             9876543.210987 },
-        { "but no other zero", Operation::Addition, 3, 2, { drawOf(40007, 5), drawOf(90001, 5) }, 400.07, 900.01 },
+        { "but no other zero", Operation::Addition, 3, 2, { DrawOfDigits(40007, 5), DrawOfDigits(90001, 5) }, 400.07,
+            900.01 },
     });
 }
 
 TEST(ColumnExercise, FillsWithEveryDigitFrom1To9)
 {
     for (int amount = 1; amount <= 9; ++amount) {
-        ScriptedRandom random { drawOf(10, 2), drawOf(90, 2), fillOf(amount), fillOf(10 - amount) };
+        ScriptedRandom random { DrawOfDigits(10, 2), DrawOfDigits(90, 2), fillOf(amount), fillOf(10 - amount) };
         ColumnExercise exercise(Operation::Addition, random);
         setOptions(exercise, 1, 1);
         exercise.Generate();
@@ -221,34 +222,39 @@ TEST(ColumnExercise, FillsWithEveryDigitFrom1To9)
 TEST(ColumnExercise, LeavesWholeNumbersThatEndInZeroAlone)
 {
     expectDraws({
-        { "one zero", Operation::Addition, 3, 0, { drawOf(120, 3), drawOf(990, 3) }, 120, 990 },
-        { "all zeros", Operation::Addition, 7, 0, { drawOf(1000000, 7), drawOf(9000000, 7) }, 1000000, 9000000 },
-        { "subtraction", Operation::Subtraction, 2, 0, { drawOf(90, 2), drawOf(10, 2) }, 90, 10 },
+        { "one zero", Operation::Addition, 3, 0, { DrawOfDigits(120, 3), DrawOfDigits(990, 3) }, 120, 990 },
+        { "all zeros", Operation::Addition, 7, 0, { DrawOfDigits(1000000, 7), DrawOfDigits(9000000, 7) }, 1000000,
+            9000000 },
+        { "subtraction", Operation::Subtraction, 2, 0, { DrawOfDigits(90, 2), DrawOfDigits(10, 2) }, 90, 10 },
     });
 }
 
 TEST(ColumnExercise, PutsTheGreaterOperandOfASubtractionOnTop)
 {
     expectDraws({
-        { "exchanged", Operation::Subtraction, 3, 2, { drawOf(48237, 5), drawOf(90516, 5) }, 905.16, 482.37 },
-        { "as drawn", Operation::Subtraction, 3, 2, { drawOf(90516, 5), drawOf(48237, 5) }, 905.16, 482.37 },
+        { "exchanged", Operation::Subtraction, 3, 2, { DrawOfDigits(48237, 5), DrawOfDigits(90516, 5) }, 905.16,
+            482.37 },
+        { "as drawn", Operation::Subtraction, 3, 2, { DrawOfDigits(90516, 5), DrawOfDigits(48237, 5) }, 905.16,
+            482.37 },
         { "exchanged for the last decimal", Operation::Subtraction, 7, 6,
-            { drawOf(1234567890122, 13), drawOf(1234567890123, 13) }, 1234567.890123, 1234567.890122 },
+            { DrawOfDigits(1234567890122, 13), DrawOfDigits(1234567890123, 13) }, 1234567.890123, 1234567.890122 },
         { "compared after the zeros are filled", Operation::Subtraction, 3, 2,
-            { drawOf(48230, 5), drawOf(48230, 5), fillOf(1), fillOf(9) }, 482.39, 482.31 },
+            { DrawOfDigits(48230, 5), DrawOfDigits(48230, 5), fillOf(1), fillOf(9) }, 482.39, 482.31 },
         { "filled before they are exchanged", Operation::Subtraction, 3, 2,
-            { drawOf(48230, 5), drawOf(90510, 5), fillOf(7), fillOf(6) }, 905.16, 482.37 },
-        { "with a refused draw", Operation::Subtraction, 2, 0, { 0, drawOf(12, 2), 0.999, drawOf(34, 2) }, 34, 12 },
+            { DrawOfDigits(48230, 5), DrawOfDigits(90510, 5), fillOf(7), fillOf(6) }, 905.16, 482.37 },
+        { "with a refused draw", Operation::Subtraction, 2, 0, { 0, DrawOfDigits(12, 2), 0.999, DrawOfDigits(34, 2) },
+            34, 12 },
     });
 }
 
 TEST(ColumnExercise, KeepsEqualOperandsOfASubtraction)
 {
     expectDraws({
-        { "drawn equal", Operation::Subtraction, 3, 2, { drawOf(48237, 5), drawOf(48237, 5) }, 482.37, 482.37 },
-        { "filled to be equal", Operation::Subtraction, 3, 2, { drawOf(48230, 5), drawOf(48237, 5), fillOf(7) }, 482.37,
+        { "drawn equal", Operation::Subtraction, 3, 2, { DrawOfDigits(48237, 5), DrawOfDigits(48237, 5) }, 482.37,
             482.37 },
-        { "whole", Operation::Subtraction, 1, 0, { drawOf(5, 1), drawOf(5, 1) }, 5, 5 },
+        { "filled to be equal", Operation::Subtraction, 3, 2,
+            { DrawOfDigits(48230, 5), DrawOfDigits(48237, 5), fillOf(7) }, 482.37, 482.37 },
+        { "whole", Operation::Subtraction, 1, 0, { DrawOfDigits(5, 1), DrawOfDigits(5, 1) }, 5, 5 },
     });
 }
 
@@ -273,7 +279,7 @@ TEST(ColumnExercise, DrawingTouchesNeitherTheScoreNorTheOptions)
 
 TEST(ColumnExercise, ContinuingDrawsAndScoresAgain)
 {
-    ScriptedRandom random { drawOf(12, 2), drawOf(34, 2), drawOf(56, 2), drawOf(78, 2) };
+    ScriptedRandom random { DrawOfDigits(12, 2), DrawOfDigits(34, 2), DrawOfDigits(56, 2), DrawOfDigits(78, 2) };
     ColumnExercise exercise(Operation::Addition, random);
     setOptions(exercise, 2, 0);
     exercise.Continue();
@@ -335,8 +341,8 @@ TEST(ColumnExercise, EveryOperandOfOneDigitAndOneDecimalIsEquallyLikely)
         const bool refused = number < 10 || number == 100;
         const bool filled = !refused && number % 10 == 0;
         for (int ninth = 1; ninth <= 9; ++ninth) {
-            const double second = drawOf(11, 2);
-            ScriptedRandom random = refused ? ScriptedRandom { draw, drawOf(11, 2), second }
+            const double second = DrawOfDigits(11, 2);
+            ScriptedRandom random = refused ? ScriptedRandom { draw, DrawOfDigits(11, 2), second }
                 : filled                    ? ScriptedRandom { draw, second, fillOf(ninth) }
                                             : ScriptedRandom { draw, second };
             ColumnExercise exercise(Operation::Addition, random);
@@ -599,7 +605,7 @@ TEST(ColumnExercise, AnEmptyOrNonNumericAnswerIsZero)
 
 TEST(ColumnExercise, ADifferenceOfZeroIsShownAsZeroAndAnEmptyAnswerIsRight)
 {
-    ScriptedRandom random { drawOf(48237, 5), drawOf(48237, 5) };
+    ScriptedRandom random { DrawOfDigits(48237, 5), DrawOfDigits(48237, 5) };
     ColumnExercise exercise(Operation::Subtraction, random);
     exercise.Generate();
     EXPECT_TRUE(exercise.Check("").Right);

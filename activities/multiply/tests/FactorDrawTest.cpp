@@ -15,16 +15,11 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::DrawOfDigits;
 using numbrela::testing::ScriptedRandom;
 
 constexpr double least = 0;
 constexpr double greatest = 1 - 0x1p-24; // of the single-precision draws below 1
-
-// The draw that makes this whole number of so many digits; six digits at most, as single precision tells no more apart.
-double drawOf(double number, int digitCount)
-{
-    return (number - 0.5) / std::pow(10, digitCount);
-}
 
 // The draw that takes this character from a pool.
 double pick(char character, const std::string& pool)
@@ -51,7 +46,7 @@ struct DrawCase {
 
 TEST(FactorDraw, StartsWithOneDigitAndOneDecimalOfAnyDigits)
 {
-    ScriptedRandom random { drawOf(73, 2), drawOf(46, 2) };
+    ScriptedRandom random { DrawOfDigits(73, 2), DrawOfDigits(46, 2) };
     Multiplication exercise(random);
     EXPECT_EQ(exercise.Digits1, 1);
     EXPECT_EQ(exercise.Digits2, 1);
@@ -81,18 +76,25 @@ TEST(FactorDraw, OffersOneToTenDigitsAndNoneToFiveDecimals)
 TEST(FactorDraw, DrawsAgainUntilFirstAndLastDigitAreNotZero)
 {
     DrawCase cases[] = {
-        { "one after the other", 1, 1, { drawOf(73, 2), drawOf(46, 2) }, 7.3, 4.6 },
-        { "the least draw of all", 1, 1, { least, drawOf(73, 2), drawOf(46, 2) }, 7.3, 4.6 },
-        { "one digit too few", 1, 1, { drawOf(9, 2), drawOf(73, 2), drawOf(46, 2) }, 7.3, 4.6 },
-        { "one digit too many", 1, 1, { greatest, drawOf(73, 2), drawOf(46, 2) }, 7.3, 4.6 },
-        { "just the least number of so many digits", 1, 1, { drawOf(10, 2), drawOf(11, 2), drawOf(99, 2) }, 1.1, 9.9 },
-        { "a zero at the end", 1, 1, { drawOf(70, 2), drawOf(73, 2), drawOf(40, 2), drawOf(46, 2) }, 7.3, 4.6 },
-        { "several times", 1, 1, { least, drawOf(20, 2), greatest, drawOf(73, 2), drawOf(90, 2), 0, drawOf(46, 2) },
+        { "one after the other", 1, 1, { DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
+        { "the least draw of all", 1, 1, { least, DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
+        { "one digit too few", 1, 1, { DrawOfDigits(9, 2), DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
+        { "one digit too many", 1, 1, { greatest, DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
+        { "just the least number of so many digits", 1, 1,
+            { DrawOfDigits(10, 2), DrawOfDigits(11, 2), DrawOfDigits(99, 2) }, 1.1, 9.9 },
+        { "a zero at the end", 1, 1,
+            { DrawOfDigits(70, 2), DrawOfDigits(73, 2), DrawOfDigits(40, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
+        { "several times", 1, 1,
+            { least, DrawOfDigits(20, 2), greatest, DrawOfDigits(73, 2), DrawOfDigits(90, 2), 0, DrawOfDigits(46, 2) },
             7.3, 4.6 },
-        { "whole numbers too", 3, 0, { drawOf(120, 3), drawOf(125, 3), drawOf(100, 3), drawOf(101, 3) }, 125, 101 },
-        { "never 1", 1, 0, { drawOf(1, 1), drawOf(2, 1), drawOf(10, 1), drawOf(1, 1), drawOf(9, 1) }, 2, 9 },
-        { "zeros inside", 3, 2, { drawOf(10005, 5), drawOf(90001, 5) }, 100.05, 900.01 },
-        { "decimals alone behind one digit", 1, 5, { drawOf(300007, 6), drawOf(100001, 6) }, 3.00007, 1.00001 },
+        { "whole numbers too", 3, 0,
+            { DrawOfDigits(120, 3), DrawOfDigits(125, 3), DrawOfDigits(100, 3), DrawOfDigits(101, 3) }, 125, 101 },
+        { "never 1", 1, 0,
+            { DrawOfDigits(1, 1), DrawOfDigits(2, 1), DrawOfDigits(10, 1), DrawOfDigits(1, 1), DrawOfDigits(9, 1) }, 2,
+            9 },
+        { "zeros inside", 3, 2, { DrawOfDigits(10005, 5), DrawOfDigits(90001, 5) }, 100.05, 900.01 },
+        { "decimals alone behind one digit", 1, 5, { DrawOfDigits(300007, 6), DrawOfDigits(100001, 6) }, 3.00007,
+            1.00001 },
     };
     for (auto& drawCase : cases) {
         SCOPED_TRACE(drawCase.What);
@@ -108,7 +110,7 @@ TEST(FactorDraw, DrawsAgainUntilFirstAndLastDigitAreNotZero)
 
 TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimals)
 {
-    ScriptedRandom random { drawOf(12345, 5), drawOf(67, 2) };
+    ScriptedRandom random { DrawOfDigits(12345, 5), DrawOfDigits(67, 2) };
     Multiplication exercise(random);
     setOptions(exercise, 2, 3, 2, 0);
     exercise.NewMultiplication();
@@ -370,7 +372,7 @@ TEST(FactorDraw, ChoosingTablesAndNoneSwitchesBetweenTheTwoWays)
 
 TEST(FactorDraw, TablesKeptWhileAnyDigitGoesAreNotDrawnFrom)
 {
-    ScriptedRandom random { drawOf(6, 1), drawOf(8, 1) };
+    ScriptedRandom random { DrawOfDigits(6, 1), DrawOfDigits(8, 1) };
     Multiplication exercise(random);
     setOptions(exercise, 1, 0, 1, 0);
     exercise.ChooseTables("5");

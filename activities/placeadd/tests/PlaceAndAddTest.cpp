@@ -19,18 +19,13 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::DrawOf;
 using numbrela::testing::ForeignLocale;
 using numbrela::testing::KindThrownBy;
 using numbrela::testing::ScriptedRandom;
 using numbrela::testing::StrangePunctuation;
 
 constexpr double greatestDraw = 1 - 0x1p-53;
-
-// The draw that makes this one of so many equally likely values, counted from 1.
-double drawOf(double value, double count)
-{
-    return (value - 0.5) / count;
-}
 
 // An exercise whose addends are these, however they were drawn.
 PlaceAndAdd exerciseOf(RandomSource& random, const std::vector<float>& addends)
@@ -98,17 +93,17 @@ using Draws = std::vector<double>;
 
 Draws threeDigits(int number, int decimals)
 {
-    return { greatestDraw, drawOf(number, 1000), drawOf(decimals + 1, 3) };
+    return { greatestDraw, DrawOf(number, 1000), DrawOf(decimals + 1, 3) };
 }
 
 Draws twoDigits(int number, int decimals)
 {
-    return { 0.5, drawOf(number, 100), drawOf(decimals + 1, 3) };
+    return { 0.5, DrawOf(number, 100), DrawOf(decimals + 1, 3) };
 }
 
 Draws oneDigit(int number)
 {
-    return { 0.0, drawOf(number, 10) };
+    return { 0.0, DrawOf(number, 10) };
 }
 
 ScriptedRandom scripted(const std::vector<Draws>& addends)
@@ -153,9 +148,9 @@ TEST(PlaceAndAdd, DrawsLengthNumberAndDecimalsOfEachAddend)
         { "one digit becomes tenths without a draw", 3, 3, { oneDigit(1), oneDigit(9), oneDigit(7) }, "0,1 + 0,9 + 0,7",
             0.1F + 0.9F + 0.7F },
         { "one digit drawn by a longer draw becomes tenths too", 2, 3,
-            { { 0.5, drawOf(7, 100) }, { greatestDraw, drawOf(3, 1000) } }, "0,7 + 0,3", 0.7F + 0.3F },
+            { { 0.5, DrawOf(7, 100) }, { greatestDraw, DrawOf(3, 1000) } }, "0,7 + 0,3", 0.7F + 0.3F },
         { "ten is no single digit", 2, 3,
-            { { 0.0, drawOf(10, 10), drawOf(1, 3) }, { 0.0, drawOf(10, 10), drawOf(2, 3) } }, "10 + 1", 11 },
+            { { 0.0, DrawOf(10, 10), DrawOf(1, 3) }, { 0.0, DrawOf(10, 10), DrawOf(2, 3) } }, "10 + 1", 11 },
         { "a number with a digit too many is kept", 2, 3, { threeDigits(1000, 1), twoDigits(45, 2) }, "100 + 0,45",
             100.45F },
         { "the least draws of all", 2, 3, { { 0, 0 }, { 0, 0 } }, "0,1 + 0,1", 0.2F },
@@ -163,13 +158,13 @@ TEST(PlaceAndAdd, DrawsLengthNumberAndDecimalsOfEachAddend)
             { twoDigits(11, 0), twoDigits(12, 1), twoDigits(13, 2), twoDigits(14, 0), twoDigits(15, 0),
                 twoDigits(16, 0) },
             "11 + 1,2 + 0,13 + 14 + 15 + 16", 11 + 1.2F + 0.13F + 14 + 15 + 16 },
-        { "two digits at most", 2, 2, { { greatestDraw, drawOf(99, 100), greatestDraw }, oneDigit(7) }, "9,9 + 0,7",
+        { "two digits at most", 2, 2, { { greatestDraw, DrawOf(99, 100), greatestDraw }, oneDigit(7) }, "9,9 + 0,7",
             9.9F + 0.7F },
         { "five digits at most", 2, 5,
-            { { greatestDraw, drawOf(98765, 100000), greatestDraw },
-                { drawOf(4, 5), drawOf(1234, 10000), drawOf(3, 5) } },
+            { { greatestDraw, DrawOf(98765, 100000), greatestDraw },
+                { DrawOf(4, 5), DrawOf(1234, 10000), DrawOf(3, 5) } },
             "9,8765 + 12,34", 9.8765F + 12.34F },
-        { "five digits, whole", 2, 5, { { greatestDraw, drawOf(98765, 100000), 0 }, oneDigit(7) }, "98765 + 0,7",
+        { "five digits, whole", 2, 5, { { greatestDraw, DrawOf(98765, 100000), 0 }, oneDigit(7) }, "98765 + 0,7",
             98765.0F + 0.7F },
     });
 }
@@ -177,10 +172,10 @@ TEST(PlaceAndAdd, DrawsLengthNumberAndDecimalsOfEachAddend)
 TEST(PlaceAndAdd, DrawsTheLastAddendAgainWhenNoneWasShort)
 {
     expectDraws({
-        { "all long", 2, 3, { threeDigits(123, 1), { greatestDraw, drawOf(456, 1000), drawOf(78, 100), drawOf(1, 3) } },
+        { "all long", 2, 3, { threeDigits(123, 1), { greatestDraw, DrawOf(456, 1000), DrawOf(78, 100), DrawOf(1, 3) } },
             "12,3 + 78", 12.3F + 78 },
         { "100 is long", 2, 3,
-            { threeDigits(100, 0), { greatestDraw, drawOf(100, 1000), drawOf(78, 100), drawOf(1, 3) } }, "100 + 78",
+            { threeDigits(100, 0), { greatestDraw, DrawOf(100, 1000), DrawOf(78, 100), DrawOf(1, 3) } }, "100 + 78",
             178 },
         { "99 is short", 2, 3, { threeDigits(99, 0), threeDigits(456, 0) }, "99 + 456", 555 },
         { "the last one is short already", 2, 3, { threeDigits(123, 0), threeDigits(99, 0) }, "123 + 99", 222 },
@@ -189,15 +184,15 @@ TEST(PlaceAndAdd, DrawsTheLastAddendAgainWhenNoneWasShort)
         { "the middle one is short", 3, 3, { threeDigits(456, 0), twoDigits(12, 0), threeDigits(789, 0) },
             "456 + 12 + 789", 1257 },
         { "drawn again as a single digit", 2, 3,
-            { threeDigits(123, 0), { greatestDraw, drawOf(456, 1000), drawOf(8, 100) } }, "123 + 0,8", 123.8F },
+            { threeDigits(123, 0), { greatestDraw, DrawOf(456, 1000), DrawOf(8, 100) } }, "123 + 0,8", 123.8F },
         { "drawn again as 1 and zeros", 2, 3,
-            { threeDigits(123, 0), { greatestDraw, drawOf(456, 1000), greatestDraw, drawOf(1, 3) } }, "123 + 100",
+            { threeDigits(123, 0), { greatestDraw, DrawOf(456, 1000), greatestDraw, DrawOf(1, 3) } }, "123 + 100",
             223 },
         { "two digits at most", 2, 2,
-            { { greatestDraw, drawOf(55, 100), 0.0 }, { greatestDraw, drawOf(10, 100), drawOf(4, 10) } }, "55 + 0,4",
+            { { greatestDraw, DrawOf(55, 100), 0.0 }, { greatestDraw, DrawOf(10, 100), DrawOf(4, 10) } }, "55 + 0,4",
             55.4F },
         { "judged before the comma is set", 2, 3,
-            { threeDigits(123, 2), { greatestDraw, drawOf(456, 1000), drawOf(78, 100), drawOf(3, 3) } }, "1,23 + 0,78",
+            { threeDigits(123, 2), { greatestDraw, DrawOf(456, 1000), DrawOf(78, 100), DrawOf(3, 3) } }, "1,23 + 0,78",
             1.23F + 0.78F },
     });
 }

@@ -14,6 +14,7 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::DrawOf;
 using numbrela::testing::ForeignLocale;
 using numbrela::testing::KindThrownBy;
 using numbrela::testing::ScriptedRandom;
@@ -23,16 +24,10 @@ constexpr double multiply = 0.25;
 constexpr double divide = 0.75;
 constexpr double greatestDraw = 1 - 0x1p-53;
 
-// The draw that makes this one of so many equally likely values, counted from 1.
-double drawOf(double value, double count)
-{
-    return (value - 0.5) / count;
-}
-
 // The draws of an exercise with the default options: a number of two digits, its decimals, an exponent, the sign.
 ScriptedRandom drawsOf(int number, int decimals, int exponent, double sign)
 {
-    return { drawOf(number, 100), drawOf(decimals, 2), drawOf(exponent, 3), sign };
+    return { DrawOf(number, 100), DrawOf(decimals, 2), DrawOf(exponent, 3), sign };
 }
 
 PowersOfTen drawn(ScriptedRandom& random, int digits1 = 2, int digits2 = 3)
@@ -117,17 +112,17 @@ TEST(PowersOfTen, DrawsNumberDecimalsPowerAndSignInThisOrder)
         { "the edge between two numbers", 2, 3, { 0.5, 0.5, 1.0 / 3, 0 }, "0,51 × 100", "51" },
         { "a number that loses its decimals", 2, 3, drawsOf(50, 1, 1, multiply), "5 × 10", "50" },
         { "a number that loses one decimal", 2, 3, drawsOf(50, 2, 1, divide), "0,5 ÷ 10", "0,05" },
-        { "one digit", 1, 3, { drawOf(7, 10), greatestDraw, drawOf(2, 3), multiply }, "0,7 × 100", "70" },
-        { "three digits", 3, 3, { drawOf(123, 1000), drawOf(1, 3), drawOf(1, 3), divide }, "12,3 ÷ 10", "1,23" },
-        { "four digits", 4, 3, { drawOf(1234, 10000), drawOf(4, 4), drawOf(3, 3), divide }, "0,1234 ÷ 1000",
+        { "one digit", 1, 3, { DrawOf(7, 10), greatestDraw, DrawOf(2, 3), multiply }, "0,7 × 100", "70" },
+        { "three digits", 3, 3, { DrawOf(123, 1000), DrawOf(1, 3), DrawOf(1, 3), divide }, "12,3 ÷ 10", "1,23" },
+        { "four digits", 4, 3, { DrawOf(1234, 10000), DrawOf(4, 4), DrawOf(3, 3), divide }, "0,1234 ÷ 1000",
             "0,0001234" },
-        { "four digits, one decimal", 4, 3, { drawOf(9999, 10000), drawOf(1, 4), drawOf(3, 3), multiply },
+        { "four digits, one decimal", 4, 3, { DrawOf(9999, 10000), DrawOf(1, 4), DrawOf(3, 3), multiply },
             "999,9 × 1000", "999900" },
         { "the least number of four decimals", 4, 3, { 0, greatestDraw, greatestDraw, divide }, "0,0001 ÷ 1000",
             "0,0000001" },
-        { "a power up to 10000", 2, 4, { drawOf(57, 100), drawOf(1, 2), drawOf(4, 4), multiply }, "5,7 × 10000",
+        { "a power up to 10000", 2, 4, { DrawOf(57, 100), DrawOf(1, 2), DrawOf(4, 4), multiply }, "5,7 × 10000",
             "57000" },
-        { "a power of 10 alone", 2, 1, { drawOf(57, 100), drawOf(1, 2), greatestDraw, multiply }, "5,7 × 10", "57" },
+        { "a power of 10 alone", 2, 1, { DrawOf(57, 100), DrawOf(1, 2), greatestDraw, multiply }, "5,7 × 10", "57" },
     };
     for (auto& [what, digits1, digits2, random, line, solution] : cases) {
         SCOPED_TRACE(what);
@@ -145,9 +140,9 @@ TEST(PowersOfTen, ANumberOneDigitTooLongIsMovedDownBy8)
     } cases[] = { { 1, "0,2" }, { 2, "0,92" }, { 3, "0,992" }, { 4, "0,9992" } };
     for (const auto& [digits, number] : cases) {
         const double count = std::pow(10, digits);
-        ScriptedRandom tooLong { drawOf(count, count), greatestDraw, 0, multiply };
+        ScriptedRandom tooLong { DrawOf(count, count), greatestDraw, 0, multiply };
         EXPECT_EQ(drawn(tooLong, digits).Factor1Text(), number);
-        ScriptedRandom longest { drawOf(count - 1, count), greatestDraw, 0, multiply };
+        ScriptedRandom longest { DrawOf(count - 1, count), greatestDraw, 0, multiply };
         EXPECT_EQ(drawn(longest, digits).Factor1Text(), "0," + std::string(static_cast<std::size_t>(digits), '9'));
     }
 }
@@ -156,7 +151,7 @@ TEST(PowersOfTen, OneDigitNumbersAreTenthsAnd0Comma2IsTwiceAsLikely)
 {
     std::map<std::string, int> weights;
     for (int number = 1; number <= 10; ++number) {
-        ScriptedRandom random { drawOf(number, 10), 0, 0, multiply };
+        ScriptedRandom random { DrawOf(number, 10), 0, 0, multiply };
         ++weights[drawn(random, 1).Factor1Text()];
     }
     const std::map<std::string, int> expected { { "0,1", 1 }, { "0,2", 2 }, { "0,3", 1 }, { "0,4", 1 }, { "0,5", 1 },
@@ -173,7 +168,7 @@ TEST(PowersOfTen, EverySolutionIsTheNumberWithItsCommaMoved)
             for (int decimals = 1; decimals <= digits; ++decimals) {
                 for (int exponent = 1; exponent <= 3; ++exponent) {
                     for (const double sign : { multiply, divide }) {
-                        ScriptedRandom random { drawOf(number, count), drawOf(decimals, digits), drawOf(exponent, 3),
+                        ScriptedRandom random { DrawOf(number, count), DrawOf(decimals, digits), DrawOf(exponent, 3),
                             sign };
                         const PowersOfTen exercise = drawn(random, digits);
                         const std::string factor = movedComma(std::to_string(number), -decimals);
@@ -365,7 +360,7 @@ TEST(PowersOfTen, BothFactorsCanBeTyped)
 
 TEST(PowersOfTen, TheNextExerciseForgetsTypedFactors)
 {
-    ScriptedRandom random { 0, 0, 0, multiply, drawOf(57, 100), 0, drawOf(2, 3), divide };
+    ScriptedRandom random { 0, 0, 0, multiply, DrawOf(57, 100), 0, DrawOf(2, 3), divide };
     PowersOfTen exercise(random);
     exercise.NewPowerOfTenExercise();
     exercise.EnterFactor1("8");
