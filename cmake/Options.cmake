@@ -11,6 +11,10 @@ if(NUMBRELA_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(numbrela_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(NUMBRELA_COVERAGE)
+  target_compile_options(numbrela_options INTERFACE --coverage)
+  target_link_options(numbrela_options INTERFACE --coverage)
+endif()
 
 # The screens go without Qt's own keywords and without its implicit conversions from 8-bit text.
 add_library(numbrela_qt_options INTERFACE)

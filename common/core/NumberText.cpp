@@ -200,10 +200,7 @@ std::string FormatDisplayNumber(double value)
         grouped = integer.substr(groupEnd - groupSize, groupSize) + (placed > 0 ? "." : "") + grouped;
         placed += groupSize;
     }
-    if (integer.size() > placed) {
-        grouped = integer.substr(0, integer.size() - placed) + (placed > 0 ? "." : "") + grouped;
-    }
-    return grouped + decimals;
+    return integer.substr(0, integer.size() - placed) + (placed > 0 ? "." : "") + grouped + decimals;
 }
 
 double ParseDisplayNumber(std::string_view text)

@@ -18,9 +18,9 @@ const char* RunTimeError::KindName() const noexcept
     case Kind::TypeMismatch:
         return "El tipo de dato no coincide";
     case Kind::File:
-        return "Error de archivo";
+        break;
     }
-    return "";
+    return "Error de archivo";
 }
 
 } // namespace numbrela

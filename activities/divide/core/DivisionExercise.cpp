@@ -94,7 +94,7 @@ void DivisionExercise::GenerateDivision()
     Grid.Begin(DividendText());
     Grid.LineWidth = lineWidth;
     const std::size_t comma = Grid.Text.find(u',');
-    Grid.CommaColumn = DividendDecimals < 1 || comma == std::u16string::npos ? -1 : static_cast<int>(comma);
+    Grid.CommaColumn = comma == std::u16string::npos ? -1 : static_cast<int>(comma);
     Score.Scorable = true;
 }
 

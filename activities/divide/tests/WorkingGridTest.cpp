@@ -66,6 +66,8 @@ TEST_F(WorkingGridTest, KnowsItsLastWrittenRow)
     EXPECT_EQ(Grid.WrittenRows(), 5);
     typeRow(Grid, 4, "       ");
     EXPECT_EQ(Grid.WrittenRows(), 1);
+    Grid.Begin("");
+    EXPECT_EQ(Grid.WrittenRows(), 0);
 }
 
 // ------------------------------------------------------------------------------------------------------------ arrows

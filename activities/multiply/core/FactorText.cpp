@@ -13,7 +13,7 @@ namespace {
 
 bool isNegative(std::string_view wholeNumber)
 {
-    return !wholeNumber.empty() && wholeNumber.front() == '-';
+    return wholeNumber.starts_with('-');
 }
 
 std::string_view withoutSign(std::string_view wholeNumber)

@@ -10,8 +10,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <functional>
 
 namespace numbrela {
@@ -43,6 +45,17 @@ int runInProcess(const std::function<int()>& action)
     return status;
 }
 
+// What the action threw, or what it made.
+std::string failureOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.what();
+    }
+    return "nothing";
+}
+
 class CatalogueFaultTest : public ::testing::Test {
 protected:
     // What a whole save calls, in its order: three writes' worth of products.
@@ -62,6 +75,7 @@ protected:
     void expectStaysWholeWhenKilled(
         FaultKind kind, const std::function<void()>& prepare, const ProductTable& before) const
     {
+        prepare();
         const std::vector<std::string> calls = callsOfASave();
         const auto rename = std::find(calls.begin(), calls.end(), "renameat") - calls.begin();
         for (int call = 0; call < static_cast<int>(calls.size()); ++call) {
@@ -93,7 +107,8 @@ TEST_F(CatalogueFaultTest, PutsTheNewFileOnTheDiskBeforeItTakesTheNameAndTheName
 {
     putOldFile();
     EXPECT_EQ(callsOfASave(),
-        (std::vector<std::string> { "write", "write", "write", "fsync", "close", "renameat", "fsync", "close" }));
+        (std::vector<std::string> {
+            "faccessat", "openat", "write", "write", "write", "fsync", "close", "renameat", "fsync", "close" }));
 }
 
 class CatalogueKillTest : public CatalogueFaultTest, public ::testing::WithParamInterface<FaultKind> { };
@@ -117,15 +132,19 @@ TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
 {
     struct Row {
         int Error;
-        const char* Reason;
+        std::string Reason;
     };
+    const std::string anyOther = "error " + std::to_string(EMFILE) + " del sistema (" + std::strerror(EMFILE) + ")";
+    putOldFile();
     const std::vector<std::string> calls = callsOfASave();
     const int lastCall = static_cast<int>(calls.size()) - 1; // closes the folder, of which nothing was written
     const auto rename = std::find(calls.begin(), calls.end(), "renameat") - calls.begin();
-    for (const Row& row : { Row { ENOSPC, "el disco está lleno" }, Row { EDQUOT, "el disco está lleno" },
-             Row { EIO, "el disco falla" }, Row { EROFS, "el disco es de solo lectura" } }) {
+    for (const Row& row :
+        { Row { ENOSPC, "el disco está lleno" }, Row { EDQUOT, "el disco está lleno" }, Row { EIO, "el disco falla" },
+            Row { EROFS, "el disco es de solo lectura" }, Row { EFBIG, "el archivo sería demasiado grande" },
+            Row { EACCES, "no hay permiso" }, Row { EPERM, "no hay permiso" }, Row { EMFILE, anyOther } }) {
         for (int call = 0; call < lastCall; ++call) {
-            SCOPED_TRACE(std::string(row.Reason) + " at call " + std::to_string(call));
+            SCOPED_TRACE(row.Reason + " at call " + std::to_string(call));
             putOldFile();
             ArmFault({ call, FaultKind::Fail, row.Error });
             std::string said;
@@ -148,12 +167,45 @@ TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
 
 TEST_F(CatalogueFaultTest, SavesWhereAFolderCannotBeBroughtToTheDiskByACall)
 {
+    for (const int error : { EINVAL, ENOTSUP }) {
+        putOldFile();
+        const std::vector<std::string> calls = callsOfASave();
+        putOldFile();
+        ArmFault({ static_cast<int>(calls.size()) - 2, FaultKind::Fail, error });
+        SaveCatalogue(path_, new_);
+        DisarmFault();
+        EXPECT_TRUE(LoadCatalogue(path_) == new_);
+    }
+}
+
+TEST_F(CatalogueFaultTest, AFileWhoseClosingIsInterruptedIsClosed)
+{
+    putOldFile();
     const std::vector<std::string> calls = callsOfASave();
     putOldFile();
-    ArmFault({ static_cast<int>(calls.size()) - 2, FaultKind::Fail, EINVAL });
+    const auto close = std::find(calls.begin(), calls.end(), "close") - calls.begin();
+    ArmFault({ static_cast<int>(close), FaultKind::Fail, EINTR });
     SaveCatalogue(path_, new_);
     DisarmFault();
     EXPECT_TRUE(LoadCatalogue(path_) == new_);
+}
+
+TEST_F(CatalogueFaultTest, SaysWhyAFileCannotBeRead)
+{
+    putOldFile();
+    ArmFault({ 0, FaultKind::Fail, EIO });
+    const std::string said = failureOf([&] { LoadCatalogue(path_); });
+    EXPECT_EQ(DisarmFault().front(), "read");
+    EXPECT_EQ(said, "No se puede leer el archivo «" + path_.string() + "»: el disco falla.");
+}
+
+TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedRead)
+{
+    putOldFile();
+    ArmFault({ 0, FaultKind::Fail, EINTR });
+    const ProductTable loaded = LoadCatalogue(path_);
+    EXPECT_EQ(DisarmFault().front(), "read");
+    EXPECT_TRUE(loaded == old_);
 }
 
 TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedOrAPartialWrite)
@@ -162,17 +214,6 @@ TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedOrAPartialWrite)
     SaveCatalogue(path_, new_);
     EXPECT_GT(DisarmFault().size(), new_.size() * 154 / 1000);
     EXPECT_TRUE(LoadCatalogue(path_) == new_);
-}
-
-// What the action threw, or what it made.
-std::string failureOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.what();
-    }
-    return "nothing";
 }
 
 TEST_F(CatalogueFaultTest, KeepsTheOldFileWhenTheSystemTakesNoMoreBytes)
@@ -217,6 +258,21 @@ TEST_F(CatalogueFaultTest, SaysThatThereIsNoPermissionInAFolderForReadingAlone)
     ASSERT_EQ(::chmod(folder_.Path().c_str(), 0755), 0);
     EXPECT_TRUE(LoadCatalogue(path_) == old_);
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+// The new file is theirs then, and has the permissions of the old one.
+TEST_F(CatalogueFaultTest, SavesSomebodyElsesFileWhereThatIsAllowed)
+{
+    putOldFile();
+    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0777), 0);
+    ASSERT_EQ(::chmod(path_.c_str(), 0666), 0);
+    const int status = runInProcess([&] {
+        return asSomebodyWithoutRights(
+            [&] { return failureOf([&] { SaveCatalogue(path_, new_); }) == "nothing" ? 0 : 1; });
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(LoadCatalogue(path_) == new_);
+    EXPECT_EQ(std::filesystem::status(path_).permissions(), std::filesystem::perms(0666));
 }
 
 TEST_F(CatalogueFaultTest, SaysThatThereIsNoPermissionForSomebodyElsesFile)

@@ -146,6 +146,11 @@ TEST(CatalogueTool, LeavesACatalogueThatIsThere)
     EXPECT_EQ(ReadBytes(catalogue), "mine");
 }
 
+TEST(CatalogueTool, FailsForWantOfACatalogueToMake)
+{
+    EXPECT_NE(std::system("'" SHOPPING_CATALOGUE_TOOL "' text 2>/dev/null"), 0); // NOLINT(cert-env33-c)
+}
+
 TEST(CatalogueTool, FailsForATextThatIsNoCatalogueAndMakesNone)
 {
     const TemporaryFolder folder;

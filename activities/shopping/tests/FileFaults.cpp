@@ -1,5 +1,6 @@
 #include "activities/shopping/tests/FileFaults.h"
 
+#include <sys/types.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -12,14 +13,20 @@
 // The names are the linker's: a call of write() goes to __wrap_write(), and __real_write() is what was called.
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" {
+ssize_t __real_read(int file, void* bytes, size_t count);
 ssize_t __real_write(int file, const void* bytes, size_t count);
 int __real_fsync(int file);
 int __real_close(int file);
 int __real_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName);
+int __real_faccessat(int folder, const char* name, int right, int flags);
+int __real_openat(int folder, const char* name, int flags, mode_t mode);
+ssize_t __wrap_read(int file, void* bytes, size_t count);
 ssize_t __wrap_write(int file, const void* bytes, size_t count);
 int __wrap_fsync(int file);
 int __wrap_close(int file);
 int __wrap_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName);
+int __wrap_faccessat(int folder, const char* name, int right, int flags);
+int __wrap_openat(int folder, const char* name, int flags, mode_t mode);
 }
 
 namespace numbrela::testing {
@@ -95,6 +102,11 @@ std::vector<std::string> DisarmFault()
 
 using namespace numbrela::testing;
 
+ssize_t __wrap_read(int file, void* bytes, size_t count)
+{
+    return pass("read", [=] { return __real_read(file, bytes, count); });
+}
+
 ssize_t __wrap_write(int file, const void* bytes, size_t count)
 {
     if (armed && armed->Kind == FaultKind::Stutter) {
@@ -127,5 +139,15 @@ int __wrap_close(int file)
 int __wrap_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName)
 {
     return pass("renameat", [=] { return __real_renameat(oldFolder, oldName, newFolder, newName); });
+}
+
+int __wrap_faccessat(int folder, const char* name, int right, int flags)
+{
+    return pass("faccessat", [=] { return __real_faccessat(folder, name, right, flags); });
+}
+
+int __wrap_openat(int folder, const char* name, int flags, mode_t mode)
+{
+    return pass("openat", [=] { return __real_openat(folder, name, flags, mode); });
 }
 // NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

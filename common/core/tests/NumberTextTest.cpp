@@ -662,6 +662,7 @@ TEST(LeadingNumber, ReadsWithAPointBeforeTheDecimals)
         { "-.", 0 },
         { ".e5", 0 },
         { " 1 2 . 5 ", 12.5 },
+        { "\t1\t2", 12 },
         { "+1.5E-2x", 0.015 },
         { "0x1F", 0 },
         { "1..5", 1 },
