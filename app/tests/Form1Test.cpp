@@ -338,8 +338,7 @@ TEST_F(Form1Test, TakesAnOpenActivityWithIt)
     EXPECT_TRUE(activity.isNull());
 }
 
-// --- Ending
-// ------------------------------------------------------------------------------------------------------------
+// --- Ending ----------------------------------------------------------------------------------------------------------
 
 TEST_F(Form1Test, SalirEndsTheProgramWithoutAQuestion)
 {

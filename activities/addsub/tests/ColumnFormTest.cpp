@@ -528,8 +528,7 @@ TEST_P(ColumnFormTest, ADigitLetGoOverAHighlightedAnswerLeavesTheHighlight)
     EXPECT_EQ(Form().Text3->selectedText(), QStringLiteral("123"));
 }
 
-// --- Keys in boxes that are not for typing
-// -----------------------------------------------------------------------------
+// --- Keys in boxes that are not for typing ---------------------------------------------------------------------------
 
 struct KeyInBox {
     const char* Name;
@@ -890,8 +889,7 @@ TEST_P(ColumnFormTest, APointInTheAnswerSeparatesThousands)
     EXPECT_EQ(Verdict(), "resultado correcto");
 }
 
-// --- Buttons
-// -----------------------------------------------------------------------------------------------------------
+// --- Buttons ---------------------------------------------------------------------------------------------------------
 
 TEST_P(ColumnFormTest, ContinuarDrawsAnExerciseThatCounts)
 {
@@ -1050,8 +1048,7 @@ TEST_P(SevenDigitSolutionTest, TheTrueNumberIsRight)
     EXPECT_EQ(Verdict(), "resultado correcto");
 }
 
-// --- Options
-// -----------------------------------------------------------------------------------------------------------
+// --- Options ---------------------------------------------------------------------------------------------------------
 
 TEST_P(ColumnFormTest, TheDigitsOptionsDrawOperandsOfAsManyDigits)
 {
@@ -1689,8 +1686,7 @@ TEST_P(ColumnFormTest, TheCommasOfTypedOperandsArePaintedInOneColumn)
     }
 }
 
-// --- Size
-// --------------------------------------------------------------------------------------------------------------
+// --- Size ------------------------------------------------------------------------------------------------------------
 
 void expectSeenWhole(const TextBox& box)
 {
