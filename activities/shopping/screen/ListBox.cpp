@@ -14,6 +14,7 @@ ListBox::ListBox(QWidget* parent)
     : QListWidget(parent)
 {
     setEditTriggers(NoEditTriggers);
+    setUniformItemSizes(true);
     setWordWrap(true);
     setResizeMode(Adjust);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -28,7 +29,7 @@ void ListBox::SetLines(const std::vector<std::string>& lines)
     }
     clear();
     addItems(texts);
-    fitLines();
+    measureLines();
 }
 
 void ListBox::SelectLine(int line)
@@ -74,28 +75,30 @@ void ListBox::changeEvent(QEvent* event)
 {
     QListWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange) {
-        fitLines();
+        measureLines();
     }
 }
 
-// Thousands of lines that are all of one height are laid out at once; only where one is too long is each measured.
+void ListBox::measureLines()
+{
+    const int besideText = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    widthOfLongestLine_ = 0;
+    for (int line = 0; line < count(); ++line) {
+        const int width = fontMetrics().horizontalAdvance(item(line)->text()) + 2 * besideText;
+        widthOfLongestLine_ = std::max(widthOfLongestLine_, width);
+    }
+    fitLines();
+}
+
+// Thousands of lines that are all of one height are laid out at once; only where one is too long is each laid out by
+// itself.
 void ListBox::fitLines()
 {
-    const bool uniform = widthOfLongestLine() <= viewport()->width();
+    const bool uniform = widthOfLongestLine_ <= viewport()->width();
     if (uniform != uniformItemSizes()) {
         setUniformItemSizes(uniform);
         scheduleDelayedItemsLayout();
     }
-}
-
-int ListBox::widthOfLongestLine() const
-{
-    const int besideText = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    int width = 0;
-    for (int line = 0; line < count(); ++line) {
-        width = std::max(width, fontMetrics().horizontalAdvance(item(line)->text()));
-    }
-    return width + 2 * besideText;
 }
 
 } // namespace numbrela

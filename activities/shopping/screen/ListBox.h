@@ -35,8 +35,10 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void measureLines();
     void fitLines();
-    int widthOfLongestLine() const;
+
+    int widthOfLongestLine_ = 0; // pixels, with what is beside the text
 };
 
 } // namespace numbrela
