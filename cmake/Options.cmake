@@ -11,6 +11,10 @@ if(NUMBRELA_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(numbrela_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(NUMBRELA_FUZZ)
+  target_compile_options(numbrela_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_definitions(numbrela_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
 
 # The screens go without Qt's own keywords and without its implicit conversions from 8-bit text.
 add_library(numbrela_qt_options INTERFACE)
