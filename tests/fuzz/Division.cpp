@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 
@@ -53,6 +54,14 @@ public:
 private:
     WorkingGrid& grid() { return exercise_.Grid; }
     int end() { return static_cast<int>(grid().Text.size()); }
+
+    // Whether this is the grid's text, compared as bytes: libFuzzer watches every comparison of characters.
+    bool stands(const std::u16string& text)
+    {
+        return text.size() == grid().Text.size()
+            && std::memcmp(text.data(), grid().Text.data(), text.size() * sizeof(char16_t)) == 0;
+    }
+
     bool isCommaCell(int cell) { return grid().CommaColumn > -1 && cell % grid().LineWidth == grid().CommaColumn; }
 
     void act(unsigned byte)
@@ -136,7 +145,7 @@ private:
             }
         }
         grid().TypeCharacter(character);
-        EXPECT_TRUE(grid().Text == expected);
+        EXPECT_TRUE(stands(expected));
         EXPECT_EQ(grid().Caret, caret);
     }
 
@@ -177,7 +186,7 @@ private:
         std::u16string clean = u" ";
         clean.append(dividend.begin(), dividend.end());
         clean.append(2000, u' ');
-        EXPECT_TRUE(grid().Text == clean);
+        EXPECT_TRUE(stands(clean));
         EXPECT_EQ(grid().Caret, 0);
     }
 
@@ -318,7 +327,7 @@ private:
         const auto kind = KindThrownBy([&] { quotient = exercise_.ShowDivisionSolution(); });
         if (!fits) {
             EXPECT_EQ(kind, RunTimeError::Kind::Overflow);
-            EXPECT_TRUE(grid().Text == before);
+            EXPECT_TRUE(stands(before));
             return;
         }
         EXPECT_EQ(kind, std::nullopt);
