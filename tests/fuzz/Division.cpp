@@ -36,7 +36,7 @@ constexpr int mostDigits = 194; // that a row of the grid has room for
 class DivisionRun {
 public:
     explicit DivisionRun(FuzzInput input)
-        : input_(std::move(input))
+        : input_(input)
         , random_(input_.TakeByte())
     {
     }

@@ -7,16 +7,16 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
-#include <string_view>
 
 namespace numbrela::testing {
 
-// The bytes of one run of a fuzzer, taken off from the front. Behind their end there are zeros.
+// The bytes of one run of a fuzzer, taken off from the front. Behind their end there are zeros. They stay the caller's.
 class FuzzInput {
 public:
     FuzzInput(const std::uint8_t* data, std::size_t size)
-        : rest_(data, data + size)
+        : rest_(data, size)
     {
     }
 
@@ -24,8 +24,11 @@ public:
 
     unsigned TakeByte()
     {
-        const unsigned byte = rest_.empty() ? 0 : static_cast<unsigned char>(rest_.front());
-        rest_.erase(0, 1);
+        if (rest_.empty()) {
+            return 0;
+        }
+        const unsigned byte = rest_.front();
+        rest_ = rest_.subspan(1);
         return byte;
     }
 
@@ -38,8 +41,9 @@ public:
     // The bytes up to the end of the line, which is taken off too.
     std::string TakeLine()
     {
-        const std::string line = rest_.substr(0, rest_.find('\n'));
-        rest_.erase(0, line.size() + 1);
+        const auto end = std::find(rest_.begin(), rest_.end(), '\n');
+        const std::string line(rest_.begin(), end);
+        rest_ = rest_.subspan(std::min(line.size() + 1, rest_.size()));
         return line;
     }
 
@@ -54,7 +58,7 @@ public:
     }
 
 private:
-    std::string rest_;
+    std::span<const std::uint8_t> rest_;
 };
 
 } // namespace numbrela::testing

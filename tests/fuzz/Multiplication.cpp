@@ -47,7 +47,7 @@ std::uint64_t castOutProduct(std::string_view digits1, std::string_view digits2)
 class MultiplicationRun {
 public:
     explicit MultiplicationRun(FuzzInput input)
-        : input_(std::move(input))
+        : input_(input)
         , random_(input_.TakeByte())
     {
     }

@@ -37,7 +37,7 @@ std::string euros(long cents)
 class Shopper {
 public:
     explicit Shopper(FuzzInput input)
-        : input_(std::move(input))
+        : input_(input)
         , random_(input_.TakeByte())
     {
         readPrices();

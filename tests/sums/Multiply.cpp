@@ -147,10 +147,12 @@ std::string settingOf(const Multiplication& exercise)
         + (exercise.HideZeros ? " hidden" : "") + (exercise.AnyDigits ? "" : " tables");
 }
 
-bool isDrawnWell(Whole factor, int digits, bool mayEndInZero)
+// Free digits never make a power of ten: its last digit is 0, and 1 is left out.
+bool isDrawnWell(Whole factor, int digits, bool fromTables, bool mayEndInZero)
 {
     const std::string text = DigitsOf(factor);
-    return static_cast<int>(text.size()) == digits && (mayEndInZero || text.back() != '0');
+    return static_cast<int>(text.size()) == digits && (mayEndInZero || text.back() != '0')
+        && (fromTables || factor > PowerOfTenOnPaper(digits - 1));
 }
 
 } // namespace
@@ -165,8 +167,8 @@ void TryMultiplication(RandomSource& random, Tally& tally)
     const PaperProduct paper(exercise);
     const auto describe = [&] { return paper.Description(); };
     const bool endInZero = !exercise.AnyDigits && exercise.Decimals2 == 0;
-    tally.Require(isDrawnWell(paper.Factor1, exercise.Digits1 + exercise.Decimals1, false)
-            && isDrawnWell(paper.Factor2, exercise.Digits2 + exercise.Decimals2, endInZero),
+    tally.Require(isDrawnWell(paper.Factor1, exercise.Digits1 + exercise.Decimals1, false, false)
+            && isDrawnWell(paper.Factor2, exercise.Digits2 + exercise.Decimals2, !exercise.AnyDigits, endInZero),
         "a factor has other digits than asked for", describe);
     tally.Require(exercise.AnyDigits
             || DigitsOf(paper.Factor2).find_first_not_of("0" + exercise.SelectedTables) == std::string::npos,
