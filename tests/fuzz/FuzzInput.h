@@ -42,7 +42,7 @@ public:
     std::string TakeLine()
     {
         const auto end = std::find(rest_.begin(), rest_.end(), '\n');
-        const std::string line(rest_.begin(), end);
+        std::string line(rest_.begin(), end);
         rest_ = rest_.subspan(std::min(line.size() + 1, rest_.size()));
         return line;
     }

@@ -28,7 +28,8 @@ public:
     {
         // As many digits are divided as were asked for. A dividend that was drawn with one more loses its last.
         std::string digits = DigitsOf(Dividend);
-        digits.resize(static_cast<std::size_t>(exercise.DividendDigits + Scale), '0');
+        const int steps = exercise.DividendDigits + Scale;
+        digits.resize(static_cast<std::size_t>(steps), '0');
         for (const char digit : digits) {
             FitsIn32Bits = FitsIn32Bits && divided_ % Divisor * 10 + (digit - '0') <= INT32_MAX;
             divided_ = divided_ * 10 + (digit - '0');

@@ -70,7 +70,7 @@ private:
         const double most = dearest.at(static_cast<std::size_t>(random_.Next() * dearest.size()));
         while (static_cast<int>(cents_.size()) < mostProducts) {
             cents_.push_back(1 + static_cast<long>(random_.Next() * most));
-            const std::size_t shop = static_cast<std::size_t>(random_.Next() * ShoppingTask::ShopNames.size());
+            const auto shop = static_cast<std::size_t>(random_.Next() * ShoppingTask::ShopNames.size());
             AddProduct(task_.Catalogue,
                 { .Nombre = std::string_view(std::to_string(cents_.size())),
                     .Precio = singleOf(cents_.back()),
