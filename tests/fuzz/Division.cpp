@@ -145,6 +145,7 @@ private:
             }
         }
         grid().TypeCharacter(character);
+        blank_ = false;
         EXPECT_TRUE(stands(expected));
         EXPECT_EQ(grid().Caret, caret);
     }
@@ -188,6 +189,7 @@ private:
         clean.append(2000, u' ');
         EXPECT_TRUE(stands(clean));
         EXPECT_EQ(grid().Caret, 0);
+        blank_ = true;
     }
 
     // What is typed is a number by its whole part, and as wide as its characters.
@@ -312,6 +314,7 @@ private:
         const bool tooLong = steps > 37 || std::fabs(exercise_.Divisor) > 1e18;
         if (exercise_.Divisor < 0 || tooLong) {
             KindThrownBy([&] { exercise_.ShowDivisionSolution(); });
+            blank_ = false;
             return;
         }
         const auto divisor = static_cast<Whole>(exercise_.Divisor);
@@ -333,17 +336,19 @@ private:
         EXPECT_EQ(kind, std::nullopt);
         EXPECT_EQ(quotient, CommaText(dividend / divisor, scale())) << cells << " / " << DigitsOf(divisor);
         EXPECT_FALSE(exercise_.Score.Scorable);
-        // A blank is brought down as a zero, yet written as a blank.
+        // A blank is brought down as a zero, yet written as a blank; what stood left of the working stays there.
         const bool allAreDigits = cells.find_first_not_of("0123456789") == std::string::npos;
-        if (drawn_ && allAreDigits && dividend >= divisor) {
+        if (drawn_ && blank_ && allAreDigits && dividend >= divisor) {
             EXPECT_EQ(rowValue(grid().WrittenRows() - 1), static_cast<double>(dividend % divisor));
         }
+        blank_ = false;
     }
 
     FuzzInput input_;
     SeededRandom random_;
     bool commaShift_ = false;
     DivisionExercise exercise_ { random_, commaShift_ };
+    bool blank_ = false; // nothing stands below the dividend
     bool drawn_ = false; // the grid was laid out for this dividend, with its comma and its decimals
 };
 
