@@ -15,6 +15,10 @@ if(NUMBRELA_COVERAGE)
   target_compile_options(numbrela_options INTERFACE --coverage)
   target_link_options(numbrela_options INTERFACE --coverage)
 endif()
+if(NUMBRELA_FUZZ)
+  target_compile_options(numbrela_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_definitions(numbrela_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
 
 # The screens go without Qt's own keywords and without its implicit conversions from 8-bit text.
 add_library(numbrela_qt_options INTERFACE)

@@ -4,6 +4,7 @@
 
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
+#include "tests/support/Schoolbook.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,7 @@ namespace numbrela {
 namespace {
 
 using numbrela::testing::ForeignLocale;
+using numbrela::testing::GroupedByTheRule;
 using numbrela::testing::KindThrownBy;
 using numbrela::testing::StrangePunctuation;
 
@@ -131,30 +133,6 @@ std::optional<std::string> textOnPaper(double value, std::size_t significantDigi
         digits.pop_back();
     }
     return digits;
-}
-
-// The groups of an integer part, taken one by one as the rule names them: positions are counted from 1, and every
-// group but the last starts one place too far to the left.
-std::string groupedByTheRule(const std::string& text)
-{
-    const std::size_t length = text.size();
-    const auto middle = [&](std::size_t start, std::size_t count) { return text.substr(start - 1, count); };
-    std::string grouped;
-    std::size_t placed = 0;
-    if (length > 3) {
-        grouped = middle(length - 2, 3);
-        placed = 3;
-        for (const std::size_t taken : { 6U, 9U, 12U, 15U, 18U }) {
-            if (length > taken) {
-                grouped = middle(length - taken, 3) + "." + grouped;
-                placed = taken;
-            }
-        }
-    }
-    if (length > placed) {
-        grouped = middle(1, length - placed) + (placed > 0 ? "." : "") + grouped;
-    }
-    return grouped;
 }
 
 // ---------------------------------------------------------------------------------------------- plain decimal text
@@ -462,7 +440,7 @@ TEST(FormatDisplayNumber, FollowsTheRuleForEveryLength)
                 * (i % 2 == 0 ? 1 : -1);
             const std::string plain = PlainDecimalText(value);
             const std::size_t comma = std::min(plain.find(','), plain.size());
-            ASSERT_EQ(FormatDisplayNumber(value), groupedByTheRule(plain.substr(0, comma)) + plain.substr(comma));
+            ASSERT_EQ(FormatDisplayNumber(value), GroupedByTheRule(plain.substr(0, comma)) + plain.substr(comma));
         }
     }
 }

@@ -1,0 +1,124 @@
+#include "activities/shopping/core/Catalogue.h"
+
+#include "activities/shopping/core/ProductEditor.h"
+#include "activities/shopping/core/ShoppingTask.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <set>
+#include <string>
+
+// Any bytes as the catalogue file: what is loaded from them is what an independent reader finds, it is saved and loaded
+// again unchanged, and the activities live with it.
+namespace numbrela::testing {
+
+namespace {
+
+constexpr std::size_t recordSize = 154;
+constexpr std::size_t priceOffset = 100;
+
+// The records that hold a product, as they stand in the file.
+std::string productRecords(const std::string& bytes)
+{
+    std::string records;
+    for (std::size_t first = 0; first + recordSize <= bytes.size(); first += recordSize) {
+        std::uint32_t bits = 0;
+        for (std::size_t i = 4; i-- > 0;) {
+            bits = bits * 256 + static_cast<unsigned char>(bytes[first + priceOffset + i]);
+        }
+        float price = 0;
+        std::memcpy(&price, &bits, sizeof price);
+        if (price > 0) {
+            records += bytes.substr(first, recordSize);
+        }
+    }
+    return records;
+}
+
+void checkLoading(const std::string& bytes, const std::filesystem::path& file)
+{
+    const std::string records = productRecords(bytes);
+    WriteBytes(file, bytes);
+    const ProductTable table = LoadCatalogue(file);
+    EXPECT_EQ(ReadBytes(file), bytes) << "loading is no writing";
+    EXPECT_EQ(table.size(), std::max<std::size_t>(records.size() / recordSize, 1));
+
+    SaveCatalogue(file, table);
+    EXPECT_EQ(ReadBytes(file), records.empty() ? std::string(recordSize, '\0') : records);
+    EXPECT_TRUE(LoadCatalogue(file) == table);
+}
+
+// Choosing a product and leaving it puts back what its boxes show: nothing but blanks around it and digits of its price
+// that they do not show may be lost.
+void checkEditing(const ProductTable& table)
+{
+    ProductEditor editor;
+    editor.Table = table;
+    for (int product = 0; product < static_cast<int>(table.size()); ++product) {
+        const ProductTexts shown = editor.TextsOf(product);
+        EXPECT_TRUE(editor.LineText(product).ends_with(" " + shown.Precio + "€"));
+        editor.Select(product, product);
+        EXPECT_TRUE(editor.WriteBack(shown));
+        const ProductTexts again = editor.TextsOf(product);
+        EXPECT_EQ(again.Tienda, shown.Tienda);
+        EXPECT_EQ(again.Nombre, shown.Nombre);
+        const float price = table[static_cast<std::size_t>(product)].Precio;
+        const float kept = editor.Table[static_cast<std::size_t>(product)].Precio;
+        EXPECT_TRUE(kept == price || std::fabs(kept - price) <= price * 1e-6F) << price << " became " << kept;
+    }
+    for (int left = static_cast<int>(table.size()); left > 0; --left) {
+        EXPECT_EQ(editor.Delete(0, 0), 0);
+    }
+    EXPECT_EQ(editor.Table.size(), 1U);
+    EXPECT_EQ(editor.Table.front().Precio, 0);
+}
+
+void checkTask(const ProductTable& table, double seed)
+{
+    ShoppingTask task;
+    task.Catalogue = table;
+    SeededRandom random(seed);
+    task.ListLength = 2 + static_cast<int>(random.Next() * 9);
+    const std::string notice = task.NewShoppingTask(random);
+    const bool empty = table.size() == 1 && IsEmpty(table);
+    const std::size_t length
+        = std::min<std::size_t>(static_cast<std::size_t>(task.ListLength), empty ? 0 : table.size());
+    EXPECT_TRUE(std::isfinite(task.ListCost));
+    if (!notice.empty() && task.ShoppingList.empty()) {
+        EXPECT_EQ(task.ListCost, 0);
+    } else {
+        EXPECT_EQ(task.ShoppingList.size(), length);
+    }
+    EXPECT_EQ(task.ListLines().size(), task.ShoppingList.size());
+    std::set<int> products;
+    for (const ShoppingItem& item : task.ShoppingList) {
+        EXPECT_TRUE(products.insert(item.Product).second);
+        EXPECT_TRUE(item.Units >= 1 && item.Units <= 3);
+        const Product& product = table.at(static_cast<std::size_t>(item.Product));
+        EXPECT_TRUE(item.Nombre == product.Nombre && item.Precio == product.Precio && item.Tienda == product.Tienda);
+        // A product is on the shelf of the shop whose name it bears.
+        bool found = false;
+        for (const ShelfProduct& shelved : task.EnterShop(item.Tienda.Trimmed())) {
+            found = found || shelved.Product == item.Product;
+        }
+        EXPECT_TRUE(found) << item.Tienda.Trimmed();
+    }
+}
+
+} // namespace
+
+} // namespace numbrela::testing
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace numbrela::testing;
+    static const TemporaryFolder folder;
+    const std::filesystem::path file = folder / "productos.dat";
+    checkLoading(std::string(data, data + size), file);
+    const numbrela::ProductTable table = numbrela::LoadCatalogue(file);
+    checkEditing(table);
+    checkTask(table, static_cast<double>(size));
+    return 0;
+}

@@ -1,0 +1,244 @@
+#include "activities/multiply/core/Multiplication.h"
+
+#include "common/core/RunTimeError.h"
+
+#include "tests/fuzz/FuzzInput.h"
+#include "tests/support/KindThrownBy.h"
+#include "tests/support/Schoolbook.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// What a pupil can do with a multiplication, a byte for each act; the first byte seeds the draws.
+//
+//   O 1 1 1 1   options: items of both factors' digits and decimals; then a new multiplication
+//   N           new multiplication
+//   Z           hides or shows the rows of zeros
+//   T...        times tables, up to the end of the line
+//   A..., B...  a first, a second factor typed, up to the end of the line
+//   J...        "Hecho" with the result up to the end of the line
+//   S           solution
+namespace numbrela::testing {
+
+namespace {
+
+// What is left of a number of any length when it is divided by a prime: numbers that were multiplied well keep it.
+std::uint64_t castOut(std::string_view digits)
+{
+    constexpr std::uint64_t prime = 998'244'353;
+    std::uint64_t rest = 0;
+    for (const char digit : digits) {
+        if (digit >= '0' && digit <= '9') {
+            rest = (rest * 10 + static_cast<std::uint64_t>(digit - '0')) % prime;
+        }
+    }
+    return rest;
+}
+
+std::uint64_t castOutProduct(std::string_view digits1, std::string_view digits2)
+{
+    return castOut(std::to_string(castOut(digits1) * castOut(digits2)));
+}
+
+class MultiplicationRun {
+public:
+    explicit MultiplicationRun(FuzzInput input)
+        : input_(input)
+        , random_(input_.TakeByte())
+    {
+    }
+
+    void Run()
+    {
+        draw();
+        while (!input_.AtEnd()) {
+            act(input_.TakeByte());
+            checkLayout();
+        }
+    }
+
+private:
+    void act(unsigned byte)
+    {
+        switch (byte) {
+        case 'O':
+            exercise_.Digits1 = input_.TakeChoice(Multiplication::DigitChoices);
+            exercise_.Digits2 = input_.TakeChoice(Multiplication::DigitChoices);
+            exercise_.Decimals1 = input_.TakeChoice(Multiplication::DecimalChoices);
+            exercise_.Decimals2 = input_.TakeChoice(Multiplication::DecimalChoices);
+            draw();
+            break;
+        case 'N':
+            draw();
+            break;
+        case 'Z':
+            exercise_.HideZeros = !exercise_.HideZeros;
+            break;
+        case 'T':
+            chooseTables(input_.TakeLine());
+            break;
+        case 'A':
+            enter(input_.TakeLine(), exercise_.Factor1, &Multiplication::EnterFactor1);
+            break;
+        case 'B':
+            enter(input_.TakeLine(), exercise_.Factor2, &Multiplication::EnterFactor2);
+            break;
+        case 'J':
+            judge(input_.TakeLine());
+            break;
+        case 'S':
+            solve();
+            break;
+        default:
+            break;
+        }
+    }
+
+    void draw()
+    {
+        exercise_.NewMultiplication();
+        checkDrawnFactor(exercise_.Factor1Text(), exercise_.Digits1, exercise_.Decimals1, true);
+        checkDrawnFactor(exercise_.Factor2Text(), exercise_.Digits2, exercise_.Decimals2, exercise_.AnyDigits);
+        if (!exercise_.AnyDigits) {
+            const std::string digits = Without(exercise_.Factor2Text(), ",");
+            EXPECT_EQ(digits.find_first_not_of("0" + exercise_.SelectedTables), std::string::npos) << digits;
+        }
+    }
+
+    static void checkDrawnFactor(const std::string& text, int digits, int decimals, bool anyDigits)
+    {
+        const std::size_t comma = std::min(text.find(','), text.size());
+        EXPECT_EQ(static_cast<int>(comma), digits) << text;
+        EXPECT_EQ(static_cast<int>(text.size() - std::min(comma + 1, text.size())), decimals) << text;
+        EXPECT_NE(text.front(), '0') << text;
+        EXPECT_TRUE(text.back() != '0' || (!anyDigits && decimals == 0)) << text;
+    }
+
+    void chooseTables(const std::string& line)
+    {
+        std::string tables;
+        for (char table = '1'; table <= '9'; ++table) {
+            tables += line.find(table) == std::string::npos ? "" : std::string(1, table);
+        }
+        exercise_.ChooseTables(tables);
+        draw();
+    }
+
+    void enter(const std::string& typed, double& factor,
+        Multiplication::FactorEntry (Multiplication::*enterFactor)(std::string_view))
+    {
+        const double before = factor;
+        const double productBefore = exercise_.Product;
+        const Multiplication::FactorEntry entry = (exercise_.*enterFactor)(typed);
+        EXPECT_EQ(entry.Accepted, entry.Message.empty());
+        if (!entry.Accepted) {
+            EXPECT_EQ(factor, before);
+            EXPECT_EQ(exercise_.Product, productBefore);
+            return;
+        }
+        EXPECT_EQ(factor, NumberAtTheStart(Replaced(Without(typed, "."), ',', '.')));
+        EXPECT_EQ(exercise_.Product, exercise_.Factor1 * exercise_.Factor2);
+        EXPECT_TRUE(std::isfinite(exercise_.Product));
+        checkPlaces(exercise_.Factor1Text(), exercise_.Digits1, exercise_.Decimals1);
+        checkPlaces(exercise_.Factor2Text(), exercise_.Digits2, exercise_.Decimals2);
+    }
+
+    static void checkPlaces(const std::string& text, int digits, int decimals)
+    {
+        EXPECT_EQ(static_cast<int>(text.size()), digits + decimals + (decimals > 0 ? 1 : 0)) << text;
+        EXPECT_EQ(decimals > 0 ? text.find(',') : text.size(), static_cast<std::size_t>(digits)) << text;
+    }
+
+    void checkLayout()
+    {
+        const std::string factor2 = exercise_.Factor2Text();
+        const auto zeros = static_cast<int>(factor2.size() - Without(factor2, "0").size());
+        const int digits = exercise_.Digits2 + exercise_.Decimals2;
+        EXPECT_EQ(exercise_.RowCount(factor2), exercise_.HideZeros ? digits - zeros : digits);
+        EXPECT_EQ(exercise_.RowCount(""), digits);
+        EXPECT_EQ(exercise_.HasSingleRow(), digits == 1);
+    }
+
+    void judge(const std::string& result)
+    {
+        const double value = NumberAtTheStart(Replaced(result, ',', '.'));
+        if (std::isinf(value)) {
+            EXPECT_EQ(KindThrownBy([&] { exercise_.Judge(result, ""); }), RunTimeError::Kind::Overflow);
+            return;
+        }
+        const bool right = std::fabs(exercise_.Product - value) < 1e-12;
+        Multiplication::Verdict verdict = exercise_.Judge(result, "");
+        EXPECT_EQ(verdict.Right, right);
+        const Multiplication::Verdict again = exercise_.Judge(result, verdict.Text);
+        EXPECT_EQ(again.Right, right);
+        EXPECT_EQ(again.Text, " " + verdict.Text);
+        EXPECT_EQ(exercise_.Judge(result, again.Text).Text, verdict.Text);
+    }
+
+    void solve()
+    {
+        const std::string digits1 = Without(exercise_.Factor1Text(), ",");
+        const std::string factor2 = exercise_.Factor2Text();
+        const Multiplication::WorkedSolution solution = exercise_.ShowSolution();
+        EXPECT_FALSE(exercise_.Score.Scorable);
+        checkResult(solution.Result, digits1, Without(factor2, ","));
+        checkRows(solution.Rows, digits1, factor2);
+    }
+
+    void checkResult(const std::string& result, const std::string& digits1, const std::string& digits2) const
+    {
+        const int decimals = exercise_.Decimals1 + exercise_.Decimals2;
+        EXPECT_EQ(castOut(result), castOutProduct(digits1, digits2)) << digits1 << " x " << digits2;
+        const std::size_t comma = std::min(result.find(','), result.size());
+        EXPECT_EQ(static_cast<int>(result.size() - std::min(comma + 1, result.size())), decimals) << result;
+        EXPECT_EQ(result, GroupedInThousands(Without(result, ".")));
+
+        const std::string digits = Without(result, ".,-");
+        const std::string longest = Without(digits1, "-") + Without(digits2, "-");
+        const std::size_t first = std::min(digits.find_first_not_of('0'), digits.size());
+        EXPECT_LE(digits.size() - first, longest.size()) << result;
+        const bool negative = (digits1.front() == '-') != (digits2.front() == '-') && first < digits.size();
+        EXPECT_EQ(result.front() == '-', negative) << result;
+        EXPECT_TRUE(digits.size() - first <= static_cast<std::size_t>(decimals) || first == 0) << result;
+    }
+
+    // Each row is the product of one digit and the first factor, and a place further to the left than the one above.
+    void checkRows(const std::vector<std::string>& rows, const std::string& digits1, const std::string& factor2) const
+    {
+        const std::string digits2 = Without(factor2, ",");
+        std::size_t row = 0;
+        for (std::size_t place = 0; place < digits2.size(); ++place) {
+            const char looked = factor2[factor2.size() - 1 - place];
+            if (exercise_.HideZeros && (looked < '1' || looked > '9')) {
+                continue;
+            }
+            ASSERT_LT(row, rows.size());
+            const char digit = digits2[digits2.size() - 1 - place];
+            const std::size_t end = rows[row].find_last_not_of(' ') + 1;
+            EXPECT_EQ(rows[row].size() - end, place);
+            EXPECT_EQ(castOut(rows[row]), castOutProduct(std::string(1, digit == '-' ? '0' : digit), digits1));
+            EXPECT_LE(Without(rows[row].substr(0, end), "-").size(), Without(digits1, "-").size() + 1);
+            ++row;
+        }
+        EXPECT_EQ(row, rows.size());
+    }
+
+    FuzzInput input_;
+    SeededRandom random_;
+    Multiplication exercise_ { random_ };
+};
+
+} // namespace
+
+} // namespace numbrela::testing
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace numbrela::testing;
+    MultiplicationRun({ data, size }).Run();
+    return 0;
+}

@@ -1,0 +1,170 @@
+#include "activities/shopping/core/Money.h"
+#include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
+
+#include "tests/fuzz/FuzzInput.h"
+#include "tests/support/KindThrownBy.h"
+#include "tests/support/Schoolbook.h"
+
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+// Numbers, given to everything that writes one. The first byte tells what follows: "d" a double, "f" a single, anything
+// else a whole number with so many decimals, as exercises have them.
+namespace numbrela::testing {
+
+namespace {
+
+constexpr int significantInDouble = 15;
+constexpr int significantInSingle = 7;
+
+// [-]digits[,digits], no zeros that say nothing, and at most so many significant digits.
+void checkLooks(const std::string& text, int mostSignificant)
+{
+    EXPECT_EQ(text.find_first_not_of("0123456789,-"), std::string::npos) << text;
+    EXPECT_EQ(text.find_last_of('-'), text.front() == '-' ? 0 : std::string::npos) << text;
+    const std::string number = Without(text, "-");
+    const std::size_t comma = std::min(number.find(','), number.size());
+    EXPECT_TRUE(comma == 1 || (comma > 1 && number.front() != '0')) << text;
+    if (comma < number.size()) {
+        EXPECT_EQ(number.rfind(','), comma) << text;
+        EXPECT_TRUE(number.back() >= '1' && number.back() <= '9') << text;
+    }
+    std::string significant = Without(number, ",");
+    significant.erase(0, significant.find_first_not_of('0'));
+    significant.erase(significant.find_last_not_of('0') + 1);
+    EXPECT_LE(static_cast<int>(significant.size()), mostSignificant) << text;
+}
+
+double readBack(const std::string& plain)
+{
+    return NumberAtTheStart(Replaced(plain, ',', '.'));
+}
+
+void checkPlainText(double value)
+{
+    const std::string plain = PlainDecimalText(value);
+    EXPECT_EQ(plain, RoundedText(value, significantInDouble));
+    checkLooks(plain, significantInDouble);
+
+    // Rounding up may lead beyond the greatest double; otherwise what is written from what was read is the same.
+    const double read = ParseDisplayNumber(plain);
+    EXPECT_EQ(read, readBack(plain));
+    if (std::isfinite(read)) {
+        EXPECT_EQ(PlainDecimalText(read), plain);
+        EXPECT_LE(std::fabs(read - value), std::fabs(value) * 0.6e-14 + DBL_TRUE_MIN);
+    } else {
+        EXPECT_GT(std::fabs(value), 1.797693134862315e308);
+    }
+    EXPECT_EQ(KindThrownBy([&] { EXPECT_EQ(ParseTypedNumber(plain), read); }),
+        std::isfinite(read) ? std::nullopt : std::optional(RunTimeError::Kind::Overflow));
+}
+
+void checkDisplayText(double value)
+{
+    const std::string plain = PlainDecimalText(value);
+    const std::string displayed = FormatDisplayNumber(value);
+    EXPECT_EQ(displayed, DisplayedByTheRule(plain));
+    if (std::min(plain.find(','), plain.size()) <= 6 && value >= 0) {
+        EXPECT_EQ(ParseDisplayNumber(displayed), ParseDisplayNumber(plain));
+    }
+}
+
+void checkDouble(double value)
+{
+    if (!std::isfinite(value)) {
+        EXPECT_EQ(KindThrownBy([&] { PlainDecimalText(value); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(KindThrownBy([&] { FormatDisplayNumber(value); }), RunTimeError::Kind::Overflow);
+        return;
+    }
+    checkPlainText(value);
+    checkDisplayText(value);
+}
+
+// The price to two decimals as it is rounded on paper, by the third decimal of its text; empty when that is longer than
+// a column of prices is wide.
+std::string priceOnPaper(const std::string& plain)
+{
+    constexpr std::size_t columnWidth = 6;
+    const std::string amount = Without(plain, "-");
+    const std::size_t comma = std::min(amount.find(','), amount.size());
+    if (comma > columnWidth) {
+        return {};
+    }
+    const std::string decimals = (comma < amount.size() ? amount.substr(comma + 1) : std::string()) + "000";
+    const Whole cents = std::stoi(amount.substr(0, comma) + decimals.substr(0, 2)) + (decimals[2] >= '5' ? 1 : 0);
+    const std::string text = CommaText(plain.front() == '-' ? -cents : cents, 2);
+    return text.size() > columnWidth ? std::string() : std::string(columnWidth - text.size(), ' ') + text;
+}
+
+void checkPriceText(float price)
+{
+    const std::string onPaper = priceOnPaper(PlainDecimalText(price));
+    if (onPaper.empty()) {
+        EXPECT_EQ(KindThrownBy([&] { PriceText(price); }), RunTimeError::Kind::InvalidArgument) << price;
+    } else {
+        EXPECT_EQ(PriceText(price), onPaper) << price;
+    }
+}
+
+void checkPurseText(float money)
+{
+    std::string whole = RoundedText(std::nearbyint(static_cast<double>(money)), significantInDouble);
+    whole.insert(0, whole.size() < 2 ? "0" : "");
+    EXPECT_EQ(PurseText(money), GroupedInThousands(whole) + "€");
+}
+
+void checkSingle(float value)
+{
+    if (!std::isfinite(value)) {
+        EXPECT_EQ(KindThrownBy([&] { PlainDecimalText(value); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(KindThrownBy([&] { PriceText(value); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(KindThrownBy([&] { RemainderText(value); }), RunTimeError::Kind::Overflow);
+        return;
+    }
+    const std::string plain = PlainDecimalText(value);
+    EXPECT_EQ(plain, RoundedText(static_cast<double>(value), significantInSingle));
+    checkLooks(plain, significantInSingle);
+    EXPECT_EQ(RemainderText(value), plain + " €");
+    checkPriceText(value);
+    checkPurseText(std::fabs(value));
+}
+
+// A whole number of up to 15 digits with a comma is written just as it is, and comes back as the very same number.
+void checkDecimal(std::int64_t units, int decimals)
+{
+    constexpr std::int64_t tooLong = 1'000'000'000'000'000;
+    units %= tooLong;
+    const auto value = static_cast<double>(units) / static_cast<double>(PowerOfTenOnPaper(decimals));
+    const std::string plain = PlainDecimalText(value);
+    EXPECT_EQ(plain, WithoutLastZeros(CommaText(units, decimals)));
+    EXPECT_EQ(ParseDisplayNumber(plain), value);
+    checkDouble(value);
+    checkSingle(static_cast<float>(value));
+}
+
+} // namespace
+
+} // namespace numbrela::testing
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace numbrela::testing;
+    FuzzInput input(data, size);
+    constexpr int decimalsThatADoubleScalesExactly = 23;
+    switch (const unsigned what = input.TakeByte()) {
+    case 'd':
+        checkDouble(input.TakeNumber<double>());
+        break;
+    case 'f':
+        checkSingle(input.TakeNumber<float>());
+        break;
+    default:
+        checkDecimal(input.TakeNumber<std::int64_t>(), static_cast<int>(what) % decimalsThatADoubleScalesExactly);
+    }
+    return 0;
+}

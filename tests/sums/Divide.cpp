@@ -1,0 +1,138 @@
+#include "tests/sums/Activities.h"
+
+#include "activities/divide/core/DivisionExercise.h"
+#include "common/core/RunTimeError.h"
+
+#include "tests/support/KindThrownBy.h"
+#include "tests/support/Schoolbook.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+namespace numbrela::testing {
+
+namespace {
+
+// The division on paper, in units of the dividend's last decimal.
+class PaperDivision {
+public:
+    explicit PaperDivision(const DivisionExercise& exercise)
+        : Dividend(static_cast<Whole>(
+            std::llround(exercise.Dividend * static_cast<double>(PowerOfTenOnPaper(exercise.DividendDecimals)))))
+        , Divisor(static_cast<Whole>(exercise.Divisor))
+        , Decimals(exercise.DividendDecimals)
+        , Scale(std::max<int>(exercise.DividendDecimals, exercise.QuotientDecimals))
+        , IsTooLong(Dividend >= PowerOfTenOnPaper(exercise.DividendDigits + exercise.DividendDecimals))
+    {
+        // As many digits are divided as were asked for. A dividend that was drawn with one more loses its last.
+        std::string digits = DigitsOf(Dividend);
+        const int steps = exercise.DividendDigits + Scale;
+        digits.resize(static_cast<std::size_t>(steps), '0');
+        for (const char digit : digits) {
+            FitsIn32Bits = FitsIn32Bits && divided_ % Divisor * 10 + (digit - '0') <= INT32_MAX;
+            divided_ = divided_ * 10 + (digit - '0');
+        }
+        Quotient = divided_ / Divisor;
+        Remainder = divided_ % Divisor;
+    }
+
+    // Without a row of working the last row is the dividend's, which is read up to its comma.
+    bool HasWorking() const { return Quotient > 0; }
+
+    Whole LastRow() const { return HasWorking() ? Remainder : Dividend / PowerOfTenOnPaper(Decimals); }
+
+    // Whether a quotient and the last row give back the dividend. Both are in units of its last decimal.
+    bool GivesBackTheDividend(Whole quotient) const { return quotient * Divisor + LastRow() == Dividend; }
+
+    std::string Description() const { return CommaText(Dividend, Decimals) + " / " + DigitsOf(Divisor); }
+
+    Whole Dividend;
+    Whole Divisor;
+    int Decimals;
+    int Scale; // decimals that the quotient is worked to
+    bool IsTooLong; // has one digit more than asked for
+    bool FitsIn32Bits = true; // the remainders on the way, with the next digit behind them
+    Whole Quotient = 0; // in units of its last decimal
+    Whole Remainder = 0;
+
+private:
+    Whole divided_ = 0;
+};
+
+void tallyVerdicts(DivisionExercise& exercise, const std::string& quotient, const PaperDivision& paper, Tally& tally)
+{
+    const auto describe = [&] { return paper.Description() + " = " + quotient; };
+    const bool fromTheDividend = !paper.HasWorking() && paper.Decimals > 0;
+    const char* cause = paper.IsTooLong ? "the dividend was drawn with a digit more than is divided"
+        : fromTheDividend               ? "without working the integer part of the dividend counts as the remainder"
+                                        : nullptr;
+    tally.Require(paper.GivesBackTheDividend(paper.Quotient) == (cause == nullptr), "the cause is another", describe);
+    tally.CountVerdict("solution", exercise.Check(quotient).Right, cause == nullptr, cause, describe);
+
+    const bool accepted = paper.GivesBackTheDividend(paper.Quotient + 1);
+    tally.Require(!accepted || cause != nullptr, "the cause is another", describe);
+    tally.CountVerdict("quotient one unit off",
+        exercise.Check(WithoutLastZeros(CommaText(paper.Quotient + 1, paper.Scale))).Right, accepted,
+        accepted ? "by chance it makes up for the remainder that is read" : nullptr, describe);
+}
+
+void tallySolution(DivisionExercise& exercise, const PaperDivision& paper, Tally& tally)
+{
+    const auto describe = [&] { return paper.Description(); };
+    std::string quotient;
+    const auto kind = KindThrownBy([&] { quotient = exercise.ShowDivisionSolution(); });
+    if (!paper.FitsIn32Bits) {
+        tally.Note("no solution: a remainder with its next digit is beyond 32 bits");
+        tally.Require(kind == RunTimeError::Kind::Overflow, "there is a solution beyond 32 bits", describe);
+        return;
+    }
+    tally.Require(!kind, "there is no solution", describe);
+    tally.Compare("the quotient", quotient, CommaText(paper.Quotient, paper.Scale), describe);
+    if (exercise.QuotientDecimals > 0) {
+        tally.Note("solution not judged: the quotient was to have decimals of its own");
+        tally.Require(!exercise.Check(quotient).Refusal.empty(), "it is judged all the same", describe);
+        return;
+    }
+    tally.Require(exercise.Grid.RowValue(exercise.Grid.WrittenRows() - 1) == static_cast<double>(paper.LastRow()),
+        "the remainder is another", describe);
+    tallyVerdicts(exercise, quotient, paper, tally);
+}
+
+bool isDrawnWell(const PaperDivision& paper, const DivisionExercise& exercise)
+{
+    const std::string divisor = DigitsOf(paper.Divisor);
+    const std::string dividend = DigitsOf(paper.Dividend);
+    const int digits = exercise.DividendDigits + exercise.DividendDecimals;
+    return static_cast<int>(divisor.size()) == exercise.DivisorDigits && paper.Divisor > 1
+        && static_cast<int>(dividend.size()) == digits + (paper.IsTooLong ? 1 : 0)
+        && (exercise.DividendDecimals == 0 || dividend.back() != '0')
+        && (!paper.IsTooLong || (exercise.DividendDecimals > 0 && paper.Dividend <= PowerOfTenOnPaper(digits) + 8));
+}
+
+} // namespace
+
+void TryDivision(RandomSource& random, Tally& tally)
+{
+    static bool commaShift = false; // one for all, as in the program
+    DivisionExercise exercise(random, commaShift);
+    exercise.DividendDigits = DrawChoice(DivisionExercise::DividendDigitChoices, random);
+    exercise.DividendDecimals = DrawChoice(DivisionExercise::DividendDecimalChoices, random);
+    exercise.DivisorDigits = DrawChoice(DivisionExercise::DivisorDigitChoices, random);
+    exercise.QuotientDecimals = DrawYes(random) ? 0 : DrawChoice(DivisionExercise::QuotientDecimalChoices, random);
+    exercise.ShowSubtractions = DrawYes(random);
+    exercise.GenerateDivision();
+    tally.CountExercise(std::to_string(exercise.DividendDigits) + "," + std::to_string(exercise.DividendDecimals) + ","
+        + std::to_string(exercise.DivisorDigits) + "," + std::to_string(exercise.QuotientDecimals)
+        + (exercise.ShowSubtractions ? " subtracting" : ""));
+
+    const PaperDivision paper(exercise);
+    const auto describe = [&] { return paper.Description(); };
+    tally.Require(isDrawnWell(paper, exercise), "a number has other digits than asked for", describe);
+    tally.Compare("the statement", exercise.Statement(),
+        CommaText(paper.Dividend, paper.Decimals) + " ÷ " + DigitsOf(paper.Divisor), describe);
+    tallySolution(exercise, paper, tally);
+}
+
+} // namespace numbrela::testing

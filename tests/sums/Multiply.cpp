@@ -1,0 +1,186 @@
+#include "tests/sums/Activities.h"
+
+#include "activities/multiply/core/Multiplication.h"
+
+#include "tests/support/Schoolbook.h"
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace numbrela::testing {
+
+namespace {
+
+constexpr double tolerance = 1e-12;
+
+// Below this, no double that a product on paper comes to lies further from the computed one than the tolerance.
+constexpr double fine = 2'048;
+
+// The exercise on paper, in units of the last decimals.
+struct PaperProduct {
+    explicit PaperProduct(const Multiplication& exercise)
+        : Factor1(unitsOf(exercise.Factor1, exercise.Decimals1))
+        , Factor2(unitsOf(exercise.Factor2, exercise.Decimals2))
+        , Product(Factor1 * Factor2)
+        , Decimals(exercise.Decimals1 + exercise.Decimals2)
+        , Text1(CommaText(Factor1, exercise.Decimals1))
+        , Text2(CommaText(Factor2, exercise.Decimals2))
+    {
+    }
+
+    std::string Description() const { return Text1 + " x " + Text2; }
+
+    // What the judge compares with a text, and whether that is near enough.
+    bool IsAccepted(const std::string& text, const Multiplication& exercise) const
+    {
+        return std::fabs(exercise.Factor2 * exercise.Factor1 - NumberAtTheStart(Replaced(text, ',', '.'))) < tolerance;
+    }
+
+    Whole Factor1;
+    Whole Factor2;
+    Whole Product;
+    int Decimals;
+    std::string Text1;
+    std::string Text2;
+
+private:
+    static Whole unitsOf(double factor, int decimals)
+    {
+        return static_cast<Whole>(std::llround(factor * static_cast<double>(PowerOfTenOnPaper(decimals))));
+    }
+};
+
+// Partial rows from the top, each of one digit of the second factor, from its last to its first. With hidden zeros a
+// row is left out when a "0" stands so far from the end of the factor with its comma; the comma counts as one.
+std::vector<std::string> rowsOnPaper(const PaperProduct& paper, bool hideZeros)
+{
+    const std::string digits = Without(paper.Text2, ",");
+    std::vector<std::string> rows;
+    for (std::size_t place = 0; place < digits.size(); ++place) {
+        const char looked = paper.Text2[paper.Text2.size() - 1 - place];
+        if (!hideZeros || (looked != '0' && looked != ',')) {
+            const Whole digit = digits[digits.size() - 1 - place] - '0';
+            rows.push_back(DigitsOf(digit * paper.Factor1) + std::string(place, ' '));
+        }
+    }
+    return rows;
+}
+
+std::string joined(const std::vector<std::string>& rows)
+{
+    std::string text;
+    for (const std::string& row : rows) {
+        text += row + "\n";
+    }
+    return text;
+}
+
+Whole sumOf(const std::vector<std::string>& rows)
+{
+    Whole sum = 0;
+    for (const std::string& row : rows) {
+        Whole number = 0;
+        for (const char cell : row) {
+            number = number * 10 + (cell == ' ' ? 0 : cell - '0');
+        }
+        sum += number;
+    }
+    return sum;
+}
+
+// The rows add up to the product, unless the comma has hidden one that is needed.
+void tallyRows(
+    const std::vector<std::string>& rows, const Multiplication& exercise, const PaperProduct& paper, Tally& tally)
+{
+    const auto describe = [&] { return paper.Description(); };
+    const std::vector<std::string> onPaper = rowsOnPaper(paper, exercise.HideZeros);
+    tally.Compare("the working", joined(rows), joined(onPaper), describe);
+    if (sumOf(rows) == paper.Product) {
+        return;
+    }
+    tally.Note("working without a row that the comma hides");
+    tally.Require(exercise.HideZeros && exercise.Decimals2 > 0, "the rows do not add up", describe);
+}
+
+void tallyAnswers(const std::string& shown, Multiplication& exercise, const PaperProduct& paper, Tally& tally)
+{
+    const auto describe = [&] { return paper.Description(); };
+    const auto accepts = [&](const std::string& text) { return exercise.Judge(text, "").Right; };
+    const bool grouped = paper.Product >= 1000 * PowerOfTenOnPaper(paper.Decimals);
+    tally.CountVerdict("solution", accepts(shown), !grouped,
+        grouped ? "its point between thousands is read as a decimal point" : nullptr, describe);
+
+    const std::string answer = CommaText(paper.Product, paper.Decimals);
+    const bool near = paper.IsAccepted(answer, exercise);
+    tally.Require(near || exercise.Product >= fine, "doubles are fine", describe);
+    tally.CountVerdict("answer on paper", accepts(answer), near,
+        near ? nullptr : "from 2.048 on the tolerance is finer than doubles are", describe);
+
+    const std::string wrong = CommaText(paper.Product + 1, paper.Decimals);
+    const bool same = paper.IsAccepted(wrong, exercise);
+    tally.Require(!same || exercise.Product >= fine, "doubles are fine", describe);
+    tally.CountVerdict("answer one unit off", accepts(wrong), same,
+        same ? "doubles cannot tell it from the product" : nullptr, describe);
+}
+
+void setOptions(Multiplication& exercise, RandomSource& random)
+{
+    exercise.Digits1 = DrawChoice(Multiplication::DigitChoices, random);
+    exercise.Digits2 = DrawChoice(Multiplication::DigitChoices, random);
+    exercise.Decimals1 = DrawChoice(Multiplication::DecimalChoices, random);
+    exercise.Decimals2 = DrawChoice(Multiplication::DecimalChoices, random);
+    exercise.HideZeros = DrawYes(random);
+    std::string tables;
+    if (DrawYes(random)) {
+        for (char table = '1'; table <= '9'; ++table) {
+            tables += DrawYes(random) ? std::string(1, table) : "";
+        }
+    }
+    exercise.ChooseTables(tables);
+}
+
+std::string settingOf(const Multiplication& exercise)
+{
+    return std::to_string(exercise.Digits1) + "," + std::to_string(exercise.Digits2) + ","
+        + std::to_string(exercise.Decimals1) + "," + std::to_string(exercise.Decimals2)
+        + (exercise.HideZeros ? " hidden" : "") + (exercise.AnyDigits ? "" : " tables");
+}
+
+// Free digits never make a power of ten: its last digit is 0, and 1 is left out.
+bool isDrawnWell(Whole factor, int digits, bool fromTables, bool mayEndInZero)
+{
+    const std::string text = DigitsOf(factor);
+    return static_cast<int>(text.size()) == digits && (mayEndInZero || text.back() != '0')
+        && (fromTables || factor > PowerOfTenOnPaper(digits - 1));
+}
+
+} // namespace
+
+void TryMultiplication(RandomSource& random, Tally& tally)
+{
+    Multiplication exercise(random);
+    setOptions(exercise, random);
+    exercise.NewMultiplication();
+    tally.CountExercise(settingOf(exercise));
+
+    const PaperProduct paper(exercise);
+    const auto describe = [&] { return paper.Description(); };
+    const bool endInZero = !exercise.AnyDigits && exercise.Decimals2 == 0;
+    tally.Require(isDrawnWell(paper.Factor1, exercise.Digits1 + exercise.Decimals1, false, false)
+            && isDrawnWell(paper.Factor2, exercise.Digits2 + exercise.Decimals2, !exercise.AnyDigits, endInZero),
+        "a factor has other digits than asked for", describe);
+    tally.Require(exercise.AnyDigits
+            || DigitsOf(paper.Factor2).find_first_not_of("0" + exercise.SelectedTables) == std::string::npos,
+        "a digit is of no chosen table", describe);
+    tally.Compare("the first factor", exercise.Factor1Text(), paper.Text1, describe);
+    tally.Compare("the second factor", exercise.Factor2Text(), paper.Text2, describe);
+
+    const Multiplication::WorkedSolution solution = exercise.ShowSolution();
+    tally.Compare(
+        "the solution", solution.Result, GroupedInThousands(CommaText(paper.Product, paper.Decimals)), describe);
+    tallyRows(solution.Rows, exercise, paper, tally);
+    tallyAnswers(solution.Result, exercise, paper, tally);
+}
+
+} // namespace numbrela::testing

@@ -1,0 +1,131 @@
+#include "tests/sums/Activities.h"
+
+#include "activities/placeadd/core/PlaceAndAdd.h"
+#include "common/core/RunTimeError.h"
+
+#include "tests/support/KindThrownBy.h"
+#include "tests/support/Schoolbook.h"
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace numbrela::testing {
+
+namespace {
+
+constexpr int mostDecimals = 4;
+constexpr double unit = 1e4;
+
+// The addends in units of the fourth decimal, added up on paper, and their sum as singles have it.
+struct PaperSum {
+    explicit PaperSum(const PlaceAndAdd& exercise)
+    {
+        for (int index = 0; index < exercise.AddendCount; ++index) {
+            const float addend = exercise.Addends.at(static_cast<std::size_t>(index));
+            Addends.push_back(unitsOf(addend));
+            AreSingles = AreSingles && addend == static_cast<float>(static_cast<double>(Addends.back()) / unit);
+            Sum += Addends.back();
+            SingleSum += addend;
+        }
+    }
+
+    static std::string TextOf(Whole units) { return WithoutLastZeros(CommaText(units, mostDecimals)); }
+
+    std::string Line() const
+    {
+        std::string line;
+        for (const Whole addend : Addends) {
+            line += (line.empty() ? "" : " + ") + TextOf(addend);
+        }
+        return line;
+    }
+
+    // Only the whole part of an answer is read.
+    bool IsAccepted(const std::string& text) const
+    {
+        return static_cast<float>(NumberAtTheStart(text.substr(0, text.find(',')))) == SingleSum;
+    }
+
+    bool IsWhole() const { return Sum % PowerOfTenOnPaper(mostDecimals) == 0; }
+
+    std::vector<Whole> Addends;
+    Whole Sum = 0;
+    float SingleSum = 0;
+    bool AreSingles = true; // the addends of the exercise are the singles that are written so
+
+private:
+    // An addend is drawn with five digits at most; what a single has behind them is its own.
+    static Whole unitsOf(float addend)
+    {
+        const std::string text = RoundedText(static_cast<double>(addend), 5);
+        return static_cast<Whole>(std::llround(NumberAtTheStart(Replaced(text, ',', '.')) * unit));
+    }
+};
+
+// Why an answer is not judged as the whole numbers among the sums are right and the others wrong.
+const char* causeFor(const PaperSum& paper, bool accepted)
+{
+    if (accepted) {
+        return paper.IsWhole() ? nullptr : "singles lose its decimals";
+    }
+    return paper.IsWhole() ? "singles miss the whole sum" : "only the whole part of an answer is read";
+}
+
+void tallySolution(const PlaceAndAdd& exercise, const PaperSum& paper, Tally& tally)
+{
+    const auto describe = [&] { return paper.Line(); };
+    const std::string shown = RoundedText(static_cast<double>(paper.SingleSum), 7);
+    const bool fits = std::min(shown.find(','), shown.size()) <= 4;
+    PlaceAndAdd::Placement placement;
+    const auto kind = KindThrownBy([&] { placement = exercise.Solution(); });
+    if (!fits) {
+        tally.Note("no solution: the sum has more than four integer digits");
+        tally.Require(kind == RunTimeError::Kind::InvalidArgument, "there is a solution all the same", describe);
+        return;
+    }
+    tally.Require(!kind, "there is no solution", describe);
+    if (shown != PaperSum::TextOf(paper.Sum)) {
+        tally.Note("solution shown with what singles are off by");
+    }
+    const auto inColumns
+        = [](const std::string& text) { return std::string(4 - std::min(text.find(','), text.size()), ' ') + text; };
+    tally.Compare("the sum", placement.Sum, inColumns(shown), describe);
+    for (std::size_t index = 0; index < placement.Addends.size(); ++index) {
+        tally.Compare(
+            "an addend", placement.Addends[index], inColumns(PaperSum::TextOf(paper.Addends.at(index))), describe);
+    }
+    const bool accepted = paper.IsAccepted(shown);
+    tally.CountVerdict("solution", exercise.Verdict(placement.Sum, "") == "Resultado correcto ", accepted,
+        causeFor(paper, accepted), describe);
+}
+
+} // namespace
+
+void TryPlaceAndAdd(RandomSource& random, Tally& tally)
+{
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = DrawChoice(PlaceAndAdd::AddendCountChoices, random);
+    exercise.MaxDigits = DrawChoice(PlaceAndAdd::MaxDigitsChoices, random);
+    exercise.NewPlaceAndAdd();
+    tally.CountExercise(std::to_string(exercise.AddendCount) + "," + std::to_string(exercise.MaxDigits));
+
+    const PaperSum paper(exercise);
+    const auto describe = [&] { return paper.Line(); };
+    tally.Require(paper.AreSingles, "an addend is not the single that is written so", describe);
+    tally.Require(exercise.AddendSum == paper.SingleSum, "the singles are added up otherwise", describe);
+    tally.Compare("the line", exercise.DataLine(), paper.Line(), describe);
+
+    const bool accepted = paper.IsAccepted(PaperSum::TextOf(paper.Sum));
+    const auto verdict = [&](Whole sum) { return exercise.Verdict(PaperSum::TextOf(sum), ""); };
+    tally.CountVerdict(
+        "answer on paper", verdict(paper.Sum) == "Resultado correcto ", accepted, causeFor(paper, accepted), describe);
+    const Whole wrong = paper.Sum + PowerOfTenOnPaper(mostDecimals);
+    const bool same = paper.IsAccepted(PaperSum::TextOf(wrong));
+    tally.Require(!same || !paper.IsWhole(), "singles cannot tell one more", describe);
+    tally.CountVerdict("answer greater by one", verdict(wrong) == "Resultado correcto ", same,
+        same ? "singles round the sum up to its whole part" : nullptr, describe);
+    tallySolution(exercise, paper, tally);
+}
+
+} // namespace numbrela::testing
