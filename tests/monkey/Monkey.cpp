@@ -45,8 +45,8 @@ void write(std::array<char, Size>& place, const std::string& text)
 
 QString nameOf(const QWidget& widget)
 {
-    const QString name = widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className())
-                                                       : widget.objectName();
+    const QString name
+        = widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className()) : widget.objectName();
     return widget.isWindow() ? name : nameOf(*widget.window()) + u'/' + name;
 }
 
@@ -107,7 +107,7 @@ bool Monkey::Run()
         }
         if (!finished_) {
             program_.StartAgain(); // the menu has been closed
-            expectNothingLeft();
+            closeAll();
         }
     }
     return true;
@@ -126,9 +126,28 @@ void Monkey::timerEvent(QTimerEvent* /*event*/)
     Program::Settle();
     if (progress_.Event < order_.Events) {
         step();
+        drawBreath();
     } else {
         windDown();
     }
+}
+
+// Between two events there is mostly time enough for what takes a moment, such as a button that an access key presses.
+void Monkey::drawBreath()
+{
+    constexpr int mostly = 80; // times out of a hundred
+    constexpr int moment = 100; // milliseconds
+    if (chance_.Percent(mostly)) {
+        letTimersFire(moment);
+    }
+}
+
+void Monkey::letTimersFire(int longest)
+{
+    for (QWidget* window : Program::Windows()) {
+        timers_.LetFire(*window, longest);
+    }
+    Program::Settle();
 }
 
 void Monkey::windDown()
@@ -140,8 +159,7 @@ void Monkey::windDown()
     } else if (busyLevel_ > 1) {
         hands_.Press(KeyFor(u'\x1b')); // something is being dragged
     } else {
-        program_.CloseAll();
-        expectNothingLeft();
+        closeAll();
         finished_ = true;
         QApplication::exit(EXIT_SUCCESS);
     }
@@ -265,11 +283,18 @@ void Monkey::step()
 void Monkey::reopen()
 {
     say(QStringLiteral("close everything and come back"));
-    program_.CloseAll();
-    expectNothingLeft();
+    closeAll();
     program_.Time = timeOf(chance_);
     ++progress_.Openings;
     program_.Open(order_.Window);
+}
+
+// What is on its way, such as a window that an access key of the menu's opens, comes first.
+void Monkey::closeAll()
+{
+    letTimersFire();
+    program_.CloseAll();
+    expectNothingLeft();
 }
 
 // The menu stays, and so does the dialog of the times tables, which is only hidden.
@@ -280,8 +305,6 @@ Census Monkey::alive()
 
 void Monkey::expectNothingLeft()
 {
-    timers_.LetFire(program_.Menu());
-    Program::Settle();
     if (const std::string left = Growth(atFirst_, alive()); !left.empty()) {
         std::fprintf(stderr, "left behind when every window but the menu has been closed: %s\n", left.c_str());
         std::abort();
@@ -533,10 +556,7 @@ void Monkey::letTimePass()
 {
     constexpr int most = 5;
     for (int times = chance_.Below(most); times >= 0; --times) {
-        for (QWidget* window : Program::Windows()) {
-            timers_.LetFire(*window);
-            Program::Settle();
-        }
+        letTimersFire();
     }
 }
 

@@ -36,7 +36,10 @@ private:
     };
 
     void step();
+    void drawBreath();
+    void letTimersFire(int longest = std::numeric_limits<int>::max());
     void windDown();
+    void closeAll();
     void reopen();
     Census alive();
     void expectNothingLeft();

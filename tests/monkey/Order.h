@@ -2,8 +2,8 @@
 
 #include "tests/program/Program.h"
 
-#include <atomic>
 #include <array>
+#include <atomic>
 #include <cstdint>
 
 namespace numbrela::testing {

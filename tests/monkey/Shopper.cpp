@@ -20,8 +20,7 @@ void click(QWidget& button, Hands& hands)
 const ShoppingItem* nextWanted(const Form7& form)
 {
     const std::vector<ShoppingItem>& list = form.Task().ShoppingList;
-    const auto wanted
-        = std::find_if(list.begin(), list.end(), [](const ShoppingItem& item) { return item.Units > 0; });
+    const auto wanted = std::find_if(list.begin(), list.end(), [](const ShoppingItem& item) { return item.Units > 0; });
     return wanted == list.end() ? nullptr : &*wanted;
 }
 
@@ -32,9 +31,8 @@ void walk(const Form7& form, Hands& hands, Chance& chance)
         click(*form.CBVolver, hands);
         return;
     }
-    const auto shop = std::find_if(form.CBTienda.begin(), form.CBTienda.end(), [wanted](const CommandButton* button) {
-        return button->text().toStdString() == wanted->Tienda.Trimmed();
-    });
+    const auto shop = std::find_if(form.CBTienda.begin(), form.CBTienda.end(),
+        [wanted](const CommandButton* button) { return button->text().toStdString() == wanted->Tienda.Trimmed(); });
     click(shop == form.CBTienda.end() ? *chance.OneOf(form.CBTienda) : **shop, hands);
 }
 

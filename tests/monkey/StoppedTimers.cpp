@@ -13,11 +13,11 @@ namespace numbrela::testing {
 
 namespace {
 
-std::vector<int> timersOf(QObject* owner)
+std::vector<int> timersOf(QObject* owner, int longest = std::numeric_limits<int>::max())
 {
     std::vector<int> timers;
     for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(owner)) {
-        if (timer.interval > 0) {
+        if (timer.interval > 0 && timer.interval <= longest) {
             timers.push_back(timer.timerId);
         }
     }
@@ -31,14 +31,14 @@ StoppedTimers::StoppedTimers()
     qApp->installEventFilter(this);
 }
 
-void StoppedTimers::LetFire(QObject& window)
+void StoppedTimers::LetFire(QObject& window, int longest)
 {
     std::vector<QPointer<QObject>> owners { &window };
     for (QObject* object : window.findChildren<QObject*>()) {
         owners.emplace_back(object);
     }
     for (const QPointer<QObject>& owner : owners) {
-        for (const int timer : owner != nullptr ? timersOf(owner) : std::vector<int>()) {
+        for (const int timer : owner != nullptr ? timersOf(owner, longest) : std::vector<int>()) {
             if (owner != nullptr) {
                 allowed_ = timer;
                 QTimerEvent event(timer);

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include <limits>
+
 namespace numbrela::testing {
 
 // Keeps the time of day out of a run: a timer fires when the monkey says so and not before. Timers without an interval,
@@ -10,8 +12,9 @@ class StoppedTimers : public QObject {
 public:
     StoppedTimers();
 
-    // Lets every timer of a window's, and of what is in it, fire once.
-    void LetFire(QObject& window);
+    // Lets every timer of a window's, and of what is in it, fire once; of those with an interval up to `longest`
+    // milliseconds.
+    void LetFire(QObject& window, int longest = std::numeric_limits<int>::max());
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 

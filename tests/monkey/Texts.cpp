@@ -50,7 +50,8 @@ const std::vector<Key> commandKeys {
     { 0 },
 };
 
-constexpr const char16_t* writtenCharacters = u"0123456789,,,..abcdefghijklmnopqrstuvwxyzABCÑñçáéíóúü€ºª+-*/=:;()%&$#@!¿?¡'\"";
+constexpr const char16_t* writtenCharacters
+    = u"0123456789,,,..abcdefghijklmnopqrstuvwxyzABCÑñçáéíóúü€ºª+-*/=:;()%&$#@!¿?¡'\"";
 
 const QStringList wildTexts {
     QString(),

@@ -23,7 +23,8 @@ Key KeyFor(QChar character);
 // What a pupil may write for a number: "7", "12,5", "0,25".
 QString SensibleNumber(Chance& chance);
 
-// What nobody should write, and somebody will: nothing, letters, huge numbers, exponents, signs, a text that never ends.
+// What nobody should write, and somebody will: nothing, letters, huge numbers, exponents, signs, a text that never
+// ends.
 QString WildText(Chance& chance);
 
 } // namespace numbrela::testing
