@@ -2,6 +2,7 @@
 #include "tests/monkey/Keeper.h"
 #include "tests/monkey/Monkey.h"
 #include "tests/program/Installation.h"
+#include "tests/program/Warnings.h"
 #include "tests/support/Harness.h"
 
 #include <QHashSeed>
@@ -11,24 +12,9 @@
 #include <cstdlib>
 #include <string>
 
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/common_interface_defs.h>
-#endif
-
 using namespace numbrela::testing;
 
 namespace {
-
-void endByWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
-{
-    if (IsNews(type, message)) {
-        std::fprintf(stderr, "the toolkit warns: %s\n", qUtf8Printable(message));
-#if defined(__SANITIZE_ADDRESS__)
-        __sanitizer_print_stack_trace();
-#endif
-        std::abort();
-    }
-}
 
 // What the toolkit would otherwise make different from run to run.
 void leaveNothingToChance()
@@ -48,7 +34,7 @@ bool play(const Order& order, Progress& progress)
     std::string name = "numbrela_monkey";
     std::array<char*, 2> argv { name.data(), nullptr };
     numbrela::Application application(argc, argv.data());
-    qInstallMessageHandler(endByWarning);
+    AbortOnWarnings();
     leaveNothingToChance();
     return Monkey(order, progress).Run();
 }

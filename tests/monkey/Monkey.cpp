@@ -26,6 +26,8 @@ namespace numbrela::testing {
 
 namespace {
 
+constexpr int secondsOfADay = 24 * 60 * 60;
+
 constexpr std::array<Qt::KeyboardModifiers, 7> modifiers {
     Qt::ShiftModifier,
     Qt::ControlModifier,
@@ -78,14 +80,6 @@ std::vector<QAction*> menuItemsOf(const QWidget& window)
         }
     }
     return items;
-}
-
-FixedClock timeOf(Chance& chance)
-{
-    const int hour = chance.Below(24);
-    const int minute = chance.Below(60);
-    const int second = chance.Below(60);
-    return FixedClock({ hour, minute, second, hour * 3600.0 + minute * 60 + second });
 }
 
 } // namespace
@@ -147,6 +141,7 @@ void Monkey::letTimersFire(int longest)
     for (QWidget* window : Program::Windows()) {
         timers_.LetFire(*window, longest);
     }
+    timers_.LetFire(*qApp, longest); // tool tips
     Program::Settle();
 }
 
@@ -284,7 +279,7 @@ void Monkey::reopen()
 {
     say(QStringLiteral("close everything and come back"));
     closeAll();
-    program_.Time = timeOf(chance_);
+    program_.SetTime(chance_.Below(secondsOfADay));
     ++progress_.Openings;
     program_.Open(order_.Window);
 }

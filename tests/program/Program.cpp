@@ -13,10 +13,15 @@ Program::Program()
     StartAgain();
 }
 
+void Program::SetTime(int seconds)
+{
+    clock_.Time = { seconds / 3600, seconds / 60 % 60, seconds % 60, static_cast<double>(seconds) };
+}
+
 void Program::StartAgain()
 {
     menu_.reset();
-    menu_ = std::make_unique<Form1>(Time);
+    menu_ = std::make_unique<Form1>(clock_);
     menu_->show();
     menu_->activateWindow();
     Settle();

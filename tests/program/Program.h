@@ -40,7 +40,8 @@ class Program {
 public:
     Program();
 
-    FixedClock Time;
+    // Sets the clock, by the seconds since midnight.
+    void SetTime(int seconds);
 
     Form1& Menu() { return *menu_; }
 
@@ -63,6 +64,7 @@ public:
     static void Settle();
 
 private:
+    FixedClock clock_;
     std::unique_ptr<Form1> menu_;
 };
 
