@@ -52,7 +52,7 @@ constexpr std::string_view farewell = "\n\nEl programa se va a cerrar.";
 
 std::string ProgramEnd::Cause() const
 {
-    static const std::regex quoted("«[^»]*»");
+    static const std::regex quoted("«[^»]*(»|$)");
     static const std::regex number("-?[0-9][0-9.,]*");
     // A typed text may be very long, and the rest of the sentence is what tells the cause.
     const std::string withoutTexts = std::regex_replace(Detail.substr(0, 300), quoted, "«…»");

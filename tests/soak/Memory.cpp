@@ -1,5 +1,7 @@
 #include "tests/soak/Memory.h"
 
+#include <QPixmapCache>
+
 #include <malloc.h>
 #include <unistd.h>
 
@@ -10,6 +12,7 @@ namespace numbrela::testing {
 
 long ResidentMemory()
 {
+    QPixmapCache::clear();
     ::malloc_trim(0);
     std::ifstream statm("/proc/self/statm");
     long total = 0;
