@@ -3,12 +3,14 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QTimer>
+#include <QTimerEvent>
 #include <QWidget>
 
 #include <algorithm>
 #include <mutex>
 #include <stdexcept>
 #include <unordered_set>
+#include <utility>
 
 // The toolkit's hooks for tools that look into a running program: it calls the functions that are put there for each
 // object that is made and destroyed. No header declares them; the places in the table are the same in all of Qt 6.
@@ -66,21 +68,31 @@ bool isGround(const QObject& object)
     return widget != nullptr && widget->windowType() == Qt::Desktop;
 }
 
-// The toolkit's caches of fonts and pictures, which are nobody's children, empty themselves now and then, and its
-// application object waits with the tool tip of what is under the pointer.
-bool isTheToolkitsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
+QList<QAbstractEventDispatcher::TimerInfo> timersOf(const QObject& owner)
 {
-    constexpr int shortestOfCaches = 10000; // milliseconds
-    const bool isCache = owner.parent() == nullptr && !owner.isWidgetType() && timer.interval >= shortestOfCaches;
-    return isCache || &owner == QCoreApplication::instance();
+    // It is only asked, but the dispatcher wants it so.
+    return QAbstractEventDispatcher::instance()->registeredTimers(const_cast<QObject*>(&owner));
 }
 
-template <typename Count>
-void countEach(Count count)
+// The toolkit's caches of fonts and pictures, which are nobody's children, tidy up now and then.
+bool isOfACache(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
+{
+    constexpr int shortestOfCaches = 10000; // milliseconds
+    return owner.parent() == nullptr && !owner.isWidgetType() && timer.interval >= shortestOfCaches;
+}
+
+// Besides, its application object waits with the tool tip of what is under the pointer.
+bool isTheToolkitsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
+{
+    return isOfACache(timer, owner) || &owner == QCoreApplication::instance();
+}
+
+template <typename Look>
+void lookAtEach(Look look)
 {
     const std::lock_guard guard(registry().Lock);
     for (const QObject* object : registry().Objects) {
-        count(*object);
+        look(*object);
     }
 }
 
@@ -118,28 +130,43 @@ LiveObjects::~LiveObjects()
 Census LiveObjects::Everything()
 {
     Census census;
-    countEach([&census](const QObject& object) { ++census[nameOf(object)]; });
+    lookAtEach([&census](const QObject& object) { ++census[nameOf(object)]; });
     return census;
 }
 
 Census LiveObjects::WindowsAndTimers(const std::vector<const QObject*>& kept)
 {
     Census census;
-    countEach([&census, &kept](const QObject& object) {
+    lookAtEach([&census, &kept](const QObject& object) {
         if (isWithin(&object, kept) || isGround(object)) {
             return;
         }
         if (object.isWidgetType() || qobject_cast<const QTimer*>(&object) != nullptr) {
             ++census[nameOf(object)];
         }
-        auto* owner = const_cast<QObject*>(&object); // it is only asked, but the dispatcher wants it so
-        for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(owner)) {
+        for (const auto& timer : timersOf(object)) {
             if (!isTheToolkitsOwn(timer, object)) {
                 ++census["a timer of " + std::to_string(timer.interval) + " ms of " + nameOf(object)];
             }
         }
     });
     return census;
+}
+
+void LiveObjects::LetCachesTidyUp()
+{
+    std::vector<std::pair<const QObject*, int>> due;
+    lookAtEach([&due](const QObject& object) {
+        for (const auto& timer : timersOf(object)) {
+            if (isOfACache(timer, object)) {
+                due.emplace_back(&object, timer.timerId);
+            }
+        }
+    });
+    for (const auto& [cache, timer] : due) {
+        QTimerEvent event(timer);
+        QCoreApplication::sendEvent(const_cast<QObject*>(cache), &event);
+    }
 }
 
 } // namespace numbrela::testing
