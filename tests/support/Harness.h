@@ -20,6 +20,10 @@ private:
     QTemporaryDir runtimeDirectory_;
 };
 
+// Whether what the toolkit says is a warning, and about more than what a platform without a display cannot do and
+// nothing depends on.
+bool IsNews(QtMsgType type, const QString& message);
+
 // Runs all tests of the program under this application. A warning of the toolkit, a run-time error that no test asked
 // for, and a box that a test expected in vain each fail the test that was running.
 int RunTests(QApplication& application, int argc, char** argv);

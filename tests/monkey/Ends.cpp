@@ -1,0 +1,80 @@
+#include "tests/monkey/Ends.h"
+
+#include <algorithm>
+#include <array>
+#include <regex>
+#include <string_view>
+
+namespace numbrela::testing {
+
+namespace {
+
+struct KnownEnd {
+    std::string_view Window;
+    std::string_view Kind;
+    std::string_view Detail; // part of it
+};
+
+constexpr std::string_view overflow = "Desbordamiento";
+constexpr std::string_view invalidArgument = "Argumento no válido";
+constexpr std::string_view typeMismatch = "El tipo de dato no coincide";
+
+// Where the program has no answer to an error and is meant to end. Everything else that ends it is a defect.
+constexpr std::array<KnownEnd, 14> knownEnds { {
+    // The score has three places for each count: the thousandth check of a visit.
+    { "Form2", invalidArgument, "no cabe en 3 caracteres" },
+    { "Form3", invalidArgument, "no cabe en 3 caracteres" },
+    // Two typed operands that a number can hold each, but not their sum or difference: the entry says so and keeps the
+    // operand; checking or solving the exercise is what cannot be done.
+    { "Form2", overflow, "La suma de los datos introducidos" },
+    { "Form3", overflow, "La diferencia de los datos introducidos" },
+    // An answer longer than a 16-bit counter can count through.
+    { "Form2", overflow, "no cabe en un contador de 16 bits" },
+    { "Form3", overflow, "no cabe en un contador de 16 bits" },
+    // Hits and errors are 16-bit counters.
+    { "Form6", overflow, "no cabe en un contador de 16 bits" },
+    // A typed factor is converted, and the result worked out, without a message of the window's own.
+    { "FrmUnidad", typeMismatch, "no es un número que sirva de factor" },
+    { "FrmUnidad", overflow, "El número escrito es demasiado grande" },
+    { "FrmUnidad", overflow, "El resultado de la operación es demasiado grande" },
+    { "FrmUnidad", invalidArgument, "No se puede dividir entre 0" },
+    // A price of 1000 and more has no room in the column; more than 114 prices make it higher than a 16-bit height.
+    { "Form7", invalidArgument, "no cabe en 6 caracteres" },
+    { "Form7", overflow, "no cabe en un contador de 16 bits" },
+    // More than 32767 products.
+    { "Form7", overflow, "productos" },
+} };
+
+constexpr std::string_view paragraph = "\n\n";
+constexpr std::string_view farewell = "\n\nEl programa se va a cerrar.";
+
+} // namespace
+
+std::string ProgramEnd::Cause() const
+{
+    static const std::regex quoted("«[^»]*(»|$)");
+    static const std::regex number("-?[0-9][0-9.,]*");
+    // A typed text may be very long, and the rest of the sentence is what tells the cause.
+    const std::string withoutTexts = std::regex_replace(Detail.substr(0, 300), quoted, "«…»");
+    return Kind + ": " + std::regex_replace(withoutTexts, number, "#");
+}
+
+bool ProgramEnd::IsByDesign() const
+{
+    return std::any_of(knownEnds.begin(), knownEnds.end(), [this](const KnownEnd& known) {
+        return known.Window == Window && known.Kind == Kind && Detail.find(known.Detail) != std::string::npos;
+    });
+}
+
+ProgramEnd EndToldIn(const std::string& boxText)
+{
+    const std::size_t kindEnd = boxText.find("." + std::string(paragraph));
+    const std::size_t farewellBegin = boxText.rfind(farewell);
+    if (kindEnd == std::string::npos || farewellBegin == std::string::npos) {
+        return {};
+    }
+    const std::size_t detailBegin = kindEnd + 1 + paragraph.size();
+    return { {}, boxText.substr(0, kindEnd), boxText.substr(detailBegin, farewellBegin - detailBegin) };
+}
+
+} // namespace numbrela::testing

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tests/monkey/Texts.h"
+
+#include <QPoint>
+#include <QPointer>
+#include <QWindow>
+
+#include <vector>
+
+class QWidget;
+
+namespace numbrela::testing {
+
+// A keyboard and a mouse, whose events go the way of real ones: to the window that has the focus, to the window under
+// the pointer, wherever the toolkit sends them from there. Keys may stay down while others are pressed.
+class Hands {
+public:
+    void Press(const Key& key, Qt::KeyboardModifiers with = Qt::NoModifier);
+    void Hold(const Key& key); // presses it and lets it down
+    void RepeatHeld(); // what the keyboard sends for the key held last
+    void LetGo(); // releases the key held first
+    void Type(const QString& text);
+    void Paste(const QString& text);
+
+    void Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers with = Qt::NoModifier);
+    void DoubleClick(QWidget& widget, QPoint place);
+    void Drag(QWidget& widget, QPoint from, QPoint to);
+    void MoveTo(QWidget& widget, QPoint place);
+    void Wheel(QWidget& widget, QPoint place, QPoint turn); // turn: eighths of a degree
+
+    // The window whose turn it is: an open menu, a modal box or window, or else the one that is in front.
+    static QWidget* Front();
+
+private:
+    void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false);
+    void sendModifiers(bool down, Qt::KeyboardModifiers with);
+
+    std::vector<Key> held_;
+};
+
+} // namespace numbrela::testing

@@ -1,0 +1,87 @@
+#include "app/Application.h"
+#include "tests/monkey/Keeper.h"
+#include "tests/monkey/Monkey.h"
+#include "tests/program/Installation.h"
+#include "tests/program/Warnings.h"
+#include "tests/support/Harness.h"
+
+#include <QHashSeed>
+#include <QStyleHints>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+using namespace numbrela::testing;
+
+namespace {
+
+// What the toolkit would otherwise make different from run to run.
+void leaveNothingToChance()
+{
+    QHashSeed::setDeterministicGlobalSeed();
+    QApplication::setCursorFlashTime(0);
+    QApplication::setEffectEnabled(Qt::UI_General, false);
+    QGuiApplication::styleHints()->setKeyboardInputInterval(-1); // each letter begins the search in a list again
+}
+
+bool play(const Order& order, Progress& progress)
+{
+    qputenv("QT_NO_GLIB", "1"); // whose event loop sorts what is due in its own way
+    const HeadlessEnvironment environment;
+    const LiveObjects objects;
+    int argc = 1;
+    std::string name = "numbrela_monkey";
+    std::array<char*, 2> argv { name.data(), nullptr };
+    numbrela::Application application(argc, argv.data());
+    AbortOnWarnings();
+    leaveNothingToChance();
+    return Monkey(order, progress).Run();
+}
+
+int usage()
+{
+    std::fprintf(stderr, "usage: numbrela_monkey [--seed N] [--events N] [--window NAME] [--log]\n");
+    return 2;
+}
+
+// Plays with each window, or the one that is named.
+int run(int argc, char** argv)
+{
+    Order order;
+    std::string window;
+    for (int i = 1; i < argc; ++i) {
+        const std::string option = argv[i];
+        if (option == "--log") {
+            order.Log = true;
+        } else if (i + 1 == argc) {
+            return usage();
+        } else if (option == "--seed") {
+            order.Seed = std::strtoull(argv[++i], nullptr, 10);
+        } else if (option == "--events") {
+            order.Events = std::strtoll(argv[++i], nullptr, 10);
+        } else if (option == "--window") {
+            window = argv[++i];
+        } else {
+            return usage();
+        }
+    }
+    std::printf("seed %llu\n", static_cast<unsigned long long>(order.Seed));
+    int played = 0;
+    bool good = true;
+    for (const Route& route : routes) {
+        if (window.empty() || window == route.Window) {
+            order.Window = route;
+            good = Keeper(order, play).Run() && good;
+            ++played;
+        }
+    }
+    return played == 0 ? usage() : good ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return RunInstalled(argc, argv, &run);
+}

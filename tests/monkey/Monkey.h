@@ -1,0 +1,98 @@
+#pragma once
+
+#include "tests/monkey/Hands.h"
+#include "tests/monkey/Order.h"
+#include "tests/monkey/StoppedTimers.h"
+#include "tests/program/LiveObjects.h"
+#include "tests/program/Program.h"
+
+#include <QObject>
+
+#include <optional>
+#include <string>
+
+class QDialog;
+
+namespace numbrela::testing {
+
+// Plays with one window of the program as a monkey would: presses, types, clicks, drags, answers and closes whatever is
+// in front, opens the window again when it is gone, and sees to it that nothing of it is left behind. It goes on while
+// a box is open, because it acts whenever the event loop, whichever, has nothing to do.
+class Monkey : public QObject {
+public:
+    Monkey(const Order& order, Progress& progress);
+
+    // Whether all events have happened; otherwise a run-time error has ended the program.
+    bool Run();
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    struct Act {
+        int Weight;
+        const char* Name;
+        void (Monkey::*Do)();
+    };
+
+    void step();
+    void drawBreath();
+    void letTimersFire(int longest = std::numeric_limits<int>::max());
+    void windDown();
+    void closeAll();
+    void reopen();
+    Census alive();
+    void expectNothingLeft();
+    void noteEnd();
+    template <typename Acts>
+    void doOneOf(const Acts& acts);
+    void say(const QString& what) const;
+    bool isWantedThere() const;
+    QWidget* anyControl();
+    QPoint anyPlaceIn(const QWidget& widget);
+    template <typename Box>
+    Box* frontBox() const;
+
+    void pressKey();
+    void pressNavigationKey();
+    void pressAccessKey();
+    void typeNumber();
+    void typeWildly();
+    void paste();
+    void holdKey();
+    void repeatKey();
+    void letGoOfKey();
+    void clickControl();
+    void clickAnywhere();
+    void clickWithAnotherButton();
+    void doubleClick();
+    void drag();
+    void hover();
+    void turnWheel();
+    void chooseMenuItem();
+    void openMenu();
+    void clickMenuItem();
+    void resizeWindow();
+    void changeWindowState();
+    void closeWindow();
+    void goToAnotherWindow();
+    void letTimePass();
+    void shop();
+    void listen();
+    void answerSensibly();
+    void answerWildly();
+    void pressBoxButton();
+
+    const Order order_;
+    Progress& progress_;
+    Chance chance_;
+    StoppedTimers timers_;
+    Program program_;
+    Hands hands_;
+    int beat_; // the timer that is due when an event loop has nothing else to do
+    const Census atFirst_;
+    bool finished_ = false;
+    int busyLevel_ = 0; // the innermost event loop in which an event is happening
+};
+
+} // namespace numbrela::testing

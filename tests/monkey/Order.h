@@ -1,0 +1,29 @@
+#pragma once
+
+#include "tests/program/Program.h"
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+
+namespace numbrela::testing {
+
+// What the monkey is to do: so many events, all drawn from one seed, with one window.
+struct Order {
+    std::uint64_t Seed = 1;
+    std::int64_t Events = 2000;
+    Route Window;
+    bool Log = false;
+};
+
+// How far it has come. It lies in memory that the monkey's process shares with the one that watches it, so that it is
+// known also when the monkey's has crashed.
+struct Progress {
+    std::atomic<std::int64_t> Event; // number of the present event, from 1 on
+    std::atomic<int> Openings; // of the window
+    std::array<char, 64> EndWindow; // how the program ended, when it did: see ProgramEnd
+    std::array<char, 64> EndKind;
+    std::array<char, 512> EndDetail;
+};
+
+} // namespace numbrela::testing

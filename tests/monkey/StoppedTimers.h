@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+
+#include <limits>
+
+namespace numbrela::testing {
+
+// Keeps the time of day out of a run: a timer fires when the monkey says so and not before. Timers without an interval,
+// which only put something off until the present event is done with, fire as ever.
+class StoppedTimers : public QObject {
+public:
+    StoppedTimers();
+
+    // Lets every timer of a window's, and of what is in it, fire once; of those with an interval up to `longest`
+    // milliseconds.
+    void LetFire(QObject& window, int longest = std::numeric_limits<int>::max());
+
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    int allowed_ = 0; // the one timer that may fire once; no timer has the number 0
+};
+
+} // namespace numbrela::testing

@@ -1,0 +1,172 @@
+#include "tests/program/LiveObjects.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QTimer>
+#include <QTimerEvent>
+#include <QWidget>
+
+#include <algorithm>
+#include <mutex>
+#include <stdexcept>
+#include <unordered_set>
+#include <utility>
+
+// The toolkit's hooks for tools that look into a running program: it calls the functions that are put there for each
+// object that is made and destroyed. No header declares them; the places in the table are the same in all of Qt 6.
+extern Q_CORE_EXPORT quintptr qtHookData[];
+
+namespace numbrela::testing {
+
+namespace {
+
+constexpr int addObjectHook = 3;
+constexpr int removeObjectHook = 4;
+
+struct Registry {
+    std::mutex Lock; // the toolkit may have threads of its own
+    std::unordered_set<const QObject*> Objects;
+};
+
+Registry& registry()
+{
+    static Registry theRegistry;
+    return theRegistry;
+}
+
+void add(QObject* object)
+{
+    const std::lock_guard guard(registry().Lock);
+    registry().Objects.insert(object);
+}
+
+void remove(QObject* object)
+{
+    const std::lock_guard guard(registry().Lock);
+    registry().Objects.erase(object);
+}
+
+std::string nameOf(const QObject& object)
+{
+    const std::string type = object.metaObject()->className();
+    std::string own = object.objectName().isEmpty() ? type : type + "(" + object.objectName().toStdString() + ")";
+    return object.parent() == nullptr ? own : own + " of " + nameOf(*object.parent());
+}
+
+bool isWithin(const QObject* object, const std::vector<const QObject*>& roots)
+{
+    while (object != nullptr && std::find(roots.begin(), roots.end(), object) == roots.end()) {
+        object = object->parent();
+    }
+    return object != nullptr;
+}
+
+// The ground of the screen is a widget too, made when it is first asked for.
+bool isGround(const QObject& object)
+{
+    const auto* widget = qobject_cast<const QWidget*>(&object);
+    return widget != nullptr && widget->windowType() == Qt::Desktop;
+}
+
+QList<QAbstractEventDispatcher::TimerInfo> timersOf(const QObject& owner)
+{
+    // It is only asked, but the dispatcher wants it so.
+    return QAbstractEventDispatcher::instance()->registeredTimers(const_cast<QObject*>(&owner));
+}
+
+// The toolkit's caches of fonts and pictures, which are nobody's children, tidy up now and then.
+bool isOfACache(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
+{
+    constexpr int shortestOfCaches = 10000; // milliseconds
+    return owner.parent() == nullptr && !owner.isWidgetType() && timer.interval >= shortestOfCaches;
+}
+
+// Besides, its application object waits with the tool tip of what is under the pointer.
+bool isTheToolkitsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
+{
+    return isOfACache(timer, owner) || &owner == QCoreApplication::instance();
+}
+
+template <typename Look>
+void lookAtEach(Look look)
+{
+    const std::lock_guard guard(registry().Lock);
+    for (const QObject* object : registry().Objects) {
+        look(*object);
+    }
+}
+
+} // namespace
+
+std::string Growth(const Census& before, const Census& after)
+{
+    std::string growth;
+    for (const auto& [name, count] : after) {
+        const auto known = before.find(name);
+        const int more = count - (known == before.end() ? 0 : known->second);
+        if (more > 0) {
+            growth += (growth.empty() ? "" : ", ") + name + (more > 1 ? " ×" + std::to_string(more) : "");
+        }
+    }
+    return growth;
+}
+
+LiveObjects::LiveObjects()
+{
+    if (qtHookData[addObjectHook] != 0) {
+        throw std::logic_error("somebody is watching the objects already");
+    }
+    qtHookData[addObjectHook] = reinterpret_cast<quintptr>(&add);
+    qtHookData[removeObjectHook] = reinterpret_cast<quintptr>(&remove);
+}
+
+LiveObjects::~LiveObjects()
+{
+    qtHookData[addObjectHook] = 0;
+    qtHookData[removeObjectHook] = 0;
+    registry().Objects.clear();
+}
+
+Census LiveObjects::Everything()
+{
+    Census census;
+    lookAtEach([&census](const QObject& object) { ++census[nameOf(object)]; });
+    return census;
+}
+
+Census LiveObjects::WindowsAndTimers(const std::vector<const QObject*>& kept)
+{
+    Census census;
+    lookAtEach([&census, &kept](const QObject& object) {
+        if (isWithin(&object, kept) || isGround(object)) {
+            return;
+        }
+        if (object.isWidgetType() || qobject_cast<const QTimer*>(&object) != nullptr) {
+            ++census[nameOf(object)];
+        }
+        for (const auto& timer : timersOf(object)) {
+            if (!isTheToolkitsOwn(timer, object)) {
+                ++census["a timer of " + std::to_string(timer.interval) + " ms of " + nameOf(object)];
+            }
+        }
+    });
+    return census;
+}
+
+void LiveObjects::LetCachesTidyUp()
+{
+    std::vector<std::pair<const QObject*, int>> due;
+    lookAtEach([&due](const QObject& object) {
+        for (const auto& timer : timersOf(object)) {
+            if (isOfACache(timer, object)) {
+                due.emplace_back(&object, timer.timerId);
+            }
+        }
+    });
+    for (const auto& [cache, timer] : due) {
+        QTimerEvent event(timer);
+        QCoreApplication::sendEvent(const_cast<QObject*>(cache), &event);
+    }
+}
+
+} // namespace numbrela::testing

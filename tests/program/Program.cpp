@@ -1,0 +1,88 @@
+#include "tests/program/Program.h"
+
+#include "common/screen/CommandButton.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QWindow>
+
+namespace numbrela::testing {
+
+Program::Program()
+{
+    StartAgain();
+}
+
+void Program::SetTime(int seconds)
+{
+    clock_.Time = { seconds / 3600, seconds / 60 % 60, seconds % 60, static_cast<double>(seconds) };
+}
+
+void Program::StartAgain()
+{
+    menu_.reset();
+    menu_ = std::make_unique<Form1>(clock_);
+    menu_->show();
+    menu_->activateWindow();
+    Settle();
+}
+
+void Program::Open(const Route& route)
+{
+    if (route.MenuButton < 0) {
+        return;
+    }
+    menu_->Command1.at(static_cast<std::size_t>(route.MenuButton))->click();
+    Settle();
+    if (route.Item != nullptr) {
+        QApplication::activeModalWidget()->findChild<QAction*>(QString::fromLatin1(route.Item))->trigger();
+        Settle();
+    }
+}
+
+void Program::CloseAll()
+{
+    for (bool closed = true; closed;) {
+        closed = false;
+        for (QWidget* window : Windows()) {
+            if (window != menu_.get() && window->isVisible()) {
+                closed = window->close() || closed;
+            }
+        }
+        Settle();
+    }
+}
+
+// The toolkit's own list of widgets has an order by chance.
+std::vector<QWidget*> Program::Windows()
+{
+    std::vector<QWidget*> windows;
+    for (const QWindow* window : QGuiApplication::topLevelWindows()) {
+        if (QWidget* widget = window->handle() != nullptr ? QWidget::find(window->winId()) : nullptr;
+            widget != nullptr && widget->isVisible()) {
+            windows.push_back(widget);
+        }
+    }
+    return windows;
+}
+
+QWidget* Program::Window(const QString& name)
+{
+    for (QWidget* window : Windows()) {
+        if (window->objectName() == name) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+void Program::Settle()
+{
+    constexpr int rounds = 3; // what is done in one may leave something to be done in the next
+    for (int round = 0; round < rounds; ++round) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+} // namespace numbrela::testing

@@ -1,0 +1,77 @@
+#include "tests/soak/Exercises.h"
+
+#include "activities/shopping/screen/Form7.h"
+#include "activities/shopping/tests/ShopWalk.h"
+#include "common/screen/TextBox.h"
+
+namespace numbrela::testing {
+
+namespace {
+
+// Lets the next exercise be drawn. Of two, one is solved by the window and then checked, the other one is answered with
+// a single digit and checked.
+template <const char* AnswerBox>
+void withButtonRow(QWidget& window, int number)
+{
+    Click(window, QStringLiteral("Command2(0)"));
+    if (number % 2 == 0) {
+        Click(window, QStringLiteral("Command2(2)"));
+    } else {
+        Click(window, QString::fromLatin1(AnswerBox));
+        Press(Qt::Key_0 + number % 10);
+    }
+    Click(window, QStringLiteral("Command1"));
+}
+
+// Presses the buttons one after the other until the right one has brought the next question: after it all six are
+// there again.
+void compare(QWidget& window, int /*number*/)
+{
+    const auto& verdict = Find<TextBox>(window, QStringLiteral("Text3"));
+    for (int button = 0; button < 6; ++button) {
+        Click(window, QStringLiteral("CbNúmero(%1)").arg(button));
+        if (verdict.Text() == "CORRECTO") {
+            return;
+        }
+    }
+}
+
+// A new list, of which one product is bought.
+void goShopping(QWidget& window, int number)
+{
+    const auto& form = dynamic_cast<Form7&>(window);
+    const int products = 2 + number % 9;
+    ExpectInput(QStringLiteral("¿Cuántos productos incluir en la lista?"),
+        QStringLiteral("Número de productos a mostrar (1 - 10):"), QString::number(products),
+        QString::number(static_cast<int>(form.Task().ListLength)));
+    Choose(form, QStringLiteral("MnuOpcNum"));
+
+    const ShoppingItem wanted = form.Task().ShoppingList.front();
+    GoInto(form, QString::fromStdString(wanted.Tienda.Trimmed()));
+    TakeFromShelf(form, QString::fromStdString(wanted.Nombre.Trimmed()));
+    PressContinue(form);
+    TypeResult(Written(form.Task().BasketTotal));
+    PressContinue(form);
+    TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
+    PressContinue(form);
+    PressContinue(form);
+}
+
+constexpr char text3[] = "Text3";
+constexpr char result[] = "TbResultado";
+constexpr char answer[] = "TBRespuesta";
+
+} // namespace
+
+const std::array<Practice, 8> practices { {
+    { "Form2", &withButtonRow<text3> },
+    { "Form3", &withButtonRow<text3> },
+    { "Form4", &withButtonRow<result> },
+    { "Form5", &withButtonRow<text3> },
+    { "Form6", &compare },
+    { "FrmUnidad", &withButtonRow<answer> },
+    { "FormColoSuma", &withButtonRow<result> },
+    { "Form7", &goShopping },
+} };
+
+} // namespace numbrela::testing

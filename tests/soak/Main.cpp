@@ -1,0 +1,153 @@
+#include "activities/multiply/screen/Dialog.h"
+#include "app/Application.h"
+#include "tests/program/Installation.h"
+#include "tests/program/LiveObjects.h"
+#include "tests/program/Program.h"
+#include "tests/program/Warnings.h"
+#include "tests/soak/Exercises.h"
+#include "tests/soak/Memory.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Harness.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+
+// Opens and closes each window, and does exercises in it, many times over: nothing may be left behind, and memory must
+// not grow.
+
+using namespace numbrela::testing;
+
+namespace {
+
+struct Order {
+    int Openings = 1000; // of each window
+    int Exercises = 100000; // in all windows together
+    bool Memory = false; // whether the memory is measured, which makes sense without sanitizers alone
+};
+
+// Does the same thing many times, after some times that make everything that the toolkit makes once and keeps, and says
+// what has grown. Whether nothing has.
+bool isSteady(const std::string& what, int times, const Order& order, const std::function<void(int)>& doOnce)
+{
+    constexpr long mostDrift = 1024; // KiB
+    const int warmUp = std::max(times / 10, 10);
+    int number = 0;
+    while (number < warmUp) {
+        doOnce(number++);
+    }
+    const Census before = LiveObjects::Everything();
+    const long memoryBefore = order.Memory ? ResidentMemory() : 0;
+    while (number < warmUp + times) {
+        doOnce(number++);
+    }
+    const long drift = order.Memory ? ResidentMemory() - memoryBefore : 0;
+    const std::string left = Growth(before, LiveObjects::Everything());
+
+    std::printf("%-24s %6d times", what.c_str(), times);
+    if (order.Memory) {
+        std::printf(", %+6ld KiB of %ld%s", drift, memoryBefore, drift < mostDrift ? "" : " TOO MUCH");
+    }
+    std::printf("%s%s\n", left.empty() ? "" : ", LEFT BEHIND: ", left.c_str());
+    std::fflush(stdout);
+    return left.empty() && drift < mostDrift;
+}
+
+const Route& routeTo(const std::string& window)
+{
+    return *std::find_if(
+        routes.begin(), routes.end(), [&window](const Route& route) { return route.Window == window; });
+}
+
+void open(Program& program, const Route& route, int number)
+{
+    constexpr int secondsOfADay = 24 * 60 * 60;
+    program.SetTime(number * 61 % secondsOfADay); // another exercise each time
+    if (std::string(route.Window) == "Form1") {
+        program.StartAgain();
+    } else {
+        program.Open(route);
+    }
+}
+
+void openAndClose(Program& program, const Route& route, int number)
+{
+    const bool isDialog = std::string(route.Window) == "Dialog";
+    if (isDialog) {
+        ExpectDialog([](QDialog& dialog) { dynamic_cast<numbrela::Dialog&>(dialog).reject(); });
+    }
+    open(program, route, number);
+    EXPECT_EQ(PendingBoxes(), 0);
+    EXPECT_TRUE(isDialog || Program::Window(QString::fromLatin1(route.Window)) != nullptr) << route.Window;
+    program.CloseAll();
+}
+
+// The score of an exercise has room for 999, so the window is opened again in time.
+void practise(Program& program, const Practice& practice, int number)
+{
+    constexpr int exercisesOfAVisit = 500;
+    if (number % exercisesOfAVisit == 0) {
+        program.CloseAll();
+        open(program, routeTo(practice.Window), number);
+    }
+    practice.DoExercise(*Program::Window(QString::fromLatin1(practice.Window)), number);
+}
+
+bool soak(Program& program, const Order& order)
+{
+    bool steady = true;
+    for (const Route& route : routes) {
+        steady &= isSteady("open " + std::string(route.Window), order.Openings, order,
+            [&](int number) { openAndClose(program, route, number); });
+    }
+    for (const Practice& practice : practices) {
+        steady &= isSteady("exercise " + std::string(practice.Window),
+            order.Exercises / static_cast<int>(practices.size()), order,
+            [&](int number) { practise(program, practice, number); });
+        program.CloseAll();
+    }
+    return steady;
+}
+
+int usage()
+{
+    std::fprintf(stderr, "usage: numbrela_soak [--openings N] [--exercises N] [--memory]\n");
+    return 2;
+}
+
+int run(int argc, char** argv)
+{
+    Order order;
+    for (int i = 1; i < argc; ++i) {
+        const std::string option = argv[i];
+        if (option == "--memory") {
+            order.Memory = true;
+        } else if (option == "--openings" && i + 1 < argc) {
+            order.Openings = std::atoi(argv[++i]);
+        } else if (option == "--exercises" && i + 1 < argc) {
+            order.Exercises = std::atoi(argv[++i]);
+        } else {
+            return usage();
+        }
+    }
+    InstallCatalogue();
+    const HeadlessEnvironment environment;
+    const LiveObjects objects;
+    numbrela::Application application(argc, argv);
+    AbortOnWarnings();
+    WatchForBoxes();
+    Program program;
+    const bool steady = soak(program, order);
+    return steady && !::testing::UnitTest::GetInstance()->Failed() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return RunInstalled(argc, argv, &run);
+}
