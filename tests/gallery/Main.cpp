@@ -2,6 +2,7 @@
 #include "tests/gallery/Gallery.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Harness.h"
+#include "tests/support/Warnings.h"
 
 #include <QDir>
 #include <QPixmap>
@@ -45,6 +46,7 @@ private:
 int main(int argc, char** argv)
 {
     const HeadlessEnvironment environment;
+    AbortOnWarnings();
     numbrela::Application application(argc, argv);
     if (argc != 2) {
         std::cerr << "usage: numbrela_gallery <folder>\n";

@@ -2,8 +2,8 @@
 #include "tests/monkey/Keeper.h"
 #include "tests/monkey/Monkey.h"
 #include "tests/program/Installation.h"
-#include "tests/program/Warnings.h"
 #include "tests/support/Harness.h"
+#include "tests/support/Warnings.h"
 
 #include <QHashSeed>
 #include <QStyleHints>

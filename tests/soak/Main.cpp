@@ -3,11 +3,11 @@
 #include "tests/program/Installation.h"
 #include "tests/program/LiveObjects.h"
 #include "tests/program/Program.h"
-#include "tests/program/Warnings.h"
 #include "tests/soak/Exercises.h"
 #include "tests/soak/Memory.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Harness.h"
+#include "tests/support/Warnings.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/program/Warnings.h"
+#include "tests/support/Warnings.h"
 
 #include "tests/support/Harness.h"
 
