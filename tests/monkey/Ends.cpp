@@ -20,7 +20,7 @@ constexpr std::string_view invalidArgument = "Argumento no válido";
 constexpr std::string_view typeMismatch = "El tipo de dato no coincide";
 
 // Where the program has no answer to an error and is meant to end. Everything else that ends it is a defect.
-constexpr std::array<KnownEnd, 14> knownEnds { {
+constexpr std::array<KnownEnd, 15> knownEnds { {
     // The score has three places for each count: the thousandth check of a visit.
     { "Form2", invalidArgument, "no cabe en 3 caracteres" },
     { "Form3", invalidArgument, "no cabe en 3 caracteres" },
@@ -35,6 +35,7 @@ constexpr std::array<KnownEnd, 14> knownEnds { {
     { "Form6", overflow, "no cabe en un contador de 16 bits" },
     // A typed factor is converted, and the result worked out, without a message of the window's own.
     { "FrmUnidad", typeMismatch, "no es un número que sirva de factor" },
+    { "FrmUnidad", typeMismatch, "No se ha escrito ningún número" },
     { "FrmUnidad", overflow, "El número escrito es demasiado grande" },
     { "FrmUnidad", overflow, "El resultado de la operación es demasiado grande" },
     { "FrmUnidad", invalidArgument, "No se puede dividir entre 0" },
