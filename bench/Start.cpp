@@ -11,10 +11,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Starts the program and an empty window in turn, and prints how long it took until the first window was painted and
-// how much memory the program held then, medians of all starts. Neither program is changed for it: a plugin that Qt
-// loads into both tells the moment. On an X server without a screen, see to it that the server does not start afresh
-// whenever a program ends, which takes longer than what is measured: xvfb-run -s "-noreset -screen 0 1366x768x24"
+// Starts the program, an empty window and one with a word in it in turn, and prints how long it took until the first
+// window was painted and how much memory was held then, medians of all starts. The word tells what any program pays
+// that writes at all: the search for fonts. Neither program is changed for it: a plugin that Qt loads into both tells
+// the moment. On an X server without a screen, see to it that the server does not start afresh whenever a program ends,
+// which takes longer than what is measured: xvfb-run -s "-noreset -screen 0 1366x768x24"
 // build/release/bench/bench_start
 
 namespace numbrela::bench {
@@ -118,15 +119,42 @@ double medianOf(const Starts& starts, double Start::*figure)
     return Median(figures);
 }
 
-void print(const Starts& empty, const Starts& numbrela)
+// One of the programs that take turns.
+struct Runner {
+    const char* Program;
+    Starts Done;
+};
+
+// Every program once, each of them first in its turn, so that whatever one leaves behind for the next is shared fairly.
+// False when one of them did not come to its first paint.
+bool startEachOnce(std::vector<Runner>& runners, std::size_t first)
 {
-    const auto row = [&](const char* what, const char* unit, double Start::*figure, double aim) {
-        return Row { what, unit, medianOf(numbrela, figure), medianOf(empty, figure), aim };
+    std::vector<Start> starts(runners.size());
+    for (std::size_t turn = 0; turn < runners.size(); ++turn) {
+        const std::size_t index = (first + turn) % runners.size();
+        const std::optional<Start> start = startOnce(runners[index].Program);
+        if (!start) {
+            return false;
+        }
+        starts[index] = *start;
+    }
+    for (std::size_t index = 0; index < runners.size(); ++index) {
+        runners[index].Done.push_back(starts[index]);
+    }
+    return true;
+}
+
+void print(const Starts& empty, const Starts& word, const Starts& numbrela)
+{
+    const auto row = [&](const char* what, const char* unit, const Starts& starts, double Start::*figure, double aim) {
+        return Row { what, unit, medianOf(starts, figure), medianOf(empty, figure), aim };
     };
-    Print(row("start to first paint", "ms", &Start::Milliseconds, aimedRatio));
-    Print(row("memory resident then", "MiB", &Start::Resident, aimedRatio));
-    Print(row("  of it backed by no file", "MiB", &Start::Anonymous, 0));
-    Print(row("  shared pages in part", "MiB", &Start::Proportional, 0));
+    Print(row("start to first paint", "ms", numbrela, &Start::Milliseconds, aimedRatio));
+    Print(row("  of a window with one word in it", "ms", word, &Start::Milliseconds, 0));
+    Print(row("memory resident then", "MiB", numbrela, &Start::Resident, aimedRatio));
+    Print(row("  of a window with one word in it", "MiB", word, &Start::Resident, 0));
+    Print(row("  of it backed by no file", "MiB", numbrela, &Start::Anonymous, 0));
+    Print(row("  shared pages in part", "MiB", numbrela, &Start::Proportional, 0));
 }
 
 void run()
@@ -134,16 +162,11 @@ void run()
     ChoosePlatform();
     setenv("QT_PLUGIN_PATH", PLUGIN_FOLDER, 1);
 
-    Starts empty;
-    Starts numbrela;
+    std::vector<Runner> runners { { EMPTY_WINDOW, {} }, { WORD_WINDOW, {} }, { PROGRAM, {} } };
     int failures = 0;
-    bool warm = false; // both programs have been brought from the disk into the memory
-    for (int round = 0; numbrela.size() < rounds; ++round) {
-        // Which of them is the first one changes, so that whatever one leaves behind for the next is shared fairly.
-        const bool emptyFirst = round % 2 == 0;
-        const std::optional<Start> first = startOnce(emptyFirst ? EMPTY_WINDOW : PROGRAM);
-        const std::optional<Start> second = startOnce(emptyFirst ? PROGRAM : EMPTY_WINDOW);
-        if (!first || !second) {
+    bool warm = false; // the programs have been brought from the disk into the memory
+    for (std::size_t round = 0; runners.back().Done.size() < rounds; ++round) {
+        if (!startEachOnce(runners, round % runners.size())) {
             // An X server that has no other client starts afresh when one leaves, and turns the next away meanwhile.
             if (++failures > mostFailures) {
                 std::printf("The programs end, or paint no window for a long time: nothing was measured.\n");
@@ -151,12 +174,12 @@ void run()
             }
         } else if (!warm) {
             warm = true;
-        } else {
-            empty.push_back(emptyFirst ? *first : *second);
-            numbrela.push_back(emptyFirst ? *second : *first);
+            for (Runner& runner : runners) {
+                runner.Done.clear();
+            }
         }
     }
-    print(empty, numbrela);
+    print(runners[0].Done, runners[1].Done, runners[2].Done);
 }
 
 } // namespace
