@@ -15,7 +15,6 @@ public:
     QColor BackColour() const;
 
 protected:
-    void initStyleOption(QStyleOptionButton* option) const override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };

@@ -6,8 +6,12 @@
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <QTranslator>
 #include <QWidget>
+
+#include <map>
+#include <utility>
 
 namespace numbrela {
 
@@ -37,6 +41,39 @@ QPalette lightPalette()
     return palette;
 }
 
+// The style keeps the pictures that it has drawn of buttons, scroll bars and arrows by the identity of their palette,
+// and the toolkit never forgets the name of a picture. Drawn each with its own palette, they would let memory grow with
+// every window that is opened. So all that look alike are drawn with one: for as long as this lives, the option has it.
+class SharedPalette {
+public:
+    explicit SharedPalette(const QStyleOption& option)
+        : option_(const_cast<QStyleOption&>(option)) // it is the caller's, and gets its own back
+        , own_(option.palette)
+    {
+        QPalette& shared = sharedBy(own_);
+        if (shared != own_) {
+            shared = own_;
+        }
+        option_.palette = shared;
+        option_.palette.setCurrentColorGroup(own_.currentColorGroup());
+    }
+    ~SharedPalette() { option_.palette = own_; }
+    SharedPalette(const SharedPalette&) = delete;
+    SharedPalette& operator=(const SharedPalette&) = delete;
+
+private:
+    // The palettes of this program differ in these two colours alone.
+    static QPalette& sharedBy(const QPalette& own)
+    {
+        static std::map<std::pair<QRgb, QRgb>, QPalette> palettes;
+        const QRgb window = own.color(QPalette::Active, QPalette::Window).rgba();
+        return palettes[{ window, own.color(QPalette::Active, QPalette::Button).rgba() }];
+    }
+
+    QStyleOption& option_;
+    const QPalette own_;
+};
+
 // Fusion with quiet boxes, whose buttons carry words alone, with check marks as large as the words beside them, and
 // with a caret only where the focus is.
 class QuietStyle : public QProxyStyle {
@@ -64,6 +101,35 @@ public:
         const bool checkMark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
         return checkMark && widget != nullptr ? widget->fontInfo().pixelSize()
                                               : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    void drawControl(
+        ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+    {
+        if (element == CE_PushButton) {
+            const SharedPalette shared(*option);
+            QProxyStyle::drawControl(element, option, painter, widget);
+        } else {
+            QProxyStyle::drawControl(element, option, painter, widget);
+        }
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+        const QWidget* widget) const override
+    {
+        const SharedPalette shared(*option);
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+    {
+        if (element == PE_IndicatorArrowRight) { // of a menu that opens another one
+            const SharedPalette shared(*option);
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        } else {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
     }
 
     // Every menu bar asks for the icon of the menus that it has no room for. Drawn here, it costs the start no image

@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QStyleOptionButton>
 #include <QTest>
 
 namespace numbrela {
@@ -18,20 +17,6 @@ namespace numbrela {
 namespace {
 
 using namespace testing;
-
-// Lets its looks be asked for.
-class OpenButton : public CommandButton {
-public:
-    using CommandButton::CommandButton;
-    using CommandButton::initStyleOption;
-
-    QPalette PaintedWith() const
-    {
-        QStyleOptionButton option;
-        initStyleOption(&option);
-        return option.palette;
-    }
-};
 
 // A window with a text box and two buttons, and how often each has been pressed.
 class CommandButtonTest : public ::testing::Test {
@@ -202,29 +187,6 @@ TEST_F(CommandButtonTest, IsPaintedInItsColour)
         EXPECT_NEAR(painted.hsvHue(), QColor(colour).hsvHue(), 2);
         EXPECT_GT(painted.hsvSaturation(), 100);
     }
-}
-
-// What the style has drawn is kept by the palette, and its name is never forgotten.
-TEST_F(CommandButtonTest, IsPaintedWithTheOnePaletteOfAllButtonsOfItsColour)
-{
-    OpenButton yellow(QStringLiteral("Uno"));
-    OpenButton yellowToo(QStringLiteral("Dos"));
-    OpenButton cyan(QStringLiteral("Tres"));
-    yellow.SetBackColour(Qt::yellow);
-    yellowToo.SetBackColour(Qt::yellow);
-    cyan.SetBackColour(Qt::cyan);
-
-    const qint64 key = yellow.PaintedWith().cacheKey();
-    EXPECT_EQ(yellowToo.PaintedWith().cacheKey(), key);
-    EXPECT_NE(cyan.PaintedWith().cacheKey(), key);
-    EXPECT_EQ(yellow.PaintedWith(), yellow.palette());
-    EXPECT_EQ(cyan.PaintedWith(), cyan.palette());
-
-    yellow.setEnabled(false);
-    EXPECT_EQ(yellow.PaintedWith().cacheKey(), key);
-    EXPECT_EQ(yellow.PaintedWith().currentColorGroup(), QPalette::Disabled);
-    yellow.SetBackColour(Qt::cyan);
-    EXPECT_EQ(yellow.PaintedWith().cacheKey(), cyan.PaintedWith().cacheKey());
 }
 
 TEST_F(CommandButtonTest, IsPaintedInGreyWhileItIsDisabled)

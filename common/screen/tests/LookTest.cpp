@@ -11,10 +11,16 @@
 #include <QFontMetrics>
 #include <QIcon>
 #include <QMenu>
+#include <QPaintEngine>
+#include <QPainter>
 #include <QProxyStyle>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyleOption>
 
 #include <array>
 #include <memory>
+#include <vector>
 
 namespace numbrela {
 
@@ -174,6 +180,112 @@ TEST(LookTest, SpeaksSpanishInTheContextMenuOfATextBox)
     for (const char* word : { "Deshacer", "Cortar", "Copiar", "Pegar", "Seleccionar todo" }) {
         EXPECT_TRUE(captions.contains(QString::fromLatin1(word))) << word << " in " << captions.toStdString();
     }
+}
+
+// Shows nothing, and remembers the identity of each picture that is put onto it.
+class PictureSpy : public QPaintEngine, public QPaintDevice {
+public:
+    PictureSpy()
+        : QPaintEngine(QPaintEngine::AllFeatures)
+    {
+    }
+
+    std::vector<qint64> Pictures;
+
+    bool begin(QPaintDevice* /*device*/) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState& /*state*/) override { }
+    void drawPath(const QPainterPath& /*path*/) override { }
+    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override { }
+    void drawTextItem(const QPointF& /*place*/, const QTextItem& /*text*/) override { }
+    void drawPixmap(const QRectF& /*place*/, const QPixmap& picture, const QRectF& /*part*/) override
+    {
+        Pictures.push_back(picture.cacheKey());
+    }
+    Type type() const override { return User; }
+    QPaintEngine* paintEngine() const override { return const_cast<PictureSpy*>(this); }
+
+protected:
+    int metric(PaintDeviceMetric asked) const override
+    {
+        constexpr int enough = 100;
+        return asked == PdmDevicePixelRatioScaled ? static_cast<int>(devicePixelRatioFScale()) : enough;
+    }
+};
+
+std::vector<qint64> picturesOf(QStyle::ControlElement element, const QStyleOption& option, const QWidget& widget)
+{
+    PictureSpy spy;
+    QPainter painter(&spy);
+    QApplication::style()->drawControl(element, &option, &painter, &widget);
+    return spy.Pictures;
+}
+
+// A push button of a colour, as it would draw itself.
+std::vector<qint64> picturesOfAButton(const QColor& colour)
+{
+    const QPushButton button;
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.rect = QRect(0, 0, 80, 30);
+    option.palette.setColor(QPalette::Button, colour);
+    return picturesOf(QStyle::CE_PushButton, option, button);
+}
+
+std::vector<qint64> picturesOfAScrollBar()
+{
+    const QScrollBar bar;
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.rect = QRect(0, 0, 20, 200);
+    option.orientation = Qt::Vertical;
+    option.subControls = QStyle::SC_All;
+    option.maximum = 100;
+    option.pageStep = 10;
+    option.palette.setColor(QPalette::Button, Qt::white);
+    PictureSpy spy;
+    QPainter painter(&spy);
+    QApplication::style()->drawComplexControl(QStyle::CC_ScrollBar, &option, &painter, &bar);
+    return spy.Pictures;
+}
+
+std::vector<qint64> picturesOfAMenuItem()
+{
+    const QMenu menu;
+    QStyleOptionMenuItem option;
+    option.initFrom(&menu);
+    option.rect = QRect(0, 0, 100, 20);
+    option.menuItemType = QStyleOptionMenuItem::SubMenu;
+    option.palette.setColor(QPalette::Button, Qt::white);
+    return picturesOf(QStyle::CE_MenuItem, option, menu);
+}
+
+// Each of them has a palette of its own. A picture is kept under the name of its palette, and the name for ever.
+TEST(LookTest, DrawsWhatLooksAlikeWithTheSamePictures)
+{
+    for (const auto& pictures : { +[] { return picturesOfAButton(Qt::yellow); }, +[] { return picturesOfAScrollBar(); },
+             +[] { return picturesOfAMenuItem(); } }) {
+        pictures(); // are drawn, and kept
+        const std::vector<qint64> kept = pictures();
+        EXPECT_FALSE(kept.empty());
+        EXPECT_EQ(pictures(), kept);
+    }
+    EXPECT_NE(picturesOfAButton(Qt::cyan), picturesOfAButton(Qt::yellow));
+}
+
+// A button whose palette is lent has its own again when it has been drawn.
+TEST(LookTest, LeavesTheOptionsOfWhatItDrawsAsTheyAre)
+{
+    const QPushButton button;
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.rect = QRect(0, 0, 80, 30);
+    option.palette.setColor(QPalette::Button, Qt::yellow);
+    option.palette.setCurrentColorGroup(QPalette::Disabled);
+    const qint64 palette = option.palette.cacheKey();
+    picturesOf(QStyle::CE_PushButton, option, button);
+    EXPECT_EQ(option.palette.cacheKey(), palette);
+    EXPECT_EQ(option.palette.currentColorGroup(), QPalette::Disabled);
 }
 
 } // namespace
