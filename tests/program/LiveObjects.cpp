@@ -3,14 +3,12 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QTimer>
-#include <QTimerEvent>
 #include <QWidget>
 
 #include <algorithm>
 #include <mutex>
 #include <stdexcept>
 #include <unordered_set>
-#include <utility>
 
 // The toolkit's hooks for tools that look into a running program: it calls the functions that are put there for each
 // object that is made and destroyed. No header declares them; the places in the table are the same in all of Qt 6.
@@ -68,23 +66,13 @@ bool isGround(const QObject& object)
     return widget != nullptr && widget->windowType() == Qt::Desktop;
 }
 
-QList<QAbstractEventDispatcher::TimerInfo> timersOf(const QObject& owner)
-{
-    // It is only asked, but the dispatcher wants it so.
-    return QAbstractEventDispatcher::instance()->registeredTimers(const_cast<QObject*>(&owner));
-}
-
-// The toolkit's caches of fonts and pictures, which are nobody's children, tidy up now and then.
-bool isOfACache(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
-{
-    constexpr int shortestOfCaches = 10000; // milliseconds
-    return owner.parent() == nullptr && !owner.isWidgetType() && timer.interval >= shortestOfCaches;
-}
-
-// Besides, its application object waits with the tool tip of what is under the pointer.
+// The toolkit's caches of fonts and pictures, which are nobody's children, empty themselves now and then, and its
+// application object waits with the tool tip of what is under the pointer.
 bool isTheToolkitsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
 {
-    return isOfACache(timer, owner) || &owner == QCoreApplication::instance();
+    constexpr int shortestOfCaches = 10000; // milliseconds
+    const bool isCache = owner.parent() == nullptr && !owner.isWidgetType() && timer.interval >= shortestOfCaches;
+    return isCache || &owner == QCoreApplication::instance();
 }
 
 template <typename Look>
@@ -144,29 +132,14 @@ Census LiveObjects::WindowsAndTimers(const std::vector<const QObject*>& kept)
         if (object.isWidgetType() || qobject_cast<const QTimer*>(&object) != nullptr) {
             ++census[nameOf(object)];
         }
-        for (const auto& timer : timersOf(object)) {
+        auto* owner = const_cast<QObject*>(&object); // it is only asked, but the dispatcher wants it so
+        for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(owner)) {
             if (!isTheToolkitsOwn(timer, object)) {
                 ++census["a timer of " + std::to_string(timer.interval) + " ms of " + nameOf(object)];
             }
         }
     });
     return census;
-}
-
-void LiveObjects::LetCachesTidyUp()
-{
-    std::vector<std::pair<const QObject*, int>> due;
-    lookAtEach([&due](const QObject& object) {
-        for (const auto& timer : timersOf(object)) {
-            if (isOfACache(timer, object)) {
-                due.emplace_back(&object, timer.timerId);
-            }
-        }
-    });
-    for (const auto& [cache, timer] : due) {
-        QTimerEvent event(timer);
-        QCoreApplication::sendEvent(const_cast<QObject*>(cache), &event);
-    }
 }
 
 } // namespace numbrela::testing

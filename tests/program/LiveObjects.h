@@ -27,9 +27,6 @@ public:
 
     // Windows and what is in them, timers, and who has a timer running; without what belongs to `kept`.
     static Census WindowsAndTimers(const std::vector<const QObject*>& kept);
-
-    // Has the toolkit's caches do now what they do every 10 seconds or more: forget what has not been used.
-    static void LetCachesTidyUp();
 };
 
 } // namespace numbrela::testing

@@ -1,9 +1,5 @@
 #include "tests/soak/Memory.h"
 
-#include "tests/program/LiveObjects.h"
-
-#include <QPixmapCache>
-
 #include <malloc.h>
 #include <unistd.h>
 
@@ -14,10 +10,6 @@ namespace numbrela::testing {
 
 long ResidentMemory()
 {
-    QPixmapCache::clear();
-    // The names of what it has forgotten go when it tidies up, for which it waits until it has something again.
-    QPixmapCache::insert(QStringLiteral("soak"), QPixmap(1, 1));
-    LiveObjects::LetCachesTidyUp();
     ::malloc_trim(0);
     std::ifstream statm("/proc/self/statm");
     long total = 0;

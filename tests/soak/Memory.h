@@ -2,9 +2,8 @@
 
 namespace numbrela::testing {
 
-// How much of the process is in memory, in KiB. What only waits to be used again is no leak, and goes first: the
-// toolkit's cache of pictures, which keeps those of windows that are gone until it is full (10 MiB), with its list of
-// their names, and what the allocator has not given back to the system.
+// How much of the process is in memory, in KiB. What has been freed is given back to the system first: what the
+// allocator only keeps to use again is no leak.
 long ResidentMemory();
 
 } // namespace numbrela::testing
