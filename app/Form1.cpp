@@ -7,6 +7,7 @@
 #include "common/screen/Controls.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QMenuBar>
 
 #include <vector>
@@ -77,8 +78,14 @@ void Form1::Command1_Click(int index)
         showActivity(*activities[static_cast<std::size_t>(index)](clock_));
     } else if (index == static_cast<int>(Command1.size()) - 1) {
         close();
-        QApplication::quit();
     }
+}
+
+// The catalogue editor may have left a shopping window beside the menu, which would keep the program running.
+void Form1::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    QApplication::quit();
 }
 
 void Form1::showActivity(FormWindow& window)

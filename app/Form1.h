@@ -21,6 +21,9 @@ public:
 
     std::array<CommandButton*, 9> Command1 {};
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void Form_Load();
     static void showActivity(FormWindow& window);

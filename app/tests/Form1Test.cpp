@@ -275,6 +275,18 @@ TEST_F(Form1Test, IsInertWhileAnActivityIsOpen)
     Close(*Activity());
 }
 
+// Two access keys pressed in one breath: both buttons have been pressed before the first window is there.
+TEST_F(Form1Test, OpensOneActivityAtATime)
+{
+    Menu().Command1_Click(0);
+    Menu().Command1_Click(1);
+    Menu().Command1_Click(8);
+    EXPECT_EQ(ActivityName(), "Form2");
+    EXPECT_EQ(OpenWindows(), 2);
+    EXPECT_TRUE(Menu().isVisible());
+    Close(*Activity());
+}
+
 TEST_F(Form1Test, IsAliveAgainWhenTheActivityIsClosed)
 {
     ClickOnScreen(*Menu().Command1[0]);

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -38,6 +39,19 @@ class ShoppingFromTheMenuTest : public ::testing::Test {
 protected:
     ShoppingFromTheMenuTest() { ShowAndActivate(*menu_); }
 
+    // As somebody does it who looks into the catalogue editor and cancels.
+    Form7* leaveShoppingBesideTheMenu()
+    {
+        Click(*menu_, laCompra);
+        shoppingWindows().at(0)->MnuOpcPro_Click();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* editor = dynamic_cast<DLGProductos*>(window)) {
+                editor->close();
+            }
+        }
+        return shoppingWindows().size() == 1 ? shoppingWindows()[0] : nullptr;
+    }
+
     const CatalogueBesideProgram catalogue_ { NumberedTable(7) };
     const FixedClock clock_;
     std::unique_ptr<Form1> menu_ = std::make_unique<Form1>(clock_);
@@ -54,15 +68,8 @@ TEST_F(ShoppingFromTheMenuTest, ItsButtonOpensTheWindowWithTheCatalogueBesideThe
 
 TEST_F(ShoppingFromTheMenuTest, AWindowThatTheEditorHasLeftBesideTheMenuComesToTheFront)
 {
-    Click(*menu_, laCompra);
-    shoppingWindows().at(0)->MnuOpcPro_Click();
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* editor = dynamic_cast<DLGProductos*>(window)) {
-            editor->close();
-        }
-    }
-    ASSERT_EQ(shoppingWindows().size(), 1U);
-    Form7* const shopping = shoppingWindows()[0];
+    Form7* const shopping = leaveShoppingBesideTheMenu();
+    ASSERT_NE(shopping, nullptr);
     EXPECT_EQ(shopping->windowModality(), Qt::NonModal);
 
     ShowAndActivate(*menu_);
@@ -70,6 +77,25 @@ TEST_F(ShoppingFromTheMenuTest, AWindowThatTheEditorHasLeftBesideTheMenuComesToT
     EXPECT_EQ(shoppingWindows(), std::vector<Form7*> { shopping });
     EXPECT_TRUE(QTest::qWaitForWindowActive(shopping));
     EXPECT_EQ(shopping->windowModality(), Qt::NonModal);
+}
+
+TEST_F(ShoppingFromTheMenuTest, TheProgramEndsWithTheMenuAlsoWhenAWindowIsOpenBesideIt)
+{
+    for (const bool bySalir : { true, false }) {
+        const QPointer<Form7> shopping = leaveShoppingBesideTheMenu();
+        ASSERT_NE(shopping, nullptr);
+        QTimer::singleShot(0, menu_.get(), [&] {
+            if (bySalir) {
+                Click(*menu_, QStringLiteral("Command1(8)"));
+            } else {
+                menu_->close();
+            }
+        });
+        EXPECT_EQ(QApplication::exec(), 0);
+        EXPECT_FALSE(menu_->isVisible());
+        EXPECT_TRUE(shopping == nullptr || !shopping->isVisible());
+        ShowAndActivate(*menu_);
+    }
 }
 
 TEST_F(ShoppingFromTheMenuTest, WindowsThatAreStillOpenEndWithTheMenu)

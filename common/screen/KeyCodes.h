@@ -25,7 +25,8 @@ inline constexpr int Point = 190;
 } // namespace KeyCode
 
 // The code of the key that a key event is about; 0 for a key that has none here. Digits of the keypad and of the main
-// keyboard have different codes, and so have their decimal keys.
+// keyboard have different codes, and so have their decimal keys. A key goes by the character that is written on it for
+// the modifiers that are held: Shift with 7, where that writes "/", is no digit.
 int KeyCodeOf(const QKeyEvent& event);
 
 // Whether the key writes what a decimal number consists of: a digit of either block, or the comma of the main keyboard.

@@ -704,6 +704,9 @@ TEST(ParseTypedNumber, ReadsTheSpanishConvention)
         { "1.5", 15 },
         { "1,5", 1.5 },
         { "1.234.567", 1234567 },
+        { "1.", 1 },
+        { "1.,5", 1.5 },
+        { "1.234.", 1234 },
         { "-3", -3 },
         { "+3", 3 },
         { "-1.234,25", -1234.25 },
@@ -745,9 +748,9 @@ TEST(ParseTypedNumber, AllowsBlanksAroundTheNumber)
 
 TEST(ParseTypedNumber, IsNothingUnlessTheWholeTextIsANumber)
 {
-    for (const char* text : { "", " ", "hola", "12a", "a12", "1,2,3", "1,5.3", "1,234.5", "--1", "+-1", "5-", "-", "+",
-             ",", ".", "-,", "e3", ",e3", "1e", "1e+", "1e3,5", "1e3e3", "1 2", "- 1", "1 ,5", "inf", "nan", "-inf",
-             "0x1F", "ñ", "1ñ" }) {
+    for (const char* text : { "", " ", "hola", "12a", "a12", "1,2,3", "1,5.3", "1,234.5", "1..5", ".5", "--1", "+-1",
+             "5-", "-", "+", ",", ".", "-,", "e3", ",e3", "1e", "1e+", "1e3,5", "1e3e3", "1 2", "- 1", "1 ,5", "inf",
+             "nan", "-inf", "0x1F", "ñ", "1ñ" }) {
         EXPECT_EQ(ParseTypedNumber(text), std::nullopt) << text;
     }
 }
