@@ -11,13 +11,14 @@ namespace numbrela::testing {
 
 namespace {
 
-// Draws until the sum is a whole number, and shows it: the sums that are judged right.
-void showWholeSum(FormColoSuma& form)
+// Draws until the solution is judged right, which no sum with decimals is.
+void showRightSum(FormColoSuma& form)
 {
     do {
         form.Command2_Click(0);
         form.Command2_Click(2);
-    } while (form.TbResultado->text().contains(u','));
+        form.Command1_Click();
+    } while (form.Text1->Text() != "Resultado correcto ");
 }
 
 // A new window with six addends of up to five digits: a solution longer than what can be typed, and what is said of
@@ -71,8 +72,7 @@ void DrawPlaceAdd(Gallery& gallery)
     Click(form, QStringLiteral("Command1"));
     gallery.Draw(form, QStringLiteral("placeadd-wrong"));
 
-    showWholeSum(form);
-    form.Command1_Click();
+    showRightSum(form);
     gallery.Draw(form, QStringLiteral("placeadd-right"));
     gallery.DrawMaximised(form, QStringLiteral("placeadd-right-maximised"));
 

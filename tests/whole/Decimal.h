@@ -1,5 +1,9 @@
 #pragma once
 
+#include "tests/support/Schoolbook.h"
+
+#include <gtest/gtest.h>
+
 #include <QString>
 
 #include <algorithm>
@@ -19,17 +23,16 @@ inline Decimal ReadDecimal(QString text)
     text = text.trimmed().remove(u'.');
     const auto comma = text.indexOf(u',');
     const int places = comma < 0 ? 0 : static_cast<int>(text.size() - comma) - 1;
-    return { text.remove(u',').toLongLong(), places };
+    bool isNumber = false;
+    const long long digits = text.remove(u',').toLongLong(&isNumber);
+    EXPECT_TRUE(isNumber) << text.toStdString();
+    return { digits, places };
 }
 
 // Writes all the places it has: "5,70".
 inline QString WriteDecimal(Decimal number)
 {
-    QString text = QString::number(number.Digits).rightJustified(number.Places + 1, u'0');
-    if (number.Places > 0) {
-        text.insert(text.size() - number.Places, u',');
-    }
-    return text;
+    return QString::fromStdString(CommaText(number.Digits, number.Places));
 }
 
 // The same number with more places.

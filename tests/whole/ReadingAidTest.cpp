@@ -181,7 +181,7 @@ TEST_P(ReadingAidTest, TextStandsOutFromItsGround)
     });
 }
 
-// What a box says at its widest in a window of its design size.
+// What a box says at its widest, put into it in every state of its window that the gallery draws.
 struct WidestText {
     const char* Room;
     const char* Box; // "Form2.tbResultados"
@@ -203,9 +203,9 @@ const WidestText widestTexts[] = {
     { "Compare", "Form6.Text2", "Aciertos: 32767;   Errores: 32767." },
     { "Powers10", "FrmUnidad.TBDatos(0)", "0,8888" },
     { "Powers10", "FrmUnidad.TBRespuesta", "0,0008888" },
-    { "PlaceAdd", "FormColoSuma.TBDatos", "88888 + 88888 + 88888 + 88888 + 88888 + 88888" },
+    { "PlaceAdd", "FormColoSuma.TBDatos", "8,8888 + 8,8888 + 8,8888 + 8,8888 + 8,8888 + 8,8888" },
     { "PlaceAdd", "FormColoSuma.TbSumando(0)", "   8,8888" },
-    { "PlaceAdd", "FormColoSuma.TbResultado", "8888,8888" },
+    { "PlaceAdd", "FormColoSuma.TbResultado", "   0,008888888" },
     { "Shopping", "Form7.TBTiempo", "60 : 00" },
     { "Shopping", "Form7.TBDinero", "32.765€" },
 };
@@ -233,9 +233,10 @@ TEST_P(WidestTextTest, IsSeenWhole)
             }
         }
     });
-    std::find_if(galleryRooms.begin(), galleryRooms.end(), [](const GalleryRoom& room) {
-        return std::string_view(room.Name) == GetParam().Room;
-    })->Draw(inspection);
+    const auto room = std::find_if(galleryRooms.begin(), galleryRooms.end(),
+        [](const GalleryRoom& each) { return std::string_view(each.Name) == GetParam().Room; });
+    ASSERT_NE(room, galleryRooms.end());
+    room->Draw(inspection);
     EXPECT_GT(seen, 0);
 }
 

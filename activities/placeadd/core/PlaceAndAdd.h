@@ -42,8 +42,8 @@ public:
 
     // What to say of the sum in the answer box, when `shown` is what was said last: the same thing said again gains a
     // blank, so that something is seen to happen. Only the whole part of what is written counts ("123,5" is 123),
-    // blanks between its digits do not, and it must be the sum exactly: a sum with decimals, typed with its comma, is
-    // never judged right.
+    // blanks between its digits do not, and it must be the sum exactly: a sum that has decimals in single precision
+    // is never judged right when it is typed with its comma.
     std::string Verdict(std::string_view answer, std::string_view shown) const;
 
     // The solution. Throws RunTimeError::InvalidArgument, with a sentence for the pupil, when the sum has more than the

@@ -522,6 +522,20 @@ TEST_F(FormColoSumaTest, ContinuingDrawsAndKeepsTheVerdict)
     EXPECT_EQ(verdict(), "Resultado incorrecto");
     EXPECT_EQ(FocusName(), "TbSumando(0)");
     EXPECT_EQ(addend(0).CaretPosition(), 0);
+    EXPECT_EQ(form_.TbResultado->CaretPosition(), 0);
+    Click(form_, QStringLiteral("Command1"));
+    EXPECT_EQ(verdict(), "Resultado incorrecto ") << "what is said again changes, also in the next exercise";
+}
+
+TEST_F(FormColoSumaTest, WhatTheSolutionHasTakenAwayIsNotSaidAgain)
+{
+    Click(form_, QStringLiteral("Command1"));
+    Click(form_, QStringLiteral("Command2(2)"));
+    EXPECT_EQ(form_.TbResultado->CaretPosition(), 0);
+    Click(form_, QStringLiteral("Command2(1)"));
+    EXPECT_EQ(form_.TbResultado->CaretPosition(), 0);
+    Click(form_, QStringLiteral("Command1"));
+    EXPECT_EQ(verdict(), "Resultado incorrecto");
 }
 
 TEST_F(FormColoSumaTest, ClearingGivesTheSumOneBlankMoreThanANewExercise)
@@ -681,9 +695,11 @@ QRect placeOfComma(TextBox& box)
 
 TEST_F(FormColoSumaTest, EveryBoxShowsItsTextWithTheSameColumns)
 {
+    const QSize designSize = form_.size();
+    form_.resize(1280, 800);
     chooseAddends(6);
     Click(form_, QStringLiteral("Command2(2)"));
-    for (const QSize size : { form_.size(), QSize(1280, 800), QSize(640, 480) }) {
+    for (const QSize size : { QSize(1280, 800), designSize, QSize(640, 480) }) {
         form_.resize(size);
         QCoreApplication::processEvents();
         const QRect commaOfSum = placeOfComma(*form_.TbResultado);
@@ -691,6 +707,7 @@ TEST_F(FormColoSumaTest, EveryBoxShowsItsTextWithTheSameColumns)
             EXPECT_EQ(box->x(), form_.TbResultado->x());
             EXPECT_EQ(placeOfComma(*box), commaOfSum) << box->Text();
             EXPECT_TRUE(QFontInfo(box->font()).fixedPitch());
+            EXPECT_EQ(box->font().pixelSize(), form_.TbResultado->font().pixelSize());
         }
     }
 }

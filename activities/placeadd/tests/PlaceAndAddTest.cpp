@@ -349,7 +349,16 @@ TEST(PlaceAndAdd, JudgesTheWholePartOfWhatIsWritten)
     }
 }
 
-TEST(PlaceAndAdd, ASumWithDecimalsTypedWithItsCommaIsNeverJudgedRight)
+// 51,1 + 0,8 + 0,1 in single precision is a little less than the 52 that it is shown as.
+TEST(PlaceAndAdd, ASumThatSinglePrecisionMissesIsNotJudgedRightAsItIsShown)
+{
+    ScriptedRandom random {};
+    const PlaceAndAdd exercise = exerciseOf(random, { 51.1F, 0.8F, 0.1F });
+    EXPECT_EQ(exercise.Solution().Sum, "  52");
+    EXPECT_EQ(exercise.Verdict("52", ""), "Resultado incorrecto");
+}
+
+TEST(PlaceAndAdd, ASumWithDecimalsInSinglePrecisionTypedWithItsCommaIsNeverJudgedRight)
 {
     forAllOptions(100, [](const PlaceAndAdd& exercise) {
         const std::string sum = PlainDecimalText(exercise.AddendSum);
