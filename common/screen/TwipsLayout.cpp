@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QWidget>
 
 #include <algorithm>
@@ -147,9 +148,10 @@ QSize TwipsLayout::sizeHint() const
     return SizeAt(DesignPixelsPerTwip());
 }
 
+// However much is shown, a window fits on its screen.
 QSize TwipsLayout::minimumSize() const
 {
-    return SizeAt(DesignPixelsPerTwip() * smallestScale);
+    return SizeAt(DesignPixelsPerTwip() * smallestScale).boundedTo(parentWidget()->screen()->availableSize() / 2);
 }
 
 Qt::Orientations TwipsLayout::expandingDirections() const

@@ -15,17 +15,15 @@ namespace {
 
 constexpr int cellsBesideDigits = 4; // the blank before the dividend, its comma, and two of margin
 
-RunTimeError tooManyDigits()
-{
-    return { RunTimeError::Kind::Overflow, "El número tiene demasiadas cifras. Elija menos en el menú Opciones." };
-}
+constexpr const char* tooManyDigits = "El número tiene demasiadas cifras.";
+constexpr const char* tooManyDigitsDrawn = "El número tiene demasiadas cifras. Elija menos en el menú Opciones.";
 
 // The cells that a row has for so many digits. At 165 twips a cell, 198 of them are as wide as 16 bits of twips go.
-int lineWidthFor(int digits)
+int lineWidthFor(int digits, const char* complaint)
 {
     constexpr int mostCells = 198;
     if (digits + cellsBesideDigits > mostCells) {
-        throw tooManyDigits();
+        throw RunTimeError(RunTimeError::Kind::Overflow, complaint);
     }
     return digits + cellsBesideDigits;
 }
@@ -81,7 +79,7 @@ DivisionExercise::DivisionExercise(RandomSource& random, bool& commaShift)
 
 void DivisionExercise::GenerateDivision()
 {
-    const int lineWidth = lineWidthFor(DividendDigits + DividendDecimals + QuotientDecimals);
+    const int lineWidth = lineWidthFor(DividendDigits + DividendDecimals + QuotientDecimals, tooManyDigitsDrawn);
     double dividend = drawWholeNumber(DividendDigits + DividendDecimals);
     if (DividendDecimals >= 1 && PlainDecimalText(dividend).back() == '0') {
         dividend += std::trunc(random_.Next() * 8) + 1;
@@ -103,7 +101,7 @@ double DivisionExercise::drawWholeNumber(int digits)
 {
     const double tooLarge = PowerOfTen(digits);
     if (std::isinf(tooLarge)) {
-        throw tooManyDigits();
+        throw RunTimeError(RunTimeError::Kind::Overflow, tooManyDigitsDrawn);
     }
     double number = 0;
     do {
@@ -186,7 +184,7 @@ bool DivisionExercise::EnterDividend(std::string_view typed)
     if (!number) {
         return false;
     }
-    const int lineWidth = lineWidthFor(number->Length);
+    const int lineWidth = lineWidthFor(number->Length, tooManyDigits);
     Dividend = number->WholePart;
     DividendDigits = number->Length;
     Grid.LineWidth = lineWidth;

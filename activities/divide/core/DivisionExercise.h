@@ -63,7 +63,7 @@ public:
     DivisionVerdict Check(std::string_view quotient);
 
     // Writes the working into the grid and returns the quotient. From here on the exercise is not scored. Throws
-    // RunTimeError::Overflow, and changes nothing, when a running remainder does not fit 32 bits.
+    // RunTimeError::Overflow, and changes nothing, when a running remainder or the divisor does not fit 32 bits.
     std::string ShowDivisionSolution();
 
     // Take a number that the pupil typed; its whole part counts. False when there is no number other than 0, and

@@ -19,7 +19,7 @@ class Form5 : public FormWindow {
 public:
     explicit Form5(const Clock& clock, bool& commaShift = CommaShift());
 
-    // Whether the solution shown last ended right of a comma. It lives as long as the program and outlasts its windows.
+    // What the grids of all windows know of the comma (WorkingGrid): it lives as long as the program.
     static bool& CommaShift();
 
     void Form_Load();

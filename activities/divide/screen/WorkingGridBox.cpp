@@ -147,7 +147,8 @@ void WorkingGridBox::wheelEvent(QWheelEvent* event)
     wheelTurn_ += event->angleDelta().y();
     const int rows = wheelTurn_ / eighthsOfADegreePerRow;
     wheelTurn_ -= rows * eighthsOfADegreePerRow;
-    firstRow_ = std::clamp(firstRow_ - rows, 0, std::max(rowsInUse() - ShownRows(), 0));
+    const int lowest = std::max({ rowsInUse() - ShownRows(), firstRow_, 0 }); // keys go below what is written
+    firstRow_ = std::clamp(firstRow_ - rows, 0, lowest);
     update();
     event->accept();
 }

@@ -209,6 +209,20 @@ TEST_F(WorkingGridBoxTest, TheWheelScrollsThreeRowsANotchThroughWhatIsWritten)
     EXPECT_EQ(Grid.Caret, 0) << "and the caret stays where it was";
 }
 
+TEST_F(WorkingGridBoxTest, TheWheelNeverTurnsThePaperTheOtherWay)
+{
+    ShowAndActivate(Box);
+    Press(Qt::Key_PageDown);
+    Press(Qt::Key_PageDown);
+    Press(Qt::Key_PageUp);
+    const int first = Box.FirstShownRow();
+    ASSERT_GT(first, 1);
+    turnWheel(-120);
+    EXPECT_EQ(Box.FirstShownRow(), first) << "below what is written there is nothing to be seen";
+    turnWheel(120);
+    EXPECT_EQ(Box.FirstShownRow(), first - 3);
+}
+
 TEST_F(WorkingGridBoxTest, SmallTurnsOfTheWheelAddUp)
 {
     fillRows(40);

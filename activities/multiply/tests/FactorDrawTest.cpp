@@ -306,6 +306,43 @@ TEST(FactorDraw, TheEdgesOfTheDrawTakeTheFirstAndTheLastTable)
     EXPECT_EQ(exercise.Factor2, 2707);
 }
 
+// Three times the greatest draw below 1 is 3 in single precision: one more than the tables have.
+TEST(FactorDraw, TheGreatestDrawTakesTheLastOfTablesHoweverMany)
+{
+    struct Row {
+        const char* Tables;
+        double Factor;
+    };
+    for (const Row& row : { Row { "2", 22 }, { "23", 33 }, { "237", 77 }, { "23789", 99 }, { "123456789", 99 } }) {
+        ScriptedRandom random { 0.55, greatest, greatest };
+        Multiplication exercise(random);
+        setOptions(exercise, 1, 0, 2, 0);
+        exercise.ChooseTables(row.Tables);
+        exercise.NewMultiplication();
+        EXPECT_EQ(exercise.Factor2, row.Factor) << row.Tables;
+    }
+}
+
+// The draws have the 24 bits of single precision.
+TEST(FactorDraw, DrawsInSinglePrecisionAlone)
+{
+    class Singles : public RandomSource {
+    public:
+        double Next() override
+        {
+            ADD_FAILURE() << "a draw in double precision";
+            return 0.5;
+        }
+        float NextSingle() override { return 0.55F; }
+    } random;
+    Multiplication exercise(random);
+    setOptions(exercise, 3, 1, 3, 1);
+    exercise.NewMultiplication();
+    exercise.ChooseTables("237");
+    exercise.NewMultiplication();
+    EXPECT_EQ(exercise.Factor2, 333.3);
+}
+
 TEST(FactorDraw, EveryDigitOfTheTablesIsEquallyLikely)
 {
     for (const int decimals : { 0, 1 }) {

@@ -290,6 +290,28 @@ TEST_F(Form4Test, AnOptionDrawsAnewAndLeavesTheScoreAlone)
     EXPECT_EQ(score(), "Ejercicios:  2; Errores:  1");
 }
 
+TEST_F(Form4Test, NoOptionMakesAnExerciseScoredAgain)
+{
+    for (const char* option :
+        { "MnuOpcCi1Lis(2)", "MnuOpcDe1Lis(1)", "MnuOpcCi2Lis(1)", "MnuOpcDe2Lis(1)", "MnuOpcOcu" }) {
+        SCOPED_TRACE(option);
+        click("Command2(0)");
+        click("Command2(2)");
+        const std::string before = score();
+        choose(option);
+        answer("");
+        EXPECT_EQ(score(), before);
+    }
+}
+
+TEST_F(Form4Test, EnterInAPartialRowChecksNothing)
+{
+    form_.TbParcial[0]->setFocus();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form_.Text1->Text(), "");
+    EXPECT_EQ(score(), "Ejercicios:  0; Errores:  0");
+}
+
 TEST_F(Form4Test, ARowThatGoesPassesTheFocusOn)
 {
     choose("MnuOpcCi2Lis(4)");
@@ -567,6 +589,7 @@ TEST_F(Form4Test, AFactorBeyondTheMenusLeavesTheirListsUnchecked)
         { "-0,5", "-0,5", 3, { 1 }, { 1 } },
         { "007,50", "7,5", 2, { 0 }, { 1 } },
         { "1e30", "1000000000000000000000000000000", 31, {}, { 0 } },
+        { "1e60", "1000000000000000000000000000000000000000000000000000000000000", 61, {}, { 0 } },
     };
     for (const auto& [typed, shown, rowsWanted, digits, decimals] : cases) {
         SCOPED_TRACE(typed);
