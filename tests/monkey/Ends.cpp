@@ -49,15 +49,24 @@ constexpr std::array<KnownEnd, 15> knownEnds { {
 constexpr std::string_view paragraph = "\n\n";
 constexpr std::string_view farewell = "\n\nEl programa se va a cerrar.";
 
+// A sentence without the text that it quotes, which somebody has typed and which may be very long.
+std::string withoutQuotation(const std::string& sentence)
+{
+    constexpr std::string_view opening = "«";
+    const std::size_t begin = sentence.find(opening);
+    const std::size_t end = sentence.rfind("»");
+    if (begin == std::string::npos || end == std::string::npos || end < begin) {
+        return sentence;
+    }
+    return sentence.substr(0, begin + opening.size()) + "…" + sentence.substr(end);
+}
+
 } // namespace
 
 std::string ProgramEnd::Cause() const
 {
-    static const std::regex quoted("«[^»]*(»|$)");
     static const std::regex number("-?[0-9][0-9.,]*");
-    // A typed text may be very long, and the rest of the sentence is what tells the cause.
-    const std::string withoutTexts = std::regex_replace(Detail.substr(0, 300), quoted, "«…»");
-    return Kind + ": " + std::regex_replace(withoutTexts, number, "#");
+    return Kind + ": " + std::regex_replace(Detail, number, "#");
 }
 
 bool ProgramEnd::IsByDesign() const
@@ -75,7 +84,8 @@ ProgramEnd EndToldIn(const std::string& boxText)
         return {};
     }
     const std::size_t detailBegin = kindEnd + 1 + paragraph.size();
-    return { {}, boxText.substr(0, kindEnd), boxText.substr(detailBegin, farewellBegin - detailBegin) };
+    return { {}, boxText.substr(0, kindEnd),
+        withoutQuotation(boxText.substr(detailBegin, farewellBegin - detailBegin)) };
 }
 
 } // namespace numbrela::testing

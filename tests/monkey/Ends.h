@@ -8,9 +8,9 @@ namespace numbrela::testing {
 struct ProgramEnd {
     std::string Window; // that it came out of
     std::string Kind; // the Spanish name of the error's kind
-    std::string Detail; // what the person at the screen is told
+    std::string Detail; // what the person at the screen is told, without the text that it quotes
 
-    // The same for all errors of one cause: numbers and quoted texts are left out of the detail.
+    // The same for all errors of one cause: numbers are left out of the detail.
     std::string Cause() const;
 
     // Whether the program is meant to end by it.

@@ -573,7 +573,7 @@ void Monkey::listen()
     }
     say(spoken->text(QAccessible::Name) + u' ' + spoken->text(QAccessible::Value).left(20));
     if (QAccessibleTextInterface* text = spoken->textInterface()) {
-        const int place = chance_.Below(text->characterCount() + 1);
+        const int place = chance_.Below(std::max(text->characterCount(), 1));
         text->characterRect(place);
         text->setCursorPosition(place);
         say(text->text(0, text->cursorPosition()).right(20));
