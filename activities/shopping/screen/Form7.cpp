@@ -481,9 +481,7 @@ void Form7::MnuOpcNum_Click()
 
 void Form7::MnuOpcAdd_Click()
 {
-    if (const std::optional<Product> product = AskForNewProduct(this)) {
-        AddProduct(task_.Catalogue, *product);
-    }
+    AddNewProduct(this, [this](const Product& product) { AddProduct(task_.Catalogue, product); });
 }
 
 // The editor opens first: were this the last window, the program would end with its closing.

@@ -517,6 +517,19 @@ TEST_F(Form7Test, AnIncompleteProductIsNotAdded)
     EXPECT_EQ(PendingBoxes(), 0);
 }
 
+TEST_F(Form7Test, AFullCatalogueTakesNoProductAndSaysSo)
+{
+    Form7& form = open(NumberedTable(MostProducts));
+    ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
+    ExpectInput(addTitle, pricePrompt, QStringLiteral("2"));
+    ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+    ExpectMessage(
+        QStringLiteral("Numbrela"), QStringLiteral("El catálogo está lleno: no caben más de 32767 productos."));
+    Press(Qt::Key_F2);
+    EXPECT_EQ(form.Task().Catalogue.size(), 32'767U);
+    EXPECT_EQ(FocusIn(form), "List1");
+}
+
 TEST_F(Form7Test, TheNumberOfUnitsDoesNothing)
 {
     Form7& form = openBakery();
