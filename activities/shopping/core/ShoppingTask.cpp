@@ -191,7 +191,7 @@ std::vector<std::string> ShoppingTask::BasketLines() const
     if (!isBasketEmpty()) {
         for (const ShoppingItem& item : Basket) {
             lines.push_back(
-                "(" + std::to_string(item.Units) + ") " + item.Nombre.Trimmed() + " " + PlainDecimalText(item.Precio));
+                "(" + std::to_string(item.Units) + ") " + item.Nombre.Trimmed() + " " + PlainPriceText(item.Precio));
         }
     }
     return lines;
