@@ -550,7 +550,8 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
     form_ = std::make_unique<StillShop>(clock_, path_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral("El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
-                       "Añade productos desde el menú Opciones."));
+                       "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una "
+                       "lista nueva."));
     ShowAndAnswerBoxes(*form_);
     EXPECT_EQ(form_->List1->count(), 0);
     EXPECT_FALSE(form_->Timer1->isActive());
@@ -562,6 +563,7 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
     ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
     Press(Qt::Key_F2);
     EXPECT_EQ(form_->Task().Catalogue.size(), 1U) << "the empty entry has become the product";
+    EXPECT_EQ(form_->List1->count(), 0);
     ExpectInput(numberTitle, numberPrompt, QStringLiteral("2"), QStringLiteral("4"));
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral(

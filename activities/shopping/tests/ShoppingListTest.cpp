@@ -184,7 +184,7 @@ TEST(ShoppingListTest, AnEmptyCatalogueGivesAnEmptyListAndSaysSo)
     ScriptedRandom random {};
     EXPECT_EQ(task.NewShoppingTask(random),
         "El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
-        "Añade productos desde el menú Opciones.");
+        "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una lista nueva.");
     EXPECT_TRUE(task.ListLines().empty());
     EXPECT_EQ(task.ListCost, 0);
     EXPECT_FALSE(task.IsListOpen());
