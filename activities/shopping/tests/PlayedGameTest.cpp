@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QDialog>
 #include <QFrame>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <set>
@@ -92,9 +94,25 @@ protected:
         EXPECT_FALSE(form.Frame3->isVisible());
     }
 
-    static void expectAllBought()
+    // What is told behind the last purchase, when list and purse show it already.
+    static void expectAllBought(const Form7& form)
     {
-        ExpectMessage(QStringLiteral("Compra terminada"), QStringLiteral("Pulse el botón Volver a casa"));
+        ExpectDialog([&form](QDialog& dialog) {
+            const auto& box = dynamic_cast<QMessageBox&>(dialog);
+            EXPECT_EQ(box.windowTitle(), QStringLiteral("Compra terminada"));
+            EXPECT_EQ(box.text(), QStringLiteral("Pulse el botón Volver a casa"));
+            expectAllCrossedOff(form);
+            EXPECT_EQ(form.TBDinero->Text(), RemainderText(form.Task().MoneyLeft));
+            EXPECT_TRUE(form.Frame2->isVisible());
+            dialog.accept();
+        });
+    }
+
+    static void expectAllCrossedOff(const Form7& form)
+    {
+        for (int line = 0; line < form.List1->count(); ++line) {
+            EXPECT_TRUE(form.List1->item(line)->text().startsWith(QStringLiteral("(X) "))) << line;
+        }
     }
 
     static void buyTheRest(const Form7& form)
@@ -102,7 +120,7 @@ protected:
         for (std::set<QString> shops = shopsOnTheList(form); !shops.empty(); shops = shopsOnTheList(form)) {
             const float cost = fillBasket(form, *shops.begin());
             if (shops.size() == 1) {
-                expectAllBought();
+                expectAllBought(form);
             }
             payRight(form, cost);
         }
@@ -123,9 +141,7 @@ TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
     const float moneyGiven = form.Task().MoneyGiven;
 
     buyTheRest(form);
-    for (int line = 0; line < 4; ++line) {
-        EXPECT_TRUE(form.List1->item(line)->text().startsWith(QStringLiteral("(X) ")));
-    }
+    expectAllCrossedOff(form);
     EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180 * static_cast<int>(shops));
     EXPECT_EQ(form.TBDinero->Text(), RemainderText(moneyGiven - form.Task().ListCost));
 

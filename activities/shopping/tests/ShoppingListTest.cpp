@@ -243,6 +243,19 @@ TEST(ShoppingListTest, TimeIsTenMinutesAndFiveForEachDifferentShop)
     }
 }
 
+// The fields of the shops seen are written one behind the other, blanks included.
+TEST(ShoppingListTest, AShopWhoseFieldStandsAcrossTwoOthersCountsAsSeen)
+{
+    const auto minutesFor = [](const char* second) {
+        ShoppingTask task = taskWith(TableOf({ { "a", 1, "x" }, { "b", 1, second }, { "c", 1, "" } }), 3);
+        ScriptedRandom random { drawOf(0, 3), oneUnit, drawOf(1, 3), oneUnit, drawOf(2, 3), oneUnit };
+        task.NewShoppingTask(random);
+        return task.TimeLeft / 60;
+    };
+    EXPECT_EQ(minutesFor(" y"), 20) << "49 blanks behind the x and one before the y: an empty field";
+    EXPECT_EQ(minutesFor("y"), 25) << "nowhere more than 49 blanks";
+}
+
 TEST(ShoppingListTest, MoneyIsTheNextMultipleOfFiveAboveTheCost)
 {
     struct Case {
