@@ -119,20 +119,7 @@ TEST(ShoppingListTest, AListThatHasRunIntoADeadEndIsDrawnAgain)
     for (int index = 0; index < 10; ++index) {
         add(index);
     }
-    class Replay : public RandomSource {
-    public:
-        explicit Replay(std::vector<double> draws)
-            : draws_(std::move(draws))
-        {
-        }
-        double Next() override { return draws_.at(next_++); }
-        float NextSingle() override { return static_cast<float>(Next()); }
-        bool AllDrawn() const { return next_ == draws_.size(); }
-
-    private:
-        std::vector<double> draws_;
-        std::size_t next_ = 0;
-    } random(draws);
+    ScriptedRandom random(draws);
     EXPECT_EQ(task.NewShoppingTask(random), "");
     EXPECT_TRUE(random.AllDrawn());
     EXPECT_EQ(productsOf(task), (std::vector<int> { 0, 1, 2, 3, 4, 5, 6, 7, 8, 9 }));
