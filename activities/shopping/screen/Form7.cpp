@@ -336,6 +336,7 @@ void Form7::CBTienda_Click(int index)
     std::transform(shelf_.begin(), shelf_.end(), std::back_inserter(names),
         [](const ShelfProduct& product) { return product.Name; });
     LIDisponibles->SetLines(names);
+    LIDisponibles->scrollToTop();
     showBasket(std::nullopt);
 
     Frame2->hide();

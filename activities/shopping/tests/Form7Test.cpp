@@ -717,6 +717,13 @@ TEST_F(Form7Test, AShopOfThousandsIsOfferedWhole)
     EXPECT_EQ(form.LIDisponibles->count(), 3000);
     TakeFromShelf(form, QStringLiteral("Producto 2999"));
     EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
+
+    form.LICesta->setFocus();
+    Press(Qt::Key_Delete);
+    PressContinue(form);
+    GoInto(form, QStringLiteral("Panadería"));
+    QCoreApplication::processEvents();
+    EXPECT_GE(form.LIDisponibles->visualItemRect(form.LIDisponibles->item(0)).top(), 0) << "its beginning is in view";
 }
 
 TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)

@@ -54,7 +54,7 @@ inline int LineOf(const ListBox& list, const QString& text)
 
 inline void DoubleClickLine(ListBox& list, int line)
 {
-    list.scrollToItem(list.item(line));
+    list.scrollTo(list.model()->index(line, 0));
     const QPoint place = list.visualItemRect(list.item(line)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
