@@ -717,13 +717,22 @@ TEST_F(Form7Test, AShopOfThousandsIsOfferedWhole)
     EXPECT_EQ(form.LIDisponibles->count(), 3000);
     TakeFromShelf(form, QStringLiteral("Producto 2999"));
     EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
+}
+
+TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
+{
+    const std::string longName(90, 'm');
+    const Form7& form = open(TableOf(std::vector<ProductRow>(300, { longName, 1 })));
+    GoInto(form, QStringLiteral("Panadería"));
+    DoubleClickLine(*form.LIDisponibles, 299);
+    EXPECT_EQ(form.LICesta->count(), 1);
 
     form.LICesta->setFocus();
     Press(Qt::Key_Delete);
     PressContinue(form);
     GoInto(form, QStringLiteral("Panadería"));
     QCoreApplication::processEvents();
-    EXPECT_GE(form.LIDisponibles->visualItemRect(form.LIDisponibles->item(0)).top(), 0) << "its beginning is in view";
+    EXPECT_GE(form.LIDisponibles->visualItemRect(form.LIDisponibles->item(0)).top(), 0);
 }
 
 TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
