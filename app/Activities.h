@@ -7,7 +7,7 @@ namespace numbrela {
 class Clock;
 class FormWindow;
 
-// Makes the window of an activity; one that is open already is the window. The clock outlives it.
+// Makes the window of an activity, or gives the one that is open already. The clock outlives it.
 using MakeActivity = FormWindow* (*)(const Clock& clock);
 
 // The activities in the order of their buttons on the main menu.

@@ -124,7 +124,7 @@ void DrawShopping(Gallery& gallery)
     const std::filesystem::path catalogue = folder / "productos.dat";
     SaveCatalogue(catalogue, ReadCatalogueSource(text));
     {
-        Form7 form(clock, catalogue);
+        StillShop form(clock, catalogue);
         ShowAndActivate(form);
         gallery.Draw(form, QStringLiteral("shopping-centre"));
         gallery.DrawMaximised(form, QStringLiteral("shopping-maximised"));
@@ -132,7 +132,7 @@ void DrawShopping(Gallery& gallery)
         drawLongColumn(gallery, form);
     }
     {
-        Form7 form(clock, catalogue);
+        StillShop form(clock, catalogue);
         ShowAndActivate(form);
         drawVerdict(gallery, form);
     }
@@ -140,7 +140,7 @@ void DrawShopping(Gallery& gallery)
         gallery.Draw(box, QStringLiteral("shopping-empty-catalogue-message"));
         box.accept();
     });
-    Form7 form(clock, folder / "none.dat");
+    StillShop form(clock, folder / "none.dat");
     ShowAndAnswerBoxes(form);
     gallery.Draw(form, QStringLiteral("shopping-empty-catalogue"));
 }

@@ -48,6 +48,11 @@ std::string PriceText(float price)
     return PadLeft(price < 0 && cents > 0 ? "-" + text : text, width);
 }
 
+std::string PlainPriceText(float price)
+{
+    return std::isfinite(price) ? PlainDecimalText(price) : "infinito";
+}
+
 std::string PurseText(float money)
 {
     std::string text = PlainDecimalText(RoundHalfToEven(money));

@@ -17,6 +17,10 @@ float NotesAbove(float amount);
 // Throws RunTimeError::InvalidArgument for a price that has no room there: 1000 and more.
 std::string PriceText(float price);
 
+// A price of any size as a plain number, "12,5"; "infinito" for an infinite one, which a catalogue file may hold since
+// it is above zero.
+std::string PlainPriceText(float price);
+
 // The money that a pupil sets out with, in whole euros of at least two digits: "25€", "05€", "1.250€".
 std::string PurseText(float money);
 

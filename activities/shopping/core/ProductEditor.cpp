@@ -1,5 +1,6 @@
 #include "activities/shopping/core/ProductEditor.h"
 
+#include "activities/shopping/core/Money.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 
@@ -12,12 +13,6 @@ namespace {
 
 constexpr std::size_t tiendaColumn = 18; // characters
 constexpr std::size_t nombreColumn = 30;
-
-// A catalogue file may hold an infinite price, which is above zero.
-std::string priceText(float price)
-{
-    return std::isfinite(price) ? PlainDecimalText(price) : "infinito";
-}
 
 template <int Width>
 std::string column(const FixedText<Width>& text, std::size_t characters)
@@ -32,14 +27,14 @@ std::string column(const FixedText<Width>& text, std::size_t characters)
 std::string ProductEditor::LineText(int product) const
 {
     const Product& entry = Table.at(static_cast<std::size_t>(product));
-    return column(entry.Tienda, tiendaColumn) + column(entry.Nombre, nombreColumn) + " " + priceText(entry.Precio)
+    return column(entry.Tienda, tiendaColumn) + column(entry.Nombre, nombreColumn) + " " + PlainPriceText(entry.Precio)
         + "€";
 }
 
 ProductTexts ProductEditor::TextsOf(int product) const
 {
     const Product& entry = Table.at(static_cast<std::size_t>(product));
-    return { entry.Tienda.Trimmed(), entry.Nombre.Trimmed(), priceText(entry.Precio) };
+    return { entry.Tienda.Trimmed(), entry.Nombre.Trimmed(), PlainPriceText(entry.Precio) };
 }
 
 bool ProductEditor::WriteBack(const ProductTexts& boxes)
@@ -48,7 +43,7 @@ bool ProductEditor::WriteBack(const ProductTexts& boxes)
         return true;
     }
     Product& entry = Table.at(static_cast<std::size_t>(SelectedProduct));
-    const bool untouched = !std::isfinite(entry.Precio) && boxes.Precio == priceText(entry.Precio);
+    const bool untouched = !std::isfinite(entry.Precio) && boxes.Precio == PlainPriceText(entry.Precio);
     const std::optional<float> price = untouched ? entry.Precio : ParsePrice(boxes.Precio);
     if (!price) {
         return false;

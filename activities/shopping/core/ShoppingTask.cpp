@@ -99,7 +99,8 @@ std::string noticeOfShortList(int products, int wanted)
 {
     if (products == 0) {
         return "El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
-               "Añade productos desde el menú Opciones.";
+               "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una lista "
+               "nueva.";
     }
     return "El catálogo solo tiene " + countOf(products) + ", así que la lista de la compra es de " + countOf(products)
         + " en lugar de " + std::to_string(wanted) + ".";
@@ -191,7 +192,7 @@ std::vector<std::string> ShoppingTask::BasketLines() const
     if (!isBasketEmpty()) {
         for (const ShoppingItem& item : Basket) {
             lines.push_back(
-                "(" + std::to_string(item.Units) + ") " + item.Nombre.Trimmed() + " " + PlainDecimalText(item.Precio));
+                "(" + std::to_string(item.Units) + ") " + item.Nombre.Trimmed() + " " + PlainPriceText(item.Precio));
         }
     }
     return lines;

@@ -67,6 +67,12 @@ std::size_t lengthFrom(unsigned firstByte)
     return firstByte < 0xE0 ? 2 : (firstByte < 0xF0 ? 3 : 4);
 }
 
+// Whether there is a character of this number: none beyond the last plane, and none among the surrogates.
+bool isScalar(char32_t number)
+{
+    return number <= 0x10FFFF && (number < 0xD800 || number > 0xDFFF);
+}
+
 // Takes the first character off the text.
 char32_t takeCharacter(std::string_view& text)
 {
@@ -80,7 +86,7 @@ char32_t takeCharacter(std::string_view& text)
         character = (character << 6) | (next & 0x3FU);
     }
     constexpr std::array<char32_t, 5> leastOfLength { 0, 0, 0x80, 0x800, 0x10000 };
-    whole = whole && character >= leastOfLength[length];
+    whole = whole && character >= leastOfLength[length] && isScalar(character);
     text.remove_prefix(whole ? length : 1);
     return whole ? character : notUtf8;
 }

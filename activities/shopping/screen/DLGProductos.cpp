@@ -152,18 +152,12 @@ void DLGProductos::refusePrice()
 
 void DLGProductos::CBAdd_Click()
 {
-    const std::optional<Product> product = AskForNewProduct(this);
-    if (!product) {
-        return;
-    }
-    try {
-        const int index = editor_.Add(*product);
+    AddNewProduct(this, [this](const Product& product) {
+        const int index = editor_.Add(product);
         FillProductList();
         selectLine(lines_.LineOf(index));
         List1->setFocus();
-    } catch (const RunTimeError& full) {
-        ShowMessage(this, full.what());
-    }
+    });
 }
 
 void DLGProductos::CBModif_Click()

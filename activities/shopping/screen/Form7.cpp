@@ -336,6 +336,7 @@ void Form7::CBTienda_Click(int index)
     std::transform(shelf_.begin(), shelf_.end(), std::back_inserter(names),
         [](const ShelfProduct& product) { return product.Name; });
     LIDisponibles->SetLines(names);
+    LIDisponibles->scrollToTop();
     showBasket(std::nullopt);
 
     Frame2->hide();
@@ -481,9 +482,7 @@ void Form7::MnuOpcNum_Click()
 
 void Form7::MnuOpcAdd_Click()
 {
-    if (const std::optional<Product> product = AskForNewProduct(this)) {
-        AddProduct(task_.Catalogue, *product);
-    }
+    AddNewProduct(this, [this](const Product& product) { AddProduct(task_.Catalogue, product); });
 }
 
 // The editor opens first: were this the last window, the program would end with its closing.

@@ -30,6 +30,7 @@ void ListBox::SetLines(const std::vector<std::string>& lines)
     clear();
     addItems(texts);
     measureLines();
+    setLayoutMode(uniformItemSizes() ? SinglePass : Batched);
 }
 
 void ListBox::SelectLine(int line)
@@ -41,6 +42,30 @@ std::optional<int> ListBox::SelectedLine() const
 {
     const QModelIndexList selected = selectionModel()->selectedIndexes();
     return selected.isEmpty() ? std::nullopt : std::optional(selected.front().row());
+}
+
+// A line that is still to be laid out has no place yet.
+void ListBox::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    if (layoutMode() == Batched && !isLaidOut(index.row())) {
+        setLayoutMode(SinglePass);
+        doItemsLayout();
+    }
+    QListWidget::scrollTo(index, hint);
+}
+
+// Once all lines have been laid out, they are laid out anew all at once, so that the list stays where it was scrolled.
+void ListBox::timerEvent(QTimerEvent* event)
+{
+    QListWidget::timerEvent(event);
+    if (layoutMode() == Batched && isLaidOut(count() - 1)) {
+        setLayoutMode(SinglePass);
+    }
+}
+
+bool ListBox::isLaidOut(int line) const
+{
+    return !visualRect(model()->index(line, 0)).isEmpty();
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event)
@@ -91,12 +116,13 @@ void ListBox::measureLines()
 }
 
 // Thousands of lines that are all of one height are laid out at once; only where one is too long is each laid out by
-// itself.
+// itself, the lines of a new list some at a time, so that the first ones are seen at once.
 void ListBox::fitLines()
 {
     const bool uniform = widthOfLongestLine_ <= viewport()->width();
     if (uniform != uniformItemSizes()) {
         setUniformItemSizes(uniform);
+        setLayoutMode(SinglePass);
         scheduleDelayedItemsLayout();
     }
 }

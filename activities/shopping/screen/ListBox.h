@@ -25,16 +25,20 @@ public:
     // The selected line, whichever of them the focus is on.
     std::optional<int> SelectedLine() const;
 
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
     std::function<void(int keyCode)> KeyDown; // Enter or Delete goes down: once for each time, however long it is held
     std::function<void()> DblClick;
 
 protected:
+    void timerEvent(QTimerEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    bool isLaidOut(int line) const;
     void measureLines();
     void fitLines();
 

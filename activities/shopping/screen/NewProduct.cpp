@@ -1,11 +1,16 @@
 #include "activities/shopping/screen/NewProduct.h"
 
 #include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
+
+#include <optional>
 
 namespace numbrela {
 
-std::optional<Product> AskForNewProduct(QWidget* parent)
+namespace {
+
+std::optional<Product> askForProduct(QWidget* parent)
 {
     const char* title = "Añadir producto";
     const std::string name = AskText(parent, "Nombre del producto", title);
@@ -21,6 +26,21 @@ std::optional<Product> AskForNewProduct(QWidget* parent)
         return std::nullopt;
     }
     return Product { .Nombre = Trimmed(name), .Precio = *price, .Tienda = Trimmed(shop) };
+}
+
+} // namespace
+
+void AddNewProduct(QWidget* parent, const std::function<void(const Product&)>& add)
+{
+    const std::optional<Product> product = askForProduct(parent);
+    if (!product) {
+        return;
+    }
+    try {
+        add(*product);
+    } catch (const RunTimeError& full) {
+        ShowMessage(parent, full.what());
+    }
 }
 
 } // namespace numbrela

@@ -2,14 +2,15 @@
 
 #include "activities/shopping/core/Catalogue.h"
 
-#include <optional>
+#include <functional>
 
 class QWidget;
 
 namespace numbrela {
 
-// Asks for name, price and shop of a new product, in three input boxes titled "Añadir producto". Nothing when one of
-// them is left empty or cancelled, or the price is not a number above zero.
-std::optional<Product> AskForNewProduct(QWidget* parent);
+// Asks for name, price and shop of a new product, in three input boxes titled "Añadir producto", and hands it to `add`.
+// Nothing is added when one of them is left empty or cancelled, or the price is not a number above zero. What `add`
+// throws, because the catalogue is full, is told in a message.
+void AddNewProduct(QWidget* parent, const std::function<void(const Product&)>& add);
 
 } // namespace numbrela

@@ -4,7 +4,8 @@
 
 namespace numbrela {
 
-// The order in which sorted lists stand: as a Spanish dictionary, ñ behind n, accents and case of no weight.
+// The order in which sorted lists stand: as a Spanish dictionary, ñ behind n, case of no weight, accents only
+// where the letters are the same.
 inline QCollator SpanishOrder()
 {
     QCollator order(QLocale(QLocale::Spanish, QLocale::Spain));

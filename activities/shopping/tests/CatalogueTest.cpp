@@ -1,6 +1,7 @@
 #include "activities/shopping/core/Catalogue.h"
 
 #include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/TestTables.h"
 #include "common/core/RunTimeError.h"
 
 #include <gtest/gtest.h>
@@ -45,11 +46,6 @@ std::string bytes(std::initializer_list<int> values)
 const std::string one = bytes({ 0x00, 0x00, 0x80, 0x3F });
 const std::string zero = bytes({ 0, 0, 0, 0 });
 
-Product product(const char* name, float price, const char* shop)
-{
-    return { .Nombre = std::string_view(name), .Precio = price, .Tienda = std::string_view(shop) };
-}
-
 RunTimeError::Kind kindOf(const std::function<void()>& action, std::string* text = nullptr)
 {
     try {
@@ -93,7 +89,7 @@ void expectEmpty(const ProductTable& table)
 
 TEST_F(CatalogueTest, WritesRecordsByteByByte)
 {
-    EXPECT_EQ(saved({ product("Una barra de pan", 0.85F, "Panadería"), product("Piñón €", 12.5F, "Frutería") }),
+    EXPECT_EQ(saved({ ProductOf("Una barra de pan", "Panadería", 0.85F), ProductOf("Piñón €", "Frutería", 12.5F) }),
         record("Una barra de pan", bytes({ 0x9A, 0x99, 0x59, 0x3F }),
             "Panader\xED"
             "a")
@@ -226,7 +222,7 @@ TEST_F(CatalogueTest, LoadsValuesAsAbsurdAsTheyAre)
 
 TEST_F(CatalogueTest, StoresLongTextsCut)
 {
-    SaveCatalogue(path_, { product(std::string(101, 'n').c_str(), 1, std::string(51, 't').c_str()) });
+    SaveCatalogue(path_, { ProductOf(std::string(101, 'n'), std::string(51, 't')) });
     EXPECT_EQ(ReadBytes(path_), record(std::string(100, 'n'), one, std::string(50, 't')));
 }
 
@@ -251,18 +247,18 @@ TEST_F(CatalogueTest, HoldsAsManyProductsAsA16BitCountCounts)
 TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstAndThenAtTheEnd)
 {
     ProductTable table(1);
-    EXPECT_EQ(AddProduct(table, product("a", 1, "x")), 0);
-    EXPECT_EQ(AddProduct(table, product("b", 2, "y")), 1);
+    EXPECT_EQ(AddProduct(table, ProductOf("a", "x")), 0);
+    EXPECT_EQ(AddProduct(table, ProductOf("b", "y", 2)), 1);
     ASSERT_EQ(table.size(), 2U);
-    EXPECT_EQ(table[0], product("a", 1, "x"));
-    EXPECT_EQ(table[1], product("b", 2, "y"));
+    EXPECT_EQ(table[0], ProductOf("a", "x"));
+    EXPECT_EQ(table[1], ProductOf("b", "y", 2));
 }
 
 TEST_F(CatalogueTest, DoesNotGrowBeyondWhatItCouldLoadAgain)
 {
-    ProductTable table(32766, product("a", 1, "x"));
-    EXPECT_EQ(AddProduct(table, product("b", 1, "x")), 32766);
-    EXPECT_EQ(kindOf([&] { AddProduct(table, product("c", 1, "x")); }), RunTimeError::Kind::Overflow);
+    ProductTable table(32766, ProductOf("a", "x"));
+    EXPECT_EQ(AddProduct(table, ProductOf("b", "x")), 32766);
+    EXPECT_EQ(kindOf([&] { AddProduct(table, ProductOf("c", "x")); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(table.size(), 32767U);
 }
 
@@ -303,7 +299,7 @@ protected:
             [&] { LoadCatalogue(path); }, "No se puede leer el archivo «" + path.string() + "»: " + reason + ".");
     }
 
-    const ProductTable table_ { product("a", 1, "x") };
+    const ProductTable table_ { ProductOf("a", "x") };
 };
 
 TEST_F(CatalogueFailureTest, NamesTheFileWhoseFolderIsMissing)
@@ -389,7 +385,7 @@ TEST_F(CatalogueTest, WritesThroughALinkThatHasTheNameOfTheFile)
     const std::filesystem::path target = folder_ / "elsewhere" / "real.dat";
     WriteBytes(target, "");
     std::filesystem::create_symlink(target, path_);
-    SaveCatalogue(path_, { product("a", 1, "x") });
+    SaveCatalogue(path_, { ProductOf("a", "x") });
     EXPECT_TRUE(std::filesystem::is_symlink(path_));
     EXPECT_EQ(ReadBytes(target), record("a", one, "x"));
     EXPECT_EQ(folder_.Names(), (std::vector<std::string> { "elsewhere", "productos.dat" }));
@@ -399,7 +395,7 @@ TEST_F(CatalogueTest, SavesBesideAFileThatIsNamedWithoutAFolder)
 {
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder_.Path());
-    SaveCatalogue("productos.dat", { product("a", 1, "x") });
+    SaveCatalogue("productos.dat", { ProductOf("a", "x") });
     EXPECT_EQ(LoadCatalogue("productos.dat").size(), 1U);
     std::filesystem::current_path(before);
     EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));

@@ -2,6 +2,7 @@
 
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/TestTables.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/CommandButton.h"
@@ -27,15 +28,10 @@ namespace {
 
 using namespace testing;
 
-Product product(const char* shop, const char* name, float price)
-{
-    return { .Nombre = std::string_view(name), .Precio = price, .Tienda = std::string_view(shop) };
-}
-
 // In the order of the list: bread, fish, newspaper.
-const Product newspaper = product("Kiosko", "Un periódico", 2);
-const Product bread = product("Panadería", "Una barra de pan", 0.85F);
-const Product fish = product("Pescadería", "Una trucha", 3.45F);
+const Product newspaper = ProductOf("Un periódico", "Kiosko", 2);
+const Product bread = ProductOf("Una barra de pan", "Panadería", 0.85F);
+const Product fish = ProductOf("Una trucha", "Pescadería", 3.45F);
 const ProductTable threeProducts { fish, newspaper, bread };
 
 const QString adding = QStringLiteral("Añadir producto");
@@ -508,7 +504,7 @@ TEST_F(DLGProductosTest, WritesBoxesBackThatWereTypedIntoAfterAChange)
 
 TEST_F(DLGProductosTest, ChangesAPriceThatIsAcceptedAsItIsShownToItsWholeEuros)
 {
-    open({ product("Kiosko", "Un tebeo", 1.25F) });
+    open({ ProductOf("Un tebeo", "Kiosko", 1.25F) });
     clickLine(0);
     change(
         { "Kiosko", "Un tebeo", "1,25" }, QStringLiteral("Kiosko"), QStringLiteral("Un tebeo"), QStringLiteral("1,25"));
@@ -614,7 +610,7 @@ TEST_F(DLGProductosTest, ScrollsToTheLineThatItSelects)
     ProductTable table;
     for (int i = 0; i < 300; ++i) {
         const std::string name = "Producto " + std::to_string(1000 + i);
-        table.push_back(product("Kiosko", name.c_str(), 1));
+        table.push_back(ProductOf(name, "Kiosko"));
     }
     open(table);
     const auto isSeen = [this](int line) {
@@ -639,7 +635,7 @@ protected:
     {
         for (int i = 0; i < 20; ++i) {
             const std::string name = "Producto " + std::to_string(10 + i);
-            twentyProducts_.push_back(product("Kiosko", name.c_str(), 1.25F));
+            twentyProducts_.push_back(ProductOf(name, "Kiosko", 1.25F));
         }
         SaveCatalogue(path_, twentyProducts_);
         saved_ = ReadBytes(path_);

@@ -46,7 +46,7 @@ protected:
 
 TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
 {
-    Form7 form(clock_, path_);
+    StillShop form(clock_, path_);
     ShowAndActivate(form);
     Click(form, QStringLiteral("CBTienda(5)"));
     const std::string purse = PurseText(form.Task().MoneyGiven);
@@ -131,7 +131,7 @@ TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
 
 TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
 {
-    const Form7 form(clock_, path_);
+    const StillShop form(clock_, path_);
     ExpectMenus(form,
         {
             "MnuOpc &Opciones",
@@ -145,7 +145,7 @@ TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
 
 TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
 {
-    Form7 form(clock_, path_);
+    StillShop form(clock_, path_);
     const std::vector<std::pair<const QLabel*, const char*>> captions {
         { form.Label1[0], "List1" },
         { form.Label1[1], "TBTiempo" },
@@ -162,7 +162,7 @@ TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
 
 TEST_F(Form7TableTest, TheNamesOfAllShopsAreSeenWholeAtEverySize)
 {
-    Form7 form(clock_, path_);
+    StillShop form(clock_, path_);
     ShowAndActivate(form);
     for (const QSize size : { form.size(), QSize(1280, 800), QSize(800, 600), QSize(640, 480) }) {
         form.resize(size);

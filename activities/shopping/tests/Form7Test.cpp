@@ -19,6 +19,7 @@
 #include <QDialog>
 #include <QFrame>
 #include <QLabel>
+#include <QListView>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
@@ -63,7 +64,7 @@ protected:
     Form7& open(const ProductTable& table)
     {
         SaveCatalogue(path_, table);
-        form_ = std::make_unique<Form7>(clock_, path_);
+        form_ = std::make_unique<StillShop>(clock_, path_);
         ShowAndActivate(*form_);
         return *form_;
     }
@@ -114,7 +115,13 @@ TEST_F(Form7Test, ANewWindowShowsListMoneyAndTimeInTheCentre)
     EXPECT_TRUE(form.Frame2->isVisible());
     EXPECT_FALSE(form.Frame3->isVisible());
     EXPECT_TRUE(form.Timer1->isActive());
+}
+
+TEST_F(Form7Test, TheClockTicksEverySecond)
+{
+    const Form7 form(clock_, path_);
     EXPECT_EQ(form.Timer1->interval(), 1000);
+    EXPECT_EQ(form.Timer1->timerType(), Qt::PreciseTimer);
 }
 
 TEST_F(Form7Test, TheSameSecondDrawsTheSameListAndAnotherOneAnother)
@@ -274,12 +281,12 @@ TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
     EXPECT_EQ(placeOf(*form.TbInstrucciones).Top, 4830) << "the receipt has given the shelf its place back";
 }
 
-TEST_F(Form7Test, ALongColumnIsShownWhole)
+TEST_F(Form7Test, TheLongestColumnIsShownWhole)
 {
     Form7& form = open(TableOf({ { "Una barra de pan", 0.85F }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
-    addUp(form, 60);
+    addUp(form, 114);
     QCoreApplication::processEvents();
-    EXPECT_EQ(placeOf(*form.TBCantidades).Top, 7540 - 60 * 285);
+    EXPECT_EQ(placeOf(*form.TBCantidades).Top, 7540 - 114 * 285);
     for (const QWidget* control : std::initializer_list<const QWidget*> { form.TBCantidades, form.TbResultado }) {
         const QRect place(control->mapTo(&form, QPoint()), control->size());
         EXPECT_TRUE(form.rect().contains(place)) << control->objectName().toStdString();
@@ -352,7 +359,11 @@ TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsThatShopAsItWas)
     EXPECT_EQ(form.TBDinero->Text(), "0 €");
 
     fillBasket(form, 2);
-    ExpectDialog([](QDialog& box) { box.accept(); }); // the verdict
+    EXPECT_TRUE(form.Timer1->isActive());
+    ExpectDialog([&form](QDialog& verdict) {
+        EXPECT_FALSE(form.Timer1->isActive()) << "no second goes by while the verdict is read";
+        verdict.accept();
+    });
     ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
         { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("Sí"));
     Click(form, QStringLiteral("CBVolver"));
@@ -411,7 +422,33 @@ TEST_F(Form7Test, WhoBeginsAgainWhilePayingGoesOnPaying)
         EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven);
         EXPECT_TRUE(form.Task().IsListOpen());
         EXPECT_EQ(FocusIn(form), "List1");
+
+        if (step == 4) {
+            PressContinue(form);
+            EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven - 1) << "paid out of the new purse";
+            EXPECT_EQ(form.TBDinero->Text(), RemainderText(form.Task().MoneyLeft));
+            EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Continuar"));
+        }
     }
+}
+
+TEST_F(Form7Test, AMistakeIsToldBeforeTheShopIsLeft)
+{
+    Form7& form = openBakery();
+    const int timeGiven = form.Task().TimeLeft;
+    addUp(form, 1);
+    TypeResult(QStringLiteral("0,10"));
+    ExpectDialog([&](QDialog& box) {
+        EXPECT_TRUE(form.Frame3->isVisible());
+        EXPECT_TRUE(form.TBCantidades->isVisible());
+        EXPECT_FALSE(form.Frame2->isVisible());
+        EXPECT_EQ(form.Task().TimeLeft, timeGiven);
+        box.accept();
+    });
+    PressContinue(form);
+    EXPECT_FALSE(form.Frame3->isVisible());
+    EXPECT_TRUE(form.Frame2->isVisible());
+    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180);
 }
 
 TEST_F(Form7Test, TheWarningOfAPaymentIsToldAlsoWhereItsNotesEndTheProgram)
@@ -432,7 +469,6 @@ TEST_F(Form7Test, TheWarningOfAPaymentIsToldAlsoWhereItsNotesEndTheProgram)
 TEST_F(Form7Test, ASecondGoesByOnTheClockAtEachTick)
 {
     Form7& form = open(NumberedTable(4));
-    form.Timer1->stop();
     const int timeGiven = form.Task().TimeLeft;
     ASSERT_GT(timeGiven, 0);
     ASSERT_EQ(timeGiven % 60, 0);
@@ -491,6 +527,23 @@ TEST_F(Form7Test, AProductIsAddedUntilTheCatalogueIsReadAgain)
     EXPECT_EQ(form.Task().Catalogue.size(), 7U);
 }
 
+TEST_F(Form7Test, ThePriceOfANewProductIsReadAsANumberOfTheCountry)
+{
+    struct Case {
+        const char* Typed;
+        float Price;
+    };
+    Form7& form = openBakery();
+    for (const Case& c : { Case { "1,5", 1.5F }, { "1e3", 1000 }, { "2.5", 25 } }) {
+        ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
+        ExpectInput(addTitle, pricePrompt, QString::fromUtf8(c.Typed));
+        ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+        Choose(form, QStringLiteral("MnuOpcAdd"));
+        EXPECT_EQ(form.Task().Catalogue.back().Precio, c.Price) << c.Typed;
+    }
+    EXPECT_EQ(form.Task().Catalogue.size(), 9U);
+}
+
 TEST_F(Form7Test, AnIncompleteProductIsNotAdded)
 {
     Form7& form = openBakery();
@@ -505,11 +558,27 @@ TEST_F(Form7Test, AnIncompleteProductIsNotAdded)
         Choose(form, QStringLiteral("MnuOpcAdd"));
     }
     ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
+    ExpectInputCancelled(addTitle, pricePrompt, QStringLiteral("2"));
+    Choose(form, QStringLiteral("MnuOpcAdd"));
+    ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
     ExpectInput(addTitle, pricePrompt, QStringLiteral("2"));
     ExpectInputCancelled(addTitle, shopPrompt, QStringLiteral("Panadería"));
     Choose(form, QStringLiteral("MnuOpcAdd"));
     EXPECT_EQ(form.Task().Catalogue.size(), 6U);
     EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(Form7Test, AFullCatalogueTakesNoProductAndSaysSo)
+{
+    Form7& form = open(NumberedTable(MostProducts));
+    ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
+    ExpectInput(addTitle, pricePrompt, QStringLiteral("2"));
+    ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+    ExpectMessage(
+        QStringLiteral("Numbrela"), QStringLiteral("El catálogo está lleno: no caben más de 32767 productos."));
+    Press(Qt::Key_F2);
+    EXPECT_EQ(form.Task().Catalogue.size(), 32'767U);
+    EXPECT_EQ(FocusIn(form), "List1");
 }
 
 TEST_F(Form7Test, TheNumberOfUnitsDoesNothing)
@@ -529,10 +598,11 @@ TEST_F(Form7Test, TheLastMenuItemClosesTheWindow)
 
 TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
 {
-    form_ = std::make_unique<Form7>(clock_, path_);
+    form_ = std::make_unique<StillShop>(clock_, path_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral("El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
-                       "Añade productos desde el menú Opciones."));
+                       "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una "
+                       "lista nueva."));
     ShowAndAnswerBoxes(*form_);
     EXPECT_EQ(form_->List1->count(), 0);
     EXPECT_FALSE(form_->Timer1->isActive());
@@ -544,6 +614,7 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
     ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
     Press(Qt::Key_F2);
     EXPECT_EQ(form_->Task().Catalogue.size(), 1U) << "the empty entry has become the product";
+    EXPECT_EQ(form_->List1->count(), 0);
     ExpectInput(numberTitle, numberPrompt, QStringLiteral("2"), QStringLiteral("4"));
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral(
@@ -553,10 +624,52 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
     EXPECT_TRUE(form_->Timer1->isActive());
 }
 
+TEST_F(Form7Test, TheEditorOfAnEmptyCatalogueOpensFromTheWindow)
+{
+    const auto acceptNotice = [] { ExpectDialog([](QDialog& box) { box.accept(); }); };
+    acceptNotice();
+    ShowShopping(clock_, path_, true);
+    ASSERT_NE(openWindow<Form7>(), nullptr);
+    ShowAndAnswerBoxes(*openWindow<Form7>());
+    Press(Qt::Key_F3);
+    EXPECT_EQ(openWindow<Form7>(), nullptr);
+    auto* editor = openWindow<DLGProductos>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->List1->model()->rowCount(), 1) << "the one empty entry";
+
+    acceptNotice();
+    Click(*editor, QStringLiteral("CancelButton"));
+    EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
+    ASSERT_NE(openWindow<Form7>(), nullptr);
+    openWindow<Form7>()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
+{
+    Form7& form = open(NumberedTable(4));
+    for (const char* name : { "Un diamante", "Otro diamante" }) {
+        ExpectInput(addTitle, namePrompt, QString::fromUtf8(name));
+        ExpectInput(addTitle, pricePrompt, QStringLiteral("3e38"));
+        ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+        Choose(form, QStringLiteral("MnuOpcAdd"));
+    }
+    EXPECT_TRUE(form.Timer1->isActive());
+    ExpectInput(numberTitle, numberPrompt, QStringLiteral("6"), QStringLiteral("4"));
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral("La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
+                       "Corrige los precios del catálogo desde el menú Opciones."));
+    Choose(form, QStringLiteral("MnuOpcNum"));
+    EXPECT_EQ(form.List1->count(), 0);
+    EXPECT_FALSE(form.Timer1->isActive());
+    EXPECT_EQ(form.TBDinero->Text(), "05€");
+    EXPECT_EQ(form.TBTiempo->Text(), "10 : 00");
+}
+
 TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 {
     SaveCatalogue(path_, NumberedTable(3));
-    form_ = std::make_unique<Form7>(clock_, path_);
+    form_ = std::make_unique<StillShop>(clock_, path_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral(
             "El catálogo solo tiene 3 productos, así que la lista de la compra es de 3 productos en lugar de 4."));
@@ -569,7 +682,7 @@ TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
 {
     const std::filesystem::path missing = folder_.Path() / "Recursos" / "productos.dat";
-    form_ = std::make_unique<Form7>(clock_, missing);
+    form_ = std::make_unique<StillShop>(clock_, missing);
     ExpectDialog([&](QDialog& dialog) {
         const QString text = static_cast<QMessageBox&>(dialog).text();
         EXPECT_TRUE(text.contains(QString::fromStdString(missing.string()))) << text.toStdString();
@@ -604,6 +717,22 @@ TEST_F(Form7Test, AShopOfThousandsIsOfferedWhole)
     EXPECT_EQ(form.LIDisponibles->count(), 3000);
     TakeFromShelf(form, QStringLiteral("Producto 2999"));
     EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
+}
+
+TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
+{
+    const std::string longName(90, 'm');
+    const Form7& form = open(TableOf(std::vector<ProductRow>(300, { longName, 1 })));
+    GoInto(form, QStringLiteral("Panadería"));
+    DoubleClickLine(*form.LIDisponibles, 299);
+    EXPECT_EQ(form.LICesta->count(), 1);
+
+    form.LICesta->setFocus();
+    Press(Qt::Key_Delete);
+    PressContinue(form);
+    GoInto(form, QStringLiteral("Panadería"));
+    QCoreApplication::processEvents();
+    EXPECT_GE(form.LIDisponibles->visualItemRect(form.LIDisponibles->item(0)).top(), 0);
 }
 
 TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)

@@ -66,6 +66,18 @@ TEST_F(HomeComingTest, WhoTookTooLongHearsSo)
     }
 }
 
+TEST_F(HomeComingTest, WhoHadNothingToBuyHasBoughtItAll)
+{
+    task_.ShoppingList.clear();
+    task_.ListCost = 0;
+    task_.MoneyGiven = 5;
+    task_.MoneyLeft = 5;
+    const HomeComing home = task_.GoHome();
+    EXPECT_TRUE(home.Ended);
+    EXPECT_EQ(home.Title, "Vuelves a casa con tu compra");
+    EXPECT_EQ(home.Message, allBought + std::string("\nHas gastado justo el dinero necesario.") + inTime);
+}
+
 TEST_F(HomeComingTest, WhoCanStillBuySomethingDoesNotGoHomeYet)
 {
     task_.ShoppingList[0].Units = 1;

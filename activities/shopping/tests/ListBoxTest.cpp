@@ -84,6 +84,28 @@ TEST_F(ListBoxTest, ALineThatIsTooLongGoesOnBelow)
     EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) > heightOf(0); }));
 }
 
+TEST_F(ListBoxTest, ALineFarDownAmongLongOnesIsBroughtIntoViewAtOnce)
+{
+    const std::string longName = "Una caja de lápices de colores con sacapuntas y goma de borrar";
+    list_.resize(200, 300);
+    ShowAndActivate(list_);
+    list_.SetLines(std::vector<std::string>(1000, longName));
+    list_.SelectLine(999);
+    const auto isSeen = [this](int line) {
+        return list_.viewport()->rect().contains(list_.visualItemRect(list_.item(line)).center());
+    };
+    EXPECT_TRUE(isSeen(999));
+
+    list_.SetLines(std::vector<std::string>(1000, longName));
+    list_.scrollToTop();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !list_.visualItemRect(list_.item(999)).isEmpty(); }))
+        << "all of them are laid out, in time";
+    EXPECT_TRUE(isSeen(0));
+    list_.setFocus();
+    Press(Qt::Key_End);
+    EXPECT_TRUE(isSeen(999));
+}
+
 TEST_F(ListBoxTest, EnterAndDeleteAreHeardOnceForEachTimeTheyGoDown)
 {
     ShowAndActivate(list_);

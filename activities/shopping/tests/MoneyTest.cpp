@@ -97,6 +97,14 @@ TEST(MoneyTest, APriceOfAThousandHasNoRoomInTheColumn)
     EXPECT_EQ(KindThrownBy([] { PriceText(std::numeric_limits<float>::infinity()); }), RunTimeError::Kind::Overflow);
 }
 
+TEST(MoneyTest, APlainPriceIsWrittenWhateverItsSize)
+{
+    EXPECT_EQ(PlainPriceText(0.85F), "0,85");
+    EXPECT_EQ(PlainPriceText(12), "12");
+    EXPECT_EQ(PlainPriceText(1234.5F), "1234,5");
+    EXPECT_EQ(PlainPriceText(std::numeric_limits<float>::infinity()), "infinito");
+}
+
 TEST(MoneyTest, ThePurseHasWholeEurosOfTwoDigitsAtLeast)
 {
     struct Case {

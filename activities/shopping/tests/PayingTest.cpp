@@ -82,7 +82,7 @@ TEST_F(PayingTest, ThePricesOfAllUnitsAreWrittenUnderEachOther)
 TEST_F(PayingTest, OneProductIsAColumnOfOneRow)
 {
     task_.TakeProduct(2);
-    const PayOutcome outcome = task_.Continue("");
+    task_.Continue("");
     EXPECT_EQ(task_.ColumnAboveResult().Text, " 24,00");
     EXPECT_EQ(task_.ColumnAboveResult().Height, 285);
 }

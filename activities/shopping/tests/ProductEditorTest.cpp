@@ -1,6 +1,7 @@
 #include "activities/shopping/core/ProductEditor.h"
 
 #include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/TestTables.h"
 #include "common/core/RunTimeError.h"
 
 #include <gtest/gtest.h>
@@ -13,14 +14,9 @@ namespace {
 
 using namespace testing;
 
-Product product(const char* shop, const char* name, float price)
-{
-    return { .Nombre = std::string_view(name), .Precio = price, .Tienda = std::string_view(shop) };
-}
-
-const Product bread = product("Panadería", "Una barra de pan", 0.85F);
-const Product paper = product("Kiosko", "Un periódico", 2);
-const Product fish = product("Pescadería", "Una trucha", 3.45F);
+const Product bread = ProductOf("Una barra de pan", "Panadería", 0.85F);
+const Product paper = ProductOf("Un periódico", "Kiosko", 2);
+const Product fish = ProductOf("Una trucha", "Pescadería", 3.45F);
 
 ProductEditor editorOf(const ProductTable& table)
 {
@@ -45,14 +41,14 @@ TEST(CatalogueLine, ShowsShopNameAndPriceInColumns)
     const std::vector<Row> rows {
         { bread, "Panadería         Una barra de pan               0,85€" },
         { paper, "Kiosko            Un periódico                   2€" },
-        { product("Supermercado y más", "Una caja de lápices de colores", 1234.5F),
+        { ProductOf("Una caja de lápices de colores", "Supermercado y más", 1234.5F),
             "Supermercado y másUna caja de lápices de colores 1234,5€" },
-        { product("Un nombre de tienda muy largo", "Un nombre de producto que no cabe en la línea", 0.1F),
+        { ProductOf("Un nombre de producto que no cabe en la línea", "Un nombre de tienda muy largo", 0.1F),
             "Un nombre de tiendUn nombre de producto que no c 0,1€" },
-        { product("", "", -1), "                                                 -1€" },
+        { ProductOf("", "", -1), "                                                 -1€" },
         { Product(), "                                                 0€" },
-        { product("x", "y", 12345678), "x                 y                              12345680€" },
-        { product("x", "y", std::numeric_limits<float>::infinity()),
+        { ProductOf("y", "x", 12345678), "x                 y                              12345680€" },
+        { ProductOf("y", "x", std::numeric_limits<float>::infinity()),
             "x                 y                              infinito€" },
     };
     for (const Row& row : rows) {
@@ -62,7 +58,7 @@ TEST(CatalogueLine, ShowsShopNameAndPriceInColumns)
 
 TEST(EditBoxes, ShowAProductTrimmed)
 {
-    const ProductEditor editor = editorOf({ product("  Panadería ", " Una barra  de pan", 0.85F), Product() });
+    const ProductEditor editor = editorOf({ ProductOf(" Una barra  de pan", "  Panadería ", 0.85F), Product() });
     EXPECT_EQ(editor.TextsOf(0), (ProductTexts { "Panadería", "Una barra  de pan", "0,85" }));
     EXPECT_EQ(editor.TextsOf(1), (ProductTexts { "", "", "0" }));
 }
@@ -75,7 +71,7 @@ TEST(EditBoxes, AreWrittenBackIntoTheProductThatTheyShow)
     EXPECT_EQ(editor.SelectedLine, 0);
     EXPECT_TRUE(editor.Editing);
     EXPECT_TRUE(editor.WriteBack({ " Librería ", "  Un cuento ", " 12,95" }));
-    EXPECT_EQ(editor.Table, (ProductTable { bread, product("Librería", "Un cuento", 12.95F) }));
+    EXPECT_EQ(editor.Table, (ProductTable { bread, ProductOf("Un cuento", "Librería", 12.95F) }));
 }
 
 TEST(EditBoxes, AreNotWrittenBackBeforeTheyShowAProduct)
@@ -101,15 +97,15 @@ TEST(EditBoxes, TakeAnyNumberAsAPrice)
     ProductEditor editor = editorOf({ bread });
     editor.Select(0, 0);
     EXPECT_TRUE(editor.WriteBack({ "", "", "-3" }));
-    EXPECT_EQ(editor.Table, ProductTable { product("", "", -3) });
+    EXPECT_EQ(editor.Table, ProductTable { ProductOf("", "", -3) });
     EXPECT_TRUE(editor.WriteBack({ "a", "b", "0" }));
-    EXPECT_EQ(editor.Table, ProductTable { product("a", "b", 0) });
+    EXPECT_EQ(editor.Table, ProductTable { ProductOf("b", "a", 0) });
 }
 
 TEST(EditBoxes, LeaveAnInfinitePriceThatNobodyTouched)
 {
     const float infinity = std::numeric_limits<float>::infinity();
-    ProductEditor editor = editorOf({ product("a", "b", infinity) });
+    ProductEditor editor = editorOf({ ProductOf("b", "a", infinity) });
     editor.Select(0, 0);
     EXPECT_TRUE(editor.WriteBack(editor.TextsOf(0)));
     EXPECT_EQ(editor.Table[0].Precio, infinity);
@@ -160,11 +156,11 @@ TEST(Changing, TakesOverTheAnswersThatAreNotEmpty)
     };
     const std::vector<Row> rows {
         { { "", "", "" }, bread },
-        { { " Kiosko ", "", "" }, product("Kiosko", "Una barra de pan", 0.85F) },
-        { { "", " Un bollo ", "" }, product("Panadería", "Un bollo", 0.85F) },
-        { { "", "", "3" }, product("Panadería", "Una barra de pan", 3) },
-        { { "Kiosko", "Un tebeo", "2.5" }, product("Kiosko", "Un tebeo", 2.5F) },
-        { { " ", " ", " " }, product("", "", 0) },
+        { { " Kiosko ", "", "" }, ProductOf("Una barra de pan", "Kiosko", 0.85F) },
+        { { "", " Un bollo ", "" }, ProductOf("Un bollo", "Panadería", 0.85F) },
+        { { "", "", "3" }, ProductOf("Una barra de pan", "Panadería", 3) },
+        { { "Kiosko", "Un tebeo", "2.5" }, ProductOf("Un tebeo", "Kiosko", 2.5F) },
+        { { " ", " ", " " }, ProductOf("", "", 0) },
     };
     for (const Row& row : rows) {
         ProductEditor editor = editorOf({ paper, bread, fish });
@@ -244,7 +240,7 @@ TEST(Deleting, LeavesTheOnlyProductWithThePriceZeroUntilTheCatalogueIsLoadedAgai
     const TemporaryFolder folder;
     ProductEditor editor = editorOf({ bread });
     editor.Delete(0, 0);
-    EXPECT_EQ(editor.Table, ProductTable { product("Panadería", "Una barra de pan", 0) });
+    EXPECT_EQ(editor.Table, ProductTable { ProductOf("Una barra de pan", "Panadería", 0) });
     EXPECT_EQ(editor.LineText(0), "Panadería         Una barra de pan               0€");
 
     SaveCatalogue(folder / "productos.dat", editor.Table);

@@ -1,5 +1,6 @@
 #include "activities/shopping/screen/ProductListModel.h"
 
+#include "activities/shopping/tests/TestTables.h"
 #include "common/core/Random.h"
 
 #include <gtest/gtest.h>
@@ -10,10 +11,7 @@ namespace numbrela {
 
 namespace {
 
-Product product(const std::string& shop, const std::string& name, float price = 1)
-{
-    return { .Nombre = std::string_view(name), .Precio = price, .Tienda = std::string_view(shop) };
-}
+using namespace testing;
 
 std::vector<std::string> linesOf(const ProductListModel& model)
 {
@@ -38,8 +36,8 @@ std::vector<int> productsOf(const ProductListModel& model)
 TEST(ProductListModel, SortsByShopAndThenByName)
 {
     ProductEditor editor;
-    editor.Table = { product("Panadería", "Un bollo"), product("Kiosko", "Un tebeo"),
-        product("Panadería", "Un biscote"), product("Carnicería", "Un pollo") };
+    editor.Table = { ProductOf("Un bollo", "Panadería"), ProductOf("Un tebeo", "Kiosko"),
+        ProductOf("Un biscote", "Panadería"), ProductOf("Un pollo", "Carnicería") };
     ProductListModel model;
     model.Fill(editor);
     EXPECT_EQ(productsOf(model), (std::vector<int> { 3, 1, 2, 0 }));
@@ -50,9 +48,9 @@ TEST(ProductListModel, SortsAsASpanishDictionaryDoes)
 {
     ProductEditor editor;
     editor.Table.clear();
-    for (const char* name :
-        { "ñora", "zumo", "nuez", "oca", "Ámbar", "azúcar", "ANÍS", "árbol", "cruasán", "chorizo", "dátil" }) {
-        editor.Table.push_back(product("x", name));
+    for (const char* name : { "ñora", "zumo", "nuez", "oca", "Ámbar", "azúcar", "ANÍS", "árbol", "cruasán", "chorizo",
+             "dátil", "papá", "papa" }) {
+        editor.Table.push_back(ProductOf(name, "x"));
     }
     ProductListModel model;
     model.Fill(editor);
@@ -61,14 +59,15 @@ TEST(ProductListModel, SortsAsASpanishDictionaryDoes)
         names.push_back(editor.TextsOf(index).Nombre);
     }
     EXPECT_EQ(names,
-        (std::vector<std::string> {
-            "Ámbar", "ANÍS", "árbol", "azúcar", "chorizo", "cruasán", "dátil", "nuez", "ñora", "oca", "zumo" }));
+        (std::vector<std::string> { "Ámbar", "ANÍS", "árbol", "azúcar", "chorizo", "cruasán", "dátil", "nuez", "ñora",
+            "oca", "papa", "papá", "zumo" }));
 }
 
 TEST(ProductListModel, LeavesEqualLinesInTheOrderOfTheCatalogue)
 {
     ProductEditor editor;
-    editor.Table = { product("x", "b"), product("x", "a"), product("x", "b"), product("x", "a"), product("x", "A") };
+    editor.Table
+        = { ProductOf("b", "x"), ProductOf("a", "x"), ProductOf("b", "x"), ProductOf("a", "x"), ProductOf("A", "x") };
     ProductListModel model;
     model.Fill(editor);
     EXPECT_EQ(productsOf(model), (std::vector<int> { 1, 3, 4, 0, 2 }));
@@ -77,12 +76,12 @@ TEST(ProductListModel, LeavesEqualLinesInTheOrderOfTheCatalogue)
 TEST(ProductListModel, LeavesARewrittenLineInItsPlaceUntilTheListIsFilledAgain)
 {
     ProductEditor editor;
-    editor.Table = { product("x", "a"), product("x", "b"), product("x", "c") };
+    editor.Table = { ProductOf("a", "x"), ProductOf("b", "x"), ProductOf("c", "x") };
     ProductListModel model;
     model.Fill(editor);
 
     const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    editor.Table[0] = product("x", "z");
+    editor.Table[0] = ProductOf("z", "x");
     model.Rewrite(0, editor);
     EXPECT_EQ(changes.count(), 1);
     EXPECT_EQ(productsOf(model), (std::vector<int> { 0, 1, 2 }));
@@ -98,7 +97,7 @@ TEST(ProductListModel, FillsAgainAsForTheFirstTime)
     SeededRandom random(1);
     const auto draw = [&random](int count) { return static_cast<int>(random.Next() * count); };
     const auto anyProduct
-        = [&] { return product(std::string(1, static_cast<char>('a' + draw(3))), std::to_string(draw(9))); };
+        = [&] { return ProductOf(std::to_string(draw(9)), std::string(1, static_cast<char>('a' + draw(3)))); };
 
     ProductEditor editor;
     ProductListModel model;

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace numbrela {
 
 namespace {
@@ -89,6 +91,16 @@ TEST_F(ShopVisitTest, AProductTakenAgainCountsInItsLine)
     EXPECT_EQ(task_.TakeProduct(2), 1);
     EXPECT_EQ(task_.BasketLines(),
         (Lines { "(3) Una barra de pan 0,85", "(2) Una docena de huevos 2,25", "(1) Un bollo 10" }));
+}
+
+TEST_F(ShopVisitTest, AProductOfInfinitePriceIsTakenAndPutBackAsAnyOther)
+{
+    task_.Catalogue[0].Precio = std::numeric_limits<float>::infinity();
+    task_.TakeProduct(0);
+    task_.TakeProduct(0);
+    EXPECT_EQ(task_.BasketLines(), Lines { "(2) Una barra de pan infinito" });
+    task_.PutBack(0);
+    EXPECT_EQ(task_.BasketLines(), Lines { "(1) Una barra de pan infinito" });
 }
 
 TEST_F(ShopVisitTest, PuttingBackTakesOneUnitAtATime)

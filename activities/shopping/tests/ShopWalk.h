@@ -8,10 +8,22 @@
 #include "tests/support/Driver.h"
 
 #include <QTest>
+#include <QTimer>
 
 #include <cmath>
+#include <limits>
 
 namespace numbrela::testing {
+
+// The shopping window with a clock that stands still, however long a test takes: time goes by when the test lets it.
+class StillShop : public Form7 {
+public:
+    StillShop(const Clock& clock, const std::filesystem::path& catalogue)
+        : Form7(clock, catalogue)
+    {
+        Timer1->setInterval(std::numeric_limits<int>::max());
+    }
+};
 
 // What a pupil does in the shopping window, beyond pressing buttons.
 
@@ -42,7 +54,7 @@ inline int LineOf(const ListBox& list, const QString& text)
 
 inline void DoubleClickLine(ListBox& list, int line)
 {
-    list.scrollToItem(list.item(line));
+    list.scrollTo(list.model()->index(line, 0));
     const QPoint place = list.visualItemRect(list.item(line)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);

@@ -119,20 +119,7 @@ TEST(ShoppingListTest, AListThatHasRunIntoADeadEndIsDrawnAgain)
     for (int index = 0; index < 10; ++index) {
         add(index);
     }
-    class Replay : public RandomSource {
-    public:
-        explicit Replay(std::vector<double> draws)
-            : draws_(std::move(draws))
-        {
-        }
-        double Next() override { return draws_.at(next_++); }
-        float NextSingle() override { return static_cast<float>(Next()); }
-        bool AllDrawn() const { return next_ == draws_.size(); }
-
-    private:
-        std::vector<double> draws_;
-        std::size_t next_ = 0;
-    } random(draws);
+    ScriptedRandom random(draws);
     EXPECT_EQ(task.NewShoppingTask(random), "");
     EXPECT_TRUE(random.AllDrawn());
     EXPECT_EQ(productsOf(task), (std::vector<int> { 0, 1, 2, 3, 4, 5, 6, 7, 8, 9 }));
@@ -184,7 +171,7 @@ TEST(ShoppingListTest, AnEmptyCatalogueGivesAnEmptyListAndSaysSo)
     ScriptedRandom random {};
     EXPECT_EQ(task.NewShoppingTask(random),
         "El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
-        "Añade productos desde el menú Opciones.");
+        "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una lista nueva.");
     EXPECT_TRUE(task.ListLines().empty());
     EXPECT_EQ(task.ListCost, 0);
     EXPECT_FALSE(task.IsListOpen());
@@ -241,6 +228,19 @@ TEST(ShoppingListTest, TimeIsTenMinutesAndFiveForEachDifferentShop)
         task.NewShoppingTask(random);
         EXPECT_EQ(task.TimeLeft, c.Minutes * 60);
     }
+}
+
+// The fields of the shops seen are written one behind the other, blanks included.
+TEST(ShoppingListTest, AShopWhoseFieldStandsAcrossTwoOthersCountsAsSeen)
+{
+    const auto minutesFor = [](const char* second) {
+        ShoppingTask task = taskWith(TableOf({ { "a", 1, "x" }, { "b", 1, second }, { "c", 1, "" } }), 3);
+        ScriptedRandom random { drawOf(0, 3), oneUnit, drawOf(1, 3), oneUnit, drawOf(2, 3), oneUnit };
+        task.NewShoppingTask(random);
+        return task.TimeLeft / 60;
+    };
+    EXPECT_EQ(minutesFor(" y"), 20) << "49 blanks behind the x and one before the y: an empty field";
+    EXPECT_EQ(minutesFor("y"), 25) << "nowhere more than 49 blanks";
 }
 
 TEST(ShoppingListTest, MoneyIsTheNextMultipleOfFiveAboveTheCost)

@@ -7,6 +7,12 @@
 
 namespace numbrela::testing {
 
+// A product of these texts, UTF-8.
+inline Product ProductOf(std::string_view name, std::string_view shop, float price = 1)
+{
+    return { .Nombre = name, .Precio = price, .Tienda = shop };
+}
+
 struct ProductRow {
     std::string_view Name;
     float Price;
@@ -17,7 +23,7 @@ inline ProductTable TableOf(const std::vector<ProductRow>& rows)
 {
     ProductTable table { Product() };
     for (const ProductRow& row : rows) {
-        AddProduct(table, { row.Name, row.Price, row.Shop });
+        AddProduct(table, ProductOf(row.Name, row.Shop, row.Price));
     }
     return table;
 }
@@ -27,7 +33,7 @@ inline ProductTable NumberedTable(int count)
 {
     ProductTable table { Product() };
     for (int index = 0; index < count; ++index) {
-        AddProduct(table, { std::string_view("Producto " + std::to_string(index)), 1, std::string_view("Panadería") });
+        AddProduct(table, ProductOf("Producto " + std::to_string(index), "Panadería"));
     }
     return table;
 }

@@ -70,6 +70,11 @@ TEST(Windows1252, WritesAQuestionMarkForEachByteThatIsNotUtf8)
     EXPECT_EQ(Windows1252FromUtf8("\x80\xBF"), "??");
     EXPECT_EQ(Windows1252FromUtf8("\xC1\x81"), "??"); // an "A" in two bytes
     EXPECT_EQ(Windows1252FromUtf8("\xF8\x88\x80\x80\x80"), "?????");
+    EXPECT_EQ(Windows1252FromUtf8("\xF5\x80\x80\x80"), "????");
+    EXPECT_EQ(Windows1252FromUtf8("\xED\xA0\x80"), "???"); // the first surrogate
+    EXPECT_EQ(Windows1252FromUtf8("\xED\xBF\xBF"), "???"); // the last one
+    EXPECT_EQ(Windows1252FromUtf8("\xF4\x90\x80\x80"), "????"); // one beyond the last character
+    EXPECT_EQ(Windows1252FromUtf8("\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF"), "???"); // characters beside them
 }
 
 TEST(FixedText, IsPaddedWithBlanksAndCutAtItsWidth)
