@@ -52,15 +52,14 @@ int run(int argc, char** argv)
     std::string window;
     for (int i = 1; i < argc; ++i) {
         const std::string option = argv[i];
+        const bool hasValue = i + 1 < argc;
         if (option == "--log") {
             order.Log = true;
-        } else if (i + 1 == argc) {
-            return usage();
-        } else if (option == "--seed") {
+        } else if (option == "--seed" && hasValue) {
             order.Seed = std::strtoull(argv[++i], nullptr, 10);
-        } else if (option == "--events") {
+        } else if (option == "--events" && hasValue) {
             order.Events = std::strtoll(argv[++i], nullptr, 10);
-        } else if (option == "--window") {
+        } else if (option == "--window" && hasValue) {
             window = argv[++i];
         } else {
             return usage();

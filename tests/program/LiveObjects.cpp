@@ -12,6 +12,7 @@
 
 // The toolkit's hooks for tools that look into a running program: it calls the functions that are put there for each
 // object that is made and destroyed. No header declares them; the places in the table are the same in all of Qt 6.
+// NOLINTNEXTLINE(modernize-avoid-c-arrays): so it is
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
 namespace numbrela::testing {

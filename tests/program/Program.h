@@ -16,7 +16,7 @@ namespace numbrela::testing {
 // A window of the program and the way to it: the button of the main menu and then, for two of them, a menu item of the
 // window that the button opens.
 struct Route {
-    const char* Window; // its objectName
+    const char* Window = nullptr; // its objectName
     int MenuButton = -1; // none: the main menu itself
     const char* Item = nullptr;
 };

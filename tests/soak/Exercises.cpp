@@ -10,14 +10,13 @@ namespace {
 
 // Lets the next exercise be drawn. Of two, one is solved by the window and then checked, the other one is answered with
 // a single digit and checked.
-template <const char* AnswerBox>
-void withButtonRow(QWidget& window, int number)
+void withButtonRow(QWidget& window, int number, const char* answerBox)
 {
     Click(window, QStringLiteral("Command2(0)"));
     if (number % 2 == 0) {
         Click(window, QStringLiteral("Command2(2)"));
     } else {
-        Click(window, QString::fromLatin1(AnswerBox));
+        Click(window, QString::fromLatin1(answerBox));
         Press(Qt::Key_0 + number % 10);
     }
     Click(window, QStringLiteral("Command1"));
@@ -57,20 +56,16 @@ void goShopping(QWidget& window, int number)
     PressContinue(form);
 }
 
-constexpr char text3[] = "Text3";
-constexpr char result[] = "TbResultado";
-constexpr char answer[] = "TBRespuesta";
-
 } // namespace
 
 const std::array<Practice, 8> practices { {
-    { "Form2", &withButtonRow<text3> },
-    { "Form3", &withButtonRow<text3> },
-    { "Form4", &withButtonRow<result> },
-    { "Form5", &withButtonRow<text3> },
+    { "Form2", [](QWidget& window, int number) { withButtonRow(window, number, "Text3"); } },
+    { "Form3", [](QWidget& window, int number) { withButtonRow(window, number, "Text3"); } },
+    { "Form4", [](QWidget& window, int number) { withButtonRow(window, number, "TbResultado"); } },
+    { "Form5", [](QWidget& window, int number) { withButtonRow(window, number, "Text3"); } },
     { "Form6", &compare },
-    { "FrmUnidad", &withButtonRow<answer> },
-    { "FormColoSuma", &withButtonRow<result> },
+    { "FrmUnidad", [](QWidget& window, int number) { withButtonRow(window, number, "TBRespuesta"); } },
+    { "FormColoSuma", [](QWidget& window, int number) { withButtonRow(window, number, "TbResultado"); } },
     { "Form7", &goShopping },
 } };
 
