@@ -6,6 +6,7 @@
 
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
+#include "tests/support/OptionCaptions.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,7 @@ namespace {
 using numbrela::testing::DrawOfDigits;
 using numbrela::testing::ForeignLocale;
 using numbrela::testing::KindThrownBy;
+using numbrela::testing::OptionCaptions;
 using numbrela::testing::ScriptedRandom;
 using numbrela::testing::StrangePunctuation;
 
@@ -80,17 +82,8 @@ TEST(ColumnExercise, StartsWithThreeDigitsTwoDecimalsAndAnEmptyScore)
 
 TEST(ColumnExercise, OffersOneToSevenDigitsAndNoneToSixDecimals)
 {
-    std::string digits;
-    for (int index = 0; index < ColumnExercise::DigitChoices.Count; ++index) {
-        digits += ColumnExercise::DigitChoices.CaptionAt(index);
-    }
-    EXPECT_EQ(digits, "&1&2&3&4&5&6&7");
-
-    std::string decimals;
-    for (int index = 0; index < ColumnExercise::DecimalChoices.Count; ++index) {
-        decimals += ColumnExercise::DecimalChoices.CaptionAt(index);
-    }
-    EXPECT_EQ(decimals, "&0&1&2&3&4&5&6");
+    EXPECT_EQ(OptionCaptions(ColumnExercise::DigitChoices), "&1&2&3&4&5&6&7");
+    EXPECT_EQ(OptionCaptions(ColumnExercise::DecimalChoices), "&0&1&2&3&4&5&6");
 }
 
 TEST(ColumnExercise, TheDefaultsAreTheThirdItemOfEachList)

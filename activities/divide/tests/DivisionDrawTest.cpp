@@ -2,6 +2,7 @@
 
 #include "common/core/RunTimeError.h"
 #include "tests/support/KindThrownBy.h"
+#include "tests/support/OptionCaptions.h"
 
 #include <gtest/gtest.h>
 
@@ -37,17 +38,10 @@ TEST(DivisionDraw, StartsWithTwoDigitsTwoDecimalsByOneDigit)
 
 TEST(DivisionDraw, OffersOneToNineDigitsAndNoneToFiveDecimals)
 {
-    const auto captionsOf = [](const OptionList& list) {
-        std::string captions;
-        for (int index = 0; index < list.Count; ++index) {
-            captions += list.CaptionAt(index);
-        }
-        return captions;
-    };
-    EXPECT_EQ(captionsOf(DivisionExercise::DividendDigitChoices), "&1&2&3&4&5&6&7&8&9");
-    EXPECT_EQ(captionsOf(DivisionExercise::DivisorDigitChoices), "&1&2&3&4&5&6&7&8&9");
-    EXPECT_EQ(captionsOf(DivisionExercise::DividendDecimalChoices), "&0&1&2&3&4&5");
-    EXPECT_EQ(captionsOf(DivisionExercise::QuotientDecimalChoices), "&0&1&2&3&4&5");
+    EXPECT_EQ(OptionCaptions(DivisionExercise::DividendDigitChoices), "&1&2&3&4&5&6&7&8&9");
+    EXPECT_EQ(OptionCaptions(DivisionExercise::DivisorDigitChoices), "&1&2&3&4&5&6&7&8&9");
+    EXPECT_EQ(OptionCaptions(DivisionExercise::DividendDecimalChoices), "&0&1&2&3&4&5");
+    EXPECT_EQ(OptionCaptions(DivisionExercise::QuotientDecimalChoices), "&0&1&2&3&4&5");
 }
 
 struct DrawCase {

@@ -69,7 +69,7 @@ std::string PlaceAndAdd::DataLine() const
 
 std::string PlaceAndAdd::Verdict(std::string_view answer, std::string_view shown) const
 {
-    const auto value = static_cast<float>(LeadingNumber(Trimmed(answer)));
+    const auto value = static_cast<float>(LeadingNumber(answer));
     std::string message = value == AddendSum ? "Resultado correcto " : "Resultado incorrecto";
     if (message == shown) {
         message += ' ';

@@ -324,6 +324,15 @@ TEST_P(FormColoSumaBoxTest, TypingOverAHighlightKeepsEveryColumn)
     }
 }
 
+TEST_P(FormColoSumaBoxTest, KeysThatWriteNothingKeepAHighlight)
+{
+    typeAndHighlightTwo("1234");
+    for (const int key : { int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::Key_Escape) }) {
+        Press(key);
+        EXPECT_EQ(box().selectedText(), QStringLiteral("12")) << key;
+    }
+}
+
 TEST_P(FormColoSumaBoxTest, DeleteAndBackspaceHeldWithShiftOrCtrlWriteABlankToo)
 {
     for (const auto modifier : { Qt::ShiftModifier, Qt::ControlModifier }) {

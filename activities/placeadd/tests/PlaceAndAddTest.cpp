@@ -4,6 +4,7 @@
 #include "common/core/RunTimeError.h"
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
+#include "tests/support/OptionCaptions.h"
 #include "tests/support/ScriptedRandom.h"
 
 #include <gtest/gtest.h>
@@ -22,6 +23,7 @@ namespace {
 using numbrela::testing::DrawOf;
 using numbrela::testing::ForeignLocale;
 using numbrela::testing::KindThrownBy;
+using numbrela::testing::OptionCaptions;
 using numbrela::testing::ScriptedRandom;
 using numbrela::testing::StrangePunctuation;
 
@@ -75,14 +77,8 @@ TEST(PlaceAndAdd, StartsWithFourAddendsOfThreeDigits)
 
 TEST(PlaceAndAdd, OffersTwoToSixAddendsOfTwoToFiveDigits)
 {
-    std::string captions;
-    for (const OptionList& list : { PlaceAndAdd::AddendCountChoices, PlaceAndAdd::MaxDigitsChoices }) {
-        for (int index = 0; index < list.Count; ++index) {
-            captions += list.CaptionAt(index);
-        }
-        captions += ' ';
-    }
-    EXPECT_EQ(captions, "&2&3&4&5&6 &2&3&4&5 ");
+    EXPECT_EQ(OptionCaptions(PlaceAndAdd::AddendCountChoices), "&2&3&4&5&6");
+    EXPECT_EQ(OptionCaptions(PlaceAndAdd::MaxDigitsChoices), "&2&3&4&5");
     EXPECT_EQ(PlaceAndAdd::AddendCountChoices.ValueAt(4), static_cast<int>(PlaceAndAdd::MostAddends));
 }
 

@@ -14,14 +14,19 @@ namespace {
 constexpr const char* times = " × ";
 constexpr const char* dividedBy = " ÷ ";
 
+std::string refusalOf(std::string_view typed)
+{
+    if (Trimmed(typed).empty()) {
+        return "No se ha escrito ningún número.";
+    }
+    return "«" + std::string(typed) + "» no es un número que sirva de factor.";
+}
+
 double typedFactor(std::string_view typed)
 {
     const auto number = ParseTypedNumber(typed);
     if (!number) {
-        const bool isBlank = typed.find_first_not_of(' ') == std::string_view::npos;
-        throw RunTimeError(RunTimeError::Kind::TypeMismatch,
-            isBlank ? "No se ha escrito ningún número."
-                    : "«" + std::string(typed) + "» no es un número que sirva de factor.");
+        throw RunTimeError(RunTimeError::Kind::TypeMismatch, refusalOf(typed));
     }
     return *number;
 }
@@ -84,7 +89,7 @@ std::string PowersOfTen::Solution() const
 PowersOfTen::Verdict PowersOfTen::Check(std::string_view answer) const
 {
     constexpr double tolerance = 1e-8;
-    std::string number(answer.empty() ? "0" : answer);
+    std::string number(answer);
     std::replace(number.begin(), number.end(), ',', '.');
     if (std::fabs(Product - LeadingNumber(number)) >= tolerance) {
         return { false, "Resultado incorrecto " };

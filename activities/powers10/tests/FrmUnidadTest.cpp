@@ -124,6 +124,18 @@ TEST_F(FrmUnidadTest, EnterChecksAWrongAnswer)
     EXPECT_EQ(FocusName(), "TBRespuesta");
 }
 
+TEST_F(FrmUnidadTest, TheBoxItselfNeverGetsTheEnterThatChecks)
+{
+    int enters = 0;
+    QObject::connect(form_.TBRespuesta, &QLineEdit::returnPressed, &form_, [&enters] { ++enters; });
+    for (const int key : { int(Qt::Key_Return), int(Qt::Key_Enter) }) {
+        Click(form_, QStringLiteral("Command2(0)"));
+        Press(key);
+        EXPECT_EQ(verdict(), "Resultado incorrecto ");
+    }
+    EXPECT_EQ(enters, 0);
+}
+
 TEST_F(FrmUnidadTest, TheButtonChecksAsEnterDoes)
 {
     Click(form_, QStringLiteral("Command1"));
