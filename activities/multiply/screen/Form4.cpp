@@ -102,8 +102,10 @@ void Form4::buildSideColumn()
     Buttons = AddButtonRow(
         Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
-    Text1
-        = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2100, 3000), formFont);
+    // Not in the middle of its box, and hardly narrower than it: so the blank in front that tells a repeated verdict
+    // from the one before is seen.
+    Text1 = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2100, 2800),
+        headingFont, Qt::AlignLeft | Qt::AlignVCenter);
     tbResultados = AddReadOnlyBox(
         Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), sidePlace(4600, 3000), formFont);
     tbResultados->SetText(exercise_.Score.Line());

@@ -21,6 +21,7 @@ constexpr FontSpec form { "Arial", 12 };
 constexpr FontSpec heading { "Arial", 14.25 };
 constexpr FontSpec button { "Arial", 9.75 };
 const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
+const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
 
 TEST(Form4Table, HasTheseControlsInThesePlaces)
 {
@@ -40,7 +41,7 @@ TEST(Form4Table, HasTheseControlsInThesePlaces)
             { "TbParcial(1)", "", { 750, 2100, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 2" },
             { "TbResultado", "", { 750, 2600, 3500, 500 }, digits, right, false, true, {}, "Resultado" },
             { "Command1", "&Hecho", { 6275, 1600, 1500, 495 }, button, {}, false, true, QColor(255, 255, 0) },
-            { "Text1", "", { 5525, 2100, 3000, 495 }, form, Qt::AlignCenter, true, true, {}, "Veredicto" },
+            { "Text1", "", { 5625, 2100, 2800, 495 }, heading, left, true, true, {}, "Veredicto" },
             { "Command2(0)", "&Continuar", { 6275, 2600, 1500, 495 }, button, {}, false, true, QColor(0, 255, 255) },
             { "Command2(1)", "&Borrar", { 6275, 3100, 1500, 495 }, button, {}, false, true, QColor(0, 255, 0) },
             { "Command2(2)", "&Ver solución", { 6275, 3600, 1500, 495 }, button, {}, false, true, QColor(255, 0, 0) },

@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QPointer>
+#include <QImage>
 #include <QScreen>
 
 #include <algorithm>
@@ -422,6 +422,34 @@ TEST_F(Form4Test, SaysAndCountsEachTimeThatAResultIsWrong)
     answer("0,26");
     EXPECT_EQ(score(), "Ejercicios:  4; Errores:  3");
     EXPECT_EQ(form_.TbResultado->Text(), "0,26") << "what was written stays";
+}
+
+// How far from the left edge of a box its text begins to be seen, in pixels.
+int beginOfText(TextBox& box)
+{
+    constexpr int frame = 2;
+    const QImage seen = box.grab().toImage();
+    for (int column = frame; column < seen.width() - frame; ++column) {
+        for (int row = seen.height() / 4; row < seen.height() * 3 / 4; ++row) {
+            if (qGray(seen.pixel(column, row)) < 128) {
+                return column;
+            }
+        }
+    }
+    return seen.width();
+}
+
+TEST_F(Form4Test, ARepeatedVerdictIsSeenToMoveByItsBlank)
+{
+    typeFactors("0,5", "0,5");
+    for (const char* result : { "0,26", "0,25" }) {
+        answer(result);
+        const QFont font = form_.Text1->font();
+        const int before = beginOfText(*form_.Text1);
+        answer(result);
+        EXPECT_EQ(form_.Text1->font(), font);
+        EXPECT_NEAR(beginOfText(*form_.Text1) - before, QFontMetrics(font).horizontalAdvance(u' '), 1) << result;
+    }
 }
 
 TEST_F(Form4Test, AResultTooLargeToReadIsRefusedAndCountsNothing)
