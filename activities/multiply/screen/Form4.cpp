@@ -164,6 +164,7 @@ void Form4::loadRow()
             { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
     connect(row, &TextBox::textEdited, this, [this, index] { TbParcial_Change(index); });
     connect(row, &TextBox::KeyUp, this, [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); });
+    row->show();
     TbParcial.push_back(row);
 }
 
@@ -190,11 +191,7 @@ void Form4::LayoutPartialRows()
         ShowMessage(this, "desajuste");
     }
     for (int index = 0; index < rows; ++index) {
-        TextBox* row = TbParcial[static_cast<std::size_t>(index)];
-        Area().Move(row, { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
-        row->show();
-        row->setEnabled(true);
-        row->SetText("");
+        TbParcial[static_cast<std::size_t>(index)]->SetText("");
     }
     placeUnderRows();
 }

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QImage>
 
 namespace numbrela {
 
@@ -104,6 +105,15 @@ std::vector<std::string> tabSequenceFrom(QWidget& first)
     return names;
 }
 
+// Whether nothing stands in front of the rule.
+bool isSeenWhole(const QWidget& rule, QWidget& window)
+{
+    const QImage seen = window.grab(rule.geometry()).toImage();
+    QImage whole(seen.size(), seen.format());
+    whole.fill(rule.palette().color(QPalette::WindowText));
+    return seen == whole;
+}
+
 TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
 {
     const FixedClock clock;
@@ -129,6 +139,8 @@ TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
             const int top = 1600 + 500 * rows;
             EXPECT_EQ(window.Line2->From(), (TwipsPoint { 750, top }));
             EXPECT_EQ(window.Line2->To(), (TwipsPoint { 4250, top }));
+            QCoreApplication::processEvents(); // let the layout settle
+            EXPECT_TRUE(isSeenWhole(*window.Line2, window));
             EXPECT_EQ(area.RectOf(window.TbResultado), (TwipsRect { 750, top, 3500, 500 }));
             EXPECT_EQ(
                 area.RectOf(&Find<QWidget>(window, QStringLiteral("labIgual"))), (TwipsRect { 250, top, 500, 500 }));

@@ -687,6 +687,18 @@ TEST_F(Form4Test, AShortCalculationIsWrittenAsLargeAsItsDesign)
     }
 }
 
+TEST_F(Form4Test, ALongRowThatGoesNoLongerMakesTheOthersSmall)
+{
+    choose("MnuOpcOcu");
+    typeFactors("7", "2003");
+    ASSERT_EQ(rowCount(), 4);
+    form_.TbParcial[3]->SetText(std::string(30, '9'));
+    EXPECT_LT(form_.TbFactor[0]->font().pixelSize(), 20);
+    typeFactor2("2003");
+    ASSERT_EQ(rowCount(), 2);
+    EXPECT_EQ(form_.TbFactor[0]->font().pixelSize(), 20);
+}
+
 // ------------------------------------------------------------------------------------------------------- screen size
 
 TEST_F(Form4Test, AWindowThatGrowsStaysOnItsScreenAndComesBackToItsSize)
