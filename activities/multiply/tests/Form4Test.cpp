@@ -297,8 +297,8 @@ TEST_F(Form4Test, AnOptionDrawsAnewAndLeavesTheScoreAlone)
 
 TEST_F(Form4Test, NoOptionMakesAnExerciseScoredAgain)
 {
-    for (const char* option :
-        { "MnuOpcCi1Lis(2)", "MnuOpcDe1Lis(1)", "MnuOpcCi2Lis(1)", "MnuOpcDe2Lis(1)", "MnuOpcOcu" }) {
+    for (const char* option : { "MnuOpcCi1Lis(2)", "MnuOpcDe1Lis(1)", "MnuOpcCi2Lis(1)", "MnuOpcDe2Lis(1)",
+             "MnuOpcSelLis(0)", "MnuOpcOcu" }) {
         SCOPED_TRACE(option);
         click("Command2(0)");
         click("Command2(2)");
@@ -307,6 +307,19 @@ TEST_F(Form4Test, NoOptionMakesAnExerciseScoredAgain)
         answer("");
         EXPECT_EQ(score(), before);
     }
+}
+
+TEST_F(Form4Test, NoTypedFactorMakesAnExerciseScoredAgain)
+{
+    click("Command2(2)");
+    typeFactors("7", "8");
+    answer("55");
+    answer("56");
+    EXPECT_EQ(score(), "Ejercicios:  0; Errores:  0");
+    click("Command2(0)");
+    typeFactors("7", "8");
+    answer("55");
+    EXPECT_EQ(score(), "Ejercicios:  1; Errores:  1");
 }
 
 TEST_F(Form4Test, EnterInAPartialRowChecksNothing)
@@ -510,6 +523,10 @@ TEST_F(Form4Test, ClearingEmptiesRowsAndResultAlone)
     EXPECT_EQ(form_.TbFactor[1]->Text(), "123");
     answer("861");
     EXPECT_EQ(score(), "Ejercicios:  2; Errores:  1") << "still scored";
+    click("Command2(1)");
+    EXPECT_EQ(form_.Text1->Text(), "Resultado correcto ");
+    answer("");
+    EXPECT_EQ(score(), "Ejercicios:  2; Errores:  1") << "not scored again";
 }
 
 TEST_F(Form4Test, TheSolutionFillsRowsAndResultAndEndsTheScoring)
