@@ -15,6 +15,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <array>
 
 namespace numbrela {
 
@@ -295,10 +296,24 @@ TEST_F(Form4Test, AnOptionDrawsAnewAndLeavesTheScoreAlone)
     EXPECT_EQ(score(), "Ejercicios:  2; Errores:  1");
 }
 
+constexpr std::array<const char*, 6> options { "MnuOpcCi1Lis(2)", "MnuOpcDe1Lis(2)", "MnuOpcCi2Lis(1)",
+    "MnuOpcDe2Lis(1)", "MnuOpcSelLis(0)", "MnuOpcOcu" };
+
+TEST_F(Form4Test, EveryOptionDrawsAnewAtOnce)
+{
+    for (const char* option : options) {
+        SCOPED_TRACE(option);
+        const std::string before = form_.TbFactor[0]->Text() + " x " + form_.TbFactor[1]->Text();
+        answer("");
+        choose(option);
+        EXPECT_EQ(form_.Text1->Text(), "");
+        EXPECT_NE(form_.TbFactor[0]->Text() + " x " + form_.TbFactor[1]->Text(), before);
+    }
+}
+
 TEST_F(Form4Test, NoOptionMakesAnExerciseScoredAgain)
 {
-    for (const char* option : { "MnuOpcCi1Lis(2)", "MnuOpcDe1Lis(1)", "MnuOpcCi2Lis(1)", "MnuOpcDe2Lis(1)",
-             "MnuOpcSelLis(0)", "MnuOpcOcu" }) {
+    for (const char* option : options) {
         SCOPED_TRACE(option);
         click("Command2(0)");
         click("Command2(2)");
