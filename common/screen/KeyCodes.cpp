@@ -20,7 +20,9 @@ constexpr std::array<Pair, 6> keypadKeys { {
     { Qt::Key_Slash, 111 },
 } };
 
-constexpr std::array<Pair, 36> otherKeys { {
+// A key that writes a mark has the code that it has on a Spanish keyboard, where several marks may share a key; a mark
+// with a key of its own on other keyboards alone (semicolon, slash) has the code of that.
+constexpr std::array<Pair, 56> otherKeys { {
     { Qt::Key_Backspace, KeyCode::Backspace },
     { Qt::Key_Tab, KeyCode::Tab },
     { Qt::Key_Backtab, KeyCode::Tab },
@@ -47,16 +49,36 @@ constexpr std::array<Pair, 36> otherKeys { {
     { Qt::Key_NumLock, 144 },
     { Qt::Key_ScrollLock, 145 },
     { Qt::Key_Semicolon, 186 },
+    { Qt::Key_QuoteLeft, 186 },
+    { Qt::Key_Dead_Grave, 186 },
+    { Qt::Key_AsciiCircum, 186 },
+    { Qt::Key_Dead_Circumflex, 186 },
+    { Qt::Key_BracketLeft, 186 },
     { Qt::Key_Plus, 187 },
     { Qt::Key_Equal, 187 },
+    { Qt::Key_Asterisk, 187 },
+    { Qt::Key_BracketRight, 187 },
     { Qt::Key_Comma, KeyCode::Comma },
     { Qt::Key_Minus, 189 },
+    { Qt::Key_Underscore, 189 },
     { Qt::Key_Period, KeyCode::Point },
+    { Qt::Key_Colon, KeyCode::Point },
     { Qt::Key_Slash, 191 },
+    { Qt::Key_Ccedilla, 191 },
+    { Qt::Key_BraceRight, 191 },
     { Qt::Key_Ntilde, 192 },
     { Qt::Key_Apostrophe, 219 },
-    { Qt::Key_Ccedilla, 220 },
+    { Qt::Key_Question, 219 },
+    { Qt::Key_masculine, 220 },
+    { Qt::Key_ordfeminine, 220 },
+    { Qt::Key_Backslash, 220 },
     { Qt::Key_exclamdown, 221 },
+    { Qt::Key_questiondown, 221 },
+    { Qt::Key_Dead_Acute, 222 },
+    { Qt::Key_Dead_Diaeresis, 222 },
+    { Qt::Key_BraceLeft, 222 },
+    { Qt::Key_Less, 226 },
+    { Qt::Key_Greater, 226 },
 } };
 
 template <std::size_t Count>

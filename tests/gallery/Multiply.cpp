@@ -44,6 +44,8 @@ void drawWork(Gallery& gallery, Form4& form)
     Type(QStringLiteral("46,733"));
     Press(Qt::Key_Return);
     gallery.Draw(form, QStringLiteral("multiplication-right"));
+    Click(form, QStringLiteral("Command1"));
+    gallery.Draw(form, QStringLiteral("multiplication-right-again"));
     gallery.DrawMaximised(form, QStringLiteral("multiplication-maximised"));
 }
 

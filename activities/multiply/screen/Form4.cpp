@@ -102,8 +102,10 @@ void Form4::buildSideColumn()
     Buttons = AddButtonRow(
         Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
-    Text1
-        = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2100, 3000), formFont);
+    // Not in the middle of its box, and hardly narrower than it: so the blank in front that tells a repeated verdict
+    // from the one before is seen.
+    Text1 = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2100, 2800),
+        headingFont, Qt::AlignLeft | Qt::AlignVCenter);
     tbResultados = AddReadOnlyBox(
         Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), sidePlace(4600, 3000), formFont);
     tbResultados->SetText(exercise_.Score.Line());
@@ -162,6 +164,7 @@ void Form4::loadRow()
             { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
     connect(row, &TextBox::textEdited, this, [this, index] { TbParcial_Change(index); });
     connect(row, &TextBox::KeyUp, this, [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); });
+    row->show();
     TbParcial.push_back(row);
 }
 
@@ -188,11 +191,7 @@ void Form4::LayoutPartialRows()
         ShowMessage(this, "desajuste");
     }
     for (int index = 0; index < rows; ++index) {
-        TextBox* row = TbParcial[static_cast<std::size_t>(index)];
-        Area().Move(row, { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
-        row->show();
-        row->setEnabled(true);
-        row->SetText("");
+        TbParcial[static_cast<std::size_t>(index)]->SetText("");
     }
     placeUnderRows();
 }

@@ -211,6 +211,14 @@ TEST_F(DialogTest, EachUseDrawsANewExercise)
     EXPECT_EQ(form_.Text1->Text(), "");
 }
 
+TEST_F(DialogTest, NoUseMakesAnExerciseScoredAgain)
+{
+    Click(form_, QStringLiteral("Command2(2)"));
+    accept({ 2, 3 });
+    Click(form_, QStringLiteral("Command1"));
+    EXPECT_EQ(form_.tbResultados->Text(), "Ejercicios:  0; Errores:  0");
+}
+
 TEST_F(DialogTest, KeepsItsTicksAndItsChoiceWhenTheWindowIsClosedAndOpenedAgain)
 {
     accept({ 6, 8 });

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QImage>
 
 namespace numbrela {
 
@@ -21,6 +22,7 @@ constexpr FontSpec form { "Arial", 12 };
 constexpr FontSpec heading { "Arial", 14.25 };
 constexpr FontSpec button { "Arial", 9.75 };
 const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
+const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
 
 TEST(Form4Table, HasTheseControlsInThesePlaces)
 {
@@ -40,7 +42,7 @@ TEST(Form4Table, HasTheseControlsInThesePlaces)
             { "TbParcial(1)", "", { 750, 2100, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 2" },
             { "TbResultado", "", { 750, 2600, 3500, 500 }, digits, right, false, true, {}, "Resultado" },
             { "Command1", "&Hecho", { 6275, 1600, 1500, 495 }, button, {}, false, true, QColor(255, 255, 0) },
-            { "Text1", "", { 5525, 2100, 3000, 495 }, form, Qt::AlignCenter, true, true, {}, "Veredicto" },
+            { "Text1", "", { 5625, 2100, 2800, 495 }, heading, left, true, true, {}, "Veredicto" },
             { "Command2(0)", "&Continuar", { 6275, 2600, 1500, 495 }, button, {}, false, true, QColor(0, 255, 255) },
             { "Command2(1)", "&Borrar", { 6275, 3100, 1500, 495 }, button, {}, false, true, QColor(0, 255, 0) },
             { "Command2(2)", "&Ver solución", { 6275, 3600, 1500, 495 }, button, {}, false, true, QColor(255, 0, 0) },
@@ -103,6 +105,15 @@ std::vector<std::string> tabSequenceFrom(QWidget& first)
     return names;
 }
 
+// Whether nothing stands in front of the rule.
+bool isSeenWhole(const QWidget& rule, QWidget& window)
+{
+    const QImage seen = window.grab(rule.geometry()).toImage();
+    QImage whole(seen.size(), seen.format());
+    whole.fill(rule.palette().color(QPalette::WindowText));
+    return seen == whole;
+}
+
 TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
 {
     const FixedClock clock;
@@ -128,6 +139,8 @@ TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
             const int top = 1600 + 500 * rows;
             EXPECT_EQ(window.Line2->From(), (TwipsPoint { 750, top }));
             EXPECT_EQ(window.Line2->To(), (TwipsPoint { 4250, top }));
+            QCoreApplication::processEvents(); // let the layout settle
+            EXPECT_TRUE(isSeenWhole(*window.Line2, window));
             EXPECT_EQ(area.RectOf(window.TbResultado), (TwipsRect { 750, top, 3500, 500 }));
             EXPECT_EQ(
                 area.RectOf(&Find<QWidget>(window, QStringLiteral("labIgual"))), (TwipsRect { 250, top, 500, 500 }));

@@ -11,10 +11,11 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QPointer>
+#include <QImage>
 #include <QScreen>
 
 #include <algorithm>
+#include <array>
 
 namespace numbrela {
 
@@ -174,7 +175,12 @@ TEST_F(Form4Test, TheCaretStepsLeftWhenAKeyThatWritesIsLetGo)
         { Qt::Key_9, Qt::KeypadModifier, true, true },
         { Qt::Key_Comma, {}, true, true },
         { Qt::Key_Space, {}, true, false },
+        { Qt::Key_Comma, Qt::KeypadModifier, true, false },
+        { Qt::Key_Plus, Qt::KeypadModifier, true, false },
         { Qt::Key_Period, {}, true, false },
+        { Qt::Key_Less, {}, true, false },
+        { Qt::Key_masculine, {}, true, false },
+        { Qt::Key_Asterisk, Qt::ShiftModifier, true, false },
         { Qt::Key_A, {}, true, false },
         { Qt::Key_NumLock, {}, true, false },
         { Qt::Key_Shift, {}, false, false },
@@ -290,10 +296,24 @@ TEST_F(Form4Test, AnOptionDrawsAnewAndLeavesTheScoreAlone)
     EXPECT_EQ(score(), "Ejercicios:  2; Errores:  1");
 }
 
+constexpr std::array<const char*, 6> options { "MnuOpcCi1Lis(2)", "MnuOpcDe1Lis(2)", "MnuOpcCi2Lis(1)",
+    "MnuOpcDe2Lis(1)", "MnuOpcSelLis(0)", "MnuOpcOcu" };
+
+TEST_F(Form4Test, EveryOptionDrawsAnewAtOnce)
+{
+    for (const char* option : options) {
+        SCOPED_TRACE(option);
+        const std::string before = form_.TbFactor[0]->Text() + " x " + form_.TbFactor[1]->Text();
+        answer("");
+        choose(option);
+        EXPECT_EQ(form_.Text1->Text(), "");
+        EXPECT_NE(form_.TbFactor[0]->Text() + " x " + form_.TbFactor[1]->Text(), before);
+    }
+}
+
 TEST_F(Form4Test, NoOptionMakesAnExerciseScoredAgain)
 {
-    for (const char* option :
-        { "MnuOpcCi1Lis(2)", "MnuOpcDe1Lis(1)", "MnuOpcCi2Lis(1)", "MnuOpcDe2Lis(1)", "MnuOpcOcu" }) {
+    for (const char* option : options) {
         SCOPED_TRACE(option);
         click("Command2(0)");
         click("Command2(2)");
@@ -302,6 +322,19 @@ TEST_F(Form4Test, NoOptionMakesAnExerciseScoredAgain)
         answer("");
         EXPECT_EQ(score(), before);
     }
+}
+
+TEST_F(Form4Test, NoTypedFactorMakesAnExerciseScoredAgain)
+{
+    click("Command2(2)");
+    typeFactors("7", "8");
+    answer("55");
+    answer("56");
+    EXPECT_EQ(score(), "Ejercicios:  0; Errores:  0");
+    click("Command2(0)");
+    typeFactors("7", "8");
+    answer("55");
+    EXPECT_EQ(score(), "Ejercicios:  1; Errores:  1");
 }
 
 TEST_F(Form4Test, EnterInAPartialRowChecksNothing)
@@ -419,6 +452,34 @@ TEST_F(Form4Test, SaysAndCountsEachTimeThatAResultIsWrong)
     EXPECT_EQ(form_.TbResultado->Text(), "0,26") << "what was written stays";
 }
 
+// How far from the left edge of a box its text begins to be seen, in pixels.
+int beginOfText(TextBox& box)
+{
+    constexpr int frame = 2;
+    const QImage seen = box.grab().toImage();
+    for (int column = frame; column < seen.width() - frame; ++column) {
+        for (int row = seen.height() / 4; row < seen.height() * 3 / 4; ++row) {
+            if (qGray(seen.pixel(column, row)) < 128) {
+                return column;
+            }
+        }
+    }
+    return seen.width();
+}
+
+TEST_F(Form4Test, ARepeatedVerdictIsSeenToMoveByItsBlank)
+{
+    typeFactors("0,5", "0,5");
+    for (const char* result : { "0,26", "0,25" }) {
+        answer(result);
+        const QFont font = form_.Text1->font();
+        const int before = beginOfText(*form_.Text1);
+        answer(result);
+        EXPECT_EQ(form_.Text1->font(), font);
+        EXPECT_NEAR(beginOfText(*form_.Text1) - before, QFontMetrics(font).horizontalAdvance(u' '), 1) << result;
+    }
+}
+
 TEST_F(Form4Test, AResultTooLargeToReadIsRefusedAndCountsNothing)
 {
     answer("");
@@ -477,6 +538,10 @@ TEST_F(Form4Test, ClearingEmptiesRowsAndResultAlone)
     EXPECT_EQ(form_.TbFactor[1]->Text(), "123");
     answer("861");
     EXPECT_EQ(score(), "Ejercicios:  2; Errores:  1") << "still scored";
+    click("Command2(1)");
+    EXPECT_EQ(form_.Text1->Text(), "Resultado correcto ");
+    answer("");
+    EXPECT_EQ(score(), "Ejercicios:  2; Errores:  1") << "not scored again";
 }
 
 TEST_F(Form4Test, TheSolutionFillsRowsAndResultAndEndsTheScoring)
@@ -652,6 +717,18 @@ TEST_F(Form4Test, AShortCalculationIsWrittenAsLargeAsItsDesign)
     for (const TextBox* box : { form_.TbFactor[0], form_.TbFactor[1], form_.TbParcial[1], form_.TbResultado }) {
         EXPECT_EQ(box->font().pixelSize(), 20);
     }
+}
+
+TEST_F(Form4Test, ALongRowThatGoesNoLongerMakesTheOthersSmall)
+{
+    choose("MnuOpcOcu");
+    typeFactors("7", "2003");
+    ASSERT_EQ(rowCount(), 4);
+    form_.TbParcial[3]->SetText(std::string(30, '9'));
+    EXPECT_LT(form_.TbFactor[0]->font().pixelSize(), 20);
+    typeFactor2("2003");
+    ASSERT_EQ(rowCount(), 2);
+    EXPECT_EQ(form_.TbFactor[0]->font().pixelSize(), 20);
 }
 
 // ------------------------------------------------------------------------------------------------------- screen size

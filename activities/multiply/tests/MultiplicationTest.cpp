@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -329,36 +329,52 @@ TEST(Multiplication, ATypedFactorLeavesTheScoreAlone)
     }
 }
 
-TEST(Multiplication, TheNextDrawHasTheDigitsOfTheTypedFactor)
+void expectPlaces(const std::string& factor, int digits, int decimals)
+{
+    const std::size_t comma = std::min(factor.find(','), factor.size());
+    EXPECT_EQ(static_cast<int>(comma), digits) << factor;
+    EXPECT_EQ(static_cast<int>(factor.size() - comma), decimals > 0 ? decimals + 1 : 0) << factor;
+}
+
+TEST(Multiplication, TheNextDrawHasTheDigitsOfTheTypedFactors)
 {
     SeededRandom random(4);
     Multiplication exercise(random);
     exercise.EnterFactor1("123,45");
+    exercise.EnterFactor2("12");
     exercise.NewMultiplication();
-    EXPECT_EQ(exercise.Factor1Text().size(), 6U);
-    EXPECT_EQ(exercise.Factor1Text().find(','), 3U);
+    expectPlaces(exercise.Factor1Text(), 3, 2);
+    expectPlaces(exercise.Factor2Text(), 2, 0);
 }
+
+struct BeyondCase {
+    const char* Typed;
+    int Digits;
+    int Decimals;
+};
 
 TEST(Multiplication, TheNextDrawKeepsToWhatTheOptionsOffer)
 {
-    for (const char* typed : { "12345678901234567890", "1e300", "-1e300" }) {
+    const BeyondCase cases[] = { { "12345678901234567890", 10, 0 }, { "1e300", 10, 0 }, { "-1e300", 10, 0 },
+        { "0,123456789", 1, 5 }, { "1e-300", 1, 5 }, { "1e-320", 1, 5 } };
+    for (const auto& [typed, digits, decimals] : cases) {
+        SCOPED_TRACE(typed);
         SeededRandom random(4);
-        Multiplication exercise(random);
-        exercise.EnterFactor2("0");
-        EXPECT_TRUE(exercise.EnterFactor1(typed).Accepted);
-        exercise.NewMultiplication();
-        EXPECT_EQ(exercise.Digits1, 10) << typed;
-        EXPECT_EQ(exercise.Decimals1, 0) << typed;
-        EXPECT_EQ(exercise.Factor1Text().size(), 10U) << typed;
-    }
-    for (const char* typed : { "0,123456789", "1e-300", "1e-320" }) {
-        SeededRandom random(4);
-        Multiplication exercise(random);
-        EXPECT_TRUE(exercise.EnterFactor2(typed).Accepted);
-        exercise.NewMultiplication();
-        EXPECT_EQ(exercise.Digits2, 1) << typed;
-        EXPECT_EQ(exercise.Decimals2, 5) << typed;
-        EXPECT_EQ(exercise.Factor2Text().size(), 7U) << typed;
+        Multiplication first(random);
+        EXPECT_TRUE(first.EnterFactor2("0").Accepted);
+        EXPECT_TRUE(first.EnterFactor1(typed).Accepted);
+        first.NewMultiplication();
+        EXPECT_EQ(first.Digits1, digits);
+        EXPECT_EQ(first.Decimals1, decimals);
+        expectPlaces(first.Factor1Text(), digits, decimals);
+
+        Multiplication second(random);
+        EXPECT_TRUE(second.EnterFactor1("0").Accepted);
+        EXPECT_TRUE(second.EnterFactor2(typed).Accepted);
+        second.NewMultiplication();
+        EXPECT_EQ(second.Digits2, digits);
+        EXPECT_EQ(second.Decimals2, decimals);
+        expectPlaces(second.Factor2Text(), digits, decimals);
     }
 }
 

@@ -62,16 +62,36 @@ constexpr KeyRow mainKeys[] = {
     { "Num Lock", Qt::Key_NumLock, 144 },
     { "Scroll Lock", Qt::Key_ScrollLock, 145 },
     { "semicolon", Qt::Key_Semicolon, 186 },
+    { "grave accent", Qt::Key_QuoteLeft, 186 },
+    { "grave accent that waits for its letter", Qt::Key_Dead_Grave, 186 },
+    { "circumflex", Qt::Key_AsciiCircum, 186 },
+    { "circumflex that waits for its letter", Qt::Key_Dead_Circumflex, 186 },
+    { "left bracket", Qt::Key_BracketLeft, 186 },
     { "plus", Qt::Key_Plus, 187 },
     { "equals", Qt::Key_Equal, 187 },
+    { "asterisk", Qt::Key_Asterisk, 187 },
+    { "right bracket", Qt::Key_BracketRight, 187 },
     { "comma", Qt::Key_Comma, 188 },
     { "minus", Qt::Key_Minus, 189 },
+    { "underscore", Qt::Key_Underscore, 189 },
     { "point", Qt::Key_Period, 190 },
+    { "colon", Qt::Key_Colon, 190 },
     { "slash", Qt::Key_Slash, 191 },
+    { "c with cedilla", Qt::Key_Ccedilla, 191 },
+    { "right brace", Qt::Key_BraceRight, 191 },
     { "n with tilde", Qt::Key_Ntilde, 192 },
     { "apostrophe", Qt::Key_Apostrophe, 219 },
-    { "c with cedilla", Qt::Key_Ccedilla, 220 },
+    { "question mark", Qt::Key_Question, 219 },
+    { "masculine ordinal", Qt::Key_masculine, 220 },
+    { "feminine ordinal", Qt::Key_ordfeminine, 220 },
+    { "backslash", Qt::Key_Backslash, 220 },
     { "inverted exclamation mark", Qt::Key_exclamdown, 221 },
+    { "inverted question mark", Qt::Key_questiondown, 221 },
+    { "acute accent that waits for its letter", Qt::Key_Dead_Acute, 222 },
+    { "diaeresis that waits for its letter", Qt::Key_Dead_Diaeresis, 222 },
+    { "left brace", Qt::Key_BraceLeft, 222 },
+    { "less than", Qt::Key_Less, 226 },
+    { "greater than", Qt::Key_Greater, 226 },
 };
 
 constexpr KeyRow keypadKeys[] = {
@@ -154,7 +174,7 @@ TEST(KeyCodesTest, AsksTheKeyAndNotTheCharacterThatItWrites)
 
 TEST(KeyCodesTest, GivesOtherKeysNoCode)
 {
-    for (const int key : { 0, int { Qt::Key_unknown }, int { Qt::Key_VolumeUp }, int { Qt::Key_Dead_Acute } }) {
+    for (const int key : { 0, int { Qt::Key_unknown }, int { Qt::Key_VolumeUp }, int { Qt::Key_Percent } }) {
         EXPECT_EQ(codeOf(key), 0) << key;
         EXPECT_EQ(codeOf(key, Qt::KeypadModifier), 0) << key;
     }
