@@ -22,7 +22,7 @@ constexpr std::array<Pair, 6> keypadKeys { {
 
 // A key that writes a mark has the code that it has on a Spanish keyboard, where several marks may share a key; a mark
 // with a key of its own on other keyboards alone (semicolon, slash) has the code of that.
-constexpr std::array<Pair, 56> otherKeys { {
+constexpr std::array<Pair, 60> otherKeys { {
     { Qt::Key_Backspace, KeyCode::Backspace },
     { Qt::Key_Tab, KeyCode::Tab },
     { Qt::Key_Backtab, KeyCode::Tab },
@@ -46,6 +46,10 @@ constexpr std::array<Pair, 56> otherKeys { {
     { Qt::Key_Print, 44 },
     { Qt::Key_Insert, 45 },
     { Qt::Key_Delete, KeyCode::Delete },
+    { Qt::Key_Meta, 91 },
+    { Qt::Key_Super_L, 91 },
+    { Qt::Key_Super_R, 92 },
+    { Qt::Key_Menu, 93 },
     { Qt::Key_NumLock, 144 },
     { Qt::Key_ScrollLock, 145 },
     { Qt::Key_Semicolon, 186 },
