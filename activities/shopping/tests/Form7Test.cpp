@@ -4,6 +4,7 @@
 #include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/screen/TextArea.h"
+#include "activities/shopping/tests/Beeps.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
@@ -189,13 +190,16 @@ TEST_F(Form7Test, AProductIsTakenByDoubleClickOrEnter)
 TEST_F(Form7Test, WithNoLineSelectedNothingIsTakenOrPutBack)
 {
     const Form7& form = openBakery();
+    const int beepsBefore = Beeps();
     GoInto(form, QStringLiteral("Panadería"));
     Press(Qt::Key_Return);
     EXPECT_EQ(form.LICesta->count(), 0);
+    EXPECT_EQ(Beeps(), beepsBefore + 1);
     form.LICesta->setFocus();
     Press(Qt::Key_Return);
     Press(Qt::Key_Delete);
     EXPECT_EQ(form.LICesta->count(), 0);
+    EXPECT_EQ(Beeps(), beepsBefore + 1) << "only the shelf beeps";
 
     TakeFromShelf(form, QStringLiteral("Un bollo"));
     form.LICesta->clearSelection();
@@ -259,6 +263,7 @@ TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
         "Has comprado los siguientes productos:\n(3) Una barra de pan" + std::string(84, ' ')
             + "\nSu precio es de 2,55€ y has pagado 2,55€ por ellos.\nPulsa el botón salir.");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText().size(), form.TbInstrucciones->toPlainText().size());
+    EXPECT_EQ(placeOf(*form.TbInstrucciones), (TwipsRect { 240, 900, 4440, 6540 })) << "room for a long receipt";
 }
 
 TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
@@ -512,6 +517,21 @@ TEST_F(Form7Test, TheNumberOfProductsIsTakenOrSilentlyRefused)
     EXPECT_EQ(form.List1->count(), 4);
 }
 
+TEST_F(Form7Test, ARefusedNumberOfProductsLeavesTheTaskAsItIs)
+{
+    Form7& form = open(NumberedTable(500));
+    const auto lines = form.Task().ListLines();
+    form.Timer1_Timer();
+    const std::string time = form.TBTiempo->Text();
+    clock_.Time = { 11, 20, 30, 40'830 };
+    for (const char* typed : { "1", "11", "" }) {
+        ExpectInput(numberTitle, numberPrompt, QString::fromUtf8(typed), QStringLiteral("4"));
+        Choose(form, QStringLiteral("MnuOpcNum"));
+        EXPECT_EQ(linesOf(*form.List1), lines) << typed;
+        EXPECT_EQ(form.TBTiempo->Text(), time) << typed;
+    }
+}
+
 TEST_F(Form7Test, AProductIsAddedUntilTheCatalogueIsReadAgain)
 {
     Form7& form = openBakery();
@@ -694,6 +714,12 @@ TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
     EXPECT_EQ(form_->List1->count(), 0);
     GoInto(*form_, QStringLiteral("Panadería"));
     EXPECT_EQ(form_->LIDisponibles->count(), 0);
+}
+
+TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
+{
+    SaveCatalogue(path_, ProductTable(MostProducts + 1, ProductOf("a", "Panadería")));
+    EXPECT_EQ(KindThrownBy([this] { const Form7 form(clock_, path_); }), RunTimeError::Kind::Overflow);
 }
 
 TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)
