@@ -6,6 +6,7 @@
 #include "activities/shopping/screen/TextArea.h"
 #include "activities/shopping/tests/Beeps.h"
 #include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "common/screen/Line.h"
@@ -65,7 +66,7 @@ protected:
     Form7& open(const ProductTable& table)
     {
         SaveCatalogue(path_, table);
-        form_ = std::make_unique<StillShop>(clock_, path_);
+        form_ = std::make_unique<Form7>(clock_, path_);
         ShowAndActivate(*form_);
         return *form_;
     }
@@ -99,6 +100,7 @@ protected:
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
     FixedClock clock_;
+    const StillClocks stillClocks_;
     std::unique_ptr<Form7> form_;
 };
 
@@ -618,7 +620,7 @@ TEST_F(Form7Test, TheLastMenuItemClosesTheWindow)
 
 TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
 {
-    form_ = std::make_unique<StillShop>(clock_, path_);
+    form_ = std::make_unique<Form7>(clock_, path_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral("El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
                        "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una "
@@ -689,7 +691,7 @@ TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
 TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 {
     SaveCatalogue(path_, NumberedTable(3));
-    form_ = std::make_unique<StillShop>(clock_, path_);
+    form_ = std::make_unique<Form7>(clock_, path_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral(
             "El catálogo solo tiene 3 productos, así que la lista de la compra es de 3 productos en lugar de 4."));
@@ -702,7 +704,7 @@ TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
 {
     const std::filesystem::path missing = folder_.Path() / "Recursos" / "productos.dat";
-    form_ = std::make_unique<StillShop>(clock_, missing);
+    form_ = std::make_unique<Form7>(clock_, missing);
     ExpectDialog([&](QDialog& dialog) {
         const QString text = static_cast<QMessageBox&>(dialog).text();
         EXPECT_TRUE(text.contains(QString::fromStdString(missing.string()))) << text.toStdString();
