@@ -282,6 +282,8 @@ TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
 
     GoInto(form, QStringLiteral("Kiosko"));
     EXPECT_EQ(linesOf(*form.LIDisponibles), std::vector<std::string> { "Un periódico" });
+    EXPECT_EQ(form.Label3->text(), QStringLiteral("Kiosko"));
+    EXPECT_EQ(form.Label3->palette().color(QPalette::Window), form.CBTienda[3]->BackColour());
     EXPECT_EQ(form.LICesta->count(), 0);
     EXPECT_TRUE(form.LIDisponibles->isVisible() && form.LIDisponibles->isEnabled());
     EXPECT_FALSE(form.TbResultado->isVisible());
