@@ -711,7 +711,7 @@ TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
         const QString text = static_cast<QMessageBox&>(dialog).text();
         EXPECT_TRUE(text.contains(QString::fromStdString(missing.string()))) << text.toStdString();
         EXPECT_TRUE(text.startsWith(QStringLiteral("No se puede "))) << text.toStdString();
-        EXPECT_TRUE(text.contains(QStringLiteral("la lista de la compra está vacía"))) << text.toStdString();
+        EXPECT_TRUE(text.contains(QStringLiteral(".\n\nEl catálogo no tiene productos"))) << text.toStdString();
         dialog.accept();
     });
     ShowAndAnswerBoxes(*form_);
