@@ -1,8 +1,8 @@
 #include "app/Form1.h"
 
 #include "activities/shopping/screen/DLGProductos.h"
-#include "activities/shopping/screen/Form7.h"
 #include "activities/shopping/tests/CatalogueBesideProgram.h"
+#include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
@@ -54,6 +54,7 @@ protected:
 
     const CatalogueBesideProgram catalogue_ { NumberedTable(7) };
     const FixedClock clock_;
+    const StillClocks stillClocks_;
     std::unique_ptr<Form1> menu_ = std::make_unique<Form1>(clock_);
 };
 

@@ -74,8 +74,8 @@ private:
     const QPalette own_;
 };
 
-// Fusion with quiet boxes, whose buttons carry words alone, with check marks as large as the words beside them, and
-// with a caret only where the focus is.
+// Fusion with quiet boxes, whose buttons carry words alone, with check marks as large as the words beside them, with a
+// caret only where the focus is, and with a coloured frame round the list or text area that has the focus.
 class QuietStyle : public QProxyStyle {
 public:
     QuietStyle()
@@ -129,6 +129,10 @@ public:
             QProxyStyle::drawPrimitive(element, option, painter, widget);
         } else {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+        if (element == PE_Frame && option->state.testFlag(State_HasFocus)) { // Fusion leaves it grey
+            painter->setPen(option->palette.color(QPalette::Highlight));
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         }
     }
 

@@ -1,5 +1,6 @@
 #include "activities/shopping/catalogue/CatalogueSource.h"
 #include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/support/Boxes.h"
@@ -120,11 +121,12 @@ void DrawShopping(Gallery& gallery)
 {
     const TemporaryFolder folder;
     const FixedClock clock({ 10, 12, 30, 36750 });
+    const StillClocks stillClocks;
     std::ifstream text(SHOPPING_CATALOGUE_SOURCE);
     const std::filesystem::path catalogue = folder / "productos.dat";
     SaveCatalogue(catalogue, ReadCatalogueSource(text));
     {
-        StillShop form(clock, catalogue);
+        Form7 form(clock, catalogue);
         ShowAndActivate(form);
         gallery.Draw(form, QStringLiteral("shopping-centre"));
         gallery.DrawMaximised(form, QStringLiteral("shopping-maximised"));
@@ -132,7 +134,7 @@ void DrawShopping(Gallery& gallery)
         drawLongColumn(gallery, form);
     }
     {
-        StillShop form(clock, catalogue);
+        Form7 form(clock, catalogue);
         ShowAndActivate(form);
         drawVerdict(gallery, form);
     }
@@ -140,7 +142,7 @@ void DrawShopping(Gallery& gallery)
         gallery.Draw(box, QStringLiteral("shopping-empty-catalogue-message"));
         box.accept();
     });
-    StillShop form(clock, folder / "none.dat");
+    Form7 form(clock, folder / "none.dat");
     ShowAndAnswerBoxes(form);
     gallery.Draw(form, QStringLiteral("shopping-empty-catalogue"));
 }

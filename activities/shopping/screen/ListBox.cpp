@@ -16,7 +16,6 @@ ListBox::ListBox(QWidget* parent)
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
     setWordWrap(true);
-    setResizeMode(Adjust);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     installEventFilter(new SelectionStart(this));
 }

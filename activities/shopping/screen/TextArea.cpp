@@ -9,10 +9,8 @@ namespace numbrela {
 TextArea::TextArea(QWidget* parent)
     : QTextEdit(parent)
 {
-    setAcceptRichText(false);
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setTabChangesFocus(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 

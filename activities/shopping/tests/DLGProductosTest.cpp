@@ -1,6 +1,7 @@
 #include "activities/shopping/screen/DLGProductos.h"
 
 #include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "common/core/NumberText.h"
@@ -130,6 +131,7 @@ protected:
     }
 
     FixedClock clock_;
+    const StillClocks stillClocks_;
     TemporaryFolder folder_;
     std::filesystem::path path_ = folder_ / "productos.dat";
     std::unique_ptr<DLGProductos> form_;

@@ -1,5 +1,6 @@
 #include "activities/shopping/core/Money.h"
 #include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "tests/support/FixedClock.h"
@@ -42,11 +43,12 @@ protected:
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
     const FixedClock clock_;
+    const StillClocks stillClocks_;
 };
 
 TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
 {
-    StillShop form(clock_, path_);
+    Form7 form(clock_, path_);
     ShowAndActivate(form);
     Click(form, QStringLiteral("CBTienda(5)"));
     const std::string purse = PurseText(form.Task().MoneyGiven);
@@ -131,7 +133,7 @@ TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
 
 TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
 {
-    const StillShop form(clock_, path_);
+    const Form7 form(clock_, path_);
     ExpectMenus(form,
         {
             "MnuOpc &Opciones",
@@ -145,7 +147,7 @@ TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
 
 TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
 {
-    StillShop form(clock_, path_);
+    Form7 form(clock_, path_);
     const std::vector<std::pair<const QLabel*, const char*>> captions {
         { form.Label1[0], "List1" },
         { form.Label1[1], "TBTiempo" },
@@ -162,7 +164,7 @@ TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
 
 TEST_F(Form7TableTest, TheNamesOfAllShopsAreSeenWholeAtEverySize)
 {
-    StillShop form(clock_, path_);
+    Form7 form(clock_, path_);
     ShowAndActivate(form);
     for (const QSize size : { form.size(), QSize(1280, 800), QSize(800, 600), QSize(640, 480) }) {
         form.resize(size);

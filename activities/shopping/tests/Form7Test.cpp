@@ -4,7 +4,9 @@
 #include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/screen/TextArea.h"
+#include "activities/shopping/tests/Beeps.h"
 #include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "common/screen/Line.h"
@@ -64,7 +66,7 @@ protected:
     Form7& open(const ProductTable& table)
     {
         SaveCatalogue(path_, table);
-        form_ = std::make_unique<StillShop>(clock_, path_);
+        form_ = std::make_unique<Form7>(clock_, path_);
         ShowAndActivate(*form_);
         return *form_;
     }
@@ -98,6 +100,7 @@ protected:
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
     FixedClock clock_;
+    const StillClocks stillClocks_;
     std::unique_ptr<Form7> form_;
 };
 
@@ -189,13 +192,16 @@ TEST_F(Form7Test, AProductIsTakenByDoubleClickOrEnter)
 TEST_F(Form7Test, WithNoLineSelectedNothingIsTakenOrPutBack)
 {
     const Form7& form = openBakery();
+    const int beepsBefore = Beeps();
     GoInto(form, QStringLiteral("Panadería"));
     Press(Qt::Key_Return);
     EXPECT_EQ(form.LICesta->count(), 0);
+    EXPECT_EQ(Beeps(), beepsBefore + 1);
     form.LICesta->setFocus();
     Press(Qt::Key_Return);
     Press(Qt::Key_Delete);
     EXPECT_EQ(form.LICesta->count(), 0);
+    EXPECT_EQ(Beeps(), beepsBefore + 1) << "only the shelf beeps";
 
     TakeFromShelf(form, QStringLiteral("Un bollo"));
     form.LICesta->clearSelection();
@@ -259,6 +265,7 @@ TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
         "Has comprado los siguientes productos:\n(3) Una barra de pan" + std::string(84, ' ')
             + "\nSu precio es de 2,55€ y has pagado 2,55€ por ellos.\nPulsa el botón salir.");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText().size(), form.TbInstrucciones->toPlainText().size());
+    EXPECT_EQ(placeOf(*form.TbInstrucciones), (TwipsRect { 240, 900, 4440, 6540 })) << "room for a long receipt";
 }
 
 TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
@@ -275,6 +282,8 @@ TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
 
     GoInto(form, QStringLiteral("Kiosko"));
     EXPECT_EQ(linesOf(*form.LIDisponibles), std::vector<std::string> { "Un periódico" });
+    EXPECT_EQ(form.Label3->text(), QStringLiteral("Kiosko"));
+    EXPECT_EQ(form.Label3->palette().color(QPalette::Window), form.CBTienda[3]->BackColour());
     EXPECT_EQ(form.LICesta->count(), 0);
     EXPECT_TRUE(form.LIDisponibles->isVisible() && form.LIDisponibles->isEnabled());
     EXPECT_FALSE(form.TbResultado->isVisible());
@@ -512,6 +521,21 @@ TEST_F(Form7Test, TheNumberOfProductsIsTakenOrSilentlyRefused)
     EXPECT_EQ(form.List1->count(), 4);
 }
 
+TEST_F(Form7Test, ARefusedNumberOfProductsLeavesTheTaskAsItIs)
+{
+    Form7& form = open(NumberedTable(500));
+    const auto lines = form.Task().ListLines();
+    form.Timer1_Timer();
+    const std::string time = form.TBTiempo->Text();
+    clock_.Time = { 11, 20, 30, 40'830 };
+    for (const char* typed : { "1", "11", "" }) {
+        ExpectInput(numberTitle, numberPrompt, QString::fromUtf8(typed), QStringLiteral("4"));
+        Choose(form, QStringLiteral("MnuOpcNum"));
+        EXPECT_EQ(linesOf(*form.List1), lines) << typed;
+        EXPECT_EQ(form.TBTiempo->Text(), time) << typed;
+    }
+}
+
 TEST_F(Form7Test, AProductIsAddedUntilTheCatalogueIsReadAgain)
 {
     Form7& form = openBakery();
@@ -598,7 +622,7 @@ TEST_F(Form7Test, TheLastMenuItemClosesTheWindow)
 
 TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
 {
-    form_ = std::make_unique<StillShop>(clock_, path_);
+    form_ = std::make_unique<Form7>(clock_, path_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral("El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
                        "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una "
@@ -669,7 +693,7 @@ TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
 TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 {
     SaveCatalogue(path_, NumberedTable(3));
-    form_ = std::make_unique<StillShop>(clock_, path_);
+    form_ = std::make_unique<Form7>(clock_, path_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral(
             "El catálogo solo tiene 3 productos, así que la lista de la compra es de 3 productos en lugar de 4."));
@@ -682,18 +706,24 @@ TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
 {
     const std::filesystem::path missing = folder_.Path() / "Recursos" / "productos.dat";
-    form_ = std::make_unique<StillShop>(clock_, missing);
+    form_ = std::make_unique<Form7>(clock_, missing);
     ExpectDialog([&](QDialog& dialog) {
         const QString text = static_cast<QMessageBox&>(dialog).text();
         EXPECT_TRUE(text.contains(QString::fromStdString(missing.string()))) << text.toStdString();
         EXPECT_TRUE(text.startsWith(QStringLiteral("No se puede "))) << text.toStdString();
-        EXPECT_TRUE(text.contains(QStringLiteral("la lista de la compra está vacía"))) << text.toStdString();
+        EXPECT_TRUE(text.contains(QStringLiteral(".\n\nEl catálogo no tiene productos"))) << text.toStdString();
         dialog.accept();
     });
     ShowAndAnswerBoxes(*form_);
     EXPECT_EQ(form_->List1->count(), 0);
     GoInto(*form_, QStringLiteral("Panadería"));
     EXPECT_EQ(form_->LIDisponibles->count(), 0);
+}
+
+TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
+{
+    SaveCatalogue(path_, ProductTable(MostProducts + 1, ProductOf("a", "Panadería")));
+    EXPECT_EQ(KindThrownBy([this] { const Form7 form(clock_, path_); }), RunTimeError::Kind::Overflow);
 }
 
 TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)

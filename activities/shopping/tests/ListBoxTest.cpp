@@ -82,6 +82,10 @@ TEST_F(ListBoxTest, ALineThatIsTooLongGoesOnBelow)
     EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) == heightOf(0); }));
     list_.resize(200, 300);
     EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) > heightOf(0); }));
+    const int heightWhenWide = heightOf(1);
+    list_.resize(110, 300);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) > heightWhenWide; }))
+        << "broken anew where it is too long still";
 }
 
 TEST_F(ListBoxTest, ALineFarDownAmongLongOnesIsBroughtIntoViewAtOnce)

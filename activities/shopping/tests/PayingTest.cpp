@@ -184,7 +184,10 @@ TEST_F(PayingTest, TooMuchIsPaidWithAWarning)
     EXPECT_EQ(outcome.Message, addedTooMuch + std::string("(3 / 2,9)"));
     EXPECT_EQ(task_.ColumnAboveResult().Text, "  5,00\n-  3,00");
     EXPECT_EQ(task_.AmountPaid, 3);
-    EXPECT_EQ(task_.Continue("2").Message, "") << "the change due is that of the sum paid";
+    const PayOutcome receipt = task_.Continue("2");
+    EXPECT_EQ(receipt.Message, "") << "the change due is that of the sum paid";
+    EXPECT_NE(receipt.Instructions.find("\nSu precio es de 2,9€ y has pagado 3€ por ellos.\n"), std::string::npos)
+        << receipt.Instructions;
 }
 
 TEST_F(PayingTest, MoreThanThePurseHoldsLeadsBackToTheShelves)

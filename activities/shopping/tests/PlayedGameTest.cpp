@@ -1,6 +1,7 @@
 #include "activities/shopping/core/Money.h"
 #include "activities/shopping/screen/TextArea.h"
 #include "activities/shopping/tests/ShopWalk.h"
+#include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "common/screen/TextBox.h"
@@ -129,11 +130,12 @@ protected:
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
     const FixedClock clock_;
+    const StillClocks stillClocks_;
 };
 
 TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
 {
-    StillShop form(clock_, path_);
+    Form7 form(clock_, path_);
     ShowAndActivate(form);
     ASSERT_EQ(form.List1->count(), 4);
     const std::size_t shops = shopsOnTheList(form).size();
@@ -153,7 +155,7 @@ TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
 
 TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 {
-    StillShop form(clock_, path_);
+    Form7 form(clock_, path_);
     ShowAndActivate(form);
     const QString shop = *shopsOnTheList(form).begin();
     const int timeGiven = form.Task().TimeLeft;
@@ -239,7 +241,7 @@ TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 
 TEST_F(PlayedGameTest, ATaskGoesOnWhenItsTimeIsOverAndIsJudgedSo)
 {
-    StillShop form(clock_, path_);
+    Form7 form(clock_, path_);
     ShowAndActivate(form);
     for (int second = form.Task().TimeLeft; second > 1; --second) {
         form.Timer1_Timer();
@@ -262,7 +264,7 @@ TEST_F(PlayedGameTest, ATaskGoesOnWhenItsTimeIsOverAndIsJudgedSo)
 
 TEST_F(PlayedGameTest, WhoHasPaidAllForLittleCannotBuyTheRest)
 {
-    StillShop form(clock_, path_);
+    Form7 form(clock_, path_);
     ShowAndActivate(form);
     ASSERT_GT(shopsOnTheList(form).size(), 1U);
     const float money = form.Task().MoneyLeft;

@@ -8,22 +8,10 @@
 #include "tests/support/Driver.h"
 
 #include <QTest>
-#include <QTimer>
 
 #include <cmath>
-#include <limits>
 
 namespace numbrela::testing {
-
-// The shopping window with a clock that stands still, however long a test takes: time goes by when the test lets it.
-class StillShop : public Form7 {
-public:
-    StillShop(const Clock& clock, const std::filesystem::path& catalogue)
-        : Form7(clock, catalogue)
-    {
-        Timer1->setInterval(std::numeric_limits<int>::max());
-    }
-};
 
 // What a pupil does in the shopping window, beyond pressing buttons.
 

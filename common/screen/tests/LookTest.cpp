@@ -10,6 +10,7 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QIcon>
+#include <QListView>
 #include <QMenu>
 #include <QPaintEngine>
 #include <QPainter>
@@ -17,6 +18,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTextEdit>
 
 #include <array>
 #include <memory>
@@ -124,6 +126,27 @@ TEST(LookTest, DrawsACaretOnlyWhereTheFocusIs)
     EXPECT_EQ(pictureWithCaretAt(0), pictureWithCaretAt(2));
     box.setFocus();
     EXPECT_NE(pictureWithCaretAt(0), pictureWithCaretAt(2));
+}
+
+// Their highlight says nothing of it: it stays where the focus is not.
+TEST(LookTest, FramesTheListOrTextAreaThatHasTheFocus)
+{
+    QWidget window;
+    window.resize(300, 200);
+    QListView list(&window);
+    QTextEdit area(&window);
+    area.move(150, 0);
+    area.resize(100, 100);
+    ShowAndActivate(window);
+    const auto edgeOf
+        = [](QWidget& control) { return control.grab().toImage().pixelColor(0, control.height() / 2).rgb(); };
+    const QRgb highlight = QApplication::palette().color(QPalette::Highlight).rgb();
+    list.setFocus();
+    EXPECT_EQ(edgeOf(list), highlight);
+    EXPECT_NE(edgeOf(area), highlight);
+    area.setFocus();
+    EXPECT_EQ(edgeOf(area), highlight);
+    EXPECT_NE(edgeOf(list), highlight);
 }
 
 TEST(LookTest, DrawsTheMarkOfMenusThatHaveNoRoom)
