@@ -13,8 +13,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QFontMetrics>
 #include <QImage>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
@@ -22,6 +24,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <set>
@@ -574,6 +577,83 @@ TEST_P(ColumnFormTest, TheHeadingIsReachedByTheTabKeyAndItsKeysGoToTheAnswerBox)
     EXPECT_EQ(Shown(), before);
     Type(QStringLiteral("8"));
     EXPECT_EQ(Answer(), "8");
+}
+
+// The release of a key goes to what has the focus by then, and a step is taken wherever the key was pressed.
+TEST_P(ColumnFormTest, ADigitPressedOutsideTheAnswerStepsLeftInItWhenItIsLetGo)
+{
+    for (const char* box : { "Text1", "Text2(0)", "Text2(1)" }) {
+        SCOPED_TRACE(box);
+        WriteAnswer("57");
+        Form().Text3->SetCaretPosition(2);
+        Click(Form(), QString::fromLatin1(box));
+        const Contents before = Shown();
+        HoldDown(Qt::Key_9);
+        EXPECT_EQ(FocusName(), "Text3");
+        EXPECT_EQ(Shown(), before);
+        EXPECT_EQ(Form().Text3->CaretPosition(), 2);
+        LetGo(Qt::Key_9);
+        EXPECT_EQ(Shown(), before);
+        EXPECT_EQ(Form().Text3->CaretPosition(), 1);
+    }
+}
+
+// What an input method sends that has composed a character of several keys.
+void compose(QWidget& receiver, const QString& text)
+{
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(&receiver, &event);
+}
+
+// What can be done to a text without a key that types: by commands, by the context menu, by an input method.
+struct Deed {
+    const char* Name;
+    void (*Do)(TextBox& box);
+};
+
+const Deed deeds[] = {
+    { "Delete", [](TextBox&) { Press(Qt::Key_Delete); } },
+    { "Cut", [](TextBox&) { Press(Qt::Key_X, Qt::ControlModifier); } },
+    { "Paste", [](TextBox&) { Press(Qt::Key_V, Qt::ControlModifier); } },
+    { "Undo",
+        [](TextBox&) {
+            Press(Qt::Key_Delete);
+            Press(Qt::Key_Z, Qt::ControlModifier);
+        } },
+    { "PasteByMenu", [](TextBox& box) { box.paste(); } },
+    { "Compose", [](TextBox& box) { compose(box, QStringLiteral("á")); } },
+};
+
+class DeedInHeadingTest : public ::testing::TestWithParam<std::tuple<Screen, Deed>>, protected ColumnFormDriver {
+protected:
+    void SetUp() override { Open(std::get<0>(GetParam())); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, DeedInHeadingTest,
+    ::testing::Combine(::testing::Values(sums, differences), ::testing::ValuesIn(deeds)), [](const auto& instance) {
+        return std::string(std::get<0>(instance.param).Name) + std::get<1>(instance.param).Name;
+    });
+
+TEST_P(DeedInHeadingTest, LeavesItsText)
+{
+    const Contents before = Shown();
+    TextBox& heading = *Form().Text1;
+    for (const auto& [start, length] : { std::pair { 0, 0 }, std::pair { 3, 5 }, std::pair { 0, 25 } }) {
+        SCOPED_TRACE(length);
+        QApplication::clipboard()->setText(QStringLiteral("123"));
+        Click(Form(), QStringLiteral("Text1"));
+        heading.setSelection(start, length);
+        std::get<1>(GetParam()).Do(heading);
+        EXPECT_EQ(Shown(), before);
+    }
+}
+
+// A key that an input method composes with would not come as a key, and so not go to the answer.
+TEST_P(ColumnFormTest, OnlyTheAnswerIsWrittenByAnInputMethod)
+{
+    EXPECT_FALSE(Form().Text1->testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(Form().Text3->testAttribute(Qt::WA_InputMethodEnabled));
 }
 
 TEST_P(ColumnFormTest, TheVerdictAndTheScoreCannotBeTypedInto)
