@@ -107,6 +107,7 @@ TEST_F(TextBoxTest, PlacesItsCaretAndTakesTheSelectionAway)
 TEST_F(TextBoxTest, PlacesItsCaretNoFurtherThanItsText)
 {
     box_.SetText("12345");
+    box_.SetCaretPosition(2);
     box_.SetCaretPosition(99);
     EXPECT_EQ(box_.CaretPosition(), 5);
     box_.SetCaretPosition(-1);
