@@ -30,6 +30,7 @@ bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title
     QMessageBox box(QMessageBox::NoIcon, titleOrApplications(title), QString::fromStdString(text),
         QMessageBox::Yes | QMessageBox::No, parent);
     box.setTextFormat(Qt::PlainText);
+    box.setAttribute(Qt::WA_WindowPropagation);
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QShortcutEvent>
 
 namespace numbrela {
 
@@ -24,6 +25,15 @@ void CommandButton::SetBackColour(const QColor& colour)
 QColor CommandButton::BackColour() const
 {
     return palette().color(QPalette::Active, QPalette::Button);
+}
+
+// An access key that is held presses once, too: what it leads to must not be counted again and again.
+bool CommandButton::event(QEvent* event)
+{
+    if (event->type() == QEvent::Shortcut) {
+        setShortcutAutoRepeat(static_cast<QShortcutEvent*>(event)->shortcutId(), false);
+    }
+    return QPushButton::event(event);
 }
 
 void CommandButton::paintEvent(QPaintEvent* event)

@@ -104,8 +104,7 @@ int TextBox::CaretPosition() const
 
 void TextBox::SetCaretPosition(int position)
 {
-    deselect();
-    setCursorPosition(position);
+    setCursorPosition(std::clamp(position, 0, static_cast<int>(text().size()))); // and no selection is left
 }
 
 void TextBox::StepCaretLeft()

@@ -1,6 +1,9 @@
 #include "app/Form1.h"
 #include "tests/gallery/Gallery.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
+
+#include <QDialog>
 
 namespace numbrela::testing {
 
@@ -10,6 +13,11 @@ void DrawMenu(Gallery& gallery)
     Form1 menu(clock);
     ShowAndActivate(menu);
     gallery.Draw(menu, QStringLiteral("menu"));
+    ExpectDialog([&gallery](QDialog& box) {
+        gallery.Draw(box, QStringLiteral("menu-about"));
+        box.accept();
+    });
+    Choose(menu, QStringLiteral("MnuAce"));
     gallery.DrawMaximised(menu, QStringLiteral("menu-maximised"));
 }
 

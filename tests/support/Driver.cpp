@@ -35,7 +35,8 @@ void sendKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, bool r
 {
     QWidget* receiver = QApplication::focusWidget();
     ASSERT_NE(receiver, nullptr);
-    QKeyEvent event(type, key, modifiers, QString(), repeated);
+    const bool types = key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde;
+    QKeyEvent event(type, key, modifiers, types ? QString(QChar(key)) : QString(), repeated);
     QCoreApplication::sendEvent(receiver, &event);
 }
 

@@ -105,6 +105,10 @@ void ColumnForm::buildControls()
     Text1->setReadOnly(design_.HeadingReadOnly);
     Text1->setAccessibleName(QStringLiteral("Instrucción"));
     connect(Text1, &TextBox::KeyPress, this, &ColumnForm::Text1_KeyPress);
+    // A box that is not read-only can be cut from and pasted into; the heading stays. Without an input method, keys
+    // come as keys, and so go to the answer.
+    connect(Text1, &TextBox::textEdited, this, [this] { Text1->SetText(design_.Heading); });
+    Text1->setAttribute(Qt::WA_InputMethodEnabled, false);
 
     for (int index = 0; index < 2; ++index) {
         const auto i = static_cast<std::size_t>(index);

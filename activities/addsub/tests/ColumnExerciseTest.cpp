@@ -7,6 +7,7 @@
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/OptionCaptions.h"
+#include "tests/support/Schoolbook.h"
 
 #include <gtest/gtest.h>
 
@@ -28,6 +29,7 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::DisplayedByTheRule;
 using numbrela::testing::DrawOfDigits;
 using numbrela::testing::ForeignLocale;
 using numbrela::testing::KindThrownBy;
@@ -804,19 +806,8 @@ struct PaperNumber {
 
     bool IsZero() const { return Integer == "0" && Fraction.empty(); }
 
-    // As the program shows it: the thousands of seven and eight digits start one digit too early.
-    std::string Display() const
-    {
-        PaperNumber grouped = *this;
-        const std::size_t length = Integer.size();
-        if (length > 6) {
-            grouped.Integer = Integer.substr(0, length - 6) + "." + Integer.substr(length - 7, 3) + "."
-                + Integer.substr(length - 3);
-        } else if (length > 3) {
-            grouped.Integer.insert(length - 3, ".");
-        }
-        return grouped.WithSeparator(",");
-    }
+    // As the program shows it.
+    std::string Display() const { return DisplayedByTheRule(WithSeparator(",")); }
 
     std::string Integer;
     std::string Fraction;

@@ -2,6 +2,7 @@
 
 #include "common/core/RunTimeError.h"
 
+#include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +15,9 @@ namespace numbrela {
 
 namespace {
 
+using numbrela::testing::ForeignLocale;
 using numbrela::testing::KindThrownBy;
+using numbrela::testing::StrangePunctuation;
 
 Score scoreOf(int exercises, int errors)
 {
@@ -188,18 +191,10 @@ TEST(Score, AnUnscorableExerciseNeverOverflows)
     EXPECT_EQ(score.ErrorCount, 32767);
 }
 
-class GroupEveryDigit : public std::numpunct<char> {
-protected:
-    char do_thousands_sep() const override { return '\''; }
-    std::string do_grouping() const override { return "\1"; }
-};
-
 TEST(Score, LineIsTheSameUnderEveryLocale)
 {
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new GroupEveryDigit));
-    const std::string line = scoreOf(999, 123).Line();
-    std::locale::global(before);
-    EXPECT_EQ(line, "Ejercicios:999; Errores:123");
+    const ForeignLocale foreign("", std::locale(std::locale::classic(), new StrangePunctuation));
+    EXPECT_EQ(scoreOf(999, 123).Line(), "Ejercicios:999; Errores:123");
 }
 
 } // namespace

@@ -244,6 +244,8 @@ TEST_F(BoxesTest, BoxesWriteInTheFontOfTheirWindow)
     ExpectDialog(expectFont);
     ShowMessage(&form_, "Hola");
     ExpectDialog(expectFont);
+    AskYesNo(&form_, "¿Otra vez?");
+    ExpectDialog(expectFont);
     AskText(&form_, "Valor:", "Sumas");
     EXPECT_EQ(PendingBoxes(), 0);
 }

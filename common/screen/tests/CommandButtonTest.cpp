@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace numbrela {
@@ -128,6 +129,27 @@ TEST_F(CommandButtonTest, IsPressedByItsAccessKeyFromAnywhere)
     Press(Qt::Key_C, Qt::AltModifier);
     EXPECT_TRUE(next_.isDown()) << "and comes up again a moment later";
     EXPECT_FALSE(done_.isDown());
+    EXPECT_EQ(box_.Text(), "");
+}
+
+// A button that checks an answer would count a wrong one again and again.
+TEST_F(CommandButtonTest, IsPressedOnceHoweverLongItsAccessKeyIsHeld)
+{
+    box_.setFocus();
+    QSignalSpy pressed(&done_, &QPushButton::clicked);
+    const auto keyDown = [this](bool repeated) {
+        QTest::simulateEvent(form_.windowHandle(), true, Qt::Key_H, Qt::AltModifier, QStringLiteral("h"), repeated);
+    };
+    for (int time = 1; time <= 2; ++time) {
+        keyDown(false);
+        EXPECT_TRUE(pressed.wait()) << "it comes up again";
+        keyDown(true);
+        EXPECT_FALSE(done_.isDown());
+        keyDown(true);
+        EXPECT_FALSE(done_.isDown());
+        QTest::simulateEvent(form_.windowHandle(), false, Qt::Key_H, Qt::AltModifier, QStringLiteral("h"), false);
+        EXPECT_EQ(timesDone_, time);
+    }
     EXPECT_EQ(box_.Text(), "");
 }
 

@@ -1,5 +1,7 @@
 #include "common/screen/OptionMenu.h"
 
+#include "tests/support/Shown.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,20 +11,11 @@ namespace numbrela {
 
 namespace {
 
+using namespace testing;
+
 // A menu of the values 3 to 7, and the clicks that it has told of.
 class OptionMenuTest : public ::testing::Test {
 protected:
-    std::vector<int> checkedItems() const
-    {
-        std::vector<int> checked;
-        for (std::size_t i = 0; i < menu_.Items().size(); ++i) {
-            if (menu_.Items()[i]->isChecked()) {
-                checked.push_back(static_cast<int>(i));
-            }
-        }
-        return checked;
-    }
-
     void click(std::size_t index) { menu_.Items()[index]->trigger(); }
 
     std::vector<int> chosen_;
@@ -73,7 +66,7 @@ TEST_F(OptionMenuTest, CanHaveItemsThatAreNoNumbersInARow)
 
 TEST_F(OptionMenuTest, HasNothingCheckedAtFirst)
 {
-    EXPECT_EQ(checkedItems(), Indexes());
+    EXPECT_EQ(CheckedItems(menu_), Indexes());
 }
 
 TEST_F(OptionMenuTest, TellsOnceWhichItemHasBeenClicked)
@@ -88,9 +81,9 @@ TEST_F(OptionMenuTest, MovesNoCheckMarkByAClick)
 {
     menu_.CheckOnly(1);
     click(3);
-    EXPECT_EQ(checkedItems(), Indexes { 1 });
+    EXPECT_EQ(CheckedItems(menu_), Indexes { 1 });
     click(1);
-    EXPECT_EQ(checkedItems(), Indexes { 1 });
+    EXPECT_EQ(CheckedItems(menu_), Indexes { 1 });
 }
 
 TEST_F(OptionMenuTest, ShowsTheMarksUnmovedToWhoAnswersTheClick)
@@ -126,11 +119,11 @@ TEST_F(OptionMenuTest, KeepsTheMarkThatTheAnswerToAClickSets)
 TEST_F(OptionMenuTest, ChecksOneItemAlone)
 {
     menu_.CheckOnly(4);
-    EXPECT_EQ(checkedItems(), Indexes { 4 });
+    EXPECT_EQ(CheckedItems(menu_), Indexes { 4 });
     menu_.CheckOnly(0);
-    EXPECT_EQ(checkedItems(), Indexes { 0 });
+    EXPECT_EQ(CheckedItems(menu_), Indexes { 0 });
     menu_.CheckOnly(0);
-    EXPECT_EQ(checkedItems(), Indexes { 0 });
+    EXPECT_EQ(CheckedItems(menu_), Indexes { 0 });
     EXPECT_EQ(chosen_, Indexes()) << "to check is not to click";
 }
 
@@ -139,7 +132,7 @@ TEST_F(OptionMenuTest, ChecksNothingWhenThereIsNoSuchItem)
     for (const int index : { -1, 5, 1000 }) {
         menu_.CheckOnly(2);
         menu_.CheckOnly(index);
-        EXPECT_EQ(checkedItems(), Indexes()) << index;
+        EXPECT_EQ(CheckedItems(menu_), Indexes()) << index;
     }
 }
 
@@ -147,9 +140,9 @@ TEST_F(OptionMenuTest, SetsAndClearsTheMarkOfOneItem)
 {
     menu_.SetChecked(1, true);
     menu_.SetChecked(3, true);
-    EXPECT_EQ(checkedItems(), (Indexes { 1, 3 }));
+    EXPECT_EQ(CheckedItems(menu_), (Indexes { 1, 3 }));
     menu_.SetChecked(1, false);
-    EXPECT_EQ(checkedItems(), Indexes { 3 });
+    EXPECT_EQ(CheckedItems(menu_), Indexes { 3 });
 }
 
 TEST_F(OptionMenuTest, LeavesTheMarksAloneWhenThereIsNoItemToMark)
@@ -158,7 +151,7 @@ TEST_F(OptionMenuTest, LeavesTheMarksAloneWhenThereIsNoItemToMark)
     for (const int index : { -1, 5, 1000 }) {
         menu_.SetChecked(index, true);
         menu_.SetChecked(index, false);
-        EXPECT_EQ(checkedItems(), Indexes { 2 }) << index;
+        EXPECT_EQ(CheckedItems(menu_), Indexes { 2 }) << index;
     }
 }
 

@@ -107,6 +107,7 @@ TEST_F(TextBoxTest, PlacesItsCaretAndTakesTheSelectionAway)
 TEST_F(TextBoxTest, PlacesItsCaretNoFurtherThanItsText)
 {
     box_.SetText("12345");
+    box_.SetCaretPosition(2);
     box_.SetCaretPosition(99);
     EXPECT_EQ(box_.CaretPosition(), 5);
     box_.SetCaretPosition(-1);
@@ -517,7 +518,7 @@ TEST_F(TextBoxTest, TellsOfTheReleaseOnlyWhenAHeldKeyIsReallyLetGo)
     HoldDown(Qt::Key_5);
     Repeat(Qt::Key_5);
     Repeat(Qt::Key_5);
-    EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "down 53", "down 53" }));
+    EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "down 53", "press 5", "down 53", "press 5" }));
     LetGo(Qt::Key_5);
     EXPECT_EQ(heard_.back(), "up 53");
     EXPECT_EQ(std::count(heard_.begin(), heard_.end(), "up 53"), 1);
@@ -680,6 +681,9 @@ TEST_F(TextBoxTest, HasItsLimitAgainAfterAShorterTextFromTheProgram)
 {
     box_.SetMaximumTypedLength(3);
     box_.SetText("12345");
+    box_.SetText("123");
+    typeAtEnd(QStringLiteral("4"));
+    EXPECT_EQ(box_.Text(), "123");
     box_.SetText("1");
     typeAtEnd(QStringLiteral("678"));
     EXPECT_EQ(box_.Text(), "167");
