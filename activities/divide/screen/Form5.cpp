@@ -173,7 +173,7 @@ void Form5::placeGrid()
 void Form5::Command1_Click()
 {
     sayingErrors([this] {
-        const DivisionVerdict verdict = exercise_.Check(Text3->Text());
+        const DivisionVerdict verdict = exercise_.Judge(Text3->Text());
         if (!verdict.Refusal.empty()) {
             ShowMessage(this, verdict.Refusal);
             return;
@@ -182,7 +182,7 @@ void Form5::Command1_Click()
         if (verdict.Right) {
             Buttons.Command2[0]->setFocus();
         }
-        tbResultados->SetText(exercise_.Score.Line());
+        tbResultados->SetText(exercise_.Score.Count(verdict.Right));
     });
 }
 

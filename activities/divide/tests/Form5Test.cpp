@@ -286,8 +286,19 @@ TEST_F(Form5Test, AScoreOfFourDigitsIsSaidAndTheActivityGoesOn)
         Form.Command1_Click();
     }
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:999; Errores:999");
-    ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("El número 1000 no cabe en 3 caracteres."));
+    const std::string solution = "43,09"; // leaves nothing
+    typeIntoRow(1, QStringLiteral("0"));
+    for (const std::string& quotient : { std::string("1"), solution, solution, std::string("1") }) {
+        Form.Text3->SetText(quotient);
+        ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("El número 1000 no cabe en 3 caracteres."));
+        Click(Form, QStringLiteral("Command1"));
+        EXPECT_EQ(PendingBoxes(), 0) << "it is said each time";
+        EXPECT_EQ(statement(), quotient == solution ? "resultado correcto" : "Resultado incorrecto");
+        EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:999; Errores:999");
+    }
+    Click(Form, QStringLiteral("Command2(2)"));
     Click(Form, QStringLiteral("Command1"));
+    EXPECT_EQ(statement(), "resultado correcto") << "what is not scored is judged as ever";
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:999; Errores:999");
     Click(Form, QStringLiteral("Command2(0)"));
     EXPECT_EQ(shown(Form.Text3), "");
