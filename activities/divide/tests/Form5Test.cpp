@@ -504,6 +504,7 @@ TEST_F(Form5Test, AnEnteredDividendIsLaidOut)
     EXPECT_EQ(shown(Form.Text3), "9");
     EXPECT_EQ(checkedItems(Form.MnuOpcDiv), std::vector<int> { 5 }) << "six characters were typed";
     EXPECT_EQ(checkedItems(Form.MnuOpcDeD), std::vector<int> { 2 });
+    EXPECT_EQ(Form.Area().RectOf(Form.Text1), (TwipsRect { 2600 - 165 * 10 - 5, 500, 165 * 10, 7000 }));
     expectPosition("0 / 10");
 }
 
@@ -614,12 +615,18 @@ TEST_F(Form5Test, TheWindowGrowsAroundAWideGridAndComesBack)
 
 TEST_F(Form5Test, TheWindowNeverOutgrowsTheScreen)
 {
-    enterDividend(QString(100, QLatin1Char('1')), QStringLiteral("86,18"));
-    QCoreApplication::processEvents();
-    EXPECT_LE(Form.width(), Form.screen()->availableSize().width());
-    EXPECT_TRUE(Form.rect().contains(Form.Text1->geometry()));
-    EXPECT_TRUE(Form.rect().contains(Form.tbResultados->geometry()));
-    EXPECT_EQ(rowsOf(Form.Text1->Grid())[0].size(), 101U);
+    enterDivisor(QString(300, QLatin1Char('7')), QStringLiteral("2"));
+    for (const int digits : { 10, 40, 60, 100, 150, 193, 194 }) { // 194 are the most that a grid holds
+        SCOPED_TRACE(digits);
+        enterDividend(QString(digits, QLatin1Char('1')), QString::fromStdString(rows()[0]).trimmed());
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(Form.screen()->availableGeometry().contains(Form.frameGeometry()));
+        for (const QWidget* control : Form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            EXPECT_TRUE(Form.rect().contains(control->geometry())) << control->objectName().toStdString();
+        }
+        EXPECT_GT(Form.Text1->CellRect(0).width(), 2) << "a character has more than a line";
+        EXPECT_EQ(rowsOf(Form.Text1->Grid()), Rows { " " + PlainDecimalText(Form.Text1->Grid().RowValue(0)) });
+    }
 }
 
 // Counts how often the window is asked to lay itself out.
