@@ -1,5 +1,6 @@
 #include "activities/divide/screen/Form5.h"
 
+#include "activities/divide/screen/StatementBox.h"
 #include "activities/divide/screen/WorkingGridBox.h"
 #include "activities/divide/tests/DivisionSupport.h"
 #include "common/screen/OptionMenu.h"
@@ -130,7 +131,7 @@ TEST_F(Form5Test, WorksADivisionByKeysAlone)
     Press(Qt::Key_Tab);
     Press(Qt::Key_Return);
     EXPECT_EQ(statement(), "resultado correcto");
-    EXPECT_FALSE(Form.Text4->hasSelectedText());
+    EXPECT_FALSE(Form.Text4->textCursor().hasSelection());
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:  1; Errores:  0");
     EXPECT_EQ(FocusName(), "Command2(0)");
     Press(Qt::Key_Return);
@@ -241,7 +242,7 @@ TEST_F(Form5Test, AWrongAnswerCountsAgainEachTimeAndLeavesTheFocus)
     Type(QStringLiteral("20"));
     Form.Command1_Click();
     EXPECT_EQ(statement(), "Resultado incorrecto");
-    EXPECT_FALSE(Form.Text4->hasSelectedText());
+    EXPECT_FALSE(Form.Text4->textCursor().hasSelection());
     EXPECT_EQ(FocusName(), "Text3");
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:  1; Errores:  1");
     Click(Form, QStringLiteral("Command1"));
@@ -641,15 +642,13 @@ public:
     }
 };
 
-TEST_F(Form5Test, AStatementWrittenSmallerLetsTheWindowComeToRest)
+TEST_F(Form5Test, ADivisorWrittenSmallerLetsTheWindowComeToRest)
 {
-    Choose(Form, QStringLiteral("MnuOpcDivLis(8)"));
-    Choose(Form, QStringLiteral("MnuOpcDeDLis(5)"));
-    Choose(Form, QStringLiteral("MnuOpcDisLis(8)"));
+    enterDivisor(QStringLiteral("12345678901234567890"), QStringLiteral("2"));
     for (int times = 0; times < 20; ++times) {
         QCoreApplication::processEvents();
     }
-    EXPECT_LT(Form.Text4->font().pixelSize(), 13);
+    EXPECT_LT(Form.Text2->font().pixelSize(), 19);
     LayoutCounter counter;
     Form.installEventFilter(&counter);
     for (int times = 0; times < 20; ++times) {
