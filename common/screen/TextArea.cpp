@@ -1,6 +1,7 @@
 #include "common/screen/TextArea.h"
 
 #include <QTextCursor>
+#include <QWheelEvent>
 
 namespace numbrela {
 
@@ -20,6 +21,16 @@ void TextArea::SelectWholeText()
     cursor.movePosition(QTextCursor::End);
     cursor.movePosition(QTextCursor::Start, QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+// The toolkit would make the font another one; it goes with the size of the window alone.
+void TextArea::wheelEvent(QWheelEvent* event)
+{
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        event->ignore();
+    } else {
+        QTextEdit::wheelEvent(event);
+    }
 }
 
 } // namespace numbrela

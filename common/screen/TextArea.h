@@ -17,6 +17,9 @@ public:
 
     // Highlights the whole text, of which the beginning is in view.
     void SelectWholeText();
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 } // namespace numbrela

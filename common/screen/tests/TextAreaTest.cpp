@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace numbrela {
 
@@ -52,6 +54,20 @@ TEST(TextAreaTest, OfALongHighlightTheBeginningIsInView)
     area.SelectWholeText();
     EXPECT_EQ(area.verticalScrollBar()->value(), 0);
     EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+}
+
+TEST(TextAreaTest, NoTurnOfTheWheelChangesItsFont)
+{
+    TextArea area;
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(13);
+    area.setFont(font);
+    area.SetText("Sume los precios");
+    ShowAndActivate(area);
+    QWheelEvent turn(QPointF(5, 5), area.mapToGlobal(QPointF(5, 5)), {}, { 0, 4 * 120 }, Qt::NoButton,
+        Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(area.viewport(), &turn);
+    EXPECT_EQ(area.font(), font);
 }
 
 TEST(TextAreaTest, TabLeavesIt)
