@@ -4,20 +4,17 @@
 
 namespace numbrela {
 
-void Score::CountRight()
+std::string Score::Count(bool right)
 {
+    Score counted = *this;
     if (Scorable) {
-        Scorable = false;
-        ++ExerciseCount;
+        ++counted.ExerciseCount;
+        counted.ErrorCount += right ? 0 : 1;
+        counted.Scorable = !right;
     }
-}
-
-void Score::CountWrong()
-{
-    if (Scorable) {
-        ++ExerciseCount;
-        ++ErrorCount;
-    }
+    std::string line = counted.Line();
+    *this = counted;
+    return line;
 }
 
 std::string Score::Line() const

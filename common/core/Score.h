@@ -14,11 +14,11 @@ public:
     Int16 ErrorCount; // errors counted
     bool Scorable = true; // the current exercise still changes the counts
 
-    // A right answer counts one exercise, once: it makes the exercise unscorable.
-    void CountRight();
-
-    // A wrong answer counts one exercise and one error, every time anew: it leaves the exercise scorable.
-    void CountWrong();
+    // Counts a judged answer, as long as the exercise is scorable, and returns the score line. A right answer counts
+    // one exercise, once: it makes the exercise unscorable. A wrong one counts one exercise and one error, every time
+    // anew. Throws RunTimeError::InvalidArgument, and counts nothing, when a count would have more than three digits;
+    // RunTimeError::Overflow when it would not even fit 16 bits.
+    std::string Count(bool right);
 
     // The score line, each count right-aligned in three characters: "Ejercicios:  7; Errores: 12".
     // Throws RunTimeError::InvalidArgument when a count has more than three digits.

@@ -199,7 +199,6 @@ const WidestText widestTexts[] = {
     { "Divide", "Form5.tbResultados", "Ejercicios:999; Errores:999" },
     { "Divide", "Form5.Text2", "888888888" },
     { "Divide", "Form5.Text3", "888888888,88888" },
-    { "Divide", "Form5.Text4", "888888888,88888 ÷ 888888888" },
     { "Compare", "Form6.Text2", "Aciertos: 32767;   Errores: 32767." },
     { "Powers10", "FrmUnidad.TBDatos(0)", "0,8888" },
     { "Powers10", "FrmUnidad.TBRespuesta", "0,0008888" },

@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
 
@@ -71,7 +72,9 @@ protected:
 
     static QString textOf(const char* boxName)
     {
-        return Find<QLineEdit>(activity(), QString::fromUtf8(boxName)).text();
+        const auto& box = Find<QWidget>(activity(), QString::fromUtf8(boxName));
+        const auto* area = qobject_cast<const QTextEdit*>(&box);
+        return area == nullptr ? dynamic_cast<const QLineEdit&>(box).text() : area->toPlainText();
     }
 
     static Decimal numberIn(const char* boxName) { return ReadDecimal(textOf(boxName)); }

@@ -131,12 +131,9 @@ double ColumnExercise::Solution() const
 Verdict ColumnExercise::Check(std::string_view answer)
 {
     constexpr double tolerance = 1e-10;
-    if (std::fabs(ParseDisplayNumber(answer) - Solution()) < tolerance) {
-        Score.CountRight();
-        return { true, "resultado correcto" };
-    }
-    Score.CountWrong();
-    return { false, "resultado incorrecto" };
+    const bool right = std::fabs(ParseDisplayNumber(answer) - Solution()) < tolerance;
+    Score.Count(right);
+    return { right, right ? "resultado correcto" : "resultado incorrecto" };
 }
 
 std::string ColumnExercise::ShowSolution()

@@ -67,6 +67,7 @@ public:
     double Solution() const;
 
     // Judges what stands in the answer box, and counts. Right is what lies closer to the solution than 10^-10.
+    // Throws as Solution() and Score::Count() do, with nothing counted then.
     Verdict Check(std::string_view answer);
 
     // The text of the solution. From here on the exercise is not scored. Throws as Solution() does.

@@ -1113,8 +1113,8 @@ TEST(ColumnExercise, TheScoreLineEndsAt999)
         chosen.Exercise.Check("8");
     }
     EXPECT_EQ(chosen.Exercise.Score.Line(), "Ejercicios:999; Errores:999");
-    chosen.Exercise.Check("8");
-    EXPECT_EQ(KindThrownBy([&] { chosen.Exercise.Score.Line(); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([&] { chosen.Exercise.Check("8"); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(chosen.Exercise.Score.Line(), "Ejercicios:999; Errores:999");
 }
 
 TEST(ColumnExercise, TheThousandthRightAnswerHasNoScoreLine)
@@ -1127,8 +1127,9 @@ TEST(ColumnExercise, TheThousandthRightAnswerHasNoScoreLine)
     }
     EXPECT_EQ(exercise.Score.Line(), "Ejercicios:999; Errores:  0");
     exercise.Continue();
-    perform(exercise, Act::Right);
-    EXPECT_EQ(KindThrownBy([&] { exercise.Score.Line(); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([&] { perform(exercise, Act::Right); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(exercise.Score.Line(), "Ejercicios:999; Errores:  0");
+    EXPECT_TRUE(exercise.Score.Scorable);
 }
 
 TEST(ColumnExercise, CountersOverflowPast32767)

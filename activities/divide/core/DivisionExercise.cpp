@@ -145,7 +145,7 @@ double DivisionExercise::lastRemainder() const
     return remainder;
 }
 
-DivisionVerdict DivisionExercise::Check(std::string_view quotient)
+DivisionVerdict DivisionExercise::Judge(std::string_view quotient) const
 {
     if (QuotientDecimals > 0) {
         return { "El número de decimales no es cero, por favor utilice la opción \"Ver solución\" para comprobar su "
@@ -153,12 +153,8 @@ DivisionVerdict DivisionExercise::Check(std::string_view quotient)
             false, "" };
     }
     const double given = ParseFirstCommaNumber(quotient) * Divisor + lastRemainder();
-    if (isWithin(std::fabs(Dividend - given), 1 / PowerOfTen(scale() + 1))) {
-        Score.CountRight();
-        return { "", true, "resultado correcto" };
-    }
-    Score.CountWrong();
-    return { "", false, "Resultado incorrecto" };
+    const bool right = isWithin(std::fabs(Dividend - given), 1 / PowerOfTen(scale() + 1));
+    return { "", right, right ? "resultado correcto" : "Resultado incorrecto" };
 }
 
 std::string DivisionExercise::ShowDivisionSolution()

@@ -13,7 +13,8 @@ namespace numbrela {
 
 // What became of an answer.
 struct DivisionVerdict {
-    std::string Refusal; // what to tell the pupil instead of judging; empty: the answer was judged and counted
+    std::string
+        Refusal; // what to tell the pupil instead of judging; empty: the answer was judged, and is to be counted
     bool Right = false;
     std::string Text; // for the verdict box
 };
@@ -58,9 +59,9 @@ public:
     // Takes the working off the grid; the exercise stays.
     void ClearWorking();
 
-    // Judges the text of the quotient box together with the last remainder on the grid, and counts. Right is what gives
-    // back the dividend; a quotient with decimals of its own is not judged.
-    DivisionVerdict Check(std::string_view quotient);
+    // Judges the text of the quotient box together with the last remainder on the grid. Right is what gives back the
+    // dividend; a quotient that is to be worked to decimals is not judged. What was judged is for `Score` to count.
+    DivisionVerdict Judge(std::string_view quotient) const;
 
     // Writes the working into the grid and returns the quotient. From here on the exercise is not scored. Throws
     // RunTimeError::Overflow, and changes nothing, when a running remainder or the divisor does not fit 32 bits.

@@ -140,7 +140,7 @@ void WorkingGrid::partAtCommaColumn(int firstCell)
     const int rowEnd = (firstCell / LineWidth + 1) * LineWidth;
     for (int cell = firstCell; cell <= std::min(rowEnd, end() - 1); ++cell) {
         if (cell % LineWidth == CommaColumn && Text[place(cell)] != blank) {
-            const int behindShifted = std::min(cell + LineWidth - CommaColumn, end());
+            const int behindShifted = cell + LineWidth - CommaColumn; // there are blanks enough behind every character
             Text.erase(place(behindShifted), 1);
             Text.insert(place(cell), 1, blank);
             commaShift_ = true;

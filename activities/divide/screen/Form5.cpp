@@ -1,5 +1,6 @@
 #include "activities/divide/screen/Form5.h"
 
+#include "activities/divide/screen/StatementBox.h"
 #include "activities/divide/screen/WorkingGridBox.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
@@ -92,8 +93,10 @@ void Form5::buildRest()
     Buttons = AddButtonRow(
         Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
-    Text4 = AddReadOnlyBox(Area(), QStringLiteral("Text4"), QStringLiteral("Enunciado y veredicto"),
-        { 3000, 2500, 2000, 495 }, buttonFont);
+    Text4 = new StatementBox(this);
+    Text4->setObjectName(QStringLiteral("Text4"));
+    Text4->setAccessibleName(QStringLiteral("Enunciado y veredicto"));
+    Area().Place(Text4, { 3000, 2500, 2000, 495 }, buttonFont);
     tbResultados = AddReadOnlyBox(
         Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), { 2700, 7500, 2800, 495 }, formFont);
     tbResultados->SetText(exercise_.Score.Line());
@@ -173,7 +176,7 @@ void Form5::placeGrid()
 void Form5::Command1_Click()
 {
     sayingErrors([this] {
-        const DivisionVerdict verdict = exercise_.Check(Text3->Text());
+        const DivisionVerdict verdict = exercise_.Judge(Text3->Text());
         if (!verdict.Refusal.empty()) {
             ShowMessage(this, verdict.Refusal);
             return;
@@ -182,7 +185,7 @@ void Form5::Command1_Click()
         if (verdict.Right) {
             Buttons.Command2[0]->setFocus();
         }
-        tbResultados->SetText(exercise_.Score.Line());
+        tbResultados->SetText(exercise_.Score.Count(verdict.Right));
     });
 }
 

@@ -9,6 +9,7 @@ namespace numbrela {
 
 class Line;
 class OptionMenu;
+class StatementBox;
 class TextBox;
 class WorkingGridBox;
 
@@ -43,7 +44,7 @@ public:
     WorkingGridBox* Text1;
     TextBox* Text2;
     TextBox* Text3;
-    TextBox* Text4;
+    StatementBox* Text4;
     TextBox* tbResultados;
     Line* Line1;
     Line* Line2;

@@ -95,9 +95,11 @@ int WorkingGridAccessible::offsetAtPoint(const QPoint& point) const
     return box().SpokenOffset(box().CellAt(box().mapFromGlobal(point)));
 }
 
-void WorkingGridAccessible::scrollToSubstring(int startIndex, int /*endIndex*/)
+// Of what is longer than the box, the beginning.
+void WorkingGridAccessible::scrollToSubstring(int startIndex, int endIndex)
 {
-    setCursorPosition(startIndex);
+    box().ShowCell(box().CellAtSpokenOffset(endIndex));
+    box().ShowCell(box().CellAtSpokenOffset(startIndex));
 }
 
 QString WorkingGridAccessible::attributes(int offset, int* startOffset, int* endOffset) const

@@ -45,10 +45,21 @@ WorkingGridBox::WorkingGridBox(WorkingGrid& grid, QWidget* parent)
 
 void WorkingGridBox::ShowGrid()
 {
-    const int row = caretRow();
-    firstRow_ = std::clamp(firstRow_, std::max(row - ShownRows() + 1, 0), row);
+    scrollTo(caretRow());
     update();
     tellAssistiveTools();
+}
+
+void WorkingGridBox::ShowCell(int cell)
+{
+    scrollTo(std::clamp(cell, 0, static_cast<int>(grid_.Text.size())) / grid_.LineWidth);
+    update();
+}
+
+// No farther than it must.
+void WorkingGridBox::scrollTo(int row)
+{
+    firstRow_ = std::clamp(firstRow_, std::max(row - ShownRows() + 1, 0), row);
 }
 
 int WorkingGridBox::caretRow() const
@@ -75,10 +86,12 @@ QRect WorkingGridBox::CellRect(int cell) const
     return { QPoint(left(column), top(row)), QPoint(left(column + 1) - 1, top(row + 1) - 1) };
 }
 
+// The last column, and the last row, that begins before or on the pixel.
 int WorkingGridBox::CellAt(QPoint point) const
 {
-    const int column = std::clamp(point.x() * grid_.LineWidth / std::max(width(), 1), 0, grid_.LineWidth - 1);
-    const int twips = point.y() * Height / std::max(height(), 1) - roomAboveRows;
+    const int columns = ((point.x() + 1) * grid_.LineWidth - 1) / std::max(width(), 1);
+    const int column = std::clamp(columns, 0, grid_.LineWidth - 1);
+    const int twips = ((point.y() + 1) * Height - 1) / std::max(height(), 1) - roomAboveRows;
     const int row = std::clamp(twips / rowHeight, 0, ShownRows() - 1);
     return (firstRow_ + row) * grid_.LineWidth + column;
 }

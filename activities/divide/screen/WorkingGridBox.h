@@ -36,8 +36,11 @@ public:
     int SpokenOffset(int cell) const;
     int CellAtSpokenOffset(int offset) const;
 
-    // Puts the caret on a cell.
+    // Puts the caret on a cell, and shows its row.
     void PutCaret(int cell);
+
+    // Shows the row of a cell; the caret stays where it is.
+    void ShowCell(int cell);
 
 Q_SIGNALS:
     // A key goes down; it may be taken for another, or be consumed.
@@ -57,6 +60,7 @@ protected:
 private:
     int caretRow() const;
     int rowsInUse() const;
+    void scrollTo(int row);
     bool moveCaretByKey(const QKeyEvent& event);
     void tellAssistiveTools();
     void paintPaper(QPainter& painter) const;

@@ -211,7 +211,7 @@ TEST(DivisionDraw, EveryNewDivisionIsCleanAndScored)
     DivisionExercise exercise(random, commaShift);
     setOptions(exercise, { 2, 0, 1, 0 });
     exercise.GenerateDivision();
-    exercise.Score.CountWrong();
+    exercise.Score.Count(false);
     exercise.ShowDivisionSolution();
     EXPECT_FALSE(exercise.Score.Scorable);
     exercise.GenerateDivision();

@@ -97,7 +97,7 @@ TEST(DivisionEntry, ADividendLeavesTheRestAsItWas)
 {
     for (const bool scorable : { true, false }) {
         DrawnDivision drawn({ 2, 2, 1, 3 }, 9725, 4);
-        drawn.Exercise.Score.CountWrong();
+        drawn.Exercise.Score.Count(false);
         drawn.Exercise.Score.Scorable = scorable;
         ASSERT_TRUE(drawn.Exercise.EnterDividend("1234"));
         EXPECT_EQ(drawn.Exercise.DividendDecimals, 2);

@@ -34,7 +34,7 @@ TEST(Form5Table, ControlsStandWhereTheBracketWantsThem)
             { "Text2", "2", { 2600, 500, 2100, 435 }, digitFont, left, true, true, {}, "Divisor" },
             { "Text3", "", { 2600, 935, 2100, 435 }, digitFont, left, false, true, {}, "Cociente" },
             { "Command1", "&Hecho", { 3000, 2000, 2000, 495 }, buttonFont, {}, false, true, QColor(255, 255, 0) },
-            { "Text4", "86,18 ÷ 2", { 3000, 2500, 2000, 495 }, buttonFont, Qt::AlignCenter, true, true, {},
+            { "Text4", "86,18 ÷ 2", { 3000, 2500, 2000, 495 }, buttonFont, {}, true, true, {},
                 "Enunciado y veredicto" },
             { "Command2(0)", "&Continuar", { 3000, 3000, 2000, 495 }, buttonFont, {}, false, true,
                 QColor(0, 255, 255) },

@@ -1,5 +1,6 @@
 #include "activities/divide/screen/Form5.h"
 
+#include "activities/divide/screen/StatementBox.h"
 #include "activities/divide/screen/WorkingGridBox.h"
 #include "activities/divide/tests/DivisionSupport.h"
 #include "common/screen/OptionMenu.h"
@@ -130,7 +131,7 @@ TEST_F(Form5Test, WorksADivisionByKeysAlone)
     Press(Qt::Key_Tab);
     Press(Qt::Key_Return);
     EXPECT_EQ(statement(), "resultado correcto");
-    EXPECT_FALSE(Form.Text4->hasSelectedText());
+    EXPECT_FALSE(Form.Text4->textCursor().hasSelection());
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:  1; Errores:  0");
     EXPECT_EQ(FocusName(), "Command2(0)");
     Press(Qt::Key_Return);
@@ -241,7 +242,7 @@ TEST_F(Form5Test, AWrongAnswerCountsAgainEachTimeAndLeavesTheFocus)
     Type(QStringLiteral("20"));
     Form.Command1_Click();
     EXPECT_EQ(statement(), "Resultado incorrecto");
-    EXPECT_FALSE(Form.Text4->hasSelectedText());
+    EXPECT_FALSE(Form.Text4->textCursor().hasSelection());
     EXPECT_EQ(FocusName(), "Text3");
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:  1; Errores:  1");
     Click(Form, QStringLiteral("Command1"));
@@ -286,8 +287,19 @@ TEST_F(Form5Test, AScoreOfFourDigitsIsSaidAndTheActivityGoesOn)
         Form.Command1_Click();
     }
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:999; Errores:999");
-    ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("El número 1000 no cabe en 3 caracteres."));
+    const std::string solution = "43,09"; // leaves nothing
+    typeIntoRow(1, QStringLiteral("0"));
+    for (const std::string& quotient : { std::string("1"), solution, solution, std::string("1") }) {
+        Form.Text3->SetText(quotient);
+        ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("El número 1000 no cabe en 3 caracteres."));
+        Click(Form, QStringLiteral("Command1"));
+        EXPECT_EQ(PendingBoxes(), 0) << "it is said each time";
+        EXPECT_EQ(statement(), quotient == solution ? "resultado correcto" : "Resultado incorrecto");
+        EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:999; Errores:999");
+    }
+    Click(Form, QStringLiteral("Command2(2)"));
     Click(Form, QStringLiteral("Command1"));
+    EXPECT_EQ(statement(), "resultado correcto") << "what is not scored is judged as ever";
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:999; Errores:999");
     Click(Form, QStringLiteral("Command2(0)"));
     EXPECT_EQ(shown(Form.Text3), "");
@@ -493,6 +505,7 @@ TEST_F(Form5Test, AnEnteredDividendIsLaidOut)
     EXPECT_EQ(shown(Form.Text3), "9");
     EXPECT_EQ(checkedItems(Form.MnuOpcDiv), std::vector<int> { 5 }) << "six characters were typed";
     EXPECT_EQ(checkedItems(Form.MnuOpcDeD), std::vector<int> { 2 });
+    EXPECT_EQ(Form.Area().RectOf(Form.Text1), (TwipsRect { 2600 - 165 * 10 - 5, 500, 165 * 10, 7000 }));
     expectPosition("0 / 10");
 }
 
@@ -603,12 +616,18 @@ TEST_F(Form5Test, TheWindowGrowsAroundAWideGridAndComesBack)
 
 TEST_F(Form5Test, TheWindowNeverOutgrowsTheScreen)
 {
-    enterDividend(QString(100, QLatin1Char('1')), QStringLiteral("86,18"));
-    QCoreApplication::processEvents();
-    EXPECT_LE(Form.width(), Form.screen()->availableSize().width());
-    EXPECT_TRUE(Form.rect().contains(Form.Text1->geometry()));
-    EXPECT_TRUE(Form.rect().contains(Form.tbResultados->geometry()));
-    EXPECT_EQ(rowsOf(Form.Text1->Grid())[0].size(), 101U);
+    enterDivisor(QString(300, QLatin1Char('7')), QStringLiteral("2"));
+    for (const int digits : { 10, 40, 60, 100, 150, 193, 194 }) { // 194 are the most that a grid holds
+        SCOPED_TRACE(digits);
+        enterDividend(QString(digits, QLatin1Char('1')), QString::fromStdString(rows()[0]).trimmed());
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(Form.screen()->availableGeometry().contains(Form.frameGeometry()));
+        for (const QWidget* control : Form.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            EXPECT_TRUE(Form.rect().contains(control->geometry())) << control->objectName().toStdString();
+        }
+        EXPECT_GT(Form.Text1->CellRect(0).width(), 2) << "a character has more than a line";
+        EXPECT_EQ(rowsOf(Form.Text1->Grid()), Rows { " " + PlainDecimalText(Form.Text1->Grid().RowValue(0)) });
+    }
 }
 
 // Counts how often the window is asked to lay itself out.
@@ -623,15 +642,13 @@ public:
     }
 };
 
-TEST_F(Form5Test, AStatementWrittenSmallerLetsTheWindowComeToRest)
+TEST_F(Form5Test, ADivisorWrittenSmallerLetsTheWindowComeToRest)
 {
-    Choose(Form, QStringLiteral("MnuOpcDivLis(8)"));
-    Choose(Form, QStringLiteral("MnuOpcDeDLis(5)"));
-    Choose(Form, QStringLiteral("MnuOpcDisLis(8)"));
+    enterDivisor(QStringLiteral("12345678901234567890"), QStringLiteral("2"));
     for (int times = 0; times < 20; ++times) {
         QCoreApplication::processEvents();
     }
-    EXPECT_LT(Form.Text4->font().pixelSize(), 13);
+    EXPECT_LT(Form.Text2->font().pixelSize(), 19);
     LayoutCounter counter;
     Form.installEventFilter(&counter);
     for (int times = 0; times < 20; ++times) {

@@ -179,6 +179,24 @@ TEST_F(WorkingGridBoxTest, AClickBesideTheCellsTakesTheNearestOne)
     EXPECT_EQ(Grid.Caret, 159);
 }
 
+TEST_F(WorkingGridBoxTest, EveryPixelIsOfTheCellThatIsPaintedThere)
+{
+    for (const int columns : { 5, 8, 23 }) {
+        Grid.LineWidth = columns;
+        for (const QSize size : { QSize(40, 233), QSize(88, 467), QSize(100, 500), QSize(253, 641), QSize(301, 901) }) {
+            Box.resize(size);
+            for (int x = 0; x < size.width(); ++x) {
+                const QRect cell = Box.CellRect(Box.CellAt({ x, 0 }));
+                EXPECT_TRUE(cell.left() <= x && x <= cell.right()) << columns << " columns, pixel " << x;
+            }
+            for (int y = Box.CellRect(0).top(); y <= Box.CellRect(19 * columns).bottom(); ++y) {
+                const QRect cell = Box.CellRect(Box.CellAt({ 0, y }));
+                EXPECT_TRUE(cell.top() <= y && y <= cell.bottom()) << size.height() << " high, pixel " << y;
+            }
+        }
+    }
+}
+
 TEST_F(WorkingGridBoxTest, OtherButtonsMoveNothing)
 {
     Grid.MoveCaretTo(12);
@@ -386,11 +404,27 @@ TEST_F(WorkingGridSpokenTest, TellsAndTakesTheCaret)
     EXPECT_EQ(Grid.Caret, 10);
     text().setCursorPosition(8);
     EXPECT_EQ(Grid.Caret, 7) << "the end of a line is its last cell";
-    text().scrollToSubstring(9, 12);
-    EXPECT_EQ(Grid.Caret, 8);
     Grid.MoveCaretTo(8 * 30);
     EXPECT_EQ(text().cursorPosition(), 9 * 30);
     EXPECT_EQ(text().characterCount(), 9 * 31 - 1) << "down to the row of the caret";
+}
+
+TEST_F(WorkingGridSpokenTest, IsScrolledToAPartOfItsTextWithoutItsCaret)
+{
+    typeRow(Grid, 39, "12345678");
+    Grid.MoveCaretTo(0);
+    Box.ShowGrid();
+    const struct {
+        int StartRow;
+        int EndRow;
+        int FirstShownRow;
+    } cases[] = { { 3, 5, 0 }, { 39, 39, 20 }, { 25, 30, 20 }, { 12, 14, 12 }, { 10, 35, 10 }, { 18, 30, 11 },
+        { 0, 39, 0 }, { -1, -1, 0 }, { 1000, 2000, 231 } };
+    for (const auto& [startRow, endRow, firstShownRow] : cases) {
+        text().scrollToSubstring(9 * startRow, 9 * endRow);
+        EXPECT_EQ(Box.FirstShownRow(), firstShownRow) << startRow << " to " << endRow;
+        EXPECT_EQ(Grid.Caret, 0);
+    }
 }
 
 TEST_F(WorkingGridSpokenTest, TellsWhereItsCharactersAre)

@@ -376,6 +376,25 @@ TEST_F(WorkingGridTest, APartedLineThatFillsItsRowGivesItsLastCellToTheNext)
     Grid.WriteWorkingLine("123456", 7, 1);
     EXPECT_EQ(Grid.Row(1), u"  1 2345");
     EXPECT_EQ(rowText(Grid, 2), "6");
+    EXPECT_EQ(Grid.Text.size(), 8U + 2U + 6U + 2000U) << "parting makes it no longer";
+}
+
+TEST_F(WorkingGridTest, APartedLineThatRunsIntoTheNextRowIsWrittenOverThere)
+{
+    Grid.WriteWorkingLine("1234567", 8, 1);
+    EXPECT_EQ(Grid.Row(1), u"  1 2345");
+    EXPECT_EQ(rowText(Grid, 2), "6") << "where the 7 was";
+    EXPECT_EQ(Grid.Text.size(), 8U + 2U + 7U + 2000U);
+}
+
+// What stands on the comma is looked for from where the line would have begun without the shift: on the dividend's row
+// that is the comma itself.
+TEST_F(WorkingGridTest, AShiftedLineTakesAlongWhatStandsOnTheComma)
+{
+    commaShift_ = true;
+    Grid.WriteWorkingLine("0", 3, 0);
+    EXPECT_EQ(rowText(Grid, 0), " 97 ,0");
+    EXPECT_TRUE(commaShift_);
 }
 
 TEST_F(WorkingGridTest, WithoutACommaTheShiftLasts)

@@ -118,15 +118,7 @@ Multiplication::Verdict Multiplication::Judge(std::string_view result, std::stri
 
 std::string Multiplication::Count(const Verdict& verdict)
 {
-    numbrela::Score counted = Score;
-    if (verdict.Right) {
-        counted.CountRight();
-    } else {
-        counted.CountWrong();
-    }
-    std::string line = counted.Line();
-    Score = counted;
-    return line;
+    return Score.Count(verdict.Right);
 }
 
 Multiplication::WorkedSolution Multiplication::ShowSolution()

@@ -78,7 +78,7 @@ public:
     // Throws RunTimeError::Overflow when a double cannot hold the result.
     Verdict Judge(std::string_view result, std::string_view shownVerdict) const;
 
-    // Counts a judged result and returns the score line. Throws as Score::Line() does, with nothing counted then.
+    // Counts a judged result and returns the score line. Throws as Score::Count() does, with nothing counted then.
     std::string Count(const Verdict& verdict);
 
     // The solution. From here on the exercise is not scored. All its digits are exact, also where a double would round

@@ -1,11 +1,11 @@
 #include "activities/shopping/screen/Form7.h"
 
 #include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/ColumnArea.h"
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/screen/ListBox.h"
 #include "activities/shopping/screen/NewProduct.h"
 #include "activities/shopping/screen/SpanishOrder.h"
-#include "activities/shopping/screen/TextArea.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"

@@ -1,9 +1,9 @@
 #include "activities/shopping/screen/Form7.h"
 
 #include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/ColumnArea.h"
 #include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Handover.h"
-#include "activities/shopping/screen/TextArea.h"
 #include "activities/shopping/tests/Beeps.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"

@@ -1,5 +1,5 @@
 #include "activities/shopping/core/Money.h"
-#include "activities/shopping/screen/TextArea.h"
+#include "activities/shopping/screen/ColumnArea.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"

@@ -39,7 +39,7 @@ TEST(Score, StartsAtNoExerciseAndNoErrorAndIsScorable)
 TEST(Score, ARightAnswerCountsOneExerciseAndNoError)
 {
     Score score;
-    score.CountRight();
+    EXPECT_EQ(score.Count(true), "Ejercicios:  1; Errores:  0");
     EXPECT_EQ(score.ExerciseCount, 1);
     EXPECT_EQ(score.ErrorCount, 0);
     EXPECT_FALSE(score.Scorable);
@@ -48,7 +48,7 @@ TEST(Score, ARightAnswerCountsOneExerciseAndNoError)
 TEST(Score, AWrongAnswerCountsOneExerciseAndOneErrorAndStaysScorable)
 {
     Score score;
-    score.CountWrong();
+    EXPECT_EQ(score.Count(false), "Ejercicios:  1; Errores:  1");
     EXPECT_EQ(score.ExerciseCount, 1);
     EXPECT_EQ(score.ErrorCount, 1);
     EXPECT_TRUE(score.Scorable);
@@ -57,26 +57,26 @@ TEST(Score, AWrongAnswerCountsOneExerciseAndOneErrorAndStaysScorable)
 TEST(Score, CountsARightAnswerOnce)
 {
     Score score;
-    score.CountRight();
-    score.CountRight();
+    score.Count(true);
+    score.Count(true);
     EXPECT_EQ(score.Line(), "Ejercicios:  1; Errores:  0");
 }
 
 TEST(Score, CountsEveryWrongAnswerAnew)
 {
     Score score;
-    score.CountWrong();
-    score.CountWrong();
-    score.CountWrong();
+    score.Count(false);
+    score.Count(false);
+    score.Count(false);
     EXPECT_EQ(score.Line(), "Ejercicios:  3; Errores:  3");
 }
 
 TEST(Score, TwoWrongAnswersAndARightOneAreThreeExercisesAndTwoErrors)
 {
     Score score;
-    score.CountWrong();
-    score.CountWrong();
-    score.CountRight();
+    score.Count(false);
+    score.Count(false);
+    score.Count(true);
     EXPECT_EQ(score.Line(), "Ejercicios:  3; Errores:  2");
     EXPECT_FALSE(score.Scorable);
 }
@@ -85,9 +85,9 @@ TEST(Score, CountsNothingOnceItIsUnscorable)
 {
     Score score = scoreOf(5, 2);
     score.Scorable = false;
-    score.CountWrong();
-    score.CountRight();
-    score.CountWrong();
+    score.Count(false);
+    score.Count(true);
+    score.Count(false);
     EXPECT_EQ(score.ExerciseCount, 5);
     EXPECT_EQ(score.ErrorCount, 2);
     EXPECT_FALSE(score.Scorable);
@@ -96,9 +96,9 @@ TEST(Score, CountsNothingOnceItIsUnscorable)
 TEST(Score, CountsAgainWhenItIsScorableAgain)
 {
     Score score;
-    score.CountRight();
+    score.Count(true);
     score.Scorable = true;
-    score.CountWrong();
+    score.Count(false);
     EXPECT_EQ(score.Line(), "Ejercicios:  2; Errores:  1");
 }
 
@@ -146,49 +146,50 @@ TEST(Score, LineRefusesCountsOfFourDigits)
     }
 }
 
-TEST(Score, CountingItselfGoesOnBeyondThreeDigits)
+// Whoever goes on after the error finds the exercise as it was before the answer.
+TEST(Score, AnAnswerThatHasNoLineIsNotCounted)
+{
+    for (const bool right : { true, false }) {
+        Score score = scoreOf(999, 12);
+        for (int times = 0; times < 2; ++times) {
+            EXPECT_EQ(KindThrownBy([&] { score.Count(right); }), RunTimeError::Kind::InvalidArgument) << right;
+            EXPECT_EQ(score.Line(), "Ejercicios:999; Errores: 12");
+            EXPECT_TRUE(score.Scorable);
+        }
+    }
+    Score errors = scoreOf(12, 999);
+    EXPECT_EQ(KindThrownBy([&] { errors.Count(false); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(errors.Line(), "Ejercicios: 12; Errores:999");
+    EXPECT_EQ(errors.Count(true), "Ejercicios: 13; Errores:999");
+}
+
+TEST(Score, CountsUpToThreeDigits)
+{
+    EXPECT_EQ(scoreOf(998, 998).Count(false), "Ejercicios:999; Errores:999");
+    EXPECT_EQ(scoreOf(998, 0).Count(true), "Ejercicios:999; Errores:  0");
+}
+
+TEST(Score, AnUnscorableExerciseHasItsLineAt999)
 {
     Score score = scoreOf(999, 999);
-    score.CountWrong();
-    EXPECT_EQ(score.ExerciseCount, 1000);
-    EXPECT_EQ(score.ErrorCount, 1000);
-}
-
-TEST(Score, ExercisesPastTheLast16BitNumberOverflow)
-{
-    Score right = scoreOf(32767, 0);
-    EXPECT_EQ(KindThrownBy([&] { right.CountRight(); }), RunTimeError::Kind::Overflow);
-    EXPECT_EQ(right.ExerciseCount, 32767);
-
-    Score wrong = scoreOf(32767, 0);
-    EXPECT_EQ(KindThrownBy([&] { wrong.CountWrong(); }), RunTimeError::Kind::Overflow);
-    EXPECT_EQ(wrong.ExerciseCount, 32767);
-    EXPECT_EQ(wrong.ErrorCount, 0);
-}
-
-TEST(Score, ErrorsPastTheLast16BitNumberOverflow)
-{
-    Score score = scoreOf(0, 32767);
-    EXPECT_EQ(KindThrownBy([&] { score.CountWrong(); }), RunTimeError::Kind::Overflow);
-    EXPECT_EQ(score.ErrorCount, 32767);
-}
-
-TEST(Score, CountsUpToTheLast16BitNumber)
-{
-    Score score = scoreOf(32766, 32766);
-    EXPECT_NO_THROW(score.CountWrong());
-    EXPECT_EQ(score.ExerciseCount, 32767);
-    EXPECT_EQ(score.ErrorCount, 32767);
-}
-
-TEST(Score, AnUnscorableExerciseNeverOverflows)
-{
-    Score score = scoreOf(32767, 32767);
     score.Scorable = false;
-    EXPECT_NO_THROW(score.CountRight());
-    EXPECT_NO_THROW(score.CountWrong());
-    EXPECT_EQ(score.ExerciseCount, 32767);
-    EXPECT_EQ(score.ErrorCount, 32767);
+    EXPECT_EQ(score.Count(true), "Ejercicios:999; Errores:999");
+    EXPECT_EQ(score.Count(false), "Ejercicios:999; Errores:999");
+}
+
+TEST(Score, CountsPastTheLast16BitNumberOverflow)
+{
+    for (const bool right : { true, false }) {
+        Score score = scoreOf(32767, 0);
+        EXPECT_EQ(KindThrownBy([&] { score.Count(right); }), RunTimeError::Kind::Overflow) << right;
+        EXPECT_EQ(score.ExerciseCount, 32767);
+        EXPECT_EQ(score.ErrorCount, 0);
+        EXPECT_TRUE(score.Scorable);
+    }
+    Score errors = scoreOf(0, 32767);
+    EXPECT_EQ(KindThrownBy([&] { errors.Count(false); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(errors.ExerciseCount, 0);
+    EXPECT_EQ(errors.ErrorCount, 32767);
 }
 
 TEST(Score, LineIsTheSameUnderEveryLocale)

@@ -17,21 +17,9 @@ public:
 
     // Highlights the whole text, of which the beginning is in view.
     void SelectWholeText();
-};
-
-// A text area whose lines share its height evenly and stand at its right edge: a column of a written calculation.
-class ColumnArea : public TextArea {
-public:
-    explicit ColumnArea(QWidget* parent = nullptr);
-
-    void SetText(const std::string& text);
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
-
-private:
-    void layOutRows();
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 } // namespace numbrela

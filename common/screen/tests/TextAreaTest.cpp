@@ -1,13 +1,13 @@
-#include "activities/shopping/screen/TextArea.h"
+#include "common/screen/TextArea.h"
 
 #include "common/screen/TextBox.h"
 #include "tests/support/Driver.h"
 
 #include <gtest/gtest.h>
 
-#include <QAbstractTextDocumentLayout>
+#include <QCoreApplication>
 #include <QScrollBar>
-#include <QTextBlock>
+#include <QWheelEvent>
 
 namespace numbrela {
 
@@ -56,6 +56,20 @@ TEST(TextAreaTest, OfALongHighlightTheBeginningIsInView)
     EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
 }
 
+TEST(TextAreaTest, NoTurnOfTheWheelChangesItsFont)
+{
+    TextArea area;
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(13);
+    area.setFont(font);
+    area.SetText("Sume los precios");
+    ShowAndActivate(area);
+    QWheelEvent turn(QPointF(5, 5), area.mapToGlobal(QPointF(5, 5)), {}, { 0, 4 * 120 }, Qt::NoButton,
+        Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(area.viewport(), &turn);
+    EXPECT_EQ(area.font(), font);
+}
+
 TEST(TextAreaTest, TabLeavesIt)
 {
     QWidget window;
@@ -65,29 +79,6 @@ TEST(TextAreaTest, TabLeavesIt)
     area->setFocus();
     Press(Qt::Key_Tab);
     EXPECT_TRUE(box->hasFocus());
-}
-
-TEST(ColumnAreaTest, LinesShareItsHeightEvenlyAndStandAtTheRight)
-{
-    ColumnArea column;
-    column.resize(120, 19 * 30);
-    ShowAndActivate(column);
-    std::string text = "  0,85";
-    for (int rows = 1; rows <= 30; ++rows) {
-        column.SetText(text);
-        column.resize(120, 19 * rows);
-        ASSERT_EQ(column.document()->blockCount(), rows);
-        int row = 0;
-        for (QTextBlock block = column.document()->begin(); block.isValid(); block = block.next(), ++row) {
-            const QRectF place = column.document()->documentLayout()->blockBoundingRect(block);
-            EXPECT_NEAR(place.top(), 19 * row, 0.5) << rows;
-            EXPECT_NEAR(place.height(), 19, 0.5) << rows;
-            EXPECT_EQ(block.blockFormat().alignment(), Qt::AlignRight);
-            EXPECT_EQ(block.layout()->lineCount(), 1);
-        }
-        text += "\n+ 12,50";
-    }
-    EXPECT_EQ(column.verticalScrollBar()->maximum(), 0);
 }
 
 } // namespace

@@ -1,26 +1,10 @@
-#include "activities/shopping/screen/TextArea.h"
+#include "activities/shopping/screen/ColumnArea.h"
 
 #include <QEvent>
 #include <QTextBlock>
 #include <QTextDocument>
 
 namespace numbrela {
-
-TextArea::TextArea(QWidget* parent)
-    : QTextEdit(parent)
-{
-    setReadOnly(true);
-    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-}
-
-void TextArea::SelectWholeText()
-{
-    QTextCursor cursor(document());
-    cursor.movePosition(QTextCursor::End);
-    cursor.movePosition(QTextCursor::Start, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-}
 
 ColumnArea::ColumnArea(QWidget* parent)
     : TextArea(parent)
