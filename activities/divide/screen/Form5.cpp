@@ -96,6 +96,7 @@ void Form5::buildRest()
 
     Text4 = AddReadOnlyBox(Area(), QStringLiteral("Text4"), QStringLiteral("Enunciado y veredicto"),
         { 3000, 2500, 2000, 495 }, buttonFont);
+    Text4->StayWhole();
     tbResultados = AddReadOnlyBox(
         Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), { 2700, 7500, 2800, 495 }, formFont);
     tbResultados->SetText(exercise_.Score.Line());
