@@ -150,7 +150,7 @@ private:
         painter.save();
         painter.setPen(line.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(line.rect.adjusted(0, 0, -1, -1));
+        painter.drawRect(line.rect.adjusted(1, 1, -2, -2)); // seen on the bar of a selected line, too
         painter.restore();
     }
 

@@ -214,12 +214,12 @@ TEST_F(DLGProductosTest, FillsNoLineBeforeOneIsSelected)
         const QRect place = form().List1->visualRect(form().List1->model()->index(line, 0));
         const QImage picture = form().List1->viewport()->grab().toImage();
         std::set<QRgb> colours;
-        for (int y = place.top() + 1; y < place.bottom(); ++y) {
-            for (int x = place.right() - 30; x < place.right(); ++x) {
+        for (int y = place.top() + 2; y < place.bottom() - 1; ++y) {
+            for (int x = place.right() - 30; x < place.right() - 1; ++x) {
                 colours.insert(picture.pixel(x, y));
             }
         }
-        return std::pair(picture.pixelColor(place.right() - 1, place.top()).rgb(), colours);
+        return std::pair(picture.pixel(place.right() - 2, place.top() + 1), colours);
     };
     const QPalette palette = form().List1->palette();
     const QRgb paper = palette.color(QPalette::Base).rgb();
