@@ -127,6 +127,8 @@ public:
         if (element == PE_IndicatorArrowRight) { // of a menu that opens another one
             const SharedPalette shared(*option);
             QProxyStyle::drawPrimitive(element, option, painter, widget);
+        } else if (element == PE_FrameFocusRect && option->state.testFlag(State_Item)) { // of a line of a list
+            drawLineFocus(*option, *painter);
         } else {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
         }
@@ -145,6 +147,17 @@ public:
     }
 
 private:
+    // A frame alone: the style's own focus is a bar of a pale colour, as if the line were selected.
+    static void drawLineFocus(const QStyleOption& line, QPainter& painter)
+    {
+        const bool selected = line.state.testFlag(State_Selected);
+        painter.save();
+        painter.setPen(line.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(line.rect.adjusted(1, 1, -2, -2)); // seen on the bar of a selected line, too
+        painter.restore();
+    }
+
     static QIcon moreToTheRight()
     {
         constexpr int size = 16;

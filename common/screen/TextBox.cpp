@@ -1,6 +1,7 @@
 #include "common/screen/TextBox.h"
 
 #include "common/screen/KeyCodes.h"
+#include "common/screen/TwipsLayout.h"
 
 #include <QKeyEvent>
 #include <QStyle>
@@ -11,6 +12,10 @@
 namespace numbrela {
 
 namespace {
+
+// At the design size of a window, 11 pixels and 6.
+constexpr double smallestReadablePoints = 8.25;
+constexpr double smallestWholePoints = 4.5;
 
 // A key held with Ctrl or Alt is a command. Held with both it may write: so the right Alt key of some keyboards
 // reports.
@@ -95,6 +100,12 @@ void TextBox::SetLeastColumns(int digits)
         leastColumns_ = digits;
         fitText();
     }
+}
+
+void TextBox::StayWhole()
+{
+    staysWhole_ = true;
+    fitText();
 }
 
 int TextBox::CaretPosition() const
@@ -219,11 +230,21 @@ bool TextBox::fits(const QFont& font) const
     return width <= widthForText();
 }
 
+// Goes with the scale of the area that the box stands in, as all fonts do. Outside of one, the box writes as it is
+// told.
+int TextBox::smallestPixelSize() const
+{
+    const QWidget* around = parentWidget();
+    const auto* area = around == nullptr ? nullptr : dynamic_cast<const TwipsLayout*>(around->layout());
+    return area == nullptr ? designFont_.pixelSize()
+                           : area->FontPixels(staysWhole_ ? smallestWholePoints : smallestReadablePoints);
+}
+
 void TextBox::fitText()
 {
-    constexpr int smallestPixelSize = 6; // beyond that the box scrolls
+    const int smallest = smallestPixelSize();
     QFont fitted = designFont_;
-    while (fitted.pixelSize() > smallestPixelSize && !fits(fitted)) {
+    while (fitted.pixelSize() > smallest && !fits(fitted)) {
         fitted.setPixelSize(fitted.pixelSize() - 1);
     }
     if (fitted != font()) {

@@ -9,8 +9,8 @@ namespace numbrela {
 // A one-line text box that behaves as a number in a written calculation needs it:
 // - a selection is a highlight and stays, whatever has the focus;
 // - the caret position is the start of the selection;
-// - a text too wide for the box is written smaller, so that it is seen whole; boxes that stand in columns are written
-//   smaller together;
+// - a text too wide for the box is written smaller, so that it is seen whole, but no smaller than it can be read: what
+//   is longer still, scrolls; boxes that stand in columns are written smaller together;
 // - a maximum length limits what is typed, never what the program writes;
 // - its form hears of a key before the box does, and of real releases only, not of those that auto-repeat makes; an
 //   Enter that is held is one Enter.
@@ -31,6 +31,10 @@ public:
     // Writes the text at most as large as so many digits would fit. Boxes of equal width and font that are given the
     // same number keep their digits under each other, however long the text of each is.
     void SetLeastColumns(int digits);
+
+    // From now on writes the text as small as it takes, although it is hard to read: a number that is calculated with
+    // must show all its digits.
+    void StayWhole();
 
     // The caret, in characters before it.
     int CaretPosition() const;
@@ -66,12 +70,14 @@ protected:
 private:
     template <typename Action>
     void keepSelectionDuring(Action action);
+    int smallestPixelSize() const;
     void fitText();
     int widthForText() const;
     bool fits(const QFont& font) const;
 
     int maximumTypedLength_;
     int leastColumns_ = 0;
+    bool staysWhole_ = false;
     QFont designFont_;
     bool fitting_ = false;
 };

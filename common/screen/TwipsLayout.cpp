@@ -21,10 +21,10 @@ int rounded(double pixels)
     return static_cast<int>(std::lround(pixels));
 }
 
-QFont fontInPixels(const FontSpec& spec, double pixelsPerTwip)
+QFont fontInPixels(const FontSpec& spec, int pixels)
 {
     QFont font(QString::fromLatin1(spec.Family));
-    font.setPixelSize(std::max(1, rounded(spec.Points * twipsPerPoint * pixelsPerTwip)));
+    font.setPixelSize(pixels);
     font.setBold(spec.Bold);
     if (font.family().startsWith(QStringLiteral("Courier"))) {
         font.setStyleHint(QFont::Monospace); // columns stay columns even where no such font is installed
@@ -109,6 +109,11 @@ TwipsRect TwipsLayout::Extent() const
 double TwipsLayout::DesignPixelsPerTwip() const
 {
     return parentWidget()->logicalDpiX() / twipsPerInch;
+}
+
+int TwipsLayout::FontPixels(double points) const
+{
+    return std::max(1, rounded(points * twipsPerPoint * pixelsPerTwip_));
 }
 
 QSize TwipsLayout::SizeAt(double pixelsPerTwip) const
@@ -199,7 +204,7 @@ double TwipsLayout::scaleIn(QSize room) const
 // change of font asks for a new layout, and so the two would never come to rest.
 void TwipsLayout::giveFont(Entry& entry) const
 {
-    const QFont font = fontInPixels(entry.Font, pixelsPerTwip_);
+    const QFont font = fontInPixels(entry.Font, FontPixels(entry.Font.Points));
     if (font == entry.GivenFont) {
         return;
     }

@@ -63,6 +63,9 @@ public:
     double PixelsPerTwip() const { return pixelsPerTwip_; }
     double DesignPixelsPerTwip() const;
 
+    // The size in pixels of a font of so many points, at the present scale.
+    int FontPixels(double points) const;
+
     // The size in pixels of what is shown, at a scale.
     QSize SizeAt(double pixelsPerTwip) const;
 

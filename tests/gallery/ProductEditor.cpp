@@ -39,7 +39,7 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, const std::files
     gallery.Draw(form, QStringLiteral("products-selected"));
     gallery.DrawMaximised(form, QStringLiteral("products-maximised"));
 
-    form.TbDatos[1]->SetText("Un nombre que es tan largo que apenas cabe en su caja, y que aun así se lee entero");
+    form.TbDatos[1]->SetText("Un nombre tan largo que se escribe más pequeño");
     form.TbDatos[2]->SetText("gratis");
     ExpectDialog([&](QDialog& box) {
         gallery.Draw(box, QStringLiteral("products-refused-box"));

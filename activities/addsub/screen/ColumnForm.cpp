@@ -114,6 +114,7 @@ void ColumnForm::buildControls()
         const auto i = static_cast<std::size_t>(index);
         Text2[i] = AddReadOnlyBox(Area(), QStringLiteral("Text2(%1)").arg(index), spanish(design_.OperandNames[i]),
             { 1500, 1500 + 500 * index, 2000, 495 }, operandFont, Qt::AlignRight | Qt::AlignVCenter);
+        Text2[i]->StayWhole();
         Text2[i]->setFocusPolicy(Qt::ClickFocus);
         connect(
             Text2[i], &TextBox::KeyPress, this, [this, index](QChar& character) { Text2_KeyPress(index, character); });
@@ -122,6 +123,7 @@ void ColumnForm::buildControls()
 
     Text3 = AddTextBox(
         Area(), QStringLiteral("Text3"), { 1500, 2500, 2000, 495 }, formFont, Qt::AlignRight | Qt::AlignVCenter);
+    Text3->StayWhole();
     Text3->setAccessibleName(spanish(design_.Result));
     connect(Text3, &TextBox::KeyDown, this, &ColumnForm::Text3_KeyDown);
     connect(Text3, &TextBox::KeyUp, this, &ColumnForm::Text3_KeyUp);

@@ -1767,6 +1767,16 @@ TEST_P(ColumnFormTest, SevenDigitsAndSixDecimalsAreSeenWhole)
     EXPECT_EQ(Form().Text2[0]->font(), Form().Text2[1]->font());
 }
 
+TEST_P(ColumnFormTest, TypedOperandsOfManyDigitsAreSeenWholeTooHoweverSmall)
+{
+    EnterOperands("123456789012345678", "1");
+    Click(Form(), QStringLiteral("Command2(2)"));
+    for (const TextBox* box : { Form().Text2[0], Form().Text2[1], Form().Text3 }) {
+        EXPECT_GT(box->text().size(), 20);
+        expectSeenWhole(*box);
+    }
+}
+
 TEST_P(ColumnFormTest, TheFontOfAnOperandComesBackWhenItsTextIsShortAgain)
 {
     const QFont design = Form().Text2[0]->font();

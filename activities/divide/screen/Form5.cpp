@@ -69,11 +69,13 @@ void Form5::buildBracket()
 
     Text2 = AddReadOnlyBox(Area(), QStringLiteral("Text2"), QStringLiteral("Divisor"),
         { bracketLeft, bracketTop, bracketWidth, bracketRow }, digitFont, Qt::AlignLeft | Qt::AlignVCenter);
+    Text2->StayWhole();
     connect(Text2, &TextBox::GotFocus, this, &Form5::Text2_GotFocus);
 
     Text3 = AddTextBox(Area(), QStringLiteral("Text3"),
         { bracketLeft, bracketTop + bracketRow, bracketWidth, bracketRow }, digitFont,
         Qt::AlignLeft | Qt::AlignVCenter);
+    Text3->StayWhole();
     Text3->setAccessibleName(QStringLiteral("Cociente"));
     connect(Text3, &TextBox::GotFocus, this, &Form5::Text3_GotFocus);
 

@@ -630,6 +630,14 @@ TEST_F(Form5Test, TheWindowNeverOutgrowsTheScreen)
     }
 }
 
+TEST_F(Form5Test, ADivisorAndAQuotientOfManyDigitsAreSeenWholeHoweverSmall)
+{
+    for (TextBox* box : { Form.Text2, Form.Text3 }) {
+        box->SetText(std::string(25, '8'));
+        EXPECT_LT(QFontMetrics(box->font()).horizontalAdvance(box->text()), box->width());
+    }
+}
+
 // Counts how often the window is asked to lay itself out.
 class LayoutCounter : public QObject {
 public:

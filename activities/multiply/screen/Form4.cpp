@@ -151,6 +151,7 @@ OptionMenu* Form4::addOptionMenu(
 TextBox* Form4::addColumnBox(const QString& name, const QString& spokenName, TwipsRect place)
 {
     TextBox* box = AddTextBox(Area(), name, place, digitFont, Qt::AlignRight | Qt::AlignVCenter);
+    box->StayWhole();
     box->setAccessibleName(spokenName);
     connect(box, &TextBox::textChanged, this, &Form4::alignColumns);
     return box;

@@ -61,9 +61,9 @@ void ProductEditor::Select(int product, int line)
 
 int ProductEditor::Add(const Product& product)
 {
-    const bool replacesShown = IsEmpty(Table);
+    const bool replaces = IsEmpty(Table);
     const int index = AddProduct(Table, product);
-    Editing = Editing && !replacesShown;
+    Editing = Editing && !(replaces && SelectedProduct == index);
     return index;
 }
 

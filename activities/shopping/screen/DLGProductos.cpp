@@ -36,12 +36,22 @@ DLGProductos::DLGProductos(const Clock& clock)
     refusal_.setSingleShot(true);
     connect(&refusal_, &QTimer::timeout, this, &DLGProductos::refusePrice);
     connect(List1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DLGProductos::List1_Click);
-    connect(CBAdd, &QPushButton::clicked, this, &DLGProductos::CBAdd_Click);
-    connect(CBModif, &QPushButton::clicked, this, &DLGProductos::CBModif_Click);
-    connect(CBElim, &QPushButton::clicked, this, &DLGProductos::CBElim_Click);
-    connect(OKButton, &QPushButton::clicked, this, &DLGProductos::OKButton_Click);
-    connect(CancelButton, &QPushButton::clicked, this, &DLGProductos::CancelButton_Click);
+    connectButton(CBAdd, &DLGProductos::CBAdd_Click);
+    connectButton(CBModif, &DLGProductos::CBModif_Click);
+    connectButton(CBElim, &DLGProductos::CBElim_Click);
+    connectButton(OKButton, &DLGProductos::OKButton_Click);
+    connectButton(CancelButton, &DLGProductos::CancelButton_Click);
     List1->setFocus();
+}
+
+// A button that is pressed before a line has been refused would act on that line.
+void DLGProductos::connectButton(CommandButton* button, void (DLGProductos::*click)())
+{
+    connect(button, &QPushButton::clicked, this, [this, click] {
+        if (!refusal_.isActive()) {
+            (this->*click)();
+        }
+    });
 }
 
 // In the order in which the eye, and so the Tab key, goes through them.
@@ -118,6 +128,9 @@ void DLGProductos::showProduct(int product, int line)
     TbDatos[0]->SetText(texts.Tienda);
     TbDatos[1]->SetText(texts.Nombre);
     TbDatos[2]->SetText(texts.Precio);
+    for (TextBox* box : TbDatos) {
+        box->SetCaretPosition(0); // a text that is too long for the box shows its beginning
+    }
 }
 
 ProductTexts DLGProductos::boxTexts() const

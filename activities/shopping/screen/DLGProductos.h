@@ -52,6 +52,7 @@ protected:
 
 private:
     void buildControls();
+    void connectButton(CommandButton* button, void (DLGProductos::*click)());
     void FillProductList();
     int selectedLine() const;
     void selectLine(int line);

@@ -22,6 +22,8 @@
 #include <QTest>
 
 #include <memory>
+#include <set>
+#include <utility>
 
 namespace numbrela {
 
@@ -206,6 +208,44 @@ TEST_F(DLGProductosTest, ListsAnEmptyCatalogueAsItsOneEmptyEntry)
     EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "0" }));
 }
 
+// The list has the focus on its first line, and must not look as if it were selected.
+TEST_F(DLGProductosTest, FillsNoLineBeforeOneIsSelected)
+{
+    open();
+    const auto coloursBehind = [this](int line) {
+        const QRect place = form().List1->visualRect(form().List1->model()->index(line, 0));
+        const QImage picture = form().List1->viewport()->grab().toImage();
+        std::set<QRgb> colours;
+        for (int y = place.top() + 2; y < place.bottom() - 1; ++y) {
+            for (int x = place.right() - 30; x < place.right() - 1; ++x) {
+                colours.insert(picture.pixel(x, y));
+            }
+        }
+        return std::pair(picture.pixel(place.right() - 2, place.top() + 1), colours);
+    };
+    const QPalette palette = form().List1->palette();
+    const QRgb paper = palette.color(QPalette::Base).rgb();
+    const QRgb highlight = palette.color(QPalette::Highlight).rgb();
+    ASSERT_EQ(form().List1->currentIndex().row(), 0);
+    EXPECT_EQ(coloursBehind(0), std::pair(highlight, std::set { paper }));
+    EXPECT_EQ(coloursBehind(1), std::pair(paper, std::set { paper }));
+
+    clickLine(0);
+    EXPECT_EQ(coloursBehind(0), std::pair(palette.color(QPalette::HighlightedText).rgb(), std::set { highlight }));
+    form().TbDatos[0]->setFocus();
+    EXPECT_EQ(coloursBehind(0), std::pair(highlight, std::set { highlight }));
+}
+
+TEST_F(DLGProductosTest, ShowsTheBeginningOfANameTooLongForItsBoxReadably)
+{
+    open({ ProductOf(std::string(50, 'n') + std::string(50, 'o'), "Kiosko") });
+    clickLine(0);
+    TextBox& box = *form().TbDatos[1];
+    EXPECT_EQ(box.font().pixelSize(), 11);
+    EXPECT_EQ(box.cursorPositionAt(QPoint(1, box.height() / 2)), 0);
+    EXPECT_LT(box.cursorPositionAt(QPoint(box.width() - 1, box.height() / 2)), 100);
+}
+
 TEST_F(DLGProductosTest, ReachesEveryBoxByItsAccessKey)
 {
     open();
@@ -351,6 +391,26 @@ TEST_F(DLGProductosTest, RefusesAPriceOnceHoweverFastTheKeysFollow)
     QCoreApplication::processEvents();
     EXPECT_EQ(selectedLine(), 0);
     EXPECT_EQ(form().List1->currentIndex().row(), 0);
+}
+
+TEST_F(DLGProductosTest, RefusesAPriceBeforeItHeedsTheButtonThatWasPressedMeanwhile)
+{
+    open();
+    clickLine(0);
+    for (const CommandButton* button :
+        { form().CBAdd, form().CBModif, form().CBElim, form().OKButton, form().CancelButton }) {
+        SCOPED_TRACE(button->objectName().toStdString());
+        typeInto(2, QStringLiteral("x"));
+        ExpectMessage(
+            QStringLiteral("Numbrela"), QStringLiteral("«x» no es un precio. Escriba un número, por ejemplo 1,25."));
+        clickLine(2);
+        Click(form(), button->objectName());
+        waitForBoxes();
+        EXPECT_TRUE(form().isVisible());
+        EXPECT_EQ(names(), (std::vector<std::string> { "Un periódico", "Una barra de pan", "Una trucha" }));
+        EXPECT_EQ(selectedLine(), 0);
+        EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "x" }));
+    }
 }
 
 // Adding.

@@ -136,6 +136,19 @@ TEST(Adding, KeepsWhatTheBoxesShowUnlessItWasTheEmptyEntry)
     EXPECT_EQ(editor.SelectedProduct, 0);
 }
 
+// A file may hold a product without a name before others: the first one added takes its place.
+TEST(Adding, KeepsWhatTheBoxesShowBesideAProductWithoutAName)
+{
+    Product nameless;
+    nameless.Precio = 1;
+    ProductEditor editor = editorOf({ nameless, bread });
+    editor.Select(1, 1);
+    EXPECT_EQ(editor.Add(paper), 0);
+    EXPECT_TRUE(editor.Editing);
+    EXPECT_TRUE(editor.WriteBack({ "Panadería", "Un bollo", "1" }));
+    EXPECT_EQ(editor.Table, (ProductTable { paper, ProductOf("Un bollo", "Panadería", 1) }));
+}
+
 TEST(Adding, StopsWhenTheCatalogueIsFull)
 {
     ProductEditor editor = editorOf(ProductTable(MostProducts, bread));

@@ -776,14 +776,14 @@ TEST_F(FittingTest, WritesATextTooWideSmallerAndLargerAgain)
 {
     for (const auto alignment : { Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter }) {
         box_.setAlignment(alignment);
-        box_.SetText("123456789012");
+        box_.SetText("12345678901");
         const int smaller = pixels();
         EXPECT_LT(smaller, designPixels);
         EXPECT_TRUE(showsWholeText());
-        box_.SetText("123456789012345");
+        box_.SetText("1234567890123");
         EXPECT_LT(pixels(), smaller);
         EXPECT_TRUE(showsWholeText());
-        box_.SetText("123456789012");
+        box_.SetText("12345678901");
         EXPECT_EQ(pixels(), smaller);
         box_.SetText("1234567");
         EXPECT_EQ(pixels(), designPixels);
@@ -811,19 +811,38 @@ TEST_F(FittingTest, FitsWhatIsTypedWhileItIsTyped)
     EXPECT_EQ(pixels(), designPixels);
 }
 
-TEST_F(FittingTest, StaysReadableAndScrollsATextTooLongForAnySize)
+TEST_F(FittingTest, StaysReadableAndScrollsALongerText)
 {
+    for (const std::size_t digits : { 16U, 100U }) {
+        box_.SetText(std::string(digits, '8'));
+        EXPECT_EQ(pixels(), 11);
+        EXPECT_EQ(box_.Text().size(), digits);
+        EXPECT_FALSE(showsWholeText());
+    }
+    form_.resize(2 * form_.size());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pixels(), 22);
+}
+
+TEST_F(FittingTest, ScrollsNoDigitOfACalculationAwayThatCanBeMadeOut)
+{
+    box_.SetText(std::string(16, '8'));
+    box_.StayWhole();
+    EXPECT_LT(pixels(), 11);
+    EXPECT_TRUE(showsWholeText());
     box_.SetText(std::string(100, '8'));
     EXPECT_EQ(pixels(), 6);
-    EXPECT_EQ(box_.Text().size(), 100U);
     EXPECT_FALSE(showsWholeText());
+    form_.resize(2 * form_.size());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pixels(), 12);
 }
 
 TEST_F(FittingTest, FitsAgainWhenTheBoxIsResized)
 {
-    box_.SetText("123456789012");
+    box_.SetText("12345678901");
     const int smaller = pixels();
-    form_.Area().Move(&box_, { 300, 300, 1200, 495 });
+    form_.Area().Move(&box_, { 300, 300, 1320, 495 });
     QCoreApplication::processEvents();
     EXPECT_LT(pixels(), smaller);
     EXPECT_TRUE(showsWholeText());
@@ -867,14 +886,14 @@ TEST_F(FittingTest, KeepsItsDesignWhenItIsDressedAgain)
 
 TEST_F(FittingTest, WritesAShortTextAsSmallAsTheColumnsItStandsInAsk)
 {
-    box_.SetText("123456789012");
+    box_.SetText("12345678901");
     const int smaller = pixels();
     box_.SetText("1");
-    box_.SetLeastColumns(12);
+    box_.SetLeastColumns(11);
     EXPECT_EQ(pixels(), smaller);
     box_.SetText("123");
     EXPECT_EQ(pixels(), smaller);
-    box_.SetText("123456789012345");
+    box_.SetText("1234567890123");
     EXPECT_LT(pixels(), smaller) << "a longer text is seen whole all the same";
     EXPECT_TRUE(showsWholeText());
     box_.SetText("");
