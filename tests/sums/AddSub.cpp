@@ -95,7 +95,7 @@ void tallySolution(ColumnExercise& exercise, const PaperExercise& paper, Operati
     const char* cause = misread ? "from seven integer digits on a digit is repeated"
         : finer                 ? "from 524.288 on the tolerance is finer than doubles are"
                                 : nullptr;
-    tally.CountVerdict("solution", exercise.Check(shown).Right, !finer, cause, describe);
+    tally.CountVerdict("solution", exercise.Judge(shown).Right, !finer, cause, describe);
 }
 
 void tallyPaperAnswers(ColumnExercise& exercise, const PaperExercise& paper, Tally& tally)
@@ -103,10 +103,10 @@ void tallyPaperAnswers(ColumnExercise& exercise, const PaperExercise& paper, Tal
     const auto describe = [&] { return paper.Description(); };
     const bool finer = std::fabs(paper.ValueOf(paper.Result) - paper.Computed) >= tolerance;
     tally.Require(!finer || exercise.Operand1 >= coarse || paper.Computed >= coarse, "doubles are fine", describe);
-    tally.CountVerdict("answer on paper", exercise.Check(paper.TextOf(paper.Result)).Right, !finer,
+    tally.CountVerdict("answer on paper", exercise.Judge(paper.TextOf(paper.Result)).Right, !finer,
         finer ? "from 524.288 on the tolerance is finer than doubles are" : nullptr, describe);
     tally.CountVerdict(
-        "answer one unit off", exercise.Check(paper.TextOf(paper.Result + 1)).Right, false, nullptr, describe);
+        "answer one unit off", exercise.Judge(paper.TextOf(paper.Result + 1)).Right, false, nullptr, describe);
 }
 
 void tryColumns(Operation operation, RandomSource& random, Tally& tally)

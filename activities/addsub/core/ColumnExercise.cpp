@@ -128,11 +128,10 @@ double ColumnExercise::Solution() const
     return solution;
 }
 
-Verdict ColumnExercise::Check(std::string_view answer)
+Verdict ColumnExercise::Judge(std::string_view answer) const
 {
     constexpr double tolerance = 1e-10;
     const bool right = std::fabs(ParseDisplayNumber(answer) - Solution()) < tolerance;
-    Score.Count(right);
     return { right, right ? "resultado correcto" : "resultado incorrecto" };
 }
 

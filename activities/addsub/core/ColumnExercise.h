@@ -66,9 +66,9 @@ public:
     // The sum or the difference. Throws RunTimeError::Overflow when a double cannot hold it.
     double Solution() const;
 
-    // Judges what stands in the answer box, and counts. Right is what lies closer to the solution than 10^-10.
-    // Throws as Solution() and Score::Count() do, with nothing counted then.
-    Verdict Check(std::string_view answer);
+    // Judges what stands in the answer box. Right is what lies closer to the solution than 10^-10. Throws as Solution()
+    // does.
+    Verdict Judge(std::string_view answer) const;
 
     // The text of the solution. From here on the exercise is not scored. Throws as Solution() does.
     std::string ShowSolution();

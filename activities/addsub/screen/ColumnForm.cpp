@@ -181,7 +181,7 @@ void ColumnForm::showNewExercise(const OperandTexts& texts)
 
 void ColumnForm::Command1_Click()
 {
-    const Verdict verdict = exercise_.Check(Text3->Text());
+    const Verdict verdict = exercise_.Judge(Text3->Text());
     Text4->SetText(verdict.Text);
     Text4->SelectWholeText();
     if (verdict.Right) {
@@ -189,7 +189,7 @@ void ColumnForm::Command1_Click()
     } else {
         Text3->setFocus();
     }
-    tbResultados->SetText(exercise_.Score.Line());
+    tbResultados->SetText(exercise_.Score.Count(verdict.Right));
 }
 
 void ColumnForm::Command2_Click(int index)

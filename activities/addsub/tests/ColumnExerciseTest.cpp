@@ -1,5 +1,6 @@
 #include "activities/addsub/core/ColumnExercise.h"
 
+#include "activities/addsub/tests/Answering.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 #include "tests/support/ScriptedRandom.h"
@@ -538,7 +539,7 @@ TEST(ColumnExercise, TheSolutionIsTheSumOrTheDifference)
 TEST(ColumnExercise, SaysThatAnAnswerIsRight)
 {
     ChosenExercise chosen(Operation::Addition, 482.37, 905.16);
-    const Verdict verdict = chosen.Exercise.Check("1.387,53");
+    const Verdict verdict = Check(chosen.Exercise, "1.387,53");
     EXPECT_TRUE(verdict.Right);
     EXPECT_EQ(verdict.Text, "resultado correcto");
 }
@@ -546,7 +547,7 @@ TEST(ColumnExercise, SaysThatAnAnswerIsRight)
 TEST(ColumnExercise, SaysThatAnAnswerIsWrong)
 {
     ChosenExercise chosen(Operation::Addition, 482.37, 905.16);
-    const Verdict verdict = chosen.Exercise.Check("1.387,54");
+    const Verdict verdict = Check(chosen.Exercise, "1.387,54");
     EXPECT_FALSE(verdict.Right);
     EXPECT_EQ(verdict.Text, "resultado incorrecto");
 }
@@ -562,7 +563,7 @@ void expectVerdicts(Operation operation, const std::vector<AnswerCase>& cases)
 {
     for (const auto& [operand1, operand2, answer, right] : cases) {
         ChosenExercise chosen(operation, operand1, operand2);
-        EXPECT_EQ(chosen.Exercise.Check(answer).Right, right) << operand1 << ", " << operand2 << ": " << answer;
+        EXPECT_EQ(Check(chosen.Exercise, answer).Right, right) << operand1 << ", " << operand2 << ": " << answer;
     }
 }
 
@@ -603,10 +604,10 @@ TEST(ColumnExercise, ADifferenceOfZeroIsShownAsZeroAndAnEmptyAnswerIsRight)
     ScriptedRandom random { DrawOfDigits(48237, 5), DrawOfDigits(48237, 5) };
     ColumnExercise exercise(Operation::Subtraction, random);
     exercise.Generate();
-    EXPECT_TRUE(exercise.Check("").Right);
+    EXPECT_TRUE(Check(exercise, "").Right);
     EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  1; Errores:  0");
     EXPECT_EQ(exercise.ShowSolution(), "0");
-    EXPECT_TRUE(exercise.Check("0").Right);
+    EXPECT_TRUE(Check(exercise, "0").Right);
 }
 
 TEST(ColumnExercise, RightIsOnlyWhatLiesCloserThanTheTolerance)
@@ -681,10 +682,10 @@ TEST(ColumnExercise, ANegativeSolutionNeedsANegativeAnswer)
 TEST(ColumnExercise, AnAnswerOfMoreThan32767CharactersOverflows)
 {
     ChosenExercise chosen(Operation::Addition, 3, 4);
-    EXPECT_TRUE(chosen.Exercise.Check(std::string(32766, '0') + "7").Right);
+    EXPECT_TRUE(Check(chosen.Exercise, std::string(32766, '0') + "7").Right);
     chosen.Exercise.Score = Score();
     const std::string tooLong = std::string(32767, '0') + "7";
-    EXPECT_EQ(KindThrownBy([&] { chosen.Exercise.Check(tooLong); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { Check(chosen.Exercise, tooLong); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(chosen.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
     EXPECT_TRUE(chosen.Exercise.Score.Scorable);
 }
@@ -707,7 +708,7 @@ TEST(ColumnExercise, TheShownSolutionIsRightUpToSixIntegerDigits)
 {
     forAllOptions(60, [](Operation, ColumnExercise& exercise) {
         if (exercise.Solution() < 1000000 && (exercise.Digits <= 5 || exercise.Decimals == 0)) {
-            ASSERT_TRUE(exercise.Check(exercise.ShowSolution()).Right)
+            ASSERT_TRUE(Check(exercise, exercise.ShowSolution()).Right)
                 << exercise.Operand1 << " and " << exercise.Operand2;
         }
     });
@@ -742,7 +743,7 @@ TEST(ColumnExercise, TheShownSolutionReadsBackAsAnotherNumberFromSevenIntegerDig
         ChosenExercise chosen(operation, operand1, operand2);
         const std::string shown = chosen.Exercise.ShowSolution();
         EXPECT_EQ(shown, solution);
-        EXPECT_EQ(chosen.Exercise.Check(shown).Right, readsBack);
+        EXPECT_EQ(Check(chosen.Exercise, shown).Right, readsBack);
         EXPECT_EQ(chosen.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
     }
 }
@@ -751,9 +752,9 @@ TEST(ColumnExercise, ChecksTheTrueValueAndNotTheTextOfSevenDigitOperands)
 {
     ChosenExercise chosen(Operation::Addition, 1234567, 2000000);
     ASSERT_EQ(chosen.Exercise.DrawnTexts().Upper, "1.123.567");
-    EXPECT_FALSE(chosen.Exercise.Check("3123567").Right);
-    EXPECT_TRUE(chosen.Exercise.Check("3234567").Right);
-    EXPECT_TRUE(chosen.Exercise.Check("3.234.567").Right);
+    EXPECT_FALSE(Check(chosen.Exercise, "3123567").Right);
+    EXPECT_TRUE(Check(chosen.Exercise, "3234567").Right);
+    EXPECT_TRUE(Check(chosen.Exercise, "3.234.567").Right);
 }
 
 // ------------------------------------------------------------------------------------------- arithmetic on paper
@@ -893,10 +894,10 @@ TEST(ColumnExercise, AnswersOnPaperAreRightAndOthersAreWrong)
         const bool alwaysRight = exercise.Digits <= 5 || exercise.Decimals == 0;
         const double solution = operation == Operation::Addition ? exercise.Operand1 + exercise.Operand2
                                                                  : exercise.Operand1 - exercise.Operand2;
-        ASSERT_EQ(exercise.Check(answer).Right, alwaysRight || std::fabs(result.Value() - solution) < 1e-10) << answer;
-        ASSERT_FALSE(exercise.Check(lastDigitChanged(answer)).Right) << answer;
+        ASSERT_EQ(Check(exercise, answer).Right, alwaysRight || std::fabs(result.Value() - solution) < 1e-10) << answer;
+        ASSERT_FALSE(Check(exercise, lastDigitChanged(answer)).Right) << answer;
         const std::string oneMoreDecimal = answer + (result.Fraction.empty() ? ",000001" : "1");
-        ASSERT_FALSE(exercise.Check(oneMoreDecimal).Right) << oneMoreDecimal;
+        ASSERT_FALSE(Check(exercise, oneMoreDecimal).Right) << oneMoreDecimal;
     });
 }
 
@@ -928,7 +929,7 @@ TEST(ColumnExercise, TypedOperandsOfDifferentLengthsAreCalculatedAsOnPaper)
         ASSERT_TRUE(addition.Exercise.EnterOperand1(typed[0]).Accepted);
         ASSERT_TRUE(addition.Exercise.EnterOperand2(typed[1]).Accepted);
         const PaperNumber sum(addedOnPaper(upper, lower), most);
-        ASSERT_TRUE(addition.Exercise.Check(sum.WithSeparator(",")).Right);
+        ASSERT_TRUE(Check(addition.Exercise, sum.WithSeparator(",")).Right);
         ASSERT_EQ(addition.Exercise.ShowSolution(), sum.Display());
 
         // Digits equally long compare as the numbers do.
@@ -938,8 +939,8 @@ TEST(ColumnExercise, TypedOperandsOfDifferentLengthsAreCalculatedAsOnPaper)
         const bool negative = lower > upper;
         const PaperNumber distance(negative ? takenAwayOnPaper(lower, upper) : takenAwayOnPaper(upper, lower), most);
         const std::string answer = distance.WithSeparator(",");
-        ASSERT_EQ(subtraction.Exercise.Check(answer).Right, !negative);
-        ASSERT_EQ(subtraction.Exercise.Check("-" + answer).Right, negative || distance.IsZero());
+        ASSERT_EQ(Check(subtraction.Exercise, answer).Right, !negative);
+        ASSERT_EQ(Check(subtraction.Exercise, "-" + answer).Right, negative || distance.IsZero());
     }
 }
 
@@ -954,10 +955,10 @@ void perform(ColumnExercise& exercise, Act act)
 {
     switch (act) {
     case Act::Right:
-        EXPECT_TRUE(exercise.Check(PlainDecimalText(exercise.Solution())).Right);
+        EXPECT_TRUE(Check(exercise, PlainDecimalText(exercise.Solution())).Right);
         break;
     case Act::Wrong:
-        EXPECT_FALSE(exercise.Check(PlainDecimalText(exercise.Solution() + 1)).Right);
+        EXPECT_FALSE(Check(exercise, PlainDecimalText(exercise.Solution() + 1)).Right);
         break;
     case Act::Continue:
         exercise.Continue();
@@ -1110,10 +1111,10 @@ TEST(ColumnExercise, TheScoreLineEndsAt999)
 {
     ChosenExercise chosen(Operation::Addition, 3, 4);
     for (int i = 0; i < 999; ++i) {
-        chosen.Exercise.Check("8");
+        Check(chosen.Exercise, "8");
     }
     EXPECT_EQ(chosen.Exercise.Score.Line(), "Ejercicios:999; Errores:999");
-    EXPECT_EQ(KindThrownBy([&] { chosen.Exercise.Check("8"); }), RunTimeError::Kind::InvalidArgument);
+    EXPECT_EQ(KindThrownBy([&] { Check(chosen.Exercise, "8"); }), RunTimeError::Kind::InvalidArgument);
     EXPECT_EQ(chosen.Exercise.Score.Line(), "Ejercicios:999; Errores:999");
 }
 
@@ -1137,12 +1138,12 @@ TEST(ColumnExercise, CountersOverflowPast32767)
     for (const char* answer : { "7", "8" }) {
         ChosenExercise chosen(Operation::Addition, 3, 4);
         chosen.Exercise.Score.ExerciseCount = 32767;
-        EXPECT_EQ(KindThrownBy([&] { chosen.Exercise.Check(answer); }), RunTimeError::Kind::Overflow) << answer;
+        EXPECT_EQ(KindThrownBy([&] { Check(chosen.Exercise, answer); }), RunTimeError::Kind::Overflow) << answer;
         EXPECT_EQ(chosen.Exercise.Score.ExerciseCount, 32767);
     }
     ChosenExercise errors(Operation::Addition, 3, 4);
     errors.Exercise.Score.ErrorCount = 32767;
-    EXPECT_EQ(KindThrownBy([&] { errors.Exercise.Check("8"); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { Check(errors.Exercise, "8"); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(errors.Exercise.Score.ErrorCount, 32767);
 }
 
@@ -1158,7 +1159,7 @@ std::string aWholeLesson()
         exercise.Continue();
         const auto [upper, lower] = exercise.DrawnTexts();
         lesson += upper + " - " + lower + " = " + PlainDecimalText(exercise.Solution());
-        lesson += exercise.Check(PlainDecimalText(exercise.Solution())).Text;
+        lesson += Check(exercise, PlainDecimalText(exercise.Solution())).Text;
         lesson += exercise.ShowSolution() + "\n";
     }
     exercise.EnterOperand1("1.234,5");

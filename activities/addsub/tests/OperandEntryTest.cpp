@@ -1,5 +1,6 @@
 #include "activities/addsub/core/ColumnExercise.h"
 
+#include "activities/addsub/tests/Answering.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 #include "tests/support/ScriptedRandom.h"
@@ -232,7 +233,7 @@ TEST(OperandEntry, AResultTooLargeCanBeNeitherCheckedNorShown)
         entered.Exercise.EnterOperand2(second);
         EXPECT_EQ(KindThrownBy([&] { entered.Exercise.Solution(); }), RunTimeError::Kind::Overflow);
         for (const char* answer : { "", "7", "1e308", "1e400", "-1e400" }) {
-            EXPECT_EQ(KindThrownBy([&] { entered.Exercise.Check(answer); }), RunTimeError::Kind::Overflow) << answer;
+            EXPECT_EQ(KindThrownBy([&] { Check(entered.Exercise, answer); }), RunTimeError::Kind::Overflow) << answer;
         }
         EXPECT_EQ(KindThrownBy([&] { entered.Exercise.ShowSolution(); }), RunTimeError::Kind::Overflow);
         EXPECT_TRUE(entered.Exercise.Score.Scorable);
@@ -255,7 +256,7 @@ TEST(OperandEntry, ASmallerOperandMakesTheExerciseGoodAgain)
         EXPECT_TRUE(entry.Accepted);
         expectNothingToSay(entry);
         EXPECT_EQ(entered.Exercise.Solution(), *ParseTypedNumber(first)); // 5 is nothing beside it
-        EXPECT_TRUE(entered.Exercise.Check(first).Right);
+        EXPECT_TRUE(Check(entered.Exercise, first).Right);
     }
 }
 
@@ -268,7 +269,7 @@ TEST(OperandEntry, TheNextDrawnExerciseIsGoodAgainAfterAResultTooLarge)
     exercise.Continue();
     EXPECT_EQ(exercise.Operand1, 482.37);
     EXPECT_EQ(exercise.Operand2, 905.16);
-    EXPECT_TRUE(exercise.Check("1387,53").Right);
+    EXPECT_TRUE(Check(exercise, "1387,53").Right);
 }
 
 TEST(OperandEntry, AcceptsLargeOperandsWhoseResultFits)
@@ -289,18 +290,18 @@ TEST(OperandEntry, ATypedExerciseIsScoredAsTheOneItReplaces)
 {
     EnteredExercise scored(Operation::Addition);
     scored.Exercise.EnterOperand1("1234,5");
-    EXPECT_TRUE(scored.Exercise.Check("2.139,66").Right);
+    EXPECT_TRUE(Check(scored.Exercise, "2.139,66").Right);
     EXPECT_EQ(scored.Exercise.Score.Line(), "Ejercicios:  8; Errores:  3");
 
     EnteredExercise wrong(Operation::Addition);
     wrong.Exercise.EnterOperand1("1234,5");
-    EXPECT_FALSE(wrong.Exercise.Check("1.387,53").Right) << "the sum of the operands before";
+    EXPECT_FALSE(Check(wrong.Exercise, "1.387,53").Right) << "the sum of the operands before";
     EXPECT_EQ(wrong.Exercise.Score.Line(), "Ejercicios:  8; Errores:  4");
 
     EnteredExercise unscored(Operation::Addition);
     unscored.Exercise.ShowSolution();
     unscored.Exercise.EnterOperand1("1234,5");
-    EXPECT_TRUE(unscored.Exercise.Check("2.139,66").Right);
+    EXPECT_TRUE(Check(unscored.Exercise, "2.139,66").Right);
     EXPECT_EQ(unscored.Exercise.Score.Line(), "Ejercicios:  7; Errores:  3");
 }
 
@@ -314,8 +315,8 @@ TEST(OperandEntry, ATypedSubtrahendMayBeTheGreaterOne)
     EXPECT_EQ(entered.Exercise.Operand1, 12) << "typed operands are not exchanged";
     EXPECT_EQ(entered.Exercise.Operand2, 12.5);
     EXPECT_EQ(entered.Exercise.Solution(), -0.5);
-    EXPECT_FALSE(entered.Exercise.Check("0,5").Right);
-    EXPECT_TRUE(entered.Exercise.Check("-0,5").Right);
+    EXPECT_FALSE(Check(entered.Exercise, "0,5").Right);
+    EXPECT_TRUE(Check(entered.Exercise, "-0,5").Right);
     EXPECT_EQ(entered.Exercise.ShowSolution(), "-0,5");
 }
 
@@ -359,7 +360,7 @@ TEST(OperandEntry, AnEmptyAnswerIsRightWhenTheTypedOperandsGiveZero)
     EnteredExercise entered(Operation::Subtraction);
     entered.Exercise.EnterOperand1("7,25");
     entered.Exercise.EnterOperand2("7,25");
-    EXPECT_TRUE(entered.Exercise.Check("").Right);
+    EXPECT_TRUE(Check(entered.Exercise, "").Right);
 }
 
 // ------------------------------------------------------------------------------------------------- commas in columns

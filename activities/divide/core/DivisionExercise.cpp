@@ -42,10 +42,11 @@ int lengthInCharacters(std::string_view utf8)
 
 std::optional<TypedNumber> readTyped(std::string_view typed)
 {
-    const double wholePart = std::trunc(LeadingNumber(typed));
-    if (wholePart == 0) {
+    const double value = LeadingNumber(typed);
+    if (value == 0) {
         return std::nullopt;
     }
+    const double wholePart = std::trunc(value) + 0.0; // of -0.9 it is 0, not -0
     if (std::isinf(wholePart)) {
         throw RunTimeError(RunTimeError::Kind::Overflow, "El número escrito es demasiado grande.");
     }
@@ -191,7 +192,7 @@ bool DivisionExercise::EnterDividend(std::string_view typed)
 bool DivisionExercise::EnterDivisor(std::string_view typed)
 {
     const auto number = readTyped(typed);
-    if (!number) {
+    if (!number || number->WholePart == 0) { // by which nothing can be divided
         return false;
     }
     DivisorDigits = number->Length;

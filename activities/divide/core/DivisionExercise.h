@@ -67,10 +67,10 @@ public:
     // RunTimeError::Overflow, and changes nothing, when a running remainder or the divisor does not fit 32 bits.
     std::string ShowDivisionSolution();
 
-    // Take a number that the pupil typed; its whole part counts. False when there is no number other than 0, and
-    // nothing changes. Throw RunTimeError::Overflow, and change nothing, when a grid or a double cannot hold it. A
-    // dividend begins a clean grid without room for decimals; the comma's column, and what the options say of decimals,
-    // stay as they were.
+    // Take a number that the pupil typed; its whole part counts. False when there is no number other than 0, or a
+    // divisor has no whole part to divide by, and nothing changes. Throw RunTimeError::Overflow, and change nothing,
+    // when a grid or a double cannot hold it. A dividend begins a clean grid without room for decimals; the comma's
+    // column, and what the options say of decimals, stay as they were.
     bool EnterDividend(std::string_view typed);
     bool EnterDivisor(std::string_view typed);
 

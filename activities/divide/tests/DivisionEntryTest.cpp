@@ -65,11 +65,11 @@ TEST(DivisionEntry, ADivisorIsTheWholePartOfWhatWasTyped)
     }
 }
 
-// 0,9 is 0 as far as it is read, and 0.9 has no whole part to divide by.
+// 0,9 is 0 as far as it is read.
 TEST(DivisionEntry, NothingHappensWithoutANumberOtherThanZero)
 {
-    for (const char* typed : { "", " ", "    ", "0", "-0", "00", "0,9", "0.9", "-0.9", ",5", "abc", "a12", "-", "+",
-             "--5", "1e-400", "0e9" }) {
+    for (const char* typed :
+        { "", " ", "    ", "0", "-0", "00", "0,9", ",5", "abc", "a12", "-", "+", "--5", "1e-400", "0e9" }) {
         SCOPED_TRACE(typed);
         DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
         typeRow(drawn.Exercise.Grid, 1, " 17");
@@ -79,6 +79,21 @@ TEST(DivisionEntry, NothingHappensWithoutANumberOtherThanZero)
         EXPECT_EQ(drawn.Exercise.DividendDigits, 2);
         EXPECT_EQ(drawn.Exercise.DivisorDigits, 1);
         EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
+    }
+}
+
+TEST(DivisionEntry, ANumberBelowOneIsADividendOfZeroAndNoDivisor)
+{
+    for (const char* typed : { "0.9", "-0.9", "1e-3" }) {
+        SCOPED_TRACE(typed);
+        DrawnDivision drawn({ 2, 0, 1, 0 }, 84, 4);
+        EXPECT_FALSE(drawn.Exercise.EnterDivisor(typed));
+        EXPECT_EQ(drawn.Exercise.Statement(), "84 ÷ 4");
+        EXPECT_TRUE(drawn.Exercise.EnterDividend(typed));
+        EXPECT_EQ(drawn.Exercise.Statement(), "0 ÷ 4");
+        EXPECT_EQ(drawn.Exercise.DividendDigits, static_cast<int>(std::string_view(typed).size()));
+        EXPECT_TRUE(drawn.Exercise.Judge("0").Right);
+        EXPECT_TRUE(drawn.Exercise.Judge(drawn.Exercise.ShowDivisionSolution()).Right);
     }
 }
 
