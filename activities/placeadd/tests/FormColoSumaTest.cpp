@@ -435,11 +435,14 @@ TEST_P(FormColoSumaBoxTest, OtherKeysAreInsertedIntoAShortText)
 
 TEST_P(FormColoSumaBoxTest, OtherKeysTakeThePlaceOfTheHighlightOfAShortText)
 {
-    for (const char* character : { "a", "." }) {
-        box().SetText("   7");
-        box().SelectWholeText();
-        Type(QString::fromLatin1(character));
-        EXPECT_EQ(box().Text(), character);
+    const std::string oneShortOfFull(static_cast<std::size_t>(GetParam().Length) - 1, '7');
+    for (const std::string& shortText : { std::string("   7"), oneShortOfFull }) {
+        for (const char* character : { "a", "." }) {
+            box().SetText(shortText);
+            box().SelectWholeText();
+            Type(QString::fromLatin1(character));
+            EXPECT_EQ(box().Text(), character) << shortText;
+        }
     }
     box().SetText("   7");
     box().SelectWholeText();

@@ -420,16 +420,20 @@ TEST(PlaceAndAdd, ASumOfFiveIntegerDigitsHasNoColumns)
 {
     ScriptedRandom random {};
     EXPECT_EQ(exerciseOf(random, { 9999, 0.5F }).Solution().Sum, "9999,5");
-    const std::vector<float> tooLong[] = { { 9999, 1 }, { 12345, 0.5F }, { 5000, 5000, 1 } };
-    for (const auto& addends : tooLong) {
-        EXPECT_EQ(KindThrownBy([&] { exerciseOf(random, addends).Solution(); }), RunTimeError::Kind::InvalidArgument);
-    }
-    try {
-        exerciseOf(random, { 12345, 0.5F }).Solution();
-        ADD_FAILURE();
-    } catch (const RunTimeError& error) {
-        EXPECT_STREQ(error.what(),
-            "La suma es 12345,5.\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.");
+    const struct {
+        std::vector<float> Addends;
+        const char* Sum;
+    } tooLong[] = { { { 9999, 1 }, "10000" }, { { 12345, 0.5F }, "12345,5" }, { { 5000, 5000, 1 }, "10001" } };
+    for (const auto& [addends, sum] : tooLong) {
+        try {
+            exerciseOf(random, addends).Solution();
+            ADD_FAILURE() << sum;
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::InvalidArgument);
+            EXPECT_EQ(error.what(),
+                "La suma es " + std::string(sum)
+                    + ".\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.");
+        }
     }
 }
 

@@ -376,6 +376,27 @@ TEST_F(FrmUnidadTest, TypedFactorsDoNotShowButCount)
     }
 }
 
+TEST_F(FrmUnidadTest, ATypedFactorMovesNeitherFocusNorHighlight)
+{
+    Type(QStringLiteral("5"));
+    Press(Qt::Key_Return);
+    for (const auto enterFactor : { &FrmUnidadTest::enterFactor1, &FrmUnidadTest::enterFactor2 }) {
+        enterFactor("4");
+        ShowAndActivate(form_);
+        for (const TextBox* box : form_.TBDatos) {
+            EXPECT_TRUE(IsWhollySelected(*box)) << box->Text();
+        }
+        EXPECT_TRUE(IsWhollySelected(*form_.TBResultado));
+        EXPECT_EQ(FocusName(), "TBRespuesta");
+        EXPECT_EQ(form_.TBRespuesta->CaretPosition(), 1);
+    }
+    PressAccessKey(form_, Qt::Key_V, QStringLiteral("Command2(2)"));
+    enterFactor1("4");
+    ShowAndActivate(form_);
+    EXPECT_TRUE(IsWhollySelected(*form_.TBRespuesta));
+    EXPECT_EQ(FocusName(), "Command2(0)");
+}
+
 TEST_F(FrmUnidadTest, TheMenuAsksForTheFactorsToo)
 {
     for (const auto& [sign, solution] : { std::pair { " × ", "128" }, { " ÷ ", "0,5" } }) {
