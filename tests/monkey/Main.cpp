@@ -2,6 +2,7 @@
 #include "tests/monkey/Keeper.h"
 #include "tests/monkey/Monkey.h"
 #include "tests/program/Installation.h"
+#include "tests/support/Arguments.h"
 #include "tests/support/Harness.h"
 #include "tests/support/Warnings.h"
 
@@ -52,20 +53,15 @@ int run(int argc, char** argv)
     std::string window;
     for (int i = 1; i < argc; ++i) {
         const std::string option = argv[i];
-        const bool hasValue = i + 1 < argc;
         if (option == "--log") {
             order.Log = true;
-        } else if (option == "--seed" && hasValue) {
-            order.Seed = std::strtoull(argv[++i], nullptr, 10);
-        } else if (option == "--events" && hasValue) {
-            order.Events = std::strtoll(argv[++i], nullptr, 10);
-        } else if (option == "--window" && hasValue) {
+        } else if (option == "--window" && i + 1 < argc) {
             window = argv[++i];
-        } else {
+        } else if (!TakeNumber(argc, argv, i, { { "--seed", order.Seed }, { "--events", order.Events } })) {
             return usage();
         }
     }
-    std::printf("seed %llu\n", static_cast<unsigned long long>(order.Seed));
+    std::printf("seed %lld\n", static_cast<long long>(order.Seed));
     int played = 0;
     bool good = true;
     for (const Route& route : routes) {
