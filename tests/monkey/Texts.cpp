@@ -163,6 +163,19 @@ QString SensibleNumber(Chance& chance)
     return number;
 }
 
+QString SensibleAnswer(const QString& prompt, Chance& chance)
+{
+    static const QStringList shops { QStringLiteral("Panadería"), QStringLiteral("Frutería"),
+        QStringLiteral("Kiosko") };
+    static const QStringList products { QStringLiteral("Pan integral"), QStringLiteral("Manzanas"),
+        QStringLiteral("Una caja de lápices de veinticuatro colores") };
+    if (prompt.contains(QStringLiteral("tienda"), Qt::CaseInsensitive)) {
+        return chance.OneOf(shops);
+    }
+    return prompt.contains(QStringLiteral("nombre"), Qt::CaseInsensitive) ? chance.OneOf(products)
+                                                                          : SensibleNumber(chance);
+}
+
 QString WildText(Chance& chance)
 {
     return chance.Percent(10) ? longText(chance) : chance.OneOf(wildTexts);
