@@ -1,6 +1,7 @@
 # add_activity(<name> CORE <sources>... SCREEN <sources>... [CORE_TESTS <sources>...] [SCREEN_TESTS <sources>...])
 #
 # Makes numbrela_<name>_core (standard library alone: it sees no Qt header), numbrela_<name>_screen, and their tests.
+# Their names are added to the global properties ACTIVITY_CORES and ACTIVITY_SCREENS, for programs of the whole.
 function(add_activity name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "CORE;SCREEN;CORE_TESTS;SCREEN_TESTS")
 
@@ -9,6 +10,9 @@ function(add_activity name)
 
   add_library(numbrela_${name}_screen STATIC ${arg_SCREEN})
   target_link_libraries(numbrela_${name}_screen PUBLIC numbrela_${name}_core numbrela_screen)
+
+  set_property(GLOBAL APPEND PROPERTY ACTIVITY_CORES numbrela_${name}_core)
+  set_property(GLOBAL APPEND PROPERTY ACTIVITY_SCREENS numbrela_${name}_screen)
 
   if(NUMBRELA_TESTS)
     if(arg_CORE_TESTS)

@@ -218,11 +218,9 @@ private:
         double before, bool hasToFitTheGrid)
     {
         const double value = std::trunc(NumberAtTheStart(typed));
-        const std::string_view shown = Trimmed(typed);
-        const auto characters
-            = std::count_if(shown.begin(), shown.end(), [](char byte) { return (byte & 0xC0) != 0x80; });
-        const bool tooLarge
-            = value != 0 && (std::isinf(value) || characters > (hasToFitTheGrid ? mostDigits : INT16_MAX));
+        const std::size_t characters = CharactersIn(Trimmed(typed));
+        const bool tooLarge = value != 0
+            && (std::isinf(value) || characters > static_cast<std::size_t>(hasToFitTheGrid ? mostDigits : INT16_MAX));
         EXPECT_EQ(kind, tooLarge ? std::optional(RunTimeError::Kind::Overflow) : std::nullopt);
         EXPECT_EQ(taken, value != 0 && !tooLarge);
         EXPECT_EQ(number, taken ? value : before);

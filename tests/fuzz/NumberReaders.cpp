@@ -4,6 +4,7 @@
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 
+#include "tests/fuzz/TypedNumber.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
 
@@ -22,78 +23,6 @@ namespace numbrela::testing {
 namespace {
 
 constexpr std::size_t mostCharacters = 32767;
-
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
-
-std::size_t charactersIn(std::string_view utf8)
-{
-    return static_cast<std::size_t>(
-        std::count_if(utf8.begin(), utf8.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
-}
-
-// Whether a whole text is a number as people type it, told by a table of states, one character after the other.
-class TypedNumberAutomaton {
-public:
-    bool Accepts(std::string_view text)
-    {
-        for (const char character : text) {
-            state_ = next(character);
-        }
-        return state_ == Whole || state_ == Separator || state_ == Comma || state_ == Decimals || state_ == Exponent;
-    }
-
-private:
-    enum State {
-        Start,
-        Signed,
-        Whole,
-        Separator,
-        BareComma,
-        Comma,
-        Decimals,
-        ExponentMark,
-        ExponentSign,
-        Exponent,
-        Bad
-    };
-
-    State next(char character) const
-    {
-        const bool sign = character == '+' || character == '-';
-        const bool mark = character == 'e' || character == 'E';
-        switch (state_) {
-        case Start:
-        case Signed:
-            return isDigit(character) ? Whole
-                                      : (character == ',' ? BareComma : (sign && state_ == Start ? Signed : Bad));
-        case Whole:
-        case Separator:
-            return isDigit(character)                 ? Whole
-                : character == ','                    ? Comma
-                : mark                                ? ExponentMark
-                : character == '.' && state_ == Whole ? Separator
-                                                      : Bad;
-        case BareComma:
-            return isDigit(character) ? Decimals : Bad;
-        case Comma:
-        case Decimals:
-            return isDigit(character) ? Decimals : (mark ? ExponentMark : Bad);
-        case ExponentMark:
-            return isDigit(character) ? Exponent : (sign ? ExponentSign : Bad);
-        case ExponentSign:
-        case Exponent:
-            return isDigit(character) ? Exponent : Bad;
-        case Bad:
-            break;
-        }
-        return Bad;
-    }
-
-    State state_ = Start;
-};
 
 void checkTrimmed(const std::string& text)
 {
@@ -130,7 +59,7 @@ void checkPadLeft(const std::string& text)
 
 void checkAnswerBoxReader(const std::string& text)
 {
-    if (charactersIn(text) > mostCharacters) {
+    if (CharactersIn(text) > mostCharacters) {
         EXPECT_EQ(KindThrownBy([&] { ParseDisplayNumber(text); }), RunTimeError::Kind::Overflow);
     } else {
         EXPECT_EQ(ParseDisplayNumber(text), NumberAtTheStart(Replaced(Without(text, "."), ',', '.')));
@@ -139,21 +68,16 @@ void checkAnswerBoxReader(const std::string& text)
 
 void checkTypedNumber(const std::string& text)
 {
-    const std::string_view trimmed = Trimmed(text);
-    const bool isNumber = TypedNumberAutomaton().Accepts(trimmed);
-    const double value = NumberAtTheStart(Replaced(Without(std::string(trimmed), "."), ',', '.'));
+    const std::optional<double> number = TypedNumberOnPaper(text);
     std::optional<double> read;
     const auto kind = KindThrownBy([&] { read = ParseTypedNumber(text); });
-    if (isNumber && std::isinf(value)) {
+    if (number && std::isinf(*number)) {
         EXPECT_EQ(kind, RunTimeError::Kind::Overflow);
     } else {
         EXPECT_EQ(kind, std::nullopt);
-        EXPECT_EQ(read, isNumber ? std::optional(value) : std::nullopt);
+        EXPECT_EQ(read, number);
     }
-
-    const std::optional<float> price = ParsePrice(text);
-    const auto single = static_cast<float>(value);
-    EXPECT_EQ(price, isNumber && std::isfinite(single) ? std::optional(single) : std::nullopt);
+    EXPECT_EQ(ParsePrice(text), TypedPriceOnPaper(text));
 }
 
 void checkCommaNumbers(const std::string& text)

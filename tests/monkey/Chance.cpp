@@ -24,8 +24,9 @@ std::uint64_t numberOf(std::string_view name)
 
 } // namespace
 
-Chance::Chance(std::uint64_t seed, std::string_view window, std::int64_t event)
-    : engine_(mixed(mixed(mixed(seed) + numberOf(window)) + static_cast<std::uint64_t>(event)))
+Chance::Chance(std::int64_t seed, std::string_view window, std::int64_t event)
+    : engine_(
+        mixed(mixed(mixed(static_cast<std::uint64_t>(seed)) + numberOf(window)) + static_cast<std::uint64_t>(event)))
 {
 }
 

@@ -11,7 +11,7 @@ namespace numbrela::testing {
 // of the event, so that an event draws the same whatever the events before it drew.
 class Chance {
 public:
-    Chance(std::uint64_t seed, std::string_view window, std::int64_t event);
+    Chance(std::int64_t seed, std::string_view window, std::int64_t event);
 
     // A whole number from 0 on, below `end`.
     int Below(int end);

@@ -138,8 +138,8 @@ bool Keeper::countEnd()
 void Keeper::printHowToRepeat() const
 {
     std::fprintf(stderr,
-        "FAILED in event %lld. To repeat it: numbrela_monkey --seed %llu --events %lld --window %s --log\n",
-        static_cast<long long>(progress_->Event.load()), static_cast<unsigned long long>(order_.Seed),
+        "FAILED in event %lld. To repeat it: tools/monkey --seed %lld --events %lld --window %s --log\n",
+        static_cast<long long>(progress_->Event.load()), static_cast<long long>(order_.Seed),
         static_cast<long long>(order_.Events), order_.Window.Window);
 }
 

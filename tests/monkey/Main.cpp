@@ -2,9 +2,11 @@
 #include "tests/monkey/Keeper.h"
 #include "tests/monkey/Monkey.h"
 #include "tests/program/Installation.h"
+#include "tests/support/Arguments.h"
 #include "tests/support/Harness.h"
 #include "tests/support/Warnings.h"
 
+#include <QAccessible>
 #include <QHashSeed>
 #include <QStyleHints>
 
@@ -16,10 +18,12 @@ using namespace numbrela::testing;
 
 namespace {
 
-// What the toolkit would otherwise make different from run to run.
+// What the toolkit would otherwise make different from run to run. A screen reader is there in every one, so that what
+// is told to it is played with too.
 void leaveNothingToChance()
 {
     QHashSeed::setDeterministicGlobalSeed();
+    QAccessible::setActive(true);
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_General, false);
     QGuiApplication::styleHints()->setKeyboardInputInterval(-1); // each letter begins the search in a list again
@@ -52,20 +56,15 @@ int run(int argc, char** argv)
     std::string window;
     for (int i = 1; i < argc; ++i) {
         const std::string option = argv[i];
-        const bool hasValue = i + 1 < argc;
         if (option == "--log") {
             order.Log = true;
-        } else if (option == "--seed" && hasValue) {
-            order.Seed = std::strtoull(argv[++i], nullptr, 10);
-        } else if (option == "--events" && hasValue) {
-            order.Events = std::strtoll(argv[++i], nullptr, 10);
-        } else if (option == "--window" && hasValue) {
+        } else if (option == "--window" && i + 1 < argc) {
             window = argv[++i];
-        } else {
+        } else if (!TakeNumber(argc, argv, i, { { "--seed", order.Seed }, { "--events", order.Events } })) {
             return usage();
         }
     }
-    std::printf("seed %llu\n", static_cast<unsigned long long>(order.Seed));
+    std::printf("seed %lld\n", static_cast<long long>(order.Seed));
     int played = 0;
     bool good = true;
     for (const Route& route : routes) {

@@ -582,12 +582,8 @@ void Monkey::listen()
 
 void Monkey::answerSensibly()
 {
-    constexpr int products = 4;
-    const std::array<QString, products> shops { QStringLiteral("Panadería"), QStringLiteral("Frutería"),
-        QStringLiteral("Kiosko"), QStringLiteral("Pan integral") };
     if (auto* box = frontBox<QInputDialog>()) {
-        const bool name = box->labelText().contains(u'o') && chance_.Percent(40);
-        const QString answer = name ? chance_.OneOf(shops) : SensibleNumber(chance_);
+        const QString answer = SensibleAnswer(box->labelText(), chance_);
         say(shown(answer));
         box->setTextValue(answer);
         hands_.Press({ Qt::Key_Return, QStringLiteral("\r") });

@@ -10,7 +10,7 @@ namespace numbrela::testing {
 
 // What the monkey is to do: so many events, all drawn from one seed, with one window.
 struct Order {
-    std::uint64_t Seed = 1;
+    std::int64_t Seed = 1;
     std::int64_t Events = 2000;
     Route Window;
     bool Log = false;

@@ -26,9 +26,12 @@ const std::vector<Key> navigationKeys {
     { Qt::Key_PageDown },
 };
 
-const std::vector<Key> commandKeys {
+const std::vector<Key> correctingKeys {
     { Qt::Key_Backspace, QStringLiteral("\b") },
     { Qt::Key_Delete, QStringLiteral("\x7f") },
+};
+
+const std::vector<Key> commandKeys {
     { Qt::Key_Insert },
     { Qt::Key_Shift },
     { Qt::Key_Control },
@@ -132,8 +135,11 @@ Key NavigationKey(Chance& chance)
 Key AnyKey(Chance& chance)
 {
     const int kind = chance.Below(100);
-    if (kind < 55) {
+    if (kind < 51) {
         return KeyFor(chance.OneOf(QStringView(writtenCharacters)));
+    }
+    if (kind < 55) {
+        return chance.OneOf(correctingKeys);
     }
     if (kind < 65) {
         return { Qt::Key_0 + chance.Below(10), QString(QLatin1Char(static_cast<char>('0' + chance.Below(10)))), true };
@@ -161,6 +167,19 @@ QString SensibleNumber(Chance& chance)
         number += QStringLiteral(",%1").arg(chance.Below(100));
     }
     return number;
+}
+
+QString SensibleAnswer(const QString& prompt, Chance& chance)
+{
+    static const QStringList shops { QStringLiteral("Panadería"), QStringLiteral("Frutería"),
+        QStringLiteral("Kiosko") };
+    static const QStringList products { QStringLiteral("Pan integral"), QStringLiteral("Manzanas"),
+        QStringLiteral("Una caja de lápices de veinticuatro colores") };
+    if (prompt.contains(QStringLiteral("tienda"), Qt::CaseInsensitive)) {
+        return chance.OneOf(shops);
+    }
+    return prompt.contains(QStringLiteral("nombre"), Qt::CaseInsensitive) ? chance.OneOf(products)
+                                                                          : SensibleNumber(chance);
 }
 
 QString WildText(Chance& chance)

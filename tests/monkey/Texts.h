@@ -23,6 +23,9 @@ Key KeyFor(QChar character);
 // What a pupil may write for a number: "7", "12,5", "0,25".
 QString SensibleNumber(Chance& chance);
 
+// What is asked for in a box with this prompt: a shop, a product, or else a number.
+QString SensibleAnswer(const QString& prompt, Chance& chance);
+
 // What nobody should write, and somebody will: nothing, letters, huge numbers, exponents, signs, a text that never
 // ends.
 QString WildText(Chance& chance);

@@ -4,14 +4,17 @@
 #include "activities/shopping/tests/ShopWalk.h"
 #include "common/screen/TextBox.h"
 
+#include <gtest/gtest.h>
+
 namespace numbrela::testing {
 
 namespace {
 
 // Lets the next exercise be drawn. Of two, one is solved by the window and then checked, the other one is answered with
-// a single digit and checked.
-void withButtonRow(QWidget& window, int number, const char* answerBox)
+// a single digit and checked. The verdict differs from what stood in its box before.
+void withButtonRow(QWidget& window, int number, const char* answerBox, const char* verdictBox)
 {
+    const auto& verdict = Find<TextBox>(window, QString::fromLatin1(verdictBox));
     Click(window, QStringLiteral("Command2(0)"));
     if (number % 2 == 0) {
         Click(window, QStringLiteral("Command2(2)"));
@@ -19,7 +22,9 @@ void withButtonRow(QWidget& window, int number, const char* answerBox)
         Click(window, QString::fromLatin1(answerBox));
         Press(Qt::Key_0 + number % 10);
     }
+    const std::string before = verdict.Text();
     Click(window, QStringLiteral("Command1"));
+    EXPECT_NE(verdict.Text(), before) << "nothing was judged";
 }
 
 // Presses the buttons one after the other until the right one has brought the next question: after it all six are
@@ -33,6 +38,7 @@ void compare(QWidget& window, int /*number*/)
             return;
         }
     }
+    ADD_FAILURE() << "no number is the right one";
 }
 
 // A new list, of which one product is bought.
@@ -54,18 +60,19 @@ void goShopping(QWidget& window, int number)
     TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
     PressContinue(form);
     PressContinue(form);
+    EXPECT_LT(form.Task().MoneyLeft, form.Task().MoneyGiven) << "nothing was bought";
 }
 
 } // namespace
 
 const std::array<Practice, 8> practices { {
-    { "Form2", [](QWidget& window, int number) { withButtonRow(window, number, "Text3"); } },
-    { "Form3", [](QWidget& window, int number) { withButtonRow(window, number, "Text3"); } },
-    { "Form4", [](QWidget& window, int number) { withButtonRow(window, number, "TbResultado"); } },
-    { "Form5", [](QWidget& window, int number) { withButtonRow(window, number, "Text3"); } },
+    { "Form2", [](QWidget& window, int number) { withButtonRow(window, number, "Text3", "Text4"); } },
+    { "Form3", [](QWidget& window, int number) { withButtonRow(window, number, "Text3", "Text4"); } },
+    { "Form4", [](QWidget& window, int number) { withButtonRow(window, number, "TbResultado", "Text1"); } },
+    { "Form5", [](QWidget& window, int number) { withButtonRow(window, number, "Text3", "Text4"); } },
     { "Form6", &compare },
-    { "FrmUnidad", [](QWidget& window, int number) { withButtonRow(window, number, "TBRespuesta"); } },
-    { "FormColoSuma", [](QWidget& window, int number) { withButtonRow(window, number, "TbResultado"); } },
+    { "FrmUnidad", [](QWidget& window, int number) { withButtonRow(window, number, "TBRespuesta", "TBResultado"); } },
+    { "FormColoSuma", [](QWidget& window, int number) { withButtonRow(window, number, "TbResultado", "Text1"); } },
     { "Form7", &goShopping },
 } };
 

@@ -5,6 +5,7 @@
 #include "tests/program/Program.h"
 #include "tests/soak/Exercises.h"
 #include "tests/soak/Memory.h"
+#include "tests/support/Arguments.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Harness.h"
 #include "tests/support/Warnings.h"
@@ -12,10 +13,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <string_view>
 
 // Opens and closes each window, and does exercises in it, many times over: nothing may be left behind, and memory must
 // not grow.
@@ -25,17 +28,17 @@ using namespace numbrela::testing;
 namespace {
 
 struct Order {
-    int Openings = 1000; // of each window
-    int Exercises = 100000; // in all windows together
+    std::int64_t Openings = 1000; // of each window
+    std::int64_t Exercises = 100000; // in all windows together
     bool Memory = false; // whether the memory is measured, which makes sense without sanitizers alone
 };
 
 // Does the same thing many times, after some times that make everything that the toolkit makes once and keeps, and says
 // what has grown. Whether nothing has.
-bool isSteady(const std::string& what, int times, const Order& order, const std::function<void(int)>& doOnce)
+bool isSteady(const std::string& what, std::int64_t times, const Order& order, const std::function<void(int)>& doOnce)
 {
     constexpr long mostDrift = 1024; // KiB
-    const int warmUp = std::max(times / 10, 10);
+    const std::int64_t warmUp = std::max<std::int64_t>(times / 10, 10);
     int number = 0;
     while (number < warmUp) {
         doOnce(number++);
@@ -48,7 +51,7 @@ bool isSteady(const std::string& what, int times, const Order& order, const std:
     const long drift = order.Memory ? ResidentMemory() - memoryBefore : 0;
     const std::string left = Growth(before, LiveObjects::Everything());
 
-    std::printf("%-24s %6d times", what.c_str(), times);
+    std::printf("%-24s %6lld times", what.c_str(), static_cast<long long>(times));
     if (order.Memory) {
         std::printf(", %+6ld KiB of %ld%s", drift, memoryBefore, drift < mostDrift ? "" : " TOO MUCH");
     }
@@ -106,7 +109,7 @@ bool soak(Program& program, const Order& order)
     }
     for (const Practice& practice : practices) {
         steady &= isSteady("exercise " + std::string(practice.Window),
-            order.Exercises / static_cast<int>(practices.size()), order,
+            order.Exercises / static_cast<std::int64_t>(practices.size()), order,
             [&](int number) { practise(program, practice, number); });
         program.CloseAll();
     }
@@ -123,16 +126,15 @@ int run(int argc, char** argv)
 {
     Order order;
     for (int i = 1; i < argc; ++i) {
-        const std::string option = argv[i];
-        if (option == "--memory") {
+        if (std::string_view(argv[i]) == "--memory") {
             order.Memory = true;
-        } else if (option == "--openings" && i + 1 < argc) {
-            order.Openings = std::atoi(argv[++i]);
-        } else if (option == "--exercises" && i + 1 < argc) {
-            order.Exercises = std::atoi(argv[++i]);
-        } else {
+        } else if (!TakeNumber(
+                       argc, argv, i, { { "--openings", order.Openings }, { "--exercises", order.Exercises } })) {
             return usage();
         }
+    }
+    if (order.Exercises < static_cast<std::int64_t>(practices.size())) {
+        return usage();
     }
     InstallCatalogue();
     const HeadlessEnvironment environment;

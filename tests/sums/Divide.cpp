@@ -10,6 +10,8 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace numbrela::testing {
 
@@ -36,6 +38,7 @@ public:
         }
         Quotient = divided_ / Divisor;
         Remainder = divided_ % Divisor;
+        work(digits, exercise.ShowSubtractions);
     }
 
     // Without a row of working the last row is the dividend's, which is read up to its comma.
@@ -45,6 +48,16 @@ public:
 
     // Whether a quotient and the last row give back the dividend. Both are in units of its last decimal.
     bool GivesBackTheDividend(Whole quotient) const { return quotient * Divisor + LastRow() == Dividend; }
+
+    // The rows below the dividend, one a line, without their blanks.
+    std::string Working() const
+    {
+        std::string lines;
+        for (const std::string& row : rows_) {
+            lines += row + "\n";
+        }
+        return lines;
+    }
 
     std::string Description() const { return CommaText(Dividend, Decimals) + " / " + DigitsOf(Divisor); }
 
@@ -58,8 +71,41 @@ public:
     Whole Remainder = 0;
 
 private:
+    // From left to right: a digit of the quotient takes its product away and leaves a remainder, behind which the next
+    // digit is written. A "0" in the quotient adds no row. The zeros behind the dividend's end are not written.
+    void work(const std::string& digits, bool showSubtractions)
+    {
+        const std::string written = DigitsOf(Dividend);
+        Whole rest = 0;
+        for (std::size_t step = 0; step < digits.size(); ++step) {
+            const Whole broughtDown = rest * 10 + (digits[step] - '0');
+            const Whole product = broughtDown / Divisor * Divisor;
+            const std::string next = step + 1 < written.size() ? written.substr(step + 1, 1) : std::string();
+            rest = broughtDown - product;
+            if (product > 0 && showSubtractions) {
+                rows_.push_back("-" + DigitsOf(product));
+            }
+            if (product > 0) {
+                rows_.push_back(DigitsOf(rest) + next);
+            } else if (!rows_.empty()) {
+                rows_.back() += next;
+            }
+        }
+    }
+
     Whole divided_ = 0;
+    std::vector<std::string> rows_;
 };
+
+std::string workingIn(const WorkingGrid& grid)
+{
+    std::string lines;
+    for (int row = 1; row < grid.WrittenRows(); ++row) {
+        const std::u16string_view cells = grid.Row(row);
+        lines += Without(std::string(cells.begin(), cells.end()), " ") + "\n";
+    }
+    return lines;
+}
 
 void tallyVerdicts(DivisionExercise& exercise, const std::string& quotient, const PaperDivision& paper, Tally& tally)
 {
@@ -90,6 +136,9 @@ void tallySolution(DivisionExercise& exercise, const PaperDivision& paper, Tally
     }
     tally.Require(!kind, "there is no solution", describe);
     tally.Compare("the quotient", quotient, CommaText(paper.Quotient, paper.Scale), describe);
+    if (!paper.IsTooLong) { // what is not divided of such a dividend is in sight all the same
+        tally.Compare("the working", workingIn(exercise.Grid), paper.Working(), describe);
+    }
     if (exercise.QuotientDecimals > 0) {
         tally.Note("solution not judged: the quotient was to have decimals of its own");
         tally.Require(!exercise.Judge(quotient).Refusal.empty(), "it is judged all the same", describe);

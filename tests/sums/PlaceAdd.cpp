@@ -6,6 +6,7 @@
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -45,6 +46,15 @@ struct PaperSum {
     bool IsAccepted(const std::string& text) const
     {
         return static_cast<float>(NumberAtTheStart(text.substr(0, text.find(',')))) == SingleSum;
+    }
+
+    // Whether one of them can have been drawn with a digit less than the longest have, or as the least of those.
+    bool HasShort(int maxDigits) const
+    {
+        return std::any_of(Addends.begin(), Addends.end(), [maxDigits](Whole addend) {
+            const std::string digits = DigitsOf(addend);
+            return static_cast<int>(digits.find_last_not_of('0')) + 1 < maxDigits;
+        });
     }
 
     bool IsWhole() const { return Sum % PowerOfTenOnPaper(mostDecimals) == 0; }
@@ -114,6 +124,7 @@ void TryPlaceAndAdd(RandomSource& random, Tally& tally)
     const auto describe = [&] { return paper.Line(); };
     tally.Require(paper.AreSingles, "an addend is not the single that is written so", describe);
     tally.Require(exercise.AddendSum == paper.SingleSum, "the singles are added up otherwise", describe);
+    tally.Require(paper.HasShort(exercise.MaxDigits), "all addends are equally long", describe);
     tally.Compare("the line", exercise.DataLine(), paper.Line(), describe);
 
     const bool accepted = paper.IsAccepted(PaperSum::TextOf(paper.Sum));

@@ -4,22 +4,16 @@
 #include "common/core/RunTimeError.h"
 
 #include "tests/support/KindThrownBy.h"
+#include "tests/support/MoneyOnPaper.h"
 #include "tests/support/Schoolbook.h"
 
 #include <cmath>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace numbrela::testing {
 
 namespace {
-
-// How singles tell two amounts apart.
-int comparedAsSingles(float a, float b)
-{
-    return std::fabs(a - b) < 0.0001F ? 0 : (a >= b ? 1 : -1);
-}
 
 float singleOf(long cents)
 {
@@ -127,13 +121,8 @@ private:
     // Every price once for each unit, in cents.
     void checkColumn(const std::string& column)
     {
-        std::istringstream rows(Without(column, "+,"));
-        long sum = 0;
-        int count = 0;
-        for (long cents = 0; rows >> cents; ++count) {
-            sum += cents;
-        }
-        tally_.Require(sum == cost_ && count == rows_, "the column adds up to something else",
+        const PricesInColumn prices = AddUpColumn(column);
+        tally_.Require(prices.Cents == cost_ && prices.Count == rows_, "the column adds up to something else",
             [&] { return describe() + "\n" + column; });
         tally_.Require(
             task_.BasketTotal == singleCost_, "the singles are added up otherwise", [&] { return describe(); });
@@ -141,7 +130,7 @@ private:
 
     bool judgeSum(const PayOutcome& outcome)
     {
-        const int comparison = comparedAsSingles(singleOf(cost_), singleCost_);
+        const int comparison = ComparedAsSingles(singleOf(cost_), singleCost_);
         const char* cause = comparison < 0 ? "singles add up to more"
             : comparison > 0               ? "singles add up to less, and the pupil is warned"
                                            : nullptr;
@@ -184,7 +173,7 @@ private:
         const long notes = notesAbove(cost_);
         tally_.Require(task_.NotesGiven == singleOf(notes), "other notes are given", [&] { return describe(); });
         const float due = singleOf(notes) - singleOf(cost_);
-        const int comparison = comparedAsSingles(singleOf(notes - cost_), due);
+        const int comparison = ComparedAsSingles(singleOf(notes - cost_), due);
         const PayOutcome outcome = task_.Continue(CommaText(notes - cost_, 2));
         const bool accepted = outcome.Scene == ShopScene::Receipt;
         tally_.CountVerdict("change on paper", accepted, comparison <= 0,

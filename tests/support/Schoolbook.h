@@ -142,6 +142,13 @@ inline std::string Replaced(std::string text, char old, char replacement)
     return text;
 }
 
+// How many characters a text of UTF-8 has.
+inline std::size_t CharactersIn(std::string_view utf8)
+{
+    return static_cast<std::size_t>(
+        std::count_if(utf8.begin(), utf8.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
 // The number that a text begins with, "." being the decimal point: digits, signs, points and exponents, and blanks
 // among them, as far as they make sense.
 inline double NumberAtTheStart(std::string_view text)

@@ -1,6 +1,7 @@
 #include "tests/whole/Fit.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -89,6 +90,25 @@ std::string lackOfList(const QAbstractItemView& list)
     return {};
 }
 
+// A control that paints a text of its own, character by character, and tells assistive tools where each of them stands.
+// The ink is what counts: a cell may be narrower than what the font leaves around it.
+std::string lackOfCells(const QWidget& control)
+{
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&control));
+    QAccessibleTextInterface* text = spoken == nullptr ? nullptr : spoken->textInterface();
+    for (int place = 0; text != nullptr && place < text->characterCount(); ++place) {
+        const QString character = text->text(place, place + 1);
+        const std::string missing = character == u'\n' || character == u' '
+            ? std::string()
+            : lack(character, control.fontMetrics().tightBoundingRect(character).size(),
+                text->characterRect(place).size());
+        if (!missing.empty()) {
+            return missing;
+        }
+    }
+    return {};
+}
+
 std::string lackOfMenuBar(const QMenuBar& bar)
 {
     for (QAction* item : bar.actions()) {
@@ -122,8 +142,10 @@ std::string CutOffText(const QWidget& control)
     if (const auto* list = qobject_cast<const QAbstractItemView*>(&control)) {
         return lackOfList(*list);
     }
-    const auto* bar = qobject_cast<const QMenuBar*>(&control);
-    return bar != nullptr ? lackOfMenuBar(*bar) : std::string();
+    if (const auto* bar = qobject_cast<const QMenuBar*>(&control)) {
+        return lackOfMenuBar(*bar);
+    }
+    return lackOfCells(control);
 }
 
 } // namespace numbrela::testing

@@ -154,6 +154,32 @@ TEST_P(ReadingAidTest, TheTabKeyReachesWhatTakesTheFocus)
     });
 }
 
+// --- Seen at all -----------------------------------------------------------------------------------------------------
+
+// What is never in sight in any state has been inspected by none of these tests.
+TEST_P(ReadingAidTest, WhatTakesTheFocusIsInSightInSomeState)
+{
+    std::set<std::string> unseen;
+    std::set<std::string> seen;
+    inspectAll([&](QWidget& window) {
+        for (const QWidget* control : window.findChildren<QWidget*>()) {
+            const bool isPart
+                = control->objectName().startsWith(QStringLiteral("qt_")); // of a control of the toolkit's
+            if (control->window() == &window && control->focusPolicy() != Qt::NoFocus && !isPart) {
+                unseen.insert(fullNameOf(*control));
+            }
+        }
+        for (const QWidget* control : focusableControls(window)) {
+            seen.insert(fullNameOf(*control));
+        }
+    });
+    EXPECT_FALSE(seen.empty());
+    for (const std::string& control : seen) {
+        unseen.erase(control);
+    }
+    EXPECT_EQ(unseen, std::set<std::string>());
+}
+
 // --- Seen whole ------------------------------------------------------------------------------------------------------
 
 TEST_P(ReadingAidTest, EveryTextIsSeenWhole)
@@ -161,6 +187,20 @@ TEST_P(ReadingAidTest, EveryTextIsSeenWhole)
     inspectAll([](QWidget& window) {
         for (const QWidget* control : visibleControls(window)) {
             EXPECT_EQ(CutOffText(*control), "") << fullNameOf(*control);
+        }
+    });
+}
+
+// What has room for its text may still be beyond the edge of what it is in. An area that scrolls is covered by its
+// viewport, which is looked at instead.
+TEST_P(ReadingAidTest, EveryControlIsSeenWhole)
+{
+    inspectAll([](QWidget& window) {
+        for (const QWidget* control : visibleControls(window)) {
+            const QRect seen = control->visibleRegion().boundingRect();
+            EXPECT_TRUE(seen.contains(control->rect()) || control->inherits("QAbstractScrollArea"))
+                << fullNameOf(*control) << " of " << control->width() << " x " << control->height() << " shows "
+                << seen.width() << " x " << seen.height();
         }
     });
 }
