@@ -50,7 +50,7 @@ int main(int argc, char** argv)
     const HeadlessEnvironment environment;
     AbortOnWarnings();
     numbrela::Application application(argc, argv);
-    if (argc != 2) {
+    if (argc != 2 || *argv[1] == '-') { // a folder of such a name is a mistyped option
         std::cerr << "usage: numbrela_gallery <folder>\n";
         return 2;
     }
