@@ -240,6 +240,18 @@ TEST_F(Form4Test, NoOtherRowIsTheResult)
     EXPECT_EQ(form_.TbResultado->Text(), "");
 }
 
+TEST_F(Form4Test, TheOnlyRowThatHiddenZerosLeaveIsNotTheResult)
+{
+    choose("MnuOpcOcu");
+    typeFactors("7", "30");
+    typeFactor1("7");
+    ASSERT_EQ(rowCount(), 1) << "the zero of 30 has none";
+    form_.TbParcial[0]->setFocus();
+    Type(QStringLiteral("12"));
+    EXPECT_EQ(form_.TbParcial[0]->Text(), "21");
+    EXPECT_EQ(form_.TbResultado->Text(), "");
+}
+
 TEST_F(Form4Test, AKeyInAFactorGoesToTheRows)
 {
     for (const char* name : { "TbFactor(0)", "TbFactor(1)" }) {
