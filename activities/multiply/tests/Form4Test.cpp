@@ -363,6 +363,10 @@ TEST_F(Form4Test, ARowThatGoesPassesTheFocusOn)
     form_.TbParcial[5]->setFocus();
     choose("MnuOpcCi2Lis(0)");
     EXPECT_EQ(focusName(), "TbParcial(0)");
+
+    form_.TbResultado->setFocus();
+    choose("MnuOpcDe2Lis(0)");
+    EXPECT_EQ(focusName(), "TbResultado") << "the row that goes never had it";
 }
 
 // ------------------------------------------------------------------------------------------------------ hidden zeros
@@ -427,6 +431,12 @@ TEST_F(Form4Test, ACountBelowOneLeavesTheFirstRowAndSaysSo)
     click("Command2(0)");
     EXPECT_EQ(rowCount(), 1);
     EXPECT_EQ(form_.TbParcial[0]->Text(), "");
+
+    typeFactor2("100");
+    ExpectMessage(application, QStringLiteral("desajuste"));
+    choose("MnuOpcCi2Lis(1)"); // two digits, less the two zeros of 100
+    EXPECT_EQ(PendingBoxes(), 0);
+    EXPECT_EQ(rowCount(), 1);
 }
 
 // ---------------------------------------------------------------------------------------------------------- checking
