@@ -616,7 +616,9 @@ TEST_F(Form4Test, TakesFactorsThatThePupilTypes)
 {
     answer("");
     form_.TbParcial[0]->SetText("5");
+    form_.TbResultado->setFocus();
     typeFactor1("12,05");
+    EXPECT_EQ(focusName(), "TbResultado");
     EXPECT_EQ(form_.TbFactor[0]->Text(), "12,05");
     EXPECT_EQ(form_.TbFactor[0]->selectedText(), QStringLiteral("12,05"));
     EXPECT_EQ(form_.TbFactor[1]->selectedText().toStdString(), form_.TbFactor[1]->Text());
