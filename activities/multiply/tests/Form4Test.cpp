@@ -240,6 +240,18 @@ TEST_F(Form4Test, NoOtherRowIsTheResult)
     EXPECT_EQ(form_.TbResultado->Text(), "");
 }
 
+TEST_F(Form4Test, TheOnlyRowThatHiddenZerosLeaveIsNotTheResult)
+{
+    choose("MnuOpcOcu");
+    typeFactors("7", "30");
+    typeFactor1("7");
+    ASSERT_EQ(rowCount(), 1) << "the zero of 30 has none";
+    form_.TbParcial[0]->setFocus();
+    Type(QStringLiteral("12"));
+    EXPECT_EQ(form_.TbParcial[0]->Text(), "21");
+    EXPECT_EQ(form_.TbResultado->Text(), "");
+}
+
 TEST_F(Form4Test, AKeyInAFactorGoesToTheRows)
 {
     for (const char* name : { "TbFactor(0)", "TbFactor(1)" }) {
@@ -351,6 +363,10 @@ TEST_F(Form4Test, ARowThatGoesPassesTheFocusOn)
     form_.TbParcial[5]->setFocus();
     choose("MnuOpcCi2Lis(0)");
     EXPECT_EQ(focusName(), "TbParcial(0)");
+
+    form_.TbResultado->setFocus();
+    choose("MnuOpcDe2Lis(0)");
+    EXPECT_EQ(focusName(), "TbResultado") << "the row that goes never had it";
 }
 
 // ------------------------------------------------------------------------------------------------------ hidden zeros
@@ -415,6 +431,12 @@ TEST_F(Form4Test, ACountBelowOneLeavesTheFirstRowAndSaysSo)
     click("Command2(0)");
     EXPECT_EQ(rowCount(), 1);
     EXPECT_EQ(form_.TbParcial[0]->Text(), "");
+
+    typeFactor2("100");
+    ExpectMessage(application, QStringLiteral("desajuste"));
+    choose("MnuOpcCi2Lis(1)"); // two digits, less the two zeros of 100
+    EXPECT_EQ(PendingBoxes(), 0);
+    EXPECT_EQ(rowCount(), 1);
 }
 
 // ---------------------------------------------------------------------------------------------------------- checking
@@ -594,7 +616,9 @@ TEST_F(Form4Test, TakesFactorsThatThePupilTypes)
 {
     answer("");
     form_.TbParcial[0]->SetText("5");
+    form_.TbResultado->setFocus();
     typeFactor1("12,05");
+    EXPECT_EQ(focusName(), "TbResultado");
     EXPECT_EQ(form_.TbFactor[0]->Text(), "12,05");
     EXPECT_EQ(form_.TbFactor[0]->selectedText(), QStringLiteral("12,05"));
     EXPECT_EQ(form_.TbFactor[1]->selectedText().toStdString(), form_.TbFactor[1]->Text());

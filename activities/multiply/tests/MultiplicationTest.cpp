@@ -317,6 +317,16 @@ TEST(Multiplication, RefusesAFactorWhoseProductIsTooLarge)
     EXPECT_TRUE(exercise.Exercise.EnterFactor1("1e307").Accepted);
 }
 
+TEST(Multiplication, TheOtherFactorDecidesWhetherATypedOneIsTooLarge)
+{
+    TypedExercise exercise("2", "1e200");
+    EXPECT_FALSE(exercise.Exercise.EnterFactor1("1e200").Accepted);
+    EXPECT_TRUE(exercise.Exercise.EnterFactor2("1e300").Accepted);
+    TypedExercise turned("1e200", "2");
+    EXPECT_FALSE(turned.Exercise.EnterFactor2("1e200").Accepted);
+    EXPECT_TRUE(turned.Exercise.EnterFactor1("1e300").Accepted);
+}
+
 TEST(Multiplication, ATypedFactorLeavesTheScoreAlone)
 {
     for (const bool scorable : { true, false }) {
