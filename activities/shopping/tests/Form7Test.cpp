@@ -77,6 +77,19 @@ protected:
             { "Ánfora de aceite", 9.95F }, { "pan de molde", 1.5F }, { "Un periódico", 1.5F, "Kiosko" } }));
     }
 
+    // As the menu opens it: closed, and not only out of sight, it is gone.
+    Form7* openToBeGone()
+    {
+        ShowShopping(clock_, path_, true);
+        return openWindow<Form7>();
+    }
+
+    static bool isGone(const QPointer<Form7>& form)
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return form == nullptr;
+    }
+
     static void fillBasket(Form7& form, int units)
     {
         GoInto(form, QStringLiteral("Panadería"));
@@ -626,9 +639,26 @@ TEST_F(Form7Test, TheNumberOfUnitsDoesNothing)
 
 TEST_F(Form7Test, TheLastMenuItemClosesTheWindow)
 {
-    Form7& form = openBakery();
-    Choose(form, QStringLiteral("MnuOpcSal"));
-    EXPECT_FALSE(form.isVisible());
+    SaveCatalogue(path_, NumberedTable(5));
+    const QPointer<Form7> form = openToBeGone();
+    ASSERT_NE(form, nullptr);
+    ShowAndActivate(*form);
+    Choose(*form, QStringLiteral("MnuOpcSal"));
+    EXPECT_TRUE(isGone(form));
+}
+
+TEST_F(Form7Test, TheWindowIsClosedForWhoDoesNotBeginAgain)
+{
+    const auto acceptBox = [] { ExpectDialog([](QDialog& box) { box.accept(); }); };
+    acceptBox(); // there are no products
+    const QPointer<Form7> form = openToBeGone();
+    ASSERT_NE(form, nullptr);
+    ShowAndAnswerBoxes(*form);
+    acceptBox(); // the verdict
+    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
+        { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("No"));
+    Click(*form, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(isGone(form));
 }
 
 TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
@@ -799,8 +829,7 @@ TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
     EXPECT_EQ(second->windowModality(), Qt::NonModal);
     EXPECT_EQ(second->List1->count(), 1) << "the catalogue has been read anew";
     second->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(second, nullptr) << "a closed window is gone";
+    EXPECT_TRUE(isGone(second));
 }
 
 } // namespace
