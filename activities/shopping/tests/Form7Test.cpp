@@ -77,6 +77,19 @@ protected:
             { "Ánfora de aceite", 9.95F }, { "pan de molde", 1.5F }, { "Un periódico", 1.5F, "Kiosko" } }));
     }
 
+    // As the menu opens it: closed, and not only out of sight, it is gone.
+    Form7* openToBeGone()
+    {
+        ShowShopping(clock_, path_, true);
+        return openWindow<Form7>();
+    }
+
+    static bool isGone(const QPointer<Form7>& form)
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return form == nullptr;
+    }
+
     static void fillBasket(Form7& form, int units)
     {
         GoInto(form, QStringLiteral("Panadería"));
@@ -90,6 +103,20 @@ protected:
     {
         fillBasket(form, units);
         PressContinue(form);
+    }
+
+    // Shelf and basket while products are chosen; column, rule and result while they are paid for.
+    static void expectInShop(const Form7& form, bool choosing)
+    {
+        for (const QWidget* control : std::initializer_list<const QWidget*> {
+                 form.LBDisponibles, form.LIDisponibles, form.LbCesta, form.LICesta }) {
+            EXPECT_EQ(control->isVisible(), choosing) << control->objectName().toStdString();
+            EXPECT_EQ(control->isEnabled(), choosing) << control->objectName().toStdString();
+        }
+        for (const QWidget* control :
+            std::initializer_list<const QWidget*> { form.TBCantidades, form.Line1, form.TbResultado }) {
+            EXPECT_EQ(control->isVisible(), !choosing) << control->objectName().toStdString();
+        }
     }
 
     static TwipsRect placeOf(const QWidget& control)
@@ -235,13 +262,10 @@ TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDelete)
 TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
 {
     Form7& form = openBakery();
-    addUp(form, 3);
-    for (const QWidget* control :
-        std::initializer_list<const QWidget*> { form.LBDisponibles, form.LIDisponibles, form.LbCesta, form.LICesta }) {
-        EXPECT_FALSE(control->isVisible());
-        EXPECT_FALSE(control->isEnabled());
-    }
-    EXPECT_TRUE(form.TBCantidades->isVisible() && form.Line1->isVisible() && form.TbResultado->isVisible());
+    fillBasket(form, 3);
+    expectInShop(form, true);
+    PressContinue(form);
+    expectInShop(form, false);
     EXPECT_EQ(form.TBCantidades->Text(), "  0,85\n+  0,85\n+  0,85");
     EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - 3 * 285, 1800, 3 * 285 }));
     EXPECT_EQ(FocusIn(form), "TbResultado");
@@ -276,17 +300,17 @@ TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
     PressContinue(form);
     TypeResult(QStringLiteral("4,15"));
     PressContinue(form);
+    form.List1->SelectLine(2);
     PressContinue(form);
     EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Continuar"));
-    EXPECT_FALSE(form.TBCantidades->isVisible());
+    EXPECT_EQ(form.List1->SelectedLine(), 0);
 
     GoInto(form, QStringLiteral("Kiosko"));
     EXPECT_EQ(linesOf(*form.LIDisponibles), std::vector<std::string> { "Un periódico" });
     EXPECT_EQ(form.Label3->text(), QStringLiteral("Kiosko"));
     EXPECT_EQ(form.Label3->palette().color(QPalette::Window), form.CBTienda[3]->BackColour());
     EXPECT_EQ(form.LICesta->count(), 0);
-    EXPECT_TRUE(form.LIDisponibles->isVisible() && form.LIDisponibles->isEnabled());
-    EXPECT_FALSE(form.TbResultado->isVisible());
+    expectInShop(form, true);
     EXPECT_EQ(placeOf(*form.TbInstrucciones).Top, 4830) << "the receipt has given the shelf its place back";
 }
 
@@ -615,9 +639,26 @@ TEST_F(Form7Test, TheNumberOfUnitsDoesNothing)
 
 TEST_F(Form7Test, TheLastMenuItemClosesTheWindow)
 {
-    Form7& form = openBakery();
-    Choose(form, QStringLiteral("MnuOpcSal"));
-    EXPECT_FALSE(form.isVisible());
+    SaveCatalogue(path_, NumberedTable(5));
+    const QPointer<Form7> form = openToBeGone();
+    ASSERT_NE(form, nullptr);
+    ShowAndActivate(*form);
+    Choose(*form, QStringLiteral("MnuOpcSal"));
+    EXPECT_TRUE(isGone(form));
+}
+
+TEST_F(Form7Test, TheWindowIsClosedForWhoDoesNotBeginAgain)
+{
+    const auto acceptBox = [] { ExpectDialog([](QDialog& box) { box.accept(); }); };
+    acceptBox(); // there are no products
+    const QPointer<Form7> form = openToBeGone();
+    ASSERT_NE(form, nullptr);
+    ShowAndAnswerBoxes(*form);
+    acceptBox(); // the verdict
+    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
+        { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("No"));
+    Click(*form, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(isGone(form));
 }
 
 TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
@@ -788,8 +829,7 @@ TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
     EXPECT_EQ(second->windowModality(), Qt::NonModal);
     EXPECT_EQ(second->List1->count(), 1) << "the catalogue has been read anew";
     second->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(second, nullptr) << "a closed window is gone";
+    EXPECT_TRUE(isGone(second));
 }
 
 } // namespace
