@@ -8,23 +8,11 @@
 
 namespace numbrela {
 
-namespace {
-
-template <typename Control>
-Control* put(TwipsLayout& area, Control* control, const QString& name, TwipsRect place, FontSpec font)
-{
-    control->setObjectName(name);
-    area.Place(control, place, font);
-    return control;
-}
-
-} // namespace
-
 TextBox* AddTextBox(TwipsLayout& area, const QString& name, TwipsRect place, FontSpec font, Qt::Alignment alignment)
 {
     auto* box = new TextBox(area.parentWidget());
     box->setAlignment(alignment);
-    return put(area, box, name, place, font);
+    return AddControl(area, box, name, place, font);
 }
 
 TextBox* AddReadOnlyBox(TwipsLayout& area, const QString& name, const QString& spokenName, TwipsRect place,
@@ -38,19 +26,19 @@ TextBox* AddReadOnlyBox(TwipsLayout& area, const QString& name, const QString& s
 
 CommandButton* AddButton(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, FontSpec font)
 {
-    return put(area, new CommandButton(caption, area.parentWidget()), name, place, font);
+    return AddControl(area, new CommandButton(caption, area.parentWidget()), name, place, font);
 }
 
 QLabel* AddLabel(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, FontSpec font)
 {
     auto* label = new QLabel(caption, area.parentWidget());
     label->setAlignment(Qt::AlignCenter);
-    return put(area, label, name, place, font);
+    return AddControl(area, label, name, place, font);
 }
 
 TwipsLayout* AddFrame(TwipsLayout& area, const QString& name, TwipsRect place, FontSpec font)
 {
-    auto* frame = put(area, new QFrame(area.parentWidget()), name, place, font);
+    auto* frame = AddControl(area, new QFrame(area.parentWidget()), name, place, font);
     frame->setFrameShape(QFrame::StyledPanel);
     return new TwipsLayout(frame, { place.Width, place.Height }, font);
 }

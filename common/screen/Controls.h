@@ -11,6 +11,15 @@ class TextBox;
 
 // What an area is furnished with. Each of these makes a control of the area's own, names it and puts it in its place.
 
+// A control of some other kind, which has been made.
+template <typename Control>
+Control* AddControl(TwipsLayout& area, Control* control, const QString& name, TwipsRect place, FontSpec font)
+{
+    control->setObjectName(name);
+    area.Place(control, place, font);
+    return control;
+}
+
 TextBox* AddTextBox(
     TwipsLayout& area, const QString& name, TwipsRect place, FontSpec font, Qt::Alignment alignment = Qt::AlignCenter);
 

@@ -95,10 +95,8 @@ void Form5::buildRest()
     Buttons = AddButtonRow(
         Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
-    Text4 = new StatementBox(this);
-    Text4->setObjectName(QStringLiteral("Text4"));
+    Text4 = AddControl(Area(), new StatementBox(this), QStringLiteral("Text4"), { 3000, 2500, 2000, 495 }, buttonFont);
     Text4->setAccessibleName(QStringLiteral("Enunciado y veredicto"));
-    Area().Place(Text4, { 3000, 2500, 2000, 495 }, buttonFont);
     tbResultados = AddReadOnlyBox(
         Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), { 2700, 7500, 2800, 495 }, formFont);
     tbResultados->SetText(exercise_.Score.Line());

@@ -44,10 +44,9 @@ Dialog::Dialog()
     setWindowTitle(QStringLiteral("Tablas a usar"));
     for (int index = 0; index < static_cast<int>(Check1.size()); ++index) {
         const QString table = QString::number(index + 1);
-        auto* box = new QCheckBox(table, this);
-        box->setObjectName(QStringLiteral("Check1(%1)").arg(index));
+        QCheckBox* box = AddControl(*area_, new QCheckBox(table, this), QStringLiteral("Check1(%1)").arg(index),
+            { 120 + 700 * (index % 3), 120 + 475 * (index / 3), 600, 375 }, tableFont);
         box->setAccessibleName(QStringLiteral("Tabla del %1").arg(table));
-        area_->Place(box, { 120 + 700 * (index % 3), 120 + 475 * (index / 3), 600, 375 }, tableFont);
         Check1[static_cast<std::size_t>(index)] = box;
     }
     OKButton = AddButton(

@@ -71,14 +71,6 @@ const std::array<ShopDesign, 10> ring { {
 
 const QColor plazaColour(232, 245, 220);
 
-template <typename Control>
-Control* add(TwipsLayout& area, Control* control, const QString& name, TwipsRect place, FontSpec font)
-{
-    control->setObjectName(name);
-    area.Place(control, place, font);
-    return control;
-}
-
 void paint(QLabel& sign, const QColor& colour)
 {
     QPalette palette = sign.palette();
@@ -161,7 +153,7 @@ void Form7::buildFrame1()
 {
     TwipsLayout& area = *AddFrame(Area(), QStringLiteral("Frame1"), listFrame, formFont);
     Frame1 = frameOf(area);
-    List1 = add(area, new ListBox(Frame1), QStringLiteral("List1"), { 240, 600, 4020, 4350 }, formFont);
+    List1 = AddControl(area, new ListBox(Frame1), QStringLiteral("List1"), { 240, 600, 4020, 4350 }, formFont);
     Label1[0] = addListCaption(
         area, QStringLiteral("Label1(0)"), QStringLiteral("&Lista de la compra"), { 240, 180, 4020, 360 }, List1);
 
@@ -206,23 +198,23 @@ void Form7::buildFrame3()
     Label3 = AddLabel(area, QStringLiteral("Label3"), {}, { 240, 180, 9120, 540 }, headingFont);
 
     LIDisponibles
-        = add(area, new ListBox(Frame3), QStringLiteral("LIDisponibles"), { 240, 1320, 4440, 3270 }, formFont);
+        = AddControl(area, new ListBox(Frame3), QStringLiteral("LIDisponibles"), { 240, 1320, 4440, 3270 }, formFont);
     LIDisponibles->DblClick = [this] { LIDisponibles_DblClick(); };
     LIDisponibles->KeyDown = [this](int keyCode) { LIDisponibles_KeyDown(keyCode); };
     LBDisponibles = addListCaption(area, QStringLiteral("LBDisponibles"), QStringLiteral("&Productos disponibles"),
         { 240, 900, 4440, 360 }, LIDisponibles);
 
-    LICesta = add(area, new ListBox(Frame3), QStringLiteral("LICesta"), { 4920, 1320, 4440, 6840 }, formFont);
+    LICesta = AddControl(area, new ListBox(Frame3), QStringLiteral("LICesta"), { 4920, 1320, 4440, 6840 }, formFont);
     LICesta->DblClick = [this] { LICesta_DblClick(); };
     LICesta->KeyDown = [this](int keyCode) { LICesta_KeyDown(keyCode); };
     LbCesta = addListCaption(
         area, QStringLiteral("LbCesta"), QStringLiteral("C&esta de la compra"), { 4920, 900, 4440, 360 }, LICesta);
 
     TbInstrucciones
-        = add(area, new TextArea(Frame3), QStringLiteral("TbInstrucciones"), instructionPlace, instructionFont);
+        = AddControl(area, new TextArea(Frame3), QStringLiteral("TbInstrucciones"), instructionPlace, instructionFont);
     TbInstrucciones->setAccessibleName(QStringLiteral("Instrucciones"));
 
-    TBCantidades = add(area, new ColumnArea(Frame3), QStringLiteral("TBCantidades"),
+    TBCantidades = AddControl(area, new ColumnArea(Frame3), QStringLiteral("TBCantidades"),
         { columnLeft, columnBottom, columnWidth, 0 }, columnFont);
     TBCantidades->setAccessibleName(QStringLiteral("Cantidades"));
     Line1 = new Line(area, QStringLiteral("Line1"), { columnLeft, ruleY }, { columnLeft + columnWidth, ruleY });
