@@ -1,6 +1,7 @@
 #include "activities/shopping/screen/DLGProductos.h"
 
 #include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/tests/Beeps.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
@@ -234,6 +235,33 @@ TEST_F(DLGProductosTest, FillsNoLineBeforeOneIsSelected)
     EXPECT_EQ(coloursBehind(0), std::pair(palette.color(QPalette::HighlightedText).rgb(), std::set { highlight }));
     form().TbDatos[0]->setFocus();
     EXPECT_EQ(coloursBehind(0), std::pair(highlight, std::set { highlight }));
+}
+
+// An accent that the frame crosses out is a spelling mistake.
+TEST_F(DLGProductosTest, LeavesTheTextWholeOfTheLineThatHasTheFocus)
+{
+    open({ ProductOf("Ñandú y plátanos (10 g)", "ÁÉÍÓÚ jgpqç") });
+    const auto pictureOfLine = [this] {
+        return form().List1->viewport()->grab(form().List1->visualRect(form().List1->model()->index(0, 0))).toImage();
+    };
+    const QPalette palette = form().List1->palette();
+    for (const auto background : { QPalette::Base, QPalette::Highlight }) {
+        form().List1->setFocus();
+        const QImage withFrame = pictureOfLine();
+        form().TbDatos[0]->setFocus();
+        const QImage withoutFrame = pictureOfLine();
+        ASSERT_NE(withFrame, withoutFrame);
+        std::set<QRgb> hidden;
+        for (int y = 0; y < withFrame.height(); ++y) {
+            for (int x = 0; x < withFrame.width(); ++x) {
+                if (withFrame.pixel(x, y) != withoutFrame.pixel(x, y)) {
+                    hidden.insert(withoutFrame.pixel(x, y));
+                }
+            }
+        }
+        EXPECT_EQ(hidden, std::set { palette.color(background).rgb() });
+        clickLine(0);
+    }
 }
 
 TEST_F(DLGProductosTest, ShowsTheBeginningOfANameTooLongForItsBoxReadably)
@@ -658,12 +686,17 @@ TEST_F(DLGProductosTest, DeletesOneLineAfterTheOther)
     EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "0" }));
 }
 
-TEST_F(DLGProductosTest, DeletesNothingWithoutASelectedLine)
+TEST_F(DLGProductosTest, DeletesNothingAndBeepsWithoutASelectedLine)
 {
     open();
+    const int beepsBefore = Beeps();
     Click(form(), QStringLiteral("CBElim"));
+    EXPECT_EQ(Beeps(), beepsBefore + 1);
     EXPECT_EQ(lines().size(), 3U);
     EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "" }));
+
+    Click(form(), QStringLiteral("CBModif"));
+    EXPECT_EQ(Beeps(), beepsBefore + 1) << "only deleting beeps";
 }
 
 // A catalogue that is longer than the window.
