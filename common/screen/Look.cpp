@@ -103,6 +103,14 @@ public:
                                               : QProxyStyle::pixelMetric(metric, option, widget);
     }
 
+    // The line of a list has room for the frame of its focus above and below its letters.
+    QSize sizeFromContents(
+        ContentsType type, const QStyleOption* option, const QSize& contents, const QWidget* widget) const override
+    {
+        const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        return type == CT_ItemViewItem ? size + QSize(0, 2 * roomForLineFocus(option->fontMetrics)) : size;
+    }
+
     void drawControl(
         ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
     {
@@ -147,6 +155,14 @@ public:
     }
 
 private:
+    // Pixels for the frame and one outside of it, and for what the accent of a capital letter stands out of the height
+    // of its font: no more than a twentieth of it.
+    static int roomForLineFocus(const QFontMetrics& font)
+    {
+        constexpr int frame = 2;
+        return frame + 1 + font.height() / 20;
+    }
+
     // A frame alone: the style's own focus is a bar of a pale colour, as if the line were selected.
     static void drawLineFocus(const QStyleOption& line, QPainter& painter)
     {

@@ -14,11 +14,19 @@ namespace {
 constexpr std::size_t tiendaColumn = 18; // characters
 constexpr std::size_t nombreColumn = 30;
 
+// A text that was never set has NUL characters; tabs and line ends may have been pasted, and a soft hyphen is not seen.
+bool wouldShiftTheColumns(char byte)
+{
+    constexpr unsigned char softHyphen = 0xAD;
+    const auto value = static_cast<unsigned char>(byte);
+    return value < ' ' || value == softHyphen;
+}
+
 template <int Width>
 std::string column(const FixedText<Width>& text, std::size_t characters)
 {
     std::string beginning(text.Bytes.data(), characters);
-    std::replace(beginning.begin(), beginning.end(), '\0', ' '); // of a text that was never set
+    std::replace_if(beginning.begin(), beginning.end(), wouldShiftTheColumns, ' ');
     return Utf8FromWindows1252(beginning);
 }
 

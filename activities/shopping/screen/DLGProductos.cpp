@@ -66,7 +66,7 @@ void DLGProductos::buildControls()
     List1->setUniformItemSizes(true);
     List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     List1->installEventFilter(new SelectionStart(List1));
-    Area().Place(List1, { 500, 700, 9500, 5150 }, listFont);
+    Area().Place(List1, { 500, 700, 9500, 5280 }, listFont);
     Label1->setBuddy(List1);
 
     const std::array<QString, 3> captions { QStringLiteral("&Tienda"), QStringLiteral("&Nombre"),
@@ -75,8 +75,8 @@ void DLGProductos::buildControls()
     const std::array<int, 3> widths { 2700, 4900, 1500 };
     for (std::size_t i = 0; i < TbDatos.size(); ++i) {
         LBDatos[i] = AddLabel(
-            Area(), QStringLiteral("LBDatos(%1)").arg(i), captions[i], { lefts[i], 6050, widths[i], 350 }, formFont);
-        TbDatos[i] = AddTextBox(Area(), QStringLiteral("TbDatos(%1)").arg(i), { lefts[i], 6400, widths[i], 495 },
+            Area(), QStringLiteral("LBDatos(%1)").arg(i), captions[i], { lefts[i], 6180, widths[i], 350 }, formFont);
+        TbDatos[i] = AddTextBox(Area(), QStringLiteral("TbDatos(%1)").arg(i), { lefts[i], 6530, widths[i], 495 },
             formFont, (i < 2 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
         LBDatos[i]->setBuddy(TbDatos[i]);
     }
@@ -84,7 +84,7 @@ void DLGProductos::buildControls()
     TbDatos[1]->SetMaximumTypedLength(mostNameCharacters);
 
     const auto addButton = [this](const char* name, const QString& caption, int left) {
-        return AddButton(Area(), QString::fromLatin1(name), caption, { left, 7400, 1650, 600 }, formFont);
+        return AddButton(Area(), QString::fromLatin1(name), caption, { left, 7530, 1650, 600 }, formFont);
     };
     CBAdd = addButton("CBAdd", QStringLiteral("&Añadir"), 500);
     CBModif = addButton("CBModif", QStringLiteral("&Modificar"), 2350);

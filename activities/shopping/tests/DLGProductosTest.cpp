@@ -1,6 +1,7 @@
 #include "activities/shopping/screen/DLGProductos.h"
 
 #include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/tests/Beeps.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
@@ -157,32 +158,32 @@ TEST_F(DLGProductosTest, ConsistsOfAListThreeBoxesAndFiveButtons)
                 .TabStop = false },
             { .Name = "List1",
                 .Text = "",
-                .Place = { 500, 700, 9500, 5150 },
+                .Place = { 500, 700, 9500, 5280 },
                 .Font = { "Courier New", 12 },
                 .AccessibleName = "Productos" },
             { .Name = "LBDatos(0)",
                 .Text = "&Tienda",
-                .Place = { 500, 6050, 2700, 350 },
+                .Place = { 500, 6180, 2700, 350 },
                 .Font = font,
                 .TabStop = false },
             { .Name = "LBDatos(1)",
                 .Text = "&Nombre",
-                .Place = { 3400, 6050, 4900, 350 },
+                .Place = { 3400, 6180, 4900, 350 },
                 .Font = font,
                 .TabStop = false },
             { .Name = "LBDatos(2)",
                 .Text = "Precio",
-                .Place = { 8500, 6050, 1500, 350 },
+                .Place = { 8500, 6180, 1500, 350 },
                 .Font = font,
                 .TabStop = false },
-            { .Name = "TbDatos(0)", .Text = "", .Place = { 500, 6400, 2700, 495 }, .Font = font, .Alignment = left },
-            { .Name = "TbDatos(1)", .Text = "", .Place = { 3400, 6400, 4900, 495 }, .Font = font, .Alignment = left },
-            { .Name = "TbDatos(2)", .Text = "", .Place = { 8500, 6400, 1500, 495 }, .Font = font, .Alignment = right },
-            { .Name = "CBAdd", .Text = "&Añadir", .Place = { 500, 7400, 1650, 600 }, .Font = font },
-            { .Name = "CBModif", .Text = "&Modificar", .Place = { 2350, 7400, 1650, 600 }, .Font = font },
-            { .Name = "CBElim", .Text = "&Eliminar", .Place = { 4200, 7400, 1650, 600 }, .Font = font },
-            { .Name = "OKButton", .Text = "Aceptar", .Place = { 6500, 7400, 1650, 600 }, .Font = font },
-            { .Name = "CancelButton", .Text = "Cancelar", .Place = { 8350, 7400, 1650, 600 }, .Font = font },
+            { .Name = "TbDatos(0)", .Text = "", .Place = { 500, 6530, 2700, 495 }, .Font = font, .Alignment = left },
+            { .Name = "TbDatos(1)", .Text = "", .Place = { 3400, 6530, 4900, 495 }, .Font = font, .Alignment = left },
+            { .Name = "TbDatos(2)", .Text = "", .Place = { 8500, 6530, 1500, 495 }, .Font = font, .Alignment = right },
+            { .Name = "CBAdd", .Text = "&Añadir", .Place = { 500, 7530, 1650, 600 }, .Font = font },
+            { .Name = "CBModif", .Text = "&Modificar", .Place = { 2350, 7530, 1650, 600 }, .Font = font },
+            { .Name = "CBElim", .Text = "&Eliminar", .Place = { 4200, 7530, 1650, 600 }, .Font = font },
+            { .Name = "OKButton", .Text = "Aceptar", .Place = { 6500, 7530, 1650, 600 }, .Font = font },
+            { .Name = "CancelButton", .Text = "Cancelar", .Place = { 8350, 7530, 1650, 600 }, .Font = font },
         });
     EXPECT_EQ(FocusName(), "List1");
 }
@@ -234,6 +235,33 @@ TEST_F(DLGProductosTest, FillsNoLineBeforeOneIsSelected)
     EXPECT_EQ(coloursBehind(0), std::pair(palette.color(QPalette::HighlightedText).rgb(), std::set { highlight }));
     form().TbDatos[0]->setFocus();
     EXPECT_EQ(coloursBehind(0), std::pair(highlight, std::set { highlight }));
+}
+
+// An accent that the frame crosses out is a spelling mistake.
+TEST_F(DLGProductosTest, LeavesTheTextWholeOfTheLineThatHasTheFocus)
+{
+    open({ ProductOf("Ñandú y plátanos (10 g)", "ÁÉÍÓÚ jgpqç") });
+    const auto pictureOfLine = [this] {
+        return form().List1->viewport()->grab(form().List1->visualRect(form().List1->model()->index(0, 0))).toImage();
+    };
+    const QPalette palette = form().List1->palette();
+    for (const auto background : { QPalette::Base, QPalette::Highlight }) {
+        form().List1->setFocus();
+        const QImage withFrame = pictureOfLine();
+        form().TbDatos[0]->setFocus();
+        const QImage withoutFrame = pictureOfLine();
+        ASSERT_NE(withFrame, withoutFrame);
+        std::set<QRgb> hidden;
+        for (int y = 0; y < withFrame.height(); ++y) {
+            for (int x = 0; x < withFrame.width(); ++x) {
+                if (withFrame.pixel(x, y) != withoutFrame.pixel(x, y)) {
+                    hidden.insert(withoutFrame.pixel(x, y));
+                }
+            }
+        }
+        EXPECT_EQ(hidden, std::set { palette.color(background).rgb() });
+        clickLine(0);
+    }
 }
 
 TEST_F(DLGProductosTest, ShowsTheBeginningOfANameTooLongForItsBoxReadably)
@@ -658,12 +686,17 @@ TEST_F(DLGProductosTest, DeletesOneLineAfterTheOther)
     EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "0" }));
 }
 
-TEST_F(DLGProductosTest, DeletesNothingWithoutASelectedLine)
+TEST_F(DLGProductosTest, DeletesNothingAndBeepsWithoutASelectedLine)
 {
     open();
+    const int beepsBefore = Beeps();
     Click(form(), QStringLiteral("CBElim"));
+    EXPECT_EQ(Beeps(), beepsBefore + 1);
     EXPECT_EQ(lines().size(), 3U);
     EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "" }));
+
+    Click(form(), QStringLiteral("CBModif"));
+    EXPECT_EQ(Beeps(), beepsBefore + 1) << "only deleting beeps";
 }
 
 // A catalogue that is longer than the window.

@@ -47,6 +47,7 @@ TEST(CatalogueLine, ShowsShopNameAndPriceInColumns)
             "Un nombre de tiendUn nombre de producto que no c 0,1€" },
         { ProductOf("", "", -1), "                                                 -1€" },
         { Product(), "                                                 0€" },
+        { ProductOf("a\tb\nc\rd\u00ADe", "x\ty"), "x y               a b c d e                      1€" },
         { ProductOf("y", "x", 12345678), "x                 y                              12345680€" },
         { ProductOf("y", "x", std::numeric_limits<float>::infinity()),
             "x                 y                              infinito€" },
