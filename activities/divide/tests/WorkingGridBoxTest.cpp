@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QScreen>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -73,6 +74,21 @@ protected:
         return false;
     }
 
+    QImage onScreen() const
+    {
+        const QPoint corner = Box.mapTo(&window_, QPoint());
+        return window_.screen()
+            ->grabWindow(window_.winId(), corner.x(), corner.y(), Box.width(), Box.height())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
+    }
+
+    void expectSeen(const char* what)
+    {
+        const QImage picture = Box.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return onScreen() == picture; })) << what;
+    }
+
 private:
     bool commaShift_ = false;
     QWidget window_;
@@ -98,6 +114,25 @@ TEST_F(WorkingGridBoxTest, PaintsEachCharacterInItsCell)
     for (int cell = 0; cell < 160; ++cell) {
         EXPECT_EQ(hasInk(cell, ink), Grid.Text[static_cast<std::size_t>(cell)] != u' ') << cell;
     }
+}
+
+// Other tests ask the box for its picture, which it then paints. Here it must have painted it by itself.
+TEST_F(WorkingGridBoxTest, WhatAPersonDoesIsSeenOnTheScreen)
+{
+    fillRows(40);
+    expectSeen("filled");
+    Press(Qt::Key_Down);
+    expectSeen("a key that moves the caret");
+    Press(Qt::Key_5);
+    expectSeen("a key that writes");
+    clickCell(20);
+    expectSeen("a click");
+    turnWheel(-120);
+    expectSeen("a turn of the wheel");
+    Box.ShowCell(8 * 39);
+    expectSeen("a cell that is shown from elsewhere");
+    Box.clearFocus();
+    expectSeen("no focus, no caret");
 }
 
 TEST_F(WorkingGridBoxTest, HasAsManyColumnsAsTheGrid)
