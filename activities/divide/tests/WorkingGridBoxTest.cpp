@@ -74,6 +74,19 @@ protected:
         return false;
     }
 
+    // Where it is dark in a cell, counted from its corner.
+    QRect inkIn(int cell)
+    {
+        const QImage picture = Box.grab(Box.CellRect(cell)).toImage();
+        QRect ink;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                ink |= picture.pixelColor(x, y).lightness() < 160 ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        return ink;
+    }
+
     QImage onScreen() const
     {
         const QPoint corner = Box.mapTo(&window_, QPoint());
@@ -113,6 +126,22 @@ TEST_F(WorkingGridBoxTest, PaintsEachCharacterInItsCell)
     const QColor ink = Box.palette().color(QPalette::Text);
     for (int cell = 0; cell < 160; ++cell) {
         EXPECT_EQ(hasInk(cell, ink), Grid.Text[static_cast<std::size_t>(cell)] != u' ') << cell;
+    }
+}
+
+TEST_F(WorkingGridBoxTest, PaintsACharacterInTheMiddleOfItsCellAsLargeAsItsFont)
+{
+    typeRow(Grid, 1, "   8");
+    for (const int pixelSize : { 13, 19, 26 }) {
+        QFont font = Box.font();
+        font.setPixelSize(pixelSize);
+        Box.setFont(font);
+        Box.resize(8 * pixelsPerCell * pixelSize / 19, 467 * pixelSize / 19);
+        const QRect ink = inkIn(11);
+        const QSize cell = Box.CellRect(11).size();
+        EXPECT_NEAR(ink.center().x(), cell.width() / 2, 1) << pixelSize;
+        EXPECT_NEAR(ink.center().y(), cell.height() / 2, 2) << pixelSize;
+        EXPECT_NEAR(ink.height(), QFontMetrics(font).tightBoundingRect(QStringLiteral("8")).height(), 1) << pixelSize;
     }
 }
 
@@ -173,6 +202,15 @@ TEST_F(WorkingGridBoxTest, TheCaretIsABlockOnItsCellWhileTheBoxHasTheFocus)
     }
     Box.clearFocus();
     EXPECT_FALSE(hasInk(66, block));
+}
+
+TEST_F(WorkingGridBoxTest, TheCharacterUnderTheCaretCanBeRead)
+{
+    Grid.MoveCaretTo(2);
+    Box.ShowGrid();
+    EXPECT_TRUE(hasInk(2, Box.palette().color(QPalette::HighlightedText)));
+    Box.clearFocus();
+    EXPECT_TRUE(hasInk(2, Box.palette().color(QPalette::Text)));
 }
 
 TEST_F(WorkingGridBoxTest, ShowsHowMuchIsScrolledAwayByAMarkAtTheRight)
