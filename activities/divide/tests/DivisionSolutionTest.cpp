@@ -273,6 +273,16 @@ TEST(DivisionSolution, OfAnEnteredNegativeDivisorFindsNoDigit)
     EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (Rows { " 84" }));
 }
 
+// Behind the first 0 whatever the division gives is written, and each negative digit brings the next one down as a 0
+// does.
+TEST(DivisionSolution, OfAnEnteredNegativeDivisorWritesTheDecimalsAsTheyCome)
+{
+    DrawnDivision drawn(decimal(2, 2), 9725, 4);
+    ASSERT_TRUE(drawn.Exercise.EnterDivisor("-4"));
+    EXPECT_EQ(drawn.Exercise.ShowDivisionSolution(), "0,-3-1");
+    EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (Rows { " 97,5" }));
+}
+
 // Whatever has been entered, the working stays on the paper; the sanitizers watch.
 TEST(DivisionSolution, StaysOnThePaperForEveryEnteredNumber)
 {

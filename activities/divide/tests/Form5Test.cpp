@@ -310,6 +310,7 @@ TEST_F(Form5Test, AScoreOfFourDigitsIsSaidAndTheActivityGoesOn)
 TEST_F(Form5Test, ContinueDrawsTheNextDivision)
 {
     typeIntoRow(1, QStringLiteral("123"));
+    typeIntoRow(30, QStringLiteral("9"));
     Form.Text3->setFocus();
     Type(QStringLiteral("9"));
     Click(Form, QStringLiteral("Command2(0)"));
@@ -320,6 +321,7 @@ TEST_F(Form5Test, ContinueDrawsTheNextDivision)
     EXPECT_EQ(shown(Form.Text3), "");
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:  0; Errores:  0");
     EXPECT_EQ(FocusName(), "Text1");
+    EXPECT_EQ(Form.Text1->FirstShownRow(), 0) << "the dividend is seen";
     expectPosition("0 / 8");
 }
 
@@ -498,8 +500,10 @@ TEST_F(Form5Test, ExitClosesTheWindow)
 
 TEST_F(Form5Test, AnEnteredDividendIsLaidOut)
 {
+    typeIntoRow(30, QStringLiteral("9"));
     Form.Text3->SetText("9");
     enterDividend(QStringLiteral(" 1234,5"), QStringLiteral("86,18"));
+    EXPECT_EQ(Form.Text1->FirstShownRow(), 0) << "the dividend is seen";
     EXPECT_EQ(statement(), "1234 ÷ 2");
     EXPECT_EQ(rows(), Rows { " 1234" });
     EXPECT_EQ(shown(Form.Text3), "9");

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QScreen>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -73,6 +74,34 @@ protected:
         return false;
     }
 
+    // Where it is dark in a cell, counted from its corner.
+    QRect inkIn(int cell)
+    {
+        const QImage picture = Box.grab(Box.CellRect(cell)).toImage();
+        QRect ink;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                ink |= picture.pixelColor(x, y).lightness() < 160 ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        return ink;
+    }
+
+    QImage onScreen() const
+    {
+        const QPoint corner = Box.mapTo(&window_, QPoint());
+        return window_.screen()
+            ->grabWindow(window_.winId(), corner.x(), corner.y(), Box.width(), Box.height())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
+    }
+
+    void expectSeen(const char* what)
+    {
+        const QImage picture = Box.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return onScreen() == picture; })) << what;
+    }
+
 private:
     bool commaShift_ = false;
     QWidget window_;
@@ -98,6 +127,41 @@ TEST_F(WorkingGridBoxTest, PaintsEachCharacterInItsCell)
     for (int cell = 0; cell < 160; ++cell) {
         EXPECT_EQ(hasInk(cell, ink), Grid.Text[static_cast<std::size_t>(cell)] != u' ') << cell;
     }
+}
+
+TEST_F(WorkingGridBoxTest, PaintsACharacterInTheMiddleOfItsCellAsLargeAsItsFont)
+{
+    typeRow(Grid, 1, "   8");
+    for (const int pixelSize : { 13, 19, 26 }) {
+        QFont font = Box.font();
+        font.setPixelSize(pixelSize);
+        Box.setFont(font);
+        Box.resize(8 * pixelsPerCell * pixelSize / 19, 467 * pixelSize / 19);
+        const QRect ink = inkIn(11);
+        const QSize cell = Box.CellRect(11).size();
+        EXPECT_NEAR(ink.center().x(), cell.width() / 2, 1) << pixelSize;
+        EXPECT_NEAR(ink.center().y(), cell.height() / 2, 2) << pixelSize;
+        EXPECT_NEAR(ink.height(), QFontMetrics(font).tightBoundingRect(QStringLiteral("8")).height(), 1) << pixelSize;
+    }
+}
+
+// Other tests ask the box for its picture, which it then paints. Here it must have painted it by itself.
+TEST_F(WorkingGridBoxTest, WhatAPersonDoesIsSeenOnTheScreen)
+{
+    fillRows(40);
+    expectSeen("filled");
+    Press(Qt::Key_Down);
+    expectSeen("a key that moves the caret");
+    Press(Qt::Key_5);
+    expectSeen("a key that writes");
+    clickCell(20);
+    expectSeen("a click");
+    turnWheel(-120);
+    expectSeen("a turn of the wheel");
+    Box.ShowCell(8 * 39);
+    expectSeen("a cell that is shown from elsewhere");
+    Box.clearFocus();
+    expectSeen("no focus, no caret");
 }
 
 TEST_F(WorkingGridBoxTest, HasAsManyColumnsAsTheGrid)
@@ -138,6 +202,15 @@ TEST_F(WorkingGridBoxTest, TheCaretIsABlockOnItsCellWhileTheBoxHasTheFocus)
     }
     Box.clearFocus();
     EXPECT_FALSE(hasInk(66, block));
+}
+
+TEST_F(WorkingGridBoxTest, TheCharacterUnderTheCaretCanBeRead)
+{
+    Grid.MoveCaretTo(2);
+    Box.ShowGrid();
+    EXPECT_TRUE(hasInk(2, Box.palette().color(QPalette::HighlightedText)));
+    Box.clearFocus();
+    EXPECT_TRUE(hasInk(2, Box.palette().color(QPalette::Text)));
 }
 
 TEST_F(WorkingGridBoxTest, ShowsHowMuchIsScrolledAwayByAMarkAtTheRight)
