@@ -3,8 +3,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextEdit>
 #include <QWindow>
 
 #include <stdexcept>
@@ -58,6 +61,21 @@ QObject& Find(const QWidget& window, const QString& name, const QMetaObject& typ
     }
     ADD_FAILURE() << "no " << type.className() << " named " << name.toStdString();
     throw std::logic_error("no such control");
+}
+
+QString TextOf(const QWidget& control)
+{
+    if (const auto* box = qobject_cast<const QLineEdit*>(&control)) {
+        return box->text();
+    }
+    if (const auto* box = qobject_cast<const QTextEdit*>(&control)) {
+        return box->toPlainText();
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
+        return button->text();
+    }
+    const auto* label = qobject_cast<const QLabel*>(&control);
+    return label != nullptr ? label->text() : QString();
 }
 
 void Click(const QWidget& window, const QString& controlName)

@@ -25,6 +25,9 @@ Control& Find(const QWidget& window, const QString& name)
     return static_cast<Control&>(Find(window, name, Control::staticMetaObject));
 }
 
+// The text that a control shows, a box, a text area, a button or a label; empty for any other.
+QString TextOf(const QWidget& control);
+
 // Clicks, or double-clicks, the middle of a control with the left button.
 void Click(const QWidget& window, const QString& controlName);
 void DoubleClick(const QWidget& window, const QString& controlName);

@@ -2,14 +2,13 @@
 
 #include "common/screen/CommandButton.h"
 #include "common/screen/TextBox.h"
+#include "tests/support/Driver.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTextEdit>
 
 #include <algorithm>
 #include <cmath>
@@ -28,21 +27,6 @@ TwipsLayout* areaOf(const QWidget& control)
 bool isTabStop(const QWidget& control)
 {
     return (control.focusPolicy() & Qt::TabFocus) != 0;
-}
-
-QString textOf(const QWidget& control)
-{
-    if (const auto* box = qobject_cast<const QLineEdit*>(&control)) {
-        return box->text();
-    }
-    if (const auto* box = qobject_cast<const QTextEdit*>(&control)) {
-        return box->toPlainText();
-    }
-    if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
-        return button->text();
-    }
-    const auto* label = qobject_cast<const QLabel*>(&control);
-    return label != nullptr ? label->text() : QString();
 }
 
 std::vector<QWidget*> controlsOf(const FormWindow& form)
@@ -71,7 +55,7 @@ void expectPlace(const QWidget& control, TwipsRect place)
 
 void expectControl(const QWidget& control, const ControlRow& row)
 {
-    EXPECT_EQ(textOf(control).toStdString(), row.Text);
+    EXPECT_EQ(TextOf(control).toStdString(), row.Text);
     expectPlace(control, row.Place);
 
     const FontSpec font = areaOf(control)->FontOf(&control);

@@ -11,13 +11,11 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
-#include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
 
@@ -70,12 +68,7 @@ protected:
         }
     }
 
-    static QString textOf(const char* boxName)
-    {
-        const auto& box = Find<QWidget>(activity(), QString::fromUtf8(boxName));
-        const auto* area = qobject_cast<const QTextEdit*>(&box);
-        return area == nullptr ? dynamic_cast<const QLineEdit&>(box).text() : area->toPlainText();
-    }
+    static QString textOf(const char* boxName) { return TextOf(Find<QWidget>(activity(), QString::fromUtf8(boxName))); }
 
     static Decimal numberIn(const char* boxName) { return ReadDecimal(textOf(boxName)); }
 
