@@ -526,6 +526,14 @@ TEST_F(DLGProductosTest, AddsNothingWhenAQuestionIsLeftEmptyOrCancelled)
     expectNothingAdded();
 }
 
+TEST_F(DLGProductosTest, TakesBlanksForAnAnswerThatIsNotEmpty)
+{
+    open();
+    add(QStringLiteral(" "), QStringLiteral("3"), QStringLiteral(" "));
+    EXPECT_EQ(lines().size(), 4U);
+    EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "3" }));
+}
+
 TEST_F(DLGProductosTest, AddsNothingForAPriceThatIsNotANumberAboveZero)
 {
     open();
@@ -591,6 +599,18 @@ TEST_F(DLGProductosTest, WritesBoxesBackThatWereTypedIntoAfterAChange)
     typeInto(1, QStringLiteral("Unas botas"));
     clickLine(1);
     EXPECT_EQ(names(), (std::vector<std::string> { "Una barra de pan", "Una trucha", "Unas botas" }));
+}
+
+TEST_F(DLGProductosTest, ChangesTheProductAsItIsWhateverIsTypedInTheBoxes)
+{
+    open();
+    clickLine(0);
+    typeInto(0, QStringLiteral("Papeleria"));
+    typeInto(1, QStringLiteral("Un tebeo"));
+    typeInto(2, QStringLiteral("3"));
+    change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QString());
+    EXPECT_EQ(lines().front(), "Kiosko            Un periódico                   2€");
+    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "2" }));
 }
 
 TEST_F(DLGProductosTest, ChangesAPriceThatIsAcceptedAsItIsShownToItsWholeEuros)
@@ -671,6 +691,13 @@ TEST_F(DLGProductosTest, ForgetsWhatWasTypedWhenItDeletes)
     Click(form(), QStringLiteral("CBElim"));
     EXPECT_EQ(names(), (std::vector<std::string> { "Una barra de pan", "Una trucha" }));
     EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "0,85" }));
+
+    open({ newspaper });
+    clickLine(0);
+    typeInto(1, QStringLiteral("Un tebeo"));
+    Click(form(), QStringLiteral("CBElim"));
+    EXPECT_EQ(names(), std::vector<std::string> { "Un periódico" });
+    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "0" }));
 }
 
 TEST_F(DLGProductosTest, DeletesOneLineAfterTheOther)

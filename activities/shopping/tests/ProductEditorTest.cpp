@@ -45,6 +45,7 @@ TEST(CatalogueLine, ShowsShopNameAndPriceInColumns)
             "Supermercado y másUna caja de lápices de colores 1234,5€" },
         { ProductOf("Un nombre de producto que no cabe en la línea", "Un nombre de tienda muy largo", 0.1F),
             "Un nombre de tiendUn nombre de producto que no c 0,1€" },
+        { ProductOf("  Un tebeo", " Kiosko"), " Kiosko             Un tebeo                     1€" },
         { ProductOf("", "", -1), "                                                 -1€" },
         { Product(), "                                                 0€" },
         { ProductOf("a\tb\nc\rd\u00ADe", "x\ty"), "x y               a b c d e                      1€" },
