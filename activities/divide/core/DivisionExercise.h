@@ -13,8 +13,7 @@ namespace numbrela {
 
 // What became of an answer.
 struct DivisionVerdict {
-    std::string
-        Refusal; // what to tell the pupil instead of judging; empty: the answer was judged, and is to be counted
+    std::string Refusal; // what to tell the pupil instead; empty: the answer was judged, and is to be counted
     bool Right = false;
     std::string Text; // for the verdict box
 };
