@@ -81,7 +81,7 @@ std::string lackOfList(const QAbstractItemView& list)
 {
     for (int row = 0; row < list.model()->rowCount(); ++row) {
         const QModelIndex index = list.model()->index(row, 0);
-        const std::string missing
+        std::string missing
             = lack(index.data().toString(), list.sizeHintForIndex(index), list.visualRect(index).size());
         if (!missing.empty()) {
             return missing;
@@ -98,7 +98,7 @@ std::string lackOfCells(const QWidget& control)
     QAccessibleTextInterface* text = spoken == nullptr ? nullptr : spoken->textInterface();
     for (int place = 0; text != nullptr && place < text->characterCount(); ++place) {
         const QString character = text->text(place, place + 1);
-        const std::string missing = character == u'\n' || character == u' '
+        std::string missing = character == u'\n' || character == u' '
             ? std::string()
             : lack(character, control.fontMetrics().tightBoundingRect(character).size(),
                 text->characterRect(place).size());

@@ -420,7 +420,8 @@ TEST(PowersOfTen, NoNumberHoldsAProductTooLarge)
         SCOPED_TRACE(std::string(typed) + " as factor " + std::to_string(factor));
         ScriptedRandom random = drawsOf(57, 1, 2, sign);
         PowersOfTen exercise = drawn(random);
-        EXPECT_EQ(KindThrownBy([&] { enter(exercise, factor, typed); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(KindThrownBy([&, factor = factor, typed = typed] { enter(exercise, factor, typed); }),
+            RunTimeError::Kind::Overflow);
     }
 }
 

@@ -737,8 +737,8 @@ TEST_F(DLGProductosTest, ScrollsToTheLineThatItSelects)
     }
     open(table);
     const auto isSeen = [this](int line) {
-        const QRect line_ = form().List1->visualRect(form().List1->model()->index(line, 0));
-        return form().List1->viewport()->rect().contains(line_.center());
+        const QRect place = form().List1->visualRect(form().List1->model()->index(line, 0));
+        return form().List1->viewport()->rect().contains(place.center());
     };
     EXPECT_FALSE(isSeen(250));
     add(QStringLiteral("Producto 1250b"), QStringLiteral("1"), QStringLiteral("Kiosko"));
