@@ -192,13 +192,14 @@ private:
         blank_ = true;
     }
 
-    // What is typed is a number by its whole part, and as wide as its characters.
+    // What is typed is a number by its whole part, and as wide as its characters. A dividend of 0.9 is 0, a divisor is
+    // none.
     void enterDividend(const std::string& typed)
     {
         const double before = exercise_.Dividend;
         bool taken = false;
         const auto kind = KindThrownBy([&] { taken = exercise_.EnterDividend(typed); });
-        checkEntry(typed, kind, taken, exercise_.Dividend, before, true);
+        checkEntry(typed, NumberAtTheStart(typed) != 0, kind, taken, exercise_.Dividend, before, mostDigits);
         if (taken) {
             drawn_ = false;
             checkCleanSheet();
@@ -211,18 +212,16 @@ private:
         const double before = exercise_.Divisor;
         bool taken = false;
         const auto kind = KindThrownBy([&] { taken = exercise_.EnterDivisor(typed); });
-        checkEntry(typed, kind, taken, exercise_.Divisor, before, false);
+        checkEntry(typed, std::trunc(NumberAtTheStart(typed)) != 0, kind, taken, exercise_.Divisor, before, INT16_MAX);
     }
 
-    static void checkEntry(const std::string& typed, std::optional<RunTimeError::Kind> kind, bool taken, double number,
-        double before, bool hasToFitTheGrid)
+    static void checkEntry(const std::string& typed, bool counts, std::optional<RunTimeError::Kind> kind, bool taken,
+        double number, double before, std::size_t mostCharacters)
     {
         const double value = std::trunc(NumberAtTheStart(typed));
-        const std::size_t characters = CharactersIn(Trimmed(typed));
-        const bool tooLarge = value != 0
-            && (std::isinf(value) || characters > static_cast<std::size_t>(hasToFitTheGrid ? mostDigits : INT16_MAX));
+        const bool tooLarge = counts && (std::isinf(value) || CharactersIn(Trimmed(typed)) > mostCharacters);
         EXPECT_EQ(kind, tooLarge ? std::optional(RunTimeError::Kind::Overflow) : std::nullopt);
-        EXPECT_EQ(taken, value != 0 && !tooLarge);
+        EXPECT_EQ(taken, counts && !tooLarge);
         EXPECT_EQ(number, taken ? value : before);
     }
 
