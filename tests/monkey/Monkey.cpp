@@ -147,6 +147,7 @@ void Monkey::letTimersFire(int longest)
 
 void Monkey::windDown()
 {
+    noteEnd(); // what is closed here may end the program too, as a number that is not typed does
     if (QWidget* popup = QApplication::activePopupWidget()) {
         popup->close();
     } else if (busyLevel_ > 1 && QApplication::activeModalWidget() != nullptr) {
