@@ -59,8 +59,10 @@ bool Keeper::Run()
         }
     }
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    std::printf("%-12s %lld events, %d openings, %.0f s\n", order_.Window.Window,
-        static_cast<long long>(progress_->Event.load()), progress_->Openings.load(), seconds);
+    std::printf("%-12s %lld events, %lld more elsewhere, %d openings, %.0f s\n", order_.Window.Window,
+        static_cast<long long>(progress_->EventsThere.load()),
+        static_cast<long long>(progress_->Event.load() - progress_->EventsThere.load()), progress_->Openings.load(),
+        seconds);
     for (const auto& [cause, count] : ends_) {
         std::printf("             ended %d times by %s\n", count, cause.c_str());
     }

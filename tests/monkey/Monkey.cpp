@@ -118,7 +118,7 @@ void Monkey::timerEvent(QTimerEvent* /*event*/)
     }
     const QScopedValueRollback<int> busy(busyLevel_, level);
     Program::Settle();
-    if (progress_.Event < order_.Events) {
+    if (progress_.EventsThere < order_.Events) {
         step();
         drawBreath();
     } else {
@@ -147,6 +147,7 @@ void Monkey::letTimersFire(int longest)
 
 void Monkey::windDown()
 {
+    noteEnd(); // what is closed here may end the program too, as a number that is not typed does
     if (QWidget* popup = QApplication::activePopupWidget()) {
         popup->close();
     } else if (busyLevel_ > 1 && QApplication::activeModalWidget() != nullptr) {
@@ -168,9 +169,25 @@ void Monkey::say(const QString& what) const
     }
 }
 
+// The window of the program's that is in front, behind whatever box or menu it has open. The dialog of the times tables
+// was made before a window that it stands over.
+QString Monkey::nameOfFront()
+{
+    if (Dialog::Instance().isVisible()) {
+        return Dialog::Instance().objectName();
+    }
+    QString name;
+    for (const QWidget* window : Program::Windows()) {
+        if (dynamic_cast<const FormWindow*>(window) != nullptr) {
+            name = window->objectName();
+        }
+    }
+    return name;
+}
+
 bool Monkey::isWantedThere() const
 {
-    return Program::Window(QString::fromLatin1(order_.Window.Window)) != nullptr;
+    return nameOfFront() == QLatin1String(order_.Window.Window);
 }
 
 template <typename Box>
@@ -253,8 +270,15 @@ void Monkey::step()
         { 10, "close", &Monkey::closeWindow },
     } };
     constexpr int comeBack = 20; // times out of a hundred
+    constexpr int mostAway = 100; // events away from the window for each one at it
 
     ++progress_.Event;
+    if (isWantedThere()) {
+        ++progress_.EventsThere;
+    } else if (progress_.Event > mostAway + mostAway * progress_.EventsThere) {
+        std::fprintf(stderr, "the window is hardly ever there\n");
+        std::abort();
+    }
     chance_ = Chance(order_.Seed, order_.Window.Window, progress_.Event);
     if (order_.Log) {
         const QWidget* front = Hands::Front();
@@ -312,11 +336,7 @@ void Monkey::noteEnd()
     const auto* box = frontBox<QMessageBox>();
     ProgramEnd end = box == nullptr ? ProgramEnd() : EndToldIn(box->text().toStdString());
     if (!end.Kind.empty()) {
-        for (const QWidget* window : Program::Windows()) {
-            if (dynamic_cast<const FormWindow*>(window) != nullptr) {
-                end.Window = window->objectName().toStdString();
-            }
-        }
+        end.Window = nameOfFront().toStdString();
         write(progress_.EndWindow, end.Window);
         write(progress_.EndKind, end.Kind);
         write(progress_.EndDetail, end.Detail);

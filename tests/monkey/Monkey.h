@@ -47,6 +47,7 @@ private:
     template <typename Acts>
     void doOneOf(const Acts& acts);
     void say(const QString& what) const;
+    static QString nameOfFront();
     bool isWantedThere() const;
     QWidget* anyControl();
     QPoint anyPlaceIn(const QWidget& widget);

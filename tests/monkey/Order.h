@@ -8,7 +8,7 @@
 
 namespace numbrela::testing {
 
-// What the monkey is to do: so many events, all drawn from one seed, with one window.
+// What the monkey is to do: so many events at one window, all drawn from one seed.
 struct Order {
     std::int64_t Seed = 1;
     std::int64_t Events = 2000;
@@ -20,7 +20,8 @@ struct Order {
 // known also when the monkey's has crashed.
 struct Progress {
     std::atomic<std::int64_t> Event; // number of the present event, from 1 on
-    std::atomic<int> Openings; // of the window
+    std::atomic<std::int64_t> EventsThere; // that happened while the window was in front, or a box or menu of its own
+    std::atomic<int> Openings; // of the window; for the menu, which stays, how often the monkey came back to it
     std::array<char, 64> EndWindow; // how the program ended, when it did: see ProgramEnd
     std::array<char, 64> EndKind;
     std::array<char, 512> EndDetail;

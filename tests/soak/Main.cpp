@@ -33,11 +33,13 @@ struct Order {
     bool Memory = false; // whether the memory is measured, which makes sense without sanitizers alone
 };
 
+constexpr long mostDrift = 1024; // KiB
+
 // Does the same thing many times, after some times that make everything that the toolkit makes once and keeps, and says
-// what has grown. Whether nothing has.
-bool isSteady(const std::string& what, std::int64_t times, const Order& order, const std::function<void(int)>& doOnce)
+// what has grown. Whether nothing has; what the memory has grown by is added to that of all.
+bool isSteady(const std::string& what, std::int64_t times, const Order& order, long& driftOfAll,
+    const std::function<void(int)>& doOnce)
 {
-    constexpr long mostDrift = 1024; // KiB
     const std::int64_t warmUp = std::max<std::int64_t>(times / 10, 10);
     int number = 0;
     while (number < warmUp) {
@@ -49,6 +51,7 @@ bool isSteady(const std::string& what, std::int64_t times, const Order& order, c
         doOnce(number++);
     }
     const long drift = order.Memory ? ResidentMemory() - memoryBefore : 0;
+    driftOfAll += drift;
     const std::string left = Growth(before, LiveObjects::Everything());
 
     std::printf("%-24s %6lld times", what.c_str(), static_cast<long long>(times));
@@ -103,17 +106,21 @@ void practise(Program& program, const Practice& practice, int number)
 bool soak(Program& program, const Order& order)
 {
     bool steady = true;
+    long drift = 0; // a little in each is too much in all
     for (const Route& route : routes) {
-        steady &= isSteady("open " + std::string(route.Window), order.Openings, order,
+        steady &= isSteady("open " + std::string(route.Window), order.Openings, order, drift,
             [&](int number) { openAndClose(program, route, number); });
     }
     for (const Practice& practice : practices) {
         steady &= isSteady("exercise " + std::string(practice.Window),
-            order.Exercises / static_cast<std::int64_t>(practices.size()), order,
+            order.Exercises / static_cast<std::int64_t>(practices.size()), order, drift,
             [&](int number) { practise(program, practice, number); });
         program.CloseAll();
     }
-    return steady;
+    if (order.Memory) {
+        std::printf("%-39s%+6ld KiB%s\n", "all together", drift, drift < mostDrift ? "" : " TOO MUCH");
+    }
+    return steady && drift < mostDrift;
 }
 
 int usage()
