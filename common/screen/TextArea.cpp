@@ -1,5 +1,6 @@
 #include "common/screen/TextArea.h"
 
+#include <QEvent>
 #include <QTextCursor>
 #include <QWheelEvent>
 
@@ -13,12 +14,32 @@ TextArea::TextArea(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
+void TextArea::SetText(const std::string& text)
+{
+    setPlainText(QString::fromStdString(text));
+    LayOutText();
+}
+
 void TextArea::SelectWholeText()
 {
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.movePosition(QTextCursor::Start, QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+void TextArea::resizeEvent(QResizeEvent* event)
+{
+    QTextEdit::resizeEvent(event);
+    LayOutText();
+}
+
+void TextArea::changeEvent(QEvent* event)
+{
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        LayOutText();
+    }
 }
 
 // The toolkit would make the font another one; it goes with the size of the window alone.

@@ -13,12 +13,17 @@ public:
 
     // The text as UTF-8, lines separated by "\n". Writing it removes any selection.
     std::string Text() const { return toPlainText().toStdString(); }
-    void SetText(const std::string& text) { setPlainText(QString::fromStdString(text)); }
+    void SetText(const std::string& text);
 
     // Highlights the whole text, of which the beginning is in view.
     void SelectWholeText();
 
 protected:
+    // Lays the text out whenever it, the room for it or the font of the box has changed.
+    virtual void LayOutText() { }
+
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 

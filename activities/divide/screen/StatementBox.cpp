@@ -1,6 +1,5 @@
 #include "activities/divide/screen/StatementBox.h"
 
-#include <QEvent>
 #include <QTextDocument>
 #include <QTextFrame>
 
@@ -19,33 +18,13 @@ StatementBox::StatementBox(QWidget* parent)
     document()->setDefaultTextOption(centred);
 }
 
-void StatementBox::SetText(const std::string& text)
-{
-    TextArea::SetText(text);
-    fitText();
-}
-
 int StatementBox::WrittenPixelSize() const
 {
     return document()->defaultFont().pixelSize();
 }
 
-void StatementBox::resizeEvent(QResizeEvent* event)
-{
-    TextArea::resizeEvent(event);
-    fitText();
-}
-
-void StatementBox::changeEvent(QEvent* event)
-{
-    TextArea::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
-        fitText();
-    }
-}
-
 // The font of the box stays what its window gave it: only that of the text in it changes.
-void StatementBox::fitText()
+void StatementBox::LayOutText()
 {
     constexpr double smallestShare = 0.85; // 11 pixels of 13
     const int smallest = static_cast<int>(std::lround(font().pixelSize() * smallestShare));

@@ -10,17 +10,13 @@ class StatementBox : public TextArea {
 public:
     explicit StatementBox(QWidget* parent = nullptr);
 
-    void SetText(const std::string& text);
-
     // How large it writes at present, in pixels.
     int WrittenPixelSize() const;
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    void LayOutText() override;
 
 private:
-    void fitText();
     void setRoomAbove(int pixels);
 };
 

@@ -116,11 +116,6 @@ Multiplication::Verdict Multiplication::Judge(std::string_view result, std::stri
     return { false, shownVerdict == "resultado incorrecto" ? " resultado incorrecto" : "resultado incorrecto" };
 }
 
-std::string Multiplication::Count(const Verdict& verdict)
-{
-    return Score.Count(verdict.Right);
-}
-
 Multiplication::WorkedSolution Multiplication::ShowSolution()
 {
     const std::string factor1 = DigitsOnly(Factor1Text());

@@ -78,9 +78,6 @@ public:
     // Throws RunTimeError::Overflow when a double cannot hold the result.
     Verdict Judge(std::string_view result, std::string_view shownVerdict) const;
 
-    // Counts a judged result and returns the score line. Throws as Score::Count() does, with nothing counted then.
-    std::string Count(const Verdict& verdict);
-
     // The solution. From here on the exercise is not scored. All its digits are exact, also where a double would round
     // them. With HideZeros a zero is looked for in the second factor with its comma, yet the row's digit is taken from
     // the one without: the comma counts as a zero, and left of it the looks go one place too far. So it is meant to be.

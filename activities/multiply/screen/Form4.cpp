@@ -249,7 +249,7 @@ void Form4::Command1_Click()
         Text1->SetText(verdict.Text);
         QWidget* next = verdict.Right ? static_cast<QWidget*>(Buttons.Command2[0]) : TbParcial[0];
         next->setFocus();
-        tbResultados->SetText(exercise_.Count(verdict));
+        tbResultados->SetText(exercise_.Score.Count(verdict.Right));
     } catch (const RunTimeError&) {
         ShowMessage(this, "el dato introducido  no es válido");
         TbResultado->setFocus();

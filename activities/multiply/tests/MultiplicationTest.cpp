@@ -179,34 +179,6 @@ TEST(Multiplication, AResultThatADoubleCannotHoldCannotBeJudged)
     EXPECT_EQ(typed.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
 }
 
-// --------------------------------------------------------------------------------------------------------- counting
-
-TEST(Multiplication, ThreeWrongChecksCountThreeAndARightOneThenOnce)
-{
-    TypedExercise typed("7", "3");
-    Multiplication& exercise = typed.Exercise;
-    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  1; Errores:  1");
-    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  2; Errores:  2");
-    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  3; Errores:  3");
-    EXPECT_TRUE(exercise.Score.Scorable);
-    EXPECT_EQ(exercise.Count({ true, "" }), "Ejercicios:  4; Errores:  3");
-    EXPECT_FALSE(exercise.Score.Scorable);
-    EXPECT_EQ(exercise.Count({ true, "" }), "Ejercicios:  4; Errores:  3");
-    EXPECT_EQ(exercise.Count({ false, "" }), "Ejercicios:  4; Errores:  3");
-}
-
-TEST(Multiplication, ACountThatTheScoreLineHasNoRoomForIsNotCounted)
-{
-    for (const bool right : { true, false }) {
-        TypedExercise typed("7", "3");
-        typed.Exercise.Score.ExerciseCount = 999;
-        typed.Exercise.Score.ErrorCount = 12;
-        EXPECT_EQ(KindThrownBy([&] { typed.Exercise.Count({ right, "" }); }), RunTimeError::Kind::InvalidArgument);
-        EXPECT_EQ(typed.Exercise.Score.Line(), "Ejercicios:999; Errores: 12");
-        EXPECT_TRUE(typed.Exercise.Score.Scorable);
-    }
-}
-
 TEST(Multiplication, NeitherJudgingNorRowsCount)
 {
     TypedExercise typed("7", "3");
@@ -370,21 +342,20 @@ TEST(Multiplication, TheNextDrawKeepsToWhatTheOptionsOffer)
     for (const auto& [typed, digits, decimals] : cases) {
         SCOPED_TRACE(typed);
         SeededRandom random(4);
-        Multiplication first(random);
-        EXPECT_TRUE(first.EnterFactor2("0").Accepted);
-        EXPECT_TRUE(first.EnterFactor1(typed).Accepted);
-        first.NewMultiplication();
-        EXPECT_EQ(first.Digits1, digits);
-        EXPECT_EQ(first.Decimals1, decimals);
-        expectPlaces(first.Factor1Text(), digits, decimals);
+        Multiplication exercise(random);
+        EXPECT_TRUE(exercise.EnterFactor2("0").Accepted);
+        EXPECT_TRUE(exercise.EnterFactor1(typed).Accepted);
+        exercise.NewMultiplication();
+        EXPECT_EQ(exercise.Digits1, digits);
+        EXPECT_EQ(exercise.Decimals1, decimals);
+        expectPlaces(exercise.Factor1Text(), digits, decimals);
 
-        Multiplication second(random);
-        EXPECT_TRUE(second.EnterFactor1("0").Accepted);
-        EXPECT_TRUE(second.EnterFactor2(typed).Accepted);
-        second.NewMultiplication();
-        EXPECT_EQ(second.Digits2, digits);
-        EXPECT_EQ(second.Decimals2, decimals);
-        expectPlaces(second.Factor2Text(), digits, decimals);
+        EXPECT_TRUE(exercise.EnterFactor1("0").Accepted);
+        EXPECT_TRUE(exercise.EnterFactor2(typed).Accepted);
+        exercise.NewMultiplication();
+        EXPECT_EQ(exercise.Digits2, digits);
+        EXPECT_EQ(exercise.Decimals2, decimals);
+        expectPlaces(exercise.Factor2Text(), digits, decimals);
     }
 }
 

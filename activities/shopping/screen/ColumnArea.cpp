@@ -1,6 +1,5 @@
 #include "activities/shopping/screen/ColumnArea.h"
 
-#include <QEvent>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -14,27 +13,7 @@ ColumnArea::ColumnArea(QWidget* parent)
     document()->setDocumentMargin(0);
 }
 
-void ColumnArea::SetText(const std::string& text)
-{
-    TextArea::SetText(text);
-    layOutRows();
-}
-
-void ColumnArea::resizeEvent(QResizeEvent* event)
-{
-    TextArea::resizeEvent(event);
-    layOutRows();
-}
-
-void ColumnArea::changeEvent(QEvent* event)
-{
-    TextArea::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
-        layOutRows();
-    }
-}
-
-void ColumnArea::layOutRows()
+void ColumnArea::LayOutText()
 {
     constexpr int besideTheDigits = 5; // as far from the edge as a line edit keeps its text
     QTextBlockFormat row;

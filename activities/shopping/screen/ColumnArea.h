@@ -9,14 +9,8 @@ class ColumnArea : public TextArea {
 public:
     explicit ColumnArea(QWidget* parent = nullptr);
 
-    void SetText(const std::string& text);
-
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
-
-private:
-    void layOutRows();
+    void LayOutText() override;
 };
 
 } // namespace numbrela

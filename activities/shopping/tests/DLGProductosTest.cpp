@@ -105,6 +105,13 @@ protected:
         Type(text);
     }
 
+    void typeProduct(const QString& shop, const QString& name, const QString& price) const
+    {
+        typeInto(0, shop);
+        typeInto(1, name);
+        typeInto(2, price);
+    }
+
     static void expectAdded(const QString& name, const QString& price, const QString& shop)
     {
         ExpectInput(adding, namePrompt, name);
@@ -350,9 +357,7 @@ TEST_F(DLGProductosTest, WritesTheBoxesBackWhenAnotherLineIsClickedAndDoesNotSor
 {
     open();
     clickLine(0);
-    typeInto(0, QStringLiteral("Zapateria"));
-    typeInto(1, QStringLiteral("  Unas botas "));
-    typeInto(2, QStringLiteral("59,9"));
+    typeProduct(QStringLiteral("Zapateria"), QStringLiteral("  Unas botas "), QStringLiteral("59,9"));
     EXPECT_EQ(names().front(), "Un periódico");
     clickLine(2);
     EXPECT_EQ(lines(),
@@ -605,9 +610,7 @@ TEST_F(DLGProductosTest, ChangesTheProductAsItIsWhateverIsTypedInTheBoxes)
 {
     open();
     clickLine(0);
-    typeInto(0, QStringLiteral("Papeleria"));
-    typeInto(1, QStringLiteral("Un tebeo"));
-    typeInto(2, QStringLiteral("3"));
+    typeProduct(QStringLiteral("Papeleria"), QStringLiteral("Un tebeo"), QStringLiteral("3"));
     change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QString());
     EXPECT_EQ(lines().front(), "Kiosko            Un periódico                   2€");
     EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "2" }));
