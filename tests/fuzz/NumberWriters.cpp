@@ -13,8 +13,8 @@
 #include <cstdint>
 #include <string>
 
-// Numbers, given to everything that writes one. The first byte tells what follows: "d" a double, "f" a single, anything
-// else a whole number with so many decimals, as exercises have them.
+// Numbers, given to everything that writes one. The first byte tells what follows: "d" a double, "f" a single, "s"
+// seconds, anything else a whole number with so many decimals, as exercises have them.
 namespace numbrela::testing {
 
 namespace {
@@ -124,14 +124,38 @@ void checkSingle(float value)
         EXPECT_EQ(KindThrownBy([&] { PlainDecimalText(value); }), RunTimeError::Kind::Overflow);
         EXPECT_EQ(KindThrownBy([&] { PriceText(value); }), RunTimeError::Kind::Overflow);
         EXPECT_EQ(KindThrownBy([&] { RemainderText(value); }), RunTimeError::Kind::Overflow);
+        if (value > 0) {
+            EXPECT_EQ(PlainPriceText(value), "infinito");
+        }
         return;
     }
     const std::string plain = PlainDecimalText(value);
     EXPECT_EQ(plain, RoundedText(static_cast<double>(value), significantInSingle));
     checkLooks(plain, significantInSingle);
     EXPECT_EQ(RemainderText(value), plain + " €");
+    EXPECT_EQ(PlainPriceText(value), plain);
     checkPriceText(value);
     checkPurseText(std::fabs(value));
+}
+
+// Minutes and seconds, read back: two digits of seconds, and as many of minutes as there are.
+void checkTimeText(std::int32_t seconds)
+{
+    const std::string text = TimeText(seconds);
+    if (seconds < 1) {
+        EXPECT_EQ(text, "") << seconds;
+        return;
+    }
+    const std::string separator = " : ";
+    ASSERT_GT(text.size(), separator.size() + 2) << text;
+    const std::size_t minuteDigits = text.size() - separator.size() - 2;
+    EXPECT_EQ(text.substr(minuteDigits, separator.size()), separator) << text;
+    const std::string minutes = text.substr(0, minuteDigits);
+    const std::string rest = text.substr(minuteDigits + separator.size());
+    EXPECT_EQ((minutes + rest).find_first_not_of("0123456789"), std::string::npos) << text;
+    EXPECT_TRUE(minutes == "0" || minutes.front() != '0') << text;
+    EXPECT_LT(rest, "60") << text;
+    EXPECT_EQ(std::stoll(minutes) * 60 + std::stoll(rest), seconds) << text;
 }
 
 // A whole number of up to 15 digits with a comma is written just as it is, and comes back as the very same number.
@@ -162,6 +186,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         break;
     case 'f':
         checkSingle(input.TakeNumber<float>());
+        break;
+    case 's':
+        checkTimeText(input.TakeNumber<std::int32_t>());
         break;
     default:
         checkDecimal(input.TakeNumber<std::int64_t>(), static_cast<int>(what) % decimalsThatADoubleScalesExactly);
