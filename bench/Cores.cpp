@@ -4,17 +4,35 @@
 #include "activities/multiply/core/Multiplication.h"
 #include "activities/placeadd/core/PlaceAndAdd.h"
 #include "activities/powers10/core/PowersOfTen.h"
+#include "bench/Bench.h"
 
 #include <benchmark/benchmark.h>
 
-// Prints how long the activities take to draw an exercise with the options that they begin with, and to work out its
-// solution.
+#include <array>
+#include <random>
+#include <string>
 
-namespace numbrela {
+// Prints how long the activities take to draw an exercise with the options that they begin with, and to work out its
+// solution, beside drawing two numbers and writing their sum with the standard library.
+// Options of the benchmark library go to it: build/release/bench/bench_cores --benchmark_filter=Divisiones
+
+namespace numbrela::bench {
 
 namespace {
 
-void DrawAndSolveSum(benchmark::State& state)
+void drawAndAddPlainly(benchmark::State& state)
+{
+    std::mt19937 random(1);
+    std::uniform_int_distribution<int> threeDigits(100, 999);
+    for (auto _ : state) {
+        const std::array<int, 2> addends { threeDigits(random), threeDigits(random) };
+        benchmark::DoNotOptimize(std::to_string(addends[0]));
+        benchmark::DoNotOptimize(std::to_string(addends[1]));
+        benchmark::DoNotOptimize(std::to_string(addends[0] + addends[1]));
+    }
+}
+
+void drawAndSolveSum(benchmark::State& state)
 {
     SeededRandom random(1);
     ColumnExercise exercise(Operation::Addition, random);
@@ -23,9 +41,18 @@ void DrawAndSolveSum(benchmark::State& state)
         benchmark::DoNotOptimize(exercise.ShowSolution());
     }
 }
-BENCHMARK(DrawAndSolveSum);
 
-void DrawAndSolveMultiplication(benchmark::State& state)
+void drawAndSolveDifference(benchmark::State& state)
+{
+    SeededRandom random(1);
+    ColumnExercise exercise(Operation::Subtraction, random);
+    for (auto _ : state) {
+        exercise.Generate();
+        benchmark::DoNotOptimize(exercise.ShowSolution());
+    }
+}
+
+void drawAndSolveMultiplication(benchmark::State& state)
 {
     SeededRandom random(1);
     Multiplication exercise(random);
@@ -34,9 +61,8 @@ void DrawAndSolveMultiplication(benchmark::State& state)
         benchmark::DoNotOptimize(exercise.ShowSolution());
     }
 }
-BENCHMARK(DrawAndSolveMultiplication);
 
-void DrawAndSolveDivision(benchmark::State& state)
+void drawAndSolveDivision(benchmark::State& state)
 {
     SeededRandom random(1);
     bool commaShift = false;
@@ -46,9 +72,8 @@ void DrawAndSolveDivision(benchmark::State& state)
         benchmark::DoNotOptimize(exercise.ShowDivisionSolution());
     }
 }
-BENCHMARK(DrawAndSolveDivision);
 
-void DrawComparison(benchmark::State& state)
+void drawComparison(benchmark::State& state)
 {
     SeededRandom random(1);
     Comparison exercise(random);
@@ -57,9 +82,8 @@ void DrawComparison(benchmark::State& state)
         benchmark::DoNotOptimize(exercise.Captions);
     }
 }
-BENCHMARK(DrawComparison);
 
-void DrawAndSolvePowerOfTen(benchmark::State& state)
+void drawAndSolvePowerOfTen(benchmark::State& state)
 {
     SeededRandom random(1);
     PowersOfTen exercise(random);
@@ -68,9 +92,8 @@ void DrawAndSolvePowerOfTen(benchmark::State& state)
         benchmark::DoNotOptimize(exercise.Solution());
     }
 }
-BENCHMARK(DrawAndSolvePowerOfTen);
 
-void DrawAndSolvePlaceAndAdd(benchmark::State& state)
+void drawAndSolvePlaceAndAdd(benchmark::State& state)
 {
     SeededRandom random(1);
     PlaceAndAdd exercise(random);
@@ -79,10 +102,56 @@ void DrawAndSolvePlaceAndAdd(benchmark::State& state)
         benchmark::DoNotOptimize(exercise.Solution());
     }
 }
-BENCHMARK(DrawAndSolvePlaceAndAdd);
+
+// Each run as a line of the table. The plain one comes first, and the others stand beside it.
+class TableReporter : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context& /*machine*/) override { return true; }
+
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs) {
+            const double microseconds = run.GetAdjustedCPUTime();
+            if (run.benchmark_name() == plainName) {
+                plain_ = microseconds;
+            } else {
+                Print({ run.benchmark_name().c_str(), "us", microseconds, plain_ });
+            }
+        }
+    }
+
+    static constexpr const char* plainName = "draw and add plainly";
+
+private:
+    double plain_ = 0;
+};
+
+void registerAll()
+{
+    const auto add = [](const char* name, void (*function)(benchmark::State&)) {
+        benchmark::RegisterBenchmark(name, function)->Unit(benchmark::kMicrosecond);
+    };
+    add(TableReporter::plainName, &drawAndAddPlainly);
+    add("draw and solve Sumas", &drawAndSolveSum);
+    add("draw and solve Restas", &drawAndSolveDifference);
+    add("draw and solve Multiplicaciones", &drawAndSolveMultiplication);
+    add("draw and solve Divisiones", &drawAndSolveDivision);
+    add("draw Mayor y menor", &drawComparison);
+    add("draw and solve Potencias de diez", &drawAndSolvePowerOfTen);
+    add("draw and solve Colocar y sumar", &drawAndSolvePlaceAndAdd);
+}
 
 } // namespace
 
-} // namespace numbrela
+} // namespace numbrela::bench
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return EXIT_FAILURE;
+    }
+    numbrela::bench::registerAll();
+    numbrela::bench::TableReporter table;
+    benchmark::RunSpecifiedBenchmarks(&table);
+}
