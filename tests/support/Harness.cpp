@@ -72,6 +72,7 @@ HeadlessEnvironment::HeadlessEnvironment()
     writeScreen(screenFile);
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screenFile));
     qputenv("XDG_RUNTIME_DIR", runtimeDirectory_.path().toLocal8Bit());
+    qputenv("LC_ALL", "C.UTF-8"); // newer toolkits warn of a language whose texts are not UTF-8
 }
 
 int RunTests(QApplication& /*application*/, int argc, char** argv)
