@@ -15,6 +15,7 @@ function(add_activity name)
   set_property(GLOBAL APPEND PROPERTY ACTIVITY_SCREENS numbrela_${name}_screen)
 
   if(NUMBRELA_TESTS)
+    add_dependencies(core_tests numbrela_${name}_core)
     if(arg_CORE_TESTS)
       add_project_test(numbrela_${name}_core_tests SOURCES ${arg_CORE_TESTS} LIBRARIES numbrela_${name}_core)
     endif()

@@ -114,11 +114,13 @@ private:
         case '^':
         case '_':
             grid().MoveCaretByRows(byte == '^' ? -1 : 1);
-            EXPECT_TRUE(grid().Caret % grid().LineWidth == before % grid().LineWidth || grid().Caret == end());
+            EXPECT_EQ(grid().Caret, movedByRow(before, byte == '^' ? -1 : 1));
             break;
         case '@': {
             const int row = input_.TakeIndex(256);
-            grid().MoveCaretTo(row * grid().LineWidth + input_.TakeIndex(256));
+            const int cell = row * grid().LineWidth + input_.TakeIndex(256);
+            grid().MoveCaretTo(cell);
+            EXPECT_EQ(grid().Caret, std::min(cell, end()));
             break;
         }
         default:
@@ -130,6 +132,14 @@ private:
     {
         const int next = std::min(caret + 1, end());
         return isCommaCell(next) ? std::min(next + 1, end()) : next;
+    }
+
+    // In the same column, and not beyond the first row, the row of the end or the end itself.
+    int movedByRow(int caret, int step)
+    {
+        const int width = grid().LineWidth;
+        const int moved = caret + step * width;
+        return moved < 0 || moved / width > end() / width ? caret : std::min(moved, end());
     }
 
     // One cell changes at most, never one of the dividend's row or of the comma's column.

@@ -3,6 +3,7 @@
 #include "common/core/RunTimeError.h"
 
 #include "tests/fuzz/FuzzInput.h"
+#include "tests/fuzz/TypedNumber.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
 
@@ -10,6 +11,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -133,14 +135,17 @@ private:
     {
         const double before = factor;
         const double productBefore = exercise_.Product;
+        const double other = &factor == &exercise_.Factor1 ? exercise_.Factor2 : exercise_.Factor1;
+        const std::optional<double> number = TypedNumberOnPaper(typed);
         const Multiplication::FactorEntry entry = (exercise_.*enterFactor)(typed);
+        EXPECT_EQ(entry.Accepted, number && std::isfinite(*number) && std::isfinite(*number * other)) << typed;
         EXPECT_EQ(entry.Accepted, entry.Message.empty());
         if (!entry.Accepted) {
             EXPECT_EQ(factor, before);
             EXPECT_EQ(exercise_.Product, productBefore);
             return;
         }
-        EXPECT_EQ(factor, NumberAtTheStart(Replaced(Without(typed, "."), ',', '.')));
+        EXPECT_EQ(factor, number);
         EXPECT_EQ(exercise_.Product, exercise_.Factor1 * exercise_.Factor2);
         EXPECT_TRUE(std::isfinite(exercise_.Product));
         checkPlaces(exercise_.Factor1Text(), exercise_.Digits1, exercise_.Decimals1);
@@ -203,7 +208,8 @@ private:
         EXPECT_LE(digits.size() - first, longest.size()) << result;
         const bool negative = (digits1.front() == '-') != (digits2.front() == '-') && first < digits.size();
         EXPECT_EQ(result.front() == '-', negative) << result;
-        EXPECT_TRUE(digits.size() - first <= static_cast<std::size_t>(decimals) || first == 0) << result;
+        const std::string whole = Without(result.substr(0, comma), ".-");
+        EXPECT_TRUE(whole == "0" || (!whole.empty() && whole.front() != '0')) << result;
     }
 
     // Each row is the product of one digit and the first factor, and a place further to the left than the one above.

@@ -1,6 +1,7 @@
 #include "activities/shopping/core/Money.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
+#include "common/core/Score.h"
 
 #include "tests/fuzz/FuzzInput.h"
 #include "tests/support/KindThrownBy.h"
@@ -12,9 +13,10 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 // Numbers, given to everything that writes one. The first byte tells what follows: "d" a double, "f" a single, "s"
-// seconds, anything else a whole number with so many decimals, as exercises have them.
+// seconds, "c" the counts of a score, anything else a whole number with so many decimals, as exercises have them.
 namespace numbrela::testing {
 
 namespace {
@@ -158,6 +160,25 @@ void checkTimeText(std::int32_t seconds)
     EXPECT_EQ(std::stoll(minutes) * 60 + std::stoll(rest), seconds) << text;
 }
 
+// Both counts right-aligned in three characters, or none where one of them is longer.
+void checkScoreLine(std::int16_t exercises, std::int16_t errors)
+{
+    constexpr std::size_t columnWidth = 3;
+    numbrela::Score score;
+    score.ExerciseCount = exercises;
+    score.ErrorCount = errors;
+    std::string line;
+    for (const auto& [caption, count] : { std::pair("Ejercicios:", exercises), std::pair("; Errores:", errors) }) {
+        const std::string digits = DigitsOf(count);
+        if (digits.size() > columnWidth) {
+            EXPECT_EQ(KindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument) << count;
+            return;
+        }
+        line += caption + std::string(columnWidth - digits.size(), ' ') + digits;
+    }
+    EXPECT_EQ(score.Line(), line);
+}
+
 // A whole number of up to 15 digits with a comma is written just as it is, and comes back as the very same number.
 void checkDecimal(std::int64_t units, int decimals)
 {
@@ -190,6 +211,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     case 's':
         checkTimeText(input.TakeNumber<std::int32_t>());
         break;
+    case 'c': {
+        const auto exercises = input.TakeNumber<std::int16_t>();
+        checkScoreLine(exercises, input.TakeNumber<std::int16_t>());
+        break;
+    }
     default:
         checkDecimal(input.TakeNumber<std::int64_t>(), static_cast<int>(what) % decimalsThatADoubleScalesExactly);
     }

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -17,8 +18,8 @@ void replay(const std::filesystem::path& path)
     std::ifstream file(path, std::ios::binary);
     file.exceptions(std::ios::badbit);
     const std::string bytes { std::istreambuf_iterator<char>(file), {} };
-    // A copy of exactly that size, so that a byte read behind its end is noticed.
-    const std::basic_string<std::uint8_t> input(bytes.begin(), bytes.end());
+    // A copy of exactly that size, without the NUL behind a string, so that a byte read behind its end is noticed.
+    const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
     LLVMFuzzerTestOneInput(input.data(), input.size());
 }
 

@@ -178,16 +178,21 @@ TEST_F(CatalogueFaultTest, SavesWhereAFolderCannotBeBroughtToTheDiskByACall)
     }
 }
 
-TEST_F(CatalogueFaultTest, AFileWhoseClosingIsInterruptedIsClosed)
+// What was interrupted on its way to the disk is brought there again; a file whose closing was interrupted is closed.
+TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedWayToTheDiskOrAnInterruptedClosing)
 {
     putOldFile();
     const std::vector<std::string> calls = callsOfASave();
-    putOldFile();
-    const auto close = std::find(calls.begin(), calls.end(), "close") - calls.begin();
-    ArmFault({ static_cast<int>(close), FaultKind::Fail, EINTR });
-    SaveCatalogue(path_, new_);
-    DisarmFault();
-    EXPECT_TRUE(LoadCatalogue(path_) == new_);
+    for (std::size_t call = 0; call < calls.size(); ++call) {
+        if (calls[call] == "fsync" || calls[call] == "close") {
+            SCOPED_TRACE("call " + std::to_string(call) + ", " + calls[call]);
+            putOldFile();
+            ArmFault({ static_cast<int>(call), FaultKind::Fail, EINTR });
+            SaveCatalogue(path_, new_);
+            EXPECT_EQ(DisarmFault().size(), calls.size() + (calls[call] == "fsync" ? 1 : 0));
+            EXPECT_TRUE(LoadCatalogue(path_) == new_);
+        }
+    }
 }
 
 TEST_F(CatalogueFaultTest, SaysWhyAFileCannotBeRead)
@@ -199,12 +204,12 @@ TEST_F(CatalogueFaultTest, SaysWhyAFileCannotBeRead)
     EXPECT_EQ(said, "No se puede leer el archivo «" + path_.string() + "»: el disco falla.");
 }
 
-TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedRead)
+TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedOrAPartialRead)
 {
     putOldFile();
-    ArmFault({ 0, FaultKind::Fail, EINTR });
+    ArmFault({ 0, FaultKind::Stutter });
     const ProductTable loaded = LoadCatalogue(path_);
-    EXPECT_EQ(DisarmFault().front(), "read");
+    EXPECT_GT(DisarmFault().size(), old_.size() * 154 / 1000);
     EXPECT_TRUE(loaded == old_);
 }
 

@@ -72,15 +72,23 @@ auto pass(const char* name, Real real) -> decltype(real())
     return real();
 }
 
-ssize_t stutter(int file, const void* bytes, size_t count)
+bool stutters()
+{
+    return armed && armed->Kind == FaultKind::Stutter;
+}
+
+// Is interrupted, or passes a few bytes only, in turn.
+template <typename Real>
+ssize_t stutter(const char* name, size_t count, Real real)
 {
     constexpr size_t fewBytes = 1000;
+    calls.emplace_back(name);
     interrupted = !interrupted;
     if (interrupted) {
         errno = EINTR;
         return -1;
     }
-    return __real_write(file, bytes, std::min(count, fewBytes));
+    return real(std::min(count, fewBytes));
 }
 
 } // namespace
@@ -104,14 +112,16 @@ using namespace numbrela::testing;
 
 ssize_t __wrap_read(int file, void* bytes, size_t count)
 {
+    if (stutters()) {
+        return stutter("read", count, [=](size_t few) { return __real_read(file, bytes, few); });
+    }
     return pass("read", [=] { return __real_read(file, bytes, count); });
 }
 
 ssize_t __wrap_write(int file, const void* bytes, size_t count)
 {
-    if (armed && armed->Kind == FaultKind::Stutter) {
-        calls.emplace_back("write");
-        return stutter(file, bytes, count);
+    if (stutters()) {
+        return stutter("write", count, [=](size_t few) { return __real_write(file, bytes, few); });
     }
     if (armed && armed->Kind == FaultKind::KillHalfway && std::cmp_equal(calls.size(), armed->Call)) {
         __real_write(file, bytes, count / 2);

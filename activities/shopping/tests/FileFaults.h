@@ -13,7 +13,7 @@ enum class FaultKind {
     KillHalfway, // it is killed when half of a write is done; at other calls as before them
     KillAfter, // it is killed as the call returns
     Fail, // the call does nothing and fails
-    Stutter, // a write is interrupted once and then takes a few bytes only; other calls are not touched
+    Stutter, // reads and writes are interrupted and pass a few bytes only, in turn; other calls are not touched
 };
 
 struct Fault {
