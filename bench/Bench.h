@@ -1,13 +1,51 @@
 #pragma once
 
+#include "tests/support/Arguments.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
 
 namespace numbrela::bench {
+
+// How often each thing is done that a benchmark measures; 0: as often as gives a steady median. A few rounds show no
+// more than that everything can still be measured.
+inline std::int64_t chosenRounds = 0;
+
+inline int Rounds(int steady)
+{
+    return chosenRounds > 0 ? static_cast<int>(chosenRounds) : steady;
+}
+
+// Takes the one option that a benchmark has, --rounds N. Tells what is wrong with anything else.
+inline bool TakeOptions(int argc, char** argv)
+{
+    for (int place = 1; place < argc; ++place) {
+        if (!testing::TakeNumber(argc, argv, place, { { "--rounds", chosenRounds } })) {
+            std::fprintf(stderr, "Usage: %s [--rounds N]\n", argv[0]);
+            return false;
+        }
+    }
+    return true;
+}
+
+inline bool allMeasured = true;
+
+// For a figure that would not be what its line says: the benchmark goes on, and fails in the end.
+inline void Complain(const char* what)
+{
+    std::printf("%s\n", what);
+    allMeasured = false;
+}
+
+inline int ExitStatus()
+{
+    return allMeasured ? EXIT_SUCCESS : EXIT_FAILURE;
+}
 
 // The middle one of some measurements: a start that some other process happened to disturb leaves it where it is, as it
 // would not a mean.
@@ -39,6 +77,9 @@ struct Row {
 // tools/bench prints the names of the columns.
 inline void Print(const Row& row)
 {
+    if (!(row.Figure > 0)) {
+        Complain("What follows was not measured.");
+    }
     std::printf("%-44s %-3s %9.2f", row.What, row.Unit, row.Figure);
     if (row.Beside > 0) {
         std::printf(" %9.2f %7.2f", row.Beside, row.Figure / row.Beside);

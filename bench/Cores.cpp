@@ -14,7 +14,6 @@
 
 // Prints how long the activities take to draw an exercise with the options that they begin with, and to work out its
 // solution, beside drawing two numbers and writing their sum with the standard library.
-// Options of the benchmark library go to it: build/release/bench/bench_cores --benchmark_filter=Divisiones
 
 namespace numbrela::bench {
 
@@ -112,10 +111,10 @@ public:
     {
         for (const Run& run : runs) {
             const double microseconds = run.GetAdjustedCPUTime();
-            if (run.benchmark_name() == plainName) {
+            if (run.run_name.function_name == plainName) {
                 plain_ = microseconds;
             } else {
-                Print({ run.benchmark_name().c_str(), "us", microseconds, plain_ });
+                Print({ run.run_name.function_name.c_str(), "us", microseconds, plain_ });
             }
         }
     }
@@ -129,7 +128,10 @@ private:
 void registerAll()
 {
     const auto add = [](const char* name, void (*function)(benchmark::State&)) {
-        benchmark::RegisterBenchmark(name, function)->Unit(benchmark::kMicrosecond);
+        auto* one = benchmark::RegisterBenchmark(name, function)->Unit(benchmark::kMicrosecond);
+        if (chosenRounds > 0) {
+            one->Iterations(chosenRounds);
+        }
     };
     add(TableReporter::plainName, &drawAndAddPlainly);
     add("draw and solve Sumas", &drawAndSolveSum);
@@ -147,11 +149,11 @@ void registerAll()
 
 int main(int argc, char** argv)
 {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return EXIT_FAILURE;
+    if (!numbrela::bench::TakeOptions(argc, argv)) {
+        return 2;
     }
     numbrela::bench::registerAll();
     numbrela::bench::TableReporter table;
     benchmark::RunSpecifiedBenchmarks(&table);
+    return numbrela::bench::ExitStatus();
 }

@@ -25,6 +25,7 @@ namespace {
 
 constexpr int rounds = 40;
 constexpr int shelfProducts = 3000;
+constexpr const char* changedName = "Otro nombre ";
 constexpr double aimedFileRatio = 2;
 constexpr double aimedEditor = 150; // milliseconds
 constexpr double aimedChange = 50;
@@ -61,7 +62,7 @@ std::pair<double, double> mediansInTurn(First first, Second second)
     };
     std::vector<double> firstTimes;
     std::vector<double> secondTimes;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < Rounds(rounds); ++round) {
         firstTimes.push_back(time(first));
         secondTimes.push_back(time(second));
     }
@@ -81,7 +82,7 @@ void writePlainly(const std::filesystem::path& path, const std::string& bytes)
 {
     const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (::write(file, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()) || ::fsync(file) != 0) {
-        std::printf("The bytes could not be written.\n");
+        Complain("The bytes could not be written.");
     }
     ::close(file);
 }
@@ -113,7 +114,7 @@ double timeVisit(Form7& form)
 }
 
 // Goes into a shop with all products, of which so many have long names.
-void measureVisits(const Clock& clock, const char* caption, int longNames)
+void measureVisits(const Clock& clock, const char* caption, int longNames, double emptyWindow)
 {
     const QTemporaryDir folder;
     const std::filesystem::path path = in(folder, "productos.dat");
@@ -122,15 +123,15 @@ void measureVisits(const Clock& clock, const char* caption, int longNames)
     form.show();
     QApplication::processEvents();
     std::vector<double> times;
-    for (int visit = 0; visit < rounds; ++visit) {
+    for (int visit = 0; visit < Rounds(rounds); ++visit) {
         times.push_back(timeVisit(form));
         form.CbContinuar->click(); // out again, with nothing in the basket
         QApplication::processEvents();
     }
-    Print({ caption, "ms", Median(times), 0, 0, aimedVisit });
+    Print({ caption, "ms", Median(times), emptyWindow, 0, aimedVisit });
 }
 
-void measureShop(const Clock& clock)
+void measureShop(const Clock& clock, double emptyWindow)
 {
     const QTemporaryDir folder;
     const std::filesystem::path path = in(folder, "productos.dat");
@@ -140,11 +141,10 @@ void measureShop(const Clock& clock)
         form->ShowModally();
         return form;
     });
-    Print({ "open La compra, 3.000 products", "ms", Median(opened), Median(TimeOpenings(OpenEmptyWindow)), 0,
-        aimedOpening });
-    measureVisits(clock, "go into a shop with all of them", 0);
-    measureVisits(clock, "go in, one of the names is long", 1);
-    measureVisits(clock, "go in, all of the names are long", shelfProducts);
+    Print({ "open La compra, 3.000 products", "ms", Median(opened), emptyWindow, 0, aimedOpening });
+    measureVisits(clock, "go into a shop with all of them", 0, emptyWindow);
+    measureVisits(clock, "go in, one of the names is long", 1, emptyWindow);
+    measureVisits(clock, "go in, all of the names are long", shelfProducts, emptyWindow);
 }
 
 // Types the next answer into each input box that opens, and remembers when the last one was left.
@@ -194,7 +194,7 @@ double timeAdding(DLGProductos& editor, int round)
 
 double timeChanging(DLGProductos& editor, int round)
 {
-    const Answers answers({ QStringLiteral("Kiosko"), QStringLiteral("Otro nombre %1").arg(round), QString() });
+    const Answers answers({ QStringLiteral("Kiosko"), QLatin1String(changedName) + QString::number(round), QString() });
     editor.CBModif->click();
     showAll(editor);
     return answers.MillisecondsSinceLast();
@@ -208,13 +208,13 @@ double timeDeleting(DLGProductos& editor)
     return MillisecondsSince(start);
 }
 
-void measureEditorOpening(const Clock& clock)
+void measureEditorOpening(const Clock& clock, double emptyWindow)
 {
     const QTemporaryDir folder;
     const std::filesystem::path path = in(folder, "productos.dat");
     SaveCatalogue(path, catalogueOf(MostProducts));
     std::vector<double> openings;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < Rounds(rounds); ++round) {
         const PaintWatch watch;
         const auto start = std::chrono::steady_clock::now();
         DLGProductos editor(clock);
@@ -224,12 +224,18 @@ void measureEditorOpening(const Clock& clock)
         watch.WaitFor(&editor);
         openings.push_back(MillisecondsSince(start));
     }
-    Print({ "open the editor of 32.767 products", "ms", Median(openings), Median(TimeOpenings(OpenEmptyWindow)), 0,
-        aimedEditor });
+    Print({ "open the editor of 32.767 products", "ms", Median(openings), emptyWindow, 0, aimedEditor });
+}
+
+// As many lines as before, after as many were added as deleted, and changed ones among them.
+bool showsChangedProducts(const QAbstractItemModel& lines, int countBefore)
+{
+    return lines.rowCount() == countBefore
+        && !lines.match(lines.index(0, 0), Qt::DisplayRole, QLatin1String(changedName), 1, Qt::MatchContains).isEmpty();
 }
 
 // In a catalogue with room for the one product that is added and deleted again.
-void measureEditorChanges(const Clock& clock)
+void measureEditorChanges(const Clock& clock, double emptyWindow)
 {
     const QTemporaryDir folder;
     const std::filesystem::path path = in(folder, "productos.dat");
@@ -239,18 +245,22 @@ void measureEditorChanges(const Clock& clock)
     editor.Form_Load();
     editor.show();
     QApplication::processEvents();
+    const int lineCount = editor.List1->model()->rowCount();
     std::vector<double> added;
     std::vector<double> changed;
     std::vector<double> deleted;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < Rounds(rounds); ++round) {
         added.push_back(timeAdding(editor, round)); // and leaves the new line selected
         changed.push_back(timeChanging(editor, round));
         editor.List1->setCurrentIndex(editor.List1->model()->index(round * 700, 0));
         deleted.push_back(timeDeleting(editor));
     }
-    Print({ "add one", "ms", Median(added), 0, 0, aimedChange });
-    Print({ "change one", "ms", Median(changed), 0, 0, aimedChange });
-    Print({ "delete one", "ms", Median(deleted), 0, 0, aimedChange });
+    if (!showsChangedProducts(*editor.List1->model(), lineCount)) {
+        Complain("The products were not changed: what follows is not what it says.");
+    }
+    Print({ "add one", "ms", Median(added), emptyWindow, 0, aimedChange });
+    Print({ "change one", "ms", Median(changed), emptyWindow, 0, aimedChange });
+    Print({ "delete one", "ms", Median(deleted), emptyWindow, 0, aimedChange });
 }
 
 } // namespace
@@ -263,11 +273,15 @@ int main(int argc, char** argv)
     // The platform without a display warns of every window, which is no news here.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false\nqt.qpa.*=false"));
     QApplication application(argc, argv);
+    if (!numbrela::bench::TakeOptions(argc, argv)) {
+        return 2;
+    }
     numbrela::ApplyLook(application);
     const numbrela::SystemClock clock;
     numbrela::bench::measureFile();
-    numbrela::bench::measureShop(clock);
-    numbrela::bench::measureEditorOpening(clock);
-    numbrela::bench::measureEditorChanges(clock);
-    return 0;
+    const double empty = numbrela::bench::Median(numbrela::bench::TimeOpenings(numbrela::bench::OpenEmptyWindow));
+    numbrela::bench::measureShop(clock, empty);
+    numbrela::bench::measureEditorOpening(clock, empty);
+    numbrela::bench::measureEditorChanges(clock, empty);
+    return numbrela::bench::ExitStatus();
 }

@@ -22,7 +22,7 @@ namespace numbrela::bench {
 
 namespace {
 
-constexpr std::size_t rounds = 40;
+constexpr int rounds = 40;
 constexpr int mostFailures = 5;
 constexpr double aimedRatio = 1.15;
 
@@ -165,11 +165,11 @@ void run()
     std::vector<Runner> runners { { EMPTY_WINDOW, {} }, { WORD_WINDOW, {} }, { PROGRAM, {} } };
     int failures = 0;
     bool warm = false; // the programs have been brought from the disk into the memory
-    for (std::size_t round = 0; runners.back().Done.size() < rounds; ++round) {
+    for (std::size_t round = 0; runners.back().Done.size() < static_cast<std::size_t>(Rounds(rounds)); ++round) {
         if (!startEachOnce(runners, round % runners.size())) {
             // An X server that has no other client starts afresh when one leaves, and turns the next away meanwhile.
             if (++failures > mostFailures) {
-                std::printf("The programs end, or paint no window for a long time: nothing was measured.\n");
+                Complain("The programs end, or paint no window for a long time: nothing was measured.");
                 return;
             }
         } else if (!warm) {
@@ -186,7 +186,11 @@ void run()
 
 } // namespace numbrela::bench
 
-int main()
+int main(int argc, char** argv)
 {
+    if (!numbrela::bench::TakeOptions(argc, argv)) {
+        return 2;
+    }
     numbrela::bench::run();
+    return numbrela::bench::ExitStatus();
 }

@@ -66,7 +66,7 @@ inline void CloseAndDestroy(QWidget* window)
 inline std::vector<double> TimeOpenings(const OpenWindow& open)
 {
     std::vector<double> times;
-    for (int opening = 0; opening < openings; ++opening) {
+    for (int opening = 0; opening < Rounds(openings); ++opening) {
         const PaintWatch watch;
         const auto start = std::chrono::steady_clock::now();
         QWidget* window = open();

@@ -16,8 +16,8 @@ namespace numbrela::bench {
 
 namespace {
 
-constexpr int keyPresses = 240;
-constexpr int digits = 10; // typed in a row
+constexpr int rows = 24; // of digits that are typed
+constexpr int digits = 10; // in a row
 constexpr double aimedOpening = 16; // milliseconds: one frame of a screen that shows 60 a second
 constexpr double aimedKeyPress = 2; // milliseconds
 
@@ -76,7 +76,7 @@ std::vector<double> timeKeyPresses(const OpenWindow& open, void (*makeRoom)(QWid
     watch.WaitFor(window);
     QWidget* box = window->focusWidget();
     std::vector<double> times;
-    while (times.size() < keyPresses) {
+    for (int row = 0; row < Rounds(rows); ++row) {
         makeRoom(*window);
         for (int digit = 0; digit < digits; ++digit) {
             times.push_back(timeKeyPress(box));
@@ -84,7 +84,7 @@ std::vector<double> timeKeyPresses(const OpenWindow& open, void (*makeRoom)(QWid
     }
     const QString written = QAccessible::queryAccessibleInterface(box)->text(QAccessible::Value);
     if (written.count(u'7') < digits) {
-        std::printf("The digits were not written: what follows is not what it says.\n");
+        Complain("The digits were not written: what follows is not what it says.");
     }
     CloseAndDestroy(window);
     return times;
@@ -132,7 +132,7 @@ void run()
         opened.push_back(TimeOpenings(activity(each.Index, clock)));
     }
     const double empty = Median(TimeOpenings(OpenEmptyWindow));
-    Print({ "open Sumas for the first time", "ms", opened[0].front(), 0, 0, aimedOpening });
+    Print({ "open Sumas for the first time", "ms", opened[0].front(), empty, 0, aimedOpening });
     for (const Activity& each : openedActivities) {
         Print({ each.Opening, "ms", Median(opened[each.Index]), empty, 0, aimedOpening });
     }
@@ -156,5 +156,9 @@ int main(int argc, char** argv)
     // The platform without a display warns of every window, which is no news here.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     numbrela::Application application(argc, argv);
+    if (!numbrela::bench::TakeOptions(argc, argv)) {
+        return 2;
+    }
     numbrela::bench::run();
+    return numbrela::bench::ExitStatus();
 }
