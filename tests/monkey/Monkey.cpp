@@ -316,7 +316,7 @@ void Monkey::closeAll()
     expectNothingLeft();
 }
 
-// The menu stays, and so does the dialog of the times tables, which is only hidden.
+// The menu stays, and so does the dialog of the times tables, which is only hidden. What they own must not grow either.
 Census Monkey::alive()
 {
     return LiveObjects::WindowsAndTimers({ &program_.Menu(), &Dialog::Instance() });
