@@ -295,6 +295,9 @@ TEST(ReadingAid, EveryWindowIsLookedAt)
     for (const Route& route : routes) {
         EXPECT_EQ(seen.count(route.Window), 1U) << route.Window;
     }
+    for (const char* box : { "QMessageBox", "QInputDialog" }) {
+        EXPECT_EQ(seen.count(box), 1U) << box;
+    }
 }
 
 // The inspections themselves: each finds what it looks for.
