@@ -350,6 +350,27 @@ TEST(ReadingAid, APaleTextIsAmongThePairsOfItsControl)
     EXPECT_TRUE(pale("painted button, pressed"));
 }
 
+TEST(ReadingAid, APaleLineAndAPalePieceOfATextAreAmongThePairsOfTheirControls)
+{
+    QListWidget list;
+    list.addItems({ QStringLiteral("Pan"), QStringLiteral("Leche") });
+    QTextEdit area(QStringLiteral("Pan"));
+    const auto lowestOf = [](const QWidget& control) {
+        double lowest = Contrast(Qt::black, Qt::white);
+        for (const ColourPair& pair : ColourPairsOf(control)) {
+            lowest = std::min(lowest, Contrast(pair.Text, pair.Ground));
+        }
+        return lowest;
+    };
+    EXPECT_GE(lowestOf(list), 4.5);
+    EXPECT_GE(lowestOf(area), 4.5);
+    list.item(1)->setForeground(Qt::lightGray);
+    area.setTextColor(Qt::lightGray);
+    area.insertPlainText(QStringLiteral(" y leche"));
+    EXPECT_LT(lowestOf(list), 2);
+    EXPECT_LT(lowestOf(area), 2);
+}
+
 // --- Access keys -----------------------------------------------------------------------------------------------------
 
 QChar accessKeyOf(const QString& caption)
