@@ -3,7 +3,11 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace numbrela {
 
@@ -12,6 +16,14 @@ namespace {
 QString titleOrApplications(const std::string& title)
 {
     return title.empty() ? QApplication::applicationName() : QString::fromStdString(title);
+}
+
+// What is offered as an answer is seen whole, unless it is very long.
+int widthFor(const QString& text, const QLineEdit& line)
+{
+    constexpr int besideTheText = 16; // pixels: the frame, its margins and the caret
+    return std::min(
+        line.fontMetrics().horizontalAdvance(text) + besideTheText, line.screen()->availableSize().width() / 2);
 }
 
 } // namespace
@@ -45,6 +57,11 @@ std::string AskText(
     box.setLabelText(QString::fromStdString(prompt));
     box.findChild<QLabel*>()->setTextFormat(Qt::PlainText);
     box.setTextValue(QString::fromStdString(defaultText));
+    auto& line = *box.findChild<QLineEdit*>();
+    if (prompt.empty()) {
+        line.setAccessibleName(box.windowTitle());
+    }
+    line.setMinimumWidth(widthFor(box.textValue(), line));
     return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 

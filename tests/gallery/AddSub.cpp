@@ -32,6 +32,8 @@ void drawStates(Gallery& gallery, const QString& prefix, const QString& title, c
     Click(form, QStringLiteral("Command2(2)"));
     gallery.Draw(form, prefix + QStringLiteral("solution"));
 
+    gallery.DrawNextBox(prefix + QStringLiteral("entry"));
+    Press(Qt::Key_F2);
     typeOperands(title, QStringLiteral("1234,5"), QStringLiteral("905,16"));
     gallery.Draw(form, prefix + QStringLiteral("typed"));
 

@@ -48,6 +48,8 @@ void DrawDivide(Gallery& gallery)
     Form5 form(clock, commaShift);
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("division-fresh"));
+    gallery.DrawNextBox(QStringLiteral("division-entry"));
+    Press(Qt::Key_F2);
     Click(form, QStringLiteral("Command2(2)"));
     gallery.Draw(form, QStringLiteral("division-solution-decimals"));
 

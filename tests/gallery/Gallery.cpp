@@ -1,5 +1,9 @@
 #include "tests/gallery/Gallery.h"
 
+#include "tests/support/Boxes.h"
+
+#include <QDialog>
+
 namespace numbrela::testing {
 
 const std::array<GalleryRoom, 9> galleryRooms { {
@@ -20,6 +24,14 @@ void Gallery::DrawMaximised(QWidget& window, const QString& name)
     window.resize(1280, 800);
     Draw(window, name);
     window.resize(before);
+}
+
+void Gallery::DrawNextBox(const QString& name)
+{
+    ExpectDialog([this, name](QDialog& box) {
+        Draw(box, name);
+        box.reject();
+    });
 }
 
 } // namespace numbrela::testing

@@ -16,6 +16,9 @@ public:
 
     // Takes it as it fills a projector of 1280 by 800 pixels.
     void DrawMaximised(QWidget& window, const QString& name);
+
+    // Takes the next box that opens, which is then left without an answer.
+    void DrawNextBox(const QString& name);
 };
 
 // One function for each room of the program.

@@ -1,9 +1,6 @@
 #include "app/Form1.h"
 #include "tests/gallery/Gallery.h"
-#include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
-
-#include <QDialog>
 
 namespace numbrela::testing {
 
@@ -13,10 +10,7 @@ void DrawMenu(Gallery& gallery)
     Form1 menu(clock);
     ShowAndActivate(menu);
     gallery.Draw(menu, QStringLiteral("menu"));
-    ExpectDialog([&gallery](QDialog& box) {
-        gallery.Draw(box, QStringLiteral("menu-about"));
-        box.accept();
-    });
+    gallery.DrawNextBox(QStringLiteral("menu-about"));
     Choose(menu, QStringLiteral("MnuAce"));
     gallery.DrawMaximised(menu, QStringLiteral("menu-maximised"));
 }

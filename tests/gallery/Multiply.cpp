@@ -26,6 +26,9 @@ void typeFactors(const QString& first, const QString& second)
 void drawWork(Gallery& gallery, Form4& form)
 {
     gallery.Draw(form, QStringLiteral("multiplication-fresh"));
+    gallery.DrawNextBox(QStringLiteral("multiplication-entry"));
+    gallery.DrawNextBox(QStringLiteral("multiplication-refused"));
+    Press(Qt::Key_F2);
     typeFactors(QStringLiteral("73,4"), QStringLiteral("4,6"));
     form.TbParcial[0]->setFocus();
     Type(QStringLiteral("4044"));

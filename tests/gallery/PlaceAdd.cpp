@@ -1,11 +1,8 @@
 #include "activities/placeadd/screen/FormColoSuma.h"
 #include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
-#include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
-
-#include <QDialog>
 
 namespace numbrela::testing {
 
@@ -50,10 +47,7 @@ void drawFiveDigits(Gallery& gallery, const Clock& clock)
     gallery.Draw(form, QStringLiteral("placeadd-six-addends-of-five-digits"));
 
     drawUntil([&] { return drawn.AddendSum >= leastTooLong; });
-    ExpectDialog([&gallery](QDialog& box) {
-        gallery.Draw(box, QStringLiteral("placeadd-too-long"));
-        box.accept();
-    });
+    gallery.DrawNextBox(QStringLiteral("placeadd-too-long"));
     form.Command2_Click(2);
 }
 

@@ -1,8 +1,12 @@
 #include "activities/powers10/screen/FrmUnidad.h"
 #include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
+
+#include <QDialog>
+#include <QLineEdit>
 
 namespace numbrela::testing {
 
@@ -25,6 +29,12 @@ void DrawPowers10(Gallery& gallery)
     FrmUnidad form(clock);
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("powers10-fresh"));
+    ExpectDialog([&gallery](QDialog& box) {
+        gallery.Draw(box, QStringLiteral("powers10-entry"));
+        box.findChild<QLineEdit*>()->setText(QStringLiteral("12,5")); // without a number the program would end
+        box.accept();
+    });
+    Choose(form, QStringLiteral("MnuOpcIn1"));
 
     Type(QStringLiteral("12,5"));
     Press(Qt::Key_Return);

@@ -39,6 +39,11 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, const std::files
     gallery.Draw(form, QStringLiteral("products-selected"));
     gallery.DrawMaximised(form, QStringLiteral("products-maximised"));
 
+    for (const char* detail : { "shop", "name", "price" }) {
+        gallery.DrawNextBox(QStringLiteral("products-change-") + QString::fromLatin1(detail));
+    }
+    Click(form, QStringLiteral("CBModif"));
+
     form.TbDatos[1]->SetText("Un nombre tan largo que se escribe más pequeño");
     form.TbDatos[2]->SetText("gratis");
     ExpectDialog([&](QDialog& box) {

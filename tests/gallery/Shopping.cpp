@@ -104,14 +104,8 @@ void drawVerdict(Gallery& gallery, Form7& form)
         PressContinue(form);
     }
     gallery.Draw(form, QStringLiteral("shopping-bought"));
-    ExpectDialog([&gallery](QDialog& box) {
-        gallery.Draw(box, QStringLiteral("shopping-verdict"));
-        box.accept();
-    });
-    ExpectDialog([&gallery](QDialog& box) {
-        gallery.Draw(box, QStringLiteral("shopping-again"));
-        box.reject();
-    });
+    gallery.DrawNextBox(QStringLiteral("shopping-verdict"));
+    gallery.DrawNextBox(QStringLiteral("shopping-again"));
     Click(form, QStringLiteral("CBVolver"));
 }
 
@@ -130,6 +124,10 @@ void DrawShopping(Gallery& gallery)
         ShowAndActivate(form);
         gallery.Draw(form, QStringLiteral("shopping-centre"));
         gallery.DrawMaximised(form, QStringLiteral("shopping-maximised"));
+        gallery.DrawNextBox(QStringLiteral("shopping-how-many"));
+        Choose(form, QStringLiteral("MnuOpcNum"));
+        gallery.DrawNextBox(QStringLiteral("shopping-new-product"));
+        Choose(form, QStringLiteral("MnuOpcAdd"));
         drawVisit(gallery, form);
         drawLongColumn(gallery, form);
     }
@@ -138,10 +136,7 @@ void DrawShopping(Gallery& gallery)
         ShowAndActivate(form);
         drawVerdict(gallery, form);
     }
-    ExpectDialog([&gallery](QDialog& box) {
-        gallery.Draw(box, QStringLiteral("shopping-empty-catalogue-message"));
-        box.accept();
-    });
+    gallery.DrawNextBox(QStringLiteral("shopping-empty-catalogue-message"));
     Form7 form(clock, folder / "none.dat");
     ShowAndAnswerBoxes(form);
     gallery.Draw(form, QStringLiteral("shopping-empty-catalogue"));

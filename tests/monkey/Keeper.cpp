@@ -5,6 +5,7 @@
 
 #include <poll.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -81,6 +82,7 @@ Keeper::Outcome Keeper::runProcess()
     std::fflush(nullptr);
     const pid_t process = ::fork();
     if (process == 0) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a monkey that nobody watches would play on
         ::close(aliveness[0]);
         if (play_(order_, *progress_)) {
             std::exit(EXIT_SUCCESS); // and the sanitizer looks for what has been lost

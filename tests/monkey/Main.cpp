@@ -37,8 +37,8 @@ bool play(const Order& order, Progress& progress)
     int argc = 1;
     std::string name = "numbrela_monkey";
     std::array<char*, 2> argv { name.data(), nullptr };
-    numbrela::Application application(argc, argv.data());
     AbortOnWarnings();
+    numbrela::Application application(argc, argv.data());
     leaveNothingToChance();
     return Monkey(order, progress).Run();
 }

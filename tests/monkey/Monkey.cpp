@@ -91,6 +91,7 @@ Monkey::Monkey(const Order& order, Progress& progress)
     , beat_(startTimer(0))
     , atFirst_(alive())
 {
+    qApp->installEventFilter(this);
 }
 
 bool Monkey::Run()
@@ -104,7 +105,18 @@ bool Monkey::Run()
             closeAll();
         }
     }
+    expectFelt();
     return true;
+}
+
+bool Monkey::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (receiver->isWidgetType() && event->type() == QEvent::KeyPress) {
+        ++progress_.KeysFelt;
+    } else if (receiver->isWidgetType() && event->type() == QEvent::MouseButtonPress) {
+        ++progress_.ClicksFelt;
+    }
+    return false;
 }
 
 // A timer does not fire while it is firing, and in a box's event loop it must: so each beat is a timer of its own.
@@ -316,7 +328,7 @@ void Monkey::closeAll()
     expectNothingLeft();
 }
 
-// The menu stays, and so does the dialog of the times tables, which is only hidden.
+// The menu stays, and so does the dialog of the times tables, which is only hidden. What they own must not grow either.
 Census Monkey::alive()
 {
     return LiveObjects::WindowsAndTimers({ &program_.Menu(), &Dialog::Instance() });
@@ -326,6 +338,17 @@ void Monkey::expectNothingLeft()
 {
     if (const std::string left = Growth(atFirst_, alive()); !left.empty()) {
         std::fprintf(stderr, "left behind when every window but the menu has been closed: %s\n", left.c_str());
+        std::abort();
+    }
+}
+
+// A monkey whose keys or clicks nobody feels has tried nothing.
+void Monkey::expectFelt() const
+{
+    constexpr int fewest = 20; // events at the window for each key or click
+    if (std::min(progress_.KeysFelt.load(), progress_.ClicksFelt.load()) < progress_.EventsThere / fewest) {
+        std::fprintf(stderr, "felt were only %lld keys and %lld clicks\n",
+            static_cast<long long>(progress_.KeysFelt.load()), static_cast<long long>(progress_.ClicksFelt.load()));
         std::abort();
     }
 }

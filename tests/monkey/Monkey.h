@@ -25,6 +25,9 @@ public:
     // Whether all events have happened; otherwise a run-time error has ended the program.
     bool Run();
 
+    // Counts what reaches the program.
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
 protected:
     void timerEvent(QTimerEvent* event) override;
 
@@ -43,6 +46,7 @@ private:
     void reopen();
     Census alive();
     void expectNothingLeft();
+    void expectFelt() const;
     void noteEnd();
     template <typename Acts>
     void doOneOf(const Acts& acts);

@@ -22,6 +22,8 @@ struct Progress {
     std::atomic<std::int64_t> Event; // number of the present event, from 1 on
     std::atomic<std::int64_t> EventsThere; // that happened while the window was in front, or a box or menu of its own
     std::atomic<int> Openings; // of the window; for the menu, which stays, how often the monkey came back to it
+    std::atomic<std::int64_t> KeysFelt; // presses that reached a control or window, and so for the mouse
+    std::atomic<std::int64_t> ClicksFelt;
     std::array<char, 64> EndWindow; // how the program ended, when it did: see ProgramEnd
     std::array<char, 64> EndKind;
     std::array<char, 512> EndDetail;

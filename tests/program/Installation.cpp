@@ -3,9 +3,11 @@
 #include "activities/shopping/catalogue/CatalogueSource.h"
 
 #include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -40,11 +42,24 @@ fs::path makeFolder()
     return name;
 }
 
+// The process that runs in the folder. What interrupts us is passed on to it, so that we are still there to remove the
+// folder.
+volatile std::sig_atomic_t running = 0;
+
+void passOn(int signal)
+{
+    ::kill(running, signal);
+}
+
 int runAndWait(const fs::path& program, char** argv)
 {
     pid_t child = 0;
     if (::posix_spawn(&child, program.c_str(), nullptr, nullptr, argv, environ) != 0) {
         throw std::runtime_error("cannot start " + program.string());
+    }
+    running = child;
+    for (const int interruption : { SIGINT, SIGTERM, SIGHUP }) {
+        std::signal(interruption, &passOn);
     }
     int status = 0;
     ::waitpid(child, &status, 0);
@@ -56,6 +71,7 @@ int runAndWait(const fs::path& program, char** argv)
 int RunInstalled(int argc, char** argv, int (*program)(int argc, char** argv))
 {
     if (isInstalled()) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // nobody waits for us then
         return program(argc, argv);
     }
     const fs::path folder = makeFolder();

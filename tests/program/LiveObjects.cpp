@@ -1,7 +1,8 @@
 #include "tests/program/LiveObjects.h"
 
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
+#include <QApplication>
+#include <QStyle>
 #include <QTimer>
 #include <QWidget>
 
@@ -60,6 +61,20 @@ bool isWithin(const QObject* object, const std::vector<const QObject*>& roots)
     return object != nullptr;
 }
 
+bool isWindowOrTimer(const QObject& object)
+{
+    const auto* widget = qobject_cast<const QWidget*>(&object);
+    const bool isWindow
+        = widget != nullptr && (widget->windowType() == Qt::Window || widget->windowType() == Qt::Dialog);
+    return isWindow || qobject_cast<const QTimer*>(&object) != nullptr;
+}
+
+// The toolkit makes and removes parts of what stays, and lets them wait for a moment: buttons that go up again, menus.
+bool isPartOf(const std::vector<const QObject*>& kept, const QObject& object)
+{
+    return isWithin(object.parent(), kept) && !isWindowOrTimer(object);
+}
+
 // The ground of the screen is a widget too, made when it is first asked for.
 bool isGround(const QObject& object)
 {
@@ -68,12 +83,15 @@ bool isGround(const QObject& object)
 }
 
 // The toolkit's caches of fonts and pictures, which are nobody's children, empty themselves now and then, and its
-// application object waits with the tool tip of what is under the pointer.
+// application object waits with the tool tip of what is under the pointer, and until it is forgotten.
 bool isTheToolkitsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
 {
     constexpr int shortestOfCaches = 10000; // milliseconds
     const bool isCache = owner.parent() == nullptr && !owner.isWidgetType() && timer.interval >= shortestOfCaches;
-    return isCache || &owner == QCoreApplication::instance();
+    const bool isToolTip = &owner == QCoreApplication::instance()
+        && (timer.interval == QApplication::style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay)
+            || timer.interval == QApplication::style()->styleHint(QStyle::SH_ToolTip_FallAsleepDelay));
+    return isCache || isToolTip;
 }
 
 template <typename Look>
@@ -127,7 +145,7 @@ Census LiveObjects::WindowsAndTimers(const std::vector<const QObject*>& kept)
 {
     Census census;
     lookAtEach([&census, &kept](const QObject& object) {
-        if (isWithin(&object, kept) || isGround(object)) {
+        if (isPartOf(kept, object) || isGround(object)) {
             return;
         }
         if (object.isWidgetType() || qobject_cast<const QTimer*>(&object) != nullptr) {

@@ -25,7 +25,7 @@ public:
     // Every object by its class and, where it has one, its name.
     static Census Everything();
 
-    // Windows and what is in them, timers, and who has a timer running; without what belongs to `kept`.
+    // Windows and what is in them, timers, and who has a timer running; in `kept`, windows and timers alone.
     static Census WindowsAndTimers(const std::vector<const QObject*>& kept);
 };
 

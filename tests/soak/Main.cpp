@@ -146,8 +146,8 @@ int run(int argc, char** argv)
     InstallCatalogue();
     const HeadlessEnvironment environment;
     const LiveObjects objects;
-    numbrela::Application application(argc, argv);
     AbortOnWarnings();
+    numbrela::Application application(argc, argv);
     WatchForBoxes();
     Program program;
     const bool steady = soak(program, order);

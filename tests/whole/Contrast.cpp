@@ -1,10 +1,13 @@
 #include "tests/whole/Contrast.h"
 
+#include <QAbstractItemView>
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOptionButton>
+#include <QTextBlock>
+#include <QTextEdit>
 
 #include <algorithm>
 #include <array>
@@ -54,6 +57,32 @@ std::array<QColor, 2> paintedGround(const QPushButton& button, QStyle::State sta
     return ground;
 }
 
+// The colours that lines of a list have of their own, beside those of the list.
+void addLines(const QAbstractItemView& list, std::vector<ColourPair>& pairs)
+{
+    const auto colour
+        = [](const QVariant& own, const QColor& other) { return own.isValid() ? own.value<QBrush>().color() : other; };
+    for (int row = 0; row < list.model()->rowCount(); ++row) {
+        const QModelIndex line = list.model()->index(row, 0);
+        pairs.push_back({ "line of a list", colour(line.data(Qt::ForegroundRole), list.palette().color(QPalette::Text)),
+            colour(line.data(Qt::BackgroundRole), list.palette().color(QPalette::Base)) });
+    }
+}
+
+// The same of the pieces of a text.
+void addPieces(const QTextEdit& area, std::vector<ColourPair>& pairs)
+{
+    const auto colour
+        = [](const QBrush& own, const QColor& other) { return own.style() == Qt::NoBrush ? other : own.color(); };
+    for (QTextBlock block = area.document()->begin(); block.isValid(); block = block.next()) {
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            const QTextCharFormat format = piece.fragment().charFormat();
+            pairs.push_back({ "piece of a text", colour(format.foreground(), area.palette().color(QPalette::Text)),
+                colour(format.background(), area.palette().color(QPalette::Base)) });
+        }
+    }
+}
+
 } // namespace
 
 double Contrast(const QColor& a, const QColor& b)
@@ -89,6 +118,12 @@ std::vector<ColourPair> ColourPairsOf(const QWidget& control)
         for (const auto role : { QPalette::Link, QPalette::LinkVisited }) {
             pairs.push_back({ "link", palette.color(role), palette.color(QPalette::Window) });
         }
+    }
+    if (const auto* list = qobject_cast<const QAbstractItemView*>(&control)) {
+        addLines(*list, pairs);
+    }
+    if (const auto* area = qobject_cast<const QTextEdit*>(&control)) {
+        addPieces(*area, pairs);
     }
     if (const auto* button = qobject_cast<const QPushButton*>(&control)) {
         for (const auto state : { QStyle::State_Raised, QStyle::State_Sunken, QStyle::State_MouseOver }) {

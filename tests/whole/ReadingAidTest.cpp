@@ -295,6 +295,9 @@ TEST(ReadingAid, EveryWindowIsLookedAt)
     for (const Route& route : routes) {
         EXPECT_EQ(seen.count(route.Window), 1U) << route.Window;
     }
+    for (const char* box : { "QMessageBox", "QInputDialog" }) {
+        EXPECT_EQ(seen.count(box), 1U) << box;
+    }
 }
 
 // The inspections themselves: each finds what it looks for.
@@ -345,6 +348,27 @@ TEST(ReadingAid, APaleTextIsAmongThePairsOfItsControl)
     EXPECT_TRUE(pale("button"));
     EXPECT_TRUE(pale("painted button"));
     EXPECT_TRUE(pale("painted button, pressed"));
+}
+
+TEST(ReadingAid, APaleLineAndAPalePieceOfATextAreAmongThePairsOfTheirControls)
+{
+    QListWidget list;
+    list.addItems({ QStringLiteral("Pan"), QStringLiteral("Leche") });
+    QTextEdit area(QStringLiteral("Pan"));
+    const auto lowestOf = [](const QWidget& control) {
+        double lowest = Contrast(Qt::black, Qt::white);
+        for (const ColourPair& pair : ColourPairsOf(control)) {
+            lowest = std::min(lowest, Contrast(pair.Text, pair.Ground));
+        }
+        return lowest;
+    };
+    EXPECT_GE(lowestOf(list), 4.5);
+    EXPECT_GE(lowestOf(area), 4.5);
+    list.item(1)->setForeground(Qt::lightGray);
+    area.setTextColor(Qt::lightGray);
+    area.insertPlainText(QStringLiteral(" y leche"));
+    EXPECT_LT(lowestOf(list), 2);
+    EXPECT_LT(lowestOf(area), 2);
 }
 
 // --- Access keys -----------------------------------------------------------------------------------------------------

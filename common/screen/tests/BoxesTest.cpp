@@ -7,11 +7,13 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 
 #include <map>
@@ -220,6 +222,39 @@ TEST_F(BoxesTest, AnInputBoxKeepsDoubleBlanksAndWhatLooksLikeTagsInItsPrompt)
         box.accept();
     });
     EXPECT_EQ(AskText(&form_, prompt, "Sumas", "1"), "1");
+}
+
+TEST_F(BoxesTest, AnInputBoxIsSpokenByItsPromptOrWithoutOneByItsTitle)
+{
+    const auto expectName = [](const char* name) {
+        ExpectDialog([name](QDialog& box) {
+            QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(box.findChild<QLineEdit*>());
+            EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), name);
+            box.reject();
+        });
+    };
+    expectName("Valor:");
+    AskText(&form_, "Valor:", "Sumas");
+    expectName("Introducir divisor");
+    AskText(&form_, "", "Introducir divisor");
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AnInputBoxShowsTheWholeTextThatItOffers)
+{
+    const std::string offered = "Un kilo de chuletas de cordero y otro de ternera";
+    ExpectDialog([](QDialog& box) {
+        const auto* line = box.findChild<QLineEdit*>();
+        EXPECT_GT(line->width(), line->fontMetrics().horizontalAdvance(line->text()));
+        box.reject();
+    });
+    AskText(&form_, "Nombre:", "Modificar producto", offered);
+    ExpectDialog([](QDialog& box) {
+        EXPECT_LE(box.width(), box.screen()->availableSize().width());
+        box.reject();
+    });
+    AskText(&form_, "Nombre:", "Modificar producto", std::string(1000, 'W'));
+    EXPECT_EQ(PendingBoxes(), 0);
 }
 
 TEST_F(BoxesTest, AnInputBoxNeedsNoWindow)
