@@ -69,7 +69,7 @@ struct Row {
     const char* What;
     const char* Unit;
     double Figure;
-    double Beside = 0; // the same of the plain thing; 0: there is none
+    double Beside; // the same of the plain thing
     double MostRatio = 0; // aims; 0: none
     double Most = 0;
 };
@@ -77,15 +77,10 @@ struct Row {
 // tools/bench prints the names of the columns.
 inline void Print(const Row& row)
 {
-    if (!(row.Figure > 0)) {
+    if (!(row.Figure > 0 && row.Beside > 0)) {
         Complain("What follows was not measured.");
     }
-    std::printf("%-44s %-3s %9.2f", row.What, row.Unit, row.Figure);
-    if (row.Beside > 0) {
-        std::printf(" %9.2f %7.2f", row.Beside, row.Figure / row.Beside);
-    } else {
-        std::printf(" %9s %7s", "-", "-");
-    }
+    std::printf("%-44s %-3s %9.2f %9.2f %7.2f", row.What, row.Unit, row.Figure, row.Beside, row.Figure / row.Beside);
     if (row.MostRatio > 0) {
         std::printf("  %7.2f x  %s", row.MostRatio, row.Figure <= row.MostRatio * row.Beside ? "ok" : "missed");
     } else if (row.Most > 0) {

@@ -125,6 +125,9 @@ void measureVisits(const Clock& clock, const char* caption, int longNames, doubl
     std::vector<double> times;
     for (int visit = 0; visit < Rounds(rounds); ++visit) {
         times.push_back(timeVisit(form));
+        if (form.LIDisponibles->count() != shelfProducts) {
+            Complain("The shelf does not hold all products: what follows is not what it says.");
+        }
         form.CbContinuar->click(); // out again, with nothing in the basket
         QApplication::processEvents();
     }
@@ -223,6 +226,9 @@ void measureEditorOpening(const Clock& clock, double emptyWindow)
         editor.show();
         watch.WaitFor(&editor);
         openings.push_back(MillisecondsSince(start));
+        if (editor.List1->model()->rowCount() != MostProducts) {
+            Complain("The editor does not show all products: what follows is not what it says.");
+        }
     }
     Print({ "open the editor of 32.767 products", "ms", Median(openings), emptyWindow, 0, aimedEditor });
 }
@@ -252,7 +258,7 @@ void measureEditorChanges(const Clock& clock, double emptyWindow)
     for (int round = 0; round < Rounds(rounds); ++round) {
         added.push_back(timeAdding(editor, round)); // and leaves the new line selected
         changed.push_back(timeChanging(editor, round));
-        editor.List1->setCurrentIndex(editor.List1->model()->index(round * 700, 0));
+        editor.List1->setCurrentIndex(editor.List1->model()->index(round * 700 % lineCount, 0));
         deleted.push_back(timeDeleting(editor));
     }
     if (!showsChangedProducts(*editor.List1->model(), lineCount)) {

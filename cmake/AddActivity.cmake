@@ -6,7 +6,7 @@ function(add_activity name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "CORE;SCREEN;CORE_TESTS;SCREEN_TESTS")
 
   add_library(numbrela_${name}_core STATIC ${arg_CORE})
-  target_link_libraries(numbrela_${name}_core PUBLIC numbrela_core)
+  target_link_libraries(numbrela_${name}_core PUBLIC numbrela_core PRIVATE numbrela_core_options)
 
   add_library(numbrela_${name}_screen STATIC ${arg_SCREEN})
   target_link_libraries(numbrela_${name}_screen PUBLIC numbrela_${name}_core numbrela_screen)
