@@ -66,10 +66,10 @@ inline double MillisecondsSince(std::chrono::steady_clock::time_point start)
 
 // A line of the one table that all benchmarks print: a figure beside that of the plainest thing that does as much.
 struct Row {
-    const char* What;
-    const char* Unit;
-    double Figure;
-    double Beside; // the same of the plain thing
+    const char* What = nullptr;
+    const char* Unit = nullptr;
+    double Figure = 0;
+    double Beside = 0; // the same of the plain thing
     double MostRatio = 0; // aims; 0: none
     double Most = 0;
 };

@@ -32,7 +32,7 @@ void writeAll(int pipe, const char* bytes, std::size_t count)
 void copyFile(const char* path, int pipe)
 {
     const int file = open(path, O_RDONLY | O_CLOEXEC);
-    std::array<char, 4096> buffer;
+    std::array<char, 4096> buffer {};
     for (ssize_t count = 0; (count = read(file, buffer.data(), buffer.size())) > 0;) {
         writeAll(pipe, buffer.data(), static_cast<std::size_t>(count));
     }
@@ -76,7 +76,7 @@ private:
     {
         timespec now {};
         clock_gettime(CLOCK_MONOTONIC, &now);
-        std::array<char, 64> line;
+        std::array<char, 64> line {};
         const int length = std::snprintf(line.data(), line.size(), "FirstPaint: %lld\n",
             static_cast<long long>(now.tv_sec) * 1'000'000'000 + now.tv_nsec);
         writeAll(pipe_, line.data(), static_cast<std::size_t>(length));

@@ -284,10 +284,14 @@ int main(int argc, char** argv)
     }
     numbrela::ApplyLook(application);
     const numbrela::SystemClock clock;
-    numbrela::bench::measureFile();
-    const double empty = numbrela::bench::Median(numbrela::bench::TimeOpenings(numbrela::bench::OpenEmptyWindow));
-    numbrela::bench::measureShop(clock, empty);
-    numbrela::bench::measureEditorOpening(clock, empty);
-    numbrela::bench::measureEditorChanges(clock, empty);
+    try {
+        numbrela::bench::measureFile();
+        const double empty = numbrela::bench::Median(numbrela::bench::TimeOpenings(numbrela::bench::OpenEmptyWindow));
+        numbrela::bench::measureShop(clock, empty);
+        numbrela::bench::measureEditorOpening(clock, empty);
+        numbrela::bench::measureEditorChanges(clock, empty);
+    } catch (const std::exception& error) { // a catalogue cannot be written
+        numbrela::bench::Complain(error.what());
+    }
     return numbrela::bench::ExitStatus();
 }

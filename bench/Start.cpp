@@ -46,7 +46,7 @@ std::string readToEnd(int pipe)
 {
     constexpr int patience = 20'000; // milliseconds
     std::string all;
-    std::array<char, 4096> buffer;
+    std::array<char, 4096> buffer {};
     pollfd waiting { .fd = pipe, .events = POLLIN, .revents = 0 };
     while (poll(&waiting, 1, patience) > 0) {
         const ssize_t count = read(pipe, buffer.data(), buffer.size());

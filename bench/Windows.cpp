@@ -128,6 +128,7 @@ void run()
 
     // The activities go first, so that their first time is the one that a pupil waits, with whatever is loaded late.
     std::vector<std::vector<double>> opened;
+    opened.reserve(openedActivities.size());
     for (const Activity& each : openedActivities) {
         opened.push_back(TimeOpenings(activity(each.Index, clock)));
     }
