@@ -258,7 +258,8 @@ void measureEditorChanges(const Clock& clock, double emptyWindow)
     for (int round = 0; round < Rounds(rounds); ++round) {
         added.push_back(timeAdding(editor, round)); // and leaves the new line selected
         changed.push_back(timeChanging(editor, round));
-        editor.List1->setCurrentIndex(editor.List1->model()->index(round * 700 % lineCount, 0));
+        // Not one of those that were changed, which stand in front.
+        editor.List1->setCurrentIndex(editor.List1->model()->index((round + 1) * 700 % lineCount, 0));
         deleted.push_back(timeDeleting(editor));
     }
     if (!showsChangedProducts(*editor.List1->model(), lineCount)) {
