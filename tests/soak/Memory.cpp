@@ -7,7 +7,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#if defined(COUNTS_ALLOCATED_MEMORY)
+#if defined(SANITIZED)
 // The sanitizer's own, whose header comes with some compilers only.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): so it is called
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
@@ -23,7 +23,7 @@ constexpr long kibibyte = 1024;
 
 long HeldMemory()
 {
-#if defined(COUNTS_ALLOCATED_MEMORY)
+#if defined(SANITIZED)
     return static_cast<long>(__sanitizer_get_current_allocated_bytes()) / kibibyte;
 #else
     ::malloc_trim(0);

@@ -2,7 +2,7 @@
 
 #include "tests/support/Harness.h"
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(SANITIZED)
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -16,7 +16,7 @@ namespace numbrela::testing {
 template <typename Action>
 std::vector<RunTimeError> RunTimeErrorsOf(Action action)
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(SANITIZED)
     const __lsan::ScopedDisabler unblamed;
 #endif
     action();

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(SANITIZED)
 #include <sanitizer/common_interface_defs.h>
 #endif
 
@@ -19,7 +19,7 @@ void abortOnNews(QtMsgType type, const QMessageLogContext& /*context*/, const QS
 {
     if (IsNews(type, message)) {
         std::fprintf(stderr, "the toolkit warns: %s\n", qUtf8Printable(message));
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(SANITIZED)
         __sanitizer_print_stack_trace();
 #endif
         std::abort();

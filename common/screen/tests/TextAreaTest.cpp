@@ -15,6 +15,22 @@ namespace {
 
 using namespace testing;
 
+std::string longText()
+{
+    std::string text;
+    for (int line = 0; line < 50; ++line) {
+        text += "una línea\n";
+    }
+    return text;
+}
+
+void turnWheel(const TextArea& area, int eighthsOfADegree, Qt::KeyboardModifiers with)
+{
+    QWheelEvent turn(QPointF(5, 5), area.mapToGlobal(QPointF(5, 5)), {}, { 0, eighthsOfADegree }, Qt::NoButton, with,
+        Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(area.viewport(), &turn);
+}
+
 TEST(TextAreaTest, ShowsATextAndTakesNoTyping)
 {
     TextArea area;
@@ -45,15 +61,21 @@ TEST(TextAreaTest, OfALongHighlightTheBeginningIsInView)
 {
     TextArea area;
     area.resize(200, 60);
-    std::string text;
-    for (int line = 0; line < 50; ++line) {
-        text += "una línea\n";
-    }
     ShowAndActivate(area);
-    area.SetText(text);
+    area.SetText(longText());
     area.SelectWholeText();
     EXPECT_EQ(area.verticalScrollBar()->value(), 0);
     EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+}
+
+TEST(TextAreaTest, ItIsReadToItsEndByTheWheel)
+{
+    TextArea area;
+    area.resize(200, 60);
+    ShowAndActivate(area);
+    area.SetText(longText());
+    turnWheel(area, -120, Qt::NoModifier);
+    EXPECT_GT(area.verticalScrollBar()->value(), 0);
 }
 
 TEST(TextAreaTest, NoTurnOfTheWheelChangesItsFont)
@@ -64,10 +86,17 @@ TEST(TextAreaTest, NoTurnOfTheWheelChangesItsFont)
     area.setFont(font);
     area.SetText("Sume los precios");
     ShowAndActivate(area);
-    QWheelEvent turn(QPointF(5, 5), area.mapToGlobal(QPointF(5, 5)), {}, { 0, 4 * 120 }, Qt::NoButton,
-        Qt::ControlModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(area.viewport(), &turn);
+    turnWheel(area, 4 * 120, Qt::ControlModifier);
     EXPECT_EQ(area.font(), font);
+}
+
+TEST(TextAreaTest, ItsTextIsSelectedByKeys)
+{
+    TextArea area;
+    area.SetText("Sume los precios");
+    ShowAndActivate(area);
+    Press(Qt::Key_End, Qt::ShiftModifier);
+    EXPECT_EQ(area.textCursor().selectedText(), QStringLiteral("Sume los precios"));
 }
 
 TEST(TextAreaTest, TabLeavesIt)
