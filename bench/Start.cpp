@@ -154,7 +154,7 @@ void print(const Starts& empty, const Starts& word, const Starts& numbrela)
     Print(row("memory resident then", "MiB", numbrela, &Start::Resident, aimedRatio));
     Print(row("  of a window with one word in it", "MiB", word, &Start::Resident, 0));
     Print(row("  of it backed by no file", "MiB", numbrela, &Start::Anonymous, 0));
-    if (medianOf(numbrela, &Start::Proportional) > 0) {
+    if (medianOf(numbrela, &Start::Proportional) > 0) { // an older kernel does not tell
         Print(row("  shared pages in part", "MiB", numbrela, &Start::Proportional, 0));
     }
 }

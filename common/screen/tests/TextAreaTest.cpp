@@ -68,7 +68,7 @@ TEST(TextAreaTest, OfALongHighlightTheBeginningIsInView)
     EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
 }
 
-TEST(TextAreaTest, ItIsReadToItsEndByTheWheel)
+TEST(TextAreaTest, TheWheelScrollsIt)
 {
     TextArea area;
     area.resize(200, 60);
