@@ -2,6 +2,7 @@
 
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
+#include "common/screen/Keyboard.h"
 #include "common/screen/Look.h"
 
 namespace numbrela {
@@ -11,6 +12,7 @@ Application::Application(int& argc, char** argv)
 {
     setApplicationName(QStringLiteral("Numbrela"));
     ApplyLook(*this);
+    RecogniseHeldKeys(*this);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

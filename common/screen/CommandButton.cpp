@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QShortcutEvent>
 
 namespace numbrela {
 
@@ -27,15 +26,6 @@ QColor CommandButton::BackColour() const
     return palette().color(QPalette::Active, QPalette::Button);
 }
 
-// An access key that is held presses once, too: what it leads to must not be counted again and again.
-bool CommandButton::event(QEvent* event)
-{
-    if (event->type() == QEvent::Shortcut) {
-        setShortcutAutoRepeat(static_cast<QShortcutEvent*>(event)->shortcutId(), false);
-    }
-    return QPushButton::event(event);
-}
-
 void CommandButton::paintEvent(QPaintEvent* event)
 {
     QPushButton::paintEvent(event);
@@ -50,11 +40,17 @@ void CommandButton::paintEvent(QPaintEvent* event)
 
 void CommandButton::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-        QPushButton::keyPressEvent(event);
-    } else if (!event->isAutoRepeat()) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
+    } else {
+        QPushButton::keyPressEvent(event);
     }
+}
+
+// What comes with a double click is the second press of a hand that meant one.
+void CommandButton::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    event->accept();
 }
 
 } // namespace numbrela

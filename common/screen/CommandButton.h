@@ -4,9 +4,8 @@
 
 namespace numbrela {
 
-// A push button that Enter presses as Space does when it has the focus, and that can have a colour of its own. Any key,
-// its access key too, presses it once for each time the key goes down. It shows that it has the focus, however it came
-// to it.
+// A push button that Enter presses as Space does when it has the focus, and that can have a colour of its own. A double
+// click presses it once. It shows that it has the focus, however it came to it.
 class CommandButton : public QPushButton {
 public:
     explicit CommandButton(const QString& caption, QWidget* parent = nullptr);
@@ -16,9 +15,9 @@ public:
     QColor BackColour() const;
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 };
 
 } // namespace numbrela

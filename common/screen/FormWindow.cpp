@@ -1,9 +1,6 @@
 #include "common/screen/FormWindow.h"
 
-#include "common/screen/KeyCodes.h"
-
-#include <QApplication>
-#include <QKeyEvent>
+#include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -68,21 +65,6 @@ QAction* FormWindow::AddMenuItem(QMenu* menu, const QString& name, const QString
     item->setShortcut(shortcut);
     connect(item, &QAction::triggered, this, std::move(choose));
     return item;
-}
-
-void FormWindow::SeeKeysFirst(std::function<void(int keyCode)> keyDown)
-{
-    keyDown_ = std::move(keyDown);
-    qApp->installEventFilter(this);
-}
-
-// A key that its control does not want goes on to what is around the control; it is reported once.
-bool FormWindow::eventFilter(QObject* receiver, QEvent* event)
-{
-    if (event->type() == QEvent::KeyPress && receiver == (focusWidget() != nullptr ? focusWidget() : this)) {
-        keyDown_(KeyCodeOf(*static_cast<QKeyEvent*>(event)));
-    }
-    return QWidget::eventFilter(receiver, event);
 }
 
 bool FormWindow::event(QEvent* event)

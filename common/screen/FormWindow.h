@@ -38,12 +38,7 @@ protected:
     QAction* AddMenuItem(QMenu* menu, const QString& name, const QString& caption, std::function<void()> choose,
         const QKeySequence& shortcut = {});
 
-    // Has `keyDown` called with the code of each key that goes down in the window, before the control with the focus
-    // hears of it.
-    void SeeKeysFirst(std::function<void(int keyCode)> keyDown);
-
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* receiver, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -62,7 +57,6 @@ private:
     double takenScale_ = 0; // what it wanted when it last took a size by itself
     QSize takenSize_;
     bool everShown_ = false;
-    std::function<void(int keyCode)> keyDown_;
 };
 
 } // namespace numbrela

@@ -1,5 +1,7 @@
 #include "common/screen/KeyCodes.h"
 
+#include "common/screen/NativeKeys.h"
+
 #include <QKeyEvent>
 
 #include <array>
@@ -100,6 +102,9 @@ int find(const std::array<Pair, Count>& pairs, int key)
 
 int KeyCodeOf(const QKeyEvent& event)
 {
+    if (const int native = NativeKeyCode(event); native != 0) {
+        return native;
+    }
     const int key = event.key();
     const bool onKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
     if (key >= Qt::Key_0 && key <= Qt::Key_9) {

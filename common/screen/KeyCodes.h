@@ -25,8 +25,8 @@ inline constexpr int Point = 190;
 } // namespace KeyCode
 
 // The code of the key that a key event is about; 0 for a key that has none here. Digits of the keypad and of the main
-// keyboard have different codes, and so have their decimal keys. A key goes by the character that is written on it for
-// the modifiers that are held: Shift with 7, where that writes "/", is no digit.
+// keyboard have different codes, and so have their decimal keys. It is the code of the key and not of what it writes:
+// Shift with 7 is still 55. Only where the system does not know the key itself it goes by the character.
 int KeyCodeOf(const QKeyEvent& event);
 
 // Whether the key writes what a decimal number consists of: a digit of either block, or the comma of the main keyboard.

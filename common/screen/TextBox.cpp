@@ -1,6 +1,6 @@
 #include "common/screen/TextBox.h"
 
-#include "common/screen/KeyCodes.h"
+#include "common/screen/Keyboard.h"
 #include "common/screen/TwipsLayout.h"
 
 #include <QKeyEvent>
@@ -16,35 +16,6 @@ namespace {
 // At the design size of a window, 11 pixels and 6.
 constexpr double smallestReadablePoints = 8.25;
 constexpr double smallestWholePoints = 4.5;
-
-// A key held with Ctrl or Alt is a command. Held with both it may write: so the right Alt key of some keyboards
-// reports.
-bool isCommand(const QKeyEvent& event)
-{
-    const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-    return held == Qt::ControlModifier || held == Qt::AltModifier;
-}
-
-bool isPrintable(const QKeyEvent& event)
-{
-    return !event.text().isEmpty() && event.text().front().isPrint();
-}
-
-// The character that a key event types; null when it types none.
-QChar characterOf(const QKeyEvent& event)
-{
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return QChar(KeyCode::Enter);
-    case Qt::Key_Backspace:
-        return QChar(KeyCode::Backspace);
-    case Qt::Key_Escape:
-        return QChar(KeyCode::Escape);
-    default:
-        return isPrintable(event) && !isCommand(event) ? event.text().front() : QChar();
-    }
-}
 
 } // namespace
 
@@ -139,44 +110,20 @@ bool TextBox::event(QEvent* event)
 
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
-    const int keyCode = KeyCodeOf(*event);
-    if (keyCode == KeyCode::Enter && event->isAutoRepeat()) {
-        event->accept(); // Enter checks an answer: held too long, it must not check again and count again
-        return;
-    }
-    bool consumed = false;
-    Q_EMIT KeyDown(keyCode, consumed);
-    if (consumed) {
-        event->accept();
-        return;
-    }
-    if (event->modifiers().testFlag(Qt::AltModifier) && isCommand(*event) && isPrintable(*event)) {
-        event->ignore(); // a line edit would type it
-        return;
-    }
-    const QChar typed = characterOf(*event);
-    if (typed.isNull()) {
-        QLineEdit::keyPressEvent(event);
-        return;
-    }
-    QChar character = typed;
-    Q_EMIT KeyPress(character);
-    if (character.isNull()) {
-        event->accept();
-    } else if (character != typed) {
-        QKeyEvent replacement(QEvent::KeyPress, 0, event->modifiers(), QString(character), event->isAutoRepeat());
-        QLineEdit::keyPressEvent(&replacement);
+    if (event->modifiers().testFlag(Qt::AltModifier) && TypedCharacter(*event).isNull()) {
+        event->ignore(); // a line edit would write the letter of an access key
     } else {
         QLineEdit::keyPressEvent(event);
     }
 }
 
-void TextBox::keyReleaseEvent(QKeyEvent* event)
+// What is still being composed, or takes the place of what has been written, is the line edit's business.
+void TextBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    QLineEdit::keyReleaseEvent(event);
-    if (!event->isAutoRepeat()) {
-        Q_EMIT KeyUp(KeyCodeOf(*event));
-    }
+    const QString typed = event->commitString();
+    event->setCommitString({}, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(event);
+    TypeInto(*this, typed);
 }
 
 void TextBox::focusInEvent(QFocusEvent* event)

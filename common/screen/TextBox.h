@@ -12,9 +12,8 @@ namespace numbrela {
 // - a text too wide for the box is written smaller, so that it is seen whole, but no smaller than it can be read: what
 //   is longer still, scrolls; boxes that stand in columns are written smaller together;
 // - a maximum length limits what is typed, never what the program writes;
-// - its form hears of a key before the box does, and of real releases only, not of those that auto-repeat makes; an
-//   Enter that is held is one Enter.
-// What the keys mean is for the form to say.
+// - what an input method or an on-screen keyboard writes is typed, character by character.
+// What the keys mean is for the form to say (HandleKeys).
 class TextBox : public QLineEdit {
     Q_OBJECT
 
@@ -45,23 +44,13 @@ public:
     void SelectWholeText();
 
 Q_SIGNALS:
-    // A key goes down; set `consumed` and the box never sees it.
-    void KeyDown(int keyCode, bool& consumed);
-
-    // A character (Enter, Backspace and Escape among them) is about to reach the box; replace it, or make it null to
-    // consume it.
-    void KeyPress(QChar& character);
-
-    // A key has been let go.
-    void KeyUp(int keyCode);
-
     // The focus has come to the box from another control. A window, menu or message that gives it back does not count.
     void GotFocus();
 
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;

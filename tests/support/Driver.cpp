@@ -34,13 +34,11 @@ QWindow& focusWindow()
     return *QGuiApplication::focusWindow();
 }
 
-void sendKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, bool repeated)
+void sendMarkedKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers)
 {
-    QWidget* receiver = QApplication::focusWidget();
-    ASSERT_NE(receiver, nullptr);
     const bool types = key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde;
-    QKeyEvent event(type, key, modifiers, types ? QString(QChar(key)) : QString(), repeated);
-    QCoreApplication::sendEvent(receiver, &event);
+    QKeyEvent event(type, key, modifiers, types ? QString(QChar(key)) : QString(), true);
+    QCoreApplication::sendEvent(&focusWindow(), &event);
 }
 
 } // namespace
@@ -130,8 +128,13 @@ void LetGo(int key, Qt::KeyboardModifiers modifiers)
 
 void Repeat(int key, Qt::KeyboardModifiers modifiers)
 {
-    sendKey(QEvent::KeyRelease, key, modifiers, true);
-    sendKey(QEvent::KeyPress, key, modifiers, true);
+    HoldDown(key, modifiers);
+}
+
+void RepeatMarked(int key, Qt::KeyboardModifiers modifiers)
+{
+    sendMarkedKey(QEvent::KeyRelease, key, modifiers);
+    sendMarkedKey(QEvent::KeyPress, key, modifiers);
 }
 
 void Type(const QString& text)

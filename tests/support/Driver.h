@@ -44,8 +44,10 @@ void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void HoldDown(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void LetGo(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
-// What the keyboard sends while a key is held: a release and a press, both marked as repeated.
+// What systems send while a key is held: some of them presses like the first one, others releases and presses that are
+// marked as repeated.
 void Repeat(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void RepeatMarked(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
 // Presses the access key of a button. A button is seen to go down then, and is clicked when it comes up again, which
 // this waits for.

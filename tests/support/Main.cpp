@@ -1,5 +1,6 @@
 #include "tests/support/Harness.h"
 
+#include "common/screen/Keyboard.h"
 #include "common/screen/Look.h"
 
 #include <QApplication>
@@ -34,5 +35,6 @@ int main(int argc, char** argv)
     numbrela::testing::TestApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Numbrela"));
     numbrela::ApplyLook(application);
+    numbrela::RecogniseHeldKeys(application);
     return numbrela::testing::RunTests(application, argc, argv);
 }

@@ -104,11 +104,9 @@ void ColumnForm::buildControls()
     Text1->SetText(design_.Heading);
     Text1->setReadOnly(design_.HeadingReadOnly);
     Text1->setAccessibleName(QStringLiteral("Instrucción"));
-    connect(Text1, &TextBox::KeyPress, this, &ColumnForm::Text1_KeyPress);
-    // A box that is not read-only can be cut from and pasted into; the heading stays. Without an input method, keys
-    // come as keys, and so go to the answer.
+    HandleKeys(*Text1, { .KeyPress = [this](QChar) { return Text1_KeyPress(); } });
+    // A box that is not read-only can be cut from and pasted into; the heading stays.
     connect(Text1, &TextBox::textEdited, this, [this] { Text1->SetText(design_.Heading); });
-    Text1->setAttribute(Qt::WA_InputMethodEnabled, false);
 
     for (int index = 0; index < 2; ++index) {
         const auto i = static_cast<std::size_t>(index);
@@ -116,8 +114,7 @@ void ColumnForm::buildControls()
             { 1500, 1500 + 500 * index, 2000, 495 }, operandFont, Qt::AlignRight | Qt::AlignVCenter);
         Text2[i]->StayWhole();
         Text2[i]->setFocusPolicy(Qt::ClickFocus);
-        connect(
-            Text2[i], &TextBox::KeyPress, this, [this, index](QChar& character) { Text2_KeyPress(index, character); });
+        HandleKeys(*Text2[i], { .KeyPress = [this, index](QChar) { return Text2_KeyPress(index); } });
     }
     Label1 = AddLabel(Area(), QStringLiteral("Label1"), spanish(design_.Sign), { 1000, 2000, 500, 495 }, formFont);
 
@@ -125,8 +122,11 @@ void ColumnForm::buildControls()
         Area(), QStringLiteral("Text3"), { 1500, 2500, 2000, 495 }, formFont, Qt::AlignRight | Qt::AlignVCenter);
     Text3->StayWhole();
     Text3->setAccessibleName(spanish(design_.Result));
-    connect(Text3, &TextBox::KeyDown, this, &ColumnForm::Text3_KeyDown);
-    connect(Text3, &TextBox::KeyUp, this, &ColumnForm::Text3_KeyUp);
+    HandleKeys(*Text3,
+        {
+            .KeyDown = [this](const Key& key) { return Text3_KeyDown(key.Code); },
+            .KeyUp = [this](int keyCode) { Text3_KeyUp(keyCode); },
+        });
 
     const ButtonRowDesign row {
         .Places = { { { 1750, 3500, 1500, 495 }, { 1750, 4500, 1500, 495 }, { 1750, 5000, 1500, 495 },
@@ -254,22 +254,24 @@ void ColumnForm::MnuOpcSal_Click()
     close();
 }
 
-void ColumnForm::Text1_KeyPress(QChar& character)
+KeyAnswer ColumnForm::Text1_KeyPress()
 {
     Text3->setFocus();
-    character = QChar(); // what is typed here was meant for the answer: it is not written into the heading
+    return KeyAnswer::Consumed(); // what is typed here was meant for the answer: it is not written into the heading
 }
 
-void ColumnForm::Text2_KeyPress(int /*index*/, QChar& /*character*/)
+KeyAnswer ColumnForm::Text2_KeyPress(int /*index*/)
 {
     Text3->setFocus();
+    return KeyAnswer::GoesOn();
 }
 
-void ColumnForm::Text3_KeyDown(int keyCode, bool& /*consumed*/)
+KeyAnswer ColumnForm::Text3_KeyDown(int keyCode)
 {
     if (keyCode == KeyCode::Enter) {
         Command1_Click();
     }
+    return KeyAnswer::GoesOn();
 }
 
 void ColumnForm::Text3_KeyUp(int keyCode)

@@ -4,6 +4,7 @@
 #include "common/core/TimeOfDay.h"
 #include "common/screen/ButtonRow.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/Keyboard.h"
 
 #include <array>
 
@@ -45,9 +46,9 @@ public:
     void MnuOpcIn1_Click();
     void MnuOpcIn2_Click();
     void MnuOpcSal_Click();
-    void Text1_KeyPress(QChar& character);
-    void Text2_KeyPress(int index, QChar& character);
-    void Text3_KeyDown(int keyCode, bool& consumed);
+    KeyAnswer Text1_KeyPress();
+    KeyAnswer Text2_KeyPress(int index);
+    KeyAnswer Text3_KeyDown(int keyCode);
     void Text3_KeyUp(int keyCode);
 
     TextBox* Text1 = nullptr;

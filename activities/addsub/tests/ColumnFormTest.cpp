@@ -636,11 +636,17 @@ TEST_P(DeedInHeadingTest, LeavesItsText)
     }
 }
 
-// A key that an input method composes with would not come as a key, and so not go to the answer.
-TEST_P(ColumnFormTest, OnlyTheAnswerIsWrittenByAnInputMethod)
+TEST_P(ColumnFormTest, WhatAnInputMethodWritesIntoTheAnswerStepsTheCaret)
 {
-    EXPECT_FALSE(Form().Text1->testAttribute(Qt::WA_InputMethodEnabled));
-    EXPECT_TRUE(Form().Text3->testAttribute(Qt::WA_InputMethodEnabled));
+    compose(*Form().Text3, QStringLiteral("57,1"));
+    EXPECT_EQ(Form().Text3->Text(), "1,75");
+}
+
+TEST_P(ColumnFormTest, WhatAnInputMethodWritesIntoTheHeadingLeadsToTheAnswer)
+{
+    Click(Form(), QStringLiteral("Text1"));
+    compose(*Form().Text1, QStringLiteral("5"));
+    EXPECT_EQ(FocusName(), "Text3");
 }
 
 TEST_P(ColumnFormTest, TheVerdictAndTheScoreCannotBeTypedInto)

@@ -282,27 +282,17 @@ TEST_F(Form6Test, AHeldEnterOrSpacePressesTheRightButtonOnce)
     }
 }
 
-// The second click falls on whatever number the next question has at the same place, and is judged there.
-TEST_F(Form6Test, TheSecondClickOfADoubleClickAnswersTheNextQuestion)
+// A hand that clicks twice has meant the number that it saw, not the one that the next question has at the same place.
+TEST_F(Form6Test, TheSecondPressOfADoubleClickAnswersNothing)
 {
-    int hits = 0;
-    int errors = 0;
-    for (int i = 0; i < 20; ++i) {
+    for (int hits = 1; hits <= 20; ++hits) {
         const int right = rightButton();
         click(right);
-        ++hits;
-        ASSERT_EQ(form_.Text3->Text(), "CORRECTO");
-        const bool rightAgain = rightButton() == right;
-        ++(rightAgain ? hits : errors);
         DoubleClick(form_, nameOf(right));
         QTest::mouseRelease(form_.CbNúmero[std::size_t(right)], Qt::LeftButton);
-        ASSERT_EQ(form_.Text3->Text(), rightAgain ? "CORRECTO" : "ERROR");
-        ASSERT_EQ(
-            form_.Text2->Text(), "Aciertos: " + std::to_string(hits) + ";   Errores: " + std::to_string(errors) + ".");
-        ASSERT_EQ(offered(right), rightAgain);
+        ASSERT_EQ(form_.Text2->Text(), "Aciertos: " + std::to_string(hits) + ";   Errores: 0.");
+        ASSERT_EQ(offeredButtons(), 6);
     }
-    EXPECT_GT(errors, 0);
-    EXPECT_GT(hits, 20);
 }
 
 TEST_F(Form6Test, AHeldEnterPressesAWrongButtonOnce)

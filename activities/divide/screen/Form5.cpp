@@ -12,6 +12,7 @@
 #include "common/screen/TextBox.h"
 
 #include <QMenu>
+#include <QShortcut>
 
 namespace numbrela {
 
@@ -47,7 +48,7 @@ Form5::Form5(const Clock& clock, bool& commaShift)
     buildBracket();
     buildRest();
     buildMenus();
-    SeeKeysFirst([this](int keyCode) { Form_KeyDown(keyCode); });
+    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &Form5::Form_KeyDown);
     Form_Load();
 }
 
@@ -64,8 +65,11 @@ void Form5::buildBracket()
     Text1 = new WorkingGridBox(exercise_.Grid, this);
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setAccessibleName(QStringLiteral("Dividendo y operaciones"));
-    connect(Text1, &WorkingGridBox::KeyDown, this, &Form5::Text1_KeyDown);
-    connect(Text1, &WorkingGridBox::KeyPress, this, &Form5::Text1_KeyPress);
+    HandleKeys(*Text1,
+        {
+            .KeyDown = [this](const Key& key) { return Text1_KeyDown(key.Code); },
+            .KeyPress = [this](QChar character) { return Text1_KeyPress(character); },
+        });
 
     Text2 = AddReadOnlyBox(Area(), QStringLiteral("Text2"), QStringLiteral("Divisor"),
         { bracketLeft, bracketTop, bracketWidth, bracketRow }, digitFont, Qt::AlignLeft | Qt::AlignVCenter);
@@ -283,37 +287,42 @@ void Form5::MnuOpcSal_Click()
     close();
 }
 
-void Form5::Form_KeyDown(int keyCode)
+// F5 reads out where on the paper the caret is.
+void Form5::Form_KeyDown()
 {
-    constexpr int f5 = KeyCode::F1 + 4;
-    if (keyCode == f5) {
-        Text4->SetText(std::to_string(exercise_.Grid.Caret) + " / " + std::to_string(exercise_.Grid.LineWidth));
-    }
+    Text4->SetText(std::to_string(exercise_.Grid.Caret) + " / " + std::to_string(exercise_.Grid.LineWidth));
 }
 
-void Form5::Text1_KeyDown(int& keyCode, bool& consumed)
+KeyAnswer Form5::Text1_KeyDown(int keyCode)
 {
     switch (keyCode) {
     case KeyCode::Backspace:
     case KeyCode::Delete:
-        keyCode = KeyCode::Space; // nothing is ever deleted, so that the cells keep their places
-        break;
+        return KeyAnswer::Replaced(u' '); // nothing is ever deleted, so that the cells keep their places
     case KeyCode::Right:
         exercise_.Grid.StepRight();
-        consumed = true;
         break;
     case KeyCode::Left:
+        if (exercise_.Grid.Caret == 0) {
+            return KeyAnswer::GoesOn();
+        }
         exercise_.Grid.StepLeft();
-        consumed = true;
         break;
     default:
-        break;
+        return KeyAnswer::GoesOn();
     }
+    Text1->ShowGrid();
+    return KeyAnswer::Consumed();
 }
 
-void Form5::Text1_KeyPress(QChar character)
+KeyAnswer Form5::Text1_KeyPress(QChar character)
 {
+    if (!character.isPrint()) {
+        return KeyAnswer::GoesOn();
+    }
     exercise_.Grid.TypeCharacter(character.unicode());
+    Text1->ShowGrid();
+    return KeyAnswer::Consumed();
 }
 
 void Form5::Text2_GotFocus()

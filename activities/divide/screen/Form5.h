@@ -4,6 +4,7 @@
 #include "common/core/TimeOfDay.h"
 #include "common/screen/ButtonRow.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/Keyboard.h"
 
 namespace numbrela {
 
@@ -35,9 +36,9 @@ public:
     void MnuOpcInt_Click();
     void MnuOpcInd_Click();
     void MnuOpcSal_Click();
-    void Form_KeyDown(int keyCode);
-    void Text1_KeyDown(int& keyCode, bool& consumed);
-    void Text1_KeyPress(QChar character);
+    void Form_KeyDown();
+    KeyAnswer Text1_KeyDown(int keyCode);
+    KeyAnswer Text1_KeyPress(QChar character);
     void Text2_GotFocus();
     void Text3_GotFocus();
 

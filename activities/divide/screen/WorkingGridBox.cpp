@@ -2,7 +2,7 @@
 
 #include "activities/divide/core/WorkingGrid.h"
 #include "activities/divide/screen/WorkingGridAccessible.h"
-#include "common/screen/KeyCodes.h"
+#include "common/screen/Keyboard.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -21,16 +21,6 @@ constexpr int scrollMarkWidth = 60;
 
 constexpr int eighthsOfADegreePerRow = 40; // a notch of the wheel is 120
 
-// The character that a key event types; null when it types none. A key held with Ctrl or Alt is a command, but both of
-// them together are the third level of a keyboard.
-QChar characterOf(const QKeyEvent& event)
-{
-    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
-    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
-    const QString text = event.text();
-    return control != alt || text.isEmpty() || !text.front().isPrint() ? QChar() : text.front();
-}
-
 } // namespace
 
 WorkingGridBox::WorkingGridBox(WorkingGrid& grid, QWidget* parent)
@@ -40,6 +30,7 @@ WorkingGridBox::WorkingGridBox(WorkingGrid& grid, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::IBeamCursor);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_InputMethodEnabled);
     WorkingGridAccessible::Install();
 }
 
@@ -106,19 +97,21 @@ void WorkingGridBox::PutCaret(int cell)
 
 void WorkingGridBox::keyPressEvent(QKeyEvent* event)
 {
-    int keyCode = KeyCodeOf(*event);
-    bool consumed = false;
-    Q_EMIT KeyDown(keyCode, consumed);
-    const QChar character = keyCode == KeyCode::Space ? QChar(u' ') : characterOf(*event);
-    if (!consumed && !moveCaretByKey(*event)) {
-        if (character.isNull()) {
-            QWidget::keyPressEvent(event);
-            return;
-        }
-        Q_EMIT KeyPress(character);
+    if (moveCaretByKey(*event)) {
+        ShowGrid();
+    } else {
+        QWidget::keyPressEvent(event);
     }
-    event->accept();
-    ShowGrid();
+}
+
+void WorkingGridBox::inputMethodEvent(QInputMethodEvent* event)
+{
+    TypeInto(*this, event->commitString());
+}
+
+QVariant WorkingGridBox::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    return query == Qt::ImCursorRectangle ? QVariant(CellRect(grid_.Caret)) : QWidget::inputMethodQuery(query);
 }
 
 bool WorkingGridBox::moveCaretByKey(const QKeyEvent& event)

@@ -8,7 +8,8 @@ class WorkingGrid;
 
 // Shows a working grid as squared paper, a cell for each character and as many rows as there is room for, with a block
 // on the cell that is written next; scrolls with the caret and by the wheel. It moves the caret by mouse and by the
-// keys that move between rows. What the other keys do is for its form to say.
+// keys that move between rows. What the other keys do is for its form to say (HandleKeys); what an input method writes
+// is typed.
 class WorkingGridBox : public QWidget {
     Q_OBJECT
 
@@ -42,16 +43,12 @@ public:
     // Shows the row of a cell; the caret stays where it is.
     void ShowCell(int cell);
 
-Q_SIGNALS:
-    // A key goes down; it may be taken for another, or be consumed.
-    void KeyDown(int& keyCode, bool& consumed);
-
-    // A character is typed.
-    void KeyPress(QChar character);
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

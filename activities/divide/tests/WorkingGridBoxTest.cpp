@@ -2,11 +2,13 @@
 
 #include "activities/divide/screen/WorkingGridAccessible.h"
 #include "activities/divide/tests/DivisionSupport.h"
+#include "common/screen/Keyboard.h"
 #include "tests/support/Driver.h"
 
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QInputMethodEvent>
 #include <QScreen>
 #include <QTest>
 #include <QVBoxLayout>
@@ -35,8 +37,14 @@ protected:
         Box.setFont(font);
         Box.setGeometry(0, 0, 8 * pixelsPerCell, 467);
         window_.resize(200, 500);
-        QObject::connect(&Box, &WorkingGridBox::KeyPress, &Box,
-            [this](QChar character) { Grid.TypeCharacter(character.unicode()); });
+        HandleKeys(Box, { .KeyPress = [this](QChar character) {
+            if (!character.isPrint()) {
+                return KeyAnswer::GoesOn();
+            }
+            Grid.TypeCharacter(character.unicode());
+            Box.ShowGrid();
+            return KeyAnswer::Consumed();
+        } });
         ShowAndActivate(window_);
         Box.setFocus();
     }
@@ -414,16 +422,17 @@ TEST_F(WorkingGridBoxTest, LeavesKeysThatItHasNoUseForToItsWindow)
     EXPECT_EQ(Grid.Caret, 0);
 }
 
-TEST_F(WorkingGridBoxTest, ItsFormMayTakeAKeyForAnotherOrForItself)
+TEST_F(WorkingGridBoxTest, WhatAnInputMethodWritesIsTyped)
 {
-    QObject::connect(&Box, &WorkingGridBox::KeyDown, &Box, [](int& keyCode, bool& consumed) {
-        consumed = keyCode == 'X';
-        keyCode = keyCode == 'Y' ? ' ' : keyCode;
-    });
-    typeRow(Grid, 1, "123");
-    Grid.MoveCaretTo(8);
-    Type(QStringLiteral("xxy"));
-    EXPECT_EQ(rowText(Grid, 1), " 23");
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QCoreApplication::sendEvent(&Box, &query);
+    EXPECT_TRUE(query.value(Qt::ImEnabled).toBool());
+    Grid.MoveCaretTo(9);
+    EXPECT_EQ(Box.inputMethodQuery(Qt::ImCursorRectangle).toRect(), Box.CellRect(9)) << "its window stands there";
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("17"));
+    QCoreApplication::sendEvent(&Box, &event);
+    EXPECT_EQ(rowText(Grid, 1), " 17");
 }
 
 // ---------------------------------------------------------------------------------------------- for a screen reader

@@ -71,8 +71,7 @@ void Form4::buildCalculation()
         TbFactor[i] = addColumnBox(QStringLiteral("TbFactor(%1)").arg(index), factorNames[i],
             { columnLeft, firstFactorTop + rowHeight * index, columnWidth, rowHeight });
         TbFactor[i]->setReadOnly(true);
-        connect(TbFactor[i], &TextBox::KeyPress, this,
-            [this, index](QChar& character) { TbFactor_KeyPress(index, character); });
+        HandleKeys(*TbFactor[i], { .KeyPress = [this, index](QChar) { return TbFactor_KeyPress(index); } });
     }
     LabX = AddLabel(Area(), QStringLiteral("LabX"), QStringLiteral("×"),
         { signLeft, firstFactorTop + rowHeight, signWidth, rowHeight }, digitFont);
@@ -85,8 +84,11 @@ void Form4::buildCalculation()
         { signLeft, firstRowTop, signWidth, rowHeight }, digitFont);
     TbResultado = addColumnBox(QStringLiteral("TbResultado"), QStringLiteral("Resultado"),
         { columnLeft, firstRowTop, columnWidth, rowHeight });
-    connect(TbResultado, &TextBox::KeyDown, this, &Form4::TbResultado_KeyDown);
-    connect(TbResultado, &TextBox::KeyUp, this, &Form4::TbResultado_KeyUp);
+    HandleKeys(*TbResultado,
+        {
+            .KeyDown = [this](const Key& key) { return TbResultado_KeyDown(key.Code); },
+            .KeyUp = [this](int keyCode) { TbResultado_KeyUp(keyCode); },
+        });
 }
 
 void Form4::buildSideColumn()
@@ -164,7 +166,7 @@ void Form4::loadRow()
         = addColumnBox(QStringLiteral("TbParcial(%1)").arg(index), QStringLiteral("Producto parcial %1").arg(index + 1),
             { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
     connect(row, &TextBox::textEdited, this, [this, index] { TbParcial_Change(index); });
-    connect(row, &TextBox::KeyUp, this, [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); });
+    HandleKeys(*row, { .KeyUp = [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); } });
     row->show();
     TbParcial.push_back(row);
 }
@@ -370,9 +372,10 @@ void Form4::MnuOpcSal_Click()
     close();
 }
 
-void Form4::TbFactor_KeyPress(int /*index*/, QChar& /*character*/)
+KeyAnswer Form4::TbFactor_KeyPress(int /*index*/)
 {
     TbParcial[0]->setFocus();
+    return KeyAnswer::GoesOn();
 }
 
 // Called for what the pupil writes: what the solution writes into the only row leaves the result as the solution has
@@ -391,11 +394,12 @@ void Form4::TbParcial_KeyUp(int index, int keyCode)
     }
 }
 
-void Form4::TbResultado_KeyDown(int keyCode, bool& /*consumed*/)
+KeyAnswer Form4::TbResultado_KeyDown(int keyCode)
 {
     if (keyCode == KeyCode::Enter) {
         Command1_Click();
     }
+    return KeyAnswer::GoesOn();
 }
 
 void Form4::TbResultado_KeyUp(int keyCode)

@@ -4,6 +4,7 @@
 #include "common/core/TimeOfDay.h"
 #include "common/screen/ButtonRow.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/Keyboard.h"
 
 #include <array>
 #include <vector>
@@ -36,10 +37,10 @@ public:
     void MnuOpcIn1_Click();
     void MnuOpcIn2_Click();
     void MnuOpcSal_Click();
-    void TbFactor_KeyPress(int index, QChar& character);
+    KeyAnswer TbFactor_KeyPress(int index);
     void TbParcial_Change(int index);
     void TbParcial_KeyUp(int index, int keyCode);
-    void TbResultado_KeyDown(int keyCode, bool& consumed);
+    KeyAnswer TbResultado_KeyDown(int keyCode);
     void TbResultado_KeyUp(int keyCode);
 
     TextBox* TbTítulo;

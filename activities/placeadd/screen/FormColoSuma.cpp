@@ -89,23 +89,22 @@ void replaceAtCaret(TextBox& box, QChar character)
     }
 }
 
-void deleteByBlank(TextBox& box, int keyCode, bool& consumed)
+KeyAnswer deleteByBlank(TextBox& box, int keyCode)
 {
-    if (keyCode == KeyCode::Delete) {
-        replaceAtCaret(box, u' ');
-        consumed = true;
+    if (keyCode != KeyCode::Delete) {
+        return KeyAnswer::GoesOn();
     }
+    replaceAtCaret(box, u' ');
+    return KeyAnswer::Consumed();
 }
 
 // What is typed into a column replaces what stands at the caret. The box then inserts it too, unless it is full: a full
 // box is what makes this overtyping. Other characters are the box's own business: a short text, as the solution writes
 // it, takes them as any box does, in place of its highlight if it has one. A full box refuses them, and loses its
 // highlight first, because in place of highlighted columns it would have room for them.
-void overtype(TextBox& box, QChar& character)
+KeyAnswer overtype(TextBox& box, QChar typed)
 {
-    if (character == QChar(KeyCode::Backspace)) {
-        character = u' ';
-    }
+    const QChar character = typed == QChar(KeyCode::Backspace) ? QChar(u' ') : typed;
     const bool writesColumn = (character >= u'0' && character <= u'9') || character == u' ' || character == u',';
     const int caret = box.CaretPosition();
     if (writesColumn && caret < box.text().size()) {
@@ -114,6 +113,7 @@ void overtype(TextBox& box, QChar& character)
     } else if (character.isPrint() && box.text().size() >= box.maxLength()) {
         box.SetCaretPosition(caret);
     }
+    return KeyAnswer::Replaced(character);
 }
 
 } // namespace
@@ -149,8 +149,11 @@ void FormColoSuma::buildControls()
         = AddTextBox(Area(), QStringLiteral("TbResultado"), boxPlace(0), columnFont, Qt::AlignLeft | Qt::AlignVCenter);
     TbResultado->setAccessibleName(QStringLiteral("Suma"));
     TbResultado->SetMaximumTypedLength(sumLength);
-    connect(TbResultado, &TextBox::KeyDown, this, &FormColoSuma::TbResultado_KeyDown);
-    connect(TbResultado, &TextBox::KeyPress, this, &FormColoSuma::TbResultado_KeyPress);
+    HandleKeys(*TbResultado,
+        {
+            .KeyDown = [this](const Key& key) { return TbResultado_KeyDown(key.Code); },
+            .KeyPress = [this](QChar character) { return TbResultado_KeyPress(character); },
+        });
     buildFrame();
 }
 
@@ -190,9 +193,11 @@ void FormColoSuma::addRow()
         Area(), QStringLiteral("TbSumando(%1)").arg(index), boxPlace(0), columnFont, Qt::AlignLeft | Qt::AlignVCenter);
     box->setAccessibleName(QStringLiteral("Sumando %1").arg(index + 1));
     box->SetMaximumTypedLength(addendLength);
-    connect(box, &TextBox::KeyDown, this,
-        [this, index](int keyCode, bool& consumed) { TbSumando_KeyDown(index, keyCode, consumed); });
-    connect(box, &TextBox::KeyPress, this, [this, index](QChar& character) { TbSumando_KeyPress(index, character); });
+    HandleKeys(*box,
+        {
+            .KeyDown = [this, index](const Key& key) { return TbSumando_KeyDown(index, key.Code); },
+            .KeyPress = [this, index](QChar character) { return TbSumando_KeyPress(index, character); },
+        });
     TbSumando.push_back(box);
     LBSigno.push_back(
         AddLabel(Area(), QStringLiteral("LBSigno(%1)").arg(index), QStringLiteral("+"), signPlace(0), columnFont));
@@ -314,24 +319,24 @@ void FormColoSuma::MnuOpcSal_Click()
     close();
 }
 
-void FormColoSuma::TbSumando_KeyDown(int index, int keyCode, bool& consumed)
+KeyAnswer FormColoSuma::TbSumando_KeyDown(int index, int keyCode)
 {
-    deleteByBlank(*TbSumando[static_cast<std::size_t>(index)], keyCode, consumed);
+    return deleteByBlank(*TbSumando[static_cast<std::size_t>(index)], keyCode);
 }
 
-void FormColoSuma::TbSumando_KeyPress(int index, QChar& character)
+KeyAnswer FormColoSuma::TbSumando_KeyPress(int index, QChar character)
 {
-    overtype(*TbSumando[static_cast<std::size_t>(index)], character);
+    return overtype(*TbSumando[static_cast<std::size_t>(index)], character);
 }
 
-void FormColoSuma::TbResultado_KeyDown(int keyCode, bool& consumed)
+KeyAnswer FormColoSuma::TbResultado_KeyDown(int keyCode)
 {
-    deleteByBlank(*TbResultado, keyCode, consumed);
+    return deleteByBlank(*TbResultado, keyCode);
 }
 
-void FormColoSuma::TbResultado_KeyPress(QChar& character)
+KeyAnswer FormColoSuma::TbResultado_KeyPress(QChar character)
 {
-    overtype(*TbResultado, character);
+    return overtype(*TbResultado, character);
 }
 
 } // namespace numbrela

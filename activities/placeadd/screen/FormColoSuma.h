@@ -4,6 +4,7 @@
 #include "common/core/TimeOfDay.h"
 #include "common/screen/ButtonRow.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/Keyboard.h"
 
 #include <vector>
 
@@ -28,10 +29,10 @@ public:
     void MnuOpcSumLis_Click(int index);
     void MnuOpcCifLis_Click(int index);
     void MnuOpcSal_Click();
-    void TbSumando_KeyDown(int index, int keyCode, bool& consumed);
-    void TbSumando_KeyPress(int index, QChar& character);
-    void TbResultado_KeyDown(int keyCode, bool& consumed);
-    void TbResultado_KeyPress(QChar& character);
+    KeyAnswer TbSumando_KeyDown(int index, int keyCode);
+    KeyAnswer TbSumando_KeyPress(int index, QChar character);
+    KeyAnswer TbResultado_KeyDown(int keyCode);
+    KeyAnswer TbResultado_KeyPress(QChar character);
 
     TextBox* TBInstruc;
     TextBox* TBDatos;

@@ -84,7 +84,7 @@ void FrmUnidad::buildLineOfArithmetic()
 
     TBRespuesta = AddTextBox(Area(), QStringLiteral("TBRespuesta"), { 4850, top, 2300, height }, arithmeticFont);
     TBRespuesta->setAccessibleName(QStringLiteral("Resultado"));
-    connect(TBRespuesta, &TextBox::KeyPress, this, &FrmUnidad::TBRespuesta_KeyPress);
+    HandleKeys(*TBRespuesta, { .KeyPress = [this](QChar character) { return TBRespuesta_KeyPress(character); } });
     // Commands write too, pasting and cutting among them, and are no characters.
     connect(TBRespuesta, &TextBox::textEdited, this, [this] { TBResultado->SetText(""); });
 }
@@ -155,13 +155,14 @@ void FrmUnidad::Command2_Click(int index)
     }
 }
 
-void FrmUnidad::TBRespuesta_KeyPress(QChar& character)
+KeyAnswer FrmUnidad::TBRespuesta_KeyPress(QChar character)
 {
     TBResultado->SetText("");
-    if (character.unicode() == KeyCode::Enter) {
-        character = QChar();
-        Command1_Click();
+    if (character.unicode() != KeyCode::Enter) {
+        return KeyAnswer::GoesOn();
     }
+    Command1_Click();
+    return KeyAnswer::Consumed();
 }
 
 void FrmUnidad::MnuOpcCi1Lis_Click(int index)

@@ -4,6 +4,7 @@
 #include "common/core/TimeOfDay.h"
 #include "common/screen/ButtonRow.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/Keyboard.h"
 
 #include <array>
 
@@ -21,7 +22,7 @@ public:
     void Form_Load();
     void Command1_Click();
     void Command2_Click(int index);
-    void TBRespuesta_KeyPress(QChar& character);
+    KeyAnswer TBRespuesta_KeyPress(QChar character);
     void MnuOpcCi1Lis_Click(int index);
     void MnuOpcIn1_Click();
     void MnuOpcIn2_Click();

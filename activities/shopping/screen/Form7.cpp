@@ -200,13 +200,13 @@ void Form7::buildFrame3()
     LIDisponibles
         = AddControl(area, new ListBox(Frame3), QStringLiteral("LIDisponibles"), { 240, 1320, 4440, 3270 }, formFont);
     LIDisponibles->DblClick = [this] { LIDisponibles_DblClick(); };
-    LIDisponibles->KeyDown = [this](int keyCode) { LIDisponibles_KeyDown(keyCode); };
+    HandleKeys(*LIDisponibles, { .KeyDown = [this](const Key& key) { return LIDisponibles_KeyDown(key); } });
     LBDisponibles = addListCaption(area, QStringLiteral("LBDisponibles"), QStringLiteral("&Productos disponibles"),
         { 240, 900, 4440, 360 }, LIDisponibles);
 
     LICesta = AddControl(area, new ListBox(Frame3), QStringLiteral("LICesta"), { 4920, 1320, 4440, 6840 }, formFont);
     LICesta->DblClick = [this] { LICesta_DblClick(); };
-    LICesta->KeyDown = [this](int keyCode) { LICesta_KeyDown(keyCode); };
+    HandleKeys(*LICesta, { .KeyDown = [this](const Key& key) { return LICesta_KeyDown(key); } });
     LbCesta = addListCaption(
         area, QStringLiteral("LbCesta"), QStringLiteral("C&esta de la compra"), { 4920, 900, 4440, 360 }, LICesta);
 
@@ -221,7 +221,11 @@ void Form7::buildFrame3()
     TbResultado = AddTextBox(area, QStringLiteral("TbResultado"), { columnLeft, 7620, columnWidth, 540 }, columnFont,
         Qt::AlignRight | Qt::AlignVCenter);
     TbResultado->setAccessibleName(QStringLiteral("Resultado"));
-    connect(TbResultado, &TextBox::KeyPress, this, &Form7::TbResultado_KeyPress);
+    HandleKeys(*TbResultado,
+        {
+            .KeyDown = [this](const Key& key) { return TbResultado_KeyDown(key.Code); },
+            .KeyPress = [this](QChar) { return TbResultado_KeyPress(); },
+        });
     showColumn(false);
 
     CbContinuar = AddButton(
@@ -348,11 +352,13 @@ void Form7::LIDisponibles_DblClick()
     showBasket(task_.TakeProduct(shelf_[static_cast<std::size_t>(*line)].Product));
 }
 
-void Form7::LIDisponibles_KeyDown(int keyCode)
+KeyAnswer Form7::LIDisponibles_KeyDown(const Key& key)
 {
-    if (keyCode == KeyCode::Enter) {
-        LIDisponibles_DblClick();
+    if (key.Code != KeyCode::Enter) {
+        return KeyAnswer::GoesOn();
     }
+    LIDisponibles_DblClick();
+    return KeyAnswer::Consumed();
 }
 
 void Form7::LICesta_DblClick()
@@ -362,11 +368,16 @@ void Form7::LICesta_DblClick()
     }
 }
 
-void Form7::LICesta_KeyDown(int keyCode)
+// However long a key is held, it puts one product back.
+KeyAnswer Form7::LICesta_KeyDown(const Key& key)
 {
-    if (keyCode == KeyCode::Enter || keyCode == KeyCode::Delete) {
+    if (key.Code != KeyCode::Enter && key.Code != KeyCode::Delete) {
+        return KeyAnswer::GoesOn();
+    }
+    if (!key.Repeated) {
         LICesta_DblClick();
     }
+    return KeyAnswer::Consumed();
 }
 
 void Form7::CbContinuar_Click()
@@ -451,9 +462,16 @@ void Form7::CBVolver_Click()
     }
 }
 
-void Form7::TbResultado_KeyPress()
+// Sums of money are typed on the keypad, whose decimal key writes a point on many keyboards.
+KeyAnswer Form7::TbResultado_KeyDown(int keyCode)
+{
+    return keyCode == KeyCode::KeypadDecimal ? KeyAnswer::Replaced(u',') : KeyAnswer::GoesOn();
+}
+
+KeyAnswer Form7::TbResultado_KeyPress()
 {
     TbResultado->StepCaretLeft(); // the result is written from its last digit to its first
+    return KeyAnswer::GoesOn();
 }
 
 void Form7::Timer1_Timer()

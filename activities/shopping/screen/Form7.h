@@ -3,6 +3,7 @@
 #include "activities/shopping/core/ShoppingTask.h"
 #include "common/core/TimeOfDay.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/Keyboard.h"
 
 #include <array>
 #include <filesystem>
@@ -31,12 +32,13 @@ public:
     void Form_Load();
     void CBTienda_Click(int index);
     void LIDisponibles_DblClick();
-    void LIDisponibles_KeyDown(int keyCode);
+    KeyAnswer LIDisponibles_KeyDown(const Key& key);
     void LICesta_DblClick();
-    void LICesta_KeyDown(int keyCode);
+    KeyAnswer LICesta_KeyDown(const Key& key);
     void CbContinuar_Click();
     void CBVolver_Click();
-    void TbResultado_KeyPress();
+    KeyAnswer TbResultado_KeyDown(int keyCode);
+    KeyAnswer TbResultado_KeyPress();
     void Timer1_Timer();
     void MnuOpcNum_Click();
     void MnuOpcAdd_Click();

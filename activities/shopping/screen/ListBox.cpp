@@ -1,9 +1,8 @@
 #include "activities/shopping/screen/ListBox.h"
 
 #include "activities/shopping/screen/SelectionStart.h"
-#include "common/screen/KeyCodes.h"
 
-#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QStyle>
 
 #include <algorithm>
@@ -65,19 +64,6 @@ void ListBox::timerEvent(QTimerEvent* event)
 bool ListBox::isLaidOut(int line) const
 {
     return !visualRect(model()->index(line, 0)).isEmpty();
-}
-
-void ListBox::keyPressEvent(QKeyEvent* event)
-{
-    const int keyCode = KeyCodeOf(*event);
-    if (keyCode == KeyCode::Enter || keyCode == KeyCode::Delete) {
-        event->accept();
-        if (!event->isAutoRepeat() && KeyDown) {
-            KeyDown(keyCode);
-        }
-        return;
-    }
-    QListWidget::keyPressEvent(event);
 }
 
 // The toolkit's own answer would be about the line under the mouse, which the form's answer may have taken away.

@@ -27,12 +27,10 @@ public:
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
-    std::function<void(int keyCode)> KeyDown; // Enter or Delete goes down: once for each time, however long it is held
     std::function<void()> DblClick;
 
 protected:
     void timerEvent(QTimerEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -259,6 +259,32 @@ TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDelete)
     EXPECT_EQ(form.LICesta->SelectedLine(), std::nullopt);
 }
 
+TEST_F(Form7Test, AHeldDeletePutsOneProductBack)
+{
+    const Form7& form = openBakery();
+    GoInto(form, QStringLiteral("Panadería"));
+    for (int taken = 0; taken < 4; ++taken) {
+        TakeFromShelf(form, QStringLiteral("Un bollo"));
+    }
+    form.LICesta->setFocus();
+    HoldDown(Qt::Key_Delete);
+    Repeat(Qt::Key_Delete);
+    RepeatMarked(Qt::Key_Delete);
+    LetGo(Qt::Key_Delete);
+    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(3) Un bollo 1,2" });
+}
+
+TEST_F(Form7Test, TheDecimalKeyOfTheKeypadWritesAComma)
+{
+    Form7& form = openBakery();
+    fillBasket(form, 3);
+    PressContinue(form);
+    Press(Qt::Key_5, Qt::KeypadModifier);
+    Press(Qt::Key_Period, Qt::KeypadModifier);
+    Press(Qt::Key_4, Qt::KeypadModifier);
+    EXPECT_EQ(form.TbResultado->Text(), "4,5");
+}
+
 TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
 {
     Form7& form = openBakery();

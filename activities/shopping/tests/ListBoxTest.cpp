@@ -17,13 +17,11 @@ class ListBoxTest : public ::testing::Test {
 protected:
     ListBoxTest()
     {
-        list_.KeyDown = [this](int keyCode) { keys_.push_back(keyCode); };
         list_.DblClick = [this] { ++doubleClicks_; };
         list_.SetLines({ "uno", "dos", "tres" });
     }
 
     ListBox list_;
-    std::vector<int> keys_;
     int doubleClicks_ = 0;
 };
 
@@ -108,19 +106,6 @@ TEST_F(ListBoxTest, ALineFarDownAmongLongOnesIsBroughtIntoViewAtOnce)
     list_.setFocus();
     Press(Qt::Key_End);
     EXPECT_TRUE(isSeen(999));
-}
-
-TEST_F(ListBoxTest, EnterAndDeleteAreHeardOnceForEachTimeTheyGoDown)
-{
-    ShowAndActivate(list_);
-    Press(Qt::Key_Return);
-    HoldDown(Qt::Key_Delete);
-    Repeat(Qt::Key_Delete);
-    Repeat(Qt::Key_Delete);
-    LetGo(Qt::Key_Delete);
-    Press(Qt::Key_Enter);
-    Press(Qt::Key_Down);
-    EXPECT_EQ(keys_, (std::vector<int> { KeyCode::Enter, KeyCode::Delete, KeyCode::Enter }));
 }
 
 TEST_F(ListBoxTest, OnlyTheLeftButtonDoubleClicks)

@@ -105,6 +105,17 @@ TEST_P(PressingKeyTest, DoesNotPressADisabledButton)
     EXPECT_EQ(timesDone_, 0);
 }
 
+TEST_F(CommandButtonTest, ADoubleClickPressesItOnce)
+{
+    QTest::mouseClick(&done_, Qt::LeftButton);
+    QTest::mouseDClick(&done_, Qt::LeftButton);
+    QTest::mouseRelease(&done_, Qt::LeftButton);
+    EXPECT_EQ(timesDone_, 1);
+    EXPECT_FALSE(done_.isDown());
+    QTest::mouseClick(&done_, Qt::LeftButton);
+    EXPECT_EQ(timesDone_, 2);
+}
+
 TEST_F(CommandButtonTest, GivesTheFocusAwayWhenItIsDisabled)
 {
     next_.setFocus();

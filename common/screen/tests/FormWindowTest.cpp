@@ -51,7 +51,6 @@ public:
     using FormWindow::AddMenu;
     using FormWindow::AddMenuItem;
     using FormWindow::MenuBar;
-    using FormWindow::SeeKeysFirst;
     using FormWindow::SetTabSequence;
 
     // What the window has below its menu bar.
@@ -189,42 +188,6 @@ TEST(FormWindowTest, GoesThroughItsControlsWithTabInTheOrderGiven)
     EXPECT_EQ(names, (std::vector<std::string> { "Box", "First", "Second" }));
     Press(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(FocusName(), "First");
-}
-
-TEST(FormWindowTest, SeesEachKeyOnceAndBeforeTheControlThatHasTheFocus)
-{
-    TestForm form;
-    std::vector<std::string> heard;
-    form.SeeKeysFirst([&](int keyCode) { heard.push_back("form " + std::to_string(keyCode)); });
-    QObject::connect(form.Box, &TextBox::KeyDown, &form,
-        [&](int keyCode, bool& /*consumed*/) { heard.push_back("box " + std::to_string(keyCode)); });
-    ShowAndActivate(form);
-    form.Box->setFocus();
-    Press(Qt::Key_F5);
-    Press(Qt::Key_5);
-    EXPECT_EQ(heard, (std::vector<std::string> { "form 116", "box 116", "form 53", "box 53" }));
-    EXPECT_EQ(form.Box->Text(), "5") << "it takes nothing away from the control";
-
-    heard.clear();
-    form.First->setFocus();
-    Press(Qt::Key_F5);
-    EXPECT_EQ(heard, std::vector<std::string> { "form 116" });
-    form.First->clearFocus();
-    Press(Qt::Key_F5);
-    EXPECT_EQ(heard.size(), 2U) << "no control has the focus";
-}
-
-TEST(FormWindowTest, SeesNoKeysOfOtherWindows)
-{
-    TestForm other;
-    int keys = 0;
-    other.SeeKeysFirst([&](int /*keyCode*/) { ++keys; });
-    ShowAndActivate(other);
-    TestForm form;
-    ShowAndActivate(form);
-    form.Box->setFocus();
-    Press(Qt::Key_F5);
-    EXPECT_EQ(keys, 0);
 }
 
 TEST(FormWindowTest, NamesItsMenusAndItems)

@@ -176,6 +176,24 @@ TEST(KeyCodesTest, AsksTheKeyAndNotTheCharacterThatItWrites)
     EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyPress, Qt::Key_3, Qt::NoModifier, QStringLiteral("#"))), 51);
 }
 
+// As an X server reports the row from 1 to 0 and the key right of M, whatever they write.
+TEST(KeyCodesTest, KnowsTheKeysOfNumbersByTheirPlaceWhateverTheyWrite)
+{
+    const auto codeAt = [](quint32 scanCode, int key, const QString& text) {
+        return KeyCodeOf(QKeyEvent(QEvent::KeyPress, key, Qt::ShiftModifier, scanCode, 0, 0, text));
+    };
+    const QString writtenWithShift = QStringLiteral("!\"·$%&/()=");
+    for (int place = 0; place < 10; ++place) {
+        const QChar character = writtenWithShift[place];
+        EXPECT_EQ(codeAt(10 + static_cast<quint32>(place), character.unicode(), character), 48 + (place + 1) % 10);
+    }
+    EXPECT_EQ(codeAt(59, Qt::Key_Semicolon, QStringLiteral(";")), 188);
+    EXPECT_EQ(codeAt(9, Qt::Key_Escape, {}), 27) << "its neighbours are known by what they are";
+    EXPECT_EQ(codeAt(20, Qt::Key_Apostrophe, QStringLiteral("'")), 219);
+    EXPECT_EQ(codeAt(58, Qt::Key_M, QStringLiteral("M")), 77);
+    EXPECT_EQ(codeAt(60, Qt::Key_Colon, QStringLiteral(":")), 190);
+}
+
 TEST(KeyCodesTest, GivesOtherKeysNoCode)
 {
     for (const int key : { 0, int { Qt::Key_unknown }, int { Qt::Key_VolumeUp }, int { Qt::Key_Percent } }) {
