@@ -303,8 +303,10 @@ void Form5::Text1_KeyDown(int& keyCode, bool& consumed)
         consumed = true;
         break;
     case KeyCode::Left:
-        exercise_.Grid.StepLeft();
-        consumed = true;
+        if (exercise_.Grid.Caret > 0) {
+            exercise_.Grid.StepLeft();
+            consumed = true;
+        }
         break;
     default:
         break;
