@@ -166,7 +166,7 @@ int TextBox::widthForText() const
     QStyleOptionFrame option;
     initStyleOption(&option);
     const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
-    return contents.width() - innerMargins - caretWidth;
+    return contents.width() - textMargins().left() - textMargins().right() - innerMargins - caretWidth;
 }
 
 bool TextBox::fits(const QFont& font) const

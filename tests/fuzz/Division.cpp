@@ -198,7 +198,8 @@ private:
         clean.append(dividend.begin(), dividend.end());
         clean.append(2000, u' ');
         EXPECT_TRUE(stands(clean));
-        EXPECT_EQ(grid().Caret, 0);
+        const int firstDigit = dividend.front() == '-' ? 2 : 1;
+        EXPECT_EQ(grid().Caret, grid().LineWidth + firstDigit + (firstDigit == grid().CommaColumn ? 1 : 0));
         blank_ = true;
     }
 

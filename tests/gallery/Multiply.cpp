@@ -60,6 +60,7 @@ void drawSolutions(Gallery& gallery, Form4& form)
     };
     typeFactors(QStringLiteral("7"), QStringLiteral("8"));
     drawSolution("one-row");
+    gallery.DrawMaximised(form, QStringLiteral("multiplication-one-row-maximised"));
     typeFactors(QStringLiteral("987,65"), QStringLiteral("120,5"));
     drawSolution("solution");
 

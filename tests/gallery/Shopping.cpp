@@ -72,6 +72,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
     gallery.Draw(form, QStringLiteral("shopping-change"));
+    gallery.DrawMaximised(form, QStringLiteral("shopping-change-maximised"));
     PressContinue(form);
     gallery.Draw(form, QStringLiteral("shopping-receipt"));
     gallery.DrawMaximised(form, QStringLiteral("shopping-receipt-maximised"));
@@ -86,6 +87,7 @@ void drawLongColumn(Gallery& gallery, Form7& form)
     }
     PressContinue(form);
     gallery.Draw(form, QStringLiteral("shopping-long-column"));
+    gallery.DrawMaximised(form, QStringLiteral("shopping-long-column-maximised"));
     ExpectDialog([](QDialog& box) { box.accept(); });
     PressContinue(form);
 }

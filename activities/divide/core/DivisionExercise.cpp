@@ -90,10 +90,11 @@ void DivisionExercise::GenerateDivision()
 
     Dividend = dividend == PowerOfTen(DividendDigits) ? dividend - 1 : dividend;
     Divisor = divisor == PowerOfTen(DivisorDigits) ? divisor - 1 : divisor;
-    Grid.Begin(DividendText());
+    const std::string text = DividendText();
+    const std::size_t comma = text.find(',');
     Grid.LineWidth = lineWidth;
-    const std::size_t comma = Grid.Text.find(u',');
-    Grid.CommaColumn = comma == std::u16string::npos ? -1 : static_cast<int>(comma);
+    Grid.CommaColumn = comma == std::string::npos ? -1 : static_cast<int>(comma) + 1; // a blank stands before the text
+    Grid.Begin(text);
     Score.Scorable = true;
 }
 
@@ -170,7 +171,7 @@ std::string DivisionExercise::ShowDivisionSolution()
     for (const WorkedLine& line : worked.Lines) {
         Grid.WriteWorkingLine(line.Text, line.Column, line.Row);
     }
-    Grid.Caret = 0;
+    Grid.MoveCaretToWorking();
     Score.Scorable = false;
     return worked.Quotient;
 }

@@ -62,8 +62,9 @@ public:
     // dividend; a quotient that is to be worked to decimals is not judged. What was judged is for `Score` to count.
     DivisionVerdict Judge(std::string_view quotient) const;
 
-    // Writes the working into the grid and returns the quotient. From here on the exercise is not scored. Throws
-    // RunTimeError::Overflow, and changes nothing, when a running remainder or the divisor does not fit 32 bits.
+    // Writes the working into the grid, the caret where it begins, and returns the quotient. From here on the exercise
+    // is not scored. Throws RunTimeError::Overflow, and changes nothing, when a running remainder or the divisor does
+    // not fit 32 bits.
     std::string ShowDivisionSolution();
 
     // Take a number that the pupil typed; its whole part counts. False when there is no number other than 0, or a

@@ -26,7 +26,14 @@ void WorkingGrid::Begin(std::string_view dividend)
 {
     Text = blank + widened(dividend);
     clearFrom(end());
-    Caret = 0;
+    MoveCaretToWorking();
+}
+
+void WorkingGrid::MoveCaretToWorking()
+{
+    const int beforeFirstDigit = Text.find(u'-') == 1 ? 1 : 0;
+    MoveCaretTo(LineWidth + beforeFirstDigit);
+    StepRight();
 }
 
 std::u16string_view WorkingGrid::Row(int row) const

@@ -24,8 +24,12 @@ public:
     Int16 CommaColumn = -1; // the column of the dividend's comma, counted from 0; -1 when it has none
     int Caret = 0; // the cell that is written next, 0 to the length of the text
 
-    // A clean sheet with this dividend on top, as wide as `LineWidth` says, and the caret on its first cell.
+    // A clean sheet with this dividend on top, as wide as `LineWidth` says, and the caret where the working begins.
     void Begin(std::string_view dividend);
+
+    // Puts the caret into the row below the dividend, under its first digit, or right of the comma's column if that is
+    // there: what is typed next is written, as it would not be in the dividend's own row.
+    void MoveCaretToWorking();
 
     // The cells of a row; fewer than `LineWidth` of them at the end of the text, none below it.
     std::u16string_view Row(int row) const;

@@ -47,10 +47,11 @@ void WorkingGridBox::ShowCell(int cell)
     update();
 }
 
-// No farther than it must.
+// No farther than it must; but the row in which the working begins is shown with the dividend above it.
 void WorkingGridBox::scrollTo(int row)
 {
-    firstRow_ = std::clamp(firstRow_, std::max(row - ShownRows() + 1, 0), row);
+    const int lastFirstRow = row == 1 ? 0 : row;
+    firstRow_ = std::clamp(firstRow_, std::max(row - ShownRows() + 1, 0), lastFirstRow);
 }
 
 int WorkingGridBox::caretRow() const
@@ -118,6 +119,9 @@ bool WorkingGridBox::moveCaretByKey(const QKeyEvent& event)
 {
     const int rowStart = caretRow() * grid_.LineWidth;
     switch (event.key()) {
+    case Qt::Key_Left:
+        grid_.MoveCaretTo(grid_.Caret - 1);
+        return true;
     case Qt::Key_Up:
         grid_.MoveCaretByRows(-1);
         return true;

@@ -8,8 +8,8 @@ class WorkingGrid;
 
 // Shows a working grid as squared paper, a cell for each character and as many rows as there is room for, with a block
 // on the cell that is written next; scrolls with the caret and by the wheel. It moves the caret by mouse and by the
-// keys that move between rows. What the other keys do is for its form to say (HandleKeys); what an input method writes
-// is typed.
+// keys that move it in any text box, unless its form consumes them. What the other keys do is for the form to say
+// (HandleKeys); what an input method writes is typed.
 class WorkingGridBox : public QWidget {
     Q_OBJECT
 

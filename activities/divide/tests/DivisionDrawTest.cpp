@@ -200,7 +200,7 @@ TEST(DivisionDraw, LaysTheGridOutForItsDigits)
         EXPECT_EQ(rowsOf(drawn.Exercise.Grid), std::vector<std::string> { layout.Row });
         EXPECT_EQ(drawn.Exercise.Grid.LineWidth, layout.LineWidth);
         EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, layout.CommaColumn);
-        EXPECT_EQ(drawn.Exercise.Grid.Caret, 0);
+        EXPECT_EQ(drawn.Exercise.Grid.Caret, layout.LineWidth + 1) << "below the first digit";
     }
 }
 
@@ -227,7 +227,7 @@ TEST(DivisionDraw, ClearingTheWorkingKeepsTheDivision)
     drawn.Exercise.Score.Scorable = false;
     drawn.Exercise.ClearWorking();
     EXPECT_EQ(rowsOf(drawn.Exercise.Grid), std::vector<std::string> { " 97,25" });
-    EXPECT_EQ(drawn.Exercise.Grid.Caret, 0);
+    EXPECT_EQ(drawn.Exercise.Grid.Caret, 9) << "below the first digit";
     EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");
     EXPECT_FALSE(drawn.Exercise.Score.Scorable);
     EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, 3);

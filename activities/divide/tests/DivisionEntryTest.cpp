@@ -105,7 +105,9 @@ TEST(DivisionEntry, ADividendBeginsACleanGridWithoutRoomForDecimals)
     ASSERT_TRUE(drawn.Exercise.EnterDividend("86,5"));
     EXPECT_EQ(drawn.Exercise.Grid.Text, u" 86" + std::u16string(2000, u' '));
     EXPECT_EQ(drawn.Exercise.Grid.LineWidth, 8);
-    EXPECT_EQ(drawn.Exercise.Grid.Caret, 0);
+    EXPECT_EQ(drawn.Exercise.Grid.Caret, 9) << "below the first digit";
+    ASSERT_TRUE(drawn.Exercise.EnterDividend("-865"));
+    EXPECT_EQ(drawn.Exercise.Grid.Caret, 10) << "which a sign moves to the right";
 }
 
 TEST(DivisionEntry, ADividendLeavesTheRestAsItWas)

@@ -217,12 +217,12 @@ TEST(DivisionSolution, EndsTheScoringOfTheExercise)
     EXPECT_EQ(drawn.Exercise.Judge("5").Text, "Resultado incorrecto");
 }
 
-TEST(DivisionSolution, IsShownFromItsFirstCell)
+TEST(DivisionSolution, LeavesTheCaretWhereTheWorkingBegins)
 {
     DrawnDivision drawn(whole(2), 84, 4);
-    typeRow(drawn.Exercise.Grid, 1, " 04");
+    typeRow(drawn.Exercise.Grid, 3, " 04");
     drawn.Exercise.ShowDivisionSolution();
-    EXPECT_EQ(drawn.Exercise.Grid.Caret, 0);
+    EXPECT_EQ(drawn.Exercise.Grid.Caret, drawn.Exercise.Grid.LineWidth + 1);
 }
 
 TEST(DivisionSolution, ReplacesTheWorkingFromItsFirstCharacterOn)

@@ -116,8 +116,7 @@ TEST_F(Form5Test, DrawsWhatTheTimeOfDaySays)
 TEST_F(Form5Test, WorksADivisionByKeysAlone)
 {
     show(QStringLiteral("97"), QStringLiteral("6"));
-    Press(Qt::Key_Down);
-    Type(QStringLiteral(" 37"));
+    Type(QStringLiteral("37"));
     Press(Qt::Key_Down);
     Press(Qt::Key_Left);
     Type(QStringLiteral("1"));
@@ -144,6 +143,8 @@ TEST_F(Form5Test, WorksADivisionByKeysAlone)
 
 TEST_F(Form5Test, ArrowsSkipTheCommaInEveryRow)
 {
+    Press(Qt::Key_Up);
+    Press(Qt::Key_Home);
     expectPosition("0 / 8");
     Press(Qt::Key_Right);
     Press(Qt::Key_Right);
@@ -154,10 +155,40 @@ TEST_F(Form5Test, ArrowsSkipTheCommaInEveryRow)
     expectPosition("12 / 8");
     Press(Qt::Key_Left);
     expectPosition("10 / 8");
-    for (int step = 0; step < 20; ++step) {
+}
+
+TEST_F(Form5Test, LeftIsTheFormsOwnUntilNothingIsLeftOfTheCaret)
+{
+    std::vector<bool> consumed;
+    QObject::connect(
+        Form.Text1, &WorkingGridBox::KeyDown, Form.Text1, [&](int&, bool& taken) { consumed.push_back(taken); });
+    for (int step = 0; step < 10; ++step) {
         Press(Qt::Key_Left);
     }
+    EXPECT_EQ(consumed, (std::vector<bool> { true, true, true, true, true, true, true, true, false, false }));
+    EXPECT_EQ(FocusName(), "Text1");
+    EXPECT_EQ(Form.Text1->FirstShownRow(), 0);
     expectPosition("0 / 8");
+}
+
+TEST_F(Form5Test, WhatIsTypedFirstIsWrittenBelowTheFirstDigit)
+{
+    Type(QStringLiteral("06"));
+    EXPECT_EQ(rows(), (Rows { " 86,18", " 06" }));
+    typeIntoRow(30, QStringLiteral("9"));
+    Click(Form, QStringLiteral("Command2(1)"));
+    EXPECT_EQ(Form.Text1->FirstShownRow(), 0) << "the dividend is seen";
+    Type(QStringLiteral("1"));
+    EXPECT_EQ(rows(), (Rows { " 86,18", " 1" }));
+
+    Click(Form, QStringLiteral("Command2(0)"));
+    Type(QStringLiteral("2"));
+    ASSERT_EQ(rows().size(), 2U);
+    EXPECT_EQ(rows()[1], " 2");
+
+    enterDividend(QStringLiteral("97"), QString::fromStdString(statement()).section(QLatin1Char(' '), 0, 0));
+    Type(QStringLiteral("3"));
+    EXPECT_EQ(rows(), (Rows { " 97", " 3" }));
 }
 
 TEST_F(Form5Test, BackspaceDeleteAndPointWriteOneBlankEach)
@@ -173,11 +204,12 @@ TEST_F(Form5Test, BackspaceDeleteAndPointWriteOneBlankEach)
 
 TEST_F(Form5Test, TheDividendsRowTakesNoTyping)
 {
+    Press(Qt::Key_Up);
     Type(QStringLiteral("123"));
     Press(Qt::Key_Backspace);
     Press(Qt::Key_Delete);
     EXPECT_EQ(rows(), Rows { " 86,18" });
-    expectPosition("0 / 8");
+    expectPosition("1 / 8");
 }
 
 TEST_F(Form5Test, AClickInTheGridPutsTheCaretThere)
@@ -322,7 +354,7 @@ TEST_F(Form5Test, ContinueDrawsTheNextDivision)
     EXPECT_EQ(shown(Form.tbResultados), "Ejercicios:  0; Errores:  0");
     EXPECT_EQ(FocusName(), "Text1");
     EXPECT_EQ(Form.Text1->FirstShownRow(), 0) << "the dividend is seen";
-    expectPosition("0 / 8");
+    expectPosition("9 / 8");
 }
 
 TEST_F(Form5Test, ClearWipesTheWorkingAndKeepsTheDivision)
@@ -469,9 +501,9 @@ TEST_F(Form5Test, ListsSetTheDigitsAndDecimals)
     EXPECT_EQ(statement().find(','), 5U);
     EXPECT_EQ(statement().find(" ÷ "), 9U);
     EXPECT_EQ(shown(Form.Text2).size(), 3U);
-    expectPosition("0 / 12");
+    expectPosition("13 / 12");
     Choose(Form, QStringLiteral("MnuOpcDeCLis(5)"));
-    expectPosition("0 / 17");
+    expectPosition("18 / 17");
 }
 
 TEST_F(Form5Test, TheItemOfTheSubtractionsLosesItsAccessKey)
@@ -510,7 +542,7 @@ TEST_F(Form5Test, AnEnteredDividendIsLaidOut)
     EXPECT_EQ(checkedItems(Form.MnuOpcDiv), std::vector<int> { 5 }) << "six characters were typed";
     EXPECT_EQ(checkedItems(Form.MnuOpcDeD), std::vector<int> { 2 });
     EXPECT_EQ(Form.Area().RectOf(Form.Text1), (TwipsRect { 2600 - 165 * 10 - 5, 500, 165 * 10, 7000 }));
-    expectPosition("0 / 10");
+    expectPosition("11 / 10");
 }
 
 TEST_F(Form5Test, AnEnteredDivisorIsShown)

@@ -22,7 +22,8 @@ using namespace testing;
 
 constexpr int pixelsPerCell = 11; // 165 twips
 
-// A box of design size for a grid of eight columns, alone in its window, with what is typed written into the grid.
+// A box of design size for a grid of eight columns, alone in its window, with what is typed written into the grid. The
+// caret begins on the first cell.
 class WorkingGridBoxTest : public ::testing::Test {
 protected:
     WorkingGridBoxTest()
@@ -32,6 +33,7 @@ protected:
         Grid.LineWidth = 8;
         Grid.CommaColumn = -1;
         Grid.Begin("9725");
+        Grid.MoveCaretTo(0);
         QFont font(QStringLiteral("Courier New"));
         font.setPixelSize(19);
         Box.setFont(font);
@@ -380,8 +382,30 @@ TEST_F(WorkingGridBoxTest, AKeyBringsTheCaretBackThatTheWheelHasScrolledAway)
     fillRows(60);
     turnWheel(-120 * 10);
     EXPECT_EQ(Box.FirstShownRow(), 30);
+    Grid.MoveCaretTo(8);
     Press(Qt::Key_Down);
-    EXPECT_EQ(Box.FirstShownRow(), 1);
+    EXPECT_EQ(Box.FirstShownRow(), 2);
+}
+
+TEST_F(WorkingGridBoxTest, TheRowBelowTheDividendIsShownTogetherWithIt)
+{
+    fillRows(60);
+    turnWheel(-120 * 10);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Grid.Caret, 8);
+    EXPECT_EQ(Box.FirstShownRow(), 0);
+}
+
+TEST_F(WorkingGridBoxTest, LeftStopsAtTheFirstCell)
+{
+    Grid.MoveCaretTo(2);
+    turnWheel(-120);
+    for (const int cell : { 1, 0, 0 }) {
+        Press(Qt::Key_Left);
+        EXPECT_EQ(Grid.Caret, cell);
+        EXPECT_TRUE(Box.hasFocus());
+        EXPECT_EQ(Box.FirstShownRow(), 0);
+    }
 }
 
 TEST_F(WorkingGridBoxTest, StopsAtTheLastRow)

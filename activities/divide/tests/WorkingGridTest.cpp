@@ -38,16 +38,31 @@ constexpr char16_t backspace = 8;
 TEST_F(WorkingGridTest, BeginsWithABlankTheDividendAndTwoThousandBlanks)
 {
     EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
-    EXPECT_EQ(Grid.Caret, 0);
     EXPECT_EQ(rowsOf(Grid), Rows { " 97,25" });
 }
 
-TEST_F(WorkingGridTest, BeginsAnewWithTheCaretOnItsFirstCell)
+TEST_F(WorkingGridTest, BeginsWithTheCaretBelowTheFirstDigitOfTheDividend)
+{
+    for (const char* dividend : { "97,25", "8", "" }) {
+        Grid.MoveCaretTo(100);
+        Grid.Begin(dividend);
+        EXPECT_EQ(Grid.Caret, 9) << dividend;
+    }
+    Grid.CommaColumn = 2;
+    Grid.Begin("-97");
+    EXPECT_EQ(Grid.Caret, 11) << "the digit stands above the comma's column, which takes no writing";
+    Grid.CommaColumn = -1;
+    Grid.Begin("-97");
+    EXPECT_EQ(Grid.Caret, 10) << "the sign is no digit";
+    Grid.TypeCharacter(u'5');
+    EXPECT_EQ(rowsOf(Grid), (Rows { " -97", "  5" }));
+}
+
+TEST_F(WorkingGridTest, BeginsAnewWithoutTheOldWorking)
 {
     typeRow(Grid, 1, "12345");
     Grid.Begin("8");
     EXPECT_EQ(Grid.Text, u" 8" + std::u16string(2000, u' '));
-    EXPECT_EQ(Grid.Caret, 0);
 }
 
 TEST_F(WorkingGridTest, IsCutIntoRowsOfItsWidth)
@@ -94,6 +109,7 @@ TEST_F(WorkingGridTest, ArrowsStepOverTheCommaInEveryRow)
 TEST_F(WorkingGridTest, ArrowsSkipNothingWithoutAComma)
 {
     withoutComma();
+    Grid.MoveCaretTo(0);
     for (int cell = 0; cell < 20; ++cell) {
         EXPECT_EQ(Grid.Caret, cell);
         Grid.StepRight();
@@ -106,6 +122,7 @@ TEST_F(WorkingGridTest, ArrowsSkipNothingWithoutAComma)
 
 TEST_F(WorkingGridTest, ArrowsStopAtTheEndsOfTheText)
 {
+    Grid.MoveCaretTo(0);
     Grid.StepLeft();
     EXPECT_EQ(Grid.Caret, 0);
     Grid.MoveCaretTo(2005);
@@ -118,6 +135,7 @@ TEST_F(WorkingGridTest, ArrowsStopAtTheEndsOfTheText)
 TEST_F(WorkingGridTest, ACommaBeyondTheRowIsNoColumnToSkip)
 {
     Grid.CommaColumn = 8;
+    Grid.MoveCaretTo(0);
     for (int cell = 0; cell < 20; ++cell) {
         EXPECT_EQ(Grid.Caret, cell);
         Grid.StepRight();

@@ -20,7 +20,7 @@ namespace {
 
 // All in twips. The calculation stands on the left and grows downwards; the side column, next to it, stays where it is.
 constexpr int areaWidth = 9660;
-constexpr int leastAreaHeight = 5610; // holds the side column, and six rows
+constexpr int leastAreaHeight = 6600; // holds the side column, and seven rows
 constexpr int marginBelow = 500;
 constexpr int signLeft = 250;
 constexpr int signWidth = 500;
@@ -32,16 +32,18 @@ constexpr int firstFactorTop = 550;
 constexpr int firstRowTop = 1600;
 constexpr int sideLeft = 4900;
 constexpr int sideWidth = 4250;
+constexpr int buttonWidth = 1900;
+constexpr int buttonHeight = 540;
+constexpr int verdictMargin = 8; // in pixels, between the frame of its box and the verdict
 
 constexpr FontSpec formFont { "Arial", 12 };
 constexpr FontSpec headingFont { "Arial", 14.25 };
-constexpr FontSpec buttonFont { "Arial", 9.75 };
 constexpr FontSpec digitFont { "Courier New", 15 };
 
 // A control of this width in the middle of the side column.
 constexpr TwipsRect sidePlace(int top, int width)
 {
-    return { sideLeft + (sideWidth - width) / 2, top, width, 495 };
+    return { sideLeft + (sideWidth - width) / 2, top, width, buttonHeight };
 }
 
 } // namespace
@@ -98,18 +100,20 @@ void Form4::buildSideColumn()
     TbTítulo->SetText("Realiza la siguiente operación");
 
     const ButtonRowDesign row {
-        .Places = { sidePlace(1600, 1500), sidePlace(2600, 1500), sidePlace(3100, 1500), sidePlace(3600, 1500) },
-        .Font = buttonFont,
+        .Places = { sidePlace(1600, buttonWidth), sidePlace(3220, buttonWidth), sidePlace(3940, buttonWidth),
+            sidePlace(4660, buttonWidth) },
+        .Font = formFont,
     };
     Buttons = AddButtonRow(
         Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
     // Not in the middle of its box, and hardly narrower than it: so the blank in front that tells a repeated verdict
     // from the one before is seen.
-    Text1 = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2100, 2800),
+    Text1 = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2410, 3200),
         headingFont, Qt::AlignLeft | Qt::AlignVCenter);
+    Text1->setTextMargins(verdictMargin, 0, 0, 0);
     tbResultados = AddReadOnlyBox(
-        Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), sidePlace(4600, 3000), formFont);
+        Area(), QStringLiteral("tbResultados"), QStringLiteral("Marcador"), sidePlace(5560, 3200), formFont);
     tbResultados->SetText(exercise_.Score.Line());
 }
 
@@ -409,14 +413,17 @@ void Form4::TbResultado_KeyUp(int keyCode)
     }
 }
 
-// Writes the whole calculation as small as its longest number takes, so that digits stay under digits.
+// Writes factors and rows as small as the longest of them takes, so that digits stay under digits, and the result no
+// larger. A result that is longer, because it has points between its thousands, is written smaller by itself.
 void Form4::alignColumns()
 {
+    std::vector<TextBox*> boxes = columnBoxes();
     int columns = 0;
-    for (const TextBox* box : columnBoxes()) {
+    for (const TextBox* box : boxes) {
         columns = std::max(columns, static_cast<int>(box->text().size()));
     }
-    for (TextBox* box : columnBoxes()) {
+    boxes.push_back(TbResultado);
+    for (TextBox* box : boxes) {
         box->SetLeastColumns(columns);
     }
 }
@@ -424,7 +431,7 @@ void Form4::alignColumns()
 std::vector<TextBox*> Form4::columnBoxes() const
 {
     std::vector<TextBox*> boxes = TbParcial;
-    boxes.insert(boxes.end(), { TbFactor[0], TbFactor[1], TbResultado });
+    boxes.insert(boxes.end(), { TbFactor[0], TbFactor[1] });
     return boxes;
 }
 

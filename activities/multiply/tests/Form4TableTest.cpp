@@ -20,7 +20,6 @@ using namespace testing;
 constexpr FontSpec digits { "Courier New", 15 };
 constexpr FontSpec form { "Arial", 12 };
 constexpr FontSpec heading { "Arial", 14.25 };
-constexpr FontSpec button { "Arial", 9.75 };
 const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
 const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
 
@@ -41,12 +40,12 @@ TEST(Form4Table, HasTheseControlsInThesePlaces)
             { "TbParcial(0)", "", { 750, 1600, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 1" },
             { "TbParcial(1)", "", { 750, 2100, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 2" },
             { "TbResultado", "", { 750, 2600, 3500, 500 }, digits, right, false, true, {}, "Resultado" },
-            { "Command1", "&Hecho", { 6275, 1600, 1500, 495 }, button, {}, false, true, QColor(255, 255, 0) },
-            { "Text1", "", { 5625, 2100, 2800, 495 }, heading, left, true, true, {}, "Veredicto" },
-            { "Command2(0)", "&Continuar", { 6275, 2600, 1500, 495 }, button, {}, false, true, QColor(0, 255, 255) },
-            { "Command2(1)", "&Borrar", { 6275, 3100, 1500, 495 }, button, {}, false, true, QColor(0, 255, 0) },
-            { "Command2(2)", "&Ver solución", { 6275, 3600, 1500, 495 }, button, {}, false, true, QColor(255, 0, 0) },
-            { "tbResultados", "Ejercicios:  0; Errores:  0", { 5525, 4600, 3000, 495 }, form, Qt::AlignCenter, true,
+            { "Command1", "&Hecho", { 6075, 1600, 1900, 540 }, form, {}, false, true, QColor(255, 255, 0) },
+            { "Text1", "", { 5425, 2410, 3200, 540 }, heading, left, true, true, {}, "Veredicto" },
+            { "Command2(0)", "&Continuar", { 6075, 3220, 1900, 540 }, form, {}, false, true, QColor(0, 255, 255) },
+            { "Command2(1)", "&Borrar", { 6075, 3940, 1900, 540 }, form, {}, false, true, QColor(0, 255, 0) },
+            { "Command2(2)", "&Ver solución", { 6075, 4660, 1900, 540 }, form, {}, false, true, QColor(255, 0, 0) },
+            { "tbResultados", "Ejercicios:  0; Errores:  0", { 5425, 5560, 3200, 540 }, form, Qt::AlignCenter, true,
                 true, {}, "Marcador" },
             { "TbTítulo", "Realiza la siguiente operación", { 4900, 550, 4250, 495 }, heading, Qt::AlignCenter, true,
                 true, {}, "Instrucción" },
@@ -144,7 +143,7 @@ TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
             EXPECT_EQ(area.RectOf(window.TbResultado), (TwipsRect { 750, top, 3500, 500 }));
             EXPECT_EQ(
                 area.RectOf(&Find<QWidget>(window, QStringLiteral("labIgual"))), (TwipsRect { 250, top, 500, 500 }));
-            EXPECT_EQ(area.Extent(), (TwipsRect { 0, 0, 9660, std::max(5610, top + 1000) }));
+            EXPECT_EQ(area.Extent(), (TwipsRect { 0, 0, 9660, std::max(6600, top + 1000) }));
             for (const char* name : { "TbResultado", "Command1", "Text1", "Command2(0)", "Command2(1)", "Command2(2)",
                      "tbResultados", "TbTítulo", "TbFactor(0)", "TbFactor(1)" }) {
                 sequence.emplace_back(name);

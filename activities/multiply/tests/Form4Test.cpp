@@ -502,6 +502,15 @@ TEST_F(Form4Test, ARepeatedVerdictIsSeenToMoveByItsBlank)
     }
 }
 
+TEST_F(Form4Test, TheVerdictKeepsOffTheFrameOfItsBox)
+{
+    typeFactors("0,5", "0,5");
+    for (const char* result : { "0,26", "0,25" }) {
+        answer(result);
+        EXPECT_GE(beginOfText(*form_.Text1), 8) << result;
+    }
+}
+
 TEST_F(Form4Test, AResultTooLargeToReadIsRefusedAndCountsNothing)
 {
     answer("");
@@ -705,7 +714,7 @@ TEST_F(Form4Test, AFactorBeyondTheMenusLeavesTheirListsUnchecked)
 
 // ----------------------------------------------------------------------------------------------------------- columns
 
-TEST_F(Form4Test, AllDigitsOfACalculationHaveOneSizeAndAreSeenWhole)
+TEST_F(Form4Test, AllDigitsAboveTheResultHaveOneSizeAndAreSeenWhole)
 {
     typeFactors("9999999999,99999", "9999999999,99999");
     const QSize before = form_.size();
@@ -720,15 +729,32 @@ TEST_F(Form4Test, AllDigitsOfACalculationHaveOneSizeAndAreSeenWhole)
             }
             std::vector<TextBox*> boxes = form_.TbParcial;
             boxes.insert(boxes.end(), { form_.TbFactor[0], form_.TbFactor[1], form_.TbResultado });
-            const int pixels = form_.TbResultado->font().pixelSize();
+            const int pixels = form_.TbParcial[0]->font().pixelSize();
             for (const TextBox* box : boxes) {
-                EXPECT_EQ(box->font().pixelSize(), pixels) << box->objectName().toStdString();
+                if (box != form_.TbResultado || !solved) {
+                    EXPECT_EQ(box->font().pixelSize(), pixels) << box->objectName().toStdString();
+                }
                 EXPECT_LT(QFontMetrics(box->font()).horizontalAdvance(box->text()), box->width());
                 EXPECT_EQ(box->geometry().right(), form_.TbResultado->geometry().right());
             }
-            EXPECT_GE(pixels, 9);
+            EXPECT_GE(form_.TbResultado->font().pixelSize(), 9);
         }
     }
+}
+
+TEST_F(Form4Test, AResultThatIsLongerThanItsRowsIsWrittenSmallerAlone)
+{
+    typeFactors("9999999999,99999", "9999999999,99999");
+    click("Command2(2)");
+    const int pixels = form_.TbParcial[0]->font().pixelSize();
+    EXPECT_LT(form_.TbResultado->font().pixelSize(), pixels) << "it has points between its thousands";
+    form_.TbResultado->SetText("");
+    EXPECT_EQ(form_.TbResultado->font().pixelSize(), pixels);
+    EXPECT_EQ(form_.TbParcial[0]->font().pixelSize(), pixels) << "as large as the rows allow, with it and without it";
+    for (TextBox* row : form_.TbParcial) {
+        row->SetText("");
+    }
+    EXPECT_GT(form_.TbFactor[0]->font().pixelSize(), pixels);
 }
 
 TEST_F(Form4Test, AShortCalculationIsWrittenAsLargeAsItsDesign)

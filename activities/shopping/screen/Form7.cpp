@@ -35,7 +35,7 @@ constexpr TwipsRect shopFrame { 5100, 300, 9600, 8400 };
 constexpr FontSpec formFont { "Arial", 12 };
 constexpr FontSpec headingFont { "Arial", 18, true };
 constexpr FontSpec valueFont { "Arial", 18 };
-constexpr FontSpec shopFont { "Arial", 9.75 };
+constexpr FontSpec longNameFont { "Arial", 9.75 }; // a shop's name that its button would cut off at 12 points
 constexpr FontSpec instructionFont { "Verdana", 12 };
 constexpr FontSpec columnFont { "Courier New", 12 };
 
@@ -45,15 +45,26 @@ constexpr int columnWidth = 1800;
 constexpr int columnBottom = 7540;
 constexpr int ruleY = columnBottom + 15;
 
-// What to do, below the shelf; a receipt takes the place of the shelf as well, so that it is seen whole.
-constexpr TwipsRect instructionPlace { 240, 4830, 4440, 2610 };
-constexpr TwipsRect receiptPlace { 240, 900, 4440, 6540 };
+// Where those controls of a shop stand that are always there.
+struct ShopPlaces {
+    TwipsRect Sign;
+    TwipsRect Instructions;
+    TwipsRect Continue;
+};
+
+// What to do is said below the shelf, and while the pupil pays, right beside the foot of the column. The sign then
+// fills the room above, never that of the column, which may grow up to it and past it. A receipt needs that room, too,
+// so that it is seen whole.
+constexpr ShopPlaces atTheShelf { { 240, 180, 9120, 540 }, { 240, 4830, 4440, 2610 }, { 240, 7620, 4440, 540 } };
+constexpr ShopPlaces atTheTill { { 1560, 180, 4440, 5580 }, { 1560, 5940, 4440, 1500 }, { 1560, 7620, 4440, 540 } };
+constexpr ShopPlaces withTheReceipt { { 1560, 180, 4440, 540 }, { 1560, 900, 4440, 6540 }, { 1560, 7620, 4440, 540 } };
 
 // The ring of shops, clockwise.
 struct ShopDesign {
     int Left;
     int Top;
     QColor Colour;
+    FontSpec Font = formFont;
 };
 
 const std::array<ShopDesign, 10> ring { {
@@ -66,7 +77,7 @@ const std::array<ShopDesign, 10> ring { {
     { 3000, 5000, QColor(216, 255, 255) },
     { 1500, 5000, QColor(196, 255, 255) },
     { 0, 3500, QColor(255, 236, 236) },
-    { 0, 2000, QColor(255, 216, 216) },
+    { 0, 2000, QColor(255, 216, 216), longNameFont },
 } };
 
 const QColor plazaColour(232, 245, 220);
@@ -79,6 +90,22 @@ void paint(QLabel& sign, const QColor& colour)
     sign.setPalette(palette);
     sign.setAutoFillBackground(true);
 }
+
+// A sign whose access key leads to a button: that of a plain label would press it as well.
+class LeadingSign : public QLabel {
+public:
+    using QLabel::QLabel;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::Shortcut) {
+            buddy()->setFocus(Qt::ShortcutFocusReason);
+            return true;
+        }
+        return QLabel::event(event);
+    }
+};
 
 // A caption above a control, whose access key leads to it.
 QLabel* addCaption(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, QWidget* control)
@@ -94,6 +121,18 @@ QLabel* addListCaption(TwipsLayout& area, const QString& name, const QString& ca
 {
     list->setAccessibleName(QString(caption).remove(u'&'));
     return addCaption(area, name, caption, place, list);
+}
+
+void placeInShop(const Form7& form, QWidget* control, TwipsRect place)
+{
+    static_cast<TwipsLayout*>(form.Frame3->layout())->Move(control, place);
+}
+
+void arrangeShop(const Form7& form, const ShopPlaces& places)
+{
+    placeInShop(form, form.Label3, places.Sign);
+    placeInShop(form, form.TbInstrucciones, places.Instructions);
+    placeInShop(form, form.CbContinuar, places.Continue);
 }
 
 QFrame* frameOf(const TwipsLayout& area)
@@ -179,13 +218,15 @@ void Form7::buildFrame2()
     Frame2->setFrameShape(QFrame::NoFrame);
     for (std::size_t i = 0; i < CBTienda.size(); ++i) {
         const int index = static_cast<int>(i);
-        CBTienda[i] = AddButton(area, QStringLiteral("CBTienda(%1)").arg(index),
-            QString::fromUtf8(ShoppingTask::ShopNames[i]), { ring[i].Left, ring[i].Top, shopSize, shopSize }, shopFont);
+        CBTienda[i]
+            = AddButton(area, QStringLiteral("CBTienda(%1)").arg(index), QString::fromUtf8(ShoppingTask::ShopNames[i]),
+                { ring[i].Left, ring[i].Top, shopSize, shopSize }, ring[i].Font);
         CBTienda[i]->SetBackColour(ring[i].Colour);
         connect(CBTienda[i], &QPushButton::clicked, this, [this, index] { CBTienda_Click(index); });
     }
-    Label2 = AddLabel(area, QStringLiteral("Label2"), QStringLiteral("&El centro comercial"),
+    Label2 = AddControl(area, new LeadingSign(QStringLiteral("&El centro comercial"), Frame2), QStringLiteral("Label2"),
         { 1500, 2000, 4500, 3000 }, headingFont);
+    Label2->setAlignment(Qt::AlignCenter);
     paint(*Label2, plazaColour);
     Label2->setBuddy(CBTienda[0]);
 }
@@ -195,7 +236,7 @@ void Form7::buildFrame3()
     TwipsLayout& area = *AddFrame(Area(), QStringLiteral("Frame3"), shopFrame, formFont);
     Frame3 = frameOf(area);
     Frame3->hide();
-    Label3 = AddLabel(area, QStringLiteral("Label3"), {}, { 240, 180, 9120, 540 }, headingFont);
+    Label3 = AddLabel(area, QStringLiteral("Label3"), {}, atTheShelf.Sign, headingFont);
 
     LIDisponibles
         = AddControl(area, new ListBox(Frame3), QStringLiteral("LIDisponibles"), { 240, 1320, 4440, 3270 }, formFont);
@@ -210,8 +251,8 @@ void Form7::buildFrame3()
     LbCesta = addListCaption(
         area, QStringLiteral("LbCesta"), QStringLiteral("C&esta de la compra"), { 4920, 900, 4440, 360 }, LICesta);
 
-    TbInstrucciones
-        = AddControl(area, new TextArea(Frame3), QStringLiteral("TbInstrucciones"), instructionPlace, instructionFont);
+    TbInstrucciones = AddControl(
+        area, new TextArea(Frame3), QStringLiteral("TbInstrucciones"), atTheShelf.Instructions, instructionFont);
     TbInstrucciones->setAccessibleName(QStringLiteral("Instrucciones"));
 
     TBCantidades = AddControl(area, new ColumnArea(Frame3), QStringLiteral("TBCantidades"),
@@ -228,8 +269,8 @@ void Form7::buildFrame3()
         });
     showColumn(false);
 
-    CbContinuar = AddButton(
-        area, QStringLiteral("CbContinuar"), QStringLiteral("&Continuar"), { 240, 7620, 4440, 540 }, formFont);
+    CbContinuar
+        = AddButton(area, QStringLiteral("CbContinuar"), QStringLiteral("&Continuar"), atTheShelf.Continue, formFont);
     CbContinuar->SetBackColour(Qt::cyan);
     connect(CbContinuar, &QPushButton::clicked, this, &Form7::CbContinuar_Click);
 }
@@ -308,14 +349,8 @@ void Form7::showColumn(bool shown)
     }
 }
 
-void Form7::placeInShop(QWidget* control, TwipsRect place)
+void Form7::showInstructions(const std::string& text)
 {
-    static_cast<TwipsLayout*>(Frame3->layout())->Move(control, place);
-}
-
-void Form7::showInstructions(const std::string& text, TwipsRect place)
-{
-    placeInShop(TbInstrucciones, place);
     TbInstrucciones->SetText(text);
     TbInstrucciones->SelectWholeText();
 }
@@ -336,8 +371,8 @@ void Form7::CBTienda_Click(int index)
     showBasket(std::nullopt);
 
     Frame2->hide();
-    showInstructions("Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar",
-        instructionPlace);
+    arrangeShop(*this, atTheShelf);
+    showInstructions("Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar");
     Frame3->show();
     LIDisponibles->setFocus();
 }
@@ -388,6 +423,7 @@ void Form7::CbContinuar_Click()
     }
     switch (outcome.Scene) {
     case ShopScene::Shelves:
+        arrangeShop(*this, atTheShelf);
         showShelves(true);
         LICesta->setFocus();
         showColumn(false);
@@ -402,7 +438,8 @@ void Form7::CbContinuar_Click()
         break;
     case ShopScene::Receipt:
         CbContinuar->setText(QStringLiteral("&Salir"));
-        showInstructions(outcome.Instructions, receiptPlace);
+        arrangeShop(*this, withTheReceipt);
+        showInstructions(outcome.Instructions);
         CbContinuar->setFocus();
         break;
     case ShopScene::Centre:
@@ -417,9 +454,10 @@ void Form7::CbContinuar_Click()
 void Form7::askForResult(const PayOutcome& outcome)
 {
     const PriceColumn column = task_.ColumnAboveResult();
-    placeInShop(TBCantidades, { columnLeft, columnBottom - column.Height, columnWidth, column.Height });
+    arrangeShop(*this, atTheTill);
+    placeInShop(*this, TBCantidades, { columnLeft, columnBottom - column.Height, columnWidth, column.Height });
     TBCantidades->SetText(column.Text);
-    showInstructions(outcome.Instructions, instructionPlace);
+    showInstructions(outcome.Instructions);
     TbResultado->SetText("");
     TbResultado->setFocus();
 }

@@ -86,8 +86,7 @@ private:
     void showBasket(std::optional<int> selectedLine);
     void showShelves(bool shown);
     void showColumn(bool shown);
-    void placeInShop(QWidget* control, TwipsRect place);
-    void showInstructions(const std::string& text, TwipsRect place);
+    void showInstructions(const std::string& text);
     void askForResult(const PayOutcome& outcome);
     void backToCentre();
     void leaveWithPurchase();

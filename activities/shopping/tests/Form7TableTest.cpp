@@ -31,9 +31,9 @@ ControlRow still(const char* name, const char* text, TwipsRect place, FontSpec f
     return { .Name = name, .Text = text, .Place = place, .Font = font, .TabStop = false };
 }
 
-ControlRow shop(const char* name, const char* caption, int left, int top, QColor colour)
+ControlRow shop(const char* name, const char* caption, int left, int top, QColor colour, FontSpec font = arial12)
 {
-    return { .Name = name, .Text = caption, .Place = { left, top, 1500, 1500 }, .Font = arial9, .BackColour = colour };
+    return { .Name = name, .Text = caption, .Place = { left, top, 1500, 1500 }, .Font = font, .BackColour = colour };
 }
 
 class Form7TableTest : public ::testing::Test {
@@ -90,7 +90,7 @@ TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
             shop("CBTienda(6)", "Papelería", 3000, 5000, QColor(216, 255, 255)),
             shop("CBTienda(7)", "Pastelería", 1500, 5000, QColor(196, 255, 255)),
             shop("CBTienda(8)", "Pescadería", 0, 3500, QColor(255, 236, 236)),
-            shop("CBTienda(9)", "Supermercado", 0, 2000, QColor(255, 216, 216)),
+            shop("CBTienda(9)", "Supermercado", 0, 2000, QColor(255, 216, 216), arial9),
 
             still("Frame3", "", { 5100, 300, 9600, 8400 }),
             still("Label3", "Panadería", { 240, 180, 9120, 540 }, heading),

@@ -24,6 +24,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScrollBar>
 #include <QTimer>
 
 #include <memory>
@@ -285,6 +286,17 @@ TEST_F(Form7Test, TheDecimalKeyOfTheKeypadWritesAComma)
     EXPECT_EQ(form.TbResultado->Text(), "4,5");
 }
 
+TEST_F(Form7Test, TheAccessKeyOfTheCentreLeadsToTheFirstShopAndPressesNothing)
+{
+    Form7& form = openBakery();
+    Press(Qt::Key_E, Qt::AltModifier);
+    EXPECT_EQ(FocusIn(form), "CBTienda(0)");
+    EXPECT_FALSE(form.CBTienda[0]->isDown()) << "going in by mistake would cost three minutes";
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(form.Frame3->isVisible());
+    EXPECT_EQ(form.Label3->text(), form.CBTienda[0]->text());
+}
+
 TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
 {
     Form7& form = openBakery();
@@ -315,7 +327,59 @@ TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
         "Has comprado los siguientes productos:\n(3) Una barra de pan" + std::string(84, ' ')
             + "\nSu precio es de 2,55€ y has pagado 2,55€ por ellos.\nPulsa el botón salir.");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText().size(), form.TbInstrucciones->toPlainText().size());
-    EXPECT_EQ(placeOf(*form.TbInstrucciones), (TwipsRect { 240, 900, 4440, 6540 })) << "room for a long receipt";
+    EXPECT_EQ(placeOf(*form.TbInstrucciones), (TwipsRect { 1560, 900, 4440, 6540 })) << "room for a long receipt";
+    EXPECT_EQ(placeOf(*form.Label3), (TwipsRect { 1560, 180, 4440, 540 }));
+}
+
+TEST_F(Form7Test, WhatToDoStandsBesideTheFootOfTheColumnThatItSpeaksOf)
+{
+    Form7& form = openBakery();
+    addUp(form, 3);
+    for (const char* result : { "2,55", "2,45" }) {
+        const TwipsRect instructions = placeOf(*form.TbInstrucciones);
+        const TwipsRect column = placeOf(*form.TBCantidades);
+        EXPECT_EQ(instructions.Left + instructions.Width + 240, column.Left);
+        EXPECT_LT(instructions.Top, column.Top + column.Height);
+        EXPECT_GT(instructions.Top + instructions.Height, column.Top);
+        EXPECT_EQ(form.TbInstrucciones->verticalScrollBar()->maximum(), 0) << "it is seen whole";
+        EXPECT_EQ(placeOf(*form.CbContinuar), (TwipsRect { 1560, 7620, 4440, 540 })) << "below it";
+        TypeResult(QString::fromLatin1(result));
+        PressContinue(form);
+    }
+}
+
+TEST_F(Form7Test, WhoCannotPayIsBackAtTheShelf)
+{
+    Form7& form = openBakery();
+    fillBasket(form, 3);
+    const std::vector<QWidget*> controls { form.Label3, form.TbInstrucciones, form.CbContinuar };
+    std::vector<TwipsRect> places;
+    for (const QWidget* control : controls) {
+        places.push_back(placeOf(*control));
+    }
+    PressContinue(form);
+    TypeResult(QStringLiteral("999"));
+    ExpectDialog([](QDialog& box) { box.accept(); });
+    PressContinue(form);
+    expectInShop(form, true);
+    EXPECT_EQ(FocusIn(form), "LICesta");
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        EXPECT_EQ(placeOf(*controls[i]), places[i]) << controls[i]->objectName().toStdString();
+    }
+}
+
+TEST_F(Form7Test, AColumnGrowsPastTheSignAndCoversNothing)
+{
+    Form7& form = open(TableOf({ { "Una barra de pan", 0.85F }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
+    addUp(form, 40);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(placeOf(*form.Label3), (TwipsRect { 1560, 180, 4440, 5580 }));
+    EXPECT_LT(placeOf(*form.TBCantidades).Top, placeOf(*form.Label3).Top);
+    for (const QWidget* control :
+        std::initializer_list<const QWidget*> { form.Label3, form.TbInstrucciones, form.CbContinuar }) {
+        EXPECT_LT(control->geometry().right(), form.TBCantidades->geometry().left())
+            << control->objectName().toStdString();
+    }
 }
 
 TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
@@ -337,7 +401,10 @@ TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
     EXPECT_EQ(form.Label3->palette().color(QPalette::Window), form.CBTienda[3]->BackColour());
     EXPECT_EQ(form.LICesta->count(), 0);
     expectInShop(form, true);
-    EXPECT_EQ(placeOf(*form.TbInstrucciones).Top, 4830) << "the receipt has given the shelf its place back";
+    EXPECT_EQ(placeOf(*form.TbInstrucciones), (TwipsRect { 240, 4830, 4440, 2610 }))
+        << "the receipt has given the shelf its place back";
+    EXPECT_EQ(placeOf(*form.Label3), (TwipsRect { 240, 180, 9120, 540 }));
+    EXPECT_EQ(placeOf(*form.CbContinuar), (TwipsRect { 240, 7620, 4440, 540 }));
 }
 
 TEST_F(Form7Test, TheLongestColumnIsShownWhole)

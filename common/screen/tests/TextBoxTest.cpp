@@ -540,6 +540,14 @@ TEST_F(FittingTest, WritesATextTooWideSmallerAndLargerAgain)
     }
 }
 
+TEST_F(FittingTest, WritesATextSmallerThatHasNoRoomBesideItsMargins)
+{
+    box_.setTextMargins(20, 0, 20, 0);
+    box_.SetText("1234567");
+    EXPECT_LT(pixels(), designPixels);
+    EXPECT_TRUE(showsWholeText());
+}
+
 TEST_F(FittingTest, WritesNoSmallerThanItMust)
 {
     box_.SetText("123456789012");
