@@ -1,7 +1,6 @@
 #include "common/screen/CommandButton.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 #include <QShortcutEvent>
 
 namespace numbrela {
@@ -34,18 +33,6 @@ bool CommandButton::event(QEvent* event)
         setShortcutAutoRepeat(static_cast<QShortcutEvent*>(event)->shortcutId(), false);
     }
     return QPushButton::event(event);
-}
-
-void CommandButton::paintEvent(QPaintEvent* event)
-{
-    QPushButton::paintEvent(event);
-    if (hasFocus()) {
-        constexpr int inset = 3;
-        constexpr int thickness = 2;
-        QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), thickness));
-        painter.drawRect(rect().adjusted(inset, inset, -inset, -inset));
-    }
 }
 
 void CommandButton::keyPressEvent(QKeyEvent* event)

@@ -5,8 +5,7 @@
 namespace numbrela {
 
 // A push button that Enter presses as Space does when it has the focus, and that can have a colour of its own. Any key,
-// its access key too, presses it once for each time the key goes down. It shows that it has the focus, however it came
-// to it.
+// its access key too, presses it once for each time the key goes down.
 class CommandButton : public QPushButton {
 public:
     explicit CommandButton(const QString& caption, QWidget* parent = nullptr);
@@ -17,7 +16,6 @@ public:
 
 protected:
     bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
 
