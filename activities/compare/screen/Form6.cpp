@@ -79,8 +79,8 @@ void Form6::showNewComparison()
 
 void Form6::CbNúmero_Click(int index)
 {
-    const Comparison::Verdict verdict = comparison_.Judge(index);
-    Text3->SetText(verdict.Text);
+    const Verdict verdict = comparison_.Judge(index);
+    Text3->ShowVerdict(verdict);
     Text2->SetText(comparison_.ScoreLine());
     if (verdict.Right) {
         showNewComparison();
