@@ -8,21 +8,26 @@ namespace numbrela {
 
 namespace {
 
-// Both carry white text with a contrast of more than 6.
-constexpr QColor rightGround(0x1a, 0x6b, 0x2f);
-constexpr QColor wrongGround(0xb3, 0x1c, 0x1c);
-constexpr QColor textOnVerdict(0xff, 0xff, 0xff);
-
+// All of them carry dark text with a contrast of more than 5.
+constexpr QColor rightGround(0x52, 0xc8, 0x5e);
+constexpr QColor wrongGround(0xff, 0x54, 0x48);
 constexpr QColor readingGround(0xe6, 0xe6, 0xe6);
 
-void colourGround(QPalette& palette, const QColor& ground, const QColor& text)
+void colourGround(QPalette& palette, const QColor& ground)
 {
+    const QColor ink = QApplication::palette().color(QPalette::Text);
     for (const auto role : { QPalette::Base, QPalette::AlternateBase }) {
         palette.setColor(role, ground);
     }
     for (const auto role : { QPalette::Text, QPalette::PlaceholderText }) {
-        palette.setColor(role, text);
+        palette.setColor(role, ink);
     }
+}
+
+void colourHighlight(QPalette& palette, const QColor& highlight)
+{
+    palette.setColor(QPalette::Highlight, highlight);
+    palette.setColor(QPalette::HighlightedText, QApplication::palette().color(QPalette::Text));
 }
 
 } // namespace
@@ -59,13 +64,12 @@ void BoxColours::apply()
 {
     QPalette palette; // what is not set in it, the box has from its window
     if (verdict_ && !highlighted_) {
-        colourGround(palette, *verdict_, textOnVerdict);
+        colourGround(palette, *verdict_);
     } else if (!takesTyping_) {
-        colourGround(palette, readingGround, QApplication::palette().color(QPalette::Text));
+        colourGround(palette, readingGround);
     }
     if (verdict_) {
-        palette.setColor(QPalette::Highlight, *verdict_);
-        palette.setColor(QPalette::HighlightedText, textOnVerdict);
+        colourHighlight(palette, *verdict_);
     }
     box_.setPalette(palette);
 }

@@ -29,7 +29,8 @@ QPalette lightPalette()
     const QColor faded(0x60, 0x60, 0x60);
 
     QPalette palette(ink, window, paper, QColor(0x8a, 0x8a, 0x8a), QColor(0xb8, 0xb8, 0xb8), ink, paper, paper, window);
-    palette.setColor(QPalette::Button, QColor(0xe4, 0xe4, 0xe4));
+    palette.setColor(QPalette::Button, QColor(0xd3, 0xdc, 0xe6)); // not the grey of what is only read
+    palette.setColor(QPalette::Disabled, QPalette::Button, QColor(0xe4, 0xe4, 0xe4));
     palette.setColor(QPalette::ButtonText, ink);
     palette.setColor(QPalette::Highlight, selection);
     palette.setColor(QPalette::HighlightedText, paper);
@@ -78,6 +79,8 @@ struct ButtonLook {
     int EdgeWidth; // pixels
 };
 
+constexpr int thickEdge = 2;
+
 ButtonLook lookOf(const QStyleOption& button)
 {
     constexpr int pressedShade = 108; // per cent: black is still read well on red
@@ -89,13 +92,13 @@ ButtonLook lookOf(const QStyleOption& button)
         return { ground, button.palette.color(QPalette::Mid), 1 };
     }
     if (button.state.testFlag(QStyle::State_Sunken)) {
-        return { ground.darker(pressedShade), ink, 3 };
+        return { ground.darker(pressedShade), ink, thickEdge };
     }
     if (button.state.testFlag(QStyle::State_MouseOver)) {
-        return { ground, ink, 2 };
+        return { ground, ground.darker(edgeShade), thickEdge };
     }
     if (options != nullptr && options->features.testFlag(QStyleOptionButton::DefaultButton)) {
-        return { ground, button.palette.color(QPalette::Highlight), 2 };
+        return { ground, button.palette.color(QPalette::Highlight), thickEdge };
     }
     return { ground, ground.darker(edgeShade), 1 };
 }
@@ -151,6 +154,9 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
         const bool checkMark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+        if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical) {
+            return 1; // a caption goes down with its button
+        }
         return checkMark && widget != nullptr ? widget->fontInfo().pixelSize()
                                               : QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -161,6 +167,13 @@ public:
     {
         const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         return type == CT_ItemViewItem ? size + QSize(0, 2 * roomForLineFocus(option->fontMetrics)) : size;
+    }
+
+    // A caption stands inside of the edge, however thick it is.
+    QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return element == SE_PushButtonContents ? option->rect.adjusted(thickEdge, thickEdge, -thickEdge, -thickEdge)
+                                                : QProxyStyle::subElementRect(element, option, widget);
     }
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

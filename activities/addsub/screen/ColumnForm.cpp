@@ -40,7 +40,7 @@ const ColumnFormDesign differences {
     .Kind = Operation::Subtraction,
     .Name = "Form3",
     .Caption = "RESTAS",
-    .AreaHeight = 6990,
+    .AreaHeight = 7495,
     .OperandPoints = 12,
     .Heading = "Realiza la siguiente resta",
     .HeadingReadOnly = true,

@@ -11,7 +11,7 @@ namespace numbrela {
 
 namespace {
 
-constexpr TwipsSize area { 6000, 5000 };
+constexpr TwipsSize area { 6000, 5300 }; // with room below the score line
 constexpr FontSpec formFont { "Arial", 12 };
 constexpr FontSpec numberFont { "Courier", 15, true };
 
