@@ -40,7 +40,7 @@ const ColumnFormDesign differences {
     .Kind = Operation::Subtraction,
     .Name = "Form3",
     .Caption = "RESTAS",
-    .AreaHeight = 7495,
+    .AreaHeight = 7500, // with as much room below the score line as above the heading
     .OperandPoints = 12,
     .Heading = "Realiza la siguiente resta",
     .HeadingReadOnly = true,
