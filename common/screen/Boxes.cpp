@@ -18,12 +18,30 @@ QString titleOrApplications(const std::string& title)
     return title.empty() ? QApplication::applicationName() : QString::fromStdString(title);
 }
 
-// What is offered as an answer is seen whole, unless it is very long.
-int widthFor(const QString& text, const QLineEdit& line)
+// A title as a window manager may write it, with room for an icon and three buttons beside it, each at most twice as
+// wide as the letters are high.
+int widthOfTitle(const QString& title)
+{
+    QFont font = QApplication::font("QMdiSubWindowTitleBar"); // the system's own, where it says which
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    return metrics.horizontalAdvance(title) + 4 * 2 * metrics.height();
+}
+
+// A box is as wide as its line makes it: so wide that its title and the text that is offered are seen whole, and that
+// there is room for an answer of 40 characters. Only a text that is wider than the screen scrolls.
+int widthOfLine(const QLineEdit& line, const QString& title)
 {
     constexpr int besideTheText = 16; // pixels: the frame, its margins and the caret
-    return std::min(
-        line.fontMetrics().horizontalAdvance(text) + besideTheText, line.screen()->availableSize().width() / 2);
+    constexpr int besideTheLine = 64; // the margins of the box, and a window's frame
+    constexpr int roomForLetters = 40;
+    constexpr int leastHeights = 25; // of a letter: 400 pixels at the design size
+    const QFontMetrics metrics = line.fontMetrics();
+    const int text
+        = std::max(metrics.horizontalAdvance(line.text()), metrics.horizontalAdvance(QString(roomForLetters, u'0')));
+    const int wanted
+        = std::max({ text + besideTheText, widthOfTitle(title), leastHeights * line.fontInfo().pixelSize() });
+    return std::min(wanted, line.screen()->availableSize().width() - besideTheLine);
 }
 
 } // namespace
@@ -61,7 +79,7 @@ std::string AskText(
     if (prompt.empty()) {
         line.setAccessibleName(box.windowTitle());
     }
-    line.setMinimumWidth(widthFor(box.textValue(), line));
+    line.setMinimumWidth(widthOfLine(line, box.windowTitle()));
     return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 

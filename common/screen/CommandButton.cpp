@@ -1,7 +1,6 @@
 #include "common/screen/CommandButton.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 
 namespace numbrela {
 
@@ -24,18 +23,6 @@ void CommandButton::SetBackColour(const QColor& colour)
 QColor CommandButton::BackColour() const
 {
     return palette().color(QPalette::Active, QPalette::Button);
-}
-
-void CommandButton::paintEvent(QPaintEvent* event)
-{
-    QPushButton::paintEvent(event);
-    if (hasFocus()) {
-        constexpr int inset = 3;
-        constexpr int thickness = 2;
-        QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), thickness));
-        painter.drawRect(rect().adjusted(inset, inset, -inset, -inset));
-    }
 }
 
 void CommandButton::keyPressEvent(QKeyEvent* event)

@@ -5,7 +5,7 @@
 namespace numbrela {
 
 // A push button that Enter presses as Space does when it has the focus, and that can have a colour of its own. A double
-// click presses it once. It shows that it has the focus, however it came to it.
+// click presses it once.
 class CommandButton : public QPushButton {
 public:
     explicit CommandButton(const QString& caption, QWidget* parent = nullptr);
@@ -15,7 +15,6 @@ public:
     QColor BackColour() const;
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 };

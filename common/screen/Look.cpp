@@ -6,12 +6,13 @@
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QPushButton>
 #include <QStyleOption>
 #include <QTranslator>
 #include <QWidget>
 
-#include <map>
-#include <utility>
+#include <algorithm>
+#include <vector>
 
 namespace numbrela {
 
@@ -25,10 +26,11 @@ QPalette lightPalette()
     const QColor paper(Qt::white);
     const QColor window(0xf0, 0xf0, 0xf0);
     const QColor selection(0x0b, 0x5c, 0xad);
-    const QColor faded(0x6b, 0x6b, 0x6b);
+    const QColor faded(0x60, 0x60, 0x60);
 
     QPalette palette(ink, window, paper, QColor(0x8a, 0x8a, 0x8a), QColor(0xb8, 0xb8, 0xb8), ink, paper, paper, window);
-    palette.setColor(QPalette::Button, QColor(0xe4, 0xe4, 0xe4));
+    palette.setColor(QPalette::Button, QColor(0xd3, 0xdc, 0xe6)); // not the grey of what is only read
+    palette.setColor(QPalette::Disabled, QPalette::Button, QColor(0xe4, 0xe4, 0xe4));
     palette.setColor(QPalette::ButtonText, ink);
     palette.setColor(QPalette::Highlight, selection);
     palette.setColor(QPalette::HighlightedText, paper);
@@ -41,20 +43,16 @@ QPalette lightPalette()
     return palette;
 }
 
-// The style keeps the pictures that it has drawn of buttons, scroll bars and arrows by the identity of their palette,
-// and the toolkit never forgets the name of a picture. Drawn each with its own palette, they would let memory grow with
-// every window that is opened. So all that look alike are drawn with one: for as long as this lives, the option has it.
+// The style keeps the pictures that it has drawn of scroll bars and arrows by the identity of their palette, and the
+// toolkit never forgets the name of a picture. Drawn each with its own palette, they would let memory grow with every
+// window that is opened. So all that look alike are drawn with one: for as long as this lives, the option has it.
 class SharedPalette {
 public:
     explicit SharedPalette(const QStyleOption& option)
         : option_(const_cast<QStyleOption&>(option)) // it is the caller's, and gets its own back
         , own_(option.palette)
     {
-        QPalette& shared = sharedBy(own_);
-        if (shared != own_) {
-            shared = own_;
-        }
-        option_.palette = shared;
+        option_.palette = sharedBy(own_);
         option_.palette.setCurrentColorGroup(own_.currentColorGroup());
     }
     ~SharedPalette() { option_.palette = own_; }
@@ -62,20 +60,77 @@ public:
     SharedPalette& operator=(const SharedPalette&) = delete;
 
 private:
-    // The palettes of this program differ in these two colours alone.
-    static QPalette& sharedBy(const QPalette& own)
+    // There are few that differ: the program's own, and those of the boxes with a ground of their own.
+    static const QPalette& sharedBy(const QPalette& own)
     {
-        static std::map<std::pair<QRgb, QRgb>, QPalette> palettes;
-        const QRgb window = own.color(QPalette::Active, QPalette::Window).rgba();
-        return palettes[{ window, own.color(QPalette::Active, QPalette::Button).rgba() }];
+        static std::vector<QPalette> palettes;
+        const auto found = std::find(palettes.begin(), palettes.end(), own);
+        return found != palettes.end() ? *found : palettes.emplace_back(own);
     }
 
     QStyleOption& option_;
     const QPalette own_;
 };
 
-// Fusion with quiet boxes, whose buttons carry words alone, with check marks as large as the words beside them, with a
-// caret only where the focus is, and with a coloured frame round the list or text area that has the focus.
+// What the ground and the edge of a push button tell.
+struct ButtonLook {
+    QColor Ground;
+    QColor Edge;
+    int EdgeWidth; // pixels
+};
+
+constexpr int thickEdge = 2;
+
+ButtonLook lookOf(const QStyleOption& button)
+{
+    constexpr int pressedShade = 108; // per cent: black is still read well on red
+    constexpr int edgeShade = 200;
+    const QColor ground = button.palette.color(QPalette::Button);
+    const QColor ink = button.palette.color(QPalette::WindowText);
+    const auto* options = qstyleoption_cast<const QStyleOptionButton*>(&button);
+    if (!button.state.testFlag(QStyle::State_Enabled)) {
+        return { ground, button.palette.color(QPalette::Mid), 1 };
+    }
+    if (button.state.testFlag(QStyle::State_Sunken)) {
+        return { ground.darker(pressedShade), ink, thickEdge };
+    }
+    if (button.state.testFlag(QStyle::State_MouseOver)) {
+        return { ground, ground.darker(edgeShade), thickEdge };
+    }
+    if (options != nullptr && options->features.testFlag(QStyleOptionButton::DefaultButton)) {
+        return { ground, button.palette.color(QPalette::Highlight), thickEdge };
+    }
+    return { ground, ground.darker(edgeShade), 1 };
+}
+
+// Flat, in exactly the colour that the button was given; the style's own shading would pale it. The frame of the focus
+// is seen on any ground, because it has a white line on both sides.
+void drawButton(const QStyleOption& button, QPainter& painter)
+{
+    const ButtonLook look = lookOf(button);
+    const auto fill = [&painter, rect = button.rect](int inset, const QColor& colour) {
+        constexpr int radius = 2; // pixels
+        painter.setBrush(colour);
+        painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
+    };
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    fill(0, look.Edge);
+    int inset = look.EdgeWidth;
+    if (button.state.testFlag(QStyle::State_HasFocus)) {
+        fill(inset, Qt::white);
+        fill(inset + 1, button.palette.color(QPalette::Highlight));
+        fill(inset + 3, Qt::white);
+        inset += 4;
+    }
+    fill(inset, look.Ground);
+    painter.restore();
+}
+
+// Fusion with flat buttons, with quiet boxes, whose buttons carry words alone, with check marks as large as the words
+// beside them, with a caret only where the focus is, and with a coloured frame round the button, list or text area that
+// has the focus.
 class QuietStyle : public QProxyStyle {
 public:
     QuietStyle()
@@ -99,6 +154,9 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
         const bool checkMark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+        if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical) {
+            return 1; // a caption goes down with its button
+        }
         return checkMark && widget != nullptr ? widget->fontInfo().pixelSize()
                                               : QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -111,15 +169,11 @@ public:
         return type == CT_ItemViewItem ? size + QSize(0, 2 * roomForLineFocus(option->fontMetrics)) : size;
     }
 
-    void drawControl(
-        ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+    // A caption stands inside of the edge, however thick it is.
+    QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override
     {
-        if (element == CE_PushButton) {
-            const SharedPalette shared(*option);
-            QProxyStyle::drawControl(element, option, painter, widget);
-        } else {
-            QProxyStyle::drawControl(element, option, painter, widget);
-        }
+        return element == SE_PushButtonContents ? option->rect.adjusted(thickEdge, thickEdge, -thickEdge, -thickEdge)
+                                                : QProxyStyle::subElementRect(element, option, widget);
     }
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
@@ -132,7 +186,11 @@ public:
     void drawPrimitive(
         PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
     {
-        if (element == PE_IndicatorArrowRight) { // of a menu that opens another one
+        if (element == PE_PanelButtonCommand) {
+            drawButton(*option, *painter);
+        } else if (element == PE_FrameFocusRect && qobject_cast<const QPushButton*>(widget) != nullptr) {
+            return; // it has its frame
+        } else if (element == PE_IndicatorArrowRight) { // of a menu that opens another one
             const SharedPalette shared(*option);
             QProxyStyle::drawPrimitive(element, option, painter, widget);
         } else if (element == PE_FrameFocusRect && option->state.testFlag(State_Item)) { // of a line of a list

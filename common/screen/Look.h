@@ -4,8 +4,8 @@ class QApplication;
 
 namespace numbrela {
 
-// Gives the program its one look on every machine: Fusion style, a light palette, fonts with metric-compatible
-// substitutes, and the toolkit's own words in Spanish.
+// Gives the program its one look on every machine: Fusion style with flat buttons, a light palette, fonts with
+// metric-compatible substitutes, and the toolkit's own words in Spanish.
 void ApplyLook(QApplication& application);
 
 } // namespace numbrela

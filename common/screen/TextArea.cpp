@@ -12,12 +12,21 @@ TextArea::TextArea(QWidget* parent)
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    colours_.SetTakesTyping(false);
+    connect(this, &QTextEdit::selectionChanged, this, [this] { colours_.SetHighlighted(textCursor().hasSelection()); });
 }
 
 void TextArea::SetText(const std::string& text)
 {
     setPlainText(QString::fromStdString(text));
     LayOutText();
+    colours_.ShowNoVerdict();
+}
+
+void TextArea::ShowVerdict(const Verdict& verdict)
+{
+    SetText(verdict.Text);
+    colours_.ShowVerdict(verdict.Right);
 }
 
 void TextArea::SelectWholeText()

@@ -1,12 +1,16 @@
 #pragma once
 
+#include "common/core/Verdict.h"
+#include "common/screen/BoxColours.h"
+
 #include <QTextEdit>
 
 #include <string>
 
 namespace numbrela {
 
-// A text box of several lines that shows a text and takes no typing. A highlight stays, whatever has the focus.
+// A text box of several lines that shows a text and takes no typing, as its colours say. A highlight stays, whatever
+// has the focus.
 class TextArea : public QTextEdit {
 public:
     explicit TextArea(QWidget* parent = nullptr);
@@ -14,6 +18,9 @@ public:
     // The text as UTF-8, lines separated by "\n". Writing it removes any selection.
     std::string Text() const { return toPlainText().toStdString(); }
     void SetText(const std::string& text);
+
+    // Writes a verdict, on its colour until another text is written.
+    void ShowVerdict(const Verdict& verdict);
 
     // Highlights the whole text, of which the beginning is in view.
     void SelectWholeText();
@@ -25,6 +32,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    BoxColours colours_ { *this };
 };
 
 } // namespace numbrela

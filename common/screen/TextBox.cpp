@@ -39,6 +39,7 @@ TextBox::TextBox(QWidget* parent)
     , designFont_(font())
 {
     connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
+    connect(this, &QLineEdit::selectionChanged, this, [this] { colours_.SetHighlighted(hasSelectedText()); });
     // What is taken away from a text that the program wrote longer than the limit makes no room for typing.
     connect(this, &QLineEdit::textEdited, this, [this] { SetMaximumTypedLength(maximumTypedLength_); });
 }
@@ -54,6 +55,18 @@ void TextBox::SetText(const std::string& text)
     QLineEdit::setMaxLength(std::max(maxLength(), static_cast<int>(newText.size())));
     setText(newText);
     SetMaximumTypedLength(maximumTypedLength_);
+    colours_.ShowNoVerdict();
+}
+
+void TextBox::ShowVerdict(const Verdict& verdict)
+{
+    SetText(verdict.Text);
+    colours_.ShowVerdict(verdict.Right);
+}
+
+void TextBox::LookReadOnly()
+{
+    colours_.SetTakesTyping(false);
 }
 
 void TextBox::SetMaximumTypedLength(int characters)
@@ -150,6 +163,8 @@ void TextBox::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange && !fitting_) {
         designFont_ = font();
         fitText();
+    } else if (event->type() == QEvent::ReadOnlyChange) {
+        colours_.SetTakesTyping(!isReadOnly());
     }
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "common/core/Verdict.h"
+#include "common/screen/BoxColours.h"
+
 #include <QLineEdit>
 
 #include <string>
@@ -11,6 +14,7 @@ namespace numbrela {
 // - the caret position is the start of the selection;
 // - a text too wide for the box is written smaller, so that it is seen whole, but no smaller than it can be read: what
 //   is longer still, scrolls; boxes that stand in columns are written smaller together;
+// - its colours say whether it takes typing, and of a verdict whether it is a right one;
 // - a maximum length limits what is typed, never what the program writes;
 // - what an input method or an on-screen keyboard writes is typed, character by character.
 // What the keys mean is for the form to say (HandleKeys).
@@ -23,6 +27,12 @@ public:
     // The text as UTF-8. Writing it removes any selection.
     std::string Text() const;
     void SetText(const std::string& text);
+
+    // Writes a verdict, on its colour until another text is written.
+    void ShowVerdict(const Verdict& verdict);
+
+    // Has the box coloured as a read-only one: what is typed into it is for another box, as its form sees to.
+    void LookReadOnly();
 
     // The most characters that can be typed into the box.
     void SetMaximumTypedLength(int characters);
@@ -64,6 +74,7 @@ private:
     int widthForText() const;
     bool fits(const QFont& font) const;
 
+    BoxColours colours_ { *this };
     int maximumTypedLength_;
     int leastColumns_ = 0;
     bool staysWhole_ = false;

@@ -176,9 +176,9 @@ private:
             return;
         }
         const bool right = std::fabs(exercise_.Product - value) < 1e-12;
-        Multiplication::Verdict verdict = exercise_.Judge(result, "");
+        Verdict verdict = exercise_.Judge(result, "");
         EXPECT_EQ(verdict.Right, right);
-        const Multiplication::Verdict again = exercise_.Judge(result, verdict.Text);
+        const Verdict again = exercise_.Judge(result, verdict.Text);
         EXPECT_EQ(again.Right, right);
         EXPECT_EQ(again.Text, " " + verdict.Text);
         EXPECT_EQ(exercise_.Judge(result, again.Text).Text, verdict.Text);

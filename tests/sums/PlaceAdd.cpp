@@ -106,8 +106,8 @@ void tallySolution(const PlaceAndAdd& exercise, const PaperSum& paper, Tally& ta
             "an addend", placement.Addends[index], inColumns(PaperSum::TextOf(paper.Addends.at(index))), describe);
     }
     const bool accepted = paper.IsAccepted(shown);
-    tally.CountVerdict("solution", exercise.Verdict(placement.Sum, "") == "Resultado correcto ", accepted,
-        causeFor(paper, accepted), describe);
+    tally.CountVerdict(
+        "solution", exercise.Judge(placement.Sum, "").Right, accepted, causeFor(paper, accepted), describe);
 }
 
 } // namespace
@@ -128,13 +128,12 @@ void TryPlaceAndAdd(RandomSource& random, Tally& tally)
     tally.Compare("the line", exercise.DataLine(), paper.Line(), describe);
 
     const bool accepted = paper.IsAccepted(PaperSum::TextOf(paper.Sum));
-    const auto verdict = [&](Whole sum) { return exercise.Verdict(PaperSum::TextOf(sum), ""); };
-    tally.CountVerdict(
-        "answer on paper", verdict(paper.Sum) == "Resultado correcto ", accepted, causeFor(paper, accepted), describe);
+    const auto isRight = [&](Whole sum) { return exercise.Judge(PaperSum::TextOf(sum), "").Right; };
+    tally.CountVerdict("answer on paper", isRight(paper.Sum), accepted, causeFor(paper, accepted), describe);
     const Whole wrong = paper.Sum + PowerOfTenOnPaper(mostDecimals);
     const bool same = paper.IsAccepted(PaperSum::TextOf(wrong));
     tally.Require(!same || !paper.IsWhole(), "singles cannot tell one more", describe);
-    tally.CountVerdict("answer greater by one", verdict(wrong) == "Resultado correcto ", same,
+    tally.CountVerdict("answer greater by one", isRight(wrong), same,
         same ? "singles round the sum up to its whole part" : nullptr, describe);
     tallySolution(exercise, paper, tally);
 }

@@ -226,6 +226,82 @@ TEST_P(ReadingAidTest, TextStandsOutFromItsGround)
     });
 }
 
+// The boxes of a window that hold a text, and whether each takes typing.
+std::vector<std::pair<QWidget*, bool>> textBoxes(const QWidget& window)
+{
+    std::vector<std::pair<QWidget*, bool>> boxes;
+    for (QWidget* control : visibleControls(window)) {
+        if (const auto* line = qobject_cast<const QLineEdit*>(control)) {
+            // What is typed into the heading of the additions goes to the answer.
+            boxes.emplace_back(control, !line->isReadOnly() && fullNameOf(*control) != "Form2.Text1");
+        } else if (const auto* area = qobject_cast<const QTextEdit*>(control)) {
+            boxes.emplace_back(control, !area->isReadOnly());
+        }
+    }
+    return boxes;
+}
+
+bool isHighlighted(const QWidget& box)
+{
+    const auto* line = qobject_cast<const QLineEdit*>(&box);
+    const auto* area = qobject_cast<const QTextEdit*>(&box);
+    return line != nullptr ? line->hasSelectedText() : area->textCursor().hasSelection();
+}
+
+enum class Said { Nothing, Right, Wrong };
+
+Said saidBy(const QWidget& box)
+{
+    const QString text = TextOf(box).trimmed().toLower();
+    if (text == QStringLiteral("resultado correcto") || text == QStringLiteral("correcto")) {
+        return Said::Right;
+    }
+    const bool wrong = text == QStringLiteral("resultado incorrecto") || text == QStringLiteral("error");
+    return wrong ? Said::Wrong : Said::Nothing;
+}
+
+// Green and red alone; any other colour says nothing.
+Said saidByColour(const QColor& colour)
+{
+    const auto dominates = [](int one, int other, int third) { return one > 2 * other && one > 2 * third; };
+    if (dominates(colour.green(), colour.red(), colour.blue())) {
+        return Said::Right;
+    }
+    return dominates(colour.red(), colour.green(), colour.blue()) ? Said::Wrong : Said::Nothing;
+}
+
+TEST_P(ReadingAidTest, WhatTakesTypingIsWhiteAndWhatDoesNotIsGrey)
+{
+    inspectAll([](QWidget& window) {
+        for (const auto& [box, takesTyping] : textBoxes(window)) {
+            const QColor ground = box->palette().color(QPalette::Base);
+            if (takesTyping) {
+                EXPECT_EQ(ground, QColor(Qt::white)) << fullNameOf(*box);
+            } else if (saidByColour(ground) == Said::Nothing) {
+                EXPECT_EQ(ground.saturation(), 0) << fullNameOf(*box);
+                EXPECT_LT(ground.lightness(), 240) << fullNameOf(*box);
+            }
+        }
+    });
+}
+
+TEST_P(ReadingAidTest, ARightVerdictIsGreenAWrongOneRedAndNothingElseIs)
+{
+    std::set<Said> seen;
+    inspectAll([&seen](QWidget& window) {
+        for (const auto& [box, takesTyping] : textBoxes(window)) {
+            const bool highlighted = isHighlighted(*box);
+            const Said said = saidBy(*box);
+            seen.insert(said);
+            EXPECT_EQ(saidByColour(box->palette().color(QPalette::Highlight)), said) << fullNameOf(*box);
+            EXPECT_EQ(saidByColour(box->palette().color(QPalette::Base)), highlighted ? Said::Nothing : said)
+                << fullNameOf(*box);
+        }
+    });
+    const std::set<std::string> judging { "AddSub", "Multiply", "Divide", "Compare", "PlaceAdd", "Powers10" };
+    EXPECT_EQ(seen.count(Said::Right) == 1 && seen.count(Said::Wrong) == 1, judging.count(GetParam().Name) == 1);
+}
+
 // What a box says at its widest, put into it in every state of its window that the gallery draws.
 struct WidestText {
     const char* Room;

@@ -4,6 +4,7 @@
 #include "common/core/OptionList.h"
 #include "common/core/Random.h"
 #include "common/core/Score.h"
+#include "common/core/Verdict.h"
 
 #include <string>
 #include <string_view>
@@ -21,12 +22,6 @@ struct OperandEntry {
     bool Accepted = false; // the exercise on the screen is a new one
     std::string Message; // what to tell the pupil; empty: nothing
     std::string MessageTitle; // empty: the application's title
-};
-
-// What was said of an answer.
-struct Verdict {
-    bool Right = false;
-    std::string Text;
 };
 
 enum class Operation { Addition, Subtraction };

@@ -40,7 +40,7 @@ const ColumnFormDesign differences {
     .Kind = Operation::Subtraction,
     .Name = "Form3",
     .Caption = "RESTAS",
-    .AreaHeight = 6990,
+    .AreaHeight = 7500, // with as much room below the score line as above the heading
     .OperandPoints = 12,
     .Heading = "Realiza la siguiente resta",
     .HeadingReadOnly = true,
@@ -103,6 +103,7 @@ void ColumnForm::buildControls()
     Text1 = AddTextBox(Area(), QStringLiteral("Text1"), { 500, 500, 4000, 495 }, headingFont, Qt::AlignCenter);
     Text1->SetText(design_.Heading);
     Text1->setReadOnly(design_.HeadingReadOnly);
+    Text1->LookReadOnly();
     Text1->setAccessibleName(QStringLiteral("Instrucción"));
     HandleKeys(*Text1, { .KeyPress = [this](QChar) { return Text1_KeyPress(); } });
     // A box that is not read-only can be cut from and pasted into; the heading stays.
@@ -182,7 +183,7 @@ void ColumnForm::showNewExercise(const OperandTexts& texts)
 void ColumnForm::Command1_Click()
 {
     const Verdict verdict = exercise_.Judge(Text3->Text());
-    Text4->SetText(verdict.Text);
+    Text4->ShowVerdict(verdict);
     Text4->SelectWholeText();
     if (verdict.Right) {
         Buttons.Command2[0]->setFocus();

@@ -188,7 +188,7 @@ TEST(ColumnFormTable, Form3HasTheControlsOfASubtraction)
     open(form);
     EXPECT_EQ(form.objectName().toStdString(), "Form3");
     EXPECT_EQ(form.windowTitle().toStdString(), "RESTAS");
-    expectArea(form, 4875, 6990);
+    expectArea(form, 4875, 7500);
     expectControls(form, firstOperands(Operation::Subtraction, clock),
         { .Heading = "Realiza la siguiente resta",
             .HeadingReadOnly = true,

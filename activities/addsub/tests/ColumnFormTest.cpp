@@ -1623,7 +1623,7 @@ TEST_F(SubtractionFormTest, ADifferenceOfZeroIsShownAsZeroAndAnEmptyAnswerIsRigh
 std::set<int> highlightedColumns(TextBox& box)
 {
     constexpr int frame = 4; // its colour, when the box has the focus, is none of our business
-    const QRgb highlight = QApplication::palette().color(QPalette::Highlight).rgb();
+    const QRgb highlight = box.palette().color(QPalette::Highlight).rgb();
     const QImage picture = box.grab().toImage();
     std::set<int> columns;
     for (int x = frame; x < picture.width() - frame; ++x) {

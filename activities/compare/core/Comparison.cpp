@@ -65,7 +65,7 @@ void Comparison::NewComparison()
     }
 }
 
-Comparison::Verdict Comparison::Judge(int index)
+Verdict Comparison::Judge(int index)
 {
     if (index == CorrectButton) {
         ++Hits;

@@ -2,6 +2,7 @@
 
 #include "common/core/Int16.h"
 #include "common/core/Random.h"
+#include "common/core/Verdict.h"
 
 #include <array>
 #include <string>
@@ -27,13 +28,8 @@ public:
     // number, the other three behind it in each of their six orders. No two numbers are equal.
     void NewComparison();
 
-    // What was said of a click.
-    struct Verdict {
-        bool Right = false;
-        std::string Text; // "CORRECTO" or "ERROR"
-    };
-
-    // Judges a click on a button and counts it as a hit or as an error. Wrong clicks on one question are counted each.
+    // Judges a click on a button, "CORRECTO" or "ERROR", and counts it as a hit or as an error. Wrong clicks on one
+    // question are counted each.
     // Throws RunTimeError::Overflow when a count passes 32767.
     Verdict Judge(int index);
 

@@ -11,7 +11,7 @@ namespace numbrela {
 
 namespace {
 
-constexpr TwipsSize area { 6000, 5000 };
+constexpr TwipsSize area { 6000, 5300 }; // with room below the score line
 constexpr FontSpec formFont { "Arial", 12 };
 constexpr FontSpec numberFont { "Courier", 15, true };
 
@@ -79,8 +79,8 @@ void Form6::showNewComparison()
 
 void Form6::CbNúmero_Click(int index)
 {
-    const Comparison::Verdict verdict = comparison_.Judge(index);
-    Text3->SetText(verdict.Text);
+    const Verdict verdict = comparison_.Judge(index);
+    Text3->ShowVerdict(verdict);
     Text2->SetText(comparison_.ScoreLine());
     if (verdict.Right) {
         showNewComparison();

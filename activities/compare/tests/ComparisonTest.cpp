@@ -261,7 +261,7 @@ TEST(Comparison, JudgesAndCountsEveryButton)
             ScriptedRandom random {};
             Comparison comparison(random);
             comparison.CorrectButton = correct;
-            const Comparison::Verdict verdict = comparison.Judge(clicked);
+            const Verdict verdict = comparison.Judge(clicked);
             EXPECT_EQ(verdict.Right, clicked == correct);
             EXPECT_EQ(verdict.Text, clicked == correct ? "CORRECTO" : "ERROR");
             EXPECT_EQ(comparison.Hits, clicked == correct ? 1 : 0);

@@ -63,6 +63,7 @@ TEST(Form6Table, EverythingStandsInItsPlace)
                 .ReadOnly = true,
                 .AccessibleName = "Marcador" },
         });
+    EXPECT_EQ(form.size(), QSize(6000, 5300) / 15) << "twips; there is room below the score line";
     ExpectMenus(form, {});
     EXPECT_FALSE(form.findChild<QMenuBar*>()->isVisible());
 }

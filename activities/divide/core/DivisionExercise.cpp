@@ -150,13 +150,13 @@ double DivisionExercise::lastRemainder() const
 DivisionVerdict DivisionExercise::Judge(std::string_view quotient) const
 {
     if (QuotientDecimals > 0) {
-        return { "El número de decimales no es cero, por favor utilice la opción \"Ver solución\" para comprobar su "
-                 "resultado.",
-            false, "" };
+        return { {},
+            "El número de decimales no es cero, por favor utilice la opción \"Ver solución\" para comprobar su "
+            "resultado." };
     }
     const double given = ParseFirstCommaNumber(quotient) * Divisor + lastRemainder();
     const bool right = isWithin(std::fabs(Dividend - given), 1 / PowerOfTen(scale() + 1));
-    return { "", right, right ? "resultado correcto" : "Resultado incorrecto" };
+    return { { right, right ? "resultado correcto" : "Resultado incorrecto" }, "" };
 }
 
 std::string DivisionExercise::ShowDivisionSolution()

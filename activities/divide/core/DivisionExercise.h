@@ -5,6 +5,7 @@
 #include "common/core/OptionList.h"
 #include "common/core/Random.h"
 #include "common/core/Score.h"
+#include "common/core/Verdict.h"
 
 #include <string>
 #include <string_view>
@@ -12,10 +13,8 @@
 namespace numbrela {
 
 // What became of an answer.
-struct DivisionVerdict {
+struct DivisionVerdict : Verdict {
     std::string Refusal; // what to tell the pupil instead; empty: the answer was judged, and is to be counted
-    bool Right = false;
-    std::string Text; // for the verdict box
 };
 
 // The number that a text begins with, its first "," being the decimal comma: "1,25" gives 1.25, "12 r 3" gives 12, no

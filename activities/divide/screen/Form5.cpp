@@ -185,7 +185,7 @@ void Form5::Command1_Click()
             ShowMessage(this, verdict.Refusal);
             return;
         }
-        Text4->SetText(verdict.Text);
+        Text4->ShowVerdict(verdict);
         if (verdict.Right) {
             Buttons.Command2[0]->setFocus();
         }

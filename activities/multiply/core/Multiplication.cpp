@@ -107,7 +107,7 @@ Int16 Multiplication::RowCount(std::string_view shownFactor2) const
     return rows;
 }
 
-Multiplication::Verdict Multiplication::Judge(std::string_view result, std::string_view shownVerdict) const
+Verdict Multiplication::Judge(std::string_view result, std::string_view shownVerdict) const
 {
     constexpr double tolerance = 1e-12;
     if (std::fabs(Product - ParseCommaNumber(result)) < tolerance) {

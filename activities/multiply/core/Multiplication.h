@@ -4,6 +4,7 @@
 #include "common/core/OptionList.h"
 #include "common/core/Random.h"
 #include "common/core/Score.h"
+#include "common/core/Verdict.h"
 
 #include <string>
 #include <string_view>
@@ -18,12 +19,6 @@ class Multiplication {
 public:
     static constexpr OptionList DigitChoices { 1, 10 };
     static constexpr OptionList DecimalChoices { 0, 6 };
-
-    // What was said of a result.
-    struct Verdict {
-        bool Right = false;
-        std::string Text;
-    };
 
     // What became of a factor that the pupil typed.
     struct FactorEntry {

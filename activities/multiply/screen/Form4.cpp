@@ -251,8 +251,8 @@ void Form4::checkOptions()
 void Form4::Command1_Click()
 {
     try {
-        const Multiplication::Verdict verdict = exercise_.Judge(TbResultado->Text(), Text1->Text());
-        Text1->SetText(verdict.Text);
+        const Verdict verdict = exercise_.Judge(TbResultado->Text(), Text1->Text());
+        Text1->ShowVerdict(verdict);
         QWidget* next = verdict.Right ? static_cast<QWidget*>(Buttons.Command2[0]) : TbParcial[0];
         next->setFocus();
         tbResultados->SetText(exercise_.Score.Count(verdict.Right));

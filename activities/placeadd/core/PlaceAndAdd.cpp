@@ -67,14 +67,14 @@ std::string PlaceAndAdd::DataLine() const
     return line;
 }
 
-std::string PlaceAndAdd::Verdict(std::string_view answer, std::string_view shown) const
+Verdict PlaceAndAdd::Judge(std::string_view answer, std::string_view shown) const
 {
-    const auto value = static_cast<float>(LeadingNumber(answer));
-    std::string message = value == AddendSum ? "Resultado correcto " : "Resultado incorrecto";
+    const bool right = static_cast<float>(LeadingNumber(answer)) == AddendSum;
+    std::string message = right ? "Resultado correcto " : "Resultado incorrecto";
     if (message == shown) {
         message += ' ';
     }
-    return message;
+    return { right, message };
 }
 
 PlaceAndAdd::Placement PlaceAndAdd::Solution() const

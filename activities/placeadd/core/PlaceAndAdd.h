@@ -3,6 +3,7 @@
 #include "common/core/Int16.h"
 #include "common/core/OptionList.h"
 #include "common/core/Random.h"
+#include "common/core/Verdict.h"
 
 #include <array>
 #include <string>
@@ -44,7 +45,7 @@ public:
     // blank, so that something is seen to happen. Only the whole part of what is written counts ("123,5" is 123),
     // blanks between its digits do not, and it must be the sum exactly: a sum that has decimals in single precision
     // is never judged right when it is typed with its comma.
-    std::string Verdict(std::string_view answer, std::string_view shown) const;
+    Verdict Judge(std::string_view answer, std::string_view shown) const;
 
     // The solution. Throws RunTimeError::InvalidArgument, with a sentence for the pupil, when the sum has more than the
     // four integer digits that there are columns for; no addend is longer than the sum.

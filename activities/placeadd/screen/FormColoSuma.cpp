@@ -256,7 +256,7 @@ void FormColoSuma::placeSigns()
 
 void FormColoSuma::Command1_Click()
 {
-    Text1->SetText(exercise_.Verdict(TbResultado->Text(), Text1->Text()));
+    Text1->ShowVerdict(exercise_.Judge(TbResultado->Text(), Text1->Text()));
     Text1->SelectWholeText();
 }
 

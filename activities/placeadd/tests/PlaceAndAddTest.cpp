@@ -297,7 +297,7 @@ TEST(PlaceAndAdd, NumbersHaveADecimalCommaInEveryCountry)
     const PlaceAndAdd exercise = exerciseOf(random, { 1234.5F, 0.75F });
     EXPECT_EQ(exercise.DataLine(), "1234,5 + 0,75");
     EXPECT_EQ(exercise.Solution().Sum, "1235,25");
-    EXPECT_EQ(exerciseOf(random, { 1200.5F, 34.5F }).Verdict("1235", ""), "Resultado correcto ");
+    EXPECT_EQ(exerciseOf(random, { 1200.5F, 34.5F }).Judge("1235", "").Text, "Resultado correcto ");
 }
 
 // ----------------------------------------------------------------------------------------------------------- judging
@@ -340,8 +340,9 @@ TEST(PlaceAndAdd, JudgesTheWholePartOfWhatIsWritten)
     ScriptedRandom random {};
     for (const auto& [addend1, addend2, answer, right] : cases) {
         SCOPED_TRACE(std::to_string(addend1) + " + " + std::to_string(addend2) + ", answered " + answer);
-        EXPECT_EQ(exerciseOf(random, { addend1, addend2 }).Verdict(answer, ""),
-            right ? "Resultado correcto " : "Resultado incorrecto");
+        const Verdict verdict = exerciseOf(random, { addend1, addend2 }).Judge(answer, "");
+        EXPECT_EQ(verdict.Right, right);
+        EXPECT_EQ(verdict.Text, right ? "Resultado correcto " : "Resultado incorrecto");
     }
 }
 
@@ -351,7 +352,7 @@ TEST(PlaceAndAdd, ASumThatSinglePrecisionMissesIsNotJudgedRightAsItIsShown)
     ScriptedRandom random {};
     const PlaceAndAdd exercise = exerciseOf(random, { 51.1F, 0.8F, 0.1F });
     EXPECT_EQ(exercise.Solution().Sum, "  52");
-    EXPECT_EQ(exercise.Verdict("52", ""), "Resultado incorrecto");
+    EXPECT_EQ(exercise.Judge("52", "").Text, "Resultado incorrecto");
 }
 
 TEST(PlaceAndAdd, ASumWithDecimalsInSinglePrecisionTypedWithItsCommaIsNeverJudgedRight)
@@ -359,7 +360,7 @@ TEST(PlaceAndAdd, ASumWithDecimalsInSinglePrecisionTypedWithItsCommaIsNeverJudge
     forAllOptions(100, [](const PlaceAndAdd& exercise) {
         const std::string sum = PlainDecimalText(exercise.AddendSum);
         const bool isWhole = exercise.AddendSum == std::floor(exercise.AddendSum);
-        ASSERT_EQ(exercise.Verdict(sum, ""), isWhole ? "Resultado correcto " : "Resultado incorrecto") << sum;
+        ASSERT_EQ(exercise.Judge(sum, "").Right, isWhole) << sum;
     });
 }
 
@@ -369,14 +370,14 @@ TEST(PlaceAndAdd, AVerdictThatIsRepeatedGainsABlank)
     const PlaceAndAdd exercise = exerciseOf(random, { 120, 3 });
     std::string shown;
     for (const char* expected : { "Resultado correcto ", "Resultado correcto  ", "Resultado correcto " }) {
-        shown = exercise.Verdict("123", shown);
+        shown = exercise.Judge("123", shown).Text;
         EXPECT_EQ(shown, expected);
     }
     for (const char* expected : { "Resultado incorrecto", "Resultado incorrecto ", "Resultado incorrecto" }) {
-        shown = exercise.Verdict("124", shown);
+        shown = exercise.Judge("124", shown).Text;
         EXPECT_EQ(shown, expected);
     }
-    EXPECT_EQ(exercise.Verdict("123", "Resultado incorrecto "), "Resultado correcto ");
+    EXPECT_EQ(exercise.Judge("123", "Resultado incorrecto ").Text, "Resultado correcto ");
 }
 
 // ---------------------------------------------------------------------------------------------------------- solution

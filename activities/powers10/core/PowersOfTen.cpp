@@ -86,7 +86,7 @@ std::string PowersOfTen::Solution() const
     return PlainDecimalText(Product);
 }
 
-PowersOfTen::Verdict PowersOfTen::Check(std::string_view answer) const
+Verdict PowersOfTen::Check(std::string_view answer) const
 {
     constexpr double tolerance = 1e-8;
     std::string number(answer);

@@ -3,6 +3,7 @@
 #include "common/core/Int16.h"
 #include "common/core/OptionList.h"
 #include "common/core/Random.h"
+#include "common/core/Verdict.h"
 
 #include <string>
 #include <string_view>
@@ -15,12 +16,6 @@ class PowersOfTen {
 public:
     static constexpr OptionList Digits1Choices { 1, 4 };
     static constexpr OptionList Digits2Choices { 2, 4 }; // digits of the greatest power: 4 stands for 1000
-
-    // What was said of an answer.
-    struct Verdict {
-        bool Right = false;
-        std::string Text;
-    };
 
     // Draws from `random`, which must outlive the exercise. The first exercise is drawn by the first
     // NewPowerOfTenExercise().

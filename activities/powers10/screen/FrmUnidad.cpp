@@ -124,8 +124,8 @@ void FrmUnidad::showNewExercise()
 
 void FrmUnidad::Command1_Click()
 {
-    const PowersOfTen::Verdict verdict = exercise_.Check(TBRespuesta->Text());
-    TBResultado->SetText(verdict.Text);
+    const Verdict verdict = exercise_.Check(TBRespuesta->Text());
+    TBResultado->ShowVerdict(verdict);
     TBResultado->SelectWholeText();
     if (verdict.Right) {
         Buttons.Command2[0]->setFocus();

@@ -280,7 +280,7 @@ TEST(PowersOfTen, JudgesAnswersAsNumbers)
     ScriptedRandom random {};
     for (const auto& [product, answer, right] : cases) {
         SCOPED_TRACE(std::string(product) + ", answered " + answer);
-        const PowersOfTen::Verdict verdict = withProduct(random, product).Check(answer);
+        const Verdict verdict = withProduct(random, product).Check(answer);
         EXPECT_EQ(verdict.Right, right);
         EXPECT_EQ(verdict.Text, right ? "Resultado correcto " : "Resultado incorrecto ");
     }

@@ -257,6 +257,39 @@ TEST_F(BoxesTest, AnInputBoxShowsTheWholeTextThatItOffers)
     EXPECT_EQ(PendingBoxes(), 0);
 }
 
+// A window manager writes the title in letters that are as large as it likes, and puts its buttons beside it.
+TEST_F(BoxesTest, AnInputBoxIsWiderThanItsTitle)
+{
+    const std::string title = "Introducir el segundo factor de la multiplicación de números decimales";
+    ExpectDialog([](QDialog& box) {
+        QFont bold = QApplication::font();
+        bold.setBold(true);
+        constexpr int windowButtons = 100;
+        EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + windowButtons);
+        box.reject();
+    });
+    AskText(&form_, "Valor:", title);
+    EXPECT_EQ(PendingBoxes(), 0);
+}
+
+TEST_F(BoxesTest, AnInputBoxHasRoomForAnAnswerOfFortyCharactersAndGrowsWithItsWindow)
+{
+    for (const int scale : { 1, 2 }) {
+        ExpectDialog([scale](QDialog& box) {
+            EXPECT_GE(box.width(), 400 * scale);
+            EXPECT_LE(box.width(), box.screen()->availableSize().width());
+            const auto* line = box.findChild<QLineEdit*>();
+            EXPECT_EQ(line->fontInfo().pixelSize(), 16 * scale);
+            EXPECT_GT(line->width(), line->fontMetrics().horizontalAdvance(QString(40, u'5')));
+            box.reject();
+        });
+        AskText(&form_, "Valor:", "Sumas");
+        EXPECT_EQ(PendingBoxes(), 0);
+        form_.resize(2 * form_.size());
+        QCoreApplication::processEvents();
+    }
+}
+
 TEST_F(BoxesTest, AnInputBoxNeedsNoWindow)
 {
     ExpectInput(QStringLiteral("Sumas"), QStringLiteral("Valor:"), QStringLiteral("7"));

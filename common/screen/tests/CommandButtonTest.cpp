@@ -13,6 +13,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <set>
+#include <vector>
+
 namespace numbrela {
 
 namespace {
@@ -205,38 +208,113 @@ TEST_F(CommandButtonTest, CanChangeItsColour)
     EXPECT_EQ(done_.BackColour(), QColor(Qt::cyan));
 }
 
-// The style shades a button from top to bottom, so that its hue is compared, beside the caption.
-QColor groundOf(CommandButton& button)
+// The ground beside the caption, from the upper edge to the lower one.
+std::set<QRgb> groundOf(CommandButton& button)
 {
     const QImage image = button.grab().toImage();
-    return image.pixelColor(image.width() / 10, image.height() / 2);
+    constexpr int edge = 8; // the thickest, with the frame of the focus in it
+    std::set<QRgb> colours;
+    for (int y = edge; y < image.height() - edge; ++y) {
+        colours.insert(image.pixel(edge + 1, y));
+    }
+    return colours;
 }
 
-TEST_F(CommandButtonTest, IsPaintedInItsColour)
+TEST_F(CommandButtonTest, IsPaintedFlatInExactlyItsColour)
 {
-    for (const auto colour : { Qt::yellow, Qt::cyan, Qt::green, Qt::red }) {
+    for (const auto colour : { Qt::yellow, Qt::cyan, Qt::green, Qt::red, Qt::white, Qt::magenta }) {
         done_.SetBackColour(colour);
-        const QColor painted = groundOf(done_);
-        EXPECT_NEAR(painted.hsvHue(), QColor(colour).hsvHue(), 2);
-        EXPECT_GT(painted.hsvSaturation(), 100);
+        EXPECT_EQ(groundOf(done_), std::set { QColor(colour).rgb() });
+        done_.setFocus();
+        EXPECT_EQ(groundOf(done_), std::set { QColor(colour).rgb() }) << "with the focus";
+        box_.setFocus();
     }
+    EXPECT_EQ(groundOf(next_), std::set { QApplication::palette().color(QPalette::Button).rgb() });
 }
 
 TEST_F(CommandButtonTest, IsPaintedInGreyWhileItIsDisabled)
 {
     done_.SetBackColour(Qt::red);
     done_.setEnabled(false);
-    EXPECT_LT(groundOf(done_).hsvSaturation(), 20);
+    const QColor grey = QApplication::palette().color(QPalette::Disabled, QPalette::Button);
+    EXPECT_EQ(grey.saturation(), 0);
+    EXPECT_EQ(groundOf(done_), std::set { grey.rgb() });
     done_.setEnabled(true);
-    EXPECT_GT(groundOf(done_).hsvSaturation(), 100);
+    EXPECT_EQ(groundOf(done_), std::set { QColor(Qt::red).rgb() });
 }
 
-// Whether the frame that tells of the focus is painted inside the upper edge.
+// How many pixels of two pictures of equal size differ.
+int differingPixels(const QImage& a, const QImage& b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            count += a.pixel(x, y) == b.pixel(x, y) ? 0 : 1;
+        }
+    }
+    return count;
+}
+
+TEST_F(CommandButtonTest, LooksDifferentInEachOfItsStates)
+{
+    box_.setFocus();
+    for (const QColor& colour : { QColor(Qt::red), QColor(Qt::green), QColor(Qt::white), next_.BackColour() }) {
+        done_.SetBackColour(colour);
+        std::vector<QImage> states { done_.grab().toImage() };
+        const auto picture = [&] { states.push_back(done_.grab().toImage()); };
+        done_.setAttribute(Qt::WA_UnderMouse);
+        picture();
+        done_.setDown(true);
+        picture();
+        done_.setDown(false);
+        done_.setAttribute(Qt::WA_UnderMouse, false);
+        done_.setDefault(true);
+        picture();
+        done_.setDefault(false);
+        done_.setFocus();
+        picture();
+        done_.setDown(true);
+        picture();
+        done_.setDown(false);
+        box_.setFocus();
+        done_.setEnabled(false);
+        picture();
+        done_.setEnabled(true);
+        EXPECT_EQ(done_.grab().toImage(), states.front());
+
+        const int oneLineAround = 2 * (done_.width() + done_.height()) - 8 * 3; // less what is round at the corners
+        for (std::size_t i = 0; i < states.size(); ++i) {
+            for (std::size_t j = 0; j < i; ++j) {
+                EXPECT_GT(differingPixels(states[i], states[j]), oneLineAround) << i << ' ' << j;
+            }
+        }
+    }
+}
+
+TEST_F(CommandButtonTest, IsDarkerWhileItIsDown)
+{
+    done_.SetBackColour(Qt::cyan);
+    done_.setDown(true);
+    ASSERT_EQ(groundOf(done_).size(), 1U);
+    const QColor down(*groundOf(done_).begin());
+    EXPECT_LT(down.value(), QColor(Qt::cyan).value());
+    EXPECT_EQ(down.hue(), QColor(Qt::cyan).hue());
+}
+
+// Whether the frame that tells of the focus is painted inside the edges, between two white lines.
 bool showsFocus(CommandButton& button)
 {
     const QImage image = button.grab().toImage();
-    const QColor frame = button.palette().color(QPalette::Highlight);
-    return image.pixelColor(image.width() / 2, 3) == frame && image.pixelColor(3, image.height() / 2) == frame;
+    const QRgb frame = button.palette().color(QPalette::Highlight).rgb();
+    const QRgb white = QColor(Qt::white).rgb();
+    const std::vector<QRgb> wanted { white, frame, frame, white };
+    std::vector<QRgb> fromTheTop;
+    std::vector<QRgb> fromTheLeft;
+    for (int inset = 1; inset <= 4; ++inset) {
+        fromTheTop.push_back(image.pixel(image.width() / 2, inset));
+        fromTheLeft.push_back(image.pixel(inset, image.height() / 2));
+    }
+    return fromTheTop == wanted && fromTheLeft == wanted;
 }
 
 TEST_F(CommandButtonTest, ShowsThatItHasTheFocusHoweverItCame)
