@@ -2,7 +2,10 @@
 
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
+#include "common/screen/InertWindows.h"
 #include "common/screen/Look.h"
+
+#include <QAbstractNativeEventFilter>
 
 namespace numbrela {
 
@@ -11,7 +14,10 @@ Application::Application(int& argc, char** argv)
 {
     setApplicationName(QStringLiteral("Numbrela"));
     ApplyLook(*this);
+    inertWindows_ = WatchInertWindows();
 }
+
+Application::~Application() = default;
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
