@@ -5,6 +5,7 @@
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
+#include "common/screen/InertWindows.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -88,12 +89,12 @@ void Form1::closeEvent(QCloseEvent* event)
     QApplication::quit();
 }
 
-void Form1::showActivity(FormWindow& window)
+void Form1::showActivity(FormWindow& window) const
 {
     if (window.isVisible()) {
-        window.raise();
-        window.activateWindow();
+        BringToFront(window);
     } else {
+        window.OpenLike(*this);
         window.ShowModally();
     }
 }

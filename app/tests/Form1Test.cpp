@@ -350,6 +350,26 @@ TEST_F(Form1Test, TakesAnOpenActivityWithIt)
     EXPECT_TRUE(activity.isNull());
 }
 
+class LargeMenuTest : public Form1Test, public ::testing::WithParamInterface<Qt::WindowState> { };
+
+INSTANTIATE_TEST_SUITE_P(
+    Form1, LargeMenuTest, ::testing::Values(Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen));
+
+TEST_P(LargeMenuTest, OpensItsActivitiesAsLargeAsItIsAndStaysSo)
+{
+    Menu().setWindowState(GetParam());
+    const QSize size = Menu().size();
+    for (int index = 0; index < static_cast<int>(activities.size()) - 1; ++index) {
+        SCOPED_TRACE(index);
+        Click(Menu(), QStringLiteral("Command1(%1)").arg(index));
+        ASSERT_NE(Activity(), nullptr);
+        EXPECT_EQ(Activity()->windowState() & ~Qt::WindowActive, GetParam());
+        Close(*Activity());
+        EXPECT_EQ(Menu().windowState() & ~Qt::WindowActive, GetParam());
+        EXPECT_EQ(Menu().size(), size);
+    }
+}
+
 // --- Ending ----------------------------------------------------------------------------------------------------------
 
 TEST_F(Form1Test, SalirEndsTheProgramWithoutAQuestion)

@@ -231,10 +231,10 @@ void DLGProductos::closeEvent(QCloseEvent* event)
 {
     event->accept();
     hide();
-    ShowShopping(clock_, Ruta, accepted_);
+    ShowShopping(*this, clock_, Ruta, accepted_);
 }
 
-void ShowEditor(const Clock& clock, const std::filesystem::path& catalogue)
+void ShowEditor(const QWidget& before, const Clock& clock, const std::filesystem::path& catalogue)
 {
     auto editor = std::make_unique<DLGProductos>(clock);
     editor->Ruta = catalogue;
@@ -244,9 +244,10 @@ void ShowEditor(const Clock& clock, const std::filesystem::path& catalogue)
         if (failure.ErrorKind() != RunTimeError::Kind::File) {
             throw;
         }
-        ShowShopping(clock, catalogue, false); // it runs into the same failure, and says so
+        ShowShopping(before, clock, catalogue, false); // it runs into the same failure, and says so
         return;
     }
+    editor->OpenLike(before);
     editor.release()->ShowModally(); // it deletes itself when it is closed
 }
 

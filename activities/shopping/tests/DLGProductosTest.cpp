@@ -804,7 +804,7 @@ protected:
 
     DLGProductos& openEditor()
     {
-        ShowEditor(clock_, path_);
+        ShowEditor(before_, clock_, path_);
         auto* editor = dynamic_cast<DLGProductos*>(onlyWindow("DLGProductos"));
         if (editor == nullptr) {
             throw std::logic_error("the editor is not open");
@@ -829,6 +829,7 @@ protected:
         deleteClosedWindows();
     }
 
+    QWidget before_; // the window whose place is taken
     ProductTable twentyProducts_;
     std::string saved_;
 };
@@ -900,7 +901,7 @@ TEST_F(HandoverTest, DoesAsCancelarWhenItsCloseBoxIsPressed)
 // As a teacher does it: out of the shopping window, a product more, and into the shop that sells it.
 TEST_F(HandoverTest, ShopsWithTheNewCatalogueAtOnce)
 {
-    ShowShopping(clock_, path_, true);
+    ShowShopping(before_, clock_, path_, true);
     QWidget* shopping = onlyWindow("Form7");
     ASSERT_NE(shopping, nullptr);
     ShowAndActivate(*shopping);
@@ -933,7 +934,7 @@ TEST_F(HandoverTest, OpensTheShoppingWindowInsteadWhenTheCatalogueCannotBeRead)
             std::string::npos);
         box.accept();
     });
-    ShowEditor(clock_, path_);
+    ShowEditor(before_, clock_, path_);
     waitForBoxes();
     EXPECT_NE(onlyWindow("Form7"), nullptr);
 }
@@ -959,6 +960,38 @@ TEST_F(HandoverTest, NamesFileAndReasonOfASaveThatFailsAndCanBeAcceptedOnceTheCa
     EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
 }
 
+// As large as the window whose place it takes.
+
+class LargeHandoverTest : public HandoverTest, public ::testing::WithParamInterface<Qt::WindowState> {
+protected:
+    static Qt::WindowStates stateOf(const char* name)
+    {
+        const QWidget* const window = onlyWindow(name);
+        return window != nullptr ? window->windowState() & ~Qt::WindowActive : Qt::WindowMinimized;
+    }
+};
+
+TEST_P(LargeHandoverTest, OpensAsLargeAsTheWindowWhosePlaceItTakes)
+{
+    before_.setWindowState(GetParam());
+    ShowShopping(before_, clock_, path_, true);
+    EXPECT_EQ(stateOf("Form7"), GetParam());
+    ShowAndActivate(*onlyWindow("Form7"));
+    for (const char* leave : { "CancelButton", "OKButton" }) {
+        SCOPED_TRACE(leave);
+        Press(Qt::Key_F3);
+        deleteClosedWindows();
+        EXPECT_EQ(stateOf("DLGProductos"), GetParam());
+        Click(*onlyWindow("DLGProductos"), QString::fromLatin1(leave));
+        deleteClosedWindows();
+        EXPECT_EQ(stateOf("Form7"), GetParam());
+        ShowAndActivate(*onlyWindow("Form7"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    States, LargeHandoverTest, ::testing::Values(Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen));
+
 TEST_F(HandoverTest, CanBeCancelledAfterASaveThatFailed)
 {
     DLGProductos& editor = openEditor();
@@ -980,7 +1013,7 @@ TEST_F(HandoverTest, DoesNotOpenForACatalogueWithTooManyProducts)
         content += saved_.substr(0, 154);
     }
     WriteBytes(path_, content);
-    EXPECT_THROW(ShowEditor(clock_, path_), RunTimeError);
+    EXPECT_THROW(ShowEditor(before_, clock_, path_), RunTimeError);
     EXPECT_EQ(ReadBytes(path_), content);
 }
 
