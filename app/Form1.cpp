@@ -72,8 +72,9 @@ void Form1::Form_Load()
 
 void Form1::Command1_Click(int index)
 {
-    if (QApplication::activeModalWidget() != nullptr) {
-        return; // two access keys pressed in one breath: the first one has opened its window
+    if (QApplication::activeModalWidget() != nullptr) { // an assistive tool, or two access keys pressed in one breath
+        TurnTo(*this);
+        return;
     }
     if (index >= 0 && index < static_cast<int>(activities.size())) {
         showActivity(*activities[static_cast<std::size_t>(index)](clock_));

@@ -350,6 +350,23 @@ TEST_F(Form1Test, TakesAnOpenActivityWithIt)
     EXPECT_TRUE(activity.isNull());
 }
 
+// A button of the inert menu can be pressed by an assistive tool, to which nothing is inert.
+TEST_F(Form1Test, BringsTheMinimisedActivityBackInsteadOfOpeningAnother)
+{
+    Click(Menu(), QStringLiteral("Command1(0)"));
+    FormWindow* const sums = Activity();
+    ASSERT_NE(sums, nullptr);
+    for (const QString& button : { QStringLiteral("Command1(0)"), QStringLiteral("Command1(8)") }) {
+        sums->showMinimized();
+        Menu().activateWindow();
+        Click(Menu(), button);
+        EXPECT_FALSE(sums->isMinimized());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(sums));
+        EXPECT_EQ(OpenWindows(), 2);
+    }
+    Close(*sums);
+}
+
 class LargeMenuTest : public Form1Test, public ::testing::WithParamInterface<Qt::WindowState> { };
 
 INSTANTIATE_TEST_SUITE_P(

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <set>
 #include <string>
+#include <string_view>
 
 // Any bytes as the catalogue file: what is loaded from them is what an independent reader finds, it is saved and loaded
 // again unchanged, and the activities live with it.
@@ -53,7 +54,8 @@ void checkLoading(const std::string& bytes, const std::filesystem::path& file)
     EXPECT_EQ(ReadBytes(file), records.empty() ? std::string(recordSize, '\0') : records);
     EXPECT_TRUE(LoadCatalogue(file) == table);
 
-    const ProductTable others { { .Nombre = "de otro", .Precio = 1, .Tienda = "Kiosko" } };
+    const std::string_view somebody = "somebody else's";
+    const ProductTable others { { .Nombre = somebody, .Precio = 1, .Tienda = somebody } };
     const bool isExpected = bytes == ReadBytes(file);
     EXPECT_EQ(SaveCatalogue(file, others, bytes).Saved, isExpected);
     EXPECT_EQ(LoadCatalogue(file) == others, isExpected || table == others);
