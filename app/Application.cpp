@@ -2,8 +2,11 @@
 
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
+#include "common/screen/InertWindows.h"
 #include "common/screen/Keyboard.h"
 #include "common/screen/Look.h"
+
+#include <QAbstractNativeEventFilter>
 
 namespace numbrela {
 
@@ -13,7 +16,10 @@ Application::Application(int& argc, char** argv)
     setApplicationName(QStringLiteral("Numbrela"));
     ApplyLook(*this);
     RecogniseHeldKeys(*this);
+    inertWindows_ = WatchInertWindows();
 }
+
+Application::~Application() = default;
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {

@@ -5,6 +5,7 @@
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
+#include "common/screen/InertWindows.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -71,8 +72,9 @@ void Form1::Form_Load()
 
 void Form1::Command1_Click(int index)
 {
-    if (QApplication::activeModalWidget() != nullptr) {
-        return; // two access keys pressed in one breath: the first one has opened its window
+    if (QApplication::activeModalWidget() != nullptr) { // an assistive tool, or two access keys pressed in one breath
+        TurnTo(*this);
+        return;
     }
     if (index >= 0 && index < static_cast<int>(activities.size())) {
         showActivity(*activities[static_cast<std::size_t>(index)](clock_));
@@ -88,12 +90,12 @@ void Form1::closeEvent(QCloseEvent* event)
     QApplication::quit();
 }
 
-void Form1::showActivity(FormWindow& window)
+void Form1::showActivity(FormWindow& window) const
 {
     if (window.isVisible()) {
-        window.raise();
-        window.activateWindow();
+        BringToFront(window);
     } else {
+        window.OpenLike(*this);
         window.ShowModally();
     }
 }

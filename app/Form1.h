@@ -26,7 +26,7 @@ protected:
 
 private:
     void Form_Load();
-    static void showActivity(FormWindow& window);
+    void showActivity(FormWindow& window) const;
 
     const Clock& clock_;
 };

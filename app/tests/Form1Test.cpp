@@ -350,6 +350,43 @@ TEST_F(Form1Test, TakesAnOpenActivityWithIt)
     EXPECT_TRUE(activity.isNull());
 }
 
+// A button of the inert menu can be pressed by an assistive tool, to which nothing is inert.
+TEST_F(Form1Test, BringsTheMinimisedActivityBackInsteadOfOpeningAnother)
+{
+    Click(Menu(), QStringLiteral("Command1(0)"));
+    FormWindow* const sums = Activity();
+    ASSERT_NE(sums, nullptr);
+    for (const QString& button : { QStringLiteral("Command1(0)"), QStringLiteral("Command1(8)") }) {
+        sums->showMinimized();
+        Menu().activateWindow();
+        Click(Menu(), button);
+        EXPECT_FALSE(sums->isMinimized());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(sums));
+        EXPECT_EQ(OpenWindows(), 2);
+    }
+    Close(*sums);
+}
+
+class LargeMenuTest : public Form1Test, public ::testing::WithParamInterface<Qt::WindowState> { };
+
+INSTANTIATE_TEST_SUITE_P(
+    Form1, LargeMenuTest, ::testing::Values(Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen));
+
+TEST_P(LargeMenuTest, OpensItsActivitiesAsLargeAsItIsAndStaysSo)
+{
+    Menu().setWindowState(GetParam());
+    const QSize size = Menu().size();
+    for (int index = 0; index < static_cast<int>(activities.size()) - 1; ++index) {
+        SCOPED_TRACE(index);
+        Click(Menu(), QStringLiteral("Command1(%1)").arg(index));
+        ASSERT_NE(Activity(), nullptr);
+        EXPECT_EQ(Activity()->windowState() & ~Qt::WindowActive, GetParam());
+        Close(*Activity());
+        EXPECT_EQ(Menu().windowState() & ~Qt::WindowActive, GetParam());
+        EXPECT_EQ(Menu().size(), size);
+    }
+}
+
 // --- Ending ----------------------------------------------------------------------------------------------------------
 
 TEST_F(Form1Test, SalirEndsTheProgramWithoutAQuestion)

@@ -78,6 +78,23 @@ TEST_F(ShoppingFromTheMenuTest, AWindowThatTheEditorHasLeftBesideTheMenuComesToT
     EXPECT_EQ(shoppingWindows(), std::vector<Form7*> { shopping });
     EXPECT_TRUE(QTest::qWaitForWindowActive(shopping));
     EXPECT_EQ(shopping->windowModality(), Qt::NonModal);
+
+    shopping->showMinimized();
+    ShowAndActivate(*menu_);
+    Click(*menu_, laCompra);
+    EXPECT_EQ(shoppingWindows(), std::vector<Form7*> { shopping });
+    EXPECT_FALSE(shopping->isMinimized());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(shopping));
+}
+
+TEST_F(ShoppingFromTheMenuTest, AWindowThatIsOpenedBesideAMaximisedMenuIsMaximisedToo)
+{
+    menu_->showMaximized();
+    Form7* const shopping = leaveShoppingBesideTheMenu();
+    ASSERT_NE(shopping, nullptr);
+    EXPECT_TRUE(shopping->isMaximized());
+    shopping->close();
+    EXPECT_TRUE(menu_->isMaximized());
 }
 
 TEST_F(ShoppingFromTheMenuTest, TheProgramEndsWithTheMenuAlsoWhenAWindowIsOpenBesideIt)

@@ -35,6 +35,12 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     area_->setMenuBar(menuBar_);
 }
 
+void FormWindow::OpenLike(const QWidget& opener)
+{
+    constexpr Qt::WindowStates large = Qt::WindowMaximized | Qt::WindowFullScreen;
+    setWindowState(opener.windowState() & large);
+}
+
 void FormWindow::ShowModally()
 {
     setWindowModality(Qt::ApplicationModal);
@@ -78,13 +84,23 @@ bool FormWindow::event(QEvent* event)
 // The size is taken before the window is shown for the first time: taken later, everything would be laid out twice.
 void FormWindow::setVisible(bool visible)
 {
-    if (visible && !everShown_ && !isMaximized() && !isFullScreen()) {
-        everShown_ = true;
+    if (visible && !hasOwnSize_ && !isMaximized() && !isFullScreen()) {
         ensurePolished();
         menuBar_->ensurePolished();
         takeDesignSize();
     }
     QWidget::setVisible(visible);
+}
+
+// A window that has opened maximised has had no size of its own when it is maximised no longer.
+void FormWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && isVisible() && !hasOwnSize_ && !isMaximized() && !isFullScreen()
+        && !isMinimized()) {
+        takeDesignSize();
+        moveOntoScreen();
+    }
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event)
@@ -104,6 +120,7 @@ void FormWindow::resizeEvent(QResizeEvent* event)
 // The design size, or as much of it as the screen has room for.
 void FormWindow::takeDesignSize()
 {
+    hasOwnSize_ = true;
     shownExtent_ = area_->Extent();
     takeScale(area_->DesignPixelsPerTwip());
 }

@@ -22,6 +22,9 @@ public:
     // `area` is the design size below the menu bar, in twips; `font` the font of controls that name none.
     FormWindow(const QString& name, const QString& caption, TwipsSize area, FontSpec font);
 
+    // Lets the window open maximised or full-screen where the one that it is opened from, or takes the place of, is so.
+    void OpenLike(const QWidget& opener);
+
     // Shows the window while every other one is inert, and destroys it when it is closed.
     void ShowModally();
 
@@ -39,6 +42,7 @@ protected:
         const QKeySequence& shortcut = {});
 
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -56,7 +60,7 @@ private:
     double wantedScale_ = 0; // what the window has, or would have if the screen had room
     double takenScale_ = 0; // what it wanted when it last took a size by itself
     QSize takenSize_;
-    bool everShown_ = false;
+    bool hasOwnSize_ = false;
 };
 
 } // namespace numbrela

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <set>
 #include <string>
+#include <string_view>
 
 // Any bytes as the catalogue file: what is loaded from them is what an independent reader finds, it is saved and loaded
 // again unchanged, and the activities live with it.
@@ -43,13 +44,22 @@ void checkLoading(const std::string& bytes, const std::filesystem::path& file)
 {
     const std::string records = productRecords(bytes);
     WriteBytes(file, bytes);
-    const ProductTable table = LoadCatalogue(file);
+    CatalogueContent read;
+    const ProductTable table = LoadCatalogue(file, read);
+    EXPECT_EQ(read, bytes);
     EXPECT_EQ(ReadBytes(file), bytes) << "loading is no writing";
     EXPECT_EQ(table.size(), std::max<std::size_t>(records.size() / recordSize, 1));
 
-    SaveCatalogue(file, table);
+    EXPECT_TRUE(SaveCatalogue(file, table, read).Saved);
     EXPECT_EQ(ReadBytes(file), records.empty() ? std::string(recordSize, '\0') : records);
     EXPECT_TRUE(LoadCatalogue(file) == table);
+
+    const std::string_view somebody = "somebody else's";
+    const ProductTable others { { .Nombre = somebody, .Precio = 1, .Tienda = somebody } };
+    const bool isExpected = bytes == ReadBytes(file);
+    EXPECT_EQ(SaveCatalogue(file, others, bytes).Saved, isExpected);
+    EXPECT_EQ(LoadCatalogue(file) == others, isExpected || table == others);
+    SaveCatalogue(file, table);
 }
 
 // Choosing a product and leaving it puts back what its boxes show: nothing but blanks around it and digits of its price

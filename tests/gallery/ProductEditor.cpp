@@ -53,6 +53,10 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, const std::files
     });
     clickLine(form, 7);
     EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
+
+    SaveCatalogue(catalogue, ProductTable(1)); // as somebody else does
+    gallery.DrawNextBox(QStringLiteral("products-changed-by-others"));
+    Click(form, QStringLiteral("OKButton"));
     form.hide();
 }
 

@@ -1,6 +1,5 @@
 #include "activities/shopping/core/Catalogue.h"
 
-#include "activities/shopping/core/CatalogueFile.h"
 #include "common/core/Int16.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
@@ -9,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace numbrela {
 
@@ -59,6 +59,42 @@ void writeRecord(const Product& product, char* record)
     std::memcpy(record + nombreWidth + precioWidth, product.Tienda.Bytes.data(), tiendaWidth);
 }
 
+// Reads the table, and hands on all that it reads.
+template <typename HandOn>
+ProductTable loadRecords(const std::filesystem::path& path, HandOn handOn)
+{
+    CatalogueReader file(path);
+    ProductTable table(1);
+    table.reserve(std::min<std::size_t>(file.Size() / recordSize, MostProducts) + 1);
+    Int16 count;
+    Records buffer(recordsAtATime * recordSize);
+    std::size_t filled = buffer.size();
+    while (filled == buffer.size()) {
+        filled = file.Read(buffer);
+        handOn(std::string_view(buffer.data(), filled));
+        for (std::size_t end = recordSize; end <= filled; end += recordSize) {
+            const char* record = buffer.data() + end - recordSize;
+            if (priceOf(record) > 0) {
+                table.resize(static_cast<std::size_t>(count) + 1);
+                readRecord(record, table.back());
+                ++count;
+            }
+        }
+    }
+    return table;
+}
+
+std::string contentOf(const ProductTable& table)
+{
+    std::string content(table.size() * recordSize, '\0');
+    char* record = content.data();
+    for (const Product& product : table) {
+        writeRecord(product, record);
+        record += recordSize;
+    }
+    return content;
+}
+
 } // namespace
 
 bool IsEmpty(const ProductTable& table)
@@ -93,41 +129,36 @@ std::optional<float> ParsePrice(std::string_view text)
 
 ProductTable LoadCatalogue(const std::filesystem::path& path)
 {
-    CatalogueReader file(path);
-    ProductTable table(1);
-    table.reserve(std::min<std::size_t>(file.Size() / recordSize, MostProducts) + 1);
-    Int16 count;
-    Records buffer(recordsAtATime * recordSize);
-    std::size_t filled = buffer.size();
-    while (filled == buffer.size()) {
-        filled = file.Read(buffer);
-        for (std::size_t end = recordSize; end <= filled; end += recordSize) {
-            const char* record = buffer.data() + end - recordSize;
-            if (priceOf(record) > 0) {
-                table.resize(static_cast<std::size_t>(count) + 1);
-                readRecord(record, table.back());
-                ++count;
-            }
-        }
-    }
+    return loadRecords(path, [](std::string_view) {});
+}
+
+ProductTable LoadCatalogue(const std::filesystem::path& path, CatalogueContent& content)
+{
+    std::string bytes;
+    ProductTable table = loadRecords(path, [&bytes](std::string_view more) { bytes += more; });
+    content = std::move(bytes);
     return table;
 }
 
 void SaveCatalogue(const std::filesystem::path& path, const ProductTable& table)
 {
     CatalogueReplacement file(path);
-    Records buffer(std::min(table.size(), recordsAtATime) * recordSize);
-    std::size_t filled = 0;
-    for (const Product& product : table) {
-        writeRecord(product, buffer.data() + filled);
-        filled += recordSize;
-        if (filled == buffer.size()) {
-            file.Write({ buffer.data(), filled });
-            filled = 0;
-        }
-    }
-    file.Write({ buffer.data(), filled });
+    file.Write(contentOf(table));
     file.Commit();
+}
+
+SaveOutcome SaveCatalogue(
+    const std::filesystem::path& path, const ProductTable& table, const CatalogueContent& expected)
+{
+    CatalogueReplacement file(path);
+    CatalogueContent wanted = contentOf(table);
+    file.Write(*wanted);
+    CatalogueContent found = file.Replaced();
+    if (found != expected && found != wanted) {
+        return { .Saved = false, .Content = std::move(found) };
+    }
+    file.Commit();
+    return { .Saved = true, .Content = std::move(wanted) };
 }
 
 } // namespace numbrela

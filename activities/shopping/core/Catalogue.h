@@ -1,5 +1,6 @@
 #pragma once
 
+#include "activities/shopping/core/CatalogueFile.h"
 #include "activities/shopping/core/Windows1252.h"
 
 #include <algorithm>
@@ -81,8 +82,21 @@ std::optional<float> ParsePrice(std::string_view text);
 // Overflow for more than MostProducts.
 ProductTable LoadCatalogue(const std::filesystem::path& path);
 
+// Does the same, and gives what the file held.
+ProductTable LoadCatalogue(const std::filesystem::path& path, CatalogueContent& content);
+
 // Writes every entry of the table as the whole file. Whatever happens while it is written, the file is the old one or
 // the new one, whole. Throws RunTimeError::File with the file's name and the reason.
 void SaveCatalogue(const std::filesystem::path& path, const ProductTable& table);
+
+struct SaveOutcome {
+    bool Saved;
+    CatalogueContent Content; // what the file holds now
+};
+
+// Does the same if the file still holds what is expected, or already what is to be saved. Otherwise somebody else has
+// saved meanwhile, and the file stays as it is.
+SaveOutcome SaveCatalogue(
+    const std::filesystem::path& path, const ProductTable& table, const CatalogueContent& expected);
 
 } // namespace numbrela

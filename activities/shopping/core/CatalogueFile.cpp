@@ -3,14 +3,17 @@
 #include "common/core/RunTimeError.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <thread>
 
 namespace numbrela {
 
@@ -69,6 +72,30 @@ auto untilDone(Call call)
 bool syncToDisk(const Descriptor& descriptor)
 {
     return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+// Fills the buffer as far as the file goes; how far that is, or nothing when the system cannot read.
+std::optional<std::size_t> fill(std::span<char> buffer, const Descriptor& file)
+{
+    std::size_t filled = 0;
+    while (filled < buffer.size()) {
+        const std::span<char> rest = buffer.subspan(filled);
+        const ssize_t count = untilDone([&] { return ::read(file.Number(), rest.data(), rest.size()); });
+        if (count < 0) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            break;
+        }
+        filled += static_cast<std::size_t>(count);
+    }
+    return filled;
+}
+
+// A folder on a file system that has no locks is not locked.
+bool knowsNoLocks(int error)
+{
+    return error == EINVAL || error == ENOTSUP || error == ENOSYS || error == ENOLCK || error == EBADF;
 }
 
 // The file itself, where the path is a link to it: a link stays a link.
@@ -131,19 +158,11 @@ CatalogueReader::CatalogueReader(const std::filesystem::path& path)
 
 std::size_t CatalogueReader::Read(std::span<char> buffer)
 {
-    std::size_t filled = 0;
-    while (filled < buffer.size()) {
-        const std::span<char> rest = buffer.subspan(filled);
-        const ssize_t count = untilDone([&] { return ::read(file_.Number(), rest.data(), rest.size()); });
-        if (count < 0) {
-            failAt(path_, "leer", reasonOf(errno));
-        }
-        if (count == 0) {
-            break;
-        }
-        filled += static_cast<std::size_t>(count);
+    const std::optional<std::size_t> filled = fill(buffer, file_);
+    if (!filled) {
+        failAt(path_, "leer", reasonOf(errno));
     }
-    return filled;
+    return *filled;
 }
 
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
@@ -171,21 +190,63 @@ void CatalogueReplacement::Write(std::span<const char> bytes)
         }
         bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
+    if (!syncToDisk(file_) || !file_.Close()) {
+        fail();
+    }
+}
+
+CatalogueContent CatalogueReplacement::Replaced() const
+{
+    const Descriptor old(
+        ::openat(folder_.Number(), path_.filename().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK, whatTheUmaskAllows));
+    if (!old.IsOpen()) {
+        if (errno != ENOENT) {
+            fail();
+        }
+        return std::nullopt;
+    }
+    constexpr std::size_t atATime = 1U << 20U;
+    std::string content;
+    std::optional<std::size_t> filled = atATime;
+    while (filled == atATime) {
+        const std::size_t before = content.size();
+        content.resize(before + atATime);
+        filled = fill(std::span(content).subspan(before), old);
+        if (!filled) {
+            fail();
+        }
+        content.resize(before + *filled);
+    }
+    return content;
 }
 
 // The new file is whole on the disk before it takes over the name, and the folder tells so before the save counts as
 // done.
 void CatalogueReplacement::Commit()
 {
-    if (!syncToDisk(file_) || !file_.Close()) {
-        fail();
-    }
     if (::renameat(folder_.Number(), newName_.c_str(), folder_.Number(), path_.filename().c_str()) != 0) {
         fail();
     }
     committed_ = true;
     if (!syncToDisk(folder_)) {
         fail();
+    }
+}
+
+// A save takes a small part of the time that another one waits for it. The system frees the folder of a process that
+// has died.
+void CatalogueReplacement::keepOthersOut() const
+{
+    constexpr int tries = 100;
+    constexpr std::chrono::milliseconds pause(20);
+    for (int left = tries; ::flock(folder_.Number(), LOCK_EX | LOCK_NB) != 0 && !knowsNoLocks(errno); --left) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            fail();
+        }
+        if (left == 0) {
+            failAt(path_, "escribir", "otro programa lo está guardando");
+        }
+        std::this_thread::sleep_for(pause);
     }
 }
 
@@ -196,6 +257,7 @@ int CatalogueReplacement::openNewFile() const
     if (!folder_.IsOpen()) {
         fail();
     }
+    keepOthersOut();
     if (::stat(path_.c_str(), &old) == 0) {
         constexpr mode_t anybodyMayWrite = 0222;
         if (!S_ISREG(old.st_mode)) {

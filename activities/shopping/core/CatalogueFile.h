@@ -2,12 +2,16 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 
 // The catalogue's bytes on the disk, and all that is the operating system's about them. What the bytes mean is not
 // known here. Failures are RunTimeError::File with the file's name and the reason, in Spanish.
 namespace numbrela {
+
+// All bytes of a catalogue file; nothing when there is no such file.
+using CatalogueContent = std::optional<std::string>;
 
 // A file descriptor that closes itself.
 class Descriptor {
@@ -48,7 +52,8 @@ private:
 };
 
 // Writes a new file beside the old one and, when it is all on the disk, puts it into the old one's place. Until then
-// the old one is untouched; one that is never committed leaves nothing behind.
+// the old one is untouched; one that is never committed leaves nothing behind. As long as it lives, no other one in the
+// same folder does, in whatever process: none is there between the last look at the old file and its end.
 class CatalogueReplacement {
 public:
     explicit CatalogueReplacement(const std::filesystem::path& path);
@@ -56,10 +61,16 @@ public:
     CatalogueReplacement(const CatalogueReplacement&) = delete;
     CatalogueReplacement& operator=(const CatalogueReplacement&) = delete;
 
+    // All bytes of the new file.
     void Write(std::span<const char> bytes);
+
+    // What the file holds that is about to be replaced.
+    CatalogueContent Replaced() const;
+
     void Commit();
 
 private:
+    void keepOthersOut() const;
     int openNewFile() const;
     void removeLeftovers() const;
     void keepOwnerAndPermissions() const;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace numbrela {
 
@@ -31,6 +32,28 @@ std::string column(const FixedText<Width>& text, std::size_t characters)
 }
 
 } // namespace
+
+void ProductEditor::Load(const std::filesystem::path& catalogue)
+{
+    Table = LoadCatalogue(catalogue, known_);
+}
+
+bool ProductEditor::Save(const std::filesystem::path& catalogue)
+{
+    return saveInPlaceOf(known_, catalogue);
+}
+
+bool ProductEditor::SaveOverOthers(const std::filesystem::path& catalogue)
+{
+    return saveInPlaceOf(others_, catalogue);
+}
+
+bool ProductEditor::saveInPlaceOf(const CatalogueContent& content, const std::filesystem::path& catalogue)
+{
+    SaveOutcome outcome = SaveCatalogue(catalogue, Table, content);
+    (outcome.Saved ? known_ : others_) = std::move(outcome.Content);
+    return outcome.Saved;
+}
 
 std::string ProductEditor::LineText(int product) const
 {
@@ -75,7 +98,7 @@ int ProductEditor::Add(const Product& product)
     return index;
 }
 
-void ProductEditor::Change(int product, const ProductTexts& answers)
+bool ProductEditor::Change(int product, const ProductTexts& answers)
 {
     Product changed = Table.at(static_cast<std::size_t>(product));
     if (!answers.Tienda.empty()) {
@@ -90,7 +113,10 @@ void ProductEditor::Change(int product, const ProductTexts& answers)
             throw RunTimeError(RunTimeError::Kind::Overflow, "El precio «" + answers.Precio + "» es demasiado grande.");
         }
     }
-    Table.at(static_cast<std::size_t>(product)) = changed;
+    Product& entry = Table.at(static_cast<std::size_t>(product));
+    const bool isAnother = entry != changed;
+    entry = changed;
+    return isAnother;
 }
 
 int ProductEditor::Delete(int product, int line)

@@ -97,7 +97,7 @@ void DLGProductos::buildControls()
 
 void DLGProductos::Form_Load()
 {
-    editor_.Table = LoadCatalogue(Ruta);
+    editor_.Load(Ruta);
     FillProductList();
 }
 
@@ -188,13 +188,21 @@ void DLGProductos::CBModif_Click()
         .Precio = AskText(this, "Precio:", title, current.Precio),
     };
     try {
-        editor_.Change(product, answers);
-        FillProductList();
-        showProduct(product, lines_.LineOf(product));
-        List1->scrollTo(lines_.index(editor_.SelectedLine));
+        if (editor_.Change(product, answers)) {
+            showChangedProduct(product);
+        }
     } catch (const RunTimeError& tooLarge) {
         ShowMessage(this, tooLarge.what());
     }
+}
+
+// Its boxes first: selecting its line would otherwise put back into it what they showed before.
+void DLGProductos::showChangedProduct(int product)
+{
+    FillProductList();
+    const int line = lines_.LineOf(product);
+    showProduct(product, line);
+    selectLine(line);
 }
 
 void DLGProductos::CBElim_Click()
@@ -209,10 +217,25 @@ void DLGProductos::CBElim_Click()
     selectLine(next);
 }
 
+// Whether the catalogue is saved. What others have saved meanwhile goes only with the consent of the person who knows
+// of it; and what is saved while they are being asked is asked about anew.
+bool DLGProductos::saveOrAsk()
+{
+    bool saved = editor_.Save(Ruta);
+    while (!saved
+        && AskYesNo(
+            this, "El catálogo ha cambiado en el disco mientras lo modificaba. ¿Desea sustituirlo por el suyo?")) {
+        saved = editor_.SaveOverOthers(Ruta);
+    }
+    return saved;
+}
+
 void DLGProductos::OKButton_Click()
 {
     try {
-        SaveCatalogue(Ruta, editor_.Table);
+        if (!saveOrAsk()) {
+            return;
+        }
     } catch (const RunTimeError& failure) {
         ShowMessage(this, failure.what());
         return;
@@ -231,10 +254,10 @@ void DLGProductos::closeEvent(QCloseEvent* event)
 {
     event->accept();
     hide();
-    ShowShopping(clock_, Ruta, accepted_);
+    ShowShopping(*this, clock_, Ruta, accepted_);
 }
 
-void ShowEditor(const Clock& clock, const std::filesystem::path& catalogue)
+void ShowEditor(const QWidget& before, const Clock& clock, const std::filesystem::path& catalogue)
 {
     auto editor = std::make_unique<DLGProductos>(clock);
     editor->Ruta = catalogue;
@@ -244,9 +267,10 @@ void ShowEditor(const Clock& clock, const std::filesystem::path& catalogue)
         if (failure.ErrorKind() != RunTimeError::Kind::File) {
             throw;
         }
-        ShowShopping(clock, catalogue, false); // it runs into the same failure, and says so
+        ShowShopping(before, clock, catalogue, false); // it runs into the same failure, and says so
         return;
     }
+    editor->OpenLike(before);
     editor.release()->ShowModally(); // it deletes itself when it is closed
 }
 

@@ -58,7 +58,9 @@ private:
     void selectLine(int line);
     void showProduct(int product, int line);
     ProductTexts boxTexts() const;
+    void showChangedProduct(int product);
     void refusePrice();
+    bool saveOrAsk();
 
     const Clock& clock_;
     ProductEditor editor_;

@@ -154,9 +154,10 @@ void sortAsSpanishDoes(std::vector<ShelfProduct>& shelf)
 
 } // namespace
 
-void ShowShopping(const Clock& clock, const std::filesystem::path& catalogue, bool modally)
+void ShowShopping(const QWidget& before, const Clock& clock, const std::filesystem::path& catalogue, bool modally)
 {
     auto* form = new Form7(clock, catalogue);
+    form->OpenLike(before);
     if (modally) {
         form->ShowModally();
     } else {
@@ -536,7 +537,7 @@ void Form7::MnuOpcAdd_Click()
 // The editor opens first: were this the last window, the program would end with its closing.
 void Form7::MnuOpcPro_Click()
 {
-    ShowEditor(clock_, cataloguePath_);
+    ShowEditor(*this, clock_, cataloguePath_);
     close();
 }
 

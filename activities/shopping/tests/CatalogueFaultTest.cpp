@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,6 +17,7 @@
 #include <csignal>
 #include <cstring>
 #include <functional>
+#include <set>
 
 namespace numbrela {
 
@@ -58,12 +61,29 @@ std::string failureOf(const std::function<void()>& action)
 
 class CatalogueFaultTest : public ::testing::Test {
 protected:
-    // What a whole save calls, in its order: three writes' worth of products.
+    // As the editor saves: over what it has read.
+    void save() const { save(contentNow()); }
+    void save(const CatalogueContent& expected) const { EXPECT_TRUE(SaveCatalogue(path_, new_, expected).Saved); }
+
+    CatalogueContent contentNow() const
+    {
+        return std::filesystem::exists(path_) ? CatalogueContent(ReadBytes(path_)) : std::nullopt;
+    }
+
+    // What a whole save calls, in its order.
     std::vector<std::string> callsOfASave() const
     {
+        const CatalogueContent expected = contentNow();
         ArmFault({ -1, FaultKind::Fail });
-        SaveCatalogue(path_, new_);
+        save(expected);
         return DisarmFault();
+    }
+
+    // Whether a call closes what was only read: nothing can be lost by that.
+    static bool endsReading(const std::vector<std::string>& calls, int call)
+    {
+        const auto index = static_cast<std::size_t>(call);
+        return calls[index] == "close" && calls[index - 1] == "read";
     }
 
     void putOldFile() const
@@ -81,9 +101,10 @@ protected:
         for (int call = 0; call < static_cast<int>(calls.size()); ++call) {
             SCOPED_TRACE("call " + std::to_string(call) + ", " + calls[static_cast<std::size_t>(call)]);
             prepare();
+            const CatalogueContent expected = contentNow();
             const int status = runInProcess([&] {
                 ArmFault({ call, kind });
-                SaveCatalogue(path_, new_);
+                save(expected);
                 return 0;
             });
             ASSERT_TRUE(WIFSIGNALED(status));
@@ -91,7 +112,7 @@ protected:
 
             const bool isRenamed = call > rename || (call == rename && kind == FaultKind::KillAfter);
             EXPECT_TRUE(LoadCatalogue(path_) == (isRenamed ? new_ : before));
-            SaveCatalogue(path_, new_);
+            save();
             EXPECT_TRUE(LoadCatalogue(path_) == new_);
             EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
         }
@@ -103,12 +124,13 @@ protected:
     const ProductTable new_ = products(3000, 2);
 };
 
-TEST_F(CatalogueFaultTest, PutsTheNewFileOnTheDiskBeforeItTakesTheNameAndTheNameAfterwards)
+// The last look at the old file is the last thing before the new one takes its name, and nobody else saves meanwhile.
+TEST_F(CatalogueFaultTest, PutsTheNewFileOnTheDiskThenLooksAtTheOldOneThenTakesTheNameAndPutsThatOnTheDisk)
 {
     putOldFile();
     EXPECT_EQ(callsOfASave(),
-        (std::vector<std::string> {
-            "faccessat", "openat", "write", "write", "write", "fsync", "close", "renameat", "fsync", "close" }));
+        (std::vector<std::string> { "flock", "faccessat", "openat", "write", "fsync", "close", "openat", "read", "read",
+            "close", "renameat", "fsync", "close" }));
 }
 
 class CatalogueKillTest : public CatalogueFaultTest, public ::testing::WithParamInterface<FaultKind> { };
@@ -144,12 +166,16 @@ TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
             Row { EROFS, "el disco es de solo lectura" }, Row { EFBIG, "el archivo sería demasiado grande" },
             Row { EACCES, "no hay permiso" }, Row { EPERM, "no hay permiso" }, Row { EMFILE, anyOther } }) {
         for (int call = 0; call < lastCall; ++call) {
+            if (endsReading(calls, call)) {
+                continue;
+            }
             SCOPED_TRACE(row.Reason + " at call " + std::to_string(call));
             putOldFile();
+            const CatalogueContent expected = contentNow();
             ArmFault({ call, FaultKind::Fail, row.Error });
             std::string said;
             try {
-                SaveCatalogue(path_, new_);
+                save(expected);
             } catch (const RunTimeError& error) {
                 EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::File);
                 said = error.what();
@@ -159,10 +185,81 @@ TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
             EXPECT_TRUE(LoadCatalogue(path_) == (call > rename ? new_ : old_));
             EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 
-            SaveCatalogue(path_, new_);
+            save(expected); // also where the new file has taken the name already
             EXPECT_TRUE(LoadCatalogue(path_) == new_);
         }
     }
+}
+
+TEST_F(CatalogueFaultTest, SavesWhereAFolderCannotBeLocked)
+{
+    for (const int error : { EINVAL, ENOTSUP, ENOSYS, ENOLCK, EBADF }) {
+        putOldFile();
+        const CatalogueContent expected = contentNow();
+        ArmFault({ 0, FaultKind::Fail, error });
+        save(expected);
+        EXPECT_EQ(DisarmFault().front(), "flock");
+        EXPECT_TRUE(LoadCatalogue(path_) == new_);
+    }
+}
+
+TEST_F(CatalogueFaultTest, WaitsForAFolderThatIsLockedForAMoment)
+{
+    for (const int error : { EWOULDBLOCK, EINTR }) {
+        putOldFile();
+        const CatalogueContent expected = contentNow();
+        ArmFault({ 0, FaultKind::Fail, error });
+        save(expected);
+        const std::vector<std::string> calls = DisarmFault();
+        EXPECT_EQ(std::count(calls.begin(), calls.end(), "flock"), 2);
+        EXPECT_TRUE(LoadCatalogue(path_) == new_);
+    }
+}
+
+TEST_F(CatalogueFaultTest, SaysThatAnotherProgramIsSavingWhenThatDoesNotEnd)
+{
+    putOldFile();
+    const Descriptor folder(::open(folder_.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ASSERT_EQ(::flock(folder.Number(), LOCK_EX), 0);
+    EXPECT_EQ(failureOf([&] { save(); }),
+        "No se puede escribir el archivo «" + path_.string() + "»: otro programa lo está guardando.");
+    EXPECT_TRUE(LoadCatalogue(path_) == old_);
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+// Each of several teachers adds products one by one, and begins again with what is there when somebody was faster.
+TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesSaveAtOnce)
+{
+    constexpr int teachers = 4;
+    constexpr int productsOfEach = 25;
+    const auto addProducts = [&](int teacher) {
+        for (int added = 0; added < productsOfEach;) {
+            CatalogueContent read;
+            ProductTable table = LoadCatalogue(path_, read);
+            const std::string name = std::to_string(teacher) + "-" + std::to_string(added);
+            AddProduct(table, { .Nombre = std::string_view(name), .Precio = 1, .Tienda = std::string_view("Kiosko") });
+            added += SaveCatalogue(path_, table, read).Saved ? 1 : 0;
+        }
+        return 0;
+    };
+    std::vector<pid_t> processes;
+    for (int teacher = 0; teacher < teachers; ++teacher) {
+        processes.push_back(::fork());
+        if (processes.back() == 0) {
+            ::_exit(addProducts(teacher));
+        }
+    }
+    for (const pid_t process : processes) {
+        int status = -1;
+        EXPECT_EQ(::waitpid(process, &status, 0), process);
+        EXPECT_EQ(status, 0);
+    }
+    std::set<std::string> names;
+    for (const Product& product : LoadCatalogue(path_)) {
+        names.insert(product.Nombre.Trimmed());
+    }
+    EXPECT_EQ(names.size(), static_cast<std::size_t>(teachers) * productsOfEach);
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
 TEST_F(CatalogueFaultTest, SavesWhereAFolderCannotBeBroughtToTheDiskByACall)
@@ -171,8 +268,9 @@ TEST_F(CatalogueFaultTest, SavesWhereAFolderCannotBeBroughtToTheDiskByACall)
         putOldFile();
         const std::vector<std::string> calls = callsOfASave();
         putOldFile();
+        const CatalogueContent expected = contentNow();
         ArmFault({ static_cast<int>(calls.size()) - 2, FaultKind::Fail, error });
-        SaveCatalogue(path_, new_);
+        save(expected);
         DisarmFault();
         EXPECT_TRUE(LoadCatalogue(path_) == new_);
     }
@@ -187,8 +285,9 @@ TEST_F(CatalogueFaultTest, GoesOnAfterAnInterruptedWayToTheDiskOrAnInterruptedCl
         if (calls[call] == "fsync" || calls[call] == "close") {
             SCOPED_TRACE("call " + std::to_string(call) + ", " + calls[call]);
             putOldFile();
+            const CatalogueContent expected = contentNow();
             ArmFault({ static_cast<int>(call), FaultKind::Fail, EINTR });
-            SaveCatalogue(path_, new_);
+            save(expected);
             EXPECT_EQ(DisarmFault().size(), calls.size() + (calls[call] == "fsync" ? 1 : 0));
             EXPECT_TRUE(LoadCatalogue(path_) == new_);
         }

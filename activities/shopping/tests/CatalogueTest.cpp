@@ -350,6 +350,63 @@ TEST_F(CatalogueFailureTest, NamesAFileWhoseNameIsTooLong)
     expectSaveFails(path, "el nombre es demasiado largo");
 }
 
+// Saving over what somebody else may have saved.
+
+TEST_F(CatalogueTest, GivesWhatItHasReadWholeAlsoWhatIsNoProduct)
+{
+    const std::string content = record("a", one, "x") + record("b", zero, "y") + "part";
+    WriteBytes(path_, content);
+    CatalogueContent read;
+    EXPECT_EQ(LoadCatalogue(path_, read).size(), 1U);
+    EXPECT_EQ(read, content);
+
+    EXPECT_TRUE(IsEmpty(LoadCatalogue(folder_ / "otro.dat", read)));
+    EXPECT_EQ(read, std::string()) << "it has been created empty";
+}
+
+TEST_F(CatalogueTest, SavesOverWhatIsExpected)
+{
+    const ProductTable table { ProductOf("a", "x") };
+    for (const std::string& content : { std::string(), record("b", one, "y"), std::string(3'000'000, 'z') }) {
+        WriteBytes(path_, content);
+        const SaveOutcome outcome = SaveCatalogue(path_, table, content);
+        EXPECT_TRUE(outcome.Saved);
+        EXPECT_EQ(outcome.Content, record("a", one, "x"));
+        EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
+    }
+    std::filesystem::remove(path_);
+    EXPECT_TRUE(SaveCatalogue(path_, table, std::nullopt).Saved);
+    EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
+}
+
+TEST_F(CatalogueTest, LeavesWhatIsNotExpectedAndTellsWhatItIs)
+{
+    const ProductTable table { ProductOf("a", "x") };
+    const std::string others = record("b", one, "y");
+    const std::string lastByteChanged = record("b", one, "y").replace(recordSize - 1, 1, "!");
+    for (const CatalogueContent& expected : { CatalogueContent(), CatalogueContent(""),
+             CatalogueContent(lastByteChanged), CatalogueContent(others + "z"), CatalogueContent(others.substr(1)) }) {
+        WriteBytes(path_, others);
+        const SaveOutcome outcome = SaveCatalogue(path_, table, expected);
+        EXPECT_FALSE(outcome.Saved);
+        EXPECT_EQ(outcome.Content, others);
+        EXPECT_EQ(ReadBytes(path_), others);
+        EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+    }
+    std::filesystem::remove(path_);
+    const SaveOutcome outcome = SaveCatalogue(path_, table, others);
+    EXPECT_FALSE(outcome.Saved);
+    EXPECT_EQ(outcome.Content, std::nullopt);
+    EXPECT_TRUE(folder_.Names().empty());
+}
+
+// It may have been saved by this program itself, which then failed to bring the folder to the disk.
+TEST_F(CatalogueTest, SavesOverWhatIsAlreadyAsItIsToBe)
+{
+    WriteBytes(path_, record("a", one, "x"));
+    EXPECT_TRUE(SaveCatalogue(path_, { ProductOf("a", "x") }, record("b", one, "y")).Saved);
+}
+
 // What becomes of the file that is replaced.
 
 mode_t permissionsOf(const std::filesystem::path& path)

@@ -20,6 +20,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScrollBar>
 #include <QTest>
 
 #include <memory>
@@ -341,12 +342,6 @@ TEST_F(DLGProductosTest, BeginsAtTheFirstLineWhenTheKeyboardFindsNoneSelected)
     EXPECT_EQ(selectedLine(), 0);
     EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "2" }));
 
-    change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QString());
-    EXPECT_EQ(selectedLine(), -1);
-    form().List1->setFocus();
-    Press(Qt::Key_Up);
-    EXPECT_EQ(selectedLine(), 0);
-
     open({ bread });
     Press(Qt::Key_Down);
     EXPECT_EQ(selectedLine(), 0);
@@ -564,7 +559,7 @@ TEST_F(DLGProductosTest, SaysThatAFullCatalogueIsFull)
 
 // Changing.
 
-TEST_F(DLGProductosTest, ChangesTheSelectedProductAndSelectsNothing)
+TEST_F(DLGProductosTest, ChangesTheSelectedProductAndSelectsItWhereItNowStands)
 {
     open();
     clickLine(1);
@@ -576,8 +571,22 @@ TEST_F(DLGProductosTest, ChangesTheSelectedProductAndSelectsNothing)
             "Pescadería        Una trucha                     3,45€",
             "Supermercado      Pan de molde                   2,15€",
         }));
-    EXPECT_EQ(selectedLine(), -1);
+    EXPECT_EQ(selectedLine(), 2);
     EXPECT_EQ(boxes(), (std::vector<std::string> { "Supermercado", "Pan de molde", "2,15" }));
+    EXPECT_EQ(form().focusWidget(), form().CBModif);
+
+    Click(form(), QStringLiteral("CBElim"));
+    EXPECT_EQ(names(), (std::vector<std::string> { "Un periódico", "Una trucha" }));
+}
+
+TEST_F(DLGProductosTest, ChangesTheSameProductAgain)
+{
+    open();
+    clickLine(0);
+    change({ "Kiosko", "Un periódico", "2" }, QStringLiteral("Zapatería"), QString(), QString());
+    change({ "Zapatería", "Un periódico", "2" }, QString(), QStringLiteral("Unas botas"), QString());
+    EXPECT_EQ(names(), (std::vector<std::string> { "Una barra de pan", "Una trucha", "Unas botas" }));
+    EXPECT_EQ(selectedLine(), 2);
 }
 
 TEST_F(DLGProductosTest, DoesNotUndoAChangeWhenTheNextLineIsSelected)
@@ -611,9 +620,41 @@ TEST_F(DLGProductosTest, ChangesTheProductAsItIsWhateverIsTypedInTheBoxes)
     open();
     clickLine(0);
     typeProduct(QStringLiteral("Papeleria"), QStringLiteral("Un tebeo"), QStringLiteral("3"));
-    change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QString());
-    EXPECT_EQ(lines().front(), "Kiosko            Un periódico                   2€");
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "2" }));
+    change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QStringLiteral("4"));
+    EXPECT_EQ(lines().front(), "Kiosko            Un periódico                   4€");
+    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "4" }));
+}
+
+TEST_F(DLGProductosTest, ChangesNothingOnTheScreenWhenNothingIsChanged)
+{
+    ProductTable table;
+    for (int i = 0; i < 100; ++i) {
+        const std::string name = "Producto " + std::to_string(100 + i);
+        table.push_back(ProductOf(name, "Kiosko", 2));
+    }
+    open(table);
+    clickLine(3);
+    typeInto(1, QStringLiteral("Un tebeo"));
+    form().List1->verticalScrollBar()->setValue(20);
+    const ProductTexts present { "Kiosko", "Producto 103", "2" };
+    const auto expectNothingChanged = [this] {
+        EXPECT_EQ(selectedLine(), 3);
+        EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un tebeo", "2" }));
+        EXPECT_EQ(form().List1->verticalScrollBar()->value(), 20);
+    };
+    change(present, QString(), QString(), QString());
+    expectNothingChanged();
+    change(present, QStringLiteral("Kiosko"), QStringLiteral(" Producto 103 "), QStringLiteral("2.0"));
+    expectNothingChanged();
+    ExpectInputCancelled(changing, QStringLiteral("Tienda:"), QStringLiteral("x"));
+    ExpectInputCancelled(changing, QStringLiteral("Nombre:"), QStringLiteral("y"));
+    ExpectInputCancelled(changing, QStringLiteral("Precio:"), QStringLiteral("9"));
+    Click(form(), QStringLiteral("CBModif"));
+    expectNothingChanged();
+
+    form().List1->scrollToTop();
+    clickLine(4);
+    EXPECT_EQ(names()[3], "Un tebeo") << "what was typed has been taken over";
 }
 
 TEST_F(DLGProductosTest, ChangesAPriceThatIsAcceptedAsItIsShownToItsWholeEuros)
@@ -641,10 +682,6 @@ TEST_F(DLGProductosTest, ChangesNothingAndAsksNothingWithoutASelectedLine)
     open();
     Click(form(), QStringLiteral("CBModif"));
     EXPECT_EQ(lines().size(), 3U);
-
-    clickLine(0);
-    change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QString());
-    Click(form(), QStringLiteral("CBModif")); // the change has left nothing selected
 }
 
 TEST_F(DLGProductosTest, SaysThatAPriceIsTooLargeAndChangesNothing)
@@ -802,9 +839,17 @@ protected:
         return windows.front();
     }
 
+    static void expectQuestion(const QString& answer)
+    {
+        ExpectMessage(QStringLiteral("Numbrela"),
+            QStringLiteral(
+                "El catálogo ha cambiado en el disco mientras lo modificaba. ¿Desea sustituirlo por el suyo?"),
+            { QStringLiteral("Sí"), QStringLiteral("No") }, answer);
+    }
+
     DLGProductos& openEditor()
     {
-        ShowEditor(clock_, path_);
+        ShowEditor(before_, clock_, path_);
         auto* editor = dynamic_cast<DLGProductos*>(onlyWindow("DLGProductos"));
         if (editor == nullptr) {
             throw std::logic_error("the editor is not open");
@@ -829,6 +874,7 @@ protected:
         deleteClosedWindows();
     }
 
+    QWidget before_; // the window whose place is taken
     ProductTable twentyProducts_;
     std::string saved_;
 };
@@ -900,7 +946,7 @@ TEST_F(HandoverTest, DoesAsCancelarWhenItsCloseBoxIsPressed)
 // As a teacher does it: out of the shopping window, a product more, and into the shop that sells it.
 TEST_F(HandoverTest, ShopsWithTheNewCatalogueAtOnce)
 {
-    ShowShopping(clock_, path_, true);
+    ShowShopping(before_, clock_, path_, true);
     QWidget* shopping = onlyWindow("Form7");
     ASSERT_NE(shopping, nullptr);
     ShowAndActivate(*shopping);
@@ -933,7 +979,7 @@ TEST_F(HandoverTest, OpensTheShoppingWindowInsteadWhenTheCatalogueCannotBeRead)
             std::string::npos);
         box.accept();
     });
-    ShowEditor(clock_, path_);
+    ShowEditor(before_, clock_, path_);
     waitForBoxes();
     EXPECT_NE(onlyWindow("Form7"), nullptr);
 }
@@ -959,6 +1005,100 @@ TEST_F(HandoverTest, NamesFileAndReasonOfASaveThatFailsAndCanBeAcceptedOnceTheCa
     EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
 }
 
+TEST_F(HandoverTest, AsksBeforeItReplacesWhatSomebodyElseHasSavedMeanwhile)
+{
+    const DLGProductos& editor = openEditor();
+    select(editor, 3);
+    Click(editor, QStringLiteral("CBElim"));
+    SaveCatalogue(path_, threeProducts);
+    const std::string others = ReadBytes(path_);
+
+    for (int time = 0; time < 2; ++time) {
+        expectQuestion(QStringLiteral("No"));
+        Click(editor, QStringLiteral("OKButton"));
+        ASSERT_EQ(onlyWindow("DLGProductos"), &editor);
+        EXPECT_EQ(editor.List1->model()->rowCount(), 19);
+        EXPECT_EQ(ReadBytes(path_), others);
+    }
+
+    expectQuestion(QStringLiteral("Sí"));
+    Click(editor, QStringLiteral("OKButton"));
+    expectShopping(true);
+    EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
+}
+
+TEST_F(HandoverTest, AsksAgainWhenSomebodyElseSavesDuringTheQuestion)
+{
+    const DLGProductos& editor = openEditor();
+    SaveCatalogue(path_, threeProducts);
+    ExpectDialog([this](QDialog& box) {
+        SaveCatalogue(path_, { bread });
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    expectQuestion(QStringLiteral("No"));
+    Click(editor, QStringLiteral("OKButton"));
+    EXPECT_EQ(LoadCatalogue(path_), ProductTable { bread });
+    ASSERT_EQ(onlyWindow("DLGProductos"), &editor);
+}
+
+TEST_F(HandoverTest, AsksWhenTheCatalogueHasVanished)
+{
+    const DLGProductos& editor = openEditor();
+    std::filesystem::remove(path_);
+    expectQuestion(QStringLiteral("No"));
+    Click(editor, QStringLiteral("OKButton"));
+    EXPECT_TRUE(folder_.Names().empty());
+    expectQuestion(QStringLiteral("Sí"));
+    Click(editor, QStringLiteral("OKButton"));
+    expectShopping(true);
+    EXPECT_EQ(ReadBytes(path_), saved_);
+}
+
+TEST_F(HandoverTest, AsksNothingWhenTheCatalogueIsTheSameThoughItWasWrittenAnew)
+{
+    const DLGProductos& editor = openEditor();
+    SaveCatalogue(path_, threeProducts);
+    SaveCatalogue(path_, twentyProducts_);
+    std::filesystem::last_write_time(path_, std::filesystem::file_time_type::min());
+    select(editor, 3);
+    Click(editor, QStringLiteral("CBElim"));
+    Click(editor, QStringLiteral("OKButton"));
+    expectShopping(true);
+    EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
+}
+
+// As large as the window whose place it takes.
+
+class LargeHandoverTest : public HandoverTest, public ::testing::WithParamInterface<Qt::WindowState> {
+protected:
+    static Qt::WindowStates stateOf(const char* name)
+    {
+        const QWidget* const window = onlyWindow(name);
+        return window != nullptr ? window->windowState() & ~Qt::WindowActive : Qt::WindowMinimized;
+    }
+};
+
+TEST_P(LargeHandoverTest, OpensAsLargeAsTheWindowWhosePlaceItTakes)
+{
+    before_.setWindowState(GetParam());
+    ShowShopping(before_, clock_, path_, true);
+    EXPECT_EQ(stateOf("Form7"), GetParam());
+    ShowAndActivate(*onlyWindow("Form7"));
+    for (const char* leave : { "CancelButton", "OKButton" }) {
+        SCOPED_TRACE(leave);
+        Press(Qt::Key_F3);
+        deleteClosedWindows();
+        EXPECT_EQ(stateOf("DLGProductos"), GetParam());
+        Click(*onlyWindow("DLGProductos"), QString::fromLatin1(leave));
+        deleteClosedWindows();
+        EXPECT_EQ(stateOf("Form7"), GetParam());
+        ShowAndActivate(*onlyWindow("Form7"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    States, LargeHandoverTest, ::testing::Values(Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen));
+
 TEST_F(HandoverTest, CanBeCancelledAfterASaveThatFailed)
 {
     DLGProductos& editor = openEditor();
@@ -980,7 +1120,7 @@ TEST_F(HandoverTest, DoesNotOpenForACatalogueWithTooManyProducts)
         content += saved_.substr(0, 154);
     }
     WriteBytes(path_, content);
-    EXPECT_THROW(ShowEditor(clock_, path_), RunTimeError);
+    EXPECT_THROW(ShowEditor(before_, clock_, path_), RunTimeError);
     EXPECT_EQ(ReadBytes(path_), content);
 }
 

@@ -20,6 +20,7 @@ int __real_close(int file);
 int __real_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName);
 int __real_faccessat(int folder, const char* name, int right, int flags);
 int __real_openat(int folder, const char* name, int flags, mode_t mode);
+int __real_flock(int file, int operation);
 ssize_t __wrap_read(int file, void* bytes, size_t count);
 ssize_t __wrap_write(int file, const void* bytes, size_t count);
 int __wrap_fsync(int file);
@@ -27,6 +28,7 @@ int __wrap_close(int file);
 int __wrap_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName);
 int __wrap_faccessat(int folder, const char* name, int right, int flags);
 int __wrap_openat(int folder, const char* name, int flags, mode_t mode);
+int __wrap_flock(int file, int operation);
 }
 
 namespace numbrela::testing {
@@ -159,5 +161,10 @@ int __wrap_faccessat(int folder, const char* name, int right, int flags)
 int __wrap_openat(int folder, const char* name, int flags, mode_t mode)
 {
     return pass("openat", [=] { return __real_openat(folder, name, flags, mode); });
+}
+
+int __wrap_flock(int file, int operation)
+{
+    return pass("flock", [=] { return __real_flock(file, operation); });
 }
 // NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-// Stands between the program and the operating system wherever a file is read, written, brought to the disk, closed or
-// renamed, and where a save asks for its right to write and opens its new file. The linker leads those calls through
-// here (--wrap), and lets a test stop the process at any of them, for real.
+// Stands between the program and the operating system wherever a file is read, written, brought to the disk, closed,
+// locked or renamed, and where a save asks for its right to write and opens the new file and the old one. The linker
+// leads those calls through here (--wrap), and lets a test stop the process at any of them, for real.
 namespace numbrela::testing {
 
 enum class FaultKind {

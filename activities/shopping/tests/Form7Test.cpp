@@ -81,7 +81,7 @@ protected:
     // As the menu opens it: closed, and not only out of sight, it is gone.
     Form7* openToBeGone()
     {
-        ShowShopping(clock_, path_, true);
+        ShowShopping(before_, clock_, path_, true);
         return openWindow<Form7>();
     }
 
@@ -129,6 +129,7 @@ protected:
     const std::filesystem::path path_ = folder_ / "productos.dat";
     FixedClock clock_;
     const StillClocks stillClocks_;
+    QWidget before_; // the window whose place is taken
     std::unique_ptr<Form7> form_;
 };
 
@@ -786,7 +787,7 @@ TEST_F(Form7Test, TheEditorOfAnEmptyCatalogueOpensFromTheWindow)
 {
     const auto acceptNotice = [] { ExpectDialog([](QDialog& box) { box.accept(); }); };
     acceptNotice();
-    ShowShopping(clock_, path_, true);
+    ShowShopping(before_, clock_, path_, true);
     ASSERT_NE(openWindow<Form7>(), nullptr);
     ShowAndAnswerBoxes(*openWindow<Form7>());
     Press(Qt::Key_F3);
@@ -902,7 +903,7 @@ TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
 TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
 {
     SaveCatalogue(path_, NumberedTable(5));
-    ShowShopping(clock_, path_, true);
+    ShowShopping(before_, clock_, path_, true);
     const QPointer<Form7> first = openWindow<Form7>();
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);

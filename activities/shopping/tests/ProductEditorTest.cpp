@@ -171,6 +171,7 @@ TEST(Changing, TakesOverTheAnswersThatAreNotEmpty)
     };
     const std::vector<Row> rows {
         { { "", "", "" }, bread },
+        { { "Panadería", " Una barra de pan", "0.85" }, bread },
         { { " Kiosko ", "", "" }, ProductOf("Una barra de pan", "Kiosko", 0.85F) },
         { { "", " Un bollo ", "" }, ProductOf("Un bollo", "Panadería", 0.85F) },
         { { "", "", "3" }, ProductOf("Una barra de pan", "Panadería", 3) },
@@ -179,7 +180,7 @@ TEST(Changing, TakesOverTheAnswersThatAreNotEmpty)
     };
     for (const Row& row : rows) {
         ProductEditor editor = editorOf({ paper, bread, fish });
-        editor.Change(1, row.Answers);
+        EXPECT_EQ(editor.Change(1, row.Answers), row.Changed != bread);
         EXPECT_EQ(editor.Table, (ProductTable { paper, row.Changed, fish }));
     }
 }
@@ -269,6 +270,75 @@ TEST(Deleting, LeavesAProductWithThePriceZeroThatIsNotTheEmptyEntry)
     editor.Delete(0, 0);
     EXPECT_EQ(editor.Add(paper), 1);
     EXPECT_EQ(editor.Table.size(), 2U);
+}
+
+// Two of them on one catalogue.
+class SavingTest : public ::testing::Test {
+protected:
+    SavingTest()
+    {
+        SaveCatalogue(path_, { bread });
+        for (ProductEditor* editor : { &mine_, &others_ }) {
+            editor->Load(path_);
+        }
+        mine_.Add(paper);
+        others_.Add(fish);
+    }
+
+    ProductTable onTheDisk() const { return LoadCatalogue(path_); }
+
+    TemporaryFolder folder_;
+    std::filesystem::path path_ = folder_ / "productos.dat";
+    ProductEditor mine_;
+    ProductEditor others_;
+};
+
+TEST_F(SavingTest, GoesOnFromWhatWasSavedLast)
+{
+    EXPECT_TRUE(mine_.Save(path_));
+    mine_.Add(fish);
+    EXPECT_TRUE(mine_.Save(path_));
+    EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper, fish }));
+}
+
+TEST_F(SavingTest, StopsAtWhatSomebodyElseHasSavedHoweverOftenItIsTried)
+{
+    ASSERT_TRUE(others_.Save(path_));
+    EXPECT_FALSE(mine_.Save(path_));
+    EXPECT_FALSE(mine_.Save(path_));
+    EXPECT_EQ(onTheDisk(), (ProductTable { bread, fish }));
+    EXPECT_EQ(mine_.Table, (ProductTable { bread, paper }));
+}
+
+TEST_F(SavingTest, ReplacesWhatSomebodyElseHasSavedAndGoesOnFromThere)
+{
+    ASSERT_TRUE(others_.Save(path_));
+    ASSERT_FALSE(mine_.Save(path_));
+    EXPECT_TRUE(mine_.SaveOverOthers(path_));
+    EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper }));
+    mine_.Add(fish);
+    EXPECT_TRUE(mine_.Save(path_));
+}
+
+TEST_F(SavingTest, ReplacesNothingButWhatItHasFound)
+{
+    ASSERT_TRUE(others_.Save(path_));
+    ASSERT_FALSE(mine_.Save(path_));
+    others_.Add(paper);
+    ASSERT_TRUE(others_.Save(path_));
+    EXPECT_FALSE(mine_.SaveOverOthers(path_));
+    EXPECT_EQ(onTheDisk(), (ProductTable { bread, fish, paper }));
+    EXPECT_TRUE(mine_.SaveOverOthers(path_));
+    EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper }));
+}
+
+TEST_F(SavingTest, StopsAtAFileThatHasVanished)
+{
+    std::filesystem::remove(path_);
+    EXPECT_FALSE(mine_.Save(path_));
+    EXPECT_TRUE(folder_.Names().empty());
+    EXPECT_TRUE(mine_.SaveOverOthers(path_));
+    EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper }));
 }
 
 TEST(Deleting, LeavesTheEmptyEntryEmpty)

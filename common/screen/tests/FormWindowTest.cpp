@@ -163,6 +163,41 @@ TEST(FormWindowTest, MakesEveryOtherWindowInertWhileItIsShownModally)
     EXPECT_EQ(menu.Presses, 2);
 }
 
+class OpenLikeTest : public ::testing::TestWithParam<Qt::WindowState> { };
+
+TEST_P(OpenLikeTest, OpensAsLargeAsTheWindowThatItIsOpenedFromAndHasItsDesignSizeWhenItIsNoLongerSo)
+{
+    TestForm menu;
+    menu.setWindowState(GetParam());
+    ShowAndActivate(menu);
+    auto* form = new TestForm;
+    form->OpenLike(menu);
+    form->ShowModally();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    EXPECT_EQ(form->windowState() & ~Qt::WindowActive, GetParam());
+    EXPECT_EQ(form->size(), menu.size());
+
+    form->showNormal();
+    settle();
+    EXPECT_EQ(form->AreaPixels(), designPixels);
+    form->close();
+    destroyClosedWindows();
+    EXPECT_EQ(menu.windowState() & ~Qt::WindowActive, GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    States, OpenLikeTest, ::testing::Values(Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen));
+
+TEST(FormWindowTest, OpensAtItsDesignSizeFromAMinimisedWindow)
+{
+    TestForm menu;
+    menu.setWindowState(Qt::WindowMinimized);
+    TestForm form;
+    form.OpenLike(menu);
+    ShowAndActivate(form);
+    EXPECT_EQ(form.AreaPixels(), designPixels);
+}
+
 TEST(FormWindowTest, IsDestroyedWhenItIsClosed)
 {
     const QPointer<TestForm> form(new TestForm);

@@ -1,0 +1,92 @@
+#include "common/screen/InertWindows.h"
+
+#include "common/screen/FormWindow.h"
+#include "tests/support/Driver.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+// A menu, and the activity that it has opened.
+class InertWindowsTest : public ::testing::Test {
+protected:
+    InertWindowsTest()
+    {
+        ShowAndActivate(menu_);
+        activity_.setWindowModality(Qt::ApplicationModal);
+        ShowAndActivate(activity_);
+    }
+
+    static void expectInFront(QWidget& window)
+    {
+        EXPECT_FALSE(window.isMinimized());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    FormWindow menu_ { QStringLiteral("Menu"), QStringLiteral("Menú"), { 3000, 3000 }, {} };
+    FormWindow activity_ { QStringLiteral("Activity"), QStringLiteral("Actividad"), { 3000, 3000 }, {} };
+};
+
+TEST_F(InertWindowsTest, BringBackTheMinimisedActivityWhenAPersonTurnsToThem)
+{
+    activity_.showMinimized();
+    menu_.activateWindow();
+    TurnTo(menu_);
+    expectInFront(activity_);
+}
+
+TEST_F(InertWindowsTest, BringItBackAsLargeAsItWas)
+{
+    activity_.showMaximized();
+    activity_.setWindowState(activity_.windowState() | Qt::WindowMinimized);
+    ASSERT_TRUE(activity_.isMinimized());
+    TurnTo(menu_);
+    expectInFront(activity_);
+    EXPECT_TRUE(activity_.isMaximized());
+}
+
+// With a box goes the window that it stands on; some window managers minimise both, others one of them.
+TEST_F(InertWindowsTest, BringBackTheBoxThatIsOpenAndTheWindowThatItStandsOn)
+{
+    QMessageBox box(&activity_);
+    box.setModal(true);
+    ShowAndActivate(box);
+    for (const auto& minimised : { std::vector<QWidget*> { &activity_ }, { &box }, { &activity_, &box } }) {
+        for (const QWidget* turnedTo : { &menu_, &activity_ }) {
+            for (QWidget* window : minimised) {
+                window->showMinimized();
+            }
+            TurnTo(*turnedTo);
+            EXPECT_FALSE(activity_.isMinimized());
+            expectInFront(box);
+        }
+    }
+}
+
+TEST_F(InertWindowsTest, LeaveAMinimisedWindowWhenNothingIsInert)
+{
+    activity_.hide();
+    activity_.setWindowModality(Qt::NonModal);
+    activity_.showMinimized();
+    TurnTo(menu_);
+    EXPECT_TRUE(activity_.isMinimized());
+}
+
+TEST_F(InertWindowsTest, LeaveTheActivityWhenAPersonTurnsToItself)
+{
+    activity_.showMinimized();
+    TurnTo(activity_);
+    EXPECT_TRUE(activity_.isMinimized());
+}
+
+} // namespace
+
+} // namespace numbrela

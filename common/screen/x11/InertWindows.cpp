@@ -1,0 +1,119 @@
+#include "common/screen/InertWindows.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QGuiApplication>
+#include <QWidget>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <string_view>
+
+namespace numbrela {
+
+namespace {
+
+// Milliseconds of the X server's clock. A window manager that minimises a window gives the focus to the next one at
+// once; a person who chooses that one needs longer.
+constexpr xcb_timestamp_t windowManagersOwn = 200;
+
+// Presses come as events of the input extension, whose header not every system has: what kind they are, and in which
+// byte the number of their window begins.
+constexpr std::uint16_t extensionsButtonPress = 4;
+constexpr std::uint16_t extensionsTouchBegin = 18;
+constexpr std::size_t extensionsWindow = 24;
+
+xcb_atom_t atomOf(xcb_connection_t* connection, std::string_view name)
+{
+    const xcb_intern_atom_cookie_t asked
+        = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+        xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
+    return reply != nullptr ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+// Sees each event of the X server before the toolkit does, and keeps none.
+class InertWindowsFilter : public QAbstractNativeEventFilter {
+public:
+    explicit InertWindowsFilter(xcb_connection_t* connection)
+        : protocols_(atomOf(connection, "WM_PROTOCOLS"))
+        , takeFocus_(atomOf(connection, "WM_TAKE_FOCUS"))
+        , state_(atomOf(connection, "WM_STATE"))
+    {
+    }
+
+    bool nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) override
+    {
+        if (const std::optional<xcb_window_t> number = windowTurnedTo(message)) {
+            if (const QWidget* const window = QWidget::find(*number); window != nullptr) {
+                TurnTo(*window->window());
+            }
+        }
+        return false;
+    }
+
+private:
+    std::optional<xcb_window_t> windowTurnedTo(const void* message)
+    {
+        constexpr int withoutTheMarkOfSentEvents = 0x7F;
+        switch (static_cast<const xcb_generic_event_t*>(message)->response_type & withoutTheMarkOfSentEvents) {
+        case XCB_PROPERTY_NOTIFY:
+            noteMinimising(*static_cast<const xcb_property_notify_event_t*>(message));
+            return std::nullopt;
+        case XCB_CLIENT_MESSAGE:
+            return windowGivenTheFocus(*static_cast<const xcb_client_message_event_t*>(message));
+        case XCB_GE_GENERIC:
+            return windowPressed(static_cast<const char*>(message));
+        default:
+            return std::nullopt;
+        }
+    }
+
+    void noteMinimising(const xcb_property_notify_event_t& event)
+    {
+        if (event.atom == state_) {
+            minimised_ = event.time;
+        }
+    }
+
+    std::optional<xcb_window_t> windowGivenTheFocus(const xcb_client_message_event_t& event) const
+    {
+        const xcb_timestamp_t since = event.data.data32[1] - minimised_; // also when the server's clock starts anew
+        const bool isGiven = event.type == protocols_ && event.data.data32[0] == takeFocus_;
+        return isGiven && since > windowManagersOwn ? std::optional(event.window) : std::nullopt;
+    }
+
+    static std::optional<xcb_window_t> windowPressed(const char* event)
+    {
+        xcb_ge_generic_event_t head {};
+        std::memcpy(&head, event, sizeof head);
+        if (head.event_type != extensionsButtonPress && head.event_type != extensionsTouchBegin) {
+            return std::nullopt;
+        }
+        xcb_window_t window = XCB_NONE;
+        std::memcpy(&window, event + extensionsWindow, sizeof window);
+        return window;
+    }
+
+    xcb_atom_t protocols_;
+    xcb_atom_t takeFocus_;
+    xcb_atom_t state_;
+    xcb_timestamp_t minimised_ = 0; // when the state of a window, minimised or not, last changed
+};
+
+} // namespace
+
+std::unique_ptr<QAbstractNativeEventFilter> WatchInertWindows()
+{
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr || x11->connection() == nullptr) { // the toolkit without a display has the one and not the other
+        return nullptr;
+    }
+    auto filter = std::make_unique<InertWindowsFilter>(x11->connection());
+    qApp->installNativeEventFilter(filter.get());
+    return filter;
+}
+
+} // namespace numbrela
