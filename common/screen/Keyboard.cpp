@@ -31,7 +31,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::KeyPress && !passingOn_) {
-            return goesDown(*static_cast<QKeyEvent*>(event));
+            return consumes(*static_cast<QKeyEvent*>(event));
         }
         if (event->type() == QEvent::KeyRelease && handlers_.KeyUp) {
             const auto& release = *static_cast<QKeyEvent*>(event);
@@ -43,8 +43,8 @@ public:
     }
 
 private:
-    // Whether the control shall not see the event.
-    bool goesDown(QKeyEvent& event)
+    // Asks the form; whether the control shall not see the event.
+    bool consumes(QKeyEvent& event)
     {
         const KeyAnswer toKey = handlers_.KeyDown
             ? handlers_.KeyDown({ .Code = KeyCodeOf(event), .Repeated = event.isAutoRepeat() })
@@ -84,9 +84,37 @@ bool isCommand(const QKeyEvent& event)
 
 // ---------------------------------------------------------------------------------------------------- held keys
 
-// Sees the keys on their way from the system to the program's windows. The system asks first whether somebody claims
-// the key before it is a shortcut (ShortcutOverride); then it comes as a shortcut or as a press, but the question alone
-// may come more than once.
+// A key of the keyboard, as far as an event tells which one it is. What a key writes changes with the modifiers, so it
+// counts only where the system does not number its keys, as some input methods do not when they pass a key on.
+struct PhysicalKey {
+    explicit PhysicalKey(const QKeyEvent& event)
+        : ScanCode(event.nativeScanCode())
+        , QtKey(event.key())
+    {
+    }
+    explicit PhysicalKey(quint32 scanCode)
+        : ScanCode(scanCode)
+    {
+    }
+    bool operator==(const PhysicalKey& other) const
+    {
+        return ScanCode != 0 && other.ScanCode != 0 ? ScanCode == other.ScanCode : QtKey == other.QtKey;
+    }
+
+    quint32 ScanCode;
+    int QtKey = 0;
+};
+
+// What a key that is pressed now is pressed in: a menu that has popped up, or else what has the focus.
+const QObject* placeOfTyping()
+{
+    const QObject* menu = QApplication::activePopupWidget();
+    return menu != nullptr ? menu : QApplication::focusWidget();
+}
+
+// Sees the keys on their way from the system to the program's windows. Qt asks first whether somebody claims the key
+// before it is taken for a shortcut (ShortcutOverride); then the key comes as a shortcut or as a press. The question
+// may be asked more than once.
 class HeldKeys : public QObject {
 public:
     explicit HeldKeys(QApplication& application)
@@ -94,13 +122,13 @@ public:
     {
         AskForRealReleasesOnly();
         application.installEventFilter(this);
-        connect(&application, &QGuiApplication::focusWindowChanged, this, &HeldKeys::forgetKeysLetGoElsewhere);
+        connect(&application, &QGuiApplication::focusWindowChanged, this, &HeldKeys::lookAtKeyboard);
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
         if (event->type() == QEvent::Shortcut && asked_) {
-            goesDown(*std::exchange(asked_, std::nullopt));
+            noteDown(*std::exchange(asked_, std::nullopt));
         }
         if (!receiver->isWindowType()) {
             return event->type() == QEvent::ShortcutOverride && claimMarked(static_cast<QKeyEvent&>(*event));
@@ -111,37 +139,31 @@ public:
         case QEvent::KeyPress:
             return replaceRepeated(*receiver, static_cast<QKeyEvent&>(*event));
         case QEvent::KeyRelease:
-            isLetGo(static_cast<QKeyEvent&>(*event));
-            return false;
+            return dropRelease(static_cast<QKeyEvent&>(*event));
         default:
             return false;
         }
     }
 
 private:
-    struct PhysicalKey {
-        explicit PhysicalKey(const QKeyEvent& event)
-            : ScanCode(event.nativeScanCode())
-            , QtKey(ScanCode == 0 ? event.key() : 0) // what a key writes changes with the modifiers
-        {
-        }
-        bool operator==(const PhysicalKey&) const = default;
-
-        quint32 ScanCode;
-        int QtKey;
+    struct Down {
+        PhysicalKey Key;
+        const QObject* Place; // where it went down; only compared
     };
 
-    void goesDown(const PhysicalKey& key)
+    std::vector<Down>::iterator find(const PhysicalKey& key)
     {
-        if (std::find(down_.begin(), down_.end(), key) == down_.end()) {
-            down_.push_back(key);
+        return std::find_if(down_.begin(), down_.end(), [&](const Down& down) { return down.Key == key; });
+    }
+
+    void noteDown(const PhysicalKey& key)
+    {
+        if (find(key) == down_.end()) {
+            down_.push_back({ key, placeOfTyping() });
         }
     }
 
-    bool isRepeated(const QKeyEvent& press) const
-    {
-        return press.isAutoRepeat() || std::find(down_.begin(), down_.end(), PhysicalKey(press)) != down_.end();
-    }
+    bool isRepeated(const QKeyEvent& press) { return press.isAutoRepeat() || find(PhysicalKey(press)) != down_.end(); }
 
     // A claimed key is no shortcut.
     bool claimRepeated(QKeyEvent& question)
@@ -151,24 +173,23 @@ private:
         return question.isAccepted();
     }
 
-    // The toolkit asks a control once more about a press that does not come from the system, as those do that are sent
-    // here in place of others.
+    // Of a press that this program sends itself, as it does in place of repeated ones, Qt asks the control directly.
     static bool claimMarked(QKeyEvent& question)
     {
         question.setAccepted(question.isAutoRepeat());
         return question.isAccepted();
     }
 
+    // Whether the press goes no further.
     bool replaceRepeated(QObject& window, QKeyEvent& press)
     {
         const bool repeated = isRepeated(press);
         asked_ = std::nullopt;
-        goesDown(PhysicalKey(press));
+        noteDown(PhysicalKey(press));
         if (!repeated) {
             return false;
         }
-        if (KeyCodeOf(press) == KeyCode::Enter
-            || (QApplication::activePopupWidget() != nullptr && !press.text().isEmpty())) {
+        if (writesOnlyOnce(press)) {
             press.accept();
             return true;
         }
@@ -183,26 +204,48 @@ private:
         return true;
     }
 
-    void isLetGo(const QKeyEvent& release)
+    // Enter checks, opens and answers; a letter in a menu chooses; and what a key has begun to write in one place does
+    // not go on in another one that has got the focus since.
+    bool writesOnlyOnce(const QKeyEvent& press)
     {
-        if (!release.isAutoRepeat()) {
-            down_.erase(std::remove(down_.begin(), down_.end(), PhysicalKey(release)), down_.end());
-        }
+        const bool writes = !TypedCharacter(press).isNull();
+        const bool inMenu = QApplication::activePopupWidget() != nullptr && !press.text().isEmpty();
+        return KeyCodeOf(press) == KeyCode::Enter || inMenu
+            || (writes && find(PhysicalKey(press))->Place != placeOfTyping());
     }
 
-    // The release of a key goes to the window that has the focus then, which may be none of this program's. A menu that
-    // pops up hears what the window below it would.
-    void forgetKeysLetGoElsewhere(const QWindow* focused)
+    // A release whose press never came was that of a key that an input method has kept for itself, and it has sent the
+    // text instead.
+    bool dropRelease(const QKeyEvent& release)
+    {
+        if (release.isAutoRepeat()) {
+            return false;
+        }
+        const auto down = find(PhysicalKey(release));
+        if (down == down_.end()) {
+            return true;
+        }
+        down_.erase(down);
+        return false;
+    }
+
+    // Presses and releases go to the window that has the focus then, which may be none of this program's. A menu that
+    // pops up takes the focus from no window.
+    void lookAtKeyboard(const QWindow* focused)
     {
         if (focused != nullptr && focused->type() == Qt::Popup) {
             return;
         }
-        down_.erase(
-            std::remove_if(down_.begin(), down_.end(), [](const PhysicalKey& key) { return !IsKeyDown(key.ScanCode); }),
-            down_.end());
+        std::vector<Down> stillDown;
+        for (const quint32 scanCode : KeysDown()) {
+            const PhysicalKey key(scanCode);
+            const auto known = find(key);
+            stillDown.push_back(known != down_.end() ? *known : Down { key, nullptr });
+        }
+        down_ = std::move(stillDown);
     }
 
-    std::vector<PhysicalKey> down_;
+    std::vector<Down> down_;
     std::optional<PhysicalKey> asked_;
 };
 
@@ -233,7 +276,7 @@ QChar TypedCharacter(const QKeyEvent& event)
 void TypeInto(QWidget& control, const QString& text)
 {
     for (const QChar character : text) {
-        const int key = character.toUpper().unicode(); // so the toolkit names the keys that write one
+        const int key = character.toUpper().unicode(); // Qt's number of the key that writes it
         for (const auto type : { QEvent::KeyPress, QEvent::KeyRelease }) {
             QKeyEvent event(type, key, Qt::NoModifier, QString(character));
             QCoreApplication::sendEvent(&control, &event);

@@ -14,7 +14,7 @@ namespace numbrela {
 // A key that goes down in a control.
 struct Key {
     int Code = 0; // as KeyCodeOf has it
-    bool Repeated = false; // the key has been down already, and its being held repeats it
+    bool Repeated = false; // it has been down already: it is held
 };
 
 // What a form makes of a key, or of the character that it types.
@@ -49,7 +49,7 @@ struct KeyHandlers {
     // them.
     std::function<KeyAnswer(QChar)> KeyPress = {};
 
-    // A key has really been let go. Releases that a held key makes by repeating itself are none.
+    // A key has been let go; once, however long it was held.
     std::function<void(int keyCode)> KeyUp = {};
 };
 
@@ -64,8 +64,8 @@ QChar TypedCharacter(const QKeyEvent& event);
 void TypeInto(QWidget& control, const QString& text);
 
 // Recognises held keys for the whole program, whatever the system says of them, so that every control can rely on
-// QKeyEvent::isAutoRepeat: a press of a key that is down already is marked as repeated. A held key fires no shortcut
-// and chooses nothing in a menu after the first time, and a held Enter is one Enter.
+// QKeyEvent::isAutoRepeat. A held key fires no shortcut and chooses nothing in a menu after the first time, it writes
+// only where it went down, and a held Enter is one Enter.
 void RecogniseHeldKeys(QApplication& application);
 
 } // namespace numbrela

@@ -1,8 +1,10 @@
 #pragma once
 
-class QKeyEvent;
-
 #include <QtGlobal>
+
+#include <vector>
+
+class QKeyEvent;
 
 namespace numbrela {
 
@@ -15,7 +17,7 @@ int NativeKeyCode(const QKeyEvent& event);
 // Has the system send no releases for a key that is held, which could not be told from real ones.
 void AskForRealReleasesOnly();
 
-// Whether the key with this scan code is down at this moment; false where that is not known.
-bool IsKeyDown(quint32 scanCode);
+// The scan codes of the keys that are down at this moment; none where the system does not tell.
+std::vector<quint32> KeysDown();
 
 } // namespace numbrela

@@ -38,6 +38,7 @@ TextBox::TextBox(QWidget* parent)
     , maximumTypedLength_(maxLength())
     , designFont_(font())
 {
+    setInputMethodHints(Qt::ImhNoPredictiveText); // nobody shall guess what a pupil means to write
     connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
     connect(this, &QLineEdit::selectionChanged, this, [this] { colours_.SetHighlighted(hasSelectedText()); });
     // What is taken away from a text that the program wrote longer than the limit makes no room for typing.
@@ -130,13 +131,20 @@ void TextBox::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// What is still being composed, or takes the place of what has been written, is the line edit's business.
+// What takes the place of written text, and what is still being composed, is the line edit's business, the one before
+// and the other after what is ready has been typed.
 void TextBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    const QString typed = event->commitString();
-    event->setCommitString({}, event->replacementStart(), event->replacementLength());
-    QLineEdit::inputMethodEvent(event);
-    TypeInto(*this, typed);
+    if (event->commitString().isEmpty()) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent removal;
+    removal.setCommitString({}, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&removal);
+    TypeInto(*this, event->commitString());
+    QInputMethodEvent composing(event->preeditString(), event->attributes());
+    QLineEdit::inputMethodEvent(&composing);
 }
 
 void TextBox::focusInEvent(QFocusEvent* event)

@@ -44,9 +44,12 @@ void expectPlace(const QWidget& control, TwipsRect place)
 {
     const TwipsLayout& area = *areaOf(control);
     EXPECT_EQ(area.RectOf(&control), place);
-    // A window's area begins below its menu; a frame's at its own corner, whatever border it has.
-    const QPoint origin = control.parentWidget()->isWindow() ? area.contentsRect().topLeft() : QPoint();
     const auto pixels = [](int twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); };
+    // A window's area begins below its menu; a frame's at its own corner, whatever border it has.
+    const TwipsRect shown = area.Extent();
+    const QPoint origin = control.parentWidget()->isWindow()
+        ? area.contentsRect().topLeft() - QPoint(pixels(shown.Left), pixels(shown.Top))
+        : QPoint();
     EXPECT_EQ(control.x() - origin.x(), pixels(place.Left));
     EXPECT_EQ(control.y() - origin.y(), pixels(place.Top));
     EXPECT_EQ(control.width(), pixels(place.Left + place.Width) - pixels(place.Left));

@@ -12,6 +12,7 @@ namespace numbrela {
 namespace {
 
 constexpr TwipsSize area { 6000, 5300 }; // with room below the score line
+constexpr int margin = 75; // beside the score line, which is as wide as the area
 constexpr FontSpec formFont { "Arial", 12 };
 constexpr FontSpec numberFont { "Courier", 15, true };
 
@@ -31,6 +32,7 @@ Form6::Form6(const Clock& clock)
     , random_(clock.Now().SeedProduct())
     , comparison_(random_)
 {
+    Area().SetMargin(margin);
     buildControls();
     Form_Load();
 }

@@ -63,7 +63,7 @@ TEST(Form6Table, EverythingStandsInItsPlace)
                 .ReadOnly = true,
                 .AccessibleName = "Marcador" },
         });
-    EXPECT_EQ(form.size(), QSize(6000, 5300) / 15) << "twips; there is room below the score line";
+    EXPECT_EQ(form.size(), QSize(6150, 5300) / 15) << "twips; there is room on all sides of the score line";
     ExpectMenus(form, {});
     EXPECT_FALSE(form.findChild<QMenuBar*>()->isVisible());
 }

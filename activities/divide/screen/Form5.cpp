@@ -48,7 +48,9 @@ Form5::Form5(const Clock& clock, bool& commaShift)
     buildBracket();
     buildRest();
     buildMenus();
-    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &Form5::Form_KeyDown);
+    for (const auto modifier : { Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier }) {
+        connect(new QShortcut(modifier | Qt::Key_F5, this), &QShortcut::activated, this, &Form5::Form_KeyDown);
+    }
     Form_Load();
 }
 

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFontInfo>
+#include <QInputMethodEvent>
 #include <QLabel>
 
 #include <algorithm>
@@ -879,6 +880,15 @@ TEST_F(FormColoSumaTest, TheFractionOfTheSecondIsPartOfTheSeed)
         lines.insert(form.TBDatos->Text());
     }
     EXPECT_EQ(lines.size(), 4U);
+}
+
+TEST_F(FormColoSumaTest, WhatAnInputMethodWritesOvertypesTheBlanks)
+{
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("47"));
+    QCoreApplication::sendEvent(form_.TbSumando[0], &event);
+    EXPECT_EQ(form_.TbSumando[0]->Text().substr(0, 2), "47");
+    EXPECT_EQ(form_.TbSumando[0]->Text().size(), 8U);
 }
 
 } // namespace

@@ -263,11 +263,7 @@ void Form7::buildFrame3()
     TbResultado = AddTextBox(area, QStringLiteral("TbResultado"), { columnLeft, 7620, columnWidth, 540 }, columnFont,
         Qt::AlignRight | Qt::AlignVCenter);
     TbResultado->setAccessibleName(QStringLiteral("Resultado"));
-    HandleKeys(*TbResultado,
-        {
-            .KeyDown = [this](const Key& key) { return TbResultado_KeyDown(key.Code); },
-            .KeyPress = [this](QChar) { return TbResultado_KeyPress(); },
-        });
+    HandleKeys(*TbResultado, { .KeyPress = [this](QChar character) { return TbResultado_KeyPress(character); } });
     showColumn(false);
 
     CbContinuar
@@ -501,16 +497,11 @@ void Form7::CBVolver_Click()
     }
 }
 
-// Sums of money are typed on the keypad, whose decimal key writes a point on many keyboards.
-KeyAnswer Form7::TbResultado_KeyDown(int keyCode)
-{
-    return keyCode == KeyCode::KeypadDecimal ? KeyAnswer::Replaced(u',') : KeyAnswer::GoesOn();
-}
-
-KeyAnswer Form7::TbResultado_KeyPress()
+// Sums of money are typed on the keypad, whose decimal key writes a point on many keyboards; thousands are not grouped.
+KeyAnswer Form7::TbResultado_KeyPress(QChar character)
 {
     TbResultado->StepCaretLeft(); // the result is written from its last digit to its first
-    return KeyAnswer::GoesOn();
+    return character == u'.' ? KeyAnswer::Replaced(u',') : KeyAnswer::GoesOn();
 }
 
 void Form7::Timer1_Timer()

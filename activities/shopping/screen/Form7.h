@@ -37,8 +37,7 @@ public:
     KeyAnswer LICesta_KeyDown(const Key& key);
     void CbContinuar_Click();
     void CBVolver_Click();
-    KeyAnswer TbResultado_KeyDown(int keyCode);
-    KeyAnswer TbResultado_KeyPress();
+    KeyAnswer TbResultado_KeyPress(QChar character);
     void Timer1_Timer();
     void MnuOpcNum_Click();
     void MnuOpcAdd_Click();

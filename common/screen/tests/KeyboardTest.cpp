@@ -322,17 +322,37 @@ TEST_P(HeldKeyTest, IsPressedAnewOnceItHasBeenLetGo)
     EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "up 53" }));
 }
 
-TEST_P(HeldKeyTest, IsTheSameKeyWithAndWithoutShift)
+TEST_P(HeldKeyTest, StaysHeldWhileAnotherKeyIsLetGo)
 {
     listen();
     HoldDown(Qt::Key_5);
     HoldDown(Qt::Key_7);
     LetGo(Qt::Key_5);
     again(Qt::Key_7);
-    EXPECT_EQ(heard_.back(), "press 7");
-    EXPECT_TRUE(std::count(heard_.begin(), heard_.end(), "again 55") == 3)
-        << "another key that is let go changes nothing";
+    EXPECT_EQ(std::count(heard_.begin(), heard_.end(), "again 55"), 3);
     LetGo(Qt::Key_7);
+}
+
+TEST_P(HeldKeyTest, WritesNothingInABoxThatHasGotTheFocusSince)
+{
+    listen(box_, {}, [this](QChar /*character*/) {
+        other_.setFocus();
+        return KeyAnswer::Consumed();
+    });
+    HoldDown(Qt::Key_5);
+    again(Qt::Key_5);
+    LetGo(Qt::Key_5);
+    EXPECT_EQ(other_.Text(), "");
+    Press(Qt::Key_5);
+    EXPECT_EQ(other_.Text(), "5");
+}
+
+TEST_P(HeldKeyTest, MovesTheFocusOnAndOn)
+{
+    HoldDown(Qt::Key_Tab);
+    GetParam() ? RepeatMarked(Qt::Key_Tab) : Repeat(Qt::Key_Tab);
+    LetGo(Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), "Button");
 }
 
 // Enter checks an answer, and a wrong one counts.
@@ -376,6 +396,30 @@ TEST_P(HeldKeyTest, ChoosesNothingInTheMenuThatItHasOpened)
     EXPECT_EQ(chosen, 1);
 }
 
+// An X server numbers the keys, and Qt names them by what they write with Shift or without.
+TEST_F(KeyboardTest, AKeyIsTheSameKeyWhenShiftIsLetGoWhileItIsHeld)
+{
+    constexpr quint32 scanCodeOf7 = 16;
+    const auto send = [this](QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+        QKeyEvent event(type, key, modifiers, scanCodeOf7, 0, 0, text);
+        QCoreApplication::sendEvent(form_.windowHandle(), &event);
+    };
+    listen();
+    send(QEvent::KeyPress, Qt::Key_Slash, Qt::ShiftModifier, QStringLiteral("/"));
+    send(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier, QStringLiteral("7"));
+    send(QEvent::KeyRelease, Qt::Key_7, Qt::NoModifier, QStringLiteral("7"));
+    EXPECT_EQ(heard_, (Heard { "down 55", "press /", "again 55", "press 7", "up 55" }));
+}
+
+// An input method may keep the press of a key, send a text, and let the release go on.
+TEST_F(KeyboardTest, ARealReleaseAfterATextFromAnInputMethodIsNoSecondOne)
+{
+    listen();
+    commit(box_, QStringLiteral("5"));
+    LetGo(Qt::Key_5);
+    EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "up 53" }));
+}
+
 // The release of a key that is held while the focus goes to another program is not told.
 TEST_F(KeyboardTest, AKeyThatWasLetGoElsewhereIsPressedAnew)
 {
@@ -407,6 +451,18 @@ TEST_F(KeyboardTest, WhatAnInputMethodWritesMayBeConsumed)
     listen(box_, {}, [](QChar /*character*/) { return KeyAnswer::Consumed(); });
     commit(box_, QStringLiteral("7"));
     EXPECT_EQ(box_.Text(), "");
+}
+
+TEST_F(KeyboardTest, WhatIsStillComposedStandsBehindWhatIsWritten)
+{
+    listen();
+    QInputMethodEvent event(QStringLiteral("´"), {});
+    event.setCommitString(QStringLiteral("7"));
+    QCoreApplication::sendEvent(&box_, &event);
+    EXPECT_EQ(box_.Text(), "7");
+    EXPECT_EQ(heard_, (Heard { "down 55", "press 7", "up 55" }));
+    commit(box_, QStringLiteral("á"));
+    EXPECT_EQ(box_.Text(), "7á");
 }
 
 TEST_F(KeyboardTest, AnInputMethodMayTakeBackWhatItHasWritten)

@@ -17,7 +17,7 @@ namespace {
 
 // Milliseconds of the X server's clock. A window manager that minimises a window gives the focus to the next one at
 // once; a person who chooses that one needs longer.
-constexpr xcb_timestamp_t windowManagersOwn = 200;
+constexpr std::int32_t windowManagersOwn = 200;
 
 // Presses come as events of the input extension, whose header not every system has: what kind they are, and in which
 // byte the number of their window begins.
@@ -80,7 +80,8 @@ private:
 
     std::optional<xcb_window_t> windowGivenTheFocus(const xcb_client_message_event_t& event) const
     {
-        const xcb_timestamp_t since = event.data.data32[1] - minimised_; // also when the server's clock starts anew
+        // Signed, because the focus may have been given just before; right also when the server's clock starts anew.
+        const auto since = static_cast<std::int32_t>(event.data.data32[1] - minimised_);
         const bool isGiven = event.type == protocols_ && event.data.data32[0] == takeFocus_;
         return isGiven && since > windowManagersOwn ? std::optional(event.window) : std::nullopt;
     }

@@ -17,11 +17,11 @@ namespace numbrela {
 namespace {
 
 // The numbers of keys on X11 and Wayland are those of evdev plus 8. They name places: the digit row from 1 to 0, and
-// the key right of M, which on a Spanish keyboard is the comma's.
+// the key right of M, where many keyboards have the comma.
 constexpr quint32 scanCodeOf1 = 10;
 constexpr quint32 scanCodeOf9 = 18;
 constexpr quint32 scanCodeOf0 = 19;
-constexpr quint32 scanCodeOfComma = 59;
+constexpr quint32 scanCodeRightOfM = 59;
 
 struct Free {
     void operator()(void* reply) const { std::free(reply); } // NOLINT: the library allocates with malloc
@@ -47,29 +47,41 @@ int NativeKeyCode(const QKeyEvent& event)
     if (scanCode == scanCodeOf0) {
         return KeyCode::Digit0;
     }
-    return scanCode == scanCodeOfComma ? KeyCode::Comma : 0;
+    const bool writesWhatCommaDoesWithShift = event.modifiers().testFlag(Qt::ShiftModifier)
+        && (event.key() == Qt::Key_Semicolon || event.key() == Qt::Key_Less); // in Spain and elsewhere
+    return scanCode == scanCodeRightOfM && writesWhatCommaDoesWithShift ? KeyCode::Comma : 0;
 }
 
 void AskForRealReleasesOnly()
 {
-    if (xcb_connection_t* server = connection()) {
-        constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
-        const auto request = xcb_xkb_per_client_flags(server, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
-        const Reply<xcb_xkb_per_client_flags_reply_t> reply(xcb_xkb_per_client_flags_reply(server, request, nullptr));
+    xcb_connection_t* server = connection();
+    if (server == nullptr || xcb_get_extension_data(server, &xcb_xkb_id)->present == 0) {
+        return;
+    }
+    constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    const auto request = xcb_xkb_per_client_flags(server, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
+    const Reply<xcb_xkb_per_client_flags_reply_t> reply(xcb_xkb_per_client_flags_reply(server, request, nullptr));
+    if (reply == nullptr || (reply->value & flag) == 0) {
+        qWarning("The X server does not tell held keys from others.");
     }
 }
 
-bool IsKeyDown(quint32 scanCode)
+std::vector<quint32> KeysDown()
 {
+    std::vector<quint32> keys;
     xcb_connection_t* server = connection();
     if (server == nullptr) {
-        return false;
+        return keys;
     }
     const Reply<xcb_query_keymap_reply_t> reply(xcb_query_keymap_reply(server, xcb_query_keymap(server), nullptr));
     constexpr quint32 keysInAByte = 8;
-    constexpr quint32 keyCount = 256;
-    return reply != nullptr && scanCode < keyCount
-        && (reply->keys[scanCode / keysInAByte] >> (scanCode % keysInAByte) & 1) != 0;
+    const quint32 keyCount = reply == nullptr ? 0 : sizeof reply->keys * keysInAByte;
+    for (quint32 scanCode = 0; scanCode < keyCount; ++scanCode) {
+        if ((reply->keys[scanCode / keysInAByte] >> (scanCode % keysInAByte) & 1) != 0) {
+            keys.push_back(scanCode);
+        }
+    }
+    return keys;
 }
 
 } // namespace numbrela
