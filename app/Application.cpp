@@ -1,6 +1,7 @@
 #include "app/Application.h"
 
 #include "common/core/RunTimeError.h"
+#include "common/screen/Accessible.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/InertWindows.h"
 #include "common/screen/Keyboard.h"
@@ -15,6 +16,7 @@ Application::Application(int& argc, char** argv)
 {
     setApplicationName(QStringLiteral("Numbrela"));
     ApplyLook(*this);
+    InstallAccessibility();
     RecogniseHeldKeys(*this);
     inertWindows_ = WatchInertWindows();
 }

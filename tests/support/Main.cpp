@@ -1,5 +1,6 @@
 #include "tests/support/Harness.h"
 
+#include "common/screen/Accessible.h"
 #include "common/screen/Keyboard.h"
 #include "common/screen/Look.h"
 
@@ -35,6 +36,7 @@ int main(int argc, char** argv)
     numbrela::testing::TestApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Numbrela"));
     numbrela::ApplyLook(application);
+    numbrela::InstallAccessibility();
     numbrela::RecogniseHeldKeys(application);
     return numbrela::testing::RunTests(application, argc, argv);
 }

@@ -102,11 +102,4 @@ void WorkingGridAccessible::scrollToSubstring(int startIndex, int endIndex)
     box().ShowCell(box().CellAtSpokenOffset(startIndex));
 }
 
-QString WorkingGridAccessible::attributes(int offset, int* startOffset, int* endOffset) const
-{
-    *startOffset = offset;
-    *endOffset = offset;
-    return {};
-}
-
 } // namespace numbrela

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/screen/SpokenText.h"
+
 #include <QAccessibleWidget>
 
 namespace numbrela {
@@ -17,7 +19,7 @@ struct SpokenChange {
 SpokenChange ChangeBetween(const QString& before, const QString& now);
 
 // What a screen reader finds where a working grid is: a text of several lines with a caret, as in a text box.
-class WorkingGridAccessible : public QAccessibleWidget, public QAccessibleTextInterface {
+class WorkingGridAccessible : public QAccessibleWidget, public SpokenText {
 public:
     // Makes the toolkit find it; the first call does.
     static void Install();
@@ -40,7 +42,6 @@ public:
     QRect characterRect(int offset) const override;
     int offsetAtPoint(const QPoint& point) const override;
     void scrollToSubstring(int startIndex, int endIndex) override;
-    QString attributes(int offset, int* startOffset, int* endOffset) const override;
 
 private:
     WorkingGridBox& box() const;

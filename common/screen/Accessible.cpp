@@ -1,0 +1,125 @@
+#include "common/screen/Accessible.h"
+
+#include "common/screen/FormWindow.h"
+#include "common/screen/SpokenText.h"
+
+#include <QAccessibleWidget>
+#include <QFrame>
+#include <QLineEdit>
+
+namespace numbrela {
+
+namespace {
+
+class LineEditAccessible : public QAccessibleWidget, public SpokenText, public QAccessibleEditableTextInterface {
+public:
+    explicit LineEditAccessible(QLineEdit& box)
+        : QAccessibleWidget(&box, QAccessible::EditableText)
+        , box_(box)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.editable = true;
+        state.readOnly = box_.isReadOnly();
+        state.selectableText = true;
+        return state;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? box_.text() : QAccessibleWidget::text(kind);
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        switch (type) {
+        case QAccessible::TextInterface:
+            return static_cast<QAccessibleTextInterface*>(this);
+        case QAccessible::EditableTextInterface:
+            return static_cast<QAccessibleEditableTextInterface*>(this);
+        default:
+            return QAccessibleWidget::interface_cast(type);
+        }
+    }
+
+    void selection(int selectionIndex, int* startOffset, int* endOffset) const override
+    {
+        const bool exists = selectionIndex == 0 && box_.hasSelectedText();
+        *startOffset = exists ? box_.selectionStart() : 0;
+        *endOffset = exists ? box_.selectionEnd() : 0;
+    }
+    int selectionCount() const override { return box_.hasSelectedText() ? 1 : 0; }
+    void addSelection(int startOffset, int endOffset) override { setSelection(0, startOffset, endOffset); }
+    void removeSelection(int /*selectionIndex*/) override { box_.deselect(); }
+    void setSelection(int /*selectionIndex*/, int startOffset, int endOffset) override
+    {
+        box_.setSelection(startOffset, endOffset - startOffset);
+    }
+
+    int cursorPosition() const override { return box_.cursorPosition(); }
+    void setCursorPosition(int position) override { box_.setCursorPosition(position); }
+
+    QString text(int startOffset, int endOffset) const override
+    {
+        return box_.text().mid(startOffset, endOffset - startOffset);
+    }
+    int characterCount() const override { return static_cast<int>(box_.text().size()); }
+
+    // A line edit tells where its caret is, and which character a point belongs to.
+    QRect characterRect(int offset) const override
+    {
+        const QFontMetrics metrics(box_.font());
+        const int toCaret = metrics.horizontalAdvance(box_.text().left(box_.cursorPosition()));
+        const int toOffset = metrics.horizontalAdvance(box_.text().left(offset));
+        const QRect caret = box_.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+        const int width = metrics.horizontalAdvance(box_.text().mid(offset, 1));
+        const QPoint corner = box_.mapToGlobal(QPoint(caret.x() + toOffset - toCaret, caret.y()));
+        return { corner, QSize(width, caret.height()) };
+    }
+    int offsetAtPoint(const QPoint& point) const override { return box_.cursorPositionAt(box_.mapFromGlobal(point)); }
+    void scrollToSubstring(int startIndex, int endIndex) override
+    {
+        box_.setCursorPosition(endIndex);
+        box_.setCursorPosition(startIndex);
+    }
+
+    void deleteText(int startOffset, int endOffset) override { replaceText(startOffset, endOffset, {}); }
+    void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
+    void replaceText(int startOffset, int endOffset, const QString& text) override
+    {
+        if (!box_.isReadOnly()) {
+            box_.setSelection(startOffset, endOffset - startOffset);
+            box_.insert(text);
+        }
+    }
+
+private:
+    QLineEdit& box_;
+};
+
+// Asked for each class of an object in turn, the object's own first.
+QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
+{
+    if (className == QLatin1String("QLineEdit")) {
+        return new LineEditAccessible(static_cast<QLineEdit&>(*object));
+    }
+    if (className == QLatin1String("QFrame") && object->metaObject() == &QFrame::staticMetaObject) {
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Grouping);
+    }
+    if (className == QLatin1String("QWidget") && dynamic_cast<FormWindow*>(object) != nullptr) {
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void InstallAccessibility()
+{
+    QAccessible::installFactory(&makeAccessible);
+}
+
+} // namespace numbrela

@@ -1,0 +1,124 @@
+#include "common/screen/SpokenText.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <vector>
+
+namespace numbrela {
+
+namespace {
+
+struct Piece {
+    int Start;
+    int End;
+};
+
+using Pieces = std::vector<Piece>;
+
+// Cut where the finder sees a boundary that counts.
+template <typename Counts>
+Pieces cutAt(QTextBoundaryFinder::BoundaryType type, const QString& text, Counts counts)
+{
+    Pieces pieces;
+    QTextBoundaryFinder finder(type, text);
+    int start = 0;
+    while (finder.toNextBoundary() >= 0) {
+        const int end = static_cast<int>(finder.position());
+        if (end > start && (end == text.size() || counts(finder))) {
+            pieces.push_back({ start, end });
+            start = end;
+        }
+    }
+    return pieces;
+}
+
+// A line ends before its line break.
+Pieces linesOf(const QString& text)
+{
+    Pieces pieces;
+    int start = 0;
+    for (const QString& line : text.split(u'\n')) {
+        pieces.push_back({ start, start + static_cast<int>(line.size()) });
+        start = pieces.back().End + 1;
+    }
+    return pieces;
+}
+
+// A word has the blanks behind it.
+Pieces piecesOf(const QString& text, QAccessible::TextBoundaryType kind)
+{
+    const auto always = [](const QTextBoundaryFinder& /*finder*/) { return true; };
+    switch (kind) {
+    case QAccessible::CharBoundary:
+        return cutAt(QTextBoundaryFinder::Grapheme, text, always);
+    case QAccessible::WordBoundary:
+        return cutAt(QTextBoundaryFinder::Word, text, [](const QTextBoundaryFinder& finder) {
+            return finder.boundaryReasons().testFlag(QTextBoundaryFinder::StartOfItem);
+        });
+    case QAccessible::SentenceBoundary:
+        return cutAt(QTextBoundaryFinder::Sentence, text, always);
+    case QAccessible::LineBoundary:
+    case QAccessible::ParagraphBoundary:
+        return linesOf(text);
+    case QAccessible::NoBoundary:
+        break;
+    }
+    return { { 0, static_cast<int>(text.size()) } };
+}
+
+} // namespace
+
+QString SpokenText::textBeforeOffset(
+    int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const
+{
+    return piece(-1, offset, kind, startOffset, endOffset);
+}
+
+QString SpokenText::textAtOffset(int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const
+{
+    return piece(0, offset, kind, startOffset, endOffset);
+}
+
+QString SpokenText::textAfterOffset(
+    int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const
+{
+    return piece(1, offset, kind, startOffset, endOffset);
+}
+
+// Behind the last character there is no character, but the last word, sentence and line are still read there. An offset
+// of -1 means the end of the text, and of -2 the caret.
+QString SpokenText::piece(
+    int steps, int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const
+{
+    const QString all = text(0, characterCount());
+    const int end = static_cast<int>(all.size());
+    const int place = offset == -1 ? end : offset == -2 ? cursorPosition() : offset;
+    *startOffset = -1;
+    *endOffset = -1;
+    if (place < 0 || place > end) {
+        return {};
+    }
+    Pieces pieces = piecesOf(all, kind);
+    if (kind == QAccessible::CharBoundary || pieces.empty()) {
+        pieces.push_back({ end, end });
+    }
+    const auto next = std::find_if(pieces.begin(), pieces.end(), [&](const Piece& one) { return one.Start > place; });
+    const auto index = std::distance(pieces.begin(), next) - 1 + steps;
+    if (index < 0 || index >= static_cast<std::ptrdiff_t>(pieces.size())) {
+        return {};
+    }
+    const Piece& found = pieces[static_cast<std::size_t>(index)];
+    *startOffset = found.Start;
+    *endOffset = found.End;
+    return all.mid(found.Start, found.End - found.Start);
+}
+
+QString SpokenText::attributes(int /*offset*/, int* startOffset, int* endOffset) const
+{
+    *startOffset = 0;
+    *endOffset = characterCount();
+    return {};
+}
+
+} // namespace numbrela
