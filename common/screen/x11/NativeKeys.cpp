@@ -1,16 +1,13 @@
 #include "common/screen/NativeKeys.h"
 
 #include "common/screen/KeyCodes.h"
+#include "common/screen/x11/Connection.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 
 #define explicit explicit_ // the header is C and has a field of this name
 #include <xcb/xkb.h>
 #undef explicit
-
-#include <cstdlib>
-#include <memory>
 
 namespace numbrela {
 
@@ -22,19 +19,6 @@ constexpr quint32 scanCodeOf1 = 10;
 constexpr quint32 scanCodeOf9 = 18;
 constexpr quint32 scanCodeOf0 = 19;
 constexpr quint32 scanCodeOfComma = 59;
-
-struct Free {
-    void operator()(void* reply) const { std::free(reply); } // NOLINT: the library allocates with malloc
-};
-template <typename Type>
-using Reply = std::unique_ptr<Type, Free>;
-
-// Null where the windows are not those of an X server.
-xcb_connection_t* connection()
-{
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr ? nullptr : x11->connection();
-}
 
 } // namespace
 
@@ -52,7 +36,7 @@ int NativeKeyCode(const QKeyEvent& event)
 
 void AskForRealReleasesOnly()
 {
-    if (xcb_connection_t* server = connection()) {
+    if (xcb_connection_t* server = XConnection()) {
         constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
         const auto request = xcb_xkb_per_client_flags(server, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
         const Reply<xcb_xkb_per_client_flags_reply_t> reply(xcb_xkb_per_client_flags_reply(server, request, nullptr));
@@ -61,7 +45,7 @@ void AskForRealReleasesOnly()
 
 bool IsKeyDown(quint32 scanCode)
 {
-    xcb_connection_t* server = connection();
+    xcb_connection_t* server = XConnection();
     if (server == nullptr) {
         return false;
     }
