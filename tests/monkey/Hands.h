@@ -13,7 +13,7 @@ class QWidget;
 namespace numbrela::testing {
 
 // A keyboard and a mouse, whose events go the way of real ones: to the window that has the focus, to the window under
-// the pointer, wherever the toolkit sends them from there. Keys may stay down while others are pressed.
+// the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed.
 class Hands {
 public:
     void Press(const Key& key, Qt::KeyboardModifiers with = Qt::NoModifier);

@@ -28,6 +28,8 @@ namespace {
 
 constexpr int secondsOfADay = 24 * 60 * 60;
 
+const Key enter { Qt::Key_Return, QStringLiteral("\r") };
+
 constexpr std::array<Qt::KeyboardModifiers, 7> modifiers {
     Qt::ShiftModifier,
     Qt::ControlModifier,
@@ -85,12 +87,15 @@ std::vector<QAction*> menuItemsOf(const QWidget& window)
 } // namespace
 
 Monkey::Monkey(const Order& order, Progress& progress)
-    : order_(order)
+    : QObject(qApp)
+    , order_(order)
     , progress_(progress)
     , chance_(order.Seed, order.Window.Window, progress.Event)
+    , program_(order.Catalogue)
     , beat_(startTimer(0))
-    , atFirst_(alive())
 {
+    program_.Run().Tables = std::make_unique<Dialog>(); // is there already when what is alive is counted
+    atFirst_ = alive();
     qApp->installEventFilter(this);
 }
 
@@ -185,8 +190,8 @@ void Monkey::say(const QString& what) const
 // was made before a window that it stands over.
 QString Monkey::nameOfFront()
 {
-    if (Dialog::Instance().isVisible()) {
-        return Dialog::Instance().objectName();
+    if (program_.Run().Tables->isVisible()) {
+        return program_.Run().Tables->objectName();
     }
     QString name;
     for (const QWidget* window : Program::Windows()) {
@@ -197,7 +202,7 @@ QString Monkey::nameOfFront()
     return name;
 }
 
-bool Monkey::isWantedThere() const
+bool Monkey::isWantedThere()
 {
     return nameOfFront() == QLatin1String(order_.Window.Window);
 }
@@ -228,9 +233,9 @@ void Monkey::doOneOf(const Acts& acts)
 
 void Monkey::step()
 {
-    static constexpr std::array<Act, 27> atWindow { {
-        { 120, "press a key", &Monkey::pressKey },
-        { 30, "press a navigation key", &Monkey::pressNavigationKey },
+    static constexpr std::array<Act, 25> atWindow { {
+        { 125, "press a key", &Monkey::pressKey },
+        { 35, "press a navigation key", &Monkey::pressNavigationKey },
         { 10, "press an access key", &Monkey::pressAccessKey },
         { 40, "type a number", &Monkey::typeNumber },
         { 10, "type wildly", &Monkey::typeWildly },
@@ -254,8 +259,6 @@ void Monkey::step()
         { 15, "let time pass", &Monkey::letTimePass },
         { 100, "shop", &Monkey::shop },
         { 5, "listen", &Monkey::listen },
-        { 5, "press a navigation key", &Monkey::pressNavigationKey },
-        { 5, "press a key", &Monkey::pressKey },
     } };
     static constexpr std::array<Act, 9> atMenu { {
         { 40, "press a navigation key", &Monkey::pressNavigationKey },
@@ -331,7 +334,7 @@ void Monkey::closeAll()
 // The menu stays, and so does the dialog of the times tables, which is only hidden. What they own must not grow either.
 Census Monkey::alive()
 {
-    return LiveObjects::WindowsAndTimers({ &program_.Menu(), &Dialog::Instance() });
+    return objects_.WindowsAndTimers({ &program_.Menu(), program_.Run().Tables.get() });
 }
 
 void Monkey::expectNothingLeft()
@@ -383,27 +386,27 @@ QPoint Monkey::anyPlaceIn(const QWidget& widget)
     return { chance_.Below(std::max(widget.width(), 1)), chance_.Below(std::max(widget.height(), 1)) };
 }
 
-void Monkey::pressKey()
+void Monkey::press(const Key& key, Qt::KeyboardModifiers with)
 {
-    constexpr int alone = 80; // times out of a hundred
-    const Key key = AnyKey(chance_);
-    const Qt::KeyboardModifiers with = chance_.Percent(alone) ? Qt::NoModifier : chance_.OneOf(modifiers);
     say(shown(key, with));
     hands_.Press(key, with);
 }
 
+void Monkey::pressKey()
+{
+    constexpr int alone = 80; // times out of a hundred
+    const Key key = AnyKey(chance_);
+    press(key, chance_.Percent(alone) ? Qt::NoModifier : chance_.OneOf(modifiers));
+}
+
 void Monkey::pressNavigationKey()
 {
-    const Key key = NavigationKey(chance_);
-    say(shown(key));
-    hands_.Press(key);
+    press(NavigationKey(chance_));
 }
 
 void Monkey::pressAccessKey()
 {
-    const Key key = KeyFor(QChar(u'a' + chance_.Below(26)));
-    say(shown(key, Qt::AltModifier));
-    hands_.Press(key, Qt::AltModifier);
+    press(KeyFor(QChar(u'a' + chance_.Below(26))), Qt::AltModifier);
 }
 
 void Monkey::typeNumber()
@@ -448,14 +451,21 @@ void Monkey::letGoOfKey()
     hands_.LetGo();
 }
 
-void Monkey::clickControl()
+void Monkey::atAnyControl(const std::function<void(QWidget& control, QPoint place)>& act)
 {
     if (QWidget* control = anyControl()) {
-        const Qt::KeyboardModifiers with = chance_.Percent(95) ? Qt::NoModifier : chance_.OneOf(modifiers);
-        const QPoint place = control->rect().center();
-        say(nameOf(*control));
-        hands_.Click(*control, place, Qt::LeftButton, with);
+        const QPoint place = anyPlaceIn(*control);
+        say(nameOf(*control) + shown(place));
+        act(*control, place);
     }
+}
+
+void Monkey::clickControl()
+{
+    atAnyControl([this](QWidget& control, QPoint /*place*/) {
+        const Qt::KeyboardModifiers with = chance_.Percent(95) ? Qt::NoModifier : chance_.OneOf(modifiers);
+        hands_.Click(control, control.rect().center(), Qt::LeftButton, with);
+    });
 }
 
 void Monkey::clickAnywhere()
@@ -469,50 +479,37 @@ void Monkey::clickAnywhere()
 
 void Monkey::clickWithAnotherButton()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint place = anyPlaceIn(*control);
+    atAnyControl([this](QWidget& control, QPoint place) {
         const Qt::MouseButton button = chance_.Percent(80) ? Qt::RightButton : Qt::MiddleButton;
-        say(nameOf(*control) + shown(place) + QLatin1String(button == Qt::RightButton ? " right" : " middle"));
-        hands_.Click(*control, place, button);
-    }
+        say(QLatin1String(button == Qt::RightButton ? "right" : "middle"));
+        hands_.Click(control, place, button);
+    });
 }
 
 void Monkey::doubleClick()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint place = anyPlaceIn(*control);
-        say(nameOf(*control) + shown(place));
-        hands_.DoubleClick(*control, place);
-    }
+    atAnyControl([this](QWidget& control, QPoint place) { hands_.DoubleClick(control, place); });
 }
 
 void Monkey::drag()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint from = anyPlaceIn(*control);
-        const QPoint to = control->mapFrom(control->window(), anyPlaceIn(*control->window()));
-        say(nameOf(*control) + shown(from) + QLatin1String(" to ") + shown(to));
-        hands_.Drag(*control, from, to);
-    }
+    atAnyControl([this](QWidget& control, QPoint from) {
+        const QPoint to = control.mapFrom(control.window(), anyPlaceIn(*control.window()));
+        say(QLatin1String("to ") + shown(to));
+        hands_.Drag(control, from, to);
+    });
 }
 
 void Monkey::hover()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint place = anyPlaceIn(*control);
-        say(nameOf(*control) + shown(place));
-        hands_.MoveTo(*control, place);
-    }
+    atAnyControl([this](QWidget& control, QPoint place) { hands_.MoveTo(control, place); });
 }
 
 void Monkey::turnWheel()
 {
     constexpr std::array<QPoint, 4> turns { { { 0, 120 }, { 0, -120 }, { 120, 0 }, { 0, -2400 } } };
-    if (QWidget* control = anyControl()) {
-        const QPoint turn = chance_.OneOf(turns);
-        say(nameOf(*control) + shown(turn));
-        hands_.Wheel(*control, control->rect().center(), turn);
-    }
+    atAnyControl(
+        [this, &turns](QWidget& control, QPoint place) { hands_.Wheel(control, place, chance_.OneOf(turns)); });
 }
 
 void Monkey::chooseMenuItem()
@@ -601,7 +598,7 @@ void Monkey::letTimePass()
 void Monkey::shop()
 {
     if (const auto* form = dynamic_cast<Form7*>(Hands::Front())) {
-        ShopOn(*form, hands_, chance_);
+        ShopOn(*form, chance_);
     } else {
         clickControl();
     }
@@ -629,7 +626,7 @@ void Monkey::answerSensibly()
         const QString answer = SensibleAnswer(box->labelText(), chance_);
         say(shown(answer));
         box->setTextValue(answer);
-        hands_.Press({ Qt::Key_Return, QStringLiteral("\r") });
+        hands_.Press(enter);
     } else {
         pressBoxButton();
     }
@@ -644,7 +641,7 @@ void Monkey::answerWildly()
             line->selectAll();
             hands_.Paste(answer);
         }
-        hands_.Press({ Qt::Key_Return, QStringLiteral("\r") });
+        hands_.Press(enter);
     } else {
         pressBoxButton();
     }

@@ -6,22 +6,25 @@
 #include <QApplication>
 #include <QWindow>
 
+#include <utility>
+
 namespace numbrela::testing {
 
-Program::Program()
+Program::Program(std::filesystem::path catalogue)
+    : run_ { .Time = std::unique_ptr<const Clock>(clock_), .Shopping = { std::move(catalogue) } }
 {
     StartAgain();
 }
 
 void Program::SetTime(int seconds)
 {
-    clock_.Time = { seconds / 3600, seconds / 60 % 60, seconds % 60, static_cast<double>(seconds) };
+    clock_->Time = { seconds / 3600, seconds / 60 % 60, seconds % 60, static_cast<double>(seconds) };
 }
 
 void Program::StartAgain()
 {
     menu_.reset();
-    menu_ = std::make_unique<Form1>(clock_);
+    menu_ = std::make_unique<Form1>(run_);
     menu_->show();
     menu_->activateWindow();
     Settle();
@@ -53,7 +56,7 @@ void Program::CloseAll()
     }
 }
 
-// The toolkit's own list of widgets has an order by chance.
+// Qt's own list of widgets has an order by chance.
 std::vector<QWidget*> Program::Windows()
 {
     std::vector<QWidget*> windows;

@@ -33,7 +33,7 @@ xcb_atom_t atomOf(xcb_connection_t* connection, std::string_view name)
     return reply != nullptr ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-// Sees each event of the X server before the toolkit does, and keeps none.
+// Sees each event of the X server before Qt does, and keeps none.
 class InertWindowsFilter : public QAbstractNativeEventFilter {
 public:
     explicit InertWindowsFilter(xcb_connection_t* connection)
