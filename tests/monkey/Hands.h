@@ -29,9 +29,6 @@ public:
     void MoveTo(QWidget& widget, QPoint place);
     void Wheel(QWidget& widget, QPoint place, QPoint turn); // turn: eighths of a degree
 
-    // The window whose turn it is: an open menu, a modal box or window, or else the one that is in front.
-    static QWidget* Front();
-
 private:
     void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false);
     void sendModifiers(bool down, Qt::KeyboardModifiers with);

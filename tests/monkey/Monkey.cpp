@@ -4,6 +4,7 @@
 #include "activities/shopping/screen/Form7.h"
 #include "tests/monkey/Ends.h"
 #include "tests/monkey/Shopper.h"
+#include "tests/support/Driver.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -155,7 +156,7 @@ void Monkey::drawBreath()
 
 void Monkey::letTimersFire(int longest)
 {
-    for (QWidget* window : Program::Windows()) {
+    for (QWidget* window : WindowsOnScreen()) {
         timers_.LetFire(*window, longest);
     }
     timers_.LetFire(*qApp, longest); // tool tips
@@ -194,7 +195,7 @@ QString Monkey::nameOfFront()
         return program_.Run().Tables->objectName();
     }
     QString name;
-    for (const QWidget* window : Program::Windows()) {
+    for (const QWidget* window : WindowsOnScreen()) {
         if (dynamic_cast<const FormWindow*>(window) != nullptr) {
             name = window->objectName();
         }
@@ -296,7 +297,7 @@ void Monkey::step()
     }
     chance_ = Chance(order_.Seed, order_.Window.Window, progress_.Event);
     if (order_.Log) {
-        const QWidget* front = Hands::Front();
+        const QWidget* front = FrontWindow();
         const QWidget* focus = QApplication::focusWidget();
         std::printf("%lld at %s, focus %s\n", static_cast<long long>(progress_.Event.load()),
             front == nullptr ? "nothing" : qUtf8Printable(nameOf(*front)),
@@ -371,7 +372,7 @@ void Monkey::noteEnd()
 
 QWidget* Monkey::anyControl()
 {
-    QWidget* front = Hands::Front();
+    QWidget* front = FrontWindow();
     std::vector<QWidget*> controls;
     for (QWidget* widget : front == nullptr ? QList<QWidget*>() : front->findChildren<QWidget*>()) {
         if (widget->isVisible() && widget->window() == front && !widget->size().isEmpty()) {
@@ -470,7 +471,7 @@ void Monkey::clickControl()
 
 void Monkey::clickAnywhere()
 {
-    if (QWidget* front = Hands::Front()) {
+    if (QWidget* front = FrontWindow()) {
         const QPoint place = anyPlaceIn(*front);
         say(nameOf(*front) + shown(place));
         hands_.Click(*front, place, Qt::LeftButton);
@@ -514,7 +515,7 @@ void Monkey::turnWheel()
 
 void Monkey::chooseMenuItem()
 {
-    const QWidget* front = Hands::Front();
+    const QWidget* front = FrontWindow();
     const std::vector<QAction*> items = front == nullptr ? std::vector<QAction*>() : menuItemsOf(*front);
     if (!items.empty()) {
         QAction* item = chance_.OneOf(items);
@@ -525,7 +526,7 @@ void Monkey::chooseMenuItem()
 
 void Monkey::openMenu()
 {
-    const QWidget* front = Hands::Front();
+    const QWidget* front = FrontWindow();
     auto* bar = front == nullptr ? nullptr : front->findChild<QMenuBar*>();
     if (bar != nullptr && bar->isVisible() && !bar->actions().isEmpty()) {
         hands_.Click(*bar, bar->actionGeometry(chance_.OneOf(bar->actions())).center(), Qt::LeftButton);
@@ -545,7 +546,7 @@ void Monkey::clickMenuItem()
 void Monkey::resizeWindow()
 {
     constexpr int largest = 2000; // pixels: more than the screen has
-    if (QWidget* front = Hands::Front()) {
+    if (QWidget* front = FrontWindow()) {
         const QSize size(chance_.Below(largest), chance_.Below(largest));
         say(nameOf(*front) + shown(QPoint(size.width(), size.height())));
         front->resize(size);
@@ -557,7 +558,7 @@ void Monkey::changeWindowState()
 {
     constexpr std::array<Qt::WindowState, 4> states { Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen,
         Qt::WindowMinimized };
-    if (QWidget* front = Hands::Front()) {
+    if (QWidget* front = FrontWindow()) {
         const Qt::WindowState state = chance_.OneOf(states);
         say(nameOf(*front) + u' ' + QString::number(state));
         front->setWindowState(state);
@@ -570,7 +571,7 @@ void Monkey::changeWindowState()
 
 void Monkey::closeWindow()
 {
-    if (QWidget* front = Hands::Front(); front != nullptr && front->windowHandle() != nullptr) {
+    if (QWidget* front = FrontWindow(); front != nullptr && front->windowHandle() != nullptr) {
         say(nameOf(*front));
         front->windowHandle()->close();
     }
@@ -578,7 +579,7 @@ void Monkey::closeWindow()
 
 void Monkey::goToAnotherWindow()
 {
-    const std::vector<QWidget*> windows = Program::Windows();
+    const std::vector<QWidget*> windows = WindowsOnScreen();
     if (!windows.empty()) {
         QWidget* window = chance_.OneOf(windows);
         say(nameOf(*window));
@@ -597,7 +598,7 @@ void Monkey::letTimePass()
 
 void Monkey::shop()
 {
-    if (const auto* form = dynamic_cast<Form7*>(Hands::Front())) {
+    if (const auto* form = dynamic_cast<Form7*>(FrontWindow())) {
         ShopOn(*form, chance_);
     } else {
         clickControl();
@@ -650,7 +651,7 @@ void Monkey::answerWildly()
 void Monkey::pressBoxButton()
 {
     std::vector<QAbstractButton*> buttons;
-    if (const QWidget* front = Hands::Front()) {
+    if (const QWidget* front = FrontWindow()) {
         for (QAbstractButton* button : front->findChildren<QAbstractButton*>()) {
             if (button->isVisible()) {
                 buttons.push_back(button);

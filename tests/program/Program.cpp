@@ -1,10 +1,10 @@
 #include "tests/program/Program.h"
 
 #include "common/screen/CommandButton.h"
+#include "tests/support/Driver.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QWindow>
 
 #include <utility>
 
@@ -47,7 +47,7 @@ void Program::CloseAll()
 {
     for (bool closed = true; closed;) {
         closed = false;
-        for (QWidget* window : Windows()) {
+        for (QWidget* window : WindowsOnScreen()) {
             if (window != menu_.get() && window->isVisible()) {
                 closed = window->close() || closed;
             }
@@ -56,22 +56,9 @@ void Program::CloseAll()
     }
 }
 
-// Qt's own list of widgets has an order by chance.
-std::vector<QWidget*> Program::Windows()
-{
-    std::vector<QWidget*> windows;
-    for (const QWindow* window : QGuiApplication::topLevelWindows()) {
-        if (QWidget* widget = window->handle() != nullptr ? QWidget::find(window->winId()) : nullptr;
-            widget != nullptr && widget->isVisible()) {
-            windows.push_back(widget);
-        }
-    }
-    return windows;
-}
-
 QWidget* Program::Window(const QString& name)
 {
-    for (QWidget* window : Windows()) {
+    for (QWidget* window : WindowsOnScreen()) {
         if (window->objectName() == name) {
             return window;
         }

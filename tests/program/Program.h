@@ -9,7 +9,6 @@
 #include <array>
 #include <filesystem>
 #include <memory>
-#include <vector>
 
 namespace numbrela::testing {
 
@@ -54,9 +53,6 @@ public:
 
     // Closes every window but the menu, whatever opens in its place, and destroys them.
     void CloseAll();
-
-    // The windows on the screen in the order in which they were made.
-    static std::vector<QWidget*> Windows();
 
     // The window on the screen with this name; null when there is none.
     static QWidget* Window(const QString& name);
