@@ -163,8 +163,7 @@ TEST_P(ReadingAidTest, WhatTakesTheFocusIsInSightInSomeState)
     std::set<std::string> seen;
     inspectAll([&](QWidget& window) {
         for (const QWidget* control : window.findChildren<QWidget*>()) {
-            const bool isPart
-                = control->objectName().startsWith(QStringLiteral("qt_")); // of a control of Qt's
+            const bool isPart = control->objectName().startsWith(QStringLiteral("qt_")); // of a control of Qt's
             if (control->window() == &window && control->focusPolicy() != Qt::NoFocus && !isPart) {
                 unseen.insert(fullNameOf(*control));
             }
