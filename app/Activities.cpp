@@ -7,48 +7,46 @@
 #include "activities/placeadd/screen/FormColoSuma.h"
 #include "activities/powers10/screen/FrmUnidad.h"
 #include "activities/shopping/screen/Form7.h"
-
-#include <QApplication>
+#include "app/ProgramRun.h"
 
 namespace numbrela {
 
 namespace {
 
 template <typename Form>
-FormWindow* make(const Clock& clock)
+FormWindow* make(ProgramRun& run)
 {
-    return new Form(clock);
+    return new Form(*run.Time);
 }
 
-// The folder "Recursos" stands beside the program.
-std::filesystem::path cataloguePath()
+FormWindow* makeMultiplication(ProgramRun& run)
 {
-    const std::filesystem::path programFolder = QCoreApplication::applicationDirPath().toStdU16String();
-    return programFolder / "Recursos" / "productos.dat";
+    return new Form4(*run.Time, run.Tables);
 }
 
-// The shopping window that a catalogue editor has left open beside the menu, or else a new one.
-FormWindow* makeShopping(const Clock& clock)
+FormWindow* makeDivision(ProgramRun& run)
 {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* open = dynamic_cast<Form7*>(window); open != nullptr && open->isVisible()) {
-            return open;
-        }
-    }
-    return new Form7(clock, cataloguePath());
+    return new Form5(*run.Time, run.CommaShift);
+}
+
+// A catalogue editor may have left a shopping window open beside the menu.
+FormWindow* openOrMakeShopping(ProgramRun& run)
+{
+    FormWindow* const window = run.Shopping.Window;
+    return window != nullptr && window->isVisible() ? window : MakeShopping(*run.Time, run.Shopping);
 }
 
 } // namespace
 
-const std::array<MakeActivity, 8> activities {
-    &make<Form2>,
-    &make<Form3>,
-    &make<Form4>,
-    &make<Form5>,
-    &make<Form6>,
-    &make<FrmUnidad>,
-    &make<FormColoSuma>,
-    &makeShopping,
-};
+const std::array<Activity, 8> activities { {
+    { QStringLiteral("&Sumas"), &make<Form2> },
+    { QStringLiteral("&Restas"), &make<Form3> },
+    { QStringLiteral("&Multiplicaciones"), &makeMultiplication },
+    { QStringLiteral("&Divisiones"), &makeDivision },
+    { QStringLiteral("&Mayor y menor"), &make<Form6> },
+    { QStringLiteral("&10, 100, 1000"), &make<FrmUnidad> },
+    { QStringLiteral("&Coloca y suma"), &make<FormColoSuma> },
+    { QStringLiteral("&La compra"), &openOrMakeShopping },
+} };
 
 } // namespace numbrela

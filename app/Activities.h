@@ -1,16 +1,21 @@
 #pragma once
 
+#include <QString>
+
 #include <array>
 
 namespace numbrela {
 
-class Clock;
 class FormWindow;
+struct ProgramRun;
 
-// Makes the window of an activity, or gives the one that is open already. The clock outlives it.
-using MakeActivity = FormWindow* (*)(const Clock& clock);
+// An activity as the main menu knows it.
+struct Activity {
+    QString Caption; // of its button
+    FormWindow* (*Window)(ProgramRun& run); // makes its window, or gives the one that is open already
+};
 
-// The activities in the order of their buttons on the main menu.
-extern const std::array<MakeActivity, 8> activities;
+// In the order of their buttons.
+extern const std::array<Activity, 8> activities;
 
 } // namespace numbrela

@@ -1,7 +1,7 @@
 #include "app/Form1.h"
 
-#include "app/Activities.h"
 #include "app/ButtonColumn.h"
+#include "app/ProgramRun.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
@@ -10,8 +10,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
-
-#include <vector>
 
 namespace numbrela {
 
@@ -22,23 +20,11 @@ constexpr int formWidth = 5000;
 constexpr int buttonWidth = 3000;
 constexpr FontSpec buttonFont { "Arial", 14.25 };
 
-const std::array<QString, 9> captions {
-    QStringLiteral("&Sumas"),
-    QStringLiteral("&Restas"),
-    QStringLiteral("&Multiplicaciones"),
-    QStringLiteral("&Divisiones"),
-    QStringLiteral("&Mayor y menor"),
-    QStringLiteral("&10, 100, 1000"),
-    QStringLiteral("&Coloca y suma"),
-    QStringLiteral("&La compra"),
-    QStringLiteral("S&alir"),
-};
-
 } // namespace
 
-Form1::Form1(const Clock& clock)
+Form1::Form1(ProgramRun& run)
     : FormWindow(QStringLiteral("Form1"), QStringLiteral("NUMBRELA"), { formWidth, formHeight }, buttonFont)
-    , clock_(clock)
+    , run_(run)
 {
     Form_Load();
     QAction* about = MenuBar()->addAction(QStringLiteral("&Acerca de..."), this, &Form1::MnuAce_Click);
@@ -49,13 +35,8 @@ Form1::Form1(const Clock& clock)
 // The program ends with its menu, and so do the windows that are still open.
 Form1::~Form1()
 {
-    std::vector<QWidget*> windows;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window != this && window->testAttribute(Qt::WA_DeleteOnClose)) {
-            windows.push_back(window);
-        }
-    }
-    qDeleteAll(windows);
+    delete activity_;
+    delete run_.Shopping.Window; // unless it was the activity, and is null now
 }
 
 void Form1::Form_Load()
@@ -63,9 +44,11 @@ void Form1::Form_Load()
     const ButtonColumn column = LayOutButtonColumn(formHeight, static_cast<int>(Command1.size()));
     for (std::size_t i = 0; i < Command1.size(); ++i) {
         const int index = static_cast<int>(i);
-        Command1[i] = AddButton(Area(), QStringLiteral("Command1(%1)").arg(index), captions[i],
+        const bool opens = i < activities.size();
+        Command1[i] = AddButton(Area(), QStringLiteral("Command1(%1)").arg(index),
+            opens ? activities[i].Caption : QStringLiteral("S&alir"),
             { column.Left, column.Tops[i], buttonWidth, column.ButtonHeight }, buttonFont);
-        Command1[i]->SetBackColour(i + 1 < Command1.size() ? Qt::green : Qt::red);
+        Command1[i]->SetBackColour(opens ? Qt::green : Qt::red);
         connect(Command1[i], &QPushButton::clicked, this, [this, index] { Command1_Click(index); });
     }
 }
@@ -77,7 +60,8 @@ void Form1::Command1_Click(int index)
         return;
     }
     if (index >= 0 && index < static_cast<int>(activities.size())) {
-        showActivity(*activities[static_cast<std::size_t>(index)](clock_));
+        activity_ = activities[static_cast<std::size_t>(index)].Window(run_);
+        showActivity();
     } else if (index == static_cast<int>(Command1.size()) - 1) {
         close();
     }
@@ -90,13 +74,13 @@ void Form1::closeEvent(QCloseEvent* event)
     QApplication::quit();
 }
 
-void Form1::showActivity(FormWindow& window) const
+void Form1::showActivity() const
 {
-    if (window.isVisible()) {
-        BringToFront(window);
+    if (activity_->isVisible()) {
+        BringToFront(*activity_);
     } else {
-        window.OpenLike(*this);
-        window.ShowModally();
+        activity_->OpenLike(*this);
+        activity_->ShowModally();
     }
 }
 

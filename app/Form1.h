@@ -1,7 +1,9 @@
 #pragma once
 
-#include "common/core/TimeOfDay.h"
+#include "app/Activities.h"
 #include "common/screen/FormWindow.h"
+
+#include <QPointer>
 
 #include <array>
 
@@ -13,22 +15,23 @@ class CommandButton;
 // program. What an activity is, it does not know: it opens its window and waits, inert, until that closes.
 class Form1 : public FormWindow {
 public:
-    explicit Form1(const Clock& clock);
+    explicit Form1(ProgramRun& run); // which outlives it
     ~Form1() override;
 
     void Command1_Click(int index);
     void MnuAce_Click();
 
-    std::array<CommandButton*, 9> Command1 {};
+    std::array<CommandButton*, activities.size() + 1> Command1 {};
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void Form_Load();
-    void showActivity(FormWindow& window) const;
+    void showActivity() const;
 
-    const Clock& clock_;
+    ProgramRun& run_;
+    QPointer<FormWindow> activity_; // that was opened last; null once it is destroyed
 };
 
 } // namespace numbrela

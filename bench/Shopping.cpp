@@ -1,5 +1,6 @@
 #include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Form7.h"
+#include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/screen/ListBox.h"
 #include "bench/WindowTimes.h"
 #include "common/screen/CommandButton.h"
@@ -117,9 +118,9 @@ double timeVisit(Form7& form)
 void measureVisits(const Clock& clock, const char* caption, int longNames, double emptyWindow)
 {
     const QTemporaryDir folder;
-    const std::filesystem::path path = in(folder, "productos.dat");
-    SaveCatalogue(path, catalogueOf(shelfProducts, longNames));
-    Form7 form(clock, path);
+    Shop shop { in(folder, "productos.dat") };
+    SaveCatalogue(shop.Catalogue, catalogueOf(shelfProducts, longNames));
+    Form7 form(clock, shop);
     form.show();
     QApplication::processEvents();
     std::vector<double> times;
@@ -137,10 +138,10 @@ void measureVisits(const Clock& clock, const char* caption, int longNames, doubl
 void measureShop(const Clock& clock, double emptyWindow)
 {
     const QTemporaryDir folder;
-    const std::filesystem::path path = in(folder, "productos.dat");
-    SaveCatalogue(path, catalogueOf(shelfProducts));
+    Shop shop { in(folder, "productos.dat") };
+    SaveCatalogue(shop.Catalogue, catalogueOf(shelfProducts));
     const std::vector<double> opened = TimeOpenings([&] {
-        auto* form = new Form7(clock, path);
+        auto* form = new Form7(clock, shop);
         form->ShowModally();
         return form;
     });
@@ -214,14 +215,13 @@ double timeDeleting(DLGProductos& editor)
 void measureEditorOpening(const Clock& clock, double emptyWindow)
 {
     const QTemporaryDir folder;
-    const std::filesystem::path path = in(folder, "productos.dat");
-    SaveCatalogue(path, catalogueOf(MostProducts));
+    Shop shop { in(folder, "productos.dat") };
+    SaveCatalogue(shop.Catalogue, catalogueOf(MostProducts));
     std::vector<double> openings;
     for (int round = 0; round < Rounds(rounds); ++round) {
         const PaintWatch watch;
         const auto start = std::chrono::steady_clock::now();
-        DLGProductos editor(clock);
-        editor.Ruta = path;
+        DLGProductos editor(clock, shop);
         editor.Form_Load();
         editor.show();
         watch.WaitFor(&editor);
@@ -244,10 +244,9 @@ bool showsChangedProducts(const QAbstractItemModel& lines, int countBefore)
 void measureEditorChanges(const Clock& clock, double emptyWindow)
 {
     const QTemporaryDir folder;
-    const std::filesystem::path path = in(folder, "productos.dat");
-    SaveCatalogue(path, catalogueOf(MostProducts - 1));
-    DLGProductos editor(clock);
-    editor.Ruta = path;
+    Shop shop { in(folder, "productos.dat") };
+    SaveCatalogue(shop.Catalogue, catalogueOf(MostProducts - 1));
+    DLGProductos editor(clock, shop);
     editor.Form_Load();
     editor.show();
     QApplication::processEvents();

@@ -1,6 +1,7 @@
 #include "app/Activities.h"
 #include "app/Application.h"
 #include "app/Form1.h"
+#include "app/ProgramRun.h"
 #include "bench/WindowTimes.h"
 #include "common/screen/FormWindow.h"
 
@@ -10,7 +11,7 @@
 #include <QTest>
 
 // Prints how long an activity takes to open, and how long a key takes to show where the pupil writes, beside the same
-// for a window with nothing in it and for a plain text box of the toolkit's.
+// for a window with nothing in it and for a plain text box of Qt's.
 
 namespace numbrela::bench {
 
@@ -90,13 +91,13 @@ std::vector<double> timeKeyPresses(const OpenWindow& open, void (*makeRoom)(QWid
     return times;
 }
 
-struct Activity {
+struct OpenedActivity {
     std::size_t Index; // in the main menu
     const char* Opening;
 };
 
 // "La compra" is not among them: it needs a catalogue, and has a benchmark of its own.
-constexpr std::array<Activity, 7> openedActivities { {
+constexpr std::array<OpenedActivity, 7> openedActivities { {
     { 0, "open Sumas" },
     { 1, "open Restas" },
     { 2, "open Multiplicaciones" },
@@ -106,10 +107,10 @@ constexpr std::array<Activity, 7> openedActivities { {
     { 6, "open Colocar y sumar" },
 } };
 
-OpenWindow activity(std::size_t index, const Clock& clock)
+OpenWindow activity(std::size_t index, ProgramRun& run)
 {
-    return [index, &clock] {
-        FormWindow* form = activities[index](clock);
+    return [index, &run] {
+        FormWindow* form = activities[index].Window(run);
         form->ShowModally();
         return form;
     };
@@ -118,29 +119,29 @@ OpenWindow activity(std::size_t index, const Clock& clock)
 void run()
 {
     QApplication::setCursorFlashTime(0); // a caret that blinks is painted too, and is not what we wait for
-    const SystemClock clock;
+    ProgramRun run;
 
-    // The main menu stands behind an activity that a pupil opens, and has woken the toolkit's style and fonts.
+    // The main menu stands behind an activity that a pupil opens, and has woken Qt's style and fonts.
     const PaintWatch watch;
-    Form1 menu(clock);
+    Form1 menu(run);
     menu.show();
     watch.WaitFor(&menu);
 
     // The activities go first, so that their first time is the one that a pupil waits, with whatever is loaded late.
     std::vector<std::vector<double>> opened;
     opened.reserve(openedActivities.size());
-    for (const Activity& each : openedActivities) {
-        opened.push_back(TimeOpenings(activity(each.Index, clock)));
+    for (const OpenedActivity& each : openedActivities) {
+        opened.push_back(TimeOpenings(activity(each.Index, run)));
     }
     const double empty = Median(TimeOpenings(OpenEmptyWindow));
     Print({ "open Sumas for the first time", "ms", opened[0].front(), empty, 0, aimedOpening });
-    for (const Activity& each : openedActivities) {
+    for (const OpenedActivity& each : openedActivities) {
         Print({ each.Opening, "ms", Median(opened[each.Index]), empty, 0, aimedOpening });
     }
 
-    const double sums = Median(timeKeyPresses(activity(0, clock)));
-    const double product = Median(timeKeyPresses(activity(2, clock)));
-    const double grid = Median(timeKeyPresses(activity(3, clock), &goToFirstRow));
+    const double sums = Median(timeKeyPresses(activity(0, run)));
+    const double product = Median(timeKeyPresses(activity(2, run)));
+    const double grid = Median(timeKeyPresses(activity(3, run), &goToFirstRow));
     const double plain = Median(timeKeyPresses(openPlainTextBox));
     Print({ "type a digit in Sumas", "ms", sums, plain, 0, aimedKeyPress });
     Print({ "type a digit in Multiplicaciones", "ms", product, plain, 0, aimedKeyPress });

@@ -1,11 +1,11 @@
 #include "app/Application.h"
 
 #include "app/Form1.h"
+#include "app/ProgramRun.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
-#include "tests/support/FixedClock.h"
 
 #include <gtest/gtest.h>
 
@@ -187,8 +187,8 @@ TEST_F(ApplicationDeathTest, TheThousandthCheckOfAnExerciseEndsTheProgram)
 {
     EXPECT_EXIT(
         {
-            const FixedClock clock;
-            Form1 menu(clock);
+            ProgramRun run;
+            Form1 menu(run);
             ShowAndActivate(menu);
             ExpectMessage(QStringLiteral("Numbrela"),
                 textOf(

@@ -1,10 +1,8 @@
 #include "app/ButtonColumn.h"
 
-#include "common/core/RunTimeError.h"
+#include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
-
-#include <optional>
 
 namespace numbrela {
 
@@ -12,12 +10,7 @@ namespace {
 
 std::optional<RunTimeError::Kind> errorOf(Int16 formHeight, Int16 buttonCount)
 {
-    try {
-        LayOutButtonColumn(formHeight, buttonCount);
-    } catch (const RunTimeError& error) {
-        return error.ErrorKind();
-    }
-    return std::nullopt;
+    return testing::KindThrownBy([&] { LayOutButtonColumn(formHeight, buttonCount); });
 }
 
 // The whole number nearest to a quotient of positive whole numbers, found without a division that rounds.

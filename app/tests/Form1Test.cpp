@@ -1,7 +1,11 @@
 #include "app/Form1.h"
 
+#include "activities/divide/screen/Form5.h"
+#include "activities/divide/screen/WorkingGridBox.h"
+#include "activities/divide/tests/DivisionSupport.h"
 #include "app/Activities.h"
 #include "app/Application.h"
+#include "app/ProgramRun.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
@@ -11,16 +15,20 @@
 
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QCoreApplication>
+#include <QDialog>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
 
+#include <filesystem>
 #include <memory>
-#include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace numbrela {
@@ -35,12 +43,13 @@ const QColor red(255, 0, 0);
 class Form1Test : public ::testing::Test {
 protected:
     Form1Test()
-        : menu_(std::make_unique<Form1>(clock_))
+        : menu_(std::make_unique<Form1>(run_))
     {
         ShowAndActivate(*menu_);
         QCoreApplication::sendPostedEvents();
     }
 
+    ProgramRun& Run() { return run_; }
     Form1& Menu() { return *menu_; }
     void DestroyMenu() { menu_.reset(); }
 
@@ -83,7 +92,7 @@ protected:
     }
 
 private:
-    FixedClock clock_;
+    ProgramRun run_ { .Time = std::make_unique<FixedClock>() };
     std::unique_ptr<Form1> menu_;
 };
 
@@ -121,13 +130,6 @@ TEST_F(Form1Test, HasItsNameItsCaptionAndItsHeight)
 TEST_F(Form1Test, HasOneMenuItem)
 {
     ExpectMenus(Menu(), { "MnuAce &Acerca de..." });
-}
-
-TEST_F(Form1Test, EveryButtonCanBePressed)
-{
-    for (const CommandButton* button : Menu().Command1) {
-        EXPECT_TRUE(button->isEnabled()) << button->text().toStdString();
-    }
 }
 
 TEST_F(Form1Test, TheTabKeyGoesDownTheColumn)
@@ -207,28 +209,26 @@ class WayToOpenTest : public Form1Test, public ::testing::WithParamInterface<Way
 INSTANTIATE_TEST_SUITE_P(
     Form1, WayToOpenTest, ::testing::ValuesIn(waysToOpen), [](const auto& instance) { return instance.param.Name; });
 
-TEST_P(WayToOpenTest, SumasOpensTheAddition)
+TEST_P(WayToOpenTest, OpensTheActivityInItsOwnWindow)
 {
-    GetParam().Open(Menu(), 0, Qt::Key_S);
-    ASSERT_EQ(ActivityName(), "Form2");
-    EXPECT_EQ(OpenWindows(), 2);
-    EXPECT_TRUE(Activity()->isVisible());
-    EXPECT_EQ(Activity()->windowTitle().toStdString(), "SUMAS");
-    EXPECT_EQ(Activity()->windowModality(), Qt::ApplicationModal);
-    Close(*Activity());
-    EXPECT_EQ(OpenWindows(), 1);
-}
-
-TEST_P(WayToOpenTest, RestasOpensTheSubtraction)
-{
-    GetParam().Open(Menu(), 1, Qt::Key_R);
-    ASSERT_EQ(ActivityName(), "Form3");
-    EXPECT_EQ(OpenWindows(), 2);
-    EXPECT_TRUE(Activity()->isVisible());
-    EXPECT_EQ(Activity()->windowTitle().toStdString(), "RESTAS");
-    EXPECT_EQ(Activity()->windowModality(), Qt::ApplicationModal);
-    Close(*Activity());
-    EXPECT_EQ(OpenWindows(), 1);
+    struct Row {
+        int Index;
+        Qt::Key AccessKey;
+        const char* Name;
+        const char* Caption;
+    };
+    for (const Row& row : { Row { 0, Qt::Key_S, "Form2", "SUMAS" }, Row { 1, Qt::Key_R, "Form3", "RESTAS" } }) {
+        SCOPED_TRACE(row.Name);
+        ShowAndActivate(Menu());
+        GetParam().Open(Menu(), row.Index, row.AccessKey);
+        ASSERT_EQ(ActivityName(), row.Name);
+        EXPECT_EQ(OpenWindows(), 2);
+        EXPECT_TRUE(Activity()->isVisible());
+        EXPECT_EQ(Activity()->windowTitle().toStdString(), row.Caption);
+        EXPECT_EQ(Activity()->windowModality(), Qt::ApplicationModal);
+        Close(*Activity());
+        EXPECT_EQ(OpenWindows(), 1);
+    }
 }
 
 // Whatever the activity, its button opens one window of its own, with the menu inert behind it.
@@ -256,7 +256,7 @@ TEST_F(Form1Test, AnIndexThatNoButtonHasDoesNothing)
     }
 }
 
-TEST_F(Form1Test, IsInertWhileAnActivityIsOpen)
+TEST_F(Form1Test, IsInertWhileAnActivityIsOpenAndAliveAgainAfterwards)
 {
     ClickOnScreen(*Menu().Command1[0]);
     ASSERT_EQ(ActivityName(), "Form2");
@@ -273,6 +273,10 @@ TEST_F(Form1Test, IsInertWhileAnActivityIsOpen)
         EXPECT_EQ(OpenWindows(), 2);
     }
     Close(*Activity());
+    ClickOnScreen(*Menu().Command1[1]);
+    EXPECT_EQ(ActivityName(), "Form3");
+    ASSERT_NE(Activity(), nullptr);
+    Close(*Activity());
 }
 
 // Two access keys pressed in one breath: both buttons have been pressed before the first window is there.
@@ -284,17 +288,6 @@ TEST_F(Form1Test, OpensOneActivityAtATime)
     EXPECT_EQ(ActivityName(), "Form2");
     EXPECT_EQ(OpenWindows(), 2);
     EXPECT_TRUE(Menu().isVisible());
-    Close(*Activity());
-}
-
-TEST_F(Form1Test, IsAliveAgainWhenTheActivityIsClosed)
-{
-    ClickOnScreen(*Menu().Command1[0]);
-    ASSERT_EQ(ActivityName(), "Form2");
-    Close(*Activity());
-    ClickOnScreen(*Menu().Command1[1]);
-    EXPECT_EQ(ActivityName(), "Form3");
-    ASSERT_NE(Activity(), nullptr);
     Close(*Activity());
 }
 
@@ -366,6 +359,51 @@ TEST_F(Form1Test, BringsTheMinimisedActivityBackInsteadOfOpeningAnother)
     }
     Close(*sums);
 }
+
+// --- What outlasts the activities ------------------------------------------------------------------------------------
+
+TEST_F(Form1Test, TheTablesThatWereTickedAreTickedInTheNextWindowToo)
+{
+    EXPECT_EQ(Run().Tables, nullptr) << "nobody has asked for them";
+    for (const bool ticked : { false, true }) {
+        Click(Menu(), QStringLiteral("Command1(2)"));
+        ExpectDialog([ticked](QDialog& dialog) {
+            EXPECT_EQ(Find<QCheckBox>(dialog, QStringLiteral("Check1(6)")).isChecked(), ticked);
+            Find<QCheckBox>(dialog, QStringLiteral("Check1(6)")).setChecked(true);
+            Click(dialog, QStringLiteral("OKButton"));
+        });
+        Choose(*Activity(), QStringLiteral("MnuOpcSelLis(1)"));
+        Close(*Activity());
+    }
+}
+
+TEST_F(Form1Test, TheDivisionWritesItsRowsBehindTheCommaOfTheOneBefore)
+{
+    for (const bool shifted : { false, true }) {
+        Run().CommaShift = shifted;
+        Click(Menu(), QStringLiteral("Command1(3)"));
+        ShowAndActivate(*Activity());
+        Choose(*Activity(), QStringLiteral("MnuOpcDeDLis(0)"));
+        for (const auto& [key, number] : { std::pair(Qt::Key_F2, "84"), std::pair(Qt::Key_F3, "4") }) {
+            ExpectDialog([typed = number](QDialog& box) {
+                box.findChild<QLineEdit*>()->setText(QString::fromLatin1(typed));
+                box.accept();
+            });
+            Press(key);
+        }
+        Click(*Activity(), QStringLiteral("Command2(2)"));
+        EXPECT_EQ(rowsOf(dynamic_cast<Form5&>(*Activity()).Text1->Grid()).at(1), shifted ? "  04" : " 04");
+        Close(*Activity());
+    }
+}
+
+TEST(ProgramRun, ItsCatalogueStandsInTheFolderRecursosBesideTheProgram)
+{
+    EXPECT_EQ(CatalogueBesideProgram(),
+        std::filesystem::read_symlink("/proc/self/exe").parent_path() / "Recursos" / "productos.dat");
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
 
 class LargeMenuTest : public Form1Test, public ::testing::WithParamInterface<Qt::WindowState> { };
 

@@ -5,6 +5,6 @@
 int main(int argc, char** argv)
 {
     const numbrela::testing::HeadlessEnvironment environment;
-    numbrela::Application application(argc, argv);
-    return numbrela::testing::RunTests(application, argc, argv);
+    const numbrela::Application application(argc, argv);
+    return numbrela::testing::RunTests(argc, argv);
 }

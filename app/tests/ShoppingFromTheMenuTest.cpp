@@ -1,9 +1,9 @@
 #include "app/Form1.h"
 
-#include "activities/shopping/screen/DLGProductos.h"
-#include "activities/shopping/tests/CatalogueBesideProgram.h"
 #include "activities/shopping/tests/StillClocks.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
+#include "app/ProgramRun.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
 
@@ -24,84 +24,85 @@ using namespace testing;
 
 const QString laCompra = QStringLiteral("Command1(7)");
 
-std::vector<Form7*> shoppingWindows()
-{
-    std::vector<Form7*> windows;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* form = dynamic_cast<Form7*>(window); form != nullptr && form->isVisible()) {
-            windows.push_back(form);
-        }
-    }
-    return windows;
-}
-
 class ShoppingFromTheMenuTest : public ::testing::Test {
 protected:
-    ShoppingFromTheMenuTest() { ShowAndActivate(*menu_); }
+    ShoppingFromTheMenuTest()
+    {
+        SaveCatalogue(run_.Shopping.Catalogue, NumberedTable(7));
+        ShowAndActivate(*menu_);
+    }
+
+    Form7* shopping() const { return dynamic_cast<Form7*>(run_.Shopping.Window.data()); }
 
     // As somebody does it who looks into the catalogue editor and cancels.
     Form7* leaveShoppingBesideTheMenu()
     {
         Click(*menu_, laCompra);
-        shoppingWindows().at(0)->MnuOpcPro_Click();
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (auto* editor = dynamic_cast<DLGProductos*>(window)) {
-                editor->close();
-            }
-        }
-        return shoppingWindows().size() == 1 ? shoppingWindows()[0] : nullptr;
+        shopping()->MnuOpcPro_Click();
+        run_.Shopping.Window->close();
+        return shopping();
     }
 
-    const CatalogueBesideProgram catalogue_ { NumberedTable(7) };
-    const FixedClock clock_;
+    const TemporaryFolder folder_;
+    ProgramRun run_ { .Time = std::make_unique<FixedClock>(), .Shopping = { folder_ / "productos.dat" } };
     const StillClocks stillClocks_;
-    std::unique_ptr<Form1> menu_ = std::make_unique<Form1>(clock_);
+    std::unique_ptr<Form1> menu_ = std::make_unique<Form1>(run_);
 };
 
-TEST_F(ShoppingFromTheMenuTest, ItsButtonOpensTheWindowWithTheCatalogueBesideTheProgram)
+TEST_F(ShoppingFromTheMenuTest, ItsButtonOpensTheWindowWithTheCatalogueOfTheRun)
 {
     Click(*menu_, laCompra);
-    ASSERT_EQ(shoppingWindows().size(), 1U);
-    EXPECT_EQ(shoppingWindows()[0]->windowModality(), Qt::ApplicationModal);
-    EXPECT_EQ(shoppingWindows()[0]->Task().Catalogue.size(), 7U);
-    shoppingWindows()[0]->close();
+    ASSERT_NE(shopping(), nullptr);
+    EXPECT_EQ(shopping()->windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(shopping()->Task().Catalogue.size(), 7U);
+    shopping()->close();
 }
 
 TEST_F(ShoppingFromTheMenuTest, AWindowThatTheEditorHasLeftBesideTheMenuComesToTheFront)
 {
-    Form7* const shopping = leaveShoppingBesideTheMenu();
-    ASSERT_NE(shopping, nullptr);
-    EXPECT_EQ(shopping->windowModality(), Qt::NonModal);
-
-    ShowAndActivate(*menu_);
-    Click(*menu_, laCompra);
-    EXPECT_EQ(shoppingWindows(), std::vector<Form7*> { shopping });
-    EXPECT_TRUE(QTest::qWaitForWindowActive(shopping));
-    EXPECT_EQ(shopping->windowModality(), Qt::NonModal);
-
-    shopping->showMinimized();
-    ShowAndActivate(*menu_);
-    Click(*menu_, laCompra);
-    EXPECT_EQ(shoppingWindows(), std::vector<Form7*> { shopping });
-    EXPECT_FALSE(shopping->isMinimized());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(shopping));
+    Form7* const left = leaveShoppingBesideTheMenu();
+    ASSERT_NE(left, nullptr);
+    for (const bool minimised : { false, true }) {
+        if (minimised) {
+            left->showMinimized();
+        }
+        ShowAndActivate(*menu_);
+        Click(*menu_, laCompra);
+        EXPECT_EQ(shopping(), left) << "no other one was opened";
+        EXPECT_FALSE(left->isMinimized());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(left));
+        EXPECT_EQ(left->windowModality(), Qt::NonModal);
+    }
 }
 
 TEST_F(ShoppingFromTheMenuTest, AWindowThatIsOpenedBesideAMaximisedMenuIsMaximisedToo)
 {
     menu_->showMaximized();
-    Form7* const shopping = leaveShoppingBesideTheMenu();
-    ASSERT_NE(shopping, nullptr);
-    EXPECT_TRUE(shopping->isMaximized());
-    shopping->close();
+    Form7* const left = leaveShoppingBesideTheMenu();
+    ASSERT_NE(left, nullptr);
+    EXPECT_TRUE(left->isMaximized());
+    left->close();
     EXPECT_TRUE(menu_->isMaximized());
+}
+
+// Closed by the person, and opened again before it is destroyed.
+TEST_F(ShoppingFromTheMenuTest, AWindowThatWasClosedIsNotOpenedAgain)
+{
+    const QPointer<Form7> left = leaveShoppingBesideTheMenu();
+    ASSERT_NE(left, nullptr);
+    left->close();
+    Click(*menu_, laCompra);
+    ASSERT_NE(shopping(), nullptr);
+    EXPECT_NE(shopping(), left);
+    EXPECT_EQ(shopping()->windowModality(), Qt::ApplicationModal);
+    shopping()->close();
 }
 
 TEST_F(ShoppingFromTheMenuTest, TheProgramEndsWithTheMenuAlsoWhenAWindowIsOpenBesideIt)
 {
     for (const bool bySalir : { true, false }) {
-        const QPointer<Form7> shopping = leaveShoppingBesideTheMenu();
-        ASSERT_NE(shopping, nullptr);
+        const QPointer<Form7> left = leaveShoppingBesideTheMenu();
+        ASSERT_NE(left, nullptr);
         QTimer::singleShot(0, menu_.get(), [&] {
             if (bySalir) {
                 Click(*menu_, QStringLiteral("Command1(8)"));
@@ -111,17 +112,30 @@ TEST_F(ShoppingFromTheMenuTest, TheProgramEndsWithTheMenuAlsoWhenAWindowIsOpenBe
         });
         EXPECT_EQ(QApplication::exec(), 0);
         EXPECT_FALSE(menu_->isVisible());
-        EXPECT_TRUE(shopping == nullptr || !shopping->isVisible());
+        EXPECT_TRUE(left == nullptr || !left->isVisible());
         ShowAndActivate(*menu_);
     }
 }
 
 TEST_F(ShoppingFromTheMenuTest, WindowsThatAreStillOpenEndWithTheMenu)
 {
-    Click(*menu_, laCompra);
-    const QPointer<Form7> shopping = shoppingWindows().at(0);
+    const QPointer<Form7> left = leaveShoppingBesideTheMenu();
+    Click(*menu_, QStringLiteral("Command1(0)"));
+    const QPointer<QWidget> sums = QApplication::activeModalWidget();
+    ASSERT_NE(sums, nullptr);
     menu_.reset();
-    EXPECT_EQ(shopping, nullptr);
+    EXPECT_EQ(left, nullptr);
+    EXPECT_EQ(sums, nullptr);
+}
+
+TEST_F(ShoppingFromTheMenuTest, TheEditorEndsWithTheMenuToo)
+{
+    Click(*menu_, laCompra);
+    shopping()->MnuOpcPro_Click();
+    const QPointer<FormWindow> editor = run_.Shopping.Window;
+    ASSERT_NE(editor, nullptr);
+    menu_.reset();
+    EXPECT_EQ(editor, nullptr);
 }
 
 } // namespace

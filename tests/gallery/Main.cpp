@@ -2,7 +2,6 @@
 #include "tests/gallery/Gallery.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Harness.h"
-#include "tests/support/Warnings.h"
 
 #include <gtest/gtest.h>
 

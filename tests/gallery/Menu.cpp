@@ -1,4 +1,5 @@
 #include "app/Form1.h"
+#include "app/ProgramRun.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/support/Driver.h"
 
@@ -6,8 +7,8 @@ namespace numbrela::testing {
 
 void DrawMenu(Gallery& gallery)
 {
-    const SystemClock clock;
-    Form1 menu(clock);
+    ProgramRun run;
+    Form1 menu(run);
     ShowAndActivate(menu);
     gallery.Draw(menu, QStringLiteral("menu"));
     gallery.DrawNextBox(QStringLiteral("menu-about"));

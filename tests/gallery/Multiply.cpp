@@ -111,12 +111,13 @@ void drawTables(Gallery& gallery, Form4& form)
 void DrawMultiply(Gallery& gallery)
 {
     const FixedClock clock;
-    Form4 form(clock);
+    std::unique_ptr<Dialog> tables;
+    Form4 form(clock, tables);
     ShowAndActivate(form);
     drawWork(gallery, form);
     drawSolutions(gallery, form);
 
-    Form4 another(clock);
+    Form4 another(clock, tables);
     form.close();
     ShowAndActivate(another);
     drawTables(gallery, another);

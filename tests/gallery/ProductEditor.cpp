@@ -1,7 +1,8 @@
-#include "activities/shopping/catalogue/CatalogueSource.h"
 #include "activities/shopping/screen/DLGProductos.h"
+#include "activities/shopping/screen/Handover.h"
 #include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
+#include "tests/program/ShippedCatalogue.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
@@ -10,8 +11,6 @@
 #include <QListView>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <fstream>
 
 namespace numbrela::testing {
 
@@ -24,13 +23,10 @@ void clickLine(const DLGProductos& form, int line)
     QTest::mouseClick(form.List1->viewport(), Qt::LeftButton, {}, form.List1->visualRect(index).center());
 }
 
-void drawShippedCatalogue(Gallery& gallery, const Clock& clock, const std::filesystem::path& catalogue)
+void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
 {
-    std::ifstream text(SHOPPING_CATALOGUE_SOURCE);
-    SaveCatalogue(catalogue, ReadCatalogueSource(text));
-
-    DLGProductos form(clock);
-    form.Ruta = catalogue;
+    SaveShippedCatalogue(shop.Catalogue);
+    DLGProductos form(clock, shop);
     form.Form_Load();
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("products-fresh"));
@@ -54,17 +50,16 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, const std::files
     clickLine(form, 7);
     EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
 
-    SaveCatalogue(catalogue, ProductTable(1)); // as somebody else does
+    SaveCatalogue(shop.Catalogue, ProductTable(1)); // as somebody else does
     gallery.DrawNextBox(QStringLiteral("products-changed-by-others"));
     Click(form, QStringLiteral("OKButton"));
     form.hide();
 }
 
-void drawEmptyCatalogue(Gallery& gallery, const Clock& clock, const std::filesystem::path& catalogue)
+void drawEmptyCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
 {
-    SaveCatalogue(catalogue, ProductTable(1));
-    DLGProductos form(clock);
-    form.Ruta = catalogue;
+    SaveCatalogue(shop.Catalogue, ProductTable(1));
+    DLGProductos form(clock, shop);
     form.Form_Load();
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("products-empty"));
@@ -77,9 +72,9 @@ void DrawProductEditor(Gallery& gallery)
 {
     const FixedClock clock;
     const QTemporaryDir folder;
-    const std::filesystem::path catalogue = folder.filePath(QStringLiteral("productos.dat")).toStdString();
-    drawShippedCatalogue(gallery, clock, catalogue);
-    drawEmptyCatalogue(gallery, clock, catalogue);
+    Shop shop { folder.filePath(QStringLiteral("productos.dat")).toStdString() };
+    drawShippedCatalogue(gallery, clock, shop);
+    drawEmptyCatalogue(gallery, clock, shop);
 }
 
 } // namespace numbrela::testing

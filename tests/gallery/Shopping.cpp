@@ -1,15 +1,15 @@
-#include "activities/shopping/catalogue/CatalogueSource.h"
+#include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "tests/gallery/Gallery.h"
+#include "tests/program/ShippedCatalogue.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/FixedClock.h"
 
 #include <QDialog>
 
 #include <algorithm>
-#include <fstream>
 
 namespace numbrela::testing {
 
@@ -118,11 +118,10 @@ void DrawShopping(Gallery& gallery)
     const TemporaryFolder folder;
     const FixedClock clock({ 10, 12, 30, 36750 });
     const StillClocks stillClocks;
-    std::ifstream text(SHOPPING_CATALOGUE_SOURCE);
-    const std::filesystem::path catalogue = folder / "productos.dat";
-    SaveCatalogue(catalogue, ReadCatalogueSource(text));
+    Shop shop { folder / "productos.dat" };
+    SaveShippedCatalogue(shop.Catalogue);
     {
-        Form7 form(clock, catalogue);
+        Form7 form(clock, shop);
         ShowAndActivate(form);
         gallery.Draw(form, QStringLiteral("shopping-centre"));
         gallery.DrawMaximised(form, QStringLiteral("shopping-maximised"));
@@ -134,12 +133,13 @@ void DrawShopping(Gallery& gallery)
         drawLongColumn(gallery, form);
     }
     {
-        Form7 form(clock, catalogue);
+        Form7 form(clock, shop);
         ShowAndActivate(form);
         drawVerdict(gallery, form);
     }
     gallery.DrawNextBox(QStringLiteral("shopping-empty-catalogue-message"));
-    Form7 form(clock, folder / "none.dat");
+    shop.Catalogue = folder / "none.dat";
+    Form7 form(clock, shop);
     ShowAndAnswerBoxes(form);
     gallery.Draw(form, QStringLiteral("shopping-empty-catalogue"));
 }

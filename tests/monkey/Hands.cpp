@@ -1,6 +1,6 @@
 #include "tests/monkey/Hands.h"
 
-#include "tests/program/Program.h"
+#include "tests/support/Driver.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -15,19 +15,6 @@ namespace numbrela::testing {
 namespace {
 
 constexpr std::size_t mostHeldKeys = 3;
-
-// The platform without a display gives the focus to nobody when a box closes; a window manager gives it to the window
-// in front.
-QWindow* windowWithFocus()
-{
-    if (QGuiApplication::focusWindow() == nullptr) {
-        if (QWidget* front = Hands::Front()) {
-            front->window()->activateWindow();
-            QCoreApplication::processEvents();
-        }
-    }
-    return QGuiApplication::focusWindow();
-}
 
 // A place of a widget, in its window. The window may have changed its size since the place was chosen.
 QPoint placeIn(const QWindow& window, const QWidget& widget, QPoint place)
@@ -47,25 +34,10 @@ void mouse(QTest::MouseAction action, QWidget& widget, QPoint place, Qt::MouseBu
 
 } // namespace
 
-QWidget* Hands::Front()
-{
-    if (QWidget* popup = QApplication::activePopupWidget()) {
-        return popup;
-    }
-    if (QWidget* modal = QApplication::activeModalWidget()) {
-        return modal;
-    }
-    if (QWidget* active = QApplication::activeWindow()) {
-        return active;
-    }
-    const std::vector<QWidget*> windows = Program::Windows();
-    return windows.empty() ? nullptr : windows.back();
-}
-
 void Hands::send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated)
 {
     constexpr int once = 1;
-    if (QWindow* window = windowWithFocus()) {
+    if (QWindow* window = FocusWindow()) {
         const Qt::KeyboardModifiers all = key.Keypad ? with | Qt::KeypadModifier : with;
         const QString text = with.testFlag(Qt::ControlModifier) ? QString() : key.Text;
         QTest::simulateEvent(window, down, key.Code, all, text, repeated, once);
@@ -138,7 +110,7 @@ void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::Key
 {
     const QPointer<QWidget> alive = &widget;
     mouse(QTest::MousePress, widget, place, button, with);
-    if (QWidget* under = alive != nullptr ? alive.data() : Front()) {
+    if (QWidget* under = alive != nullptr ? alive.data() : FrontWindow()) {
         mouse(QTest::MouseRelease, *under, place, button, with);
     }
 }
@@ -156,7 +128,7 @@ void Hands::Drag(QWidget& widget, QPoint from, QPoint to)
     for (int step = 1; step <= steps && alive != nullptr; ++step) {
         mouse(QTest::MouseMove, *alive, from + (to - from) * step / steps, Qt::NoButton);
     }
-    if (QWidget* under = alive != nullptr ? alive.data() : Front()) {
+    if (QWidget* under = alive != nullptr ? alive.data() : FrontWindow()) {
         mouse(QTest::MouseRelease, *under, to, Qt::LeftButton);
     }
 }

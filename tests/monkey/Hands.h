@@ -13,7 +13,7 @@ class QWidget;
 namespace numbrela::testing {
 
 // A keyboard and a mouse, whose events go the way of real ones: to the window that has the focus, to the window under
-// the pointer, wherever the toolkit sends them from there. Keys may stay down while others are pressed.
+// the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed.
 class Hands {
 public:
     void Press(const Key& key, Qt::KeyboardModifiers with = Qt::NoModifier);
@@ -28,9 +28,6 @@ public:
     void Drag(QWidget& widget, QPoint from, QPoint to);
     void MoveTo(QWidget& widget, QPoint place);
     void Wheel(QWidget& widget, QPoint place, QPoint turn); // turn: eighths of a degree
-
-    // The window whose turn it is: an open menu, a modal box or window, or else the one that is in front.
-    static QWidget* Front();
 
 private:
     void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false);

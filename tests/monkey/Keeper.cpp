@@ -1,7 +1,6 @@
 #include "tests/monkey/Keeper.h"
 
 #include "tests/monkey/Ends.h"
-#include "tests/program/Installation.h"
 
 #include <poll.h>
 #include <sys/mman.h>
@@ -50,7 +49,6 @@ Keeper::~Keeper()
 bool Keeper::Run()
 {
     const auto start = std::chrono::steady_clock::now();
-    InstallCatalogue();
     Outcome outcome = Outcome::Ended;
     while (outcome == Outcome::Ended) {
         *progress_->EndKind.data() = '\0';
@@ -87,7 +85,7 @@ Keeper::Outcome Keeper::runProcess()
         if (play_(order_, *progress_)) {
             std::exit(EXIT_SUCCESS); // and the sanitizer looks for what has been lost
         }
-        // A toolkit that was built without clean-up for exceptions loses what it holds while an error passes through.
+        // Qt, which is built without clean-up for exceptions, loses what it holds while an error passes through.
         std::fflush(nullptr);
         std::_Exit(programEnded);
     }

@@ -1,10 +1,10 @@
+#include "activities/shopping/tests/TemporaryFolder.h"
 #include "app/Application.h"
 #include "tests/monkey/Keeper.h"
 #include "tests/monkey/Monkey.h"
-#include "tests/program/Installation.h"
+#include "tests/program/ShippedCatalogue.h"
 #include "tests/support/Arguments.h"
 #include "tests/support/Harness.h"
-#include "tests/support/Warnings.h"
 
 #include <QAccessible>
 #include <QHashSeed>
@@ -18,7 +18,7 @@ using namespace numbrela::testing;
 
 namespace {
 
-// What the toolkit would otherwise make different from run to run. A screen reader is there in every one, so that what
+// What Qt would otherwise make different from run to run. A screen reader is there in every one, so that what
 // is told to it is played with too.
 void leaveNothingToChance()
 {
@@ -33,7 +33,6 @@ bool play(const Order& order, Progress& progress)
 {
     qputenv("QT_NO_GLIB", "1"); // whose event loop sorts what is due in its own way
     const HeadlessEnvironment environment;
-    const LiveObjects objects;
     int argc = 1;
     std::string name = "numbrela_monkey";
     std::array<char*, 2> argv { name.data(), nullptr };
@@ -49,8 +48,10 @@ int usage()
     return 2;
 }
 
+} // namespace
+
 // Plays with each window, or the one that is named.
-int run(int argc, char** argv)
+int main(int argc, char** argv)
 {
     Order order;
     std::string window;
@@ -69,17 +70,13 @@ int run(int argc, char** argv)
     bool good = true;
     for (const Route& route : routes) {
         if (window.empty() || window == route.Window) {
+            const TemporaryFolder folder;
             order.Window = route;
+            order.Catalogue = folder / "productos.dat";
+            SaveShippedCatalogue(order.Catalogue);
             good = Keeper(order, play).Run() && good;
             ++played;
         }
     }
     return played == 0 ? usage() : good ? EXIT_SUCCESS : EXIT_FAILURE;
-}
-
-} // namespace
-
-int main(int argc, char** argv)
-{
-    return RunInstalled(argc, argv, &run);
 }

@@ -4,6 +4,7 @@
 #include "activities/shopping/screen/Form7.h"
 #include "tests/monkey/Ends.h"
 #include "tests/monkey/Shopper.h"
+#include "tests/support/Driver.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -27,6 +28,8 @@ namespace numbrela::testing {
 namespace {
 
 constexpr int secondsOfADay = 24 * 60 * 60;
+
+const Key enter { Qt::Key_Return, QStringLiteral("\r") };
 
 constexpr std::array<Qt::KeyboardModifiers, 7> modifiers {
     Qt::ShiftModifier,
@@ -85,12 +88,15 @@ std::vector<QAction*> menuItemsOf(const QWidget& window)
 } // namespace
 
 Monkey::Monkey(const Order& order, Progress& progress)
-    : order_(order)
+    : QObject(qApp)
+    , order_(order)
     , progress_(progress)
     , chance_(order.Seed, order.Window.Window, progress.Event)
+    , program_(order.Catalogue)
     , beat_(startTimer(0))
-    , atFirst_(alive())
 {
+    program_.Run().Tables = std::make_unique<Dialog>(); // is there already when what is alive is counted
+    atFirst_ = alive();
     qApp->installEventFilter(this);
 }
 
@@ -150,7 +156,7 @@ void Monkey::drawBreath()
 
 void Monkey::letTimersFire(int longest)
 {
-    for (QWidget* window : Program::Windows()) {
+    for (QWidget* window : WindowsOnScreen()) {
         timers_.LetFire(*window, longest);
     }
     timers_.LetFire(*qApp, longest); // tool tips
@@ -185,11 +191,11 @@ void Monkey::say(const QString& what) const
 // was made before a window that it stands over.
 QString Monkey::nameOfFront()
 {
-    if (Dialog::Instance().isVisible()) {
-        return Dialog::Instance().objectName();
+    if (program_.Run().Tables->isVisible()) {
+        return program_.Run().Tables->objectName();
     }
     QString name;
-    for (const QWidget* window : Program::Windows()) {
+    for (const QWidget* window : WindowsOnScreen()) {
         if (dynamic_cast<const FormWindow*>(window) != nullptr) {
             name = window->objectName();
         }
@@ -197,7 +203,7 @@ QString Monkey::nameOfFront()
     return name;
 }
 
-bool Monkey::isWantedThere() const
+bool Monkey::isWantedThere()
 {
     return nameOfFront() == QLatin1String(order_.Window.Window);
 }
@@ -228,9 +234,9 @@ void Monkey::doOneOf(const Acts& acts)
 
 void Monkey::step()
 {
-    static constexpr std::array<Act, 27> atWindow { {
-        { 120, "press a key", &Monkey::pressKey },
-        { 30, "press a navigation key", &Monkey::pressNavigationKey },
+    static constexpr std::array<Act, 25> atWindow { {
+        { 125, "press a key", &Monkey::pressKey },
+        { 35, "press a navigation key", &Monkey::pressNavigationKey },
         { 10, "press an access key", &Monkey::pressAccessKey },
         { 40, "type a number", &Monkey::typeNumber },
         { 10, "type wildly", &Monkey::typeWildly },
@@ -254,8 +260,6 @@ void Monkey::step()
         { 15, "let time pass", &Monkey::letTimePass },
         { 100, "shop", &Monkey::shop },
         { 5, "listen", &Monkey::listen },
-        { 5, "press a navigation key", &Monkey::pressNavigationKey },
-        { 5, "press a key", &Monkey::pressKey },
     } };
     static constexpr std::array<Act, 9> atMenu { {
         { 40, "press a navigation key", &Monkey::pressNavigationKey },
@@ -293,7 +297,7 @@ void Monkey::step()
     }
     chance_ = Chance(order_.Seed, order_.Window.Window, progress_.Event);
     if (order_.Log) {
-        const QWidget* front = Hands::Front();
+        const QWidget* front = FrontWindow();
         const QWidget* focus = QApplication::focusWidget();
         std::printf("%lld at %s, focus %s\n", static_cast<long long>(progress_.Event.load()),
             front == nullptr ? "nothing" : qUtf8Printable(nameOf(*front)),
@@ -331,7 +335,7 @@ void Monkey::closeAll()
 // The menu stays, and so does the dialog of the times tables, which is only hidden. What they own must not grow either.
 Census Monkey::alive()
 {
-    return LiveObjects::WindowsAndTimers({ &program_.Menu(), &Dialog::Instance() });
+    return objects_.WindowsAndTimers({ &program_.Menu(), program_.Run().Tables.get() });
 }
 
 void Monkey::expectNothingLeft()
@@ -368,7 +372,7 @@ void Monkey::noteEnd()
 
 QWidget* Monkey::anyControl()
 {
-    QWidget* front = Hands::Front();
+    QWidget* front = FrontWindow();
     std::vector<QWidget*> controls;
     for (QWidget* widget : front == nullptr ? QList<QWidget*>() : front->findChildren<QWidget*>()) {
         if (widget->isVisible() && widget->window() == front && !widget->size().isEmpty()) {
@@ -383,27 +387,27 @@ QPoint Monkey::anyPlaceIn(const QWidget& widget)
     return { chance_.Below(std::max(widget.width(), 1)), chance_.Below(std::max(widget.height(), 1)) };
 }
 
-void Monkey::pressKey()
+void Monkey::press(const Key& key, Qt::KeyboardModifiers with)
 {
-    constexpr int alone = 80; // times out of a hundred
-    const Key key = AnyKey(chance_);
-    const Qt::KeyboardModifiers with = chance_.Percent(alone) ? Qt::NoModifier : chance_.OneOf(modifiers);
     say(shown(key, with));
     hands_.Press(key, with);
 }
 
+void Monkey::pressKey()
+{
+    constexpr int alone = 80; // times out of a hundred
+    const Key key = AnyKey(chance_);
+    press(key, chance_.Percent(alone) ? Qt::NoModifier : chance_.OneOf(modifiers));
+}
+
 void Monkey::pressNavigationKey()
 {
-    const Key key = NavigationKey(chance_);
-    say(shown(key));
-    hands_.Press(key);
+    press(NavigationKey(chance_));
 }
 
 void Monkey::pressAccessKey()
 {
-    const Key key = KeyFor(QChar(u'a' + chance_.Below(26)));
-    say(shown(key, Qt::AltModifier));
-    hands_.Press(key, Qt::AltModifier);
+    press(KeyFor(QChar(u'a' + chance_.Below(26))), Qt::AltModifier);
 }
 
 void Monkey::typeNumber()
@@ -448,19 +452,26 @@ void Monkey::letGoOfKey()
     hands_.LetGo();
 }
 
-void Monkey::clickControl()
+void Monkey::atAnyControl(const std::function<void(QWidget& control, QPoint place)>& act)
 {
     if (QWidget* control = anyControl()) {
-        const Qt::KeyboardModifiers with = chance_.Percent(95) ? Qt::NoModifier : chance_.OneOf(modifiers);
-        const QPoint place = control->rect().center();
-        say(nameOf(*control));
-        hands_.Click(*control, place, Qt::LeftButton, with);
+        const QPoint place = anyPlaceIn(*control);
+        say(nameOf(*control) + shown(place));
+        act(*control, place);
     }
+}
+
+void Monkey::clickControl()
+{
+    atAnyControl([this](QWidget& control, QPoint /*place*/) {
+        const Qt::KeyboardModifiers with = chance_.Percent(95) ? Qt::NoModifier : chance_.OneOf(modifiers);
+        hands_.Click(control, control.rect().center(), Qt::LeftButton, with);
+    });
 }
 
 void Monkey::clickAnywhere()
 {
-    if (QWidget* front = Hands::Front()) {
+    if (QWidget* front = FrontWindow()) {
         const QPoint place = anyPlaceIn(*front);
         say(nameOf(*front) + shown(place));
         hands_.Click(*front, place, Qt::LeftButton);
@@ -469,55 +480,42 @@ void Monkey::clickAnywhere()
 
 void Monkey::clickWithAnotherButton()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint place = anyPlaceIn(*control);
+    atAnyControl([this](QWidget& control, QPoint place) {
         const Qt::MouseButton button = chance_.Percent(80) ? Qt::RightButton : Qt::MiddleButton;
-        say(nameOf(*control) + shown(place) + QLatin1String(button == Qt::RightButton ? " right" : " middle"));
-        hands_.Click(*control, place, button);
-    }
+        say(QLatin1String(button == Qt::RightButton ? "right" : "middle"));
+        hands_.Click(control, place, button);
+    });
 }
 
 void Monkey::doubleClick()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint place = anyPlaceIn(*control);
-        say(nameOf(*control) + shown(place));
-        hands_.DoubleClick(*control, place);
-    }
+    atAnyControl([this](QWidget& control, QPoint place) { hands_.DoubleClick(control, place); });
 }
 
 void Monkey::drag()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint from = anyPlaceIn(*control);
-        const QPoint to = control->mapFrom(control->window(), anyPlaceIn(*control->window()));
-        say(nameOf(*control) + shown(from) + QLatin1String(" to ") + shown(to));
-        hands_.Drag(*control, from, to);
-    }
+    atAnyControl([this](QWidget& control, QPoint from) {
+        const QPoint to = control.mapFrom(control.window(), anyPlaceIn(*control.window()));
+        say(QLatin1String("to ") + shown(to));
+        hands_.Drag(control, from, to);
+    });
 }
 
 void Monkey::hover()
 {
-    if (QWidget* control = anyControl()) {
-        const QPoint place = anyPlaceIn(*control);
-        say(nameOf(*control) + shown(place));
-        hands_.MoveTo(*control, place);
-    }
+    atAnyControl([this](QWidget& control, QPoint place) { hands_.MoveTo(control, place); });
 }
 
 void Monkey::turnWheel()
 {
     constexpr std::array<QPoint, 4> turns { { { 0, 120 }, { 0, -120 }, { 120, 0 }, { 0, -2400 } } };
-    if (QWidget* control = anyControl()) {
-        const QPoint turn = chance_.OneOf(turns);
-        say(nameOf(*control) + shown(turn));
-        hands_.Wheel(*control, control->rect().center(), turn);
-    }
+    atAnyControl(
+        [this, &turns](QWidget& control, QPoint place) { hands_.Wheel(control, place, chance_.OneOf(turns)); });
 }
 
 void Monkey::chooseMenuItem()
 {
-    const QWidget* front = Hands::Front();
+    const QWidget* front = FrontWindow();
     const std::vector<QAction*> items = front == nullptr ? std::vector<QAction*>() : menuItemsOf(*front);
     if (!items.empty()) {
         QAction* item = chance_.OneOf(items);
@@ -528,7 +526,7 @@ void Monkey::chooseMenuItem()
 
 void Monkey::openMenu()
 {
-    const QWidget* front = Hands::Front();
+    const QWidget* front = FrontWindow();
     auto* bar = front == nullptr ? nullptr : front->findChild<QMenuBar*>();
     if (bar != nullptr && bar->isVisible() && !bar->actions().isEmpty()) {
         hands_.Click(*bar, bar->actionGeometry(chance_.OneOf(bar->actions())).center(), Qt::LeftButton);
@@ -548,7 +546,7 @@ void Monkey::clickMenuItem()
 void Monkey::resizeWindow()
 {
     constexpr int largest = 2000; // pixels: more than the screen has
-    if (QWidget* front = Hands::Front()) {
+    if (QWidget* front = FrontWindow()) {
         const QSize size(chance_.Below(largest), chance_.Below(largest));
         say(nameOf(*front) + shown(QPoint(size.width(), size.height())));
         front->resize(size);
@@ -560,7 +558,7 @@ void Monkey::changeWindowState()
 {
     constexpr std::array<Qt::WindowState, 4> states { Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen,
         Qt::WindowMinimized };
-    if (QWidget* front = Hands::Front()) {
+    if (QWidget* front = FrontWindow()) {
         const Qt::WindowState state = chance_.OneOf(states);
         say(nameOf(*front) + u' ' + QString::number(state));
         front->setWindowState(state);
@@ -573,7 +571,7 @@ void Monkey::changeWindowState()
 
 void Monkey::closeWindow()
 {
-    if (QWidget* front = Hands::Front(); front != nullptr && front->windowHandle() != nullptr) {
+    if (QWidget* front = FrontWindow(); front != nullptr && front->windowHandle() != nullptr) {
         say(nameOf(*front));
         front->windowHandle()->close();
     }
@@ -581,7 +579,7 @@ void Monkey::closeWindow()
 
 void Monkey::goToAnotherWindow()
 {
-    const std::vector<QWidget*> windows = Program::Windows();
+    const std::vector<QWidget*> windows = WindowsOnScreen();
     if (!windows.empty()) {
         QWidget* window = chance_.OneOf(windows);
         say(nameOf(*window));
@@ -600,8 +598,8 @@ void Monkey::letTimePass()
 
 void Monkey::shop()
 {
-    if (const auto* form = dynamic_cast<Form7*>(Hands::Front())) {
-        ShopOn(*form, hands_, chance_);
+    if (const auto* form = dynamic_cast<Form7*>(FrontWindow())) {
+        ShopOn(*form, chance_);
     } else {
         clickControl();
     }
@@ -629,7 +627,7 @@ void Monkey::answerSensibly()
         const QString answer = SensibleAnswer(box->labelText(), chance_);
         say(shown(answer));
         box->setTextValue(answer);
-        hands_.Press({ Qt::Key_Return, QStringLiteral("\r") });
+        hands_.Press(enter);
     } else {
         pressBoxButton();
     }
@@ -644,7 +642,7 @@ void Monkey::answerWildly()
             line->selectAll();
             hands_.Paste(answer);
         }
-        hands_.Press({ Qt::Key_Return, QStringLiteral("\r") });
+        hands_.Press(enter);
     } else {
         pressBoxButton();
     }
@@ -653,7 +651,7 @@ void Monkey::answerWildly()
 void Monkey::pressBoxButton()
 {
     std::vector<QAbstractButton*> buttons;
-    if (const QWidget* front = Hands::Front()) {
+    if (const QWidget* front = FrontWindow()) {
         for (QAbstractButton* button : front->findChildren<QAbstractButton*>()) {
             if (button->isVisible()) {
                 buttons.push_back(button);

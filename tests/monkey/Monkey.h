@@ -8,7 +8,7 @@
 
 #include <QObject>
 
-#include <optional>
+#include <functional>
 #include <string>
 
 class QDialog;
@@ -51,13 +51,15 @@ private:
     template <typename Acts>
     void doOneOf(const Acts& acts);
     void say(const QString& what) const;
-    static QString nameOfFront();
-    bool isWantedThere() const;
+    QString nameOfFront();
+    bool isWantedThere();
     QWidget* anyControl();
     QPoint anyPlaceIn(const QWidget& widget);
     template <typename Box>
     Box* frontBox() const;
 
+    void press(const Key& key, Qt::KeyboardModifiers with = Qt::NoModifier);
+    void atAnyControl(const std::function<void(QWidget& control, QPoint place)>& act);
     void pressKey();
     void pressNavigationKey();
     void pressAccessKey();
@@ -92,10 +94,11 @@ private:
     Progress& progress_;
     Chance chance_;
     StoppedTimers timers_;
+    LiveObjects objects_;
     Program program_;
     Hands hands_;
     int beat_; // the timer that is due when an event loop has nothing else to do
-    const Census atFirst_;
+    Census atFirst_;
     bool finished_ = false;
     int busyLevel_ = 0; // the innermost event loop in which an event is happening
 };

@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <filesystem>
 
 namespace numbrela::testing {
 
@@ -13,6 +14,7 @@ struct Order {
     std::int64_t Seed = 1;
     std::int64_t Events = 2000;
     Route Window;
+    std::filesystem::path Catalogue; // that the shopping activity sells from and its editor writes to
     bool Log = false;
 };
 

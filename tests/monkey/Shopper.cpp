@@ -3,19 +3,13 @@
 #include "activities/shopping/screen/Form7.h"
 #include "activities/shopping/screen/ListBox.h"
 #include "activities/shopping/tests/ShopWalk.h"
-#include "common/screen/TextBox.h"
-#include "tests/monkey/Hands.h"
+#include "tests/monkey/Texts.h"
 
 #include <algorithm>
 
 namespace numbrela::testing {
 
 namespace {
-
-void click(QWidget& button, Hands& hands)
-{
-    hands.Click(button, button.rect().center(), Qt::LeftButton);
-}
 
 const ShoppingItem* nextWanted(const Form7& form)
 {
@@ -24,16 +18,16 @@ const ShoppingItem* nextWanted(const Form7& form)
     return wanted == list.end() ? nullptr : &*wanted;
 }
 
-void walk(const Form7& form, Hands& hands, Chance& chance)
+void walk(const Form7& form, Chance& chance)
 {
     const ShoppingItem* wanted = nextWanted(form);
     if (wanted == nullptr) {
-        click(*form.CBVolver, hands);
+        Click(form, QStringLiteral("CBVolver"));
         return;
     }
     const auto shop = std::find_if(form.CBTienda.begin(), form.CBTienda.end(),
         [wanted](const CommandButton* button) { return button->text().toStdString() == wanted->Tienda.Trimmed(); });
-    click(shop == form.CBTienda.end() ? *chance.OneOf(form.CBTienda) : **shop, hands);
+    GoInto(form, (shop == form.CBTienda.end() ? chance.OneOf(form.CBTienda) : *shop)->text());
 }
 
 bool isInBasket(const Form7& form, int product)
@@ -43,54 +37,48 @@ bool isInBasket(const Form7& form, int product)
         basket.begin(), basket.end(), [product](const ShoppingItem& item) { return item.Product == product; });
 }
 
-void fillBasket(const Form7& form, Hands& hands, Chance& chance)
+void fillBasket(const Form7& form, Chance& chance)
 {
     for (const ShoppingItem& wanted : form.Task().ShoppingList) {
-        const auto lines
-            = form.LIDisponibles->findItems(QString::fromStdString(wanted.Nombre.Trimmed()), Qt::MatchExactly);
+        const QString name = QString::fromStdString(wanted.Nombre.Trimmed());
+        const auto lines = form.LIDisponibles->findItems(name, Qt::MatchExactly);
         if (!lines.isEmpty() && wanted.Units > 0 && !isInBasket(form, wanted.Product)) {
-            form.LIDisponibles->scrollToItem(lines.front());
-            const QPoint place = form.LIDisponibles->visualItemRect(lines.front()).center();
-            for (int unit = 0; unit < wanted.Units; ++unit) {
-                hands.DoubleClick(*form.LIDisponibles->viewport(), place);
+            const int units = wanted.Units;
+            for (int unit = 0; unit < units; ++unit) {
+                TakeFromShelf(form, name);
             }
             return;
         }
     }
     if (chance.Percent(90)) {
-        click(*form.CbContinuar, hands);
+        PressContinue(form);
     }
 }
 
-void pay(const Form7& form, float right, Hands& hands, Chance& chance)
+void pay(const Form7& form, float right, Chance& chance)
 {
-    const QString answer = chance.Percent(80) ? Written(right) : SensibleNumber(chance);
-    QString lastDigitFirst;
-    for (const QChar character : answer) {
-        lastDigitFirst.prepend(character);
-    }
-    click(*form.TbResultado, hands);
-    hands.Press(KeyFor(u'a'), Qt::ControlModifier);
-    hands.Press({ Qt::Key_Delete });
-    hands.Type(lastDigitFirst);
-    click(*form.CbContinuar, hands);
+    Click(form, QStringLiteral("TbResultado"));
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    TypeResult(chance.Percent(80) ? Written(right) : SensibleNumber(chance));
+    PressContinue(form);
 }
 
 } // namespace
 
-void ShopOn(const Form7& form, Hands& hands, Chance& chance)
+void ShopOn(const Form7& form, Chance& chance)
 {
     const ShoppingTask& task = form.Task();
     if (form.Frame2->isVisible()) {
-        walk(form, hands, chance);
+        walk(form, chance);
     } else if (task.PayStep == 1) {
-        fillBasket(form, hands, chance);
+        fillBasket(form, chance);
     } else if (task.PayStep == 2) {
-        pay(form, task.BasketTotal, hands, chance);
+        pay(form, task.BasketTotal, chance);
     } else if (task.PayStep == 3) {
-        pay(form, task.NotesGiven - task.AmountPaid, hands, chance);
+        pay(form, task.NotesGiven - task.AmountPaid, chance);
     } else {
-        click(*form.CbContinuar, hands);
+        PressContinue(form);
     }
 }
 

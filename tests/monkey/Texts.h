@@ -8,7 +8,7 @@ namespace numbrela::testing {
 
 // A key of the keyboard and what it writes.
 struct Key {
-    int Code = 0; // the toolkit's
+    int Code = 0; // Qt's
     QString Text = {};
     bool Keypad = false;
 };

@@ -6,45 +6,14 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <algorithm>
-#include <mutex>
-#include <stdexcept>
-#include <unordered_set>
+#include <QWindow>
 
-// The toolkit's hooks for tools that look into a running program: it calls the functions that are put there for each
-// object that is made and destroyed. No header declares them; the places in the table are the same in all of Qt 6.
-// NOLINTNEXTLINE(modernize-avoid-c-arrays): so it is
-extern Q_CORE_EXPORT quintptr qtHookData[];
+#include <algorithm>
+#include <set>
 
 namespace numbrela::testing {
 
 namespace {
-
-constexpr int addObjectHook = 3;
-constexpr int removeObjectHook = 4;
-
-struct Registry {
-    std::mutex Lock; // the toolkit may have threads of its own
-    std::unordered_set<const QObject*> Objects;
-};
-
-Registry& registry()
-{
-    static Registry theRegistry;
-    return theRegistry;
-}
-
-void add(QObject* object)
-{
-    const std::lock_guard guard(registry().Lock);
-    registry().Objects.insert(object);
-}
-
-void remove(QObject* object)
-{
-    const std::lock_guard guard(registry().Lock);
-    registry().Objects.erase(object);
-}
 
 std::string nameOf(const QObject& object)
 {
@@ -69,7 +38,7 @@ bool isWindowOrTimer(const QObject& object)
     return isWindow || qobject_cast<const QTimer*>(&object) != nullptr;
 }
 
-// The toolkit makes and removes parts of what stays, and lets them wait for a moment: buttons that go up again, menus.
+// Qt makes and removes parts of what stays, and lets them wait for a moment: buttons that go up again, menus.
 bool isPartOf(const std::vector<const QObject*>& kept, const QObject& object)
 {
     return isWithin(object.parent(), kept) && !isWindowOrTimer(object);
@@ -82,9 +51,9 @@ bool isGround(const QObject& object)
     return widget != nullptr && widget->windowType() == Qt::Desktop;
 }
 
-// The toolkit's caches of fonts and pictures, which are nobody's children, empty themselves now and then, and its
+// Qt's caches of fonts and pictures, which are nobody's children, empty themselves now and then, and its
 // application object waits with the tool tip of what is under the pointer, and until it is forgotten.
-bool isTheToolkitsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
+bool isQtsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QObject& owner)
 {
     constexpr int shortestOfCaches = 10000; // milliseconds
     const bool isCache = owner.parent() == nullptr && !owner.isWidgetType() && timer.interval >= shortestOfCaches;
@@ -92,15 +61,6 @@ bool isTheToolkitsOwn(const QAbstractEventDispatcher::TimerInfo& timer, const QO
         && (timer.interval == QApplication::style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay)
             || timer.interval == QApplication::style()->styleHint(QStyle::SH_ToolTip_FallAsleepDelay));
     return isCache || isToolTip;
-}
-
-template <typename Look>
-void lookAtEach(Look look)
-{
-    const std::lock_guard guard(registry().Lock);
-    for (const QObject* object : registry().Objects) {
-        look(*object);
-    }
 }
 
 } // namespace
@@ -120,40 +80,61 @@ std::string Growth(const Census& before, const Census& after)
 
 LiveObjects::LiveObjects()
 {
-    if (qtHookData[addObjectHook] != 0) {
-        throw std::logic_error("somebody is watching the objects already");
-    }
-    qtHookData[addObjectHook] = reinterpret_cast<quintptr>(&add);
-    qtHookData[removeObjectHook] = reinterpret_cast<quintptr>(&remove);
+    qApp->installEventFilter(this);
 }
 
-LiveObjects::~LiveObjects()
+bool LiveObjects::eventFilter(QObject* receiver, QEvent* event)
 {
-    qtHookData[addObjectHook] = 0;
-    qtHookData[removeObjectHook] = 0;
-    registry().Objects.clear();
+    if (event->type() == QEvent::Timer && receiver->parent() == nullptr && !receiver->isWidgetType()
+        && std::find(nobodys_.begin(), nobodys_.end(), receiver) == nobodys_.end()) {
+        nobodys_.erase(std::remove(nobodys_.begin(), nobodys_.end(), nullptr), nobodys_.end());
+        nobodys_.emplace_back(receiver);
+    }
+    return false;
 }
 
-Census LiveObjects::Everything()
+template <typename Look>
+void LiveObjects::lookAtEach(Look look) const
+{
+    std::vector<QObject*> roots { qApp, QAbstractEventDispatcher::instance() };
+    const QWidgetList widgets = QApplication::allWidgets();
+    roots.insert(roots.end(), widgets.begin(), widgets.end());
+    const QWindowList windows = QGuiApplication::allWindows();
+    roots.insert(roots.end(), windows.begin(), windows.end());
+    std::copy_if(nobodys_.begin(), nobodys_.end(), std::back_inserter(roots),
+        [](const QObject* object) { return object != nullptr; });
+    std::set<QObject*> seen;
+    for (QObject* root : roots) {
+        if (seen.insert(root).second) {
+            look(*root);
+            for (QObject* object : root->findChildren<QObject*>()) {
+                if (seen.insert(object).second) {
+                    look(*object);
+                }
+            }
+        }
+    }
+}
+
+Census LiveObjects::Everything() const
 {
     Census census;
     lookAtEach([&census](const QObject& object) { ++census[nameOf(object)]; });
     return census;
 }
 
-Census LiveObjects::WindowsAndTimers(const std::vector<const QObject*>& kept)
+Census LiveObjects::WindowsAndTimers(const std::vector<const QObject*>& kept) const
 {
     Census census;
-    lookAtEach([&census, &kept](const QObject& object) {
+    lookAtEach([&census, &kept](QObject& object) {
         if (isPartOf(kept, object) || isGround(object)) {
             return;
         }
         if (object.isWidgetType() || qobject_cast<const QTimer*>(&object) != nullptr) {
             ++census[nameOf(object)];
         }
-        auto* owner = const_cast<QObject*>(&object); // it is only asked, but the dispatcher wants it so
-        for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(owner)) {
-            if (!isTheToolkitsOwn(timer, object)) {
+        for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&object)) {
+            if (!isQtsOwn(timer, object)) {
                 ++census["a timer of " + std::to_string(timer.interval) + " ms of " + nameOf(object)];
             }
         }

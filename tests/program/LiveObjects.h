@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 #include <map>
 #include <string>
@@ -14,19 +15,25 @@ using Census = std::map<std::string, int>;
 // What has been made since one census and is still there: "QTimer ×2, Form7(Form7)"; empty when there is nothing.
 std::string Growth(const Census& before, const Census& after);
 
-// Knows every object of the toolkit's that is alive, also those that have no parent. There is one at a time.
-class LiveObjects {
+// Finds the objects of Qt's that are alive: the application, every widget and window, and all that belongs to one of
+// these. What belongs to nobody is found when it has had a timer fire since this was made.
+class LiveObjects : public QObject {
 public:
     LiveObjects();
-    ~LiveObjects();
-    LiveObjects(const LiveObjects&) = delete;
-    LiveObjects& operator=(const LiveObjects&) = delete;
 
     // Every object by its class and, where it has one, its name.
-    static Census Everything();
+    Census Everything() const;
 
     // Windows and what is in them, timers, and who has a timer running; in `kept`, windows and timers alone.
-    static Census WindowsAndTimers(const std::vector<const QObject*>& kept);
+    Census WindowsAndTimers(const std::vector<const QObject*>& kept) const;
+
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    template <typename Look>
+    void lookAtEach(Look look) const;
+
+    std::vector<QPointer<QObject>> nobodys_;
 };
 
 } // namespace numbrela::testing

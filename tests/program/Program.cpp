@@ -1,27 +1,30 @@
 #include "tests/program/Program.h"
 
 #include "common/screen/CommandButton.h"
+#include "tests/support/Driver.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QWindow>
+
+#include <utility>
 
 namespace numbrela::testing {
 
-Program::Program()
+Program::Program(std::filesystem::path catalogue)
+    : run_ { .Time = std::unique_ptr<const Clock>(clock_), .Shopping = { std::move(catalogue) } }
 {
     StartAgain();
 }
 
 void Program::SetTime(int seconds)
 {
-    clock_.Time = { seconds / 3600, seconds / 60 % 60, seconds % 60, static_cast<double>(seconds) };
+    clock_->Time = { seconds / 3600, seconds / 60 % 60, seconds % 60, static_cast<double>(seconds) };
 }
 
 void Program::StartAgain()
 {
     menu_.reset();
-    menu_ = std::make_unique<Form1>(clock_);
+    menu_ = std::make_unique<Form1>(run_);
     menu_->show();
     menu_->activateWindow();
     Settle();
@@ -44,7 +47,7 @@ void Program::CloseAll()
 {
     for (bool closed = true; closed;) {
         closed = false;
-        for (QWidget* window : Windows()) {
+        for (QWidget* window : WindowsOnScreen()) {
             if (window != menu_.get() && window->isVisible()) {
                 closed = window->close() || closed;
             }
@@ -53,22 +56,9 @@ void Program::CloseAll()
     }
 }
 
-// The toolkit's own list of widgets has an order by chance.
-std::vector<QWidget*> Program::Windows()
-{
-    std::vector<QWidget*> windows;
-    for (const QWindow* window : QGuiApplication::topLevelWindows()) {
-        if (QWidget* widget = window->handle() != nullptr ? QWidget::find(window->winId()) : nullptr;
-            widget != nullptr && widget->isVisible()) {
-            windows.push_back(widget);
-        }
-    }
-    return windows;
-}
-
 QWidget* Program::Window(const QString& name)
 {
-    for (QWidget* window : Windows()) {
+    for (QWidget* window : WindowsOnScreen()) {
         if (window->objectName() == name) {
             return window;
         }

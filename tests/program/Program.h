@@ -1,15 +1,14 @@
 #pragma once
 
 #include "app/Form1.h"
+#include "app/ProgramRun.h"
 #include "tests/support/FixedClock.h"
 
 #include <QString>
 
 #include <array>
+#include <filesystem>
 #include <memory>
-#include <vector>
-
-class QAction;
 
 namespace numbrela::testing {
 
@@ -38,14 +37,15 @@ inline constexpr std::array<Route, 11> routes { {
 // The program as it runs: its main menu, with a clock that stands, and what is open beside it.
 class Program {
 public:
-    Program();
+    explicit Program(std::filesystem::path catalogue = {});
 
     // Sets the clock, by the seconds since midnight.
     void SetTime(int seconds);
 
+    ProgramRun& Run() { return run_; }
     Form1& Menu() { return *menu_; }
 
-    // Starts again with a new menu, as the next run of the program would.
+    // Starts again with a new menu.
     void StartAgain();
 
     // Goes the way to a window, from the main menu. Returns at once, but for "Dialog": when that has been closed.
@@ -54,17 +54,15 @@ public:
     // Closes every window but the menu, whatever opens in its place, and destroys them.
     void CloseAll();
 
-    // The windows on the screen in the order in which they were made.
-    static std::vector<QWidget*> Windows();
-
     // The window on the screen with this name; null when there is none.
     static QWidget* Window(const QString& name);
 
-    // Lets the toolkit do all that waits to be done.
+    // Lets Qt do all that waits to be done.
     static void Settle();
 
 private:
-    FixedClock clock_;
+    FixedClock* clock_ = new FixedClock; // the run's
+    ProgramRun run_;
     std::unique_ptr<Form1> menu_;
 };
 

@@ -1,14 +1,14 @@
 #include "activities/multiply/screen/Dialog.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
 #include "app/Application.h"
-#include "tests/program/Installation.h"
 #include "tests/program/LiveObjects.h"
 #include "tests/program/Program.h"
+#include "tests/program/ShippedCatalogue.h"
 #include "tests/soak/Exercises.h"
 #include "tests/soak/Memory.h"
 #include "tests/support/Arguments.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Harness.h"
-#include "tests/support/Warnings.h"
 
 #include <gtest/gtest.h>
 
@@ -37,24 +37,24 @@ bool isLittle(long drift, const Order& order)
     return order.Memory == 0 || drift < order.Memory;
 }
 
-// Does the same thing many times, after some times that make everything that the toolkit makes once and keeps, and says
+// Does the same thing many times, after some times that make everything that Qt makes once and keeps, and says
 // what has grown. Whether nothing has; what the memory has grown by is added to that of all.
-bool isSteady(const std::string& what, std::int64_t times, const Order& order, long& driftOfAll,
-    const std::function<void(int)>& doOnce)
+bool isSteady(const LiveObjects& objects, const std::string& what, std::int64_t times, const Order& order,
+    long& driftOfAll, const std::function<void(int)>& doOnce)
 {
     const std::int64_t warmUp = std::max<std::int64_t>(times / 10, 10);
     int number = 0;
     while (number < warmUp) {
         doOnce(number++);
     }
-    const Census before = LiveObjects::Everything();
+    const Census before = objects.Everything();
     const long memoryBefore = HeldMemory();
     while (number < warmUp + times) {
         doOnce(number++);
     }
     const long drift = HeldMemory() - memoryBefore;
     driftOfAll += drift;
-    const std::string left = Growth(before, LiveObjects::Everything());
+    const std::string left = Growth(before, objects.Everything());
 
     std::printf("%-24s %6lld times", what.c_str(), static_cast<long long>(times));
     if (order.Memory > 0) {
@@ -105,16 +105,16 @@ void practise(Program& program, const Practice& practice, int number)
     practice.DoExercise(*Program::Window(QString::fromLatin1(practice.Window)), number);
 }
 
-bool soak(Program& program, const Order& order)
+bool soak(Program& program, const LiveObjects& objects, const Order& order)
 {
     bool steady = true;
     long drift = 0; // a little in each is too much in all
     for (const Route& route : routes) {
-        steady &= isSteady("open " + std::string(route.Window), order.Openings, order, drift,
+        steady &= isSteady(objects, "open " + std::string(route.Window), order.Openings, order, drift,
             [&](int number) { openAndClose(program, route, number); });
     }
     for (const Practice& practice : practices) {
-        steady &= isSteady("exercise " + std::string(practice.Window),
+        steady &= isSteady(objects, "exercise " + std::string(practice.Window),
             order.Exercises / static_cast<std::int64_t>(practices.size()), order, drift,
             [&](int number) { practise(program, practice, number); });
         program.CloseAll();
@@ -131,7 +131,9 @@ int usage()
     return 2;
 }
 
-int run(int argc, char** argv)
+} // namespace
+
+int main(int argc, char** argv)
 {
     Order order;
     for (int i = 1; i < argc; ++i) {
@@ -144,20 +146,14 @@ int run(int argc, char** argv)
     if (order.Exercises < static_cast<std::int64_t>(practices.size())) {
         return usage();
     }
-    InstallCatalogue();
+    const TemporaryFolder folder;
+    SaveShippedCatalogue(folder / "productos.dat");
     const HeadlessEnvironment environment;
-    const LiveObjects objects;
     AbortOnWarnings();
     numbrela::Application application(argc, argv);
     WatchForBoxes();
-    Program program;
-    const bool steady = soak(program, order);
+    const LiveObjects objects;
+    Program program(folder / "productos.dat");
+    const bool steady = soak(program, objects, order);
     return steady && !::testing::UnitTest::GetInstance()->Failed() ? EXIT_SUCCESS : EXIT_FAILURE;
-}
-
-} // namespace
-
-int main(int argc, char** argv)
-{
-    return RunInstalled(argc, argv, &run);
 }

@@ -16,22 +16,12 @@ namespace numbrela::testing {
 
 namespace {
 
-// The window that keys go to. The platform without a display does what a window manager would do only in part: when a
-// box closes, nothing gets the focus; so the window in front takes it here.
 QWindow& focusWindow()
 {
-    if (QGuiApplication::focusWindow() == nullptr) {
-        QWidget* front = QApplication::activeModalWidget();
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            front = front == nullptr && window->isVisible() ? window : front;
-        }
-        if (front == nullptr) {
-            throw std::logic_error("no window is open");
-        }
-        front->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(front));
+    if (QWindow* window = FocusWindow()) {
+        return *window;
     }
-    return *QGuiApplication::focusWindow();
+    throw std::logic_error("no window has the focus");
 }
 
 void sendMarkedKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers)
@@ -48,6 +38,42 @@ void ShowAndActivate(QWidget& window)
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+// Qt's own list of widgets has an order by chance.
+std::vector<QWidget*> WindowsOnScreen()
+{
+    std::vector<QWidget*> windows;
+    for (const QWindow* window : QGuiApplication::topLevelWindows()) {
+        if (QWidget* widget = window->handle() != nullptr ? QWidget::find(window->winId()) : nullptr;
+            widget != nullptr && widget->isVisible()) {
+            windows.push_back(widget);
+        }
+    }
+    return windows;
+}
+
+QWidget* FrontWindow()
+{
+    for (QWidget* front :
+        { QApplication::activePopupWidget(), QApplication::activeModalWidget(), QApplication::activeWindow() }) {
+        if (front != nullptr) {
+            return front;
+        }
+    }
+    const std::vector<QWidget*> windows = WindowsOnScreen();
+    return windows.empty() ? nullptr : windows.back();
+}
+
+QWindow* FocusWindow()
+{
+    if (QGuiApplication::focusWindow() == nullptr) {
+        if (QWidget* front = FrontWindow()) {
+            front->window()->activateWindow();
+            QCoreApplication::processEvents();
+        }
+    }
+    return QGuiApplication::focusWindow();
 }
 
 QObject& Find(const QWidget& window, const QString& name, const QMetaObject& type)

@@ -6,8 +6,7 @@
 #include <QWidget>
 
 #include <string>
-
-class QAction;
+#include <vector>
 
 // What a person does with a window: shows it, clicks, presses keys on whatever has the focus, chooses menu items.
 // Controls are found by their names.
@@ -15,6 +14,17 @@ namespace numbrela::testing {
 
 // Shows the window and waits until it has the focus.
 void ShowAndActivate(QWidget& window);
+
+// The windows on the screen in the order in which they were made.
+std::vector<QWidget*> WindowsOnScreen();
+
+// The window whose turn it is: an open menu, a modal box or window, or else the one that is in front; null when there
+// is none.
+QWidget* FrontWindow();
+
+// The window that keys go to; null when there is none. Without a display nobody gets the focus when a box closes; a
+// window manager gives it to the window in front, and so does this.
+QWindow* FocusWindow();
 
 // The control or menu item with this name. Fails the test and throws when the window has none.
 QObject& Find(const QWidget& window, const QString& name, const QMetaObject& type);

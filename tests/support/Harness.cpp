@@ -4,23 +4,46 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QFile>
 #include <QWidget>
 
+#include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 #include <utility>
+
+#if defined(SANITIZED)
+#include <sanitizer/common_interface_defs.h>
+#endif
 
 namespace numbrela::testing {
 
 namespace {
 
-std::vector<RunTimeError> runTimeErrors;
+std::vector<RunTimeError> recordedErrors;
+
+// Nothing depends on what a platform without a display cannot do.
+bool isSeriousWarning(QtMsgType type, const QString& message)
+{
+    return type != QtDebugMsg && type != QtInfoMsg
+        && !message.startsWith(QStringLiteral("This plugin does not support "));
+}
 
 void failOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
 {
-    if (IsNews(type, message)) {
-        ADD_FAILURE() << "the toolkit warns: " << message.toStdString();
+    if (isSeriousWarning(type, message)) {
+        ADD_FAILURE() << "Qt warns: " << message.toStdString();
+    }
+}
+
+void abortOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
+{
+    if (isSeriousWarning(type, message)) {
+        std::fprintf(stderr, "Qt warns: %s\n", qUtf8Printable(message));
+#if defined(SANITIZED)
+        __sanitizer_print_stack_trace();
+#endif
+        std::abort();
     }
 }
 
@@ -50,20 +73,19 @@ class LeftoverCheck : public ::testing::EmptyTestEventListener {
 
 } // namespace
 
-bool IsNews(QtMsgType type, const QString& message)
+bool TestApplication::notify(QObject* receiver, QEvent* event)
 {
-    return type != QtDebugMsg && type != QtInfoMsg
-        && !message.startsWith(QStringLiteral("This plugin does not support "));
-}
-
-void KeepRunTimeError(const RunTimeError& error)
-{
-    runTimeErrors.push_back(error);
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const RunTimeError& error) {
+        recordedErrors.push_back(error);
+        return true;
+    }
 }
 
 std::vector<RunTimeError> TakeRunTimeErrors()
 {
-    return std::exchange(runTimeErrors, {});
+    return std::exchange(recordedErrors, {});
 }
 
 HeadlessEnvironment::HeadlessEnvironment()
@@ -72,16 +94,21 @@ HeadlessEnvironment::HeadlessEnvironment()
     writeScreen(screenFile);
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screenFile));
     qputenv("XDG_RUNTIME_DIR", runtimeDirectory_.path().toLocal8Bit());
-    qputenv("LC_ALL", "C.UTF-8"); // newer toolkits warn of a language whose texts are not UTF-8
+    qputenv("LC_ALL", "C.UTF-8"); // newer versions of Qt warn of a language whose texts are not UTF-8
 }
 
-int RunTests(QApplication& /*application*/, int argc, char** argv)
+int RunTests(int argc, char** argv)
 {
     qInstallMessageHandler(failOnWarning);
     WatchForBoxes();
     ::testing::InitGoogleTest(&argc, argv);
     ::testing::UnitTest::GetInstance()->listeners().Append(new LeftoverCheck);
     return RUN_ALL_TESTS();
+}
+
+void AbortOnWarnings()
+{
+    qInstallMessageHandler(abortOnWarning);
 }
 
 } // namespace numbrela::testing

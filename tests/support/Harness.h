@@ -2,15 +2,14 @@
 
 #include "common/core/RunTimeError.h"
 
+#include <QApplication>
 #include <QTemporaryDir>
 
 #include <vector>
 
-class QApplication;
-
 namespace numbrela::testing {
 
-// Gives the toolkit a platform without a display and a folder of its own for what it keeps while it runs. To be made
+// Gives Qt a platform without a display and a folder of its own for what it keeps while it runs. To be made
 // before the application.
 class HeadlessEnvironment {
 public:
@@ -20,18 +19,22 @@ private:
     QTemporaryDir runtimeDirectory_;
 };
 
-// Whether what the toolkit says is a warning, and about more than what a platform without a display cannot do and
-// nothing depends on.
-bool IsNews(QtMsgType type, const QString& message);
+// Stands where the program's own application object stands, and records what would have ended the program.
+class TestApplication : public QApplication {
+public:
+    using QApplication::QApplication;
 
-// Runs all tests of the program under this application. A warning of the toolkit, a run-time error that no test asked
-// for, and a box that a test expected in vain each fail the test that was running.
-int RunTests(QApplication& application, int argc, char** argv);
+    bool notify(QObject* receiver, QEvent* event) override;
+};
 
-// Keeps an error for TakeRunTimeErrors: what an application object does with the errors that reach it.
-void KeepRunTimeError(const RunTimeError& error);
-
-// The run-time errors that have reached the application since the last call: those that would have ended the program.
+// The run-time errors that have reached a TestApplication since the last call.
 std::vector<RunTimeError> TakeRunTimeErrors();
+
+// Runs all tests of the program under the application object that there is. A warning of Qt's, a run-time error that no
+// test asked for, and a box that a test expected in vain each fail the test that was running.
+int RunTests(int argc, char** argv);
+
+// Has a warning of Qt's printed and the process aborted, for programs that are no test of GoogleTest's.
+void AbortOnWarnings();
 
 } // namespace numbrela::testing

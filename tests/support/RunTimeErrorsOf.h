@@ -10,7 +10,7 @@
 
 namespace numbrela::testing {
 
-// The run-time errors that reach the application during an action. The toolkit was built without clean-up for
+// The run-time errors that reach the application during an action. Qt is built without clean-up for
 // exceptions: what it holds while one passes through it is lost. The program ends then, but a test goes on, and must
 // not be blamed for it. What the error passes through, the window above all, is to be made in the action too.
 template <typename Action>

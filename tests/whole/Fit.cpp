@@ -42,7 +42,7 @@ std::string lackOfButton(const QAbstractButton& button, QStyle::SubElement conte
 std::string lackOfLabel(const QLabel& label)
 {
     if (label.text().isEmpty()) {
-        return {}; // of which some toolkits let less be seen than a line is high
+        return {}; // of which some versions of Qt let less be seen than a line is high
     }
     const QSize room = label.contentsRect().size();
     const int flags = Qt::TextShowMnemonic | (label.wordWrap() ? Qt::TextWordWrap : 0);

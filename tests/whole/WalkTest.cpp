@@ -1,7 +1,8 @@
-#include "activities/shopping/tests/CatalogueBesideProgram.h"
+#include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
 #include "app/Application.h"
 #include "app/Form1.h"
+#include "app/ProgramRun.h"
 #include "common/screen/CommandButton.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
@@ -38,7 +39,11 @@ const QString oneWrong = QStringLiteral("Ejercicios:  1; Errores:  1");
 // Walks through the program as it runs, from its menu into every activity and back, with nothing but what a person has.
 class WalkTest : public ::testing::Test {
 protected:
-    WalkTest() { ShowAndActivate(menu_); }
+    WalkTest()
+    {
+        SaveCatalogue(run_.Shopping.Catalogue, NumberedTable(7)); // each costs 1 €
+        ShowAndActivate(menu_);
+    }
 
     // The activity that is open.
     static FormWindow& activity()
@@ -138,9 +143,9 @@ protected:
     const Form1& menu() const { return menu_; }
 
 private:
-    const CatalogueBesideProgram catalogue_ { NumberedTable(7) }; // each costs 1 €
-    const FixedClock clock_;
-    Form1 menu_ { clock_ };
+    const TemporaryFolder folder_;
+    ProgramRun run_ { .Time = std::make_unique<FixedClock>(), .Shopping = { folder_ / "productos.dat" } };
+    Form1 menu_ { run_ };
 };
 
 // --- By keys alone ---------------------------------------------------------------------------------------------------

@@ -33,12 +33,6 @@ constexpr FontSpec buttonFont { "Arial", 9.75 };
 
 } // namespace
 
-bool& Form5::CommaShift()
-{
-    static bool commaShift = false;
-    return commaShift;
-}
-
 Form5::Form5(const Clock& clock, bool& commaShift)
     : FormWindow(QStringLiteral("Form5"), QStringLiteral("DIVISIONES"), area, formFont)
     , random_(clock.Now().SeedProduct())

@@ -19,10 +19,8 @@ class WorkingGridBox;
 // message, and the pupil goes on.
 class Form5 : public FormWindow {
 public:
-    explicit Form5(const Clock& clock, bool& commaShift = CommaShift());
-
-    // What the grids of all windows know of the comma (WorkingGrid): it lives as long as the program.
-    static bool& CommaShift();
+    // `commaShift` is what the grids of all windows know of the comma (WorkingGrid): it outlives the window.
+    Form5(const Clock& clock, bool& commaShift);
 
     void Form_Load();
     void GenerateDivision();

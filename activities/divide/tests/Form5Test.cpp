@@ -411,16 +411,16 @@ TEST_F(Form5Test, EveryNewDivisionIsScoredWhoeverDrewIt)
     }
 }
 
-// One for the whole program: a window finds it as the one before has left it.
+// One for all windows: each finds it as the one before has left it.
 TEST_F(Form5Test, TheShiftBehindTheCommaOutlastsTheWindow)
 {
     Form.close();
     const FixedClock clock;
     for (const bool shifted : { true, false }) {
-        Form5::CommaShift() = shifted;
+        bool commaShift = shifted;
         for (int window = 0; window < 2; ++window) {
             SCOPED_TRACE(window);
-            Form5 form(clock);
+            Form5 form(clock, commaShift);
             ShowAndActivate(form);
             Choose(form, QStringLiteral("MnuOpcDeDLis(0)"));
             ExpectInput(QStringLiteral("Introducir dividendo"), QString(), QStringLiteral("84"),
@@ -432,10 +432,9 @@ TEST_F(Form5Test, TheShiftBehindTheCommaOutlastsTheWindow)
             Click(form, QStringLiteral("Command2(2)"));
             EXPECT_EQ(
                 rowsOf(form.Text1->Grid()), (shifted ? Rows { " 84", "  04", "  0" } : Rows { " 84", " 04", " 0" }));
-            EXPECT_EQ(Form5::CommaShift(), shifted) << "no row stands left of a comma";
+            EXPECT_EQ(commaShift, shifted) << "no row stands left of a comma";
         }
     }
-    Form5::CommaShift() = false;
 }
 
 TEST_F(Form5Test, ASolutionThatDoesNotFitIsSaidAndNothingIsLost)

@@ -5,10 +5,6 @@
 #include "common/screen/FormWindow.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
-
-#include <memory>
-#include <utility>
 
 namespace numbrela {
 
@@ -18,24 +14,7 @@ constexpr TwipsSize areaSize { 2640, 2400 };
 constexpr FontSpec tableFont { "Arial", 12 };
 constexpr FontSpec buttonFont { "Arial", 9.75 };
 
-// Not a static object: that would outlive the application object, which no widget may.
-Dialog* theDialog = nullptr;
-
 } // namespace
-
-Dialog& Dialog::Instance()
-{
-    if (theDialog == nullptr) {
-        theDialog = new Dialog;
-        qAddPostRoutine(&Dialog::Discard);
-    }
-    return *theDialog;
-}
-
-void Dialog::Discard()
-{
-    delete std::exchange(theDialog, nullptr);
-}
 
 Dialog::Dialog()
     : area_(new TwipsLayout(this, areaSize, tableFont))

@@ -13,16 +13,11 @@ class CommandButton;
 class FormWindow;
 class TwipsLayout;
 
-// "Tablas a usar": nine check boxes, one for each times table. There is one such dialog for the whole run of the
-// program; it is only hidden between uses and so keeps its ticks and the last accepted choice. What the choice is good
-// for, it does not know.
+// "Tablas a usar": nine check boxes, one for each times table. It is only hidden between
+// uses and so keeps its ticks and the last accepted choice. What the choice is good for, it does not know.
 class Dialog : public QDialog {
 public:
-    // The dialog, made when it is first asked for. It goes with the application.
-    static Dialog& Instance();
-
-    // Destroys the dialog with all it has kept; the next one asked for is a fresh one.
-    static void Discard();
+    Dialog();
 
     // Shows the dialog over a form, in the scale of that form, and returns when it has been hidden again.
     void ShowModally(FormWindow& form);
@@ -38,8 +33,6 @@ public:
     CommandButton* CancelButton;
 
 private:
-    Dialog();
-
     TwipsLayout* area_;
 };
 

@@ -48,10 +48,11 @@ constexpr TwipsRect sidePlace(int top, int width)
 
 } // namespace
 
-Form4::Form4(const Clock& clock)
+Form4::Form4(const Clock& clock, std::unique_ptr<Dialog>& tables)
     : FormWindow(QStringLiteral("Form4"), QStringLiteral("Multiplicaciones"), { areaWidth, leastAreaHeight }, formFont)
     , random_(clock.Now().SeedProduct())
     , exercise_(random_)
+    , tables_(tables)
 {
     buildCalculation();
     buildSideColumn();
@@ -329,9 +330,11 @@ void Form4::MnuOpcDe2Lis_Click(int index)
 void Form4::MnuOpcSelLis_Click(int index)
 {
     if (index == 1) {
-        Dialog& dialog = Dialog::Instance();
-        dialog.ShowModally(*this);
-        exercise_.ChooseTables(dialog.TablasSeleccionadas);
+        if (tables_ == nullptr) {
+            tables_ = std::make_unique<Dialog>();
+        }
+        tables_->ShowModally(*this);
+        exercise_.ChooseTables(tables_->TablasSeleccionadas);
     } else {
         exercise_.AnyDigits = true;
     }

@@ -7,6 +7,7 @@
 #include "common/screen/Keyboard.h"
 
 #include <array>
+#include <memory>
 #include <vector>
 
 class QAction;
@@ -14,6 +15,7 @@ class QLabel;
 
 namespace numbrela {
 
+class Dialog;
 class Line;
 class OptionMenu;
 class TextBox;
@@ -23,7 +25,8 @@ class TextBox;
 // arithmetic, judging and counting is the exercise's.
 class Form4 : public FormWindow {
 public:
-    explicit Form4(const Clock& clock);
+    // `tables` is the dialog that all windows share. It outlives them, and is made by the first one that opens it.
+    Form4(const Clock& clock, std::unique_ptr<Dialog>& tables);
 
     void Form_Load();
     void Command1_Click();
@@ -83,6 +86,7 @@ private:
 
     SeededRandom random_;
     Multiplication exercise_;
+    std::unique_ptr<Dialog>& tables_;
 };
 
 } // namespace numbrela

@@ -27,12 +27,7 @@ using namespace testing;
 
 class DialogTest : public ::testing::Test {
 protected:
-    DialogTest()
-    {
-        Dialog::Discard();
-        ShowAndActivate(form_);
-    }
-    ~DialogTest() override { Dialog::Discard(); }
+    DialogTest() { ShowAndActivate(form_); }
 
     // Opens the dialog from the menu, does something with it, which closes it, and waits until the menu has answered.
     void use(const std::function<void(Dialog&)>& action)
@@ -63,7 +58,8 @@ protected:
     }
 
     FixedClock clock_;
-    Form4 form_ { clock_ };
+    std::unique_ptr<Dialog> tables_;
+    Form4 form_ { clock_, tables_ };
 };
 
 TEST_F(DialogTest, HasNineTablesInThreeRowsOfThree)
@@ -107,7 +103,7 @@ TEST_F(DialogTest, IsWorkedByKeysAlone)
         EXPECT_EQ(press(Qt::Key_Tab, 3), "OKButton");
         press(Qt::Key_Return);
     });
-    EXPECT_EQ(Dialog::Instance().TablasSeleccionadas, "27");
+    EXPECT_EQ(tables_->TablasSeleccionadas, "27");
     expectChoice(false, "&Seleccionar (27) ...");
 }
 
@@ -120,8 +116,8 @@ TEST_F(DialogTest, AcceptedTablesAreDrawnFrom)
 {
     Choose(form_, QStringLiteral("MnuOpcCi2Lis(9)"));
     accept({ 7, 2, 3 });
-    EXPECT_EQ(Dialog::Instance().TablasSeleccionadas, "237");
-    EXPECT_FALSE(Dialog::Instance().isVisible());
+    EXPECT_EQ(tables_->TablasSeleccionadas, "237");
+    EXPECT_FALSE(tables_->isVisible());
     expectChoice(false, "&Seleccionar (237) ...");
     for (int i = 0; i < 20; ++i) {
         Choose(form_, QStringLiteral("MnuOpcCi2Lis(9)"));
@@ -161,7 +157,7 @@ TEST_F(DialogTest, CancellingOnFirstUseLeavesAnyDigits)
         Click(dialog, QStringLiteral("Check1(4)"));
         Click(dialog, QStringLiteral("CancelButton"));
     });
-    EXPECT_EQ(Dialog::Instance().TablasSeleccionadas, "");
+    EXPECT_EQ(tables_->TablasSeleccionadas, "");
     expectChoice(true, "&Seleccionar () ...");
 }
 
@@ -174,7 +170,7 @@ TEST_F(DialogTest, CancellingAppliesTheLastAcceptedChoiceAgainAndKeepsTheTicks)
         Click(dialog, QStringLiteral("Check1(8)"));
         Click(dialog, QStringLiteral("CancelButton"));
     });
-    EXPECT_EQ(Dialog::Instance().TablasSeleccionadas, "23");
+    EXPECT_EQ(tables_->TablasSeleccionadas, "23");
     expectChoice(false, "&Seleccionar (23) ...");
     use([](Dialog& dialog) {
         EXPECT_TRUE(dialog.Check1[8]->isChecked());
@@ -196,7 +192,7 @@ TEST_F(DialogTest, EscapeAndTheCloseBoxCancel)
         dialog.close();
     });
     expectChoice(false, "&Seleccionar (4) ...");
-    EXPECT_EQ(Dialog::Instance().TablasSeleccionadas, "4");
+    EXPECT_EQ(tables_->TablasSeleccionadas, "4");
 }
 
 TEST_F(DialogTest, EachUseDrawsANewExercise)
@@ -222,10 +218,10 @@ TEST_F(DialogTest, NoUseMakesAnExerciseScoredAgain)
 TEST_F(DialogTest, KeepsItsTicksAndItsChoiceWhenTheWindowIsClosedAndOpenedAgain)
 {
     accept({ 6, 8 });
-    Dialog* const before = &Dialog::Instance();
+    const Dialog* const before = tables_.get();
     form_.close();
 
-    auto* again = new Form4(clock_);
+    auto* again = new Form4(clock_, tables_);
     again->setAttribute(Qt::WA_DeleteOnClose);
     ShowAndActivate(*again);
     EXPECT_TRUE(again->MnuOpcSel->Items()[0]->isChecked());
@@ -244,8 +240,8 @@ TEST_F(DialogTest, KeepsItsTicksAndItsChoiceWhenTheWindowIsClosedAndOpenedAgain)
 
     again->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(&Dialog::Instance(), before);
-    EXPECT_EQ(Dialog::Instance().TablasSeleccionadas, "68");
+    EXPECT_EQ(tables_.get(), before);
+    EXPECT_EQ(tables_->TablasSeleccionadas, "68");
 }
 
 TEST_F(DialogTest, GrowsWithTheWindowItBelongsTo)

@@ -1,5 +1,6 @@
 #include "activities/multiply/screen/Form4.h"
 
+#include "activities/multiply/screen/Dialog.h"
 #include "common/screen/Line.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Driver.h"
@@ -26,7 +27,8 @@ const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
 TEST(Form4Table, HasTheseControlsInThesePlaces)
 {
     const FixedClock clock;
-    Form4 window(clock);
+    std::unique_ptr<Dialog> tables;
+    Form4 window(clock, tables);
     ShowAndActivate(window);
     QCoreApplication::processEvents(); // let the layout settle
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Multiplicaciones"));
@@ -59,7 +61,8 @@ TEST(Form4Table, HasTheseControlsInThesePlaces)
 TEST(Form4Table, HasTheseMenus)
 {
     const FixedClock clock;
-    Form4 window(clock);
+    std::unique_ptr<Dialog> tables;
+    Form4 window(clock, tables);
     std::vector<const char*> lines { "MnuOpc &Opciones" };
     std::vector<std::string> lists;
     const auto addList
@@ -116,7 +119,8 @@ bool isSeenWhole(const QWidget& rule, QWidget& window)
 TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
 {
     const FixedClock clock;
-    Form4 window(clock);
+    std::unique_ptr<Dialog> tables;
+    Form4 window(clock, tables);
     ShowAndActivate(window);
     const TwipsLayout& area = window.Area();
     for (const int decimals : { 0, 5, 2, 0, 3 }) {
@@ -156,7 +160,8 @@ TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
 TEST(Form4Table, NothingOfFifteenRowsIsOutsideTheWindowOrUnderAButton)
 {
     const FixedClock clock;
-    Form4 window(clock);
+    std::unique_ptr<Dialog> tables;
+    Form4 window(clock, tables);
     ShowAndActivate(window);
     const QSize before = window.size();
     Choose(window, QStringLiteral("MnuOpcCi2Lis(9)"));

@@ -1,5 +1,6 @@
 #include "activities/multiply/screen/Form4.h"
 
+#include "activities/multiply/screen/Dialog.h"
 #include "common/core/NumberText.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/OptionMenu.h"
@@ -84,7 +85,8 @@ protected:
     }
 
     FixedClock clock_;
-    Form4 form_ { clock_ };
+    std::unique_ptr<Dialog> tables_;
+    Form4 form_ { clock_, tables_ };
 };
 
 // ----------------------------------------------------------------------------------------------------------- opening
@@ -106,13 +108,13 @@ TEST_F(Form4Test, OpensWithTwoFactorsOfOneDigitAndOneDecimalAndTwoRows)
 TEST_F(Form4Test, TheTimeOfDayDecidesTheFirstExercise)
 {
     const FixedClock sameProduct({ 10, 30, 20, 0 });
-    const Form4 same(sameProduct);
+    const Form4 same(sameProduct, tables_);
     EXPECT_EQ(same.TbFactor[0]->Text(), form_.TbFactor[0]->Text());
     EXPECT_EQ(same.TbFactor[1]->Text(), form_.TbFactor[1]->Text());
     int different = 0;
     for (int second = 0; second < 20; ++second) {
         const FixedClock otherClock({ 10, 20, second, 0 });
-        const Form4 other(otherClock);
+        const Form4 other(otherClock, tables_);
         different += other.TbFactor[0]->Text() != form_.TbFactor[0]->Text() ? 1 : 0;
     }
     EXPECT_GT(different, 15);
@@ -124,7 +126,7 @@ TEST_F(Form4Test, StartsAfreshEachTime)
     choose("MnuOpcCi2Lis(4)");
     choose("MnuOpcOcu");
     form_.close();
-    Form4 again(clock_);
+    Form4 again(clock_, tables_);
     ShowAndActivate(again);
     EXPECT_EQ(again.tbResultados->Text(), "Ejercicios:  0; Errores:  0");
     EXPECT_EQ(checked(again.MnuOpcCi2), std::vector<int> { 0 });

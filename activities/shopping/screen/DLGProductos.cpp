@@ -28,9 +28,11 @@ constexpr int mostNameCharacters = 100;
 
 } // namespace
 
-DLGProductos::DLGProductos(const Clock& clock)
+DLGProductos::DLGProductos(const Clock& clock, Shop& shop)
     : FormWindow(QStringLiteral("DLGProductos"), QStringLiteral("Productos"), area, formFont)
+    , Ruta(shop.Catalogue)
     , clock_(clock)
+    , shop_(shop)
 {
     buildControls();
     refusal_.setSingleShot(true);
@@ -254,24 +256,24 @@ void DLGProductos::closeEvent(QCloseEvent* event)
 {
     event->accept();
     hide();
-    ShowShopping(*this, clock_, Ruta, accepted_);
+    ShowShopping(*this, clock_, shop_, accepted_);
 }
 
-void ShowEditor(const QWidget& before, const Clock& clock, const std::filesystem::path& catalogue)
+void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop)
 {
-    auto editor = std::make_unique<DLGProductos>(clock);
-    editor->Ruta = catalogue;
+    auto editor = std::make_unique<DLGProductos>(clock, shop);
     try {
         editor->Form_Load();
     } catch (const RunTimeError& failure) {
         if (failure.ErrorKind() != RunTimeError::Kind::File) {
             throw;
         }
-        ShowShopping(before, clock, catalogue, false); // it runs into the same failure, and says so
+        ShowShopping(before, clock, shop, false); // it runs into the same failure, and says so
         return;
     }
     editor->OpenLike(before);
-    editor.release()->ShowModally(); // it deletes itself when it is closed
+    shop.Window = editor.release(); // it deletes itself when it is closed
+    shop.Window->ShowModally();
 }
 
 } // namespace numbrela

@@ -17,12 +17,14 @@ namespace numbrela {
 
 class CommandButton;
 class TextBox;
+struct Shop;
 
 // "Productos": the window in which a teacher adds, changes and deletes the products of the catalogue. The table and
 // what happens to it is the editor's; when it closes, the shopping window takes its place.
 class DLGProductos : public FormWindow {
 public:
-    explicit DLGProductos(const Clock& clock);
+    // Of the catalogue of this shop. Clock and shop outlive the window.
+    DLGProductos(const Clock& clock, Shop& shop);
 
     // Reads the catalogue from Ruta and lists it; to be called before the window is shown.
     // Throws what LoadCatalogue throws.
@@ -63,6 +65,7 @@ private:
     bool saveOrAsk();
 
     const Clock& clock_;
+    Shop& shop_;
     ProductEditor editor_;
     ProductListModel lines_;
     QTimer refusal_; // fires as soon as the list has finished with the click that is refused

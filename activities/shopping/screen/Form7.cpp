@@ -154,9 +154,15 @@ void sortAsSpanishDoes(std::vector<ShelfProduct>& shelf)
 
 } // namespace
 
-void ShowShopping(const QWidget& before, const Clock& clock, const std::filesystem::path& catalogue, bool modally)
+FormWindow* MakeShopping(const Clock& clock, Shop& shop)
 {
-    auto* form = new Form7(clock, catalogue);
+    shop.Window = new Form7(clock, shop);
+    return shop.Window;
+}
+
+void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool modally)
+{
+    FormWindow* form = MakeShopping(clock, shop);
     form->OpenLike(before);
     if (modally) {
         form->ShowModally();
@@ -166,11 +172,11 @@ void ShowShopping(const QWidget& before, const Clock& clock, const std::filesyst
     }
 }
 
-Form7::Form7(const Clock& clock, std::filesystem::path catalogue)
+Form7::Form7(const Clock& clock, Shop& shop)
     : FormWindow(QStringLiteral("Form7"), QStringLiteral("La compra"), areaSize, formFont)
     , Timer1(new QTimer(this))
     , clock_(clock)
-    , cataloguePath_(std::move(catalogue))
+    , shop_(shop)
 {
     Timer1->setInterval(1000);
     Timer1->setTimerType(Qt::PreciseTimer);
@@ -291,7 +297,7 @@ void Form7::buildMenus()
 void Form7::loadCatalogue()
 {
     try {
-        task_.Catalogue = LoadCatalogue(cataloguePath_);
+        task_.Catalogue = LoadCatalogue(shop_.Catalogue);
     } catch (const RunTimeError& error) {
         if (error.ErrorKind() != RunTimeError::Kind::File) {
             throw;
@@ -528,7 +534,7 @@ void Form7::MnuOpcAdd_Click()
 // The editor opens first: were this the last window, the program would end with its closing.
 void Form7::MnuOpcPro_Click()
 {
-    ShowEditor(*this, clock_, cataloguePath_);
+    ShowEditor(*this, clock_, shop_);
     close();
 }
 

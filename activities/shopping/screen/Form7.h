@@ -6,7 +6,9 @@
 #include "common/screen/Keyboard.h"
 
 #include <array>
-#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
 
 class QFrame;
 class QLabel;
@@ -20,14 +22,15 @@ class Line;
 class ListBox;
 class TextArea;
 class TextBox;
+struct Shop;
 
 // "La compra": the shopping list with purse and clock on the left; beside it the shopping centre, a ring of ten shops,
 // or the inside of the shop that the pupil has gone into. What happens to list, basket, money and time is the task's.
 class Form7 : public FormWindow {
 public:
     // Reads the catalogue file and begins a task. A catalogue that cannot be read counts as empty, and the pupil is
-    // told why as soon as the window is on the screen. The clock outlives the window.
-    Form7(const Clock& clock, std::filesystem::path catalogue);
+    // told why as soon as the window is on the screen. Clock and shop outlive the window.
+    Form7(const Clock& clock, Shop& shop);
 
     void Form_Load();
     void CBTienda_Click(int index);
@@ -93,7 +96,7 @@ private:
     void tellWhatIsUntold();
 
     const Clock& clock_;
-    const std::filesystem::path cataloguePath_;
+    Shop& shop_;
     ShoppingTask task_;
     std::vector<ShelfProduct> shelf_; // line by line of LIDisponibles
     std::string untold_; // what the pupil is told once the window is on the screen

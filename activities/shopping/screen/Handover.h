@@ -1,22 +1,33 @@
 #pragma once
 
-#include <filesystem>
+#include "common/screen/FormWindow.h"
 
-class QWidget;
+#include <QPointer>
+
+#include <filesystem>
 
 namespace numbrela {
 
 class Clock;
 
+// What the windows of the shopping activity share: they come and go, and this outlives them.
+struct Shop {
+    std::filesystem::path Catalogue {}; // the file
+    QPointer<FormWindow> Window {}; // the shopping window or the editor that was made last; null once it is destroyed
+};
+
 // The shopping window and the catalogue editor open one another, each in place of itself and as large: maximised or
-// full-screen where the other one was. The clock outlives both.
+// full-screen where the other one was. Clock and shop outlive both.
 
-// Opens the shopping window with a fresh task from this catalogue in place of the window `before`. When it is not
-// modal, the main menu works beside it.
-void ShowShopping(const QWidget& before, const Clock& clock, const std::filesystem::path& catalogue, bool modally);
+// Makes the shopping window with a fresh task.
+FormWindow* MakeShopping(const Clock& clock, Shop& shop);
 
-// Opens the editor of this catalogue in place of the window `before`, modally. When the catalogue cannot be read, says
+// Opens the shopping window with a fresh task in place of the window `before`. When it is not modal, the main menu
+// works beside it.
+void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool modally);
+
+// Opens the editor of the catalogue in place of the window `before`, modally. When the catalogue cannot be read, says
 // why and opens the shopping window.
-void ShowEditor(const QWidget& before, const Clock& clock, const std::filesystem::path& catalogue);
+void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop);
 
 } // namespace numbrela

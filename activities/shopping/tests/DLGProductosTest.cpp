@@ -51,8 +51,7 @@ protected:
     DLGProductos& open(const ProductTable& table = threeProducts)
     {
         SaveCatalogue(path_, table);
-        form_ = std::make_unique<DLGProductos>(clock_);
-        form_->Ruta = path_;
+        form_ = std::make_unique<DLGProductos>(clock_, shop_);
         form_->Form_Load();
         ShowAndActivate(*form_);
         return *form_;
@@ -145,6 +144,7 @@ protected:
     const StillClocks stillClocks_;
     TemporaryFolder folder_;
     std::filesystem::path path_ = folder_ / "productos.dat";
+    Shop shop_ { path_ };
     std::unique_ptr<DLGProductos> form_;
 };
 
@@ -849,7 +849,7 @@ protected:
 
     DLGProductos& openEditor()
     {
-        ShowEditor(before_, clock_, path_);
+        ShowEditor(before_, clock_, shop_);
         auto* editor = dynamic_cast<DLGProductos*>(onlyWindow("DLGProductos"));
         if (editor == nullptr) {
             throw std::logic_error("the editor is not open");
@@ -946,7 +946,7 @@ TEST_F(HandoverTest, DoesAsCancelarWhenItsCloseBoxIsPressed)
 // As a teacher does it: out of the shopping window, a product more, and into the shop that sells it.
 TEST_F(HandoverTest, ShopsWithTheNewCatalogueAtOnce)
 {
-    ShowShopping(before_, clock_, path_, true);
+    ShowShopping(before_, clock_, shop_, true);
     QWidget* shopping = onlyWindow("Form7");
     ASSERT_NE(shopping, nullptr);
     ShowAndActivate(*shopping);
@@ -979,7 +979,7 @@ TEST_F(HandoverTest, OpensTheShoppingWindowInsteadWhenTheCatalogueCannotBeRead)
             std::string::npos);
         box.accept();
     });
-    ShowEditor(before_, clock_, path_);
+    ShowEditor(before_, clock_, shop_);
     waitForBoxes();
     EXPECT_NE(onlyWindow("Form7"), nullptr);
 }
@@ -1081,7 +1081,7 @@ protected:
 TEST_P(LargeHandoverTest, OpensAsLargeAsTheWindowWhosePlaceItTakes)
 {
     before_.setWindowState(GetParam());
-    ShowShopping(before_, clock_, path_, true);
+    ShowShopping(before_, clock_, shop_, true);
     EXPECT_EQ(stateOf("Form7"), GetParam());
     ShowAndActivate(*onlyWindow("Form7"));
     for (const char* leave : { "CancelButton", "OKButton" }) {
@@ -1120,7 +1120,7 @@ TEST_F(HandoverTest, DoesNotOpenForACatalogueWithTooManyProducts)
         content += saved_.substr(0, 154);
     }
     WriteBytes(path_, content);
-    EXPECT_THROW(ShowEditor(before_, clock_, path_), RunTimeError);
+    EXPECT_THROW(ShowEditor(before_, clock_, shop_), RunTimeError);
     EXPECT_EQ(ReadBytes(path_), content);
 }
 

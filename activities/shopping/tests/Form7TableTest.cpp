@@ -1,4 +1,5 @@
 #include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
@@ -42,13 +43,14 @@ protected:
 
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
+    Shop shop_ { path_ };
     const FixedClock clock_;
     const StillClocks stillClocks_;
 };
 
 TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
 {
-    Form7 form(clock_, path_);
+    Form7 form(clock_, shop_);
     ShowAndActivate(form);
     Click(form, QStringLiteral("CBTienda(5)"));
     const std::string purse = PurseText(form.Task().MoneyGiven);
@@ -133,7 +135,7 @@ TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
 
 TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
 {
-    const Form7 form(clock_, path_);
+    const Form7 form(clock_, shop_);
     ExpectMenus(form,
         {
             "MnuOpc &Opciones",
@@ -147,7 +149,7 @@ TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
 
 TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
 {
-    Form7 form(clock_, path_);
+    Form7 form(clock_, shop_);
     const std::vector<std::pair<const QLabel*, const char*>> captions {
         { form.Label1[0], "List1" },
         { form.Label1[1], "TBTiempo" },
@@ -164,7 +166,7 @@ TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
 
 TEST_F(Form7TableTest, TheNamesOfAllShopsAreSeenWholeAtEverySize)
 {
-    Form7 form(clock_, path_);
+    Form7 form(clock_, shop_);
     ShowAndActivate(form);
     for (const QSize size : { form.size(), QSize(1280, 800), QSize(800, 600), QSize(640, 480) }) {
         form.resize(size);

@@ -67,7 +67,7 @@ protected:
     Form7& open(const ProductTable& table)
     {
         SaveCatalogue(path_, table);
-        form_ = std::make_unique<Form7>(clock_, path_);
+        form_ = std::make_unique<Form7>(clock_, shop_);
         ShowAndActivate(*form_);
         return *form_;
     }
@@ -81,7 +81,7 @@ protected:
     // As the menu opens it: closed, and not only out of sight, it is gone.
     Form7* openToBeGone()
     {
-        ShowShopping(before_, clock_, path_, true);
+        ShowShopping(before_, clock_, shop_, true);
         return openWindow<Form7>();
     }
 
@@ -127,6 +127,7 @@ protected:
 
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
+    Shop shop_ { path_ };
     FixedClock clock_;
     const StillClocks stillClocks_;
     QWidget before_; // the window whose place is taken
@@ -151,7 +152,7 @@ TEST_F(Form7Test, ANewWindowShowsListMoneyAndTimeInTheCentre)
 
 TEST_F(Form7Test, TheClockTicksEverySecond)
 {
-    const Form7 form(clock_, path_);
+    const Form7 form(clock_, shop_);
     EXPECT_EQ(form.Timer1->interval(), 1000);
     EXPECT_EQ(form.Timer1->timerType(), Qt::PreciseTimer);
 }
@@ -160,7 +161,7 @@ TEST_F(Form7Test, TheSameSecondDrawsTheSameListAndAnotherOneAnother)
 {
     const auto linesAt = [this](TimeOfDay time) {
         clock_.Time = time;
-        return Form7(clock_, path_).Task().ListLines();
+        return Form7(clock_, shop_).Task().ListLines();
     };
     SaveCatalogue(path_, NumberedTable(500));
     const auto lines = linesAt({ 10, 20, 30, 37'230 });
@@ -757,7 +758,7 @@ TEST_F(Form7Test, TheWindowIsClosedForWhoDoesNotBeginAgain)
 
 TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
 {
-    form_ = std::make_unique<Form7>(clock_, path_);
+    form_ = std::make_unique<Form7>(clock_, shop_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral("El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
                        "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una "
@@ -787,7 +788,7 @@ TEST_F(Form7Test, TheEditorOfAnEmptyCatalogueOpensFromTheWindow)
 {
     const auto acceptNotice = [] { ExpectDialog([](QDialog& box) { box.accept(); }); };
     acceptNotice();
-    ShowShopping(before_, clock_, path_, true);
+    ShowShopping(before_, clock_, shop_, true);
     ASSERT_NE(openWindow<Form7>(), nullptr);
     ShowAndAnswerBoxes(*openWindow<Form7>());
     Press(Qt::Key_F3);
@@ -828,7 +829,7 @@ TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
 TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 {
     SaveCatalogue(path_, NumberedTable(3));
-    form_ = std::make_unique<Form7>(clock_, path_);
+    form_ = std::make_unique<Form7>(clock_, shop_);
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral(
             "El catálogo solo tiene 3 productos, así que la lista de la compra es de 3 productos en lugar de 4."));
@@ -841,7 +842,8 @@ TEST_F(Form7Test, TooFewProductsAreSaidOnce)
 TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
 {
     const std::filesystem::path missing = folder_.Path() / "Recursos" / "productos.dat";
-    form_ = std::make_unique<Form7>(clock_, missing);
+    shop_.Catalogue = missing;
+    form_ = std::make_unique<Form7>(clock_, shop_);
     ExpectDialog([&](QDialog& dialog) {
         const QString text = static_cast<QMessageBox&>(dialog).text();
         EXPECT_TRUE(text.contains(QString::fromStdString(missing.string()))) << text.toStdString();
@@ -858,7 +860,7 @@ TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
 TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
 {
     SaveCatalogue(path_, ProductTable(MostProducts + 1, ProductOf("a", "Panadería")));
-    EXPECT_EQ(KindThrownBy([this] { const Form7 form(clock_, path_); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([this] { const Form7 form(clock_, shop_); }), RunTimeError::Kind::Overflow);
 }
 
 TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)
@@ -903,7 +905,7 @@ TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
 TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
 {
     SaveCatalogue(path_, NumberedTable(5));
-    ShowShopping(before_, clock_, path_, true);
+    ShowShopping(before_, clock_, shop_, true);
     const QPointer<Form7> first = openWindow<Form7>();
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);

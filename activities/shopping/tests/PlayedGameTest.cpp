@@ -1,5 +1,6 @@
 #include "activities/shopping/core/Money.h"
 #include "activities/shopping/screen/ColumnArea.h"
+#include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
@@ -129,13 +130,14 @@ protected:
 
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
+    Shop shop_ { path_ };
     const FixedClock clock_;
     const StillClocks stillClocks_;
 };
 
 TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
 {
-    Form7 form(clock_, path_);
+    Form7 form(clock_, shop_);
     ShowAndActivate(form);
     ASSERT_EQ(form.List1->count(), 4);
     const std::size_t shops = shopsOnTheList(form).size();
@@ -155,7 +157,7 @@ TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
 
 TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 {
-    Form7 form(clock_, path_);
+    Form7 form(clock_, shop_);
     ShowAndActivate(form);
     const QString shop = *shopsOnTheList(form).begin();
     const int timeGiven = form.Task().TimeLeft;
@@ -241,7 +243,7 @@ TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 
 TEST_F(PlayedGameTest, ATaskGoesOnWhenItsTimeIsOverAndIsJudgedSo)
 {
-    Form7 form(clock_, path_);
+    Form7 form(clock_, shop_);
     ShowAndActivate(form);
     for (int second = form.Task().TimeLeft; second > 1; --second) {
         form.Timer1_Timer();
@@ -264,7 +266,7 @@ TEST_F(PlayedGameTest, ATaskGoesOnWhenItsTimeIsOverAndIsJudgedSo)
 
 TEST_F(PlayedGameTest, WhoHasPaidAllForLittleCannotBuyTheRest)
 {
-    Form7 form(clock_, path_);
+    Form7 form(clock_, shop_);
     ShowAndActivate(form);
     ASSERT_GT(shopsOnTheList(form).size(), 1U);
     const float money = form.Task().MoneyLeft;

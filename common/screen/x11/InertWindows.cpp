@@ -1,12 +1,12 @@
 #include "common/screen/InertWindows.h"
 
+#include "common/screen/x11/Connection.h"
+
 #include <QAbstractNativeEventFilter>
-#include <QGuiApplication>
 #include <QWidget>
 
 #include <xcb/xcb.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <string_view>
@@ -29,12 +29,11 @@ xcb_atom_t atomOf(xcb_connection_t* connection, std::string_view name)
 {
     const xcb_intern_atom_cookie_t asked
         = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
-        xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
+    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, asked, nullptr));
     return reply != nullptr ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-// Sees each event of the X server before the toolkit does, and keeps none.
+// Sees each event of the X server before Qt does, and keeps none.
 class InertWindowsFilter : public QAbstractNativeEventFilter {
 public:
     explicit InertWindowsFilter(xcb_connection_t* connection)
@@ -108,11 +107,11 @@ private:
 
 std::unique_ptr<QAbstractNativeEventFilter> WatchInertWindows()
 {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr || x11->connection() == nullptr) { // the toolkit without a display has the one and not the other
+    xcb_connection_t* const connection = XConnection();
+    if (connection == nullptr) {
         return nullptr;
     }
-    auto filter = std::make_unique<InertWindowsFilter>(x11->connection());
+    auto filter = std::make_unique<InertWindowsFilter>(connection);
     qApp->installNativeEventFilter(filter.get());
     return filter;
 }

@@ -1,16 +1,13 @@
 #include "common/screen/NativeKeys.h"
 
 #include "common/screen/KeyCodes.h"
+#include "common/screen/x11/Connection.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 
 #define explicit explicit_ // the header is C and has a field of this name
 #include <xcb/xkb.h>
 #undef explicit
-
-#include <cstdlib>
-#include <memory>
 
 namespace numbrela {
 
@@ -22,19 +19,6 @@ constexpr quint32 scanCodeOf1 = 10;
 constexpr quint32 scanCodeOf9 = 18;
 constexpr quint32 scanCodeOf0 = 19;
 constexpr quint32 scanCodeRightOfM = 59;
-
-struct Free {
-    void operator()(void* reply) const { std::free(reply); } // NOLINT: the library allocates with malloc
-};
-template <typename Type>
-using Reply = std::unique_ptr<Type, Free>;
-
-// Null where the windows are not those of an X server.
-xcb_connection_t* connection()
-{
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr ? nullptr : x11->connection();
-}
 
 } // namespace
 
@@ -54,7 +38,7 @@ int NativeKeyCode(const QKeyEvent& event)
 
 void AskForRealReleasesOnly()
 {
-    xcb_connection_t* server = connection();
+    xcb_connection_t* server = XConnection();
     if (server == nullptr || xcb_get_extension_data(server, &xcb_xkb_id)->present == 0) {
         return;
     }
@@ -69,7 +53,7 @@ void AskForRealReleasesOnly()
 std::vector<quint32> KeysDown()
 {
     std::vector<quint32> keys;
-    xcb_connection_t* server = connection();
+    xcb_connection_t* server = XConnection();
     if (server == nullptr) {
         return keys;
     }
