@@ -151,7 +151,7 @@ private:
         return question.isAccepted();
     }
 
-    // The toolkit asks a control once more about a press that does not come from the system, as those do that are sent
+    // Qt asks a control once more about a press that does not come from the system, as those do that are sent
     // here in place of others.
     static bool claimMarked(QKeyEvent& question)
     {
@@ -233,7 +233,7 @@ QChar TypedCharacter(const QKeyEvent& event)
 void TypeInto(QWidget& control, const QString& text)
 {
     for (const QChar character : text) {
-        const int key = character.toUpper().unicode(); // so the toolkit names the keys that write one
+        const int key = character.toUpper().unicode(); // so Qt names the keys that write one
         for (const auto type : { QEvent::KeyPress, QEvent::KeyRelease }) {
             QKeyEvent event(type, key, Qt::NoModifier, QString(character));
             QCoreApplication::sendEvent(&control, &event);

@@ -34,8 +34,8 @@ public:
     std::string TablasSeleccionadas;
 
     std::array<QCheckBox*, 9> Check1 {};
-    CommandButton* OKButton;
-    CommandButton* CancelButton;
+    CommandButton* OKButton = nullptr;
+    CommandButton* CancelButton = nullptr;
 
 private:
     Dialog();

@@ -55,7 +55,7 @@ void AskForRealReleasesOnly()
     if (xcb_connection_t* server = connection()) {
         constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
         const auto request = xcb_xkb_per_client_flags(server, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
-        const Reply<xcb_xkb_per_client_flags_reply_t> reply(xcb_xkb_per_client_flags_reply(server, request, nullptr));
+        std::free(xcb_xkb_per_client_flags_reply(server, request, nullptr)); // NOLINT: see Free
     }
 }
 
