@@ -1,10 +1,20 @@
-# Builds all cores and their tests. A core without tests is built too, so that its lines are counted as not reached.
+# Builds all tests of cores.
 add_custom_target(core_tests)
+
+# run_as_test(<name> <command>...)
+#
+# Has ctest run a program, without a display and for ten minutes at most.
+function(run_as_test name)
+  add_test(NAME ${name} COMMAND ${ARGN})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT 600
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
 
 # add_project_test(<target> [QT] SOURCES <sources>... LIBRARIES <targets>...)
 #
 # One test program, run by ctest in a shuffled order, so that no test can lean on the one before it. With QT its main
-# function starts the real toolkit without a display, and any warning of the toolkit's fails the running test. Without it
+# function starts Qt without a display, and any warning of Qt's fails the running test. Without it
 # it is a test of a core, and has the label "core".
 function(add_project_test target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LIBRARIES")
@@ -16,12 +26,9 @@ function(add_project_test target)
   else()
     target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} numbrela_core_test_support GTest::gtest_main)
   endif()
-  add_test(NAME ${target} COMMAND ${target} --gtest_shuffle --gtest_brief=1)
+  run_as_test(${target} ${target} --gtest_shuffle --gtest_brief=1)
   if(NOT arg_QT)
     add_dependencies(core_tests ${target})
     set_tests_properties(${target} PROPERTIES LABELS core)
   endif()
-  set_tests_properties(${target} PROPERTIES
-    TIMEOUT 600
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()

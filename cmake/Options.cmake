@@ -3,10 +3,12 @@ add_library(numbrela_options INTERFACE)
 target_compile_features(numbrela_options INTERFACE cxx_std_20)
 target_include_directories(numbrela_options INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_options(numbrela_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+  $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+    $<$<BOOL:${NUMBRELA_WARNINGS_AS_ERRORS}>:-Werror>>
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> # GCC 12 finds overlaps in the library's own strings that are none
   $<$<CXX_COMPILER_ID:GNU>:-Wno-dangling-reference> # GCC 14 takes a found control for a part of the name it is found by
-  $<$<BOOL:${NUMBRELA_WARNINGS_AS_ERRORS}>:-Werror>)
+)
 if(NUMBRELA_SANITIZE)
   target_compile_options(numbrela_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

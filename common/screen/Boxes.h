@@ -6,7 +6,7 @@ class QWidget;
 
 namespace numbrela {
 
-// The toolkit's own modal boxes, with plain text (double blanks survive) and Spanish buttons. All texts are UTF-8; a
+// Qt's own modal boxes, with plain text (double blanks survive) and Spanish buttons. All texts are UTF-8; a
 // box without a title has the application's. Each writes in the font of its window, and runs until it is answered.
 
 // A message with the one button "Aceptar" and no icon.

@@ -1,5 +1,7 @@
 #include "common/screen/FormWindow.h"
 
+#include "common/screen/OptionMenu.h"
+
 #include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -71,6 +73,14 @@ QAction* FormWindow::AddMenuItem(QMenu* menu, const QString& name, const QString
     item->setShortcut(shortcut);
     connect(item, &QAction::triggered, this, std::move(choose));
     return item;
+}
+
+OptionMenu* FormWindow::AddOptionMenu(QMenu* menu, const QString& name, const QString& caption,
+    const std::vector<QString>& itemCaptions, const std::function<void(int)>& choose)
+{
+    auto* list = new OptionMenu(name, caption, itemCaptions, choose, menu);
+    menu->addMenu(list);
+    return list;
 }
 
 bool FormWindow::event(QEvent* event)

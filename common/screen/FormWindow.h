@@ -14,6 +14,8 @@ class QMenuBar;
 
 namespace numbrela {
 
+class OptionMenu;
+
 // A window of the program: a caption, a menu bar, and under it an area whose controls stand at places in twips and grow
 // with the window. It is a plain widget, not a dialog: Enter belongs to the control that has the focus, and Escape
 // closes nothing. What is in it and what happens in it is for the form that derives from it.
@@ -40,6 +42,10 @@ protected:
     QMenu* AddMenu(const QString& name, const QString& caption);
     QAction* AddMenuItem(QMenu* menu, const QString& name, const QString& caption, std::function<void()> choose,
         const QKeySequence& shortcut = {});
+
+    // A list of options (OptionMenu) in a menu; `choose` is called with the index of the chosen one.
+    OptionMenu* AddOptionMenu(QMenu* menu, const QString& name, const QString& caption,
+        const std::vector<QString>& itemCaptions, const std::function<void(int)>& choose);
 
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -11,7 +11,7 @@ namespace numbrela {
 
 namespace {
 
-using Pair = std::pair<int, int>; // the toolkit's key, our code
+using Pair = std::pair<int, int>; // Qt's key, our code
 
 constexpr std::array<Pair, 6> keypadKeys { {
     { Qt::Key_Asterisk, 106 },
@@ -37,10 +37,10 @@ constexpr std::array<Pair, 60> otherKeys { {
     { Qt::Key_CapsLock, 20 },
     { Qt::Key_Escape, KeyCode::Escape },
     { Qt::Key_Space, KeyCode::Space },
-    { Qt::Key_PageUp, 33 },
-    { Qt::Key_PageDown, 34 },
-    { Qt::Key_End, 35 },
-    { Qt::Key_Home, 36 },
+    { Qt::Key_PageUp, KeyCode::PageUp },
+    { Qt::Key_PageDown, KeyCode::PageDown },
+    { Qt::Key_End, KeyCode::End },
+    { Qt::Key_Home, KeyCode::Home },
     { Qt::Key_Left, KeyCode::Left },
     { Qt::Key_Up, KeyCode::Up },
     { Qt::Key_Right, KeyCode::Right },

@@ -5,14 +5,12 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QStyleOption>
 #include <QTranslator>
 #include <QWidget>
-
-#include <algorithm>
-#include <vector>
 
 namespace numbrela {
 
@@ -42,35 +40,6 @@ QPalette lightPalette()
     }
     return palette;
 }
-
-// The style keeps the pictures that it has drawn of scroll bars and arrows by the identity of their palette, and the
-// toolkit never forgets the name of a picture. Drawn each with its own palette, they would let memory grow with every
-// window that is opened. So all that look alike are drawn with one: for as long as this lives, the option has it.
-class SharedPalette {
-public:
-    explicit SharedPalette(const QStyleOption& option)
-        : option_(const_cast<QStyleOption&>(option)) // it is the caller's, and gets its own back
-        , own_(option.palette)
-    {
-        option_.palette = sharedBy(own_);
-        option_.palette.setCurrentColorGroup(own_.currentColorGroup());
-    }
-    ~SharedPalette() { option_.palette = own_; }
-    SharedPalette(const SharedPalette&) = delete;
-    SharedPalette& operator=(const SharedPalette&) = delete;
-
-private:
-    // There are few that differ: the program's own, and those of the boxes with a ground of their own.
-    static const QPalette& sharedBy(const QPalette& own)
-    {
-        static std::vector<QPalette> palettes;
-        const auto found = std::find(palettes.begin(), palettes.end(), own);
-        return found != palettes.end() ? *found : palettes.emplace_back(own);
-    }
-
-    QStyleOption& option_;
-    const QPalette own_;
-};
 
 // What the ground and the edge of a push button tell.
 struct ButtonLook {
@@ -176,13 +145,6 @@ public:
                                                 : QProxyStyle::subElementRect(element, option, widget);
     }
 
-    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
-        const QWidget* widget) const override
-    {
-        const SharedPalette shared(*option);
-        QProxyStyle::drawComplexControl(control, option, painter, widget);
-    }
-
     void drawPrimitive(
         PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
     {
@@ -190,9 +152,6 @@ public:
             drawButton(*option, *painter);
         } else if (element == PE_FrameFocusRect && qobject_cast<const QPushButton*>(widget) != nullptr) {
             return; // it has its frame
-        } else if (element == PE_IndicatorArrowRight) { // of a menu that opens another one
-            const SharedPalette shared(*option);
-            QProxyStyle::drawPrimitive(element, option, painter, widget);
         } else if (element == PE_FrameFocusRect && option->state.testFlag(State_Item)) { // of a line of a list
             drawLineFocus(*option, *painter);
         } else {
@@ -255,6 +214,11 @@ void ApplyLook(QApplication& application)
     QFont::insertSubstitutions(
         QStringLiteral("Courier"), { QStringLiteral("Courier New"), QStringLiteral("Liberation Mono") });
     QFont::insertSubstitutions(QStringLiteral("Verdana"), { QStringLiteral("DejaVu Sans") });
+
+    // Fusion would keep the pictures that it has drawn of scroll bars and arrows, each under a name that the identity
+    // of a palette is part of. Every new window has new palettes, and Qt never forgets a name: memory would grow with
+    // each window that is opened. Drawn anew each time, they cost nothing that is noticed.
+    QPixmapCache::setCacheLimit(0);
 
     QApplication::setStyle(new QuietStyle);
     QApplication::setPalette(lightPalette());

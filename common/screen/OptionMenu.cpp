@@ -2,23 +2,13 @@
 
 namespace numbrela {
 
-namespace {
-
-std::vector<QString> captionsOf(const OptionList& options)
+std::vector<QString> CaptionsOf(const OptionList& options)
 {
     std::vector<QString> captions;
     for (int index = 0; index < options.Count; ++index) {
         captions.push_back(QString::fromStdString(options.CaptionAt(index)));
     }
     return captions;
-}
-
-} // namespace
-
-OptionMenu::OptionMenu(const QString& name, const QString& caption, const OptionList& options,
-    const std::function<void(int)>& choose, QWidget* parent)
-    : OptionMenu(name, caption, captionsOf(options), choose, parent)
-{
 }
 
 OptionMenu::OptionMenu(const QString& name, const QString& caption, const std::vector<QString>& itemCaptions,

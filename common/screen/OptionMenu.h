@@ -9,15 +9,13 @@
 
 namespace numbrela {
 
-// A submenu with one checkable item for each value of an option list. A click never moves a check mark by itself: the
-// form does, when it answers the click.
+// What the items of an option list read, one for each of its values.
+std::vector<QString> CaptionsOf(const OptionList& options);
+
+// A submenu of checkable items. A click never moves a check mark by itself: the form does, when it answers the click.
 class OptionMenu : public QMenu {
 public:
     // Named `name`, its items "<name>Lis(0)", "<name>Lis(1)", … `choose` is called with the index of a clicked item.
-    OptionMenu(const QString& name, const QString& caption, const OptionList& options,
-        const std::function<void(int)>& choose, QWidget* parent);
-
-    // The same with items that are no numbers in a row.
     OptionMenu(const QString& name, const QString& caption, const std::vector<QString>& itemCaptions,
         const std::function<void(int)>& choose, QWidget* parent);
 

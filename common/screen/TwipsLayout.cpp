@@ -212,7 +212,7 @@ void TwipsLayout::giveFont(Entry& entry) const
     QWidget* control = entry.Item->widget();
     const bool writesInIt = control->font() == font;
     control->setFont(font);
-    if (writesInIt) { // so that the toolkit says nothing; but the control must know that it is to write no larger
+    if (writesInIt) { // so that Qt says nothing; but the control must know that it is to write no larger
         QEvent change(QEvent::FontChange);
         QCoreApplication::sendEvent(control, &change);
     }

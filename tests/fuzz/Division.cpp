@@ -273,11 +273,12 @@ private:
     void check(const std::string& quotient)
     {
         const numbrela::Score before = exercise_.Score;
-        const DivisionVerdict verdict = exercise_.Judge(quotient);
-        EXPECT_EQ(verdict.Refusal.empty(), exercise_.QuotientDecimals == 0);
-        if (exercise_.QuotientDecimals > 0) {
+        const std::optional<Verdict> judged = exercise_.Judge(quotient);
+        EXPECT_EQ(judged.has_value(), exercise_.QuotientDecimals == 0);
+        if (!judged) {
             return;
         }
+        const Verdict& verdict = *judged;
         exercise_.Score.Count(verdict.Right);
         const long double product = static_cast<long double>(quotientValue(quotient)) * exercise_.Divisor;
         const long double remainder = lastRemainder();

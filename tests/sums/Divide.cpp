@@ -115,12 +115,12 @@ void tallyVerdicts(DivisionExercise& exercise, const std::string& quotient, cons
         : fromTheDividend               ? "without working the integer part of the dividend counts as the remainder"
                                         : nullptr;
     tally.Require(paper.GivesBackTheDividend(paper.Quotient) == (cause == nullptr), "the cause is another", describe);
-    tally.CountVerdict("solution", exercise.Judge(quotient).Right, cause == nullptr, cause, describe);
+    tally.CountVerdict("solution", exercise.Judge(quotient)->Right, cause == nullptr, cause, describe);
 
     const bool accepted = paper.GivesBackTheDividend(paper.Quotient + 1);
     tally.Require(!accepted || cause != nullptr, "the cause is another", describe);
     tally.CountVerdict("quotient one unit off",
-        exercise.Judge(WithoutLastZeros(CommaText(paper.Quotient + 1, paper.Scale))).Right, accepted,
+        exercise.Judge(WithoutLastZeros(CommaText(paper.Quotient + 1, paper.Scale)))->Right, accepted,
         accepted ? "by chance it makes up for the remainder that is read" : nullptr, describe);
 }
 
@@ -141,7 +141,7 @@ void tallySolution(DivisionExercise& exercise, const PaperDivision& paper, Tally
     }
     if (exercise.QuotientDecimals > 0) {
         tally.Note("solution not judged: the quotient was to have decimals of its own");
-        tally.Require(!exercise.Judge(quotient).Refusal.empty(), "it is judged all the same", describe);
+        tally.Require(!exercise.Judge(quotient), "it is judged all the same", describe);
         return;
     }
     tally.Require(exercise.Grid.RowValue(exercise.Grid.WrittenRows() - 1) == static_cast<double>(paper.LastRow()),

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 
 namespace numbrela::testing {
 
@@ -101,6 +102,26 @@ void describeMenu(const QAction& item, int level, std::vector<std::string>& line
     }
 }
 
+// The line itself or, of a list of options, one line for it and one for each item.
+void spellOut(const std::string& line, std::vector<std::string>& lines)
+{
+    const std::size_t colon = line.find(": &");
+    lines.push_back(line.substr(0, colon));
+    if (colon == std::string::npos) {
+        return;
+    }
+    const std::size_t name = line.find_first_not_of(' ');
+    const std::string list = line.substr(name, line.find(' ', name) - name);
+    std::istringstream items(line.substr(colon + 1));
+    std::string item;
+    for (int index = 0; items >> item; ++index) {
+        const bool checked = item.back() == '*';
+        item.resize(item.size() - (checked ? 1 : 0));
+        lines.push_back(
+            std::string(name + 2, ' ') + list + "Lis(" + std::to_string(index) + ") " + item + (checked ? " *" : ""));
+    }
+}
+
 } // namespace
 
 void ExpectControls(const FormWindow& form, const std::vector<ControlRow>& rows)
@@ -139,7 +160,11 @@ void ExpectMenus(const FormWindow& form, const std::vector<const char*>& lines)
     for (const QAction* item : form.findChild<QMenuBar*>()->actions()) {
         describeMenu(*item, 0, found);
     }
-    EXPECT_EQ(found, std::vector<std::string>(lines.begin(), lines.end()));
+    std::vector<std::string> wanted;
+    for (const char* line : lines) {
+        spellOut(line, wanted);
+    }
+    EXPECT_EQ(found, wanted);
 }
 
 } // namespace numbrela::testing

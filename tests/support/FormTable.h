@@ -28,7 +28,9 @@ struct ControlRow {
 void ExpectControls(const FormWindow& form, const std::vector<ControlRow>& rows);
 
 // Compares the menus with lines of the form "MnuOpc &Opciones", "  MnuOpcSal &Salir (Alt - F4)": name, caption, a
-// shortcut in brackets, "*" at the end of a checked item, two blanks more for each level.
+// shortcut in brackets, "*" at the end of a checked item, two blanks more for each level. A list of options whose items
+// are numbers may be one line: "  MnuOpcCif &Cifras: &2 &3* &4" stands for itself and "    MnuOpcCifLis(0) &2" and so
+// on.
 void ExpectMenus(const FormWindow& form, const std::vector<const char*>& lines);
 
 } // namespace numbrela::testing

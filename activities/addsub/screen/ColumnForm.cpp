@@ -150,14 +150,10 @@ void ColumnForm::buildControls()
 void ColumnForm::buildMenus()
 {
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
-    MnuOpcCif = new OptionMenu(
-        QStringLiteral("MnuOpcCif"), QStringLiteral("&Cifras"), ColumnExercise::DigitChoices,
-        [this](int index) { MnuOpcCifLis_Click(index); }, options);
-    MnuOpcDec = new OptionMenu(
-        QStringLiteral("MnuOpcDec"), QStringLiteral("&Decimales"), ColumnExercise::DecimalChoices,
-        [this](int index) { MnuOpcDeCLis_Click(index); }, options);
-    options->addMenu(MnuOpcCif);
-    options->addMenu(MnuOpcDec);
+    MnuOpcCif = AddOptionMenu(options, QStringLiteral("MnuOpcCif"), QStringLiteral("&Cifras"),
+        CaptionsOf(ColumnExercise::DigitChoices), [this](int index) { MnuOpcCifLis_Click(index); });
+    MnuOpcDec = AddOptionMenu(options, QStringLiteral("MnuOpcDec"), QStringLiteral("&Decimales"),
+        CaptionsOf(ColumnExercise::DecimalChoices), [this](int index) { MnuOpcDeCLis_Click(index); });
     AddMenuItem(
         options, QStringLiteral("MnuOpcIn1"), spanish(design_.EnterOperand1), [this] { MnuOpcIn1_Click(); },
         Qt::Key_F2);

@@ -20,10 +20,10 @@ public:
     void Form_Load();
     void CbNúmero_Click(int index);
 
-    TextBox* Text1;
-    std::array<CommandButton*, Comparison::ButtonCount> CbNúmero;
-    TextBox* Text3;
-    TextBox* Text2;
+    TextBox* Text1 = nullptr;
+    std::array<CommandButton*, Comparison::ButtonCount> CbNúmero {};
+    TextBox* Text3 = nullptr;
+    TextBox* Text2 = nullptr;
 
 private:
     void buildControls();

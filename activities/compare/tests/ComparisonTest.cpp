@@ -58,15 +58,6 @@ std::size_t expectedButton(const Captions& captions, bool asksForGreatest)
 
 // ----------------------------------------------------------------------------------------------------------- at load
 
-TEST(Comparison, StartsWithoutHitsErrorsAndAnswer)
-{
-    ScriptedRandom random {};
-    const Comparison comparison(random);
-    EXPECT_EQ(comparison.CorrectButton, 0);
-    EXPECT_EQ(comparison.Hits, 0);
-    EXPECT_EQ(comparison.Errors, 0);
-}
-
 // ----------------------------------------------------------------------------------------------------------- drawing
 
 struct QuestionCase {
@@ -83,7 +74,6 @@ TEST(Comparison, DrawsFourDigitsAndThenWhatToAskFor)
     const std::string minor = "Pulsa sobre el número MENOR";
     const Captions of4127 { "4,127", "4,172", "4,217", "4,271", "4,712", "4,721" };
     const Captions of1234 { "1,234", "1,243", "1,324", "1,342", "1,423", "1,432" };
-    const Captions of9765 { "9,765", "9,756", "9,675", "9,657", "9,576", "9,567" };
     QuestionCase cases[] = {
         { "the greatest", { drawOf('4'), drawOf('1'), drawOf('2'), drawOf('7'), greatest }, major.c_str(), of4127, 5 },
         { "the smallest", { drawOf('4'), drawOf('1'), drawOf('2'), drawOf('7'), smallest }, minor.c_str(), of4127, 0 },
@@ -95,10 +85,6 @@ TEST(Comparison, DrawsFourDigitsAndThenWhatToAskFor)
         { "digits whose draws single precision would round up to the next",
             { 0.1 - 0x1p-50, 0.2 - 0x1p-50, 0.3 - 0x1p-50, 0.4 - 0x1p-50, greatest }, major.c_str(), of1234, 5 },
         { "the greatest draw of all", { 0, 0.1, 0.2, 0.3, 1 - 0x1p-24 }, minor.c_str(), of1234, 0 },
-        { "falling digits", { drawOf('9'), drawOf('7'), drawOf('6'), drawOf('5'), greatest }, major.c_str(), of9765,
-            0 },
-        { "falling digits, the smallest", { drawOf('9'), drawOf('7'), drawOf('6'), drawOf('5'), smallest },
-            minor.c_str(), of9765, 5 },
     };
     for (auto& [what, random, instruction, numbers, correctButton] : cases) {
         SCOPED_TRACE(what);
@@ -140,36 +126,18 @@ TEST(Comparison, DrawsADigitAgainThatIsUsedOrLiesBehindThePool)
     }
 }
 
-TEST(Comparison, ADigitThatWasUsedInOneQuestionIsThereForTheNext)
-{
-    ScriptedRandom random { 0, 0.1, 0.2, 0.3, greatest, 0.3, 0.2, 0.1, 0, smallest };
-    Comparison comparison(random);
-    comparison.NewComparison();
-    EXPECT_EQ(comparison.Captions[0], "1,234");
-    comparison.NewComparison();
-    EXPECT_EQ(comparison.Captions[0], "4,321");
-    EXPECT_EQ(comparison.CorrectButton, 5);
-    EXPECT_TRUE(random.AllDrawn());
-}
-
 // Calls back with every question that can be drawn: its four digits and what it asks for.
 template <typename Examine>
 void forAllQuestions(Examine examine)
 {
     int questions = 0;
-    const std::string digits = pool;
-    for (const char d0 : digits) {
-        for (const char d1 : digits) {
-            for (const char d2 : digits) {
-                for (const char d3 : digits) {
-                    const std::string all { d0, d1, d2, d3 };
-                    if (std::set<char>(all.begin(), all.end()).size() == all.size()) {
-                        examine(all, true);
-                        examine(all, false);
-                        ++questions;
-                    }
-                }
-            }
+    for (int number = 1234; number <= 9765; ++number) {
+        const std::string digits = std::to_string(number);
+        if (digits.find_first_not_of(pool) == std::string::npos
+            && std::set<char>(digits.begin(), digits.end()).size() == digits.size()) {
+            examine(digits, true);
+            examine(digits, false);
+            ++questions;
         }
     }
     EXPECT_EQ(questions, 1680);
@@ -182,7 +150,7 @@ Comparison drawnWith(const std::string& digits, bool asksForGreatest)
     return drawn(random);
 }
 
-TEST(Comparison, EveryQuestionHasTheRightAnswer)
+TEST(Comparison, EveryQuestionShowsEveryOrderOfItsDecimalsAndHasTheRightAnswer)
 {
     forAllQuestions([](const std::string& digits, bool asksForGreatest) {
         const Comparison comparison = drawnWith(digits, asksForGreatest);
@@ -191,14 +159,7 @@ TEST(Comparison, EveryQuestionHasTheRightAnswer)
             << digits;
         ASSERT_EQ(
             comparison.Instruction, std::string("Pulsa sobre el número ") + (asksForGreatest ? "MAYOR" : "MENOR"));
-    });
-}
-
-TEST(Comparison, EveryQuestionShowsEveryOrderOfItsDecimalsOnTheSameButtons)
-{
-    forAllQuestions([](const std::string& digits, bool asksForGreatest) {
         const char* orders[] = { "123", "132", "213", "231", "312", "321" };
-        const Comparison comparison = drawnWith(digits, asksForGreatest);
         for (std::size_t button = 0; button < comparison.Captions.size(); ++button) {
             std::string caption { digits[0], ',' };
             for (const char* place = orders[button]; *place != '\0'; ++place) {
@@ -241,15 +202,22 @@ TEST(Comparison, CaptionsHaveADecimalCommaInEveryCountry)
     EXPECT_EQ(drawnWith("4127", true).CorrectButton, 5);
 }
 
-TEST(Comparison, DrawingCountsNothing)
+TEST(Comparison, TheNextQuestionHasAllDigitsAgainAndKeepsTheCounts)
 {
-    ScriptedRandom random { 0, 0.1, 0.2, 0.3, greatest };
+    ScriptedRandom random { 0, 0.1, 0.2, 0.3, greatest, 0.3, 0.2, 0.1, 0, smallest };
     Comparison comparison(random);
-    comparison.Hits = 4;
-    comparison.Errors = 2;
+    EXPECT_EQ(comparison.ScoreLine(), "Aciertos: 0;   Errores: 0.");
+    EXPECT_EQ(comparison.CorrectButton, 0);
     comparison.NewComparison();
-    EXPECT_EQ(comparison.Hits, 4);
-    EXPECT_EQ(comparison.Errors, 2);
+    EXPECT_EQ(comparison.Captions[0], "1,234");
+    for (int button = 0; button < 6; ++button) {
+        EXPECT_EQ(comparison.Judge(button).Right, button == 5);
+    }
+    comparison.NewComparison();
+    EXPECT_EQ(comparison.Captions[0], "4,321");
+    EXPECT_EQ(comparison.CorrectButton, 5);
+    EXPECT_EQ(comparison.ScoreLine(), "Aciertos: 1;   Errores: 5.") << "each wrong click has counted";
+    EXPECT_TRUE(random.AllDrawn());
 }
 
 // ----------------------------------------------------------------------------------------------------------- judging
@@ -269,17 +237,6 @@ TEST(Comparison, JudgesAndCountsEveryButton)
             EXPECT_EQ(comparison.CorrectButton, correct);
         }
     }
-}
-
-TEST(Comparison, EveryWrongClickOfAQuestionCounts)
-{
-    ScriptedRandom random { 0, 0.1, 0.2, 0.3, greatest };
-    Comparison comparison = drawn(random);
-    for (int wrong = 0; wrong < 5; ++wrong) {
-        EXPECT_FALSE(comparison.Judge(wrong).Right);
-    }
-    EXPECT_TRUE(comparison.Judge(5).Right);
-    EXPECT_EQ(comparison.ScoreLine(), "Aciertos: 1;   Errores: 5.");
 }
 
 TEST(Comparison, WritesTheScoreInPlainDigits)

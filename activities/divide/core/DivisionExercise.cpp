@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace numbrela {
 
@@ -147,16 +146,14 @@ double DivisionExercise::lastRemainder() const
     return remainder;
 }
 
-DivisionVerdict DivisionExercise::Judge(std::string_view quotient) const
+std::optional<Verdict> DivisionExercise::Judge(std::string_view quotient) const
 {
     if (QuotientDecimals > 0) {
-        return { {},
-            "El número de decimales no es cero, por favor utilice la opción \"Ver solución\" para comprobar su "
-            "resultado." };
+        return std::nullopt;
     }
     const double given = ParseFirstCommaNumber(quotient) * Divisor + lastRemainder();
     const bool right = isWithin(std::fabs(Dividend - given), 1 / PowerOfTen(scale() + 1));
-    return { { right, right ? "resultado correcto" : "Resultado incorrecto" }, "" };
+    return Verdict { right, right ? "resultado correcto" : "Resultado incorrecto" };
 }
 
 std::string DivisionExercise::ShowDivisionSolution()

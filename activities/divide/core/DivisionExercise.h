@@ -7,15 +7,11 @@
 #include "common/core/Score.h"
 #include "common/core/Verdict.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace numbrela {
-
-// What became of an answer.
-struct DivisionVerdict : Verdict {
-    std::string Refusal; // what to tell the pupil instead; empty: the answer was judged, and is to be counted
-};
 
 // The number that a text begins with, its first "," being the decimal comma: "1,25" gives 1.25, "12 r 3" gives 12, no
 // number gives 0.
@@ -58,8 +54,11 @@ public:
     void ClearWorking();
 
     // Judges the text of the quotient box together with the last remainder on the grid. Right is what gives back the
-    // dividend; a quotient that is to be worked to decimals is not judged. What was judged is for `Score` to count.
-    DivisionVerdict Judge(std::string_view quotient) const;
+    // dividend. A quotient that is to be worked to decimals is not judged: there is no verdict, and the pupil is told
+    // why. What was judged is for `Score` to count.
+    std::optional<Verdict> Judge(std::string_view quotient) const;
+    static constexpr const char* WhyNotJudged = "El número de decimales no es cero, por favor utilice la opción \"Ver "
+                                                "solución\" para comprobar su resultado.";
 
     // Writes the working into the grid, the caret where it begins, and returns the quotient. From here on the exercise
     // is not scored. Throws RunTimeError::Overflow, and changes nothing, when a running remainder or the divisor does

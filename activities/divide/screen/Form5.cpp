@@ -108,21 +108,14 @@ void Form5::buildRest()
 void Form5::buildMenus()
 {
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
-    const auto addList = [&](const char* name, const QString& caption, const OptionList& list,
-                             void (Form5::*click)(int)) {
-        auto* menu = new OptionMenu(
-            QString::fromLatin1(name), caption, list, [this, click](int index) { (this->*click)(index); }, options);
-        options->addMenu(menu);
-        return menu;
-    };
-    MnuOpcDiv = addList("MnuOpcDiv", QStringLiteral("&Cifras del dividendo"), DivisionExercise::DividendDigitChoices,
-        &Form5::MnuOpcDivLis_Click);
-    MnuOpcDeD = addList("MnuOpcDeD", QStringLiteral("&Decimales del dividendo"),
-        DivisionExercise::DividendDecimalChoices, &Form5::MnuOpcDeDLis_Click);
-    MnuOpcDis = addList("MnuOpcDis", QStringLiteral("C&ifras del divisor"), DivisionExercise::DivisorDigitChoices,
-        &Form5::MnuOpcDisLis_Click);
-    MnuOpcDeC = addList("MnuOpcDeC", QStringLiteral("&Decimales del cociente"),
-        DivisionExercise::QuotientDecimalChoices, &Form5::MnuOpcDeCLis_Click);
+    MnuOpcDiv = AddOptionMenu(options, QStringLiteral("MnuOpcDiv"), QStringLiteral("&Cifras del dividendo"),
+        CaptionsOf(DivisionExercise::DividendDigitChoices), [this](int index) { MnuOpcDivLis_Click(index); });
+    MnuOpcDeD = AddOptionMenu(options, QStringLiteral("MnuOpcDeD"), QStringLiteral("&Decimales del dividendo"),
+        CaptionsOf(DivisionExercise::DividendDecimalChoices), [this](int index) { MnuOpcDeDLis_Click(index); });
+    MnuOpcDis = AddOptionMenu(options, QStringLiteral("MnuOpcDis"), QStringLiteral("C&ifras del divisor"),
+        CaptionsOf(DivisionExercise::DivisorDigitChoices), [this](int index) { MnuOpcDisLis_Click(index); });
+    MnuOpcDeC = AddOptionMenu(options, QStringLiteral("MnuOpcDeC"), QStringLiteral("&Decimales del cociente"),
+        CaptionsOf(DivisionExercise::QuotientDecimalChoices), [this](int index) { MnuOpcDeCLis_Click(index); });
     MnuOpcRes = AddMenuItem(options, QStringLiteral("MnuOpcRes"), QStringLiteral("&Restas intermedias (No)"),
         [this] { MnuOpcRes_Click(); });
     AddMenuItem(
@@ -144,8 +137,7 @@ void Form5::checkOptions()
 }
 
 // The activity has an answer to every run-time error: it says so and goes on with what was there.
-template <typename Action>
-void Form5::sayingErrors(Action action)
+void Form5::showErrorsAsMessages(const std::function<void()>& action)
 {
     try {
         action();
@@ -156,7 +148,7 @@ void Form5::sayingErrors(Action action)
 
 void Form5::GenerateDivision()
 {
-    sayingErrors([this] {
+    showErrorsAsMessages([this] {
         exercise_.GenerateDivision();
         placeGrid();
         Text2->SetText(exercise_.DivisorText());
@@ -175,17 +167,17 @@ void Form5::placeGrid()
 
 void Form5::Command1_Click()
 {
-    sayingErrors([this] {
-        const DivisionVerdict verdict = exercise_.Judge(Text3->Text());
-        if (!verdict.Refusal.empty()) {
-            ShowMessage(this, verdict.Refusal);
+    showErrorsAsMessages([this] {
+        const std::optional<Verdict> verdict = exercise_.Judge(Text3->Text());
+        if (!verdict) {
+            ShowMessage(this, DivisionExercise::WhyNotJudged);
             return;
         }
-        Text4->ShowVerdict(verdict);
-        if (verdict.Right) {
+        Text4->ShowVerdict(*verdict);
+        if (verdict->Right) {
             Buttons.Command2[0]->setFocus();
         }
-        tbResultados->SetText(exercise_.Score.Count(verdict.Right));
+        tbResultados->SetText(exercise_.Score.Count(verdict->Right));
     });
 }
 
@@ -203,7 +195,7 @@ void Form5::Command2_Click(int index)
         Text1->setFocus();
         break;
     case 2:
-        sayingErrors([this] { showSolution(); });
+        showErrorsAsMessages([this] { showSolution(); });
         break;
     default:
         break;
@@ -257,7 +249,7 @@ void Form5::MnuOpcRes_Click()
 void Form5::MnuOpcInt_Click()
 {
     const std::string typed = AskText(this, "", "Introducir dividendo", exercise_.DividendText());
-    sayingErrors([&] {
+    showErrorsAsMessages([&] {
         if (exercise_.EnterDividend(typed)) {
             MnuOpcDiv->CheckOnly(DivisionExercise::DividendDigitChoices.IndexOf(exercise_.DividendDigits));
             placeGrid();
@@ -269,7 +261,7 @@ void Form5::MnuOpcInt_Click()
 void Form5::MnuOpcInd_Click()
 {
     const std::string typed = AskText(this, "", "Introducir divisor", exercise_.DivisorText());
-    sayingErrors([&] {
+    showErrorsAsMessages([&] {
         if (exercise_.EnterDivisor(typed)) {
             MnuOpcDis->CheckOnly(DivisionExercise::DivisorDigitChoices.IndexOf(exercise_.DivisorDigits));
             Text2->SetText(exercise_.DivisorText());

@@ -40,19 +40,19 @@ public:
     void Text2_GotFocus();
     void Text3_GotFocus();
 
-    WorkingGridBox* Text1;
-    TextBox* Text2;
-    TextBox* Text3;
-    StatementBox* Text4;
-    TextBox* tbResultados;
-    Line* Line1;
-    Line* Line2;
+    WorkingGridBox* Text1 = nullptr;
+    TextBox* Text2 = nullptr;
+    TextBox* Text3 = nullptr;
+    StatementBox* Text4 = nullptr;
+    TextBox* tbResultados = nullptr;
+    Line* Line1 = nullptr;
+    Line* Line2 = nullptr;
     ButtonRow Buttons;
-    OptionMenu* MnuOpcDiv;
-    OptionMenu* MnuOpcDeD;
-    OptionMenu* MnuOpcDis;
-    OptionMenu* MnuOpcDeC;
-    QAction* MnuOpcRes;
+    OptionMenu* MnuOpcDiv = nullptr;
+    OptionMenu* MnuOpcDeD = nullptr;
+    OptionMenu* MnuOpcDis = nullptr;
+    OptionMenu* MnuOpcDeC = nullptr;
+    QAction* MnuOpcRes = nullptr;
 
 private:
     void buildBracket();
@@ -61,8 +61,7 @@ private:
     void checkOptions();
     void placeGrid();
     void showSolution();
-    template <typename Action>
-    void sayingErrors(Action action);
+    void showErrorsAsMessages(const std::function<void()>& action);
 
     SeededRandom random_;
     DivisionExercise exercise_;

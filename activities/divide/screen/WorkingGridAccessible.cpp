@@ -19,14 +19,10 @@ SpokenChange ChangeBetween(const QString& before, const QString& now)
 
 void WorkingGridAccessible::Install()
 {
-    static const bool installed = [] {
-        QAccessible::installFactory([](const QString& /*className*/, QObject* object) -> QAccessibleInterface* {
-            auto* box = qobject_cast<WorkingGridBox*>(object);
-            return box == nullptr ? nullptr : new WorkingGridAccessible(box);
-        });
-        return true;
-    }();
-    Q_UNUSED(installed)
+    QAccessible::installFactory([](const QString& /*className*/, QObject* object) -> QAccessibleInterface* {
+        auto* box = qobject_cast<WorkingGridBox*>(object);
+        return box == nullptr ? nullptr : new WorkingGridAccessible(box);
+    });
 }
 
 WorkingGridAccessible::WorkingGridAccessible(WorkingGridBox* box)

@@ -21,7 +21,7 @@ SpokenChange ChangeBetween(const QString& before, const QString& now);
 // What a screen reader finds where a working grid is: a text of several lines with a caret, as in a text box.
 class WorkingGridAccessible : public QAccessibleWidget, public SpokenText {
 public:
-    // Makes the toolkit find it; the first call does.
+    // Makes Qt find it. Qt knows a factory that it has already, so that further calls change nothing.
     static void Install();
 
     explicit WorkingGridAccessible(WorkingGridBox* box);

@@ -51,8 +51,7 @@ void expectChecks(const std::vector<CheckCase>& cases)
         for (std::size_t i = 0; i < check.Rows.size(); ++i) {
             typeRow(drawn.Exercise.Grid, static_cast<int>(i) + 1, check.Rows[i]);
         }
-        const DivisionVerdict verdict = drawn.Exercise.Judge(check.Quotient);
-        EXPECT_EQ(verdict.Refusal, "");
+        const Verdict verdict = drawn.Exercise.Judge(check.Quotient).value();
         EXPECT_EQ(verdict.Right, check.Right);
         EXPECT_EQ(verdict.Text, check.Right ? "resultado correcto" : "Resultado incorrecto");
     }
@@ -141,8 +140,8 @@ TEST(DivisionCheck, JudgingCountsNothing)
 {
     DrawnDivision drawn({ 2, 0, 1, 0 }, 84, 4);
     typeRow(drawn.Exercise.Grid, 1, "0");
-    EXPECT_FALSE(drawn.Exercise.Judge("22").Right);
-    EXPECT_TRUE(drawn.Exercise.Judge("21").Right);
+    EXPECT_FALSE(drawn.Exercise.Judge("22")->Right);
+    EXPECT_TRUE(drawn.Exercise.Judge("21")->Right);
     EXPECT_EQ(drawn.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
     EXPECT_TRUE(drawn.Exercise.Score.Scorable);
 }
@@ -152,11 +151,7 @@ TEST(DivisionCheck, IsNotOfferedForAQuotientWithDecimals)
     for (int decimals = 1; decimals <= 5; ++decimals) {
         DrawnDivision drawn({ 2, 0, 1, decimals }, 84, 4);
         typeRow(drawn.Exercise.Grid, 1, "0");
-        const DivisionVerdict verdict = drawn.Exercise.Judge("21");
-        EXPECT_EQ(verdict.Refusal,
-            "El número de decimales no es cero, por favor utilice la opción \"Ver solución\" para comprobar su "
-            "resultado.");
-        EXPECT_FALSE(verdict.Right);
+        EXPECT_EQ(drawn.Exercise.Judge("21"), std::nullopt) << decimals;
     }
 }
 

@@ -92,8 +92,8 @@ TEST(DivisionEntry, ANumberBelowOneIsADividendOfZeroAndNoDivisor)
         EXPECT_TRUE(drawn.Exercise.EnterDividend(typed));
         EXPECT_EQ(drawn.Exercise.Statement(), "0 ÷ 4");
         EXPECT_EQ(drawn.Exercise.DividendDigits, static_cast<int>(std::string_view(typed).size()));
-        EXPECT_TRUE(drawn.Exercise.Judge("0").Right);
-        EXPECT_TRUE(drawn.Exercise.Judge(drawn.Exercise.ShowDivisionSolution()).Right);
+        EXPECT_TRUE(drawn.Exercise.Judge("0")->Right);
+        EXPECT_TRUE(drawn.Exercise.Judge(drawn.Exercise.ShowDivisionSolution())->Right);
     }
 }
 

@@ -213,8 +213,8 @@ TEST(DivisionSolution, EndsTheScoringOfTheExercise)
     drawn.Exercise.ShowDivisionSolution();
     EXPECT_FALSE(drawn.Exercise.Score.Scorable);
     EXPECT_EQ(drawn.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
-    EXPECT_EQ(drawn.Exercise.Judge("21").Text, "resultado correcto");
-    EXPECT_EQ(drawn.Exercise.Judge("5").Text, "Resultado incorrecto");
+    EXPECT_EQ(drawn.Exercise.Judge("21")->Text, "resultado correcto");
+    EXPECT_EQ(drawn.Exercise.Judge("5")->Text, "Resultado incorrecto");
 }
 
 TEST(DivisionSolution, LeavesTheCaretWhereTheWorkingBegins)
@@ -421,7 +421,7 @@ TEST(DivisionSolution, PassesTheCheckForDrawnDivisions)
                 const std::string statement = exercise.Statement();
                 const std::string quotient = exercise.ShowDivisionSolution();
                 if (exercise.Grid.WrittenRows() > 1) {
-                    EXPECT_TRUE(exercise.Judge(quotient).Right) << statement << " = " << quotient;
+                    EXPECT_TRUE(exercise.Judge(quotient)->Right) << statement << " = " << quotient;
                 }
             }
         }

@@ -84,19 +84,6 @@ protected:
         return false;
     }
 
-    // Where it is dark in a cell, counted from its corner.
-    QRect inkIn(int cell)
-    {
-        const QImage picture = Box.grab(Box.CellRect(cell)).toImage();
-        QRect ink;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                ink |= picture.pixelColor(x, y).lightness() < 160 ? QRect(x, y, 1, 1) : QRect();
-            }
-        }
-        return ink;
-    }
-
     QImage onScreen() const
     {
         const QPoint corner = Box.mapTo(&window_, QPoint());
@@ -139,22 +126,6 @@ TEST_F(WorkingGridBoxTest, PaintsEachCharacterInItsCell)
     }
 }
 
-TEST_F(WorkingGridBoxTest, PaintsACharacterInTheMiddleOfItsCellAsLargeAsItsFont)
-{
-    typeRow(Grid, 1, "   8");
-    for (const int pixelSize : { 13, 19, 26 }) {
-        QFont font = Box.font();
-        font.setPixelSize(pixelSize);
-        Box.setFont(font);
-        Box.resize(8 * pixelsPerCell * pixelSize / 19, 467 * pixelSize / 19);
-        const QRect ink = inkIn(11);
-        const QSize cell = Box.CellRect(11).size();
-        EXPECT_NEAR(ink.center().x(), cell.width() / 2, 1) << pixelSize;
-        EXPECT_NEAR(ink.center().y(), cell.height() / 2, 2) << pixelSize;
-        EXPECT_NEAR(ink.height(), QFontMetrics(font).tightBoundingRect(QStringLiteral("8")).height(), 1) << pixelSize;
-    }
-}
-
 // Other tests ask the box for its picture, which it then paints. Here it must have painted it by itself.
 TEST_F(WorkingGridBoxTest, WhatAPersonDoesIsSeenOnTheScreen)
 {
@@ -174,52 +145,18 @@ TEST_F(WorkingGridBoxTest, WhatAPersonDoesIsSeenOnTheScreen)
     expectSeen("no focus, no caret");
 }
 
-TEST_F(WorkingGridBoxTest, HasAsManyColumnsAsTheGrid)
-{
-    for (const int columns : { 5, 8, 23 }) {
-        Grid.LineWidth = columns;
-        Box.resize(columns * pixelsPerCell, 467);
-        EXPECT_EQ(Box.CellRect(0).left(), 0);
-        EXPECT_EQ(Box.CellRect(columns - 1).right(), Box.width() - 1);
-        EXPECT_EQ(Box.CellRect(columns).left(), 0);
-        for (int cell = 0; cell < columns; ++cell) {
-            EXPECT_EQ(Box.CellRect(cell).width(), pixelsPerCell);
-            EXPECT_EQ(Box.CellRect(cell).top(), Box.CellRect(0).top());
-        }
-        EXPECT_EQ(Box.CellRect(columns).top(), Box.CellRect(0).bottom() + 1);
-    }
-}
-
-TEST_F(WorkingGridBoxTest, ShowsTwentyRowsWholeAtEverySize)
-{
-    for (const double scale : { 0.5, 0.77, 1.0, 1.37, 2.0, 3.1 }) {
-        Box.resize(static_cast<int>(88 * scale), static_cast<int>(467 * scale));
-        EXPECT_EQ(Box.ShownRows(), 20);
-        EXPECT_LE(Box.CellRect(20 * 8 - 1).bottom(), Box.height());
-        EXPECT_GT(Box.CellRect(21 * 8 - 1).bottom(), Box.height());
-        EXPECT_EQ(Box.CellRect(7).right(), Box.width() - 1);
-    }
-}
-
-TEST_F(WorkingGridBoxTest, TheCaretIsABlockOnItsCellWhileTheBoxHasTheFocus)
+TEST_F(WorkingGridBoxTest, TheCaretIsABlockOnItsCellWhileTheBoxHasTheFocusAndItsCharacterCanBeRead)
 {
     const QColor block = Box.palette().color(QPalette::Highlight);
-    for (const int cell : { 0, 9, 66 }) {
+    for (const int cell : { 0, 9, 66, 2 }) {
         Grid.MoveCaretTo(cell);
         Box.ShowGrid();
         EXPECT_EQ(Box.grab(Box.CellRect(cell)).toImage().pixelColor(5, 3), block) << cell;
         EXPECT_FALSE(hasInk(cell + 2, block)) << cell;
     }
-    Box.clearFocus();
-    EXPECT_FALSE(hasInk(66, block));
-}
-
-TEST_F(WorkingGridBoxTest, TheCharacterUnderTheCaretCanBeRead)
-{
-    Grid.MoveCaretTo(2);
-    Box.ShowGrid();
     EXPECT_TRUE(hasInk(2, Box.palette().color(QPalette::HighlightedText)));
     Box.clearFocus();
+    EXPECT_FALSE(hasInk(2, block));
     EXPECT_TRUE(hasInk(2, Box.palette().color(QPalette::Text)));
 }
 
@@ -249,25 +186,33 @@ TEST_F(WorkingGridBoxTest, AClickPutsTheCaretOnItsCell)
     for (const int cell : { 8, 13, 7, 0, 159, 100 }) {
         clickCell(cell);
         EXPECT_EQ(Grid.Caret, cell);
-        EXPECT_EQ(FocusName(), Box.objectName().toStdString());
         EXPECT_TRUE(Box.hasFocus());
     }
-}
-
-TEST_F(WorkingGridBoxTest, AClickBesideTheCellsTakesTheNearestOne)
-{
+    QTest::mouseClick(&Box, Qt::RightButton, {}, Box.CellRect(20).center());
+    EXPECT_EQ(Grid.Caret, 100) << "other buttons move nothing";
     QTest::mouseClick(&Box, Qt::LeftButton, {}, QPoint(0, 1));
-    EXPECT_EQ(Grid.Caret, 0);
+    EXPECT_EQ(Grid.Caret, 0) << "beside the cells, the nearest one";
     QTest::mouseClick(&Box, Qt::LeftButton, {}, QPoint(Box.width() - 1, Box.height() - 1));
     EXPECT_EQ(Grid.Caret, 159);
+    fillRows(40);
+    turnWheel(-120);
+    QTest::mouseClick(&Box, Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(Grid.Caret, 24) << "the rows that are scrolled away count";
 }
 
-TEST_F(WorkingGridBoxTest, EveryPixelIsOfTheCellThatIsPaintedThere)
+TEST_F(WorkingGridBoxTest, HasTwentyRowsOfTheGridsColumnsAtEverySizeAndEveryPixelIsOfItsCell)
 {
     for (const int columns : { 5, 8, 23 }) {
         Grid.LineWidth = columns;
         for (const QSize size : { QSize(40, 233), QSize(88, 467), QSize(100, 500), QSize(253, 641), QSize(301, 901) }) {
+            SCOPED_TRACE(size.width());
             Box.resize(size);
+            EXPECT_EQ(Box.ShownRows(), 20);
+            EXPECT_EQ(Box.CellRect(0).left(), 0);
+            EXPECT_EQ(Box.CellRect(columns - 1).right(), size.width() - 1);
+            EXPECT_EQ(Box.CellRect(columns).topLeft(), QPoint(0, Box.CellRect(0).bottom() + 1));
+            EXPECT_LE(Box.CellRect(20 * columns - 1).bottom(), size.height());
+            EXPECT_GT(Box.CellRect(21 * columns - 1).bottom(), size.height());
             for (int x = 0; x < size.width(); ++x) {
                 const QRect cell = Box.CellRect(Box.CellAt({ x, 0 }));
                 EXPECT_TRUE(cell.left() <= x && x <= cell.right()) << columns << " columns, pixel " << x;
@@ -280,34 +225,19 @@ TEST_F(WorkingGridBoxTest, EveryPixelIsOfTheCellThatIsPaintedThere)
     }
 }
 
-TEST_F(WorkingGridBoxTest, OtherButtonsMoveNothing)
-{
-    Grid.MoveCaretTo(12);
-    QTest::mouseClick(&Box, Qt::RightButton, {}, Box.CellRect(20).center());
-    EXPECT_EQ(Grid.Caret, 12);
-}
-
-TEST_F(WorkingGridBoxTest, AClickCountsTheRowsThatAreScrolledAway)
-{
-    fillRows(40);
-    turnWheel(-120);
-    EXPECT_EQ(Box.FirstShownRow(), 3);
-    QTest::mouseClick(&Box, Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(Grid.Caret, 24);
-}
-
 TEST_F(WorkingGridBoxTest, TheWheelScrollsThreeRowsANotchThroughWhatIsWritten)
 {
-    fillRows(40);
+    fillRows(20);
     turnWheel(-120);
-    EXPECT_EQ(Box.FirstShownRow(), 3);
-    turnWheel(120);
-    EXPECT_EQ(Box.FirstShownRow(), 0);
-    turnWheel(120);
-    EXPECT_EQ(Box.FirstShownRow(), 0);
-    turnWheel(-120 * 50);
-    EXPECT_EQ(Box.FirstShownRow(), 20) << "the last row is the lowest one shown";
-    EXPECT_EQ(Grid.Caret, 0) << "and the caret stays where it was";
+    EXPECT_EQ(Box.FirstShownRow(), 0) << "everything is shown";
+    fillRows(40);
+    const std::pair<int, int> turns[]
+        = { { -120, 3 }, { 120, 0 }, { 120, 0 }, { -39, 0 }, { -1, 1 }, { 40, 0 }, { -120 * 50, 20 } };
+    for (const auto& [turn, firstRow] : turns) {
+        turnWheel(turn);
+        EXPECT_EQ(Box.FirstShownRow(), firstRow) << turn;
+    }
+    EXPECT_EQ(Grid.Caret, 0) << "the caret stays where it was";
 }
 
 TEST_F(WorkingGridBoxTest, TheWheelNeverTurnsThePaperTheOtherWay)
@@ -322,22 +252,6 @@ TEST_F(WorkingGridBoxTest, TheWheelNeverTurnsThePaperTheOtherWay)
     EXPECT_EQ(Box.FirstShownRow(), first) << "below what is written there is nothing to be seen";
     turnWheel(120);
     EXPECT_EQ(Box.FirstShownRow(), first - 3);
-}
-
-TEST_F(WorkingGridBoxTest, SmallTurnsOfTheWheelAddUp)
-{
-    fillRows(40);
-    turnWheel(-39);
-    EXPECT_EQ(Box.FirstShownRow(), 0);
-    turnWheel(-1);
-    EXPECT_EQ(Box.FirstShownRow(), 1);
-}
-
-TEST_F(WorkingGridBoxTest, TheWheelDoesNothingWhileEverythingIsShown)
-{
-    fillRows(20);
-    turnWheel(-120);
-    EXPECT_EQ(Box.FirstShownRow(), 0);
 }
 
 // ---------------------------------------------------------------------------------------------------------- the keys
@@ -380,31 +294,20 @@ TEST_F(WorkingGridBoxTest, ScrollsWithTheCaret)
 TEST_F(WorkingGridBoxTest, AKeyBringsTheCaretBackThatTheWheelHasScrolledAway)
 {
     fillRows(60);
-    turnWheel(-120 * 10);
-    EXPECT_EQ(Box.FirstShownRow(), 30);
-    Grid.MoveCaretTo(8);
-    Press(Qt::Key_Down);
-    EXPECT_EQ(Box.FirstShownRow(), 2);
-}
-
-TEST_F(WorkingGridBoxTest, TheRowBelowTheDividendIsShownTogetherWithIt)
-{
-    fillRows(60);
-    turnWheel(-120 * 10);
-    Press(Qt::Key_Down);
-    EXPECT_EQ(Grid.Caret, 8);
-    EXPECT_EQ(Box.FirstShownRow(), 0);
-}
-
-TEST_F(WorkingGridBoxTest, LeftStopsAtTheFirstCell)
-{
-    Grid.MoveCaretTo(2);
-    turnWheel(-120);
-    for (const int cell : { 1, 0, 0 }) {
-        Press(Qt::Key_Left);
-        EXPECT_EQ(Grid.Caret, cell);
+    const struct {
+        int Caret;
+        Qt::Key Key;
+        int CaretAfter;
+        int FirstRow;
+    } cases[] = { { 8, Qt::Key_Down, 16, 2 }, { 2, Qt::Key_Left, 1, 0 }, { 0, Qt::Key_Left, 0, 0 },
+        { 0, Qt::Key_Down, 8, 0 } }; // the row below the dividend is shown together with it
+    for (const auto& [caret, key, caretAfter, firstRow] : cases) {
+        Grid.MoveCaretTo(caret);
+        turnWheel(-120 * 10);
+        Press(key);
+        EXPECT_EQ(Grid.Caret, caretAfter);
+        EXPECT_EQ(Box.FirstShownRow(), firstRow) << caret;
         EXPECT_TRUE(Box.hasFocus());
-        EXPECT_EQ(Box.FirstShownRow(), 0);
     }
 }
 

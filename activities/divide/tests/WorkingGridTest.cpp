@@ -58,13 +58,6 @@ TEST_F(WorkingGridTest, BeginsWithTheCaretBelowTheFirstDigitOfTheDividend)
     EXPECT_EQ(rowsOf(Grid), (Rows { " -97", "  5" }));
 }
 
-TEST_F(WorkingGridTest, BeginsAnewWithoutTheOldWorking)
-{
-    typeRow(Grid, 1, "12345");
-    Grid.Begin("8");
-    EXPECT_EQ(Grid.Text, u" 8" + std::u16string(2000, u' '));
-}
-
 TEST_F(WorkingGridTest, IsCutIntoRowsOfItsWidth)
 {
     EXPECT_EQ(Grid.Row(0), u" 97,25  ");
@@ -106,20 +99,6 @@ TEST_F(WorkingGridTest, ArrowsStepOverTheCommaInEveryRow)
     }
 }
 
-TEST_F(WorkingGridTest, ArrowsSkipNothingWithoutAComma)
-{
-    withoutComma();
-    Grid.MoveCaretTo(0);
-    for (int cell = 0; cell < 20; ++cell) {
-        EXPECT_EQ(Grid.Caret, cell);
-        Grid.StepRight();
-    }
-    for (int cell = 20; cell > 0; --cell) {
-        EXPECT_EQ(Grid.Caret, cell);
-        Grid.StepLeft();
-    }
-}
-
 TEST_F(WorkingGridTest, ArrowsStopAtTheEndsOfTheText)
 {
     Grid.MoveCaretTo(0);
@@ -130,26 +109,26 @@ TEST_F(WorkingGridTest, ArrowsStopAtTheEndsOfTheText)
     EXPECT_EQ(Grid.Caret, 2006);
     Grid.StepRight();
     EXPECT_EQ(Grid.Caret, 2006);
-}
-
-TEST_F(WorkingGridTest, ACommaBeyondTheRowIsNoColumnToSkip)
-{
-    Grid.CommaColumn = 8;
-    Grid.MoveCaretTo(0);
-    for (int cell = 0; cell < 20; ++cell) {
-        EXPECT_EQ(Grid.Caret, cell);
-        Grid.StepRight();
-    }
-}
-
-TEST_F(WorkingGridTest, MovesTheCaretWithinTheTextOnly)
-{
     Grid.MoveCaretTo(-5);
     EXPECT_EQ(Grid.Caret, 0);
-    Grid.MoveCaretTo(1234);
-    EXPECT_EQ(Grid.Caret, 1234);
     Grid.MoveCaretTo(100000);
     EXPECT_EQ(Grid.Caret, 2006);
+}
+
+TEST_F(WorkingGridTest, ArrowsSkipNothingWhereTheRowHasNoComma)
+{
+    for (const int commaColumn : { -1, 8 }) {
+        Grid.CommaColumn = commaColumn;
+        Grid.MoveCaretTo(0);
+        for (int cell = 0; cell < 20; ++cell) {
+            EXPECT_EQ(Grid.Caret, cell);
+            Grid.StepRight();
+        }
+        for (int cell = 20; cell > 0; --cell) {
+            EXPECT_EQ(Grid.Caret, cell);
+            Grid.StepLeft();
+        }
+    }
 }
 
 TEST_F(WorkingGridTest, MovesTheCaretByRowsWithinItsColumn)
@@ -191,18 +170,10 @@ TEST_F(WorkingGridTest, StepsOverTheCommaAsItWrites)
     EXPECT_EQ(Grid.Caret, 16);
     typeRow(Grid, 2, "123");
     EXPECT_EQ(Grid.Caret, 20) << "it moves on at once, not with the next character";
-}
-
-TEST_F(WorkingGridTest, WritesRightOfTheCommaWhenTheCaretWasPutOnIt)
-{
-    Grid.MoveCaretTo(11);
+    Grid.MoveCaretTo(27);
     Grid.TypeCharacter(u'5');
-    EXPECT_EQ(rowText(Grid, 1), "    5");
-    EXPECT_EQ(Grid.Caret, 13);
-}
-
-TEST_F(WorkingGridTest, WritesIntoEveryColumnWithoutAComma)
-{
+    EXPECT_EQ(rowText(Grid, 3), "    5") << "right of the comma, on which the caret was put";
+    EXPECT_EQ(Grid.Caret, 29);
     withoutComma();
     typeRow(Grid, 1, "12345678");
     EXPECT_EQ(rowText(Grid, 1), "12345678");
@@ -299,18 +270,11 @@ TEST_F(WorkingGridTest, ReadsTheNumberThatARowBeginsWith)
         EXPECT_EQ(Grid.RowValue(1), value) << text;
     }
     EXPECT_EQ(Grid.RowValue(5000), 0) << "below the paper";
-}
-
-TEST_F(WorkingGridTest, ReadsTheDividendsRowUpToItsComma)
-{
+    Grid.Begin("97,25");
     EXPECT_EQ(Grid.RowValue(0), 97);
-}
-
-TEST_F(WorkingGridTest, ReadsNoDigitsOfOtherAlphabets)
-{
     Grid.MoveCaretTo(8);
     Grid.TypeCharacter(u'1');
-    Grid.TypeCharacter(u'\u0661'); // an Arabic-Indic one
+    Grid.TypeCharacter(u'\u0661'); // an Arabic-Indic digit
     EXPECT_EQ(Grid.RowValue(1), 1);
 }
 
@@ -334,59 +298,41 @@ TEST_F(WorkingGridTest, ALineKeepsWhatStandsBeforeItAndClearsWhatStandsBehind)
     Grid.WriteWorkingLine("99", 4, 2);
     EXPECT_EQ(rowsOf(Grid), (Rows { " 97", "12345678", "12399" }));
     EXPECT_EQ(Grid.Text.size(), 8U + 8U + 5U + 2000U);
-}
-
-TEST_F(WorkingGridTest, AnEmptyLineClearsWhatStandsBehindItsColumn)
-{
-    withoutComma();
-    typeRow(Grid, 1, "12345678");
     Grid.WriteWorkingLine("", 4, 1);
-    EXPECT_EQ(rowsOf(Grid), (Rows { " 97", "12345" }));
+    EXPECT_EQ(rowsOf(Grid), (Rows { " 97", "12345" })) << "so does an empty one";
 }
 
-TEST_F(WorkingGridTest, ALineLeftOfTheCommaEndsTheShift)
+TEST_F(WorkingGridTest, TheShiftBeginsWhereALineReachesTheCommaAndEndsWhereOneBeginsLeftOfIt)
 {
-    commaShift_ = true;
-    Grid.WriteWorkingLine("17", 2, 1);
-    EXPECT_EQ(rowText(Grid, 1), " 17");
-    EXPECT_FALSE(commaShift_);
-}
-
-TEST_F(WorkingGridTest, ALineThatReachesTheCommaIsPartedThereAndBeginsTheShift)
-{
-    Grid.WriteWorkingLine("12", 3, 1);
-    EXPECT_EQ(rowText(Grid, 1), "  1 2");
-    EXPECT_TRUE(commaShift_);
-    Grid.WriteWorkingLine("1234", 5, 2);
-    EXPECT_EQ(rowText(Grid, 2), "  1 234");
-    EXPECT_TRUE(commaShift_);
-}
-
-TEST_F(WorkingGridTest, ALineThatBeginsOnTheCommaMovesRightOfIt)
-{
-    Grid.WriteWorkingLine("12", 4, 1);
-    EXPECT_EQ(rowText(Grid, 1), "    12");
-    EXPECT_TRUE(commaShift_);
-    Grid.WriteWorkingLine("34", 4, 2);
-    EXPECT_EQ(rowText(Grid, 2), "    34") << "by the shift now, and so only once";
-}
-
-TEST_F(WorkingGridTest, ALineRightOfTheCommaMovesOnlyWithTheShift)
-{
-    Grid.WriteWorkingLine("1", 5, 1);
-    EXPECT_EQ(rowText(Grid, 1), "     1");
-    EXPECT_FALSE(commaShift_);
-    commaShift_ = true;
-    Grid.WriteWorkingLine("1", 5, 2);
-    EXPECT_EQ(rowText(Grid, 2), "      1");
-    EXPECT_TRUE(commaShift_);
-}
-
-TEST_F(WorkingGridTest, ABlankOnTheCommaBeginsNoShift)
-{
-    Grid.WriteWorkingLine("1 ", 3, 1);
-    EXPECT_EQ(rowText(Grid, 1), "  1");
-    EXPECT_FALSE(commaShift_);
+    const struct {
+        const char* What;
+        bool Shift;
+        const char* Line;
+        int Column;
+        const char* Row;
+        bool ShiftAfterwards;
+    } cases[] = {
+        { "left of the comma", true, "17", 2, " 17", false },
+        { "parted at the comma", false, "12", 3, "  1 2", true },
+        { "parted at the comma, longer", true, "1234", 5, "  1 234", true },
+        { "on the comma it moves right of it", false, "12", 4, "    12", true },
+        { "and by the shift only once", true, "34", 4, "    34", true },
+        { "right of the comma", false, "1", 5, "     1", false },
+        { "right of the comma, shifted", true, "1", 5, "      1", true },
+        { "a blank on the comma", false, "1 ", 3, "  1", false },
+    };
+    for (const auto& [what, shift, line, column, row, shiftAfterwards] : cases) {
+        Grid.Begin("97,25");
+        commaShift_ = shift;
+        Grid.WriteWorkingLine(line, column, 1);
+        EXPECT_EQ(rowText(Grid, 1), row) << what;
+        EXPECT_EQ(commaShift_, shiftAfterwards) << what;
+    }
+    WorkingGrid next(commaShift_ = true); // grids of one program share the shift
+    next.LineWidth = 6;
+    next.Begin("97");
+    next.WriteWorkingLine("37", 2, 1);
+    EXPECT_EQ(rowText(next, 1), "  37");
 }
 
 TEST_F(WorkingGridTest, APartedLineThatFillsItsRowGivesItsLastCellToTheNext)
@@ -423,16 +369,6 @@ TEST_F(WorkingGridTest, WithoutACommaTheShiftLasts)
     Grid.WriteWorkingLine("1", 1, 2);
     EXPECT_EQ(rowsOf(Grid), (Rows { " 97", "  37", "  1" }));
     EXPECT_TRUE(commaShift_);
-}
-
-TEST_F(WorkingGridTest, GridsOfOneProgramShareTheShift)
-{
-    Grid.WriteWorkingLine("12", 3, 1);
-    WorkingGrid next(commaShift_);
-    next.LineWidth = 6;
-    next.Begin("97");
-    next.WriteWorkingLine("37", 2, 1);
-    EXPECT_EQ(rowText(next, 1), "  37");
 }
 
 // Nothing is read or written beside the text; the sanitizers watch.

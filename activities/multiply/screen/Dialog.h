@@ -29,8 +29,8 @@ public:
     std::string TablasSeleccionadas;
 
     std::array<QCheckBox*, 9> Check1 {};
-    CommandButton* OKButton;
-    CommandButton* CancelButton;
+    CommandButton* OKButton = nullptr;
+    CommandButton* CancelButton = nullptr;
 
 private:
     TwipsLayout* area_;

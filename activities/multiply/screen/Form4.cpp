@@ -121,19 +121,17 @@ void Form4::buildSideColumn()
 void Form4::buildMenus()
 {
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
-    MnuOpcCi1 = addOptionMenu(options, QStringLiteral("MnuOpcCi1"), QStringLiteral("&Cifras factor 1"),
-        Multiplication::DigitChoices, &Form4::MnuOpcCi1Lis_Click);
-    MnuOpcCi2 = addOptionMenu(options, QStringLiteral("MnuOpcCi2"), QStringLiteral("C&ifras factor 2"),
-        Multiplication::DigitChoices, &Form4::MnuOpcCi2Lis_Click);
-    MnuOpcDe1 = addOptionMenu(options, QStringLiteral("MnuOpcDe1"), QStringLiteral("&Decimales factor 1"),
-        Multiplication::DecimalChoices, &Form4::MnuOpcDe1Lis_Click);
-    MnuOpcDe2 = addOptionMenu(options, QStringLiteral("MnuOpcDe2"), QStringLiteral("D&ecimales factor 2"),
-        Multiplication::DecimalChoices, &Form4::MnuOpcDe2Lis_Click);
-    MnuOpcSel = new OptionMenu(
-        QStringLiteral("MnuOpcSel"), QStringLiteral("&Selección de cifras factor2"),
+    MnuOpcCi1 = AddOptionMenu(options, QStringLiteral("MnuOpcCi1"), QStringLiteral("&Cifras factor 1"),
+        CaptionsOf(Multiplication::DigitChoices), [this](int index) { MnuOpcCi1Lis_Click(index); });
+    MnuOpcCi2 = AddOptionMenu(options, QStringLiteral("MnuOpcCi2"), QStringLiteral("C&ifras factor 2"),
+        CaptionsOf(Multiplication::DigitChoices), [this](int index) { MnuOpcCi2Lis_Click(index); });
+    MnuOpcDe1 = AddOptionMenu(options, QStringLiteral("MnuOpcDe1"), QStringLiteral("&Decimales factor 1"),
+        CaptionsOf(Multiplication::DecimalChoices), [this](int index) { MnuOpcDe1Lis_Click(index); });
+    MnuOpcDe2 = AddOptionMenu(options, QStringLiteral("MnuOpcDe2"), QStringLiteral("D&ecimales factor 2"),
+        CaptionsOf(Multiplication::DecimalChoices), [this](int index) { MnuOpcDe2Lis_Click(index); });
+    MnuOpcSel = AddOptionMenu(options, QStringLiteral("MnuOpcSel"), QStringLiteral("&Selección de cifras factor2"),
         { QStringLiteral("&Cualquiera"), QStringLiteral("&Seleccionar ()...") },
-        [this](int index) { MnuOpcSelLis_Click(index); }, options);
-    options->addMenu(MnuOpcSel);
+        [this](int index) { MnuOpcSelLis_Click(index); });
     MnuOpcOcu = AddMenuItem(options, QStringLiteral("MnuOpcOcu"), QStringLiteral("&Ocultar ceros intermedios (No)"),
         [this] { MnuOpcOcu_Click(); });
     AddMenuItem(
@@ -143,15 +141,6 @@ void Form4::buildMenus()
         options, QStringLiteral("MnuOpcIn2"), QStringLiteral("I&ntroducir segundo factor"),
         [this] { MnuOpcIn2_Click(); }, Qt::Key_F3);
     AddMenuItem(options, QStringLiteral("MnuOpcSal"), QStringLiteral("S&alir (Alt-F4)"), [this] { MnuOpcSal_Click(); });
-}
-
-OptionMenu* Form4::addOptionMenu(
-    QMenu* options, const QString& name, const QString& caption, const OptionList& choices, void (Form4::*choose)(int))
-{
-    auto* menu = new OptionMenu(
-        name, caption, choices, [this, choose](int index) { (this->*choose)(index); }, options);
-    options->addMenu(menu);
-    return menu;
 }
 
 // A box whose digits stand in the columns of the calculation.
@@ -353,18 +342,21 @@ void Form4::MnuOpcOcu_Click()
 
 void Form4::MnuOpcIn1_Click()
 {
-    takeFactor("Introducir primer factor", &Multiplication::EnterFactor1);
+    showTyped(exercise_.EnterFactor1(askForFactor("Introducir primer factor")));
 }
 
 void Form4::MnuOpcIn2_Click()
 {
-    takeFactor("Introducir segundo factor", &Multiplication::EnterFactor2);
+    showTyped(exercise_.EnterFactor2(askForFactor("Introducir segundo factor")));
 }
 
-void Form4::takeFactor(const std::string& title, Multiplication::FactorEntry (Multiplication::*enter)(std::string_view))
+std::string Form4::askForFactor(const std::string& title)
 {
-    const std::string typed = AskText(this, "Escriba el nuevo valor:", title);
-    const Multiplication::FactorEntry entry = (exercise_.*enter)(typed);
+    return AskText(this, "Escriba el nuevo valor:", title);
+}
+
+void Form4::showTyped(const Multiplication::FactorEntry& entry)
+{
     if (!entry.Accepted) {
         ShowMessage(this, entry.Message);
         return;

@@ -46,30 +46,28 @@ public:
     KeyAnswer TbResultado_KeyDown(int keyCode);
     void TbResultado_KeyUp(int keyCode);
 
-    TextBox* TbTítulo;
-    std::array<TextBox*, 2> TbFactor;
-    QLabel* LabX;
-    Line* Line1;
+    TextBox* TbTítulo = nullptr;
+    std::array<TextBox*, 2> TbFactor {};
+    QLabel* LabX = nullptr;
+    Line* Line1 = nullptr;
     std::vector<TextBox*> TbParcial;
-    Line* Line2;
-    QLabel* labIgual;
-    TextBox* TbResultado;
-    TextBox* Text1;
-    TextBox* tbResultados;
+    Line* Line2 = nullptr;
+    QLabel* labIgual = nullptr;
+    TextBox* TbResultado = nullptr;
+    TextBox* Text1 = nullptr;
+    TextBox* tbResultados = nullptr;
     ButtonRow Buttons;
-    OptionMenu* MnuOpcCi1;
-    OptionMenu* MnuOpcCi2;
-    OptionMenu* MnuOpcDe1;
-    OptionMenu* MnuOpcDe2;
-    OptionMenu* MnuOpcSel;
-    QAction* MnuOpcOcu;
+    OptionMenu* MnuOpcCi1 = nullptr;
+    OptionMenu* MnuOpcCi2 = nullptr;
+    OptionMenu* MnuOpcDe1 = nullptr;
+    OptionMenu* MnuOpcDe2 = nullptr;
+    OptionMenu* MnuOpcSel = nullptr;
+    QAction* MnuOpcOcu = nullptr;
 
 private:
     void buildCalculation();
     void buildSideColumn();
     void buildMenus();
-    OptionMenu* addOptionMenu(QMenu* options, const QString& name, const QString& caption, const OptionList& choices,
-        void (Form4::*choose)(int));
     TextBox* addColumnBox(const QString& name, const QString& spokenName, TwipsRect place);
     void loadRow();
     void unloadRow();
@@ -78,7 +76,8 @@ private:
     void NewMultiplication();
     void showFactors();
     void checkOptions();
-    void takeFactor(const std::string& title, Multiplication::FactorEntry (Multiplication::*enter)(std::string_view));
+    std::string askForFactor(const std::string& title);
+    void showTyped(const Multiplication::FactorEntry& entry);
     void clearAnswer();
     void showSolution();
     void alignColumns();

@@ -175,14 +175,10 @@ void FormColoSuma::buildFrame()
 void FormColoSuma::buildMenus()
 {
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
-    MnuOpcSum = new OptionMenu(
-        QStringLiteral("MnuOpcSum"), QStringLiteral("Número de sumandos"), PlaceAndAdd::AddendCountChoices,
-        [this](int index) { MnuOpcSumLis_Click(index); }, options);
-    MnuOpcCif = new OptionMenu(
-        QStringLiteral("MnuOpcCif"), QStringLiteral("Máximo de cifras"), PlaceAndAdd::MaxDigitsChoices,
-        [this](int index) { MnuOpcCifLis_Click(index); }, options);
-    options->addMenu(MnuOpcSum);
-    options->addMenu(MnuOpcCif);
+    MnuOpcSum = AddOptionMenu(options, QStringLiteral("MnuOpcSum"), QStringLiteral("Número de sumandos"),
+        CaptionsOf(PlaceAndAdd::AddendCountChoices), [this](int index) { MnuOpcSumLis_Click(index); });
+    MnuOpcCif = AddOptionMenu(options, QStringLiteral("MnuOpcCif"), QStringLiteral("Máximo de cifras"),
+        CaptionsOf(PlaceAndAdd::MaxDigitsChoices), [this](int index) { MnuOpcCifLis_Click(index); });
     AddMenuItem(options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir Alt+F4"), [this] { MnuOpcSal_Click(); });
 }
 
@@ -214,11 +210,11 @@ void FormColoSuma::showNewPlaceAndAdd()
 {
     exercise_.NewPlaceAndAdd();
     TBDatos->SetText(exercise_.DataLine());
-    placeRows();
+    placeBoxes();
     placeSigns();
 }
 
-void FormColoSuma::placeRows()
+void FormColoSuma::placeBoxes()
 {
     const Rows rows(exercise_.AddendCount);
     const auto addendCount = static_cast<std::size_t>(exercise_.AddendCount);
@@ -285,19 +281,17 @@ void FormColoSuma::Command2_Click(int index)
 // A sum too long for the columns is told, and the pupil's work stays as it is.
 void FormColoSuma::showSolution()
 {
-    PlaceAndAdd::Placement solution;
     try {
-        solution = exercise_.Solution();
+        const PlaceAndAdd::Placement solution = exercise_.Solution();
+        Text1->SetText("");
+        for (std::size_t index = 0; index < solution.Addends.size(); ++index) {
+            write(*TbSumando[index], solution.Addends[index]);
+        }
+        write(*TbResultado, solution.Sum);
+        TbResultado->setFocus();
     } catch (const RunTimeError& error) {
         ShowMessage(this, error.what());
-        return;
     }
-    Text1->SetText("");
-    for (std::size_t index = 0; index < solution.Addends.size(); ++index) {
-        write(*TbSumando[index], solution.Addends[index]);
-    }
-    write(*TbResultado, solution.Sum);
-    TbResultado->setFocus();
 }
 
 void FormColoSuma::MnuOpcSumLis_Click(int index)

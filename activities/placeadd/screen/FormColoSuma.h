@@ -34,17 +34,17 @@ public:
     KeyAnswer TbResultado_KeyDown(int keyCode);
     KeyAnswer TbResultado_KeyPress(QChar character);
 
-    TextBox* TBInstruc;
-    TextBox* TBDatos;
+    TextBox* TBInstruc = nullptr;
+    TextBox* TBDatos = nullptr;
     std::vector<TextBox*> TbSumando; // as many as the longest exercise so far has needed
     std::vector<QLabel*> LBSigno; // the sign of the next addend or, for the last one, of the sum
-    Line* Line1;
-    TextBox* TbResultado;
-    QWidget* Frame1;
+    Line* Line1 = nullptr;
+    TextBox* TbResultado = nullptr;
+    QWidget* Frame1 = nullptr;
     ButtonRow Buttons;
-    TextBox* Text1;
-    OptionMenu* MnuOpcSum;
-    OptionMenu* MnuOpcCif;
+    TextBox* Text1 = nullptr;
+    OptionMenu* MnuOpcSum = nullptr;
+    OptionMenu* MnuOpcCif = nullptr;
 
 private:
     void buildControls();
@@ -52,7 +52,7 @@ private:
     void buildMenus();
     void addRow();
     void showNewPlaceAndAdd();
-    void placeRows();
+    void placeBoxes();
     void placeSigns();
     void showSolution();
 

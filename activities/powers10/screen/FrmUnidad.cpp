@@ -92,14 +92,10 @@ void FrmUnidad::buildLineOfArithmetic()
 void FrmUnidad::buildMenus()
 {
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
-    MnuOpcCi1 = new OptionMenu(
-        QStringLiteral("MnuOpcCi1"), QStringLiteral("&Cifras factor 1"), PowersOfTen::Digits1Choices,
-        [this](int index) { MnuOpcCi1Lis_Click(index); }, options);
-    MnuOpcCi2 = new OptionMenu(
-        QStringLiteral("MnuOpcCi2"), QStringLiteral("&Cifras factor 2"), PowersOfTen::Digits2Choices, [](int) {},
-        options);
-    options->addMenu(MnuOpcCi1);
-    options->addMenu(MnuOpcCi2);
+    MnuOpcCi1 = AddOptionMenu(options, QStringLiteral("MnuOpcCi1"), QStringLiteral("&Cifras factor 1"),
+        CaptionsOf(PowersOfTen::Digits1Choices), [this](int index) { MnuOpcCi1Lis_Click(index); });
+    MnuOpcCi2 = AddOptionMenu(options, QStringLiteral("MnuOpcCi2"), QStringLiteral("&Cifras factor 2"),
+        CaptionsOf(PowersOfTen::Digits2Choices), [](int) {});
     AddMenuItem(
         options, QStringLiteral("MnuOpcIn1"), QStringLiteral("&Insertar factor 1..."), [this] { MnuOpcIn1_Click(); },
         Qt::Key_F2);

@@ -28,13 +28,13 @@ public:
     void MnuOpcIn2_Click();
     void MnuOpcSal_Click();
 
-    TextBox* TbInstruc;
-    std::array<TextBox*, 4> TBDatos; // number, sign, power of ten, equals sign
-    TextBox* TBRespuesta;
-    TextBox* TBResultado;
+    TextBox* TbInstruc = nullptr;
+    std::array<TextBox*, 4> TBDatos {}; // number, sign, power of ten, equals sign
+    TextBox* TBRespuesta = nullptr;
+    TextBox* TBResultado = nullptr;
     ButtonRow Buttons;
-    OptionMenu* MnuOpcCi1;
-    OptionMenu* MnuOpcCi2;
+    OptionMenu* MnuOpcCi1 = nullptr;
+    OptionMenu* MnuOpcCi2 = nullptr;
 
 private:
     void buildControls();

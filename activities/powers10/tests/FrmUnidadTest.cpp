@@ -58,6 +58,17 @@ protected:
     // The line that the exercise of a core with the same seed is written in.
     std::string expectedLine() const { return lineOf(expected_); }
 
+    void expectFreshExercise() const
+    {
+        EXPECT_EQ(line(), expectedLine());
+        EXPECT_EQ(answer(), "");
+        EXPECT_EQ(verdict(), "");
+        EXPECT_EQ(FocusName(), "TBRespuesta");
+        for (const TextBox* box : form_.TBDatos) {
+            EXPECT_TRUE(IsWhollySelected(*box)) << box->Text();
+        }
+    }
+
     void continueOnce()
     {
         Click(form_, QStringLiteral("Command2(0)"));
@@ -94,46 +105,46 @@ protected:
 
 TEST_F(FrmUnidadTest, OpensWithAnExerciseAndTheFocusInTheAnswer)
 {
-    EXPECT_EQ(line(), expectedLine());
-    EXPECT_EQ(answer(), "");
-    EXPECT_EQ(verdict(), "");
-    EXPECT_EQ(FocusName(), "TBRespuesta");
-    for (const TextBox* box : form_.TBDatos) {
-        EXPECT_TRUE(IsWhollySelected(*box)) << box->Text();
-    }
+    expectFreshExercise();
 }
 
-TEST_F(FrmUnidadTest, EnterChecksARightAnswer)
+TEST_F(FrmUnidadTest, EnterChecksARightAnswerAndASecondOneContinues)
 {
-    typeRightAnswer();
-    EXPECT_EQ(answer(), expected_.Solution()) << "written from left to right";
-    Press(Qt::Key_Return);
-    EXPECT_EQ(answer(), expected_.Solution()) << "Enter itself is not written";
-    EXPECT_EQ(verdict(), "Resultado correcto ");
-    EXPECT_TRUE(IsWhollySelected(*form_.TBResultado));
-    EXPECT_EQ(FocusName(), "Command2(0)");
+    for (int exercise = 0; exercise < 3; ++exercise) {
+        typeRightAnswer();
+        EXPECT_EQ(answer(), expected_.Solution()) << "written from left to right";
+        HoldDown(Qt::Key_Return);
+        for (int i = 0; i < 10; ++i) {
+            Repeat(Qt::Key_Return);
+        }
+        LetGo(Qt::Key_Return);
+        EXPECT_EQ(answer(), expected_.Solution()) << "Enter itself is not written, and held it is one Enter";
+        EXPECT_EQ(verdict(), "Resultado correcto ");
+        EXPECT_TRUE(IsWhollySelected(*form_.TBResultado));
+        EXPECT_EQ(FocusName(), "Command2(0)");
+        EXPECT_EQ(line(), expectedLine());
+
+        Press(Qt::Key_Return);
+        expected_.NewPowerOfTenExercise();
+        expectFreshExercise();
+    }
 }
 
 TEST_F(FrmUnidadTest, EnterChecksAWrongAnswer)
 {
-    Type(QStringLiteral("123456"));
-    Press(Qt::Key_Enter);
-    EXPECT_EQ(answer(), "123456");
-    EXPECT_EQ(verdict(), "Resultado incorrecto ");
-    EXPECT_TRUE(IsWhollySelected(*form_.TBResultado));
-    EXPECT_EQ(FocusName(), "TBRespuesta");
-}
-
-TEST_F(FrmUnidadTest, TheBoxItselfNeverGetsTheEnterThatChecks)
-{
     int enters = 0;
     QObject::connect(form_.TBRespuesta, &QLineEdit::returnPressed, &form_, [&enters] { ++enters; });
-    for (const int key : { int(Qt::Key_Return), int(Qt::Key_Enter) }) {
-        Click(form_, QStringLiteral("Command2(0)"));
+    for (const int key : { Qt::Key_Return, Qt::Key_Enter }) {
+        Type(QStringLiteral("123456"));
         Press(key);
+        EXPECT_EQ(answer(), "123456");
         EXPECT_EQ(verdict(), "Resultado incorrecto ");
+        EXPECT_TRUE(IsWhollySelected(*form_.TBResultado));
+        EXPECT_EQ(FocusName(), "TBRespuesta");
+        continueOnce();
+        expectFreshExercise();
     }
-    EXPECT_EQ(enters, 0);
+    EXPECT_EQ(enters, 0) << "the box itself never gets the Enter that checks";
 }
 
 TEST_F(FrmUnidadTest, TheButtonChecksAsEnterDoes)
@@ -147,74 +158,43 @@ TEST_F(FrmUnidadTest, TheButtonChecksAsEnterDoes)
     EXPECT_EQ(FocusName(), "Command2(0)");
 }
 
-TEST_F(FrmUnidadTest, EveryKeyThatWritesClearsTheVerdictFirst)
-{
-    for (const int key : { int(Qt::Key_7), int(Qt::Key_Comma), int(Qt::Key_Space), int(Qt::Key_A),
-             int(Qt::Key_Backspace), int(Qt::Key_Escape) }) {
-        Press(Qt::Key_Return);
-        ASSERT_EQ(verdict(), "Resultado incorrecto ") << key;
-        Press(key);
-        EXPECT_EQ(verdict(), "") << key;
-    }
-    EXPECT_TRUE(form_.isVisible());
-}
-
-TEST_F(FrmUnidadTest, PastingCuttingAndDeletingClearTheVerdictToo)
+TEST_F(FrmUnidadTest, WhatWritesClearsTheVerdictAndNothingElseDoes)
 {
     QGuiApplication::clipboard()->setText(QStringLiteral("12"));
     const struct {
         int Key;
         Qt::KeyboardModifiers Held;
-        const char* Answer;
+        const char* Answer; // of 7, highlighted
+        bool Clears = true;
     } strokes[] = {
-        { Qt::Key_V, Qt::ControlModifier, "712" },
+        { Qt::Key_8, {}, "8" },
+        { Qt::Key_Comma, {}, "," },
+        { Qt::Key_Space, {}, " " },
+        { Qt::Key_A, {}, "a" },
+        { Qt::Key_Backspace, {}, "" },
+        { Qt::Key_Escape, {}, "7" },
+        { Qt::Key_V, Qt::ControlModifier, "12" },
         { Qt::Key_X, Qt::ControlModifier, "" },
-        { Qt::Key_Delete, Qt::NoModifier, "" },
+        { Qt::Key_Delete, {}, "" },
+        { Qt::Key_Left, {}, "7", false },
+        { Qt::Key_Right, {}, "7", false },
+        { Qt::Key_Home, {}, "7", false },
     };
-    for (const auto& [key, held, after] : strokes) {
+    for (const auto& [key, held, after, clears] : strokes) {
         SCOPED_TRACE(key);
         form_.TBRespuesta->SetText("7");
         Press(Qt::Key_Return);
         ASSERT_EQ(verdict(), "Resultado incorrecto ");
-        if (key != Qt::Key_V) {
-            form_.TBRespuesta->SelectWholeText();
-        }
+        form_.TBRespuesta->SelectWholeText();
         Press(key, held);
         EXPECT_EQ(answer(), after);
-        EXPECT_EQ(verdict(), "");
+        EXPECT_EQ(verdict(), clears ? "" : "Resultado incorrecto ");
     }
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("7"));
+    EXPECT_TRUE(form_.isVisible());
 }
 
-TEST_F(FrmUnidadTest, KeysThatWriteNothingLeaveTheVerdict)
-{
-    Type(QStringLiteral("12"));
-    Press(Qt::Key_Return);
-    for (const int key : { int(Qt::Key_Left), int(Qt::Key_Right), int(Qt::Key_Home) }) {
-        Press(key);
-        EXPECT_EQ(verdict(), "Resultado incorrecto ");
-    }
-    EXPECT_EQ(answer(), "12");
-}
-
-TEST_F(FrmUnidadTest, ContinuingDrawsTheNextExercise)
-{
-    Type(QStringLiteral("5"));
-    Press(Qt::Key_Return);
-    continueOnce();
-    EXPECT_EQ(line(), expectedLine());
-    EXPECT_EQ(answer(), "");
-    EXPECT_EQ(verdict(), "");
-    EXPECT_EQ(FocusName(), "TBRespuesta");
-    for (const TextBox* box : form_.TBDatos) {
-        EXPECT_TRUE(IsWhollySelected(*box)) << box->Text();
-    }
-    typeRightAnswer();
-    Press(Qt::Key_Return);
-    EXPECT_EQ(verdict(), "Resultado correcto ");
-}
-
-TEST_F(FrmUnidadTest, ClearingClearsTheAnswerAlone)
+TEST_F(FrmUnidadTest, ClearingAndTheSolutionLeaveTheVerdict)
 {
     Type(QStringLiteral("5"));
     Press(Qt::Key_Return);
@@ -223,59 +203,14 @@ TEST_F(FrmUnidadTest, ClearingClearsTheAnswerAlone)
     EXPECT_EQ(verdict(), "Resultado incorrecto ");
     EXPECT_EQ(line(), expectedLine());
     EXPECT_EQ(FocusName(), "TBRespuesta");
-}
 
-TEST_F(FrmUnidadTest, TheSolutionIsWrittenHighlightedAndIsRight)
-{
-    Type(QStringLiteral("5"));
-    Press(Qt::Key_Return);
     Click(form_, QStringLiteral("Command2(2)"));
     EXPECT_EQ(answer(), expected_.Solution());
     EXPECT_TRUE(IsWhollySelected(*form_.TBRespuesta));
-    EXPECT_EQ(verdict(), "Resultado incorrecto ") << "the verdict stays";
+    EXPECT_EQ(verdict(), "Resultado incorrecto ");
     EXPECT_EQ(FocusName(), "Command2(0)");
     Click(form_, QStringLiteral("Command1"));
     EXPECT_EQ(verdict(), "Resultado correcto ");
-}
-
-TEST_F(FrmUnidadTest, AHeldEnterChecksOnceAndDoesNotContinue)
-{
-    typeRightAnswer();
-    HoldDown(Qt::Key_Return);
-    for (int i = 0; i < 10; ++i) {
-        Repeat(Qt::Key_Return);
-    }
-    LetGo(Qt::Key_Return);
-    EXPECT_EQ(verdict(), "Resultado correcto ");
-    EXPECT_EQ(line(), expectedLine());
-}
-
-TEST_F(FrmUnidadTest, ASecondEnterContinuesAfterARightAnswer)
-{
-    for (int exercise = 0; exercise < 3; ++exercise) {
-        typeRightAnswer();
-        Press(Qt::Key_Return);
-        EXPECT_EQ(verdict(), "Resultado correcto ");
-        Press(Qt::Key_Return);
-        expected_.NewPowerOfTenExercise();
-        EXPECT_EQ(line(), expectedLine());
-        EXPECT_EQ(answer(), "");
-        EXPECT_EQ(verdict(), "");
-        EXPECT_EQ(FocusName(), "TBRespuesta");
-    }
-}
-
-TEST_F(FrmUnidadTest, TheTabKeyGoesThroughTheWindowAsTheEyeDoes)
-{
-    std::vector<std::string> sequence;
-    for (int i = 0; i < 11; ++i) {
-        sequence.push_back(FocusName());
-        Press(Qt::Key_Tab);
-    }
-    EXPECT_EQ(sequence,
-        (std::vector<std::string> { "TBRespuesta", "Command1", "TBResultado", "Command2(0)", "Command2(1)",
-            "Command2(2)", "TbInstruc", "TBDatos(0)", "TBDatos(1)", "TBDatos(2)", "TBDatos(3)" }));
-    EXPECT_EQ(FocusName(), "TBRespuesta");
 }
 
 TEST_F(FrmUnidadTest, OnlyTheAnswerCanBeTypedInto)
@@ -294,14 +229,18 @@ TEST_F(FrmUnidadTest, OnlyTheAnswerCanBeTypedInto)
 
 // ------------------------------------------------------------------------------------------------------------ options
 
-TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNoMark)
+TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNeitherMarkNorFocus)
 {
-    for (const int index : { 3, 0, 2, 1, 0 }) {
-        Type(QStringLiteral("5"));
-        Press(Qt::Key_Return);
+    const std::pair<int, const char*> choices[]
+        = { { 3, "TBRespuesta" }, { 0, "Command1" }, { 2, "Command2(0)" }, { 1, "TBDatos(2)" }, { 0, "TBRespuesta" } };
+    for (const auto& [index, focused] : choices) {
+        form_.TBRespuesta->SetText("5");
+        Click(form_, QStringLiteral("Command1"));
+        TabTo(focused);
         Choose(form_, QStringLiteral("MnuOpcCi1Lis(%1)").arg(index));
         expected_.Digits1 = index + 1;
         expected_.NewPowerOfTenExercise();
+        EXPECT_EQ(FocusName(), focused);
         EXPECT_EQ(line(), expectedLine());
         EXPECT_EQ(answer(), "");
         EXPECT_EQ(verdict(), "");
@@ -311,17 +250,6 @@ TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNoMark)
             continueOnce();
             ASSERT_EQ(line(), expectedLine());
         }
-    }
-}
-
-TEST_F(FrmUnidadTest, ChoosingDigitsLeavesTheFocusWhereItIs)
-{
-    for (const char* name : { "TBRespuesta", "Command1", "Command2(0)" }) {
-        while (FocusName() != name) {
-            Press(Qt::Key_Tab);
-        }
-        Choose(form_, QStringLiteral("MnuOpcCi1Lis(2)"));
-        EXPECT_EQ(FocusName(), name);
     }
 }
 
@@ -343,12 +271,6 @@ TEST_F(FrmUnidadTest, ChoosingDigitsOfThePowerDoesNothing)
         powers.insert(form_.TBDatos[2]->Text());
     }
     EXPECT_EQ(powers, (std::set<std::string> { "10", "100", "1000" }));
-}
-
-TEST_F(FrmUnidadTest, TheExitClosesTheWindow)
-{
-    Choose(form_, QStringLiteral("MnuOpcSal"));
-    EXPECT_FALSE(form_.isVisible());
 }
 
 // ------------------------------------------------------------------------------------------------------ typed factors
@@ -373,6 +295,11 @@ TEST_F(FrmUnidadTest, TypedFactorsDoNotShowButCount)
         Click(form_, QStringLiteral("Command2(1)"));
         Click(form_, QStringLiteral("Command2(2)"));
         EXPECT_EQ(answer(), solution);
+
+        continueOnce();
+        Click(form_, QStringLiteral("Command2(2)"));
+        EXPECT_EQ(answer(), expected_.Solution()) << "the next exercise forgets them";
+        Click(form_, QStringLiteral("Command2(1)"));
     }
 }
 
@@ -395,19 +322,6 @@ TEST_F(FrmUnidadTest, ATypedFactorMovesNeitherFocusNorHighlight)
     ShowAndActivate(form_);
     EXPECT_TRUE(IsWhollySelected(*form_.TBRespuesta));
     EXPECT_EQ(FocusName(), "Command2(0)");
-}
-
-TEST_F(FrmUnidadTest, TheMenuAsksForTheFactorsToo)
-{
-    for (const auto& [sign, solution] : { std::pair { " × ", "128" }, { " ÷ ", "0,5" } }) {
-        continueUntil(sign);
-        ExpectInput(title1, prompt1, QStringLiteral("8"));
-        Choose(form_, QStringLiteral("MnuOpcIn1"));
-        ExpectInput(title2, prompt2, QStringLiteral("16"));
-        Choose(form_, QStringLiteral("MnuOpcIn2"));
-        Click(form_, QStringLiteral("Command2(2)"));
-        EXPECT_EQ(answer(), solution);
-    }
 }
 
 // A number is written with 15 digits, while the check compares all that it has.
@@ -435,70 +349,37 @@ TEST_F(FrmUnidadTest, ASolutionOfMoreThan15DigitsIsWrittenRoundedAndThenJudgedWr
     }
 }
 
-TEST_F(FrmUnidadTest, TheNextExerciseForgetsTypedFactors)
-{
-    enterFactor1("8");
-    continueOnce();
-    Click(form_, QStringLiteral("Command2(2)"));
-    EXPECT_EQ(line(), expectedLine());
-    EXPECT_EQ(answer(), expected_.Solution());
-}
-
 // What reaches the application when a person types this as a factor of 3,8 ÷ 10, or leaves the input box by "Cancelar".
-template <typename Expect>
-std::vector<RunTimeError> errorsOfEntering(int factor, Expect expectInput)
+TEST(FrmUnidadFactorEntry, AFactorThatCannotBeTakenEndsTheProgram)
 {
-    return RunTimeErrorsOf([factor, expectInput] {
-        const FixedClock clock;
-        FrmUnidad form(clock);
-        ShowAndActivate(form);
-        EXPECT_EQ(lineOf(form), "3,8 ÷ 10=");
-        factor == 1 ? expectInput(title1, prompt1) : expectInput(title2, prompt2);
-        Press(factor == 1 ? Qt::Key_F2 : Qt::Key_F3);
-    });
-}
-
-std::vector<RunTimeError> errorsOfTyping(int factor, const char* typed)
-{
-    return errorsOfEntering(factor, [typed](const QString& title, const QString& prompt) {
-        ExpectInput(title, prompt, QString::fromLatin1(typed));
-    });
-}
-
-void expectOne(RunTimeError::Kind kind, const std::vector<RunTimeError>& errors)
-{
-    ASSERT_EQ(errors.size(), 1U);
-    EXPECT_EQ(errors[0].ErrorKind(), kind);
-}
-
-TEST(FrmUnidadFactorEntry, WhatIsNoNumberEndsTheProgram)
-{
-    for (const char* typed : { "", "  ", "hola", "1,2,3" }) {
-        SCOPED_TRACE(typed);
-        expectOne(RunTimeError::Kind::TypeMismatch, errorsOfTyping(1, typed));
-        expectOne(RunTimeError::Kind::TypeMismatch, errorsOfTyping(2, typed));
-    }
-}
-
-TEST(FrmUnidadFactorEntry, CancellingEndsTheProgram)
-{
-    for (const int factor : { 1, 2 }) {
-        expectOne(
-            RunTimeError::Kind::TypeMismatch, errorsOfEntering(factor, [](const QString& title, const QString& prompt) {
+    constexpr const char* cancelled = nullptr;
+    using Kind = RunTimeError::Kind;
+    const struct {
+        int Factor;
+        const char* Typed;
+        RunTimeError::Kind Error;
+    } cases[] = { { 1, "", Kind::TypeMismatch }, { 2, "hola", Kind::TypeMismatch },
+        { 1, cancelled, Kind::TypeMismatch }, { 2, cancelled, Kind::TypeMismatch }, { 2, "0", Kind::InvalidArgument },
+        { 1, "1e400", Kind::Overflow }, { 2, "1e-308", Kind::Overflow } };
+    for (const auto& [factor, typed, error] : cases) {
+        SCOPED_TRACE(typed == cancelled ? "cancelled" : typed);
+        const std::vector<RunTimeError> errors = RunTimeErrorsOf([factor = factor, typed = typed] {
+            const FixedClock clock;
+            FrmUnidad form(clock);
+            ShowAndActivate(form);
+            EXPECT_EQ(lineOf(form), "3,8 ÷ 10=");
+            const QString& title = factor == 1 ? title1 : title2;
+            const QString& prompt = factor == 1 ? prompt1 : prompt2;
+            if (typed == cancelled) {
                 ExpectInputCancelled(title, prompt, QStringLiteral("12"));
-            }));
+            } else {
+                ExpectInput(title, prompt, QString::fromLatin1(typed));
+            }
+            Press(factor == 1 ? Qt::Key_F2 : Qt::Key_F3);
+        });
+        ASSERT_EQ(errors.size(), 1U);
+        EXPECT_EQ(errors[0].ErrorKind(), error);
     }
-}
-
-TEST(FrmUnidadFactorEntry, ADivisionByZeroEndsTheProgram)
-{
-    expectOne(RunTimeError::Kind::InvalidArgument, errorsOfTyping(2, "0"));
-}
-
-TEST(FrmUnidadFactorEntry, AResultThatIsTooLargeEndsTheProgram)
-{
-    expectOne(RunTimeError::Kind::Overflow, errorsOfTyping(1, "1e400"));
-    expectOne(RunTimeError::Kind::Overflow, errorsOfTyping(2, "1e-308"));
 }
 
 // ---------------------------------------------------------------------------------------------------------- lifecycle
@@ -506,7 +387,8 @@ TEST(FrmUnidadFactorEntry, AResultThatIsTooLargeEndsTheProgram)
 TEST_F(FrmUnidadTest, TheNextOpeningHasTwoDigitNumbersAgain)
 {
     Choose(form_, QStringLiteral("MnuOpcCi1Lis(3)"));
-    form_.close();
+    Choose(form_, QStringLiteral("MnuOpcSal"));
+    EXPECT_FALSE(form_.isVisible());
     FrmUnidad again(clock_);
     ShowAndActivate(again);
     EXPECT_EQ(lineOf(again), expectedLine());

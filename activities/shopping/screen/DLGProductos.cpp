@@ -67,7 +67,7 @@ void DLGProductos::buildControls()
     List1->setModel(&lines_);
     List1->setUniformItemSizes(true);
     List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    List1->installEventFilter(new SelectionStart(List1));
+    BeginSelectionAtAnEnd(*List1);
     Area().Place(List1, { 500, 700, 9500, 5280 }, listFont);
     Label1->setBuddy(List1);
 

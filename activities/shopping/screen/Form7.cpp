@@ -247,13 +247,13 @@ void Form7::buildFrame3()
 
     LIDisponibles
         = AddControl(area, new ListBox(Frame3), QStringLiteral("LIDisponibles"), { 240, 1320, 4440, 3270 }, formFont);
-    LIDisponibles->DblClick = [this] { LIDisponibles_DblClick(); };
+    connect(LIDisponibles, &ListBox::DblClick, this, &Form7::LIDisponibles_DblClick);
     HandleKeys(*LIDisponibles, { .KeyDown = [this](const Key& key) { return LIDisponibles_KeyDown(key); } });
     LBDisponibles = addListCaption(area, QStringLiteral("LBDisponibles"), QStringLiteral("&Productos disponibles"),
         { 240, 900, 4440, 360 }, LIDisponibles);
 
     LICesta = AddControl(area, new ListBox(Frame3), QStringLiteral("LICesta"), { 4920, 1320, 4440, 6840 }, formFont);
-    LICesta->DblClick = [this] { LICesta_DblClick(); };
+    connect(LICesta, &ListBox::DblClick, this, &Form7::LICesta_DblClick);
     HandleKeys(*LICesta, { .KeyDown = [this](const Key& key) { return LICesta_KeyDown(key); } });
     LbCesta = addListCaption(
         area, QStringLiteral("LbCesta"), QStringLiteral("C&esta de la compra"), { 4920, 900, 4440, 360 }, LICesta);

@@ -47,28 +47,28 @@ public:
     void MnuOpcPro_Click();
     void MnuOpcSal_Click();
 
-    QFrame* Frame1;
-    std::array<QLabel*, 3> Label1;
-    ListBox* List1;
-    TextBox* TBTiempo;
-    TextBox* TBDinero;
-    CommandButton* CBVolver;
+    QFrame* Frame1 = nullptr;
+    std::array<QLabel*, 3> Label1 {};
+    ListBox* List1 = nullptr;
+    TextBox* TBTiempo = nullptr;
+    TextBox* TBDinero = nullptr;
+    CommandButton* CBVolver = nullptr;
 
-    QFrame* Frame2;
-    QLabel* Label2;
-    std::array<CommandButton*, 10> CBTienda;
+    QFrame* Frame2 = nullptr;
+    QLabel* Label2 = nullptr;
+    std::array<CommandButton*, 10> CBTienda {};
 
-    QFrame* Frame3;
-    QLabel* Label3;
-    QLabel* LBDisponibles;
-    ListBox* LIDisponibles;
-    QLabel* LbCesta;
-    ListBox* LICesta;
-    TextArea* TbInstrucciones;
-    ColumnArea* TBCantidades;
-    Line* Line1;
-    TextBox* TbResultado;
-    CommandButton* CbContinuar;
+    QFrame* Frame3 = nullptr;
+    QLabel* Label3 = nullptr;
+    QLabel* LBDisponibles = nullptr;
+    ListBox* LIDisponibles = nullptr;
+    QLabel* LbCesta = nullptr;
+    ListBox* LICesta = nullptr;
+    TextArea* TbInstrucciones = nullptr;
+    ColumnArea* TBCantidades = nullptr;
+    Line* Line1 = nullptr;
+    TextBox* TbResultado = nullptr;
+    CommandButton* CbContinuar = nullptr;
 
     QTimer* Timer1;
 

@@ -16,7 +16,7 @@ ListBox::ListBox(QWidget* parent)
     setUniformItemSizes(true);
     setWordWrap(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    installEventFilter(new SelectionStart(this));
+    BeginSelectionAtAnEnd(*this);
 }
 
 void ListBox::SetLines(const std::vector<std::string>& lines)
@@ -70,8 +70,8 @@ bool ListBox::isLaidOut(int line) const
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
     event->accept();
-    if (event->button() == Qt::LeftButton && DblClick) {
-        DblClick();
+    if (event->button() == Qt::LeftButton) {
+        Q_EMIT DblClick();
     }
 }
 

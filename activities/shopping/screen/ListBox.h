@@ -2,7 +2,6 @@
 
 #include <QListWidget>
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,6 +12,8 @@ namespace numbrela {
 // the first line when none is selected. A line too long for the list goes on below, so that it is seen whole. What a
 // key or a double click does is for the form to say.
 class ListBox : public QListWidget {
+    Q_OBJECT
+
 public:
     explicit ListBox(QWidget* parent = nullptr);
 
@@ -27,7 +28,8 @@ public:
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
-    std::function<void()> DblClick;
+Q_SIGNALS:
+    void DblClick();
 
 protected:
     void timerEvent(QTimerEvent* event) override;

@@ -1,43 +1,42 @@
 #include "activities/shopping/screen/SelectionStart.h"
 
-#include <QKeyEvent>
+#include "common/screen/KeyCodes.h"
+#include "common/screen/Keyboard.h"
+
 #include <QListView>
 
 namespace numbrela {
 
-SelectionStart::SelectionStart(QListView* list)
-    : QObject(list)
-    , list_(list)
-{
-}
+namespace {
 
-bool SelectionStart::eventFilter(QObject* watched, QEvent* event)
+KeyAnswer selectAnEnd(QListView& list, int keyCode)
 {
-    return (event->type() == QEvent::KeyPress && startsBy(static_cast<QKeyEvent*>(event)->key()))
-        || QObject::eventFilter(watched, event);
-}
-
-bool SelectionStart::startsBy(int key)
-{
-    const int lines = list_->model()->rowCount();
-    if (lines == 0 || list_->selectionModel()->hasSelection()) {
-        return false;
+    const int lines = list.model()->rowCount();
+    if (lines == 0 || list.selectionModel()->hasSelection()) {
+        return KeyAnswer::GoesOn();
     }
-    switch (key) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Home:
-    case Qt::Key_PageUp:
-    case Qt::Key_Space:
-        list_->setCurrentIndex(list_->model()->index(0, 0));
-        return true;
-    case Qt::Key_End:
-    case Qt::Key_PageDown:
-        list_->setCurrentIndex(list_->model()->index(lines - 1, 0));
-        return true;
+    switch (keyCode) {
+    case KeyCode::Up:
+    case KeyCode::Down:
+    case KeyCode::Home:
+    case KeyCode::PageUp:
+    case KeyCode::Space:
+        list.setCurrentIndex(list.model()->index(0, 0));
+        return KeyAnswer::Consumed();
+    case KeyCode::End:
+    case KeyCode::PageDown:
+        list.setCurrentIndex(list.model()->index(lines - 1, 0));
+        return KeyAnswer::Consumed();
     default:
-        return false;
+        return KeyAnswer::GoesOn();
     }
+}
+
+} // namespace
+
+void BeginSelectionAtAnEnd(QListView& list)
+{
+    HandleKeys(list, { .KeyDown = [&list](const Key& key) { return selectAnEnd(list, key.Code); } });
 }
 
 } // namespace numbrela

@@ -17,7 +17,7 @@ class ListBoxTest : public ::testing::Test {
 protected:
     ListBoxTest()
     {
-        list_.DblClick = [this] { ++doubleClicks_; };
+        QObject::connect(&list_, &ListBox::DblClick, &list_, [this] { ++doubleClicks_; });
         list_.SetLines({ "uno", "dos", "tres" });
     }
 

@@ -57,25 +57,20 @@ INSTANTIATE_TEST_SUITE_P(Keys, PressingKeyTest,
         PressingKey { "Space", Qt::Key_Space, Qt::NoModifier }),
     [](const auto& row) { return row.param.Name; });
 
-TEST_P(PressingKeyTest, PressesTheFocusedButtonExactlyOnce)
+TEST_P(PressingKeyTest, PressesTheFocusedButtonExactlyOnceHoweverLongItIsHeld)
 {
+    box_.setFocus();
+    Press(GetParam().Key, GetParam().Modifiers);
+    EXPECT_EQ(timesNext_, 0) << "a text box has the focus";
     next_.setFocus();
-    Press(GetParam().Key, GetParam().Modifiers);
-    EXPECT_EQ(timesNext_, 1);
-    EXPECT_EQ(timesDone_, 0);
-    Press(GetParam().Key, GetParam().Modifiers);
-    EXPECT_EQ(timesNext_, 2);
-    EXPECT_EQ(timesDone_, 0);
-}
-
-TEST_P(PressingKeyTest, PressesOnceHoweverLongItIsHeld)
-{
-    done_.setFocus();
-    HoldDown(GetParam().Key, GetParam().Modifiers);
-    Repeat(GetParam().Key, GetParam().Modifiers);
-    Repeat(GetParam().Key, GetParam().Modifiers);
-    LetGo(GetParam().Key, GetParam().Modifiers);
-    EXPECT_EQ(timesDone_, 1);
+    for (int times = 1; times <= 2; ++times) {
+        HoldDown(GetParam().Key, GetParam().Modifiers);
+        Repeat(GetParam().Key, GetParam().Modifiers);
+        Repeat(GetParam().Key, GetParam().Modifiers);
+        LetGo(GetParam().Key, GetParam().Modifiers);
+        EXPECT_EQ(timesNext_, times);
+        EXPECT_EQ(timesDone_, 0);
+    }
 }
 
 TEST_P(PressingKeyTest, PressesNothingWhenItIsHeldFromAnotherControlOn)
@@ -86,14 +81,6 @@ TEST_P(PressingKeyTest, PressesNothingWhenItIsHeldFromAnotherControlOn)
     Repeat(GetParam().Key, GetParam().Modifiers);
     Repeat(GetParam().Key, GetParam().Modifiers);
     LetGo(GetParam().Key, GetParam().Modifiers);
-    EXPECT_EQ(timesNext_, 0);
-    EXPECT_EQ(timesDone_, 0);
-}
-
-TEST_P(PressingKeyTest, PressesNoButtonWhenATextBoxHasTheFocus)
-{
-    box_.setFocus();
-    Press(GetParam().Key, GetParam().Modifiers);
     EXPECT_EQ(timesNext_, 0);
     EXPECT_EQ(timesDone_, 0);
 }
@@ -110,7 +97,11 @@ TEST_P(PressingKeyTest, DoesNotPressADisabledButton)
 
 TEST_F(CommandButtonTest, ADoubleClickPressesItOnce)
 {
+    QTest::mouseClick(&done_, Qt::RightButton);
+    EXPECT_EQ(timesDone_, 0);
     QTest::mouseClick(&done_, Qt::LeftButton);
+    EXPECT_EQ(timesDone_, 1);
+    EXPECT_EQ(FocusName(), "Done");
     QTest::mouseDClick(&done_, Qt::LeftButton);
     QTest::mouseRelease(&done_, Qt::LeftButton);
     EXPECT_EQ(timesDone_, 1);
@@ -126,24 +117,6 @@ TEST_F(CommandButtonTest, GivesTheFocusAwayWhenItIsDisabled)
     EXPECT_EQ(FocusName(), "Box");
     Press(Qt::Key_Return);
     EXPECT_EQ(timesNext_, 0);
-}
-
-TEST_F(CommandButtonTest, IsPressedByAClick)
-{
-    Click(form_, QStringLiteral("Done"));
-    EXPECT_EQ(timesDone_, 1);
-    EXPECT_EQ(FocusName(), "Done");
-    QTest::mouseClick(&done_, Qt::RightButton);
-    EXPECT_EQ(timesDone_, 1);
-}
-
-TEST_F(CommandButtonTest, IsPressedByItsAccessKeyFromAnywhere)
-{
-    box_.setFocus();
-    Press(Qt::Key_C, Qt::AltModifier);
-    EXPECT_TRUE(next_.isDown()) << "and comes up again a moment later";
-    EXPECT_FALSE(done_.isDown());
-    EXPECT_EQ(box_.Text(), "");
 }
 
 // A button that checks an answer would count a wrong one again and again.
@@ -177,21 +150,13 @@ TEST_F(CommandButtonTest, IsNotPressedByOtherKeys)
     EXPECT_EQ(timesNext_, 0);
     EXPECT_TRUE(form_.isVisible());
     EXPECT_EQ(FocusName(), "Done");
-}
-
-TEST_F(CommandButtonTest, IsNeverTheButtonThatEnterPressesFromAfar)
-{
-    EXPECT_FALSE(done_.autoDefault());
+    EXPECT_FALSE(done_.autoDefault()) << "nor by Enter from afar";
     EXPECT_FALSE(done_.isDefault());
-}
-
-TEST_F(CommandButtonTest, HasTheColourOfTheProgramUntilItIsGivenOne)
-{
-    EXPECT_EQ(done_.BackColour().name(), QApplication::palette().color(QPalette::Button).name());
 }
 
 TEST_F(CommandButtonTest, WritesItsCaptionInBlackOnItsColour)
 {
+    done_.SetBackColour(Qt::yellow);
     done_.SetBackColour(Qt::red);
     EXPECT_EQ(done_.BackColour(), QColor(Qt::red));
     for (const auto group : { QPalette::Active, QPalette::Inactive }) {
@@ -199,13 +164,6 @@ TEST_F(CommandButtonTest, WritesItsCaptionInBlackOnItsColour)
         EXPECT_EQ(done_.palette().color(group, QPalette::ButtonText), QColor(Qt::black));
     }
     EXPECT_EQ(next_.BackColour().name(), QApplication::palette().color(QPalette::Button).name());
-}
-
-TEST_F(CommandButtonTest, CanChangeItsColour)
-{
-    done_.SetBackColour(Qt::yellow);
-    done_.SetBackColour(Qt::cyan);
-    EXPECT_EQ(done_.BackColour(), QColor(Qt::cyan));
 }
 
 // The ground beside the caption, from the upper edge to the lower one.
@@ -230,6 +188,12 @@ TEST_F(CommandButtonTest, IsPaintedFlatInExactlyItsColour)
         box_.setFocus();
     }
     EXPECT_EQ(groundOf(next_), std::set { QApplication::palette().color(QPalette::Button).rgb() });
+    done_.SetBackColour(Qt::cyan);
+    done_.setDown(true);
+    ASSERT_EQ(groundOf(done_).size(), 1U);
+    const QColor down(*groundOf(done_).begin());
+    EXPECT_LT(down.value(), QColor(Qt::cyan).value()) << "darker while it is down";
+    EXPECT_EQ(down.hue(), QColor(Qt::cyan).hue());
 }
 
 TEST_F(CommandButtonTest, IsPaintedInGreyWhileItIsDisabled)
@@ -289,16 +253,6 @@ TEST_F(CommandButtonTest, LooksDifferentInEachOfItsStates)
             }
         }
     }
-}
-
-TEST_F(CommandButtonTest, IsDarkerWhileItIsDown)
-{
-    done_.SetBackColour(Qt::cyan);
-    done_.setDown(true);
-    ASSERT_EQ(groundOf(done_).size(), 1U);
-    const QColor down(*groundOf(done_).begin());
-    EXPECT_LT(down.value(), QColor(Qt::cyan).value());
-    EXPECT_EQ(down.hue(), QColor(Qt::cyan).hue());
 }
 
 // Whether the frame that tells of the focus is painted inside the edges, between two white lines.

@@ -2,8 +2,10 @@
 
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
+#include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Driver.h"
+#include "tests/support/FormTable.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +46,8 @@ public:
             Options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
             AddMenuItem(
                 Options, QStringLiteral("MnuOpcUno"), QStringLiteral("&Uno"), [this] { ++Choices; }, Qt::Key_F2);
+            AddOptionMenu(Options, QStringLiteral("MnuOpcLis"), QStringLiteral("&Lista"), CaptionsOf({ 3, 2 }),
+                [this](int index) { ListChoice = index; });
             AddMenuItem(Options, QStringLiteral("MnuOpcSal"), QStringLiteral("&Salir"), [this] { close(); });
         }
     }
@@ -64,6 +68,7 @@ public:
     QMenu* Options = nullptr;
     int Presses = 0;
     int Choices = 0;
+    int ListChoice = -1;
 };
 
 void settle()
@@ -109,6 +114,10 @@ TEST(FormWindowTest, HasItsNameAndCaptionAndIsNoDialog)
     EXPECT_EQ(form.windowTitle().toStdString(), "PRUEBAS");
     EXPECT_TRUE(form.isWindow());
     EXPECT_EQ(qobject_cast<QDialog*>(&form), nullptr);
+    ExpectMenus(
+        form, { "MnuOpc &Opciones", "  MnuOpcUno &Uno [F2]", "  MnuOpcLis &Lista: &3 &4", "  MnuOpcSal &Salir" });
+    Choose(form, QStringLiteral("MnuOpcLisLis(1)"));
+    EXPECT_EQ(form.ListChoice, 1);
 }
 
 TEST(FormWindowTest, GivesItsFontToControlsThatNameNone)
@@ -157,8 +166,11 @@ TEST(FormWindowTest, MakesEveryOtherWindowInertWhileItIsShownModally)
     EXPECT_EQ(menu.Choices, 0);
     EXPECT_EQ(form->Choices, 1);
 
-    form->close();
+    const QPointer<TestForm> alive(form);
+    Choose(*form, QStringLiteral("MnuOpcSal"));
     destroyClosedWindows();
+    EXPECT_TRUE(alive.isNull());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     clickInMenu();
     EXPECT_EQ(menu.Presses, 2);
 }
@@ -198,17 +210,6 @@ TEST(FormWindowTest, OpensAtItsDesignSizeFromAMinimisedWindow)
     EXPECT_EQ(form.AreaPixels(), designPixels);
 }
 
-TEST(FormWindowTest, IsDestroyedWhenItIsClosed)
-{
-    const QPointer<TestForm> form(new TestForm);
-    form->ShowModally();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
-    Choose(*form, QStringLiteral("MnuOpcSal"));
-    destroyClosedWindows();
-    EXPECT_TRUE(form.isNull());
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-}
-
 TEST(FormWindowTest, GoesThroughItsControlsWithTabInTheOrderGiven)
 {
     TestForm form;
@@ -223,18 +224,6 @@ TEST(FormWindowTest, GoesThroughItsControlsWithTabInTheOrderGiven)
     EXPECT_EQ(names, (std::vector<std::string> { "Box", "First", "Second" }));
     Press(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(FocusName(), "First");
-}
-
-TEST(FormWindowTest, NamesItsMenusAndItems)
-{
-    TestForm form;
-    EXPECT_EQ(form.Options->objectName().toStdString(), "MnuOpc");
-    EXPECT_EQ(form.Options->title().toStdString(), "&Opciones");
-    EXPECT_EQ(form.MenuBar()->actions(), QList<QAction*> { form.Options->menuAction() });
-    auto& item = Find<QAction>(form, QStringLiteral("MnuOpcUno"));
-    EXPECT_EQ(item.text().toStdString(), "&Uno");
-    EXPECT_EQ(item.shortcut(), QKeySequence(Qt::Key_F2));
-    EXPECT_TRUE(Find<QAction>(form, QStringLiteral("MnuOpcSal")).shortcut().isEmpty());
 }
 
 TEST(FormWindowTest, LetsAMenuItemBeChosenFromAnyControlByItsShortcut)
@@ -313,6 +302,16 @@ TEST(FormWindowTest, KeepsTheSizeThatAPersonGaveItWhenItIsHiddenAndShown)
     form.hide();
     ShowAndActivate(form);
     EXPECT_EQ(form.size(), QSize(400, 600));
+    const QSize box = form.Box->size();
+    form.resize(800, 600);
+    settle();
+    EXPECT_EQ(form.Box->size(), box) << "only wider, it keeps its proportions";
+    expectEverythingWhole(form);
+    TestForm maximised;
+    maximised.showMaximized();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&maximised));
+    EXPECT_GT(maximised.height(), maximised.screen()->availableSize().height() * 9 / 10);
+    expectEverythingWhole(maximised);
 }
 
 TEST(FormWindowTest, GrowsWithEverythingInIt)
@@ -357,17 +356,6 @@ TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
         form.resize(designSize);
         EXPECT_EQ(look(), fresh);
     }
-}
-
-TEST(FormWindowTest, KeepsProportionsInAWindowThatIsOnlyWider)
-{
-    TestForm form;
-    ShowAndActivate(form);
-    const QSize box = form.Box->size();
-    form.resize(form.width() * 2, form.height());
-    settle();
-    EXPECT_EQ(form.Box->size(), box);
-    expectEverythingWhole(form);
 }
 
 TEST(FormWindowTest, ShrinksToHalfItsDesignSizeAtMost)
@@ -419,26 +407,16 @@ TEST_P(BeyondEdgeTest, GrowsAtTheSameScaleAndShrinksBack)
     EXPECT_EQ(form_.First->size(), QSize(100, 33));
     EXPECT_EQ(form_.Box->font().pixelSize(), 20);
     expectEverythingWhole(form_);
-    moveBox(inside_);
+    form_.Box->hide(); // only what is visible takes room
+    settle();
     EXPECT_EQ(form_.size(), size);
-    EXPECT_EQ(form_.AreaPixels(), designPixels);
     expectEverythingWhole(form_);
-}
-
-TEST_P(BeyondEdgeTest, GrowsForVisibleControlsAlone)
-{
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
-    form_.Box->hide();
-    moveBox(GetParam().Place);
-    EXPECT_EQ(form_.size(), size);
     form_.Box->show();
     settle();
     EXPECT_EQ(form_.size(), size + GetParam().Growth);
-    expectEverythingWhole(form_);
-    form_.Box->hide();
-    settle();
+    moveBox(inside_);
     EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.AreaPixels(), designPixels);
     expectEverythingWhole(form_);
 }
 
@@ -543,15 +521,6 @@ TEST_F(BeyondEdgeTest, ComesBackOntoTheScreenWhenItHasGrownOverItsEdge)
     form_.move(-30, -20);
     moveBox(inside_);
     EXPECT_EQ(form_.frameGeometry().topLeft(), room.topLeft());
-}
-
-TEST_F(BeyondEdgeTest, CanBeOpenedMaximised)
-{
-    form_.showMaximized();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
-    EXPECT_GT(form_.height(), form_.screen()->availableSize().height() * 9 / 10);
-    EXPECT_GT(form_.Area().PixelsPerTwip(), 1.0 / 15);
-    expectEverythingWhole(form_);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace numbrela {
 
 namespace {
@@ -42,16 +44,6 @@ constexpr KeyRow mainKeys[] = {
     { "Print", Qt::Key_Print, 44 },
     { "Insert", Qt::Key_Insert, 45 },
     { "Delete", Qt::Key_Delete, 46 },
-    { "0", Qt::Key_0, 48 },
-    { "1", Qt::Key_1, 49 },
-    { "2", Qt::Key_2, 50 },
-    { "3", Qt::Key_3, 51 },
-    { "4", Qt::Key_4, 52 },
-    { "5", Qt::Key_5, 53 },
-    { "6", Qt::Key_6, 54 },
-    { "7", Qt::Key_7, 55 },
-    { "8", Qt::Key_8, 56 },
-    { "9", Qt::Key_9, 57 },
     { "A", Qt::Key_A, 65 },
     { "M", Qt::Key_M, 77 },
     { "Z", Qt::Key_Z, 90 },
@@ -99,16 +91,6 @@ constexpr KeyRow mainKeys[] = {
 };
 
 constexpr KeyRow keypadKeys[] = {
-    { "0", Qt::Key_0, 96 },
-    { "1", Qt::Key_1, 97 },
-    { "2", Qt::Key_2, 98 },
-    { "3", Qt::Key_3, 99 },
-    { "4", Qt::Key_4, 100 },
-    { "5", Qt::Key_5, 101 },
-    { "6", Qt::Key_6, 102 },
-    { "7", Qt::Key_7, 103 },
-    { "8", Qt::Key_8, 104 },
-    { "9", Qt::Key_9, 105 },
     { "asterisk", Qt::Key_Asterisk, 106 },
     { "plus", Qt::Key_Plus, 107 },
     { "minus", Qt::Key_Minus, 109 },
@@ -121,38 +103,35 @@ constexpr KeyRow keypadKeys[] = {
     { "Delete, with Num Lock off", Qt::Key_Delete, 46 },
 };
 
-TEST(KeyCodesTest, GivesTheKeysOfTheMainKeyboardTheirCodes)
+TEST(KeyCodesTest, GivesTheKeysOfTheMainKeyboardAndOfTheKeypadCodesOfTheirOwn)
 {
     for (const KeyRow& row : mainKeys) {
         EXPECT_EQ(codeOf(row.Key), row.Code) << row.Name;
     }
-}
-
-TEST(KeyCodesTest, GivesTheKeysOfTheKeypadCodesOfTheirOwn)
-{
     for (const KeyRow& row : keypadKeys) {
         EXPECT_EQ(codeOf(row.Key, Qt::KeypadModifier), row.Code) << row.Name;
+        EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyRelease, row.Key, Qt::KeypadModifier)), row.Code) << row.Name;
+    }
+    for (int digit = 0; digit <= 9; ++digit) {
+        EXPECT_EQ(codeOf(Qt::Key_0 + digit), 48 + digit);
+        EXPECT_EQ(codeOf(Qt::Key_0 + digit, Qt::KeypadModifier), 96 + digit);
     }
 }
 
 TEST(KeyCodesTest, NamesTheCodesThatTheProgramAsksFor)
 {
-    EXPECT_EQ(codeOf(Qt::Key_Backspace), KeyCode::Backspace);
-    EXPECT_EQ(codeOf(Qt::Key_Tab), KeyCode::Tab);
-    EXPECT_EQ(codeOf(Qt::Key_Return), KeyCode::Enter);
-    EXPECT_EQ(codeOf(Qt::Key_Escape), KeyCode::Escape);
-    EXPECT_EQ(codeOf(Qt::Key_Space), KeyCode::Space);
-    EXPECT_EQ(codeOf(Qt::Key_Left), KeyCode::Left);
-    EXPECT_EQ(codeOf(Qt::Key_Up), KeyCode::Up);
-    EXPECT_EQ(codeOf(Qt::Key_Right), KeyCode::Right);
-    EXPECT_EQ(codeOf(Qt::Key_Down), KeyCode::Down);
-    EXPECT_EQ(codeOf(Qt::Key_Delete), KeyCode::Delete);
-    EXPECT_EQ(codeOf(Qt::Key_0), KeyCode::Digit0);
+    const std::pair<int, int> named[] = { { Qt::Key_Backspace, KeyCode::Backspace }, { Qt::Key_Tab, KeyCode::Tab },
+        { Qt::Key_Return, KeyCode::Enter }, { Qt::Key_Escape, KeyCode::Escape }, { Qt::Key_Space, KeyCode::Space },
+        { Qt::Key_PageUp, KeyCode::PageUp }, { Qt::Key_PageDown, KeyCode::PageDown }, { Qt::Key_End, KeyCode::End },
+        { Qt::Key_Home, KeyCode::Home }, { Qt::Key_Left, KeyCode::Left }, { Qt::Key_Up, KeyCode::Up },
+        { Qt::Key_Right, KeyCode::Right }, { Qt::Key_Down, KeyCode::Down }, { Qt::Key_Delete, KeyCode::Delete },
+        { Qt::Key_0, KeyCode::Digit0 }, { Qt::Key_F1, KeyCode::F1 }, { Qt::Key_Comma, KeyCode::Comma },
+        { Qt::Key_Period, KeyCode::Point } };
+    for (const auto& [key, code] : named) {
+        EXPECT_EQ(codeOf(key), code);
+    }
     EXPECT_EQ(codeOf(Qt::Key_0, Qt::KeypadModifier), KeyCode::KeypadDigit0);
     EXPECT_EQ(codeOf(Qt::Key_Period, Qt::KeypadModifier), KeyCode::KeypadDecimal);
-    EXPECT_EQ(codeOf(Qt::Key_F1), KeyCode::F1);
-    EXPECT_EQ(codeOf(Qt::Key_Comma), KeyCode::Comma);
-    EXPECT_EQ(codeOf(Qt::Key_Period), KeyCode::Point);
 }
 
 TEST(KeyCodesTest, GivesAKeyTheSameCodeWithShiftControlAndAlt)
@@ -162,12 +141,6 @@ TEST(KeyCodesTest, GivesAKeyTheSameCodeWithShiftControlAndAlt)
         EXPECT_EQ(codeOf(Qt::Key_5, modifier | Qt::KeypadModifier), 101) << modifier;
         EXPECT_EQ(codeOf(Qt::Key_A, modifier), 65) << modifier;
     }
-}
-
-TEST(KeyCodesTest, GivesAReleaseTheCodeOfThePress)
-{
-    EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyRelease, Qt::Key_7, Qt::KeypadModifier)), 103);
-    EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyRelease, Qt::Key_Comma, Qt::NoModifier)), 188);
 }
 
 TEST(KeyCodesTest, AsksTheKeyAndNotTheCharacterThatItWrites)
