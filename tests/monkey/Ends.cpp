@@ -39,9 +39,9 @@ constexpr std::array<KnownEnd, 15> knownEnds { {
     { "FrmUnidad", overflow, "El número escrito es demasiado grande" },
     { "FrmUnidad", overflow, "El resultado de la operación es demasiado grande" },
     { "FrmUnidad", invalidArgument, "No se puede dividir entre 0" },
-    // A price of 1000 and more has no room in the column; more than 114 prices make it higher than a 16-bit height.
+    // A price of 1000 and more has no room in the column, nor have more than 114 prices.
     { "Form7", invalidArgument, "no cabe en 6 caracteres" },
-    { "Form7", overflow, "no cabe en un contador de 16 bits" },
+    { "Form7", overflow, "no caben en la columna" },
     // More than 32767 products.
     { "Form7", overflow, "productos" },
 } };
