@@ -85,10 +85,11 @@ void ProductEditor::Change(int product, const ProductTexts& answers)
         changed.Nombre = Trimmed(answers.Nombre);
     }
     if (!answers.Precio.empty()) {
-        changed.Precio = static_cast<float>(LeadingNumber(answers.Precio));
-        if (!std::isfinite(changed.Precio)) {
+        const std::optional<float> price = LeadingPrice(answers.Precio);
+        if (!price) {
             throw RunTimeError(RunTimeError::Kind::Overflow, "El precio «" + answers.Precio + "» es demasiado grande.");
         }
+        changed.Precio = *price;
     }
     Table.at(static_cast<std::size_t>(product)) = changed;
 }
