@@ -1,13 +1,11 @@
 #include "common/core/NumberText.h"
 
-#include "common/core/Int16.h"
 #include "common/core/RunTimeError.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -20,18 +18,30 @@ bool isDigit(char character)
     return character >= '0' && character <= '9';
 }
 
-bool isBlank(char character)
+bool isOneOf(std::string_view characters, char character)
 {
-    return character == ' ' || character == '\t';
+    return characters.find(character) != std::string_view::npos;
 }
 
-bool isSign(char character)
+// The number with so many significant digits: "1.20e+03". This and nearestDouble() are the only places where the
+// standard library makes text of doubles and doubles of text.
+std::string scientificText(double value, int significantDigits)
 {
-    return character == '-' || character == '+';
+    std::array<char, 32> buffer {};
+    const auto written = std::to_chars(
+        buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, significantDigits - 1);
+    return { buffer.data(), written.ptr };
 }
 
-template <typename Number>
-std::string plainText(Number value, int significantDigits)
+// The double nearest to a number written [-]digits[.digits][e[-]digits]; nothing when it is too large or too small.
+std::optional<double> nearestDouble(std::string_view number)
+{
+    double value = 0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    return result.ec == std::errc::result_out_of_range ? std::nullopt : std::optional(value);
+}
+
+std::string plainText(double value, int significantDigits)
 {
     if (!std::isfinite(value)) {
         throw RunTimeError(RunTimeError::Kind::Overflow, "El resultado es demasiado grande para escribirlo.");
@@ -39,22 +49,13 @@ std::string plainText(Number value, int significantDigits)
     if (value == 0) {
         return "0";
     }
-    std::array<char, 32> buffer {};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-        std::chars_format::scientific, significantDigits - 1);
-    const std::string_view scientific(buffer.data(), written.ptr);
-
+    const std::string scientific = scientificText(std::fabs(value), significantDigits);
     const std::size_t exponentMark = scientific.find('e');
-    std::string digits(scientific.substr(0, exponentMark));
+    const int integerDigits = std::stoi(scientific.substr(exponentMark + 1)) + 1;
+    std::string digits = scientific.substr(0, exponentMark);
     digits.erase(1, 1); // the point behind the first digit
     digits.erase(digits.find_last_not_of('0') + 1);
 
-    const char* exponentText = scientific.data() + exponentMark + 1;
-    exponentText += *exponentText == '+' ? 1 : 0;
-    int exponent = 0;
-    std::from_chars(exponentText, written.ptr, exponent);
-
-    const int integerDigits = exponent + 1;
     const int digitCount = static_cast<int>(digits.size());
     if (integerDigits <= 0) {
         digits.insert(0, "0," + std::string(static_cast<std::size_t>(-integerDigits), '0'));
@@ -66,8 +67,22 @@ std::string plainText(Number value, int significantDigits)
     return value < 0 ? "-" + digits : digits;
 }
 
-// The text of a number as std::from_chars reads it: [-]digits[.digits][e[sign]digits].
-// Its scanners find out how far the number goes before anything is converted.
+// What one reader takes as a number and another does not.
+struct NumberRule {
+    std::string_view DecimalMarks; // each of them stands before decimals
+    std::string_view Skipped; // passed over wherever it stands
+    std::string_view GroupMarks; // passed over behind a digit before the decimals
+    std::string_view Signs;
+    bool Exponent;
+};
+
+constexpr NumberRule displayRule { ",", " \t.", "", "+-", true };
+constexpr NumberRule pointRule { ".", " \t", "", "+-", true };
+constexpr NumberRule commaRule { ",.", " \t", "", "+-", true };
+constexpr NumberRule wholeRule { "", " ", "", "-", false };
+constexpr NumberRule typedRule { ",", "", ".", "+-", true };
+
+// Finds out how far a number goes before anything is converted, and gathers its text as nearestDouble() reads it.
 class NumberScanner {
 public:
     explicit NumberScanner(std::string_view text)
@@ -77,46 +92,44 @@ public:
 
     bool AtEnd() const { return rest_.empty(); }
 
-    void ReadSign()
+    void ReadSign(std::string_view signs)
     {
-        if (!rest_.empty() && isSign(rest_.front())) {
-            if (rest_.front() == '-') {
-                number_ += '-';
-            }
+        if (nextIsOneOf(signs)) {
+            number_ += rest_.front() == '-' ? "-" : "";
             rest_.remove_prefix(1);
         }
     }
 
-    // Digits; the separator, if any, may stand behind each of them and is dropped.
-    void ReadDigits(std::optional<char> separator = std::nullopt)
+    // Digits; a separator may stand behind each of them and is dropped.
+    void ReadDigits(std::string_view separators)
     {
         bool behindDigit = false;
-        while (!rest_.empty() && (isDigit(rest_.front()) || (behindDigit && rest_.front() == separator))) {
+        while (!rest_.empty() && (isDigit(rest_.front()) || (behindDigit && nextIsOneOf(separators)))) {
             behindDigit = isDigit(rest_.front());
             if (behindDigit) {
                 number_ += rest_.front();
-                ++digitCount_;
+                hasDigits_ = true;
             }
             rest_.remove_prefix(1);
         }
     }
 
-    void ReadDecimals(char decimalPoint)
+    void ReadDecimals(std::string_view marks)
     {
-        if (!rest_.empty() && rest_.front() == decimalPoint) {
+        if (nextIsOneOf(marks)) {
             rest_.remove_prefix(1);
             number_ += '.';
-            ReadDigits();
+            ReadDigits("");
         }
     }
 
     // An exponent counts only behind digits and only with a digit of its own.
     void ReadExponent()
     {
-        if (digitCount_ == 0 || rest_.empty() || (rest_.front() != 'e' && rest_.front() != 'E')) {
+        if (!hasDigits_ || !nextIsOneOf("eE")) {
             return;
         }
-        const std::size_t first = rest_.size() > 1 && isSign(rest_[1]) ? 2 : 1;
+        const std::size_t first = rest_.size() > 1 && isOneOf("+-", rest_[1]) ? 2 : 1;
         std::size_t last = first;
         while (last < rest_.size() && isDigit(rest_[last])) {
             ++last;
@@ -128,49 +141,76 @@ public:
         }
     }
 
-    bool HasNumber() const { return digitCount_ > 0; }
-
-    // The value nearest to the number read; an infinity when it is too large, 0 when it is too small or there is none.
-    double Value() const
+    // The double nearest to the number read; an infinity when it is too large, 0 when it is too small.
+    std::optional<double> Number() const
     {
-        if (!HasNumber()) {
-            return 0;
+        if (!hasDigits_) {
+            return std::nullopt;
         }
-        double value = 0;
-        const auto result = std::from_chars(number_.data(), number_.data() + number_.size(), value);
-        if (result.ec == std::errc::result_out_of_range) {
-            const double infinity = std::numeric_limits<double>::infinity();
-            return isBelowOne() ? 0 : (number_.front() == '-' ? -infinity : infinity);
+        if (const std::optional<double> value = nearestDouble(number_)) {
+            return value;
         }
-        return value;
+        const double infinity = std::numeric_limits<double>::infinity();
+        return isTooSmall() ? 0 : (number_.front() == '-' ? -infinity : infinity);
     }
 
 private:
-    // Whether the place of the first significant digit, counted from the units, is below zero.
-    bool isBelowOne() const
+    bool nextIsOneOf(std::string_view characters) const { return !rest_.empty() && isOneOf(characters, rest_.front()); }
+
+    // Whether a number that no double holds is too small for one. Such a number lies so far from 1 that the place which
+    // its point takes makes no difference.
+    bool isTooSmall() const
     {
-        const std::string_view number = number_;
-        const std::string_view mantissa = number.substr(0, number.find('e'));
+        const std::string_view mantissa = std::string_view(number_).substr(0, number_.find('e'));
         const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
         const auto firstDigit = static_cast<long long>(mantissa.find_first_of("123456789"));
-        // No text is so long that its point could make up for an exponent of more digits than this.
-        constexpr long long hugeExponent = 1'000'000'000'000;
+        return point - firstDigit + exponent() < 0;
+    }
+
+    // Cut to what makes a difference: no text is so long that its point could make up for more.
+    long long exponent() const
+    {
+        constexpr long long huge = 1'000'000'000'000;
         long long exponent = 0;
-        if (mantissa.size() < number.size()) {
-            const std::string_view text = number.substr(mantissa.size() + 1);
-            if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec != std::errc()) {
-                exponent = text.front() == '-' ? -hugeExponent : hugeExponent;
+        if (const std::size_t mark = number_.find('e'); mark != std::string::npos) {
+            const std::string_view text = std::string_view(number_).substr(mark + 1);
+            const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
+            if (result.ec == std::errc::result_out_of_range) {
+                exponent = text.front() == '-' ? -huge : huge;
             }
-            exponent = std::clamp(exponent, -hugeExponent, hugeExponent);
         }
-        const long long place = firstDigit < point ? point - firstDigit - 1 : point - firstDigit;
-        return place + exponent < 0;
+        return std::clamp(exponent, -huge, huge);
     }
 
     std::string_view rest_;
     std::string number_;
-    int digitCount_ = 0;
+    bool hasDigits_ = false;
 };
+
+// What the beginning of a text, or the whole of it, says.
+struct Reading {
+    std::optional<double> Number;
+    bool IsWholeText;
+};
+
+Reading read(std::string_view text, const NumberRule& rule)
+{
+    std::string solid(text);
+    std::erase_if(solid, [&rule](char character) { return isOneOf(rule.Skipped, character); });
+    NumberScanner scanner(solid);
+    scanner.ReadSign(rule.Signs);
+    scanner.ReadDigits(rule.GroupMarks);
+    scanner.ReadDecimals(rule.DecimalMarks);
+    if (rule.Exponent) {
+        scanner.ReadExponent();
+    }
+    return { scanner.Number(), scanner.AtEnd() };
+}
+
+double readBeginning(std::string_view text, const NumberRule& rule)
+{
+    return read(text, rule).Number.value_or(0);
+}
 
 } // namespace
 
@@ -181,7 +221,7 @@ std::string PlainDecimalText(double value)
 
 std::string PlainDecimalText(float value)
 {
-    return plainText(value, 7);
+    return plainText(static_cast<double>(value), 7);
 }
 
 std::string FormatDisplayNumber(double value)
@@ -203,50 +243,72 @@ std::string FormatDisplayNumber(double value)
     return integer.substr(0, integer.size() - placed) + (placed > 0 ? "." : "") + grouped + decimals;
 }
 
+std::string DecimalText(std::string_view digits, int decimals)
+{
+    const auto decimalCount = static_cast<std::size_t>(decimals);
+    std::string text(digits);
+    if (text.size() <= decimalCount) {
+        text.insert(0, decimalCount + 1 - text.size(), '0');
+    }
+    if (decimalCount > 0) {
+        text.insert(text.size() - decimalCount, ",");
+    }
+    return text;
+}
+
+std::string GroupThousands(std::string number)
+{
+    constexpr std::size_t groupSize = 3;
+    for (std::size_t place = std::min(number.find(','), number.size()); place > groupSize;) {
+        place -= groupSize;
+        number.insert(place, ".");
+    }
+    return number;
+}
+
 double ParseDisplayNumber(std::string_view text)
 {
-    Int16 characters;
-    std::string plain;
-    for (const char byte : text) {
-        const bool beginsCharacter = (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-        if (beginsCharacter) {
-            ++characters;
-        }
-        if (byte != '.') {
-            plain += byte == ',' ? '.' : byte;
-        }
+    constexpr int mostCharacters = 32767;
+    if (LengthInCharacters(text) > mostCharacters) {
+        throw RunTimeError(RunTimeError::Kind::Overflow,
+            "El texto escrito tiene más de " + std::to_string(mostCharacters) + " caracteres.");
     }
-    return LeadingNumber(plain);
+    return readBeginning(text, displayRule);
 }
 
 double LeadingNumber(std::string_view text)
 {
-    std::string solid;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(solid), [](char c) { return !isBlank(c); });
+    return readBeginning(text, pointRule);
+}
 
-    NumberScanner scanner(solid);
-    scanner.ReadSign();
-    scanner.ReadDigits();
-    scanner.ReadDecimals('.');
-    scanner.ReadExponent();
-    return scanner.Value();
+double ParseCommaNumber(std::string_view text)
+{
+    return readBeginning(text, commaRule);
+}
+
+double LeadingWholeNumber(std::string_view text)
+{
+    return readBeginning(text, wholeRule);
 }
 
 std::optional<double> ParseTypedNumber(std::string_view text)
 {
-    NumberScanner scanner(Trimmed(text));
-    scanner.ReadSign();
-    scanner.ReadDigits('.');
-    scanner.ReadDecimals(',');
-    scanner.ReadExponent();
-    if (!scanner.HasNumber() || !scanner.AtEnd()) {
-        return std::nullopt;
-    }
-    const double value = scanner.Value();
-    if (std::isinf(value)) {
+    const Reading reading = read(Trimmed(text), typedRule);
+    return reading.IsWholeText ? reading.Number : std::nullopt;
+}
+
+double RequireFinite(double number)
+{
+    if (std::isinf(number)) {
         throw RunTimeError(RunTimeError::Kind::Overflow, "El número escrito es demasiado grande.");
     }
-    return value;
+    return number;
+}
+
+int LengthInCharacters(std::string_view utf8)
+{
+    const auto beginsCharacter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+    return static_cast<int>(std::count_if(utf8.begin(), utf8.end(), beginsCharacter));
 }
 
 std::string PadLeft(std::string_view text, int width)

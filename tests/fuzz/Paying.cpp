@@ -241,7 +241,7 @@ private:
         EXPECT_EQ(outcome.Scene, ShopScene::Sum);
         EXPECT_EQ(task_.PayStep, 2);
         const PriceColumn column = task_.ColumnAboveResult();
-        EXPECT_EQ(column.Height, units * 285);
+        EXPECT_EQ(column.Rows, units);
         const PricesInColumn prices = AddUpColumn(column.Text);
         EXPECT_EQ(prices.Cents, cost);
         EXPECT_EQ(prices.Count, units);

@@ -28,9 +28,9 @@ constexpr std::array<KnownEnd, 15> knownEnds { {
     // operand; checking or solving the exercise is what cannot be done.
     { "Form2", overflow, "La suma de los datos introducidos" },
     { "Form3", overflow, "La diferencia de los datos introducidos" },
-    // An answer longer than a 16-bit counter can count through.
-    { "Form2", overflow, "no cabe en un contador de 16 bits" },
-    { "Form3", overflow, "no cabe en un contador de 16 bits" },
+    // An answer longer than any that is read.
+    { "Form2", overflow, "El texto escrito tiene más de" },
+    { "Form3", overflow, "El texto escrito tiene más de" },
     // Hits and errors are 16-bit counters.
     { "Form6", overflow, "no cabe en un contador de 16 bits" },
     // A typed factor is converted, and the result worked out, without a message of the window's own.
@@ -39,9 +39,9 @@ constexpr std::array<KnownEnd, 15> knownEnds { {
     { "FrmUnidad", overflow, "El número escrito es demasiado grande" },
     { "FrmUnidad", overflow, "El resultado de la operación es demasiado grande" },
     { "FrmUnidad", invalidArgument, "No se puede dividir entre 0" },
-    // A price of 1000 and more has no room in the column; more than 114 prices make it higher than a 16-bit height.
+    // A price of 1000 and more has no room in the column, nor have more than 114 prices.
     { "Form7", invalidArgument, "no cabe en 6 caracteres" },
-    { "Form7", overflow, "no cabe en un contador de 16 bits" },
+    { "Form7", overflow, "no caben en la columna" },
     // More than 32767 products.
     { "Form7", overflow, "productos" },
 } };

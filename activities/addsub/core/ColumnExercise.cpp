@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace numbrela {
@@ -144,15 +145,14 @@ std::string ColumnExercise::ShowSolution()
 
 OperandEntry ColumnExercise::enterOperand(double& operand, std::string_view typed)
 {
-    try {
-        const auto number = ParseTypedNumber(typed);
-        if (!number) {
-            return {};
-        }
-        operand = *number;
-    } catch (const RunTimeError&) {
+    const std::optional<double> number = ParseTypedNumber(typed);
+    if (!number) {
+        return {};
+    }
+    if (std::isinf(*number)) {
         return { false, "El dato introducido no es válido", "" };
     }
+    operand = *number;
     if (!std::isfinite(rulesOf(operation_).Solve(Operand1, Operand2))) {
         return { false, rulesOf(operation_).TooLarge, "Error" };
     }

@@ -17,7 +17,7 @@ constexpr int cellsBesideDigits = 4; // the blank before the dividend, its comma
 constexpr const char* tooManyDigits = "El número tiene demasiadas cifras.";
 constexpr const char* tooManyDigitsDrawn = "El número tiene demasiadas cifras. Elija menos en el menú Opciones.";
 
-// The cells that a row has for so many digits. At 165 twips a cell, 198 of them are as wide as 16 bits of twips go.
+// The cells that a row has for so many digits. The paper is at most 198 cells wide.
 int lineWidthFor(int digits, const char* complaint)
 {
     constexpr int mostCells = 198;
@@ -33,23 +33,14 @@ struct TypedNumber {
     int Length; // in characters, signs and commas included
 };
 
-int lengthInCharacters(std::string_view utf8)
-{
-    return static_cast<int>(std::count_if(
-        utf8.begin(), utf8.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
-}
-
 std::optional<TypedNumber> readTyped(std::string_view typed)
 {
     const double value = LeadingNumber(typed);
     if (value == 0) {
         return std::nullopt;
     }
-    const double wholePart = std::trunc(value) + 0.0; // of -0.9 it is 0, not -0
-    if (std::isinf(wholePart)) {
-        throw RunTimeError(RunTimeError::Kind::Overflow, "El número escrito es demasiado grande.");
-    }
-    return TypedNumber { wholePart, lengthInCharacters(Trimmed(typed)) };
+    const double wholePart = std::trunc(RequireFinite(value)) + 0.0; // of -0.9 it is 0, not -0
+    return TypedNumber { wholePart, LengthInCharacters(Trimmed(typed)) };
 }
 
 // A difference as large as the tolerance is too large. It may come out a little less than it is, because binary numbers
@@ -61,15 +52,6 @@ bool isWithin(double difference, double tolerance)
 }
 
 } // namespace
-
-double ParseFirstCommaNumber(std::string_view text)
-{
-    std::string withPoint(text);
-    if (const std::size_t comma = withPoint.find(','); comma != std::string::npos) {
-        withPoint[comma] = '.';
-    }
-    return LeadingNumber(withPoint);
-}
 
 DivisionExercise::DivisionExercise(RandomSource& random, bool& commaShift)
     : Grid(commaShift)

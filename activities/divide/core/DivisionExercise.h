@@ -13,10 +13,6 @@
 
 namespace numbrela {
 
-// The number that a text begins with, its first "," being the decimal comma: "1,25" gives 1.25, "12 r 3" gives 12, no
-// number gives 0.
-double ParseFirstCommaNumber(std::string_view text);
-
 // A long division with its working: draws dividend and divisor, or takes the pupil's own, judges quotient and last
 // remainder, works the solution out step by step, and keeps the score. It knows no window: boxes, lines, menus and the
 // focus are the form's.

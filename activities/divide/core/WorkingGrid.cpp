@@ -1,5 +1,7 @@
 #include "activities/divide/core/WorkingGrid.h"
 
+#include "common/core/NumberText.h"
+
 #include <algorithm>
 
 namespace numbrela {
@@ -55,20 +57,11 @@ int WorkingGrid::WrittenRows() const
 
 double WorkingGrid::RowValue(int row) const
 {
-    double value = 0;
-    double sign = 1;
-    bool begun = false;
+    std::string cells;
     for (const char16_t character : Row(row)) {
-        if (character >= u'0' && character <= u'9') {
-            value = value * 10 + (character - u'0');
-        } else if (character == u'-' && !begun) {
-            sign = -1;
-        } else if (character != blank) {
-            break;
-        }
-        begun = begun || character != blank;
+        cells += character < 0x80 ? static_cast<char>(character) : '?';
     }
-    return sign * value;
+    return LeadingWholeNumber(cells);
 }
 
 bool WorkingGrid::caretIsOnCommaColumn() const

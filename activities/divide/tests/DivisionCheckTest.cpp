@@ -11,28 +11,6 @@ namespace {
 
 using namespace testing;
 
-TEST(ParseFirstCommaNumber, ReadsTheFirstCommaAsTheDecimalOne)
-{
-    const std::pair<const char*, double> cases[] = {
-        { "", 0 },
-        { "abc", 0 },
-        { "24", 24 },
-        { "24,31", 24.31 },
-        { ",5", 0.5 },
-        { "5,", 5 },
-        { "1,2,3", 1.2 },
-        { "1.5", 1.5 },
-        { "1.5,2", 1.5 },
-        { " 2 4 ", 24 },
-        { "-3", -3 },
-        { "12 r 3", 12 },
-        { "7x", 7 },
-    };
-    for (const auto& [text, value] : cases) {
-        EXPECT_EQ(ParseFirstCommaNumber(text), value) << text;
-    }
-}
-
 struct CheckCase {
     const char* What;
     DivisionOptions Options;

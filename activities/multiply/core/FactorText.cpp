@@ -1,10 +1,7 @@
 #include "activities/multiply/core/FactorText.h"
 
 #include "common/core/NumberText.h"
-#include "common/core/RunTimeError.h"
 
-#include <algorithm>
-#include <cmath>
 #include <vector>
 
 namespace numbrela {
@@ -37,17 +34,6 @@ std::string DigitsOnly(std::string_view text)
     return digits;
 }
 
-double ParseCommaNumber(std::string_view text)
-{
-    std::string withPoints(text);
-    std::replace(withPoints.begin(), withPoints.end(), ',', '.');
-    const double number = LeadingNumber(withPoints);
-    if (std::isinf(number)) {
-        throw RunTimeError(RunTimeError::Kind::Overflow, "El número escrito es demasiado grande.");
-    }
-    return number;
-}
-
 std::string WholeProduct(std::string_view number1, std::string_view number2)
 {
     const std::string_view digits1 = withoutSign(number1);
@@ -71,20 +57,7 @@ std::string WholeProduct(std::string_view number1, std::string_view number2)
 
 std::string GroupedDecimalText(std::string_view wholeNumber, int decimals)
 {
-    const std::string_view digits = withoutSign(wholeNumber);
-    const auto decimalCount = static_cast<std::size_t>(decimals);
-    const std::size_t zerosInFront = digits.size() > decimalCount ? 0 : decimalCount + 1 - digits.size();
-    std::string text = std::string(zerosInFront, '0') + std::string(digits);
-
-    const std::size_t integerDigits = text.size() - decimalCount;
-    if (decimalCount > 0) {
-        text.insert(integerDigits, ",");
-    }
-    for (std::size_t place = integerDigits; place > 3;) {
-        place -= 3;
-        text.insert(place, ".");
-    }
-    return withSign(isNegative(wholeNumber), text);
+    return withSign(isNegative(wholeNumber), GroupThousands(DecimalText(withoutSign(wholeNumber), decimals)));
 }
 
 } // namespace numbrela

@@ -10,10 +10,6 @@ namespace numbrela {
 // The text without its first comma: "12,05" gives "1205".
 std::string DigitsOnly(std::string_view text);
 
-// The number that a text begins with, a comma or a point being the decimal point: "12,5a" gives 12.5, "" gives 0.
-// Throws RunTimeError::Overflow when a double cannot hold it.
-double ParseCommaNumber(std::string_view text);
-
 // The product of two whole numbers, exact however many digits they have, without zeros in front: "007" and "30" give
 // "210".
 std::string WholeProduct(std::string_view number1, std::string_view number2);

@@ -3,7 +3,6 @@
 #include "activities/multiply/core/FactorText.h"
 #include "common/core/Arithmetic.h"
 #include "common/core/NumberText.h"
-#include "common/core/RunTimeError.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,15 +15,6 @@ namespace {
 int nearestChoice(const OptionList& choices, int value)
 {
     return std::clamp(value, choices.ValueAt(0), choices.ValueAt(choices.Count - 1));
-}
-
-std::optional<double> typedNumber(std::string_view typed)
-{
-    try {
-        return ParseTypedNumber(typed);
-    } catch (const RunTimeError&) {
-        return std::nullopt; // larger than a number of this program can be
-    }
 }
 
 // The digit so many places left of the last character; 0 where a comma or a sign stands.
@@ -110,7 +100,7 @@ Int16 Multiplication::RowCount(std::string_view shownFactor2) const
 Verdict Multiplication::Judge(std::string_view result, std::string_view shownVerdict) const
 {
     constexpr double tolerance = 1e-12;
-    if (std::fabs(Product - ParseCommaNumber(result)) < tolerance) {
+    if (std::fabs(Product - RequireFinite(ParseCommaNumber(result))) < tolerance) {
         return { true, shownVerdict == "Resultado correcto " ? " Resultado correcto " : "Resultado correcto " };
     }
     return { false, shownVerdict == "resultado incorrecto" ? " resultado incorrecto" : "resultado incorrecto" };
@@ -151,8 +141,8 @@ Multiplication::FactorEntry Multiplication::EnterFactor2(std::string_view typed)
 Multiplication::FactorEntry Multiplication::enterFactor(
     std::string_view typed, double other, double& factor, Int16& digits, Int16& decimals)
 {
-    const std::optional<double> number = typedNumber(typed);
-    if (!number) {
+    const std::optional<double> number = ParseTypedNumber(typed);
+    if (!number || std::isinf(*number)) {
         return { false, "El dato introducido no es válido" };
     }
     if (!std::isfinite(*number * other)) {

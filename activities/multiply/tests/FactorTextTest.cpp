@@ -1,7 +1,6 @@
 #include "activities/multiply/core/FactorText.h"
 
 #include "tests/support/ForeignLocale.h"
-#include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +14,6 @@ namespace numbrela {
 namespace {
 
 using numbrela::testing::ForeignLocale;
-using numbrela::testing::KindThrownBy;
 using numbrela::testing::StrangePunctuation;
 
 struct TextCase {
@@ -30,31 +28,6 @@ TEST(FactorText, DigitsOnlyDropsTheFirstComma)
     for (const auto& [text, expected] : cases) {
         EXPECT_EQ(DigitsOnly(text), expected) << text;
     }
-}
-
-struct NumberCase {
-    const char* Text;
-    double Expected;
-};
-
-TEST(FactorText, ReadsANumberWithCommaAsFarAsItGoes)
-{
-    const NumberCase cases[] = { { "0,25", 0.25 }, { "0,250", 0.25 }, { "12,5a", 12.5 }, { "12.5", 12.5 }, { "", 0 },
-        { "hola", 0 }, { ",", 0 }, { ",5", 0.5 }, { "-3,5", -3.5 }, { "+4", 4 }, { "1,2,3", 1.2 },
-        { "1.234,5", 1.234 }, // a point is a decimal point here too
-        { "  12 ", 12 }, { "1,5e2", 150 }, { "00861", 861 }, { "0,0000000000001", 1e-13 } };
-    for (const auto& [text, expected] : cases) {
-        EXPECT_EQ(ParseCommaNumber(text), expected) << text;
-    }
-}
-
-TEST(FactorText, ANumberTooLargeForADoubleOverflows)
-{
-    for (const std::string& text : { std::string("1e400"), std::string("-1e309"), std::string(400, '9') }) {
-        EXPECT_EQ(KindThrownBy([&] { ParseCommaNumber(text); }), RunTimeError::Kind::Overflow) << text;
-    }
-    EXPECT_EQ(ParseCommaNumber("1e308"), 1e308);
-    EXPECT_EQ(ParseCommaNumber("1e-400"), 0);
 }
 
 struct ProductCase {
@@ -108,7 +81,6 @@ TEST(FactorText, WritesProductsInTheSpanishForm)
 TEST(FactorText, IsTheSameUnderForeignLocales)
 {
     const ForeignLocale foreign("de_DE.UTF-8", std::locale(std::locale::classic(), new StrangePunctuation));
-    EXPECT_EQ(ParseCommaNumber("1234,5"), 1234.5);
     EXPECT_EQ(WholeProduct("1234", "5678"), "7006652");
     EXPECT_EQ(GroupedDecimalText("7006652", 2), "70.066,52");
 }

@@ -4,7 +4,6 @@
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace numbrela {
@@ -28,7 +27,7 @@ double typedFactor(std::string_view typed)
     if (!number) {
         throw RunTimeError(RunTimeError::Kind::TypeMismatch, refusalOf(typed));
     }
-    return *number;
+    return RequireFinite(*number);
 }
 
 } // namespace
@@ -89,9 +88,7 @@ std::string PowersOfTen::Solution() const
 Verdict PowersOfTen::Check(std::string_view answer) const
 {
     constexpr double tolerance = 1e-8;
-    std::string number(answer);
-    std::replace(number.begin(), number.end(), ',', '.');
-    if (std::fabs(Product - LeadingNumber(number)) >= tolerance) {
+    if (std::fabs(Product - ParseCommaNumber(answer)) >= tolerance) {
         return { false, "Resultado incorrecto " };
     }
     return { true, "Resultado correcto " };

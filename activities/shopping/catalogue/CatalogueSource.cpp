@@ -1,5 +1,6 @@
 #include "activities/shopping/catalogue/CatalogueSource.h"
 
+#include "activities/shopping/core/Money.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 

@@ -1,11 +1,9 @@
 #include "activities/shopping/core/Catalogue.h"
 
 #include "common/core/Int16.h"
-#include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 
 #include <bit>
-#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -114,17 +112,6 @@ int AddProduct(ProductTable& table, const Product& product)
     }
     table.push_back(product);
     return static_cast<int>(table.size()) - 1;
-}
-
-std::optional<float> ParsePrice(std::string_view text)
-{
-    try {
-        const std::optional<double> number = ParseTypedNumber(text);
-        const auto price = static_cast<float>(number.value_or(0));
-        return number && std::isfinite(price) ? std::optional(price) : std::nullopt;
-    } catch (const RunTimeError&) { // not even a double can hold it
-        return std::nullopt;
-    }
 }
 
 ProductTable LoadCatalogue(const std::filesystem::path& path)

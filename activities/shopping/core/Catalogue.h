@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -73,9 +72,6 @@ bool IsEmpty(const ProductTable& table);
 // Puts a product into the place of the empty entry, or else at the end, and returns its index.
 // Throws RunTimeError::Overflow when the table holds MostProducts already.
 int AddProduct(ProductTable& table, const Product& product);
-
-// The price that a person typed, "1,25"; nothing when the text is no number, or one that a single cannot hold.
-std::optional<float> ParsePrice(std::string_view text);
 
 // Reads the catalogue file, and creates it empty when there is none. Records whose price is not above zero are passed
 // over; a part of a record at the end is ignored. Throws RunTimeError: File when the file cannot be opened or read,

@@ -18,6 +18,13 @@ double centsOf(float price)
     return std::floor(std::fabs(written) * 100 + 0.5 + moreThanADoubleLoses);
 }
 
+// The nearest single, when there is one.
+std::optional<float> singleOf(double amount)
+{
+    const auto single = static_cast<float>(amount);
+    return std::isfinite(single) ? std::optional(single) : std::nullopt;
+}
+
 } // namespace
 
 int CompareMoney(float a, float b)
@@ -35,16 +42,22 @@ float NotesAbove(float amount)
     return static_cast<float>(std::trunc(RoundHalfToEven(amount) / smallestNote) * smallestNote + smallestNote);
 }
 
+std::optional<float> ParsePrice(std::string_view text)
+{
+    const std::optional<double> number = ParseTypedNumber(text);
+    return number ? singleOf(*number) : std::nullopt;
+}
+
+std::optional<float> LeadingPrice(std::string_view text)
+{
+    return singleOf(LeadingNumber(text));
+}
+
 std::string PriceText(float price)
 {
     constexpr int width = 6;
-    constexpr std::size_t decimals = 2;
     const double cents = centsOf(price);
-    std::string text = PlainDecimalText(cents);
-    if (text.size() <= decimals) {
-        text.insert(0, decimals + 1 - text.size(), '0');
-    }
-    text.insert(text.size() - decimals, ",");
+    const std::string text = DecimalText(PlainDecimalText(cents), 2);
     return PadLeft(price < 0 && cents > 0 ? "-" + text : text, width);
 }
 
@@ -55,16 +68,8 @@ std::string PlainPriceText(float price)
 
 std::string PurseText(float money)
 {
-    std::string text = PlainDecimalText(RoundHalfToEven(money));
-    if (text.size() < 2) {
-        text.insert(0, "0");
-    }
-    constexpr std::size_t groupSize = 3;
-    for (std::size_t place = text.size(); place > groupSize;) {
-        place -= groupSize;
-        text.insert(place, ".");
-    }
-    return text + "€";
+    const std::string euros = PlainDecimalText(RoundHalfToEven(money));
+    return (euros.size() < 2 ? "0" + euros : GroupThousands(euros)) + "€";
 }
 
 std::string RemainderText(float money)

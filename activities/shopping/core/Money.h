@@ -1,8 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
-// Money in euros, held in single precision as the catalogue holds its prices, and how the shopping activity writes it.
+// Money in euros, held in single precision as the catalogue holds its prices, and how the shopping activity reads and
+// writes it.
 namespace numbrela {
 
 // Compares two amounts: 0 when they lie closer together than 0.0001, else -1 when the first is the smaller one and 1
@@ -12,6 +15,13 @@ int CompareMoney(float a, float b);
 // The next multiple of 5 euros strictly above the amount rounded to whole euros (halves to even): what a person hands
 // over in banknotes. 12.35 gives 15, 15 gives 20, 24.5 gives 25.
 float NotesAbove(float amount);
+
+// The amount that a person typed, "1,25"; nothing when the text is no number, or one that a single cannot hold.
+std::optional<float> ParsePrice(std::string_view text);
+
+// The amount that a text begins with, "." being the decimal point: "1,25" gives 1, "abc" gives 0; nothing when a single
+// cannot hold it.
+std::optional<float> LeadingPrice(std::string_view text);
 
 // A price as it stands in a column, two decimals, right-aligned in six characters: "  0,85".
 // Throws RunTimeError::InvalidArgument for a price that has no room there: 1000 and more.

@@ -108,10 +108,11 @@ bool ProductEditor::Change(int product, const ProductTexts& answers)
         changed.Nombre = Trimmed(answers.Nombre);
     }
     if (!answers.Precio.empty()) {
-        changed.Precio = static_cast<float>(LeadingNumber(answers.Precio));
-        if (!std::isfinite(changed.Precio)) {
+        const std::optional<float> price = LeadingPrice(answers.Precio);
+        if (!price) {
             throw RunTimeError(RunTimeError::Kind::Overflow, "El precio «" + answers.Precio + "» es demasiado grande.");
         }
+        changed.Precio = *price;
     }
     Product& entry = Table.at(static_cast<std::size_t>(product));
     const bool isAnother = entry != changed;

@@ -3,6 +3,7 @@
 #include "activities/shopping/core/Money.h"
 #include "common/core/Arithmetic.h"
 #include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
 
 #include <algorithm>
 #include <cmath>
@@ -279,17 +280,20 @@ PayOutcome ShoppingTask::beginSum()
 PriceColumn ShoppingTask::ColumnAboveResult() const
 {
     if (PayStep == 3) {
-        return { PriceText(NotesGiven) + "\n-" + PriceText(AmountPaid), 2 * RowHeight };
+        return { PriceText(NotesGiven) + "\n-" + PriceText(AmountPaid), 2 };
     }
     PriceColumn column;
-    Int16 rows;
     for (const ShoppingItem& item : Basket) {
         for (int unit = 0; unit < item.Units; ++unit) {
-            column.Text += (rows == 0 ? "" : "\n+") + PriceText(item.Precio);
-            ++rows;
+            column.Text += (column.Rows == 0 ? "" : "\n+") + PriceText(item.Precio);
+            ++column.Rows;
         }
     }
-    column.Height = rows * RowHeight;
+    constexpr int mostRows = 114;
+    if (column.Rows > mostRows) {
+        throw RunTimeError(RunTimeError::Kind::Overflow,
+            "La cesta tiene más de " + std::to_string(mostRows) + " precios: no caben en la columna.");
+    }
     return column;
 }
 

@@ -48,7 +48,7 @@ struct PayOutcome {
 // What is written above the result box: amounts under each other.
 struct PriceColumn {
     std::string Text;
-    Int16 Height; // twips
+    int Rows = 0;
 };
 
 // What is said to a pupil who goes home.
@@ -65,8 +65,6 @@ public:
     // In the order in which they stand round the shopping centre.
     static constexpr std::array<const char*, 10> ShopNames { "Carnicería", "Charcutería", "Frutería", "Kiosko",
         "Librería", "Panadería", "Papelería", "Pastelería", "Pescadería", "Supermercado" };
-
-    static constexpr int RowHeight = 285; // twips, of a row in the column of prices
 
     ProductTable Catalogue { Product() };
     std::vector<ShoppingItem> ShoppingList;

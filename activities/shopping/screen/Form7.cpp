@@ -43,6 +43,7 @@ constexpr FontSpec columnFont { "Courier New", 12 };
 constexpr int columnLeft = 6240;
 constexpr int columnWidth = 1800;
 constexpr int columnBottom = 7540;
+constexpr int rowHeight = 285;
 constexpr int ruleY = columnBottom + 15;
 
 // Where those controls of a shop stand that are always there.
@@ -458,7 +459,8 @@ void Form7::askForResult(const PayOutcome& outcome)
 {
     const PriceColumn column = task_.ColumnAboveResult();
     arrangeShop(*this, atTheTill);
-    placeInShop(*this, TBCantidades, { columnLeft, columnBottom - column.Height, columnWidth, column.Height });
+    const int height = column.Rows * rowHeight;
+    placeInShop(*this, TBCantidades, { columnLeft, columnBottom - height, columnWidth, height });
     TBCantidades->SetText(column.Text);
     showInstructions(outcome.Instructions);
     TbResultado->SetText("");

@@ -1,5 +1,6 @@
 #include "activities/shopping/screen/NewProduct.h"
 
+#include "activities/shopping/core/Money.h"
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"

@@ -262,20 +262,6 @@ TEST_F(CatalogueTest, DoesNotGrowBeyondWhatItCouldLoadAgain)
     EXPECT_EQ(table.size(), 32767U);
 }
 
-TEST(Price, IsReadAsSpanishWritesIt)
-{
-    EXPECT_EQ(ParsePrice("1,25"), 1.25F);
-    EXPECT_EQ(ParsePrice(" 3 "), 3.0F);
-    EXPECT_EQ(ParsePrice("1.250,5"), 1250.5F);
-    EXPECT_EQ(ParsePrice("-2"), -2.0F);
-    EXPECT_EQ(ParsePrice("0"), 0.0F);
-    EXPECT_EQ(ParsePrice("3,4e38"), 3.4e38F);
-    for (const char* text :
-        { "", " ", "abc", "1,2,3", "1,25 €", "uno", ",", "-", "3,5e38", "-3,5e38", "1e400", "inf", "nan" }) {
-        EXPECT_EQ(ParsePrice(text), std::nullopt) << text;
-    }
-}
-
 // What cannot be read or written.
 
 class CatalogueFailureTest : public CatalogueTest {

@@ -6,12 +6,38 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace numbrela {
 
 namespace {
 
 using testing::KindThrownBy;
+
+TEST(MoneyTest, ReadsAPriceAsSpanishWritesIt)
+{
+    EXPECT_EQ(ParsePrice("1,25"), 1.25F);
+    EXPECT_EQ(ParsePrice(" 3 "), 3.0F);
+    EXPECT_EQ(ParsePrice("1.250,5"), 1250.5F);
+    EXPECT_EQ(ParsePrice("-2"), -2.0F);
+    EXPECT_EQ(ParsePrice("0"), 0.0F);
+    EXPECT_EQ(ParsePrice("3,4e38"), 3.4e38F);
+    for (const char* text :
+        { "", " ", "abc", "1,2,3", "1,25 €", "uno", ",", "-", "3,5e38", "-3,5e38", "1e400", "inf", "nan" }) {
+        EXPECT_EQ(ParsePrice(text), std::nullopt) << text;
+    }
+}
+
+TEST(MoneyTest, ReadsThePriceThatATextBeginsWithWithAPoint)
+{
+    EXPECT_EQ(LeadingPrice("1.25"), 1.25F);
+    EXPECT_EQ(LeadingPrice("1,25"), 1.0F);
+    EXPECT_EQ(LeadingPrice("abc"), 0.0F);
+    EXPECT_EQ(LeadingPrice("3.4e38 €"), 3.4e38F);
+    for (const char* text : { "3.5e38", "-3.5e38", "1e400" }) {
+        EXPECT_EQ(LeadingPrice(text), std::nullopt) << text;
+    }
+}
 
 TEST(MoneyTest, AmountsCloserThanATenThousandthAreEqual)
 {

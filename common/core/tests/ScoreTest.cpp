@@ -10,6 +10,7 @@
 #include <locale>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace numbrela {
 
@@ -36,113 +37,57 @@ TEST(Score, StartsAtNoExerciseAndNoErrorAndIsScorable)
     EXPECT_EQ(score.Line(), "Ejercicios:  0; Errores:  0");
 }
 
-TEST(Score, ARightAnswerCountsOneExerciseAndNoError)
-{
-    Score score;
-    EXPECT_EQ(score.Count(true), "Ejercicios:  1; Errores:  0");
-    EXPECT_EQ(score.ExerciseCount, 1);
-    EXPECT_EQ(score.ErrorCount, 0);
-    EXPECT_FALSE(score.Scorable);
-}
-
-TEST(Score, AWrongAnswerCountsOneExerciseAndOneErrorAndStaysScorable)
-{
-    Score score;
-    EXPECT_EQ(score.Count(false), "Ejercicios:  1; Errores:  1");
-    EXPECT_EQ(score.ExerciseCount, 1);
-    EXPECT_EQ(score.ErrorCount, 1);
-    EXPECT_TRUE(score.Scorable);
-}
-
-TEST(Score, CountsARightAnswerOnce)
-{
-    Score score;
-    score.Count(true);
-    score.Count(true);
-    EXPECT_EQ(score.Line(), "Ejercicios:  1; Errores:  0");
-}
-
-TEST(Score, CountsEveryWrongAnswerAnew)
-{
-    Score score;
-    score.Count(false);
-    score.Count(false);
-    score.Count(false);
-    EXPECT_EQ(score.Line(), "Ejercicios:  3; Errores:  3");
-}
-
-TEST(Score, TwoWrongAnswersAndARightOneAreThreeExercisesAndTwoErrors)
-{
-    Score score;
-    score.Count(false);
-    score.Count(false);
-    score.Count(true);
-    EXPECT_EQ(score.Line(), "Ejercicios:  3; Errores:  2");
-    EXPECT_FALSE(score.Scorable);
-}
-
-TEST(Score, CountsNothingOnceItIsUnscorable)
-{
-    Score score = scoreOf(5, 2);
-    score.Scorable = false;
-    score.Count(false);
-    score.Count(true);
-    score.Count(false);
-    EXPECT_EQ(score.ExerciseCount, 5);
-    EXPECT_EQ(score.ErrorCount, 2);
-    EXPECT_FALSE(score.Scorable);
-}
-
-TEST(Score, CountsAgainWhenItIsScorableAgain)
-{
-    Score score;
-    score.Count(true);
-    score.Scorable = true;
-    score.Count(false);
-    EXPECT_EQ(score.Line(), "Ejercicios:  2; Errores:  1");
-}
-
-struct LineCase {
+struct CountCase {
     int Exercises;
     int Errors;
-    const char* Line;
+    bool Scorable;
+    bool Right;
+    const char* Line; // afterwards
+    bool ScorableAfterwards;
 };
 
-TEST(Score, LineAlignsEachCountRightInThreeCharacters)
+TEST(Score, CountsEveryWrongAnswerAndARightOneOnce)
 {
-    const LineCase cases[] = {
-        { 0, 0, "Ejercicios:  0; Errores:  0" },
-        { 1, 0, "Ejercicios:  1; Errores:  0" },
-        { 7, 12, "Ejercicios:  7; Errores: 12" },
-        { 9, 9, "Ejercicios:  9; Errores:  9" },
-        { 10, 9, "Ejercicios: 10; Errores:  9" },
-        { 12, 5, "Ejercicios: 12; Errores:  5" },
-        { 99, 99, "Ejercicios: 99; Errores: 99" },
-        { 100, 99, "Ejercicios:100; Errores: 99" },
-        { 123, 100, "Ejercicios:123; Errores:100" },
-        { 999, 0, "Ejercicios:999; Errores:  0" },
-        { 999, 999, "Ejercicios:999; Errores:999" },
+    const CountCase cases[] = {
+        { 0, 0, true, true, "Ejercicios:  1; Errores:  0", false },
+        { 0, 0, true, false, "Ejercicios:  1; Errores:  1", true },
+        { 2, 2, true, false, "Ejercicios:  3; Errores:  3", true },
+        { 2, 2, true, true, "Ejercicios:  3; Errores:  2", false },
+        { 5, 2, false, true, "Ejercicios:  5; Errores:  2", false },
+        { 5, 2, false, false, "Ejercicios:  5; Errores:  2", false },
+        { 998, 998, true, false, "Ejercicios:999; Errores:999", true },
+        { 998, 0, true, true, "Ejercicios:999; Errores:  0", false },
+        { 999, 999, false, true, "Ejercicios:999; Errores:999", false },
     };
-    for (const auto& [exercises, errors, line] : cases) {
-        EXPECT_EQ(scoreOf(exercises, errors).Line(), line);
+    for (const auto& [exercises, errors, scorable, right, line, scorableAfterwards] : cases) {
+        Score score = scoreOf(exercises, errors);
+        score.Scorable = scorable;
+        EXPECT_EQ(score.Count(right), line);
+        EXPECT_EQ(score.Line(), line);
+        EXPECT_EQ(score.Scorable, scorableAfterwards) << line;
     }
 }
 
-TEST(Score, LineHasTheSameLengthForEveryCountItCanShow)
+TEST(Score, LineAlignsEachCountRightInThreeCharacters)
 {
+    EXPECT_EQ(scoreOf(7, 12).Line(), "Ejercicios:  7; Errores: 12");
+    const auto aligned = [](int count) {
+        const std::string digits = std::to_string(count);
+        return std::string(3 - digits.size(), ' ') + digits;
+    };
     for (int count = 0; count <= 999; ++count) {
-        ASSERT_EQ(scoreOf(count, 999 - count).Line().size(), 27U) << count;
+        ASSERT_EQ(
+            scoreOf(count, 999 - count).Line(), "Ejercicios:" + aligned(count) + "; Errores:" + aligned(999 - count));
     }
 }
 
 TEST(Score, LineRefusesCountsOfFourDigits)
 {
-    const LineCase cases[] = { { 1000, 0, "" }, { 0, 1000, "" }, { 1000, 1000, "" }, { 1000, 999, "" },
-        { 999, 1000, "" }, { 32767, 32767, "" } };
-    for (const auto& [exercises, errors, line] : cases) {
+    for (const auto& [exercises, errors] :
+        { std::pair { 1000, 0 }, { 0, 1000 }, { 1000, 1000 }, { 1000, 999 }, { 999, 1000 }, { 32767, 32767 } }) {
         const Score score = scoreOf(exercises, errors);
         EXPECT_EQ(KindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument)
-            << exercises << " and " << errors;
+            << exercises << " " << errors;
     }
 }
 
@@ -161,20 +106,6 @@ TEST(Score, AnAnswerThatHasNoLineIsNotCounted)
     EXPECT_EQ(KindThrownBy([&] { errors.Count(false); }), RunTimeError::Kind::InvalidArgument);
     EXPECT_EQ(errors.Line(), "Ejercicios: 12; Errores:999");
     EXPECT_EQ(errors.Count(true), "Ejercicios: 13; Errores:999");
-}
-
-TEST(Score, CountsUpToThreeDigits)
-{
-    EXPECT_EQ(scoreOf(998, 998).Count(false), "Ejercicios:999; Errores:999");
-    EXPECT_EQ(scoreOf(998, 0).Count(true), "Ejercicios:999; Errores:  0");
-}
-
-TEST(Score, AnUnscorableExerciseHasItsLineAt999)
-{
-    Score score = scoreOf(999, 999);
-    score.Scorable = false;
-    EXPECT_EQ(score.Count(true), "Ejercicios:999; Errores:999");
-    EXPECT_EQ(score.Count(false), "Ejercicios:999; Errores:999");
 }
 
 TEST(Score, CountsPastTheLast16BitNumberOverflow)
