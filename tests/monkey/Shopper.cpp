@@ -46,11 +46,10 @@ bool isInBasket(const Form7& form, int product)
 void fillBasket(const Form7& form, Hands& hands, Chance& chance)
 {
     for (const ShoppingItem& wanted : form.Task().ShoppingList) {
-        const auto lines
-            = form.LIDisponibles->findItems(QString::fromStdString(wanted.Nombre.Trimmed()), Qt::MatchExactly);
-        if (!lines.isEmpty() && wanted.Units > 0 && !isInBasket(form, wanted.Product)) {
-            form.LIDisponibles->scrollToItem(lines.front());
-            const QPoint place = form.LIDisponibles->visualItemRect(lines.front()).center();
+        const std::vector<std::string> lines = LinesOf(*form.LIDisponibles);
+        const auto line = std::find(lines.begin(), lines.end(), wanted.Nombre.Trimmed());
+        if (line != lines.end() && wanted.Units > 0 && !isInBasket(form, wanted.Product)) {
+            const QPoint place = PlaceOfLine(*form.LIDisponibles, static_cast<int>(line - lines.begin()));
             for (int unit = 0; unit < wanted.Units; ++unit) {
                 hands.DoubleClick(*form.LIDisponibles->viewport(), place);
             }

@@ -111,8 +111,8 @@ protected:
 
     static void expectAllCrossedOff(const Form7& form)
     {
-        for (int line = 0; line < form.List1->count(); ++line) {
-            EXPECT_TRUE(form.List1->item(line)->text().startsWith(QStringLiteral("(X) "))) << line;
+        for (const std::string& line : LinesOf(*form.List1)) {
+            EXPECT_EQ(line.substr(0, 4), "(X) ") << line;
         }
     }
 
@@ -137,7 +137,7 @@ TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
 {
     Form7 form(clock_, path_);
     ShowAndActivate(form);
-    ASSERT_EQ(form.List1->count(), 4);
+    ASSERT_EQ(form.List1->LineCount(), 4);
     const std::size_t shops = shopsOnTheList(form).size();
     const int timeGiven = form.Task().TimeLeft;
     const float moneyGiven = form.Task().MoneyGiven;
@@ -189,10 +189,10 @@ TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
     ExpectMessage(errorTitle,
         QStringLiteral("No tienes suficiente dinero para pagar todo lo que has cogido,  deja algo que no necesites o "
                        "pulsa el botón de volver a casa si no te queda dinero para comprar las cosas que necesitas."));
-    const int linesTaken = form.LICesta->count();
+    const int linesTaken = form.LICesta->LineCount();
     PressContinue(form);
     EXPECT_EQ(FocusIn(form), "LICesta");
-    EXPECT_EQ(form.LICesta->count(), linesTaken);
+    EXPECT_EQ(form.LICesta->LineCount(), linesTaken);
     EXPECT_TRUE(form.LIDisponibles->isVisible() && form.LIDisponibles->isEnabled());
     EXPECT_FALSE(form.TBCantidades->isVisible());
 
