@@ -331,6 +331,8 @@ TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
     answer(form, QStringLiteral("2,55"));
     EXPECT_EQ(form.TBCantidades->Text(), "  5,00\n-  2,55");
     EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - 570, 1800, 570 }));
+    expectPlaces(form, atTheTill);
+    EXPECT_EQ(form.TbInstrucciones->verticalScrollBar()->maximum(), 0) << "they are seen whole";
     EXPECT_EQ(form.TbResultado->Text(), "");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText(),
         QStringLiteral(
@@ -450,37 +452,9 @@ TEST_F(Form7Test, WhoWantsToGoHomeTooEarlyStaysInTheShop)
     EXPECT_EQ(form.Task().PayStep, 2);
 }
 
-TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsThatShopAsItWas)
+TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsItAsItWasAndGoesOnPaying)
 {
-    Form7& form = open(TableOf({ { "a", 2 }, { "b", 2 }, { "Una barra de pan", 2 }, { "c", 2 } }));
-    const int money = static_cast<int>(form.Task().MoneyLeft);
-    addUp(form, 1);
-    TypeResult(QStringLiteral("%1").arg(money));
-    acceptAnyBox(); // far too much, and paid
-    PressContinue(form);
-    answer(form, QStringLiteral("5"));
-    PressContinue(form);
-    EXPECT_EQ(form.TBDinero->Text(), "0 €");
-
-    fillBasket(form, 2);
-    EXPECT_TRUE(form.Timer1->isActive());
-    ExpectDialog([&form](QDialog& verdict) {
-        EXPECT_FALSE(form.Timer1->isActive()) << "no second goes by while the verdict is read";
-        verdict.accept();
-    });
-    expectAgain(QStringLiteral("Sí"));
-    Click(form, QStringLiteral("CBVolver"));
-    EXPECT_TRUE(form.Frame3->isVisible());
-    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(2) Una barra de pan 2" });
-    EXPECT_EQ(form.Task().PayStep, 1);
-    EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
-    EXPECT_EQ(FocusIn(form), "List1");
-    EXPECT_TRUE(form.Timer1->isActive());
-}
-
-TEST_F(Form7Test, WhoBeginsAgainWhilePayingGoesOnPaying)
-{
-    for (const int step : { 2, 3, 4 }) {
+    for (const int step : { 1, 2, 3, 4 }) {
         SCOPED_TRACE(step);
         Form7& form = open(TableOf({ { "a", 1 }, { "b", 1 }, { "c", 1 }, { "d", 1 } }));
         GoInto(form, QStringLiteral("Panadería"));
@@ -497,28 +471,28 @@ TEST_F(Form7Test, WhoBeginsAgainWhilePayingGoesOnPaying)
 
         GoInto(form, QStringLiteral("Panadería"));
         TakeFromShelf(form, QStringLiteral("a"));
-        PressContinue(form);
-        if (step > 2) {
-            answer(form, QStringLiteral("1,00"));
-        }
-        if (step > 3) {
-            answer(form, QStringLiteral("4,00"));
+        for (int taken = 1; taken < step; ++taken) {
+            answer(form, std::array { QString(), QStringLiteral("1,00"), QStringLiteral("4,00") }.at(taken - 1));
         }
         ASSERT_EQ(form.Task().PayStep, step);
-        const std::string column = form.TBCantidades->Text();
-        const std::string instructions = form.TbInstrucciones->Text();
-        const QString caption = form.CbContinuar->text();
-
-        acceptAnyBox(); // the verdict
+        const auto shown = [&form] {
+            return std::tuple(form.TBCantidades->Text(), form.TbInstrucciones->Text(), form.CbContinuar->text(),
+                LinesOf(*form.LICesta));
+        };
+        const auto before = shown();
+        ExpectDialog([&form](QDialog& verdict) {
+            EXPECT_FALSE(form.Timer1->isActive()) << "no second goes by while the verdict is read";
+            verdict.accept();
+        });
         expectAgain(QStringLiteral("Sí"));
         Click(form, QStringLiteral("CBVolver"));
         EXPECT_EQ(form.Task().PayStep, step);
         EXPECT_TRUE(form.Frame3->isVisible());
-        EXPECT_EQ(form.TBCantidades->Text(), column);
-        EXPECT_EQ(form.TbInstrucciones->Text(), instructions);
-        EXPECT_EQ(form.CbContinuar->text(), caption);
+        EXPECT_EQ(shown(), before);
         EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven);
+        EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
         EXPECT_TRUE(form.Task().IsListOpen());
+        EXPECT_TRUE(form.Timer1->isActive());
         EXPECT_EQ(FocusIn(form), "List1");
 
         if (step == 4) {
@@ -690,26 +664,6 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
     EXPECT_TRUE(form_->Timer1->isActive());
 }
 
-TEST_F(Form7Test, TheEditorOfAnEmptyCatalogueOpensFromTheWindow)
-{
-    acceptAnyBox();
-    ShowShopping(before_, clock_, path_, true);
-    ASSERT_NE(openWindow<Form7>(), nullptr);
-    ShowAndAnswerBoxes(*openWindow<Form7>());
-    Press(Qt::Key_F3);
-    EXPECT_EQ(openWindow<Form7>(), nullptr);
-    auto* editor = openWindow<DLGProductos>();
-    ASSERT_NE(editor, nullptr);
-    EXPECT_EQ(editor->List1->LineCount(), 1) << "the one empty entry";
-
-    acceptAnyBox();
-    Click(*editor, QStringLiteral("CancelButton"));
-    EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
-    ASSERT_NE(openWindow<Form7>(), nullptr);
-    openWindow<Form7>()->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
 {
     Form7& form = open(NumberedTable(4));
@@ -800,17 +754,17 @@ TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
 
 TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
 {
-    SaveCatalogue(path_, NumberedTable(5));
-    ShowShopping(before_, clock_, path_, true);
-    const QPointer<Form7> first = openWindow<Form7>();
+    acceptAnyBox(); // there are no products
+    const QPointer<Form7> first = openToBeGone();
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);
-    ShowAndActivate(*first);
+    ShowAndAnswerBoxes(*first);
     Press(Qt::Key_F3);
-    EXPECT_TRUE(first == nullptr || !first->isVisible());
-    auto* editor = openWindow<DLGProductos>();
+    EXPECT_TRUE(isGone(first));
+    const auto* editor = openWindow<DLGProductos>();
     ASSERT_NE(editor, nullptr);
     EXPECT_EQ(editor->Ruta, path_);
+    EXPECT_EQ(editor->List1->LineCount(), 1) << "the one empty entry";
 
     SaveCatalogue(path_, NumberedTable(1)); // what another teacher has saved meanwhile
     acceptAnyBox();
