@@ -403,7 +403,8 @@ protected:
         const QPoint line = shelf.visualRect(shelf.model()->index(2, 0)).center();
         QTest::mouseDClick(activity().windowHandle(), Qt::LeftButton, {}, shelf.viewport()->mapTo(&activity(), line));
         EXPECT_EQ(
-            Find<QListView>(activity(), QStringLiteral("LICesta")).model()->index(0, 0).data().toString().toStdString(), "(1) Producto 2 1");
+            Find<QListView>(activity(), QStringLiteral("LICesta")).model()->index(0, 0).data().toString().toStdString(),
+            "(1) Producto 2 1");
         click("CbContinuar");
         EXPECT_TRUE(Find<QWidget>(activity(), QStringLiteral("TBCantidades")).isVisible());
         leaveByMenu();

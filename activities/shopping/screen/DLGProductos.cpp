@@ -60,7 +60,8 @@ void DLGProductos::buildControls()
         = AddLabel(Area(), QStringLiteral("Label1"), QStringLiteral("&Productos"), { 500, 300, 9500, 350 }, formFont);
     List1 = AddControl(Area(), new ListBox(this), QStringLiteral("List1"), { 500, 700, 9500, 5280 }, listFont);
     List1->setAccessibleName(QStringLiteral("Productos")); // a list has no name from its label
-    List1->setUniformItemSizes(true); // none is too long, and thousands of them are laid out at once
+    List1->setWordWrap(false);
+    List1->setUniformItemSizes(true); // so that thousands of them are laid out at once
     Label1->setBuddy(List1);
 
     const std::array<QString, 3> captions { QStringLiteral("&Tienda"), QStringLiteral("&Nombre"),

@@ -1,5 +1,6 @@
 #include "activities/shopping/screen/ListBox.h"
 
+#include <QCollator>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -10,10 +11,8 @@ namespace numbrela {
 
 ListBox::ListBox(QWidget* parent)
     : QListView(parent)
-    , spanishOrder_(QLocale(QLocale::Spanish, QLocale::Spain))
 {
     setModel(&lines_);
-    spanishOrder_.setCaseSensitivity(Qt::CaseInsensitive);
     setEditTriggers(NoEditTriggers);
     setWordWrap(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -28,23 +27,15 @@ void ListBox::SetLines(const std::vector<std::string>& lines)
     lines_.setStringList(texts);
 }
 
-// To make the key that a line is sorted by takes longer than all else together, and most lines have been there before.
-const QCollatorSortKey& ListBox::sortKeyOf(const std::string& text)
-{
-    auto known = sortKeys_.find(text);
-    if (known == sortKeys_.end()) {
-        known = sortKeys_.emplace(text, spanishOrder_.sortKey(QString::fromStdString(text))).first;
-    }
-    return known->second;
-}
-
 void ListBox::SetSortedLines(const std::vector<ListLine>& lines)
 {
-    std::vector<std::pair<const QCollatorSortKey*, const ListLine*>> sorted;
+    QCollator spanish(QLocale(QLocale::Spanish, QLocale::Spain));
+    spanish.setCaseSensitivity(Qt::CaseInsensitive);
+    std::vector<std::pair<QCollatorSortKey, const ListLine*>> sorted;
     for (const ListLine& line : lines) {
-        sorted.emplace_back(&sortKeyOf(line.Text), &line);
+        sorted.emplace_back(spanish.sortKey(QString::fromStdString(line.Text)), &line);
     }
-    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return *a.first < *b.first; });
+    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
 
     QStringList texts;
     data_.clear();

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QCollator>
 #include <QListView>
 #include <QStringListModel>
 
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace numbrela {
@@ -51,12 +49,9 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    const QCollatorSortKey& sortKeyOf(const std::string& text);
     std::optional<int> lineToBeginAt(int key) const;
 
     QStringListModel lines_;
-    QCollator spanishOrder_;
-    std::unordered_map<std::string, QCollatorSortKey> sortKeys_; // of all lines that were ever sorted
     std::vector<int> data_; // of each line of a sorted list
 };
 

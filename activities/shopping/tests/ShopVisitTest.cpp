@@ -50,9 +50,9 @@ TEST_F(ShopVisitTest, ShopNamesAreComparedWithoutRegardToCaseInAllLettersOfTheEn
         task_.Catalogue = TableOf({ { "Carne", 1, name } });
         EXPECT_TRUE(task_.EnterShop("Carnicería").empty()) << name;
     }
-    task_.Catalogue = TableOf({ { "x", 1, "ñàáâãäåæçèéêëìíîïðòóôõöøùúûüýþšœžÿ÷×ß" } });
-    EXPECT_EQ(task_.EnterShop("ÑÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ÷×ß").size(), 1U);
-    EXPECT_TRUE(task_.EnterShop("ÑÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ××ß").empty()) << "÷ is no small ×";
+    task_.Catalogue = TableOf({ { "x", 1, "azñàáâãäåæçèéêëìíîïðòóôõöøùúûüýþšœžÿ÷×ß" } });
+    EXPECT_EQ(task_.EnterShop("AZÑÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ÷×ß").size(), 1U);
+    EXPECT_TRUE(task_.EnterShop("AZÑÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ××ß").empty()) << "÷ is no small ×";
 }
 
 TEST_F(ShopVisitTest, EachOfTheTenShopsSellsItsOwn)

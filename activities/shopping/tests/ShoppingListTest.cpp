@@ -69,19 +69,20 @@ TEST(ShoppingListTest, DrawsProductsAndUnits)
 TEST(ShoppingListTest, AnIndexRulesOutItselfAndThoseWrittenInsideItAndNothingLonger)
 {
     struct Case {
+        int Products;
         std::vector<int> Drawn;
         std::vector<int> List;
     };
     for (const Case& c : std::vector<Case> {
-             { { 3, 3, 3, 0, 3, 0, 1, 2 }, { 3, 0, 1, 2 } },
-             { { 12, 1, 2, 12, 21, 22, 2, 1, 0 }, { 12, 21, 22, 0 } },
-             { { 1, 12, 21, 10 }, { 1, 12, 21, 10 } },
+             { 4, { 3, 3, 3, 1, 3, 1, 2, 0 }, { 3, 1, 2, 0 } },
+             { 30, { 12, 1, 2, 12, 21, 22, 2, 1, 0 }, { 12, 21, 22, 0 } },
+             { 30, { 1, 12, 21, 10 }, { 1, 12, 21, 10 } },
          }) {
-        ShoppingTask task = taskWith(NumberedTable(30), 4);
+        ShoppingTask task = taskWith(NumberedTable(c.Products), 4);
         std::vector<double> draws;
         std::size_t listed = 0;
         for (const int index : c.Drawn) {
-            draws.push_back(drawOf(index, 30));
+            draws.push_back(drawOf(index, c.Products));
             if (listed < c.List.size() && c.List[listed] == index) {
                 draws.push_back(oneUnit);
                 ++listed;
