@@ -7,7 +7,6 @@
 #include "common/screen/Look.h"
 
 #include <QInputDialog>
-#include <QListView>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -29,8 +28,8 @@ constexpr int shelfProducts = 3000;
 constexpr const char* changedName = "Otro nombre ";
 constexpr double aimedFileRatio = 2;
 constexpr double aimedEditor = 150; // milliseconds
-constexpr double aimedChange = 50;
-constexpr double aimedVisit = 50;
+constexpr double aimedChange = 100;
+constexpr double aimedVisit = 150;
 constexpr double aimedOpening = 16;
 
 // A catalogue of one shop. The last products have names too long for a line of its shelf.
@@ -126,7 +125,7 @@ void measureVisits(const Clock& clock, const char* caption, int longNames, doubl
     std::vector<double> times;
     for (int visit = 0; visit < Rounds(rounds); ++visit) {
         times.push_back(timeVisit(form));
-        if (form.LIDisponibles->count() != shelfProducts) {
+        if (form.LIDisponibles->LineCount() != shelfProducts) {
             Complain("The shelf does not hold all products: what follows is not what it says.");
         }
         form.CbContinuar->click(); // out again, with nothing in the basket
@@ -226,7 +225,7 @@ void measureEditorOpening(const Clock& clock, double emptyWindow)
         editor.show();
         watch.WaitFor(&editor);
         openings.push_back(MillisecondsSince(start));
-        if (editor.List1->model()->rowCount() != MostProducts) {
+        if (editor.List1->LineCount() != MostProducts) {
             Complain("The editor does not show all products: what follows is not what it says.");
         }
     }
@@ -250,7 +249,7 @@ void measureEditorChanges(const Clock& clock, double emptyWindow)
     editor.Form_Load();
     editor.show();
     QApplication::processEvents();
-    const int lineCount = editor.List1->model()->rowCount();
+    const int lineCount = editor.List1->LineCount();
     std::vector<double> added;
     std::vector<double> changed;
     std::vector<double> deleted;
@@ -258,7 +257,7 @@ void measureEditorChanges(const Clock& clock, double emptyWindow)
         added.push_back(timeAdding(editor, round)); // and leaves the new line selected
         changed.push_back(timeChanging(editor, round));
         // Not one of those that were changed, which stand in front.
-        editor.List1->setCurrentIndex(editor.List1->model()->index((round + 1) * 700 % lineCount, 0));
+        editor.List1->SelectLine((round + 1) * 700 % lineCount);
         deleted.push_back(timeDeleting(editor));
     }
     if (!showsChangedProducts(*editor.List1->model(), lineCount)) {

@@ -55,13 +55,13 @@ void ShowMessage(QWidget* parent, const std::string& text, const std::string& ti
     box.exec();
 }
 
-bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title)
+bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title, Answer onEnter)
 {
     QMessageBox box(QMessageBox::NoIcon, titleOrApplications(title), QString::fromStdString(text),
         QMessageBox::Yes | QMessageBox::No, parent);
     box.setTextFormat(Qt::PlainText);
     box.setAttribute(Qt::WA_WindowPropagation);
-    box.setDefaultButton(QMessageBox::Yes);
+    box.setDefaultButton(onEnter == Answer::Yes ? QMessageBox::Yes : QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
 }

@@ -12,9 +12,11 @@ namespace numbrela {
 // A message with the one button "Aceptar" and no icon.
 void ShowMessage(QWidget* parent, const std::string& text, const std::string& title = {});
 
-// A question with the buttons "Sí" and "No", of which Enter presses the first and Escape the second, and no icon.
-// Whether the answer was yes.
-bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title = {});
+enum class Answer { Yes, No };
+
+// A question with the buttons "Sí" and "No", and no icon. Enter presses the one that is named, Escape "No". Whether the
+// answer was yes.
+bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title = {}, Answer onEnter = Answer::Yes);
 
 // A line of text that a person types; empty when they cancel.
 std::string AskText(

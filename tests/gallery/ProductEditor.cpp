@@ -1,5 +1,6 @@
 #include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/tests/ShopWalk.h"
 #include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/program/ShippedCatalogue.h"
@@ -8,20 +9,12 @@
 #include "tests/support/FixedClock.h"
 
 #include <QDialog>
-#include <QListView>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace numbrela::testing {
 
 namespace {
-
-void clickLine(const DLGProductos& form, int line)
-{
-    const QModelIndex index = form.List1->model()->index(line, 0);
-    form.List1->scrollTo(index);
-    QTest::mouseClick(form.List1->viewport(), Qt::LeftButton, {}, form.List1->visualRect(index).center());
-}
 
 void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
 {
@@ -31,7 +24,7 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("products-fresh"));
 
-    clickLine(form, 6);
+    ClickLine(*form.List1, 6);
     gallery.Draw(form, QStringLiteral("products-selected"));
     gallery.DrawMaximised(form, QStringLiteral("products-maximised"));
 
@@ -47,7 +40,7 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
         gallery.Draw(form, QStringLiteral("products-refused"));
         box.reject();
     });
-    clickLine(form, 7);
+    ClickLine(*form.List1, 7);
     EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
 
     SaveCatalogue(shop.Catalogue, ProductTable(1)); // as somebody else does

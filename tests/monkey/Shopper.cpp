@@ -40,12 +40,11 @@ bool isInBasket(const Form7& form, int product)
 void fillBasket(const Form7& form, Chance& chance)
 {
     for (const ShoppingItem& wanted : form.Task().ShoppingList) {
-        const QString name = QString::fromStdString(wanted.Nombre.Trimmed());
-        const auto lines = form.LIDisponibles->findItems(name, Qt::MatchExactly);
-        if (!lines.isEmpty() && wanted.Units > 0 && !isInBasket(form, wanted.Product)) {
-            const int units = wanted.Units;
-            for (int unit = 0; unit < units; ++unit) {
-                TakeFromShelf(form, name);
+        const std::vector<std::string> lines = LinesOf(*form.LIDisponibles);
+        const auto line = std::find(lines.begin(), lines.end(), wanted.Nombre.Trimmed());
+        if (line != lines.end() && wanted.Units > 0 && !isInBasket(form, wanted.Product)) {
+            for (int unit = 0; unit < wanted.Units; ++unit) {
+                TakeFromShelf(form, QString::fromStdString(*line));
             }
             return;
         }

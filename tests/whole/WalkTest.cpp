@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QListWidget>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -271,7 +271,7 @@ protected:
         EXPECT_EQ(FocusName(), "LIDisponibles");
         Press(Qt::Key_Down);
         Press(Qt::Key_Return);
-        EXPECT_EQ(Find<QListWidget>(activity(), QStringLiteral("LICesta")).count(), 1);
+        EXPECT_EQ(Find<QListView>(activity(), QStringLiteral("LICesta")).model()->rowCount(), 1);
         TabTo("CbContinuar");
         Press(Qt::Key_Space);
         for (const char* amount : { "1,00", "4,00" }) {
@@ -404,11 +404,12 @@ protected:
     static void buy()
     {
         click("CBTienda(5)");
-        auto& shelf = Find<QListWidget>(activity(), QStringLiteral("LIDisponibles"));
-        const QPoint line = shelf.visualItemRect(shelf.item(2)).center();
+        auto& shelf = Find<QListView>(activity(), QStringLiteral("LIDisponibles"));
+        const QPoint line = shelf.visualRect(shelf.model()->index(2, 0)).center();
         QTest::mouseDClick(activity().windowHandle(), Qt::LeftButton, {}, shelf.viewport()->mapTo(&activity(), line));
         EXPECT_EQ(
-            Find<QListWidget>(activity(), QStringLiteral("LICesta")).item(0)->text().toStdString(), "(1) Producto 2 1");
+            Find<QListView>(activity(), QStringLiteral("LICesta")).model()->index(0, 0).data().toString().toStdString(),
+            "(1) Producto 2 1");
         click("CbContinuar");
         EXPECT_TRUE(Find<QWidget>(activity(), QStringLiteral("TBCantidades")).isVisible());
         leaveByMenu();

@@ -1,18 +1,17 @@
 #include "activities/shopping/screen/DLGProductos.h"
 
+#include "activities/shopping/screen/Beep.h"
 #include "activities/shopping/screen/Handover.h"
+#include "activities/shopping/screen/ListBox.h"
 #include "activities/shopping/screen/NewProduct.h"
-#include "activities/shopping/screen/SelectionStart.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
 #include "common/screen/TextBox.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QListView>
 
 #include <memory>
 
@@ -61,14 +60,10 @@ void DLGProductos::buildControls()
 {
     Label1
         = AddLabel(Area(), QStringLiteral("Label1"), QStringLiteral("&Productos"), { 500, 300, 9500, 350 }, formFont);
-    List1 = new QListView(this);
-    List1->setObjectName(QStringLiteral("List1"));
+    List1 = AddControl(Area(), new ListBox(this), QStringLiteral("List1"), { 500, 700, 9500, 5280 }, listFont);
     List1->setAccessibleName(QStringLiteral("Productos")); // a list has no name from its label
-    List1->setModel(&lines_);
-    List1->setUniformItemSizes(true);
-    List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    BeginSelectionAtAnEnd(*List1);
-    Area().Place(List1, { 500, 700, 9500, 5280 }, listFont);
+    List1->setWordWrap(false);
+    List1->setUniformItemSizes(true); // so that thousands of them are laid out at once
     Label1->setBuddy(List1);
 
     const std::array<QString, 3> captions { QStringLiteral("&Tienda"), QStringLiteral("&Nombre"),
@@ -105,22 +100,14 @@ void DLGProductos::Form_Load()
 
 void DLGProductos::FillProductList()
 {
-    lines_.Fill(editor_);
-    if (editor_.Editing) {
-        editor_.SelectedLine = lines_.LineOf(editor_.SelectedProduct);
+    std::vector<ListLine> lines;
+    for (int product = 0; product < static_cast<int>(editor_.Table.size()); ++product) {
+        lines.push_back({ editor_.LineText(product), product });
     }
-}
-
-int DLGProductos::selectedLine() const
-{
-    const QModelIndexList selected = List1->selectionModel()->selectedRows();
-    return selected.isEmpty() ? -1 : selected.front().row();
-}
-
-void DLGProductos::selectLine(int line)
-{
-    List1->selectionModel()->setCurrentIndex(lines_.index(line), QItemSelectionModel::ClearAndSelect);
-    List1->scrollTo(lines_.index(line));
+    List1->SetSortedLines(lines);
+    if (editor_.Editing) {
+        editor_.SelectedLine = List1->LineOf(editor_.SelectedProduct);
+    }
 }
 
 void DLGProductos::showProduct(int product, int line)
@@ -142,8 +129,8 @@ ProductTexts DLGProductos::boxTexts() const
 
 void DLGProductos::List1_Click()
 {
-    const int line = selectedLine();
-    if (line < 0 || (editor_.Editing && line == editor_.SelectedLine)) {
+    const std::optional<int> line = List1->SelectedLine();
+    if (!line || (editor_.Editing && *line == editor_.SelectedLine)) {
         return;
     }
     if (!editor_.WriteBack(boxTexts())) {
@@ -151,15 +138,15 @@ void DLGProductos::List1_Click()
         return;
     }
     if (editor_.Editing) {
-        lines_.Rewrite(editor_.SelectedLine, editor_);
+        List1->RewriteLine(editor_.SelectedLine, editor_.LineText(editor_.SelectedProduct));
     }
-    showProduct(lines_.ProductAt(line), line);
+    showProduct(List1->DataOf(*line), *line);
 }
 
 // The line stays selected, and what was typed stays to be mended.
 void DLGProductos::refusePrice()
 {
-    selectLine(editor_.SelectedLine);
+    List1->SelectLine(editor_.SelectedLine);
     TbDatos[2]->setFocus();
     TbDatos[2]->SelectWholeText();
     ShowMessage(this, "«" + TbDatos[2]->Text() + "» no es un precio. Escriba un número, por ejemplo 1,25.");
@@ -170,18 +157,18 @@ void DLGProductos::CBAdd_Click()
     AddNewProduct(this, [this](const Product& product) {
         const int index = editor_.Add(product);
         FillProductList();
-        selectLine(lines_.LineOf(index));
+        List1->SelectLine(List1->LineOf(index));
         List1->setFocus();
     });
 }
 
 void DLGProductos::CBModif_Click()
 {
-    const int line = selectedLine();
-    if (line < 0) {
+    const std::optional<int> line = List1->SelectedLine();
+    if (!line) {
         return;
     }
-    const int product = lines_.ProductAt(line);
+    const int product = List1->DataOf(*line);
     const ProductTexts current = editor_.TextsOf(product);
     const char* title = "Modificar producto";
     const ProductTexts answers {
@@ -202,21 +189,21 @@ void DLGProductos::CBModif_Click()
 void DLGProductos::showChangedProduct(int product)
 {
     FillProductList();
-    const int line = lines_.LineOf(product);
+    const int line = List1->LineOf(product);
     showProduct(product, line);
-    selectLine(line);
+    List1->SelectLine(line);
 }
 
 void DLGProductos::CBElim_Click()
 {
-    const int line = selectedLine();
-    if (line < 0) {
-        QApplication::beep();
+    const std::optional<int> line = List1->SelectedLine();
+    if (!line) {
+        Beep();
         return;
     }
-    const int next = editor_.Delete(lines_.ProductAt(line), line);
+    const int next = editor_.Delete(List1->DataOf(*line), *line);
     FillProductList();
-    selectLine(next);
+    List1->SelectLine(next);
 }
 
 // Whether the catalogue is saved. What others have saved meanwhile goes only with the consent of the person who knows
@@ -225,8 +212,8 @@ bool DLGProductos::saveOrAsk()
 {
     bool saved = editor_.Save(Ruta);
     while (!saved
-        && AskYesNo(
-            this, "El catálogo ha cambiado en el disco mientras lo modificaba. ¿Desea sustituirlo por el suyo?")) {
+        && AskYesNo(this, "El catálogo ha cambiado en el disco mientras lo modificaba. ¿Desea sustituirlo por el suyo?",
+            {}, Answer::No)) {
         saved = editor_.SaveOverOthers(Ruta);
     }
     return saved;

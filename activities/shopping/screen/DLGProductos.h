@@ -1,7 +1,6 @@
 #pragma once
 
 #include "activities/shopping/core/ProductEditor.h"
-#include "activities/shopping/screen/ProductListModel.h"
 #include "common/core/TimeOfDay.h"
 #include "common/screen/FormWindow.h"
 
@@ -11,11 +10,11 @@
 #include <filesystem>
 
 class QLabel;
-class QListView;
 
 namespace numbrela {
 
 class CommandButton;
+class ListBox;
 class TextBox;
 struct Shop;
 
@@ -40,7 +39,7 @@ public:
     std::filesystem::path Ruta; // of the catalogue file
 
     QLabel* Label1 = nullptr;
-    QListView* List1 = nullptr;
+    ListBox* List1 = nullptr;
     std::array<QLabel*, 3> LBDatos {};
     std::array<TextBox*, 3> TbDatos {}; // shop, name, price
     CommandButton* CBAdd = nullptr;
@@ -56,8 +55,6 @@ private:
     void buildControls();
     void connectButton(CommandButton* button, void (DLGProductos::*click)());
     void FillProductList();
-    int selectedLine() const;
-    void selectLine(int line);
     void showProduct(int product, int line);
     ProductTexts boxTexts() const;
     void showChangedProduct(int product);
@@ -67,7 +64,6 @@ private:
     const Clock& clock_;
     Shop& shop_;
     ProductEditor editor_;
-    ProductListModel lines_;
     QTimer refusal_; // fires as soon as the list has finished with the click that is refused
     bool accepted_ = false;
 };

@@ -1,11 +1,11 @@
 #include "activities/shopping/screen/Form7.h"
 
 #include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/Beep.h"
 #include "activities/shopping/screen/ColumnArea.h"
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/screen/ListBox.h"
 #include "activities/shopping/screen/NewProduct.h"
-#include "activities/shopping/screen/SpanishOrder.h"
 #include "common/core/RunTimeError.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
@@ -14,7 +14,7 @@
 #include "common/screen/Line.h"
 #include "common/screen/TextBox.h"
 
-#include <QApplication>
+#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QMenu>
@@ -141,18 +141,6 @@ QFrame* frameOf(const TwipsLayout& area)
     return static_cast<QFrame*>(area.parentWidget());
 }
 
-void sortAsSpanishDoes(std::vector<ShelfProduct>& shelf)
-{
-    const QCollator order = SpanishOrder();
-    std::vector<std::pair<QCollatorSortKey, ShelfProduct>> keyed;
-    keyed.reserve(shelf.size());
-    for (ShelfProduct& product : shelf) {
-        keyed.emplace_back(order.sortKey(QString::fromStdString(product.Name)), std::move(product));
-    }
-    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::transform(keyed.begin(), keyed.end(), shelf.begin(), [](auto& entry) { return std::move(entry.second); });
-}
-
 } // namespace
 
 FormWindow* MakeShopping(const Clock& clock, Shop& shop)
@@ -248,13 +236,13 @@ void Form7::buildFrame3()
 
     LIDisponibles
         = AddControl(area, new ListBox(Frame3), QStringLiteral("LIDisponibles"), { 240, 1320, 4440, 3270 }, formFont);
-    connect(LIDisponibles, &ListBox::DblClick, this, &Form7::LIDisponibles_DblClick);
+    connect(LIDisponibles, &ListBox::doubleClicked, this, &Form7::LIDisponibles_DblClick);
     HandleKeys(*LIDisponibles, { .KeyDown = [this](const Key& key) { return LIDisponibles_KeyDown(key); } });
     LBDisponibles = addListCaption(area, QStringLiteral("LBDisponibles"), QStringLiteral("&Productos disponibles"),
         { 240, 900, 4440, 360 }, LIDisponibles);
 
     LICesta = AddControl(area, new ListBox(Frame3), QStringLiteral("LICesta"), { 4920, 1320, 4440, 6840 }, formFont);
-    connect(LICesta, &ListBox::DblClick, this, &Form7::LICesta_DblClick);
+    connect(LICesta, &ListBox::doubleClicked, this, &Form7::LICesta_DblClick);
     HandleKeys(*LICesta, { .KeyDown = [this](const Key& key) { return LICesta_KeyDown(key); } });
     LbCesta = addListCaption(
         area, QStringLiteral("LbCesta"), QStringLiteral("C&esta de la compra"), { 4920, 900, 4440, 360 }, LICesta);
@@ -303,7 +291,7 @@ void Form7::loadCatalogue()
         if (error.ErrorKind() != RunTimeError::Kind::File) {
             throw;
         }
-        tell(error.what());
+        showMessageOnceVisible(error.what());
     }
 }
 
@@ -320,7 +308,7 @@ void Form7::newShoppingTask()
         Timer1->start();
     }
     if (!notice.empty()) {
-        tell(notice);
+        showMessageOnceVisible(notice);
     }
 }
 
@@ -365,12 +353,11 @@ void Form7::CBTienda_Click(int index)
     Label3->setText(CBTienda[i]->text());
     paint(*Label3, ring[i].Colour);
     showShelves(true);
-    shelf_ = task_.EnterShop(CBTienda[i]->text().toStdString());
-    sortAsSpanishDoes(shelf_);
-    std::vector<std::string> names;
-    std::transform(shelf_.begin(), shelf_.end(), std::back_inserter(names),
-        [](const ShelfProduct& product) { return product.Name; });
-    LIDisponibles->SetLines(names);
+    std::vector<ListLine> shelf;
+    for (const ShelfProduct& product : task_.EnterShop(CBTienda[i]->text().toStdString())) {
+        shelf.push_back({ product.Name, product.Product });
+    }
+    LIDisponibles->SetSortedLines(shelf);
     LIDisponibles->scrollToTop();
     showBasket(std::nullopt);
 
@@ -385,10 +372,10 @@ void Form7::LIDisponibles_DblClick()
 {
     const std::optional<int> line = LIDisponibles->SelectedLine();
     if (!line) {
-        QApplication::beep();
+        Beep();
         return;
     }
-    showBasket(task_.TakeProduct(shelf_[static_cast<std::size_t>(*line)].Product));
+    showBasket(task_.TakeProduct(LIDisponibles->DataOf(*line)));
 }
 
 KeyAnswer Form7::LIDisponibles_KeyDown(const Key& key)
@@ -548,22 +535,22 @@ void Form7::MnuOpcSal_Click()
 void Form7::showEvent(QShowEvent* event)
 {
     FormWindow::showEvent(event);
-    QTimer::singleShot(0, this, &Form7::tellWhatIsUntold);
+    QTimer::singleShot(0, this, &Form7::showWaitingMessage);
 }
 
-void Form7::tell(const std::string& text)
+void Form7::showMessageOnceVisible(const std::string& text)
 {
     if (isVisible()) {
         ShowMessage(this, text);
     } else {
-        untold_ += (untold_.empty() ? "" : "\n\n") + text;
+        waitingMessage_ += (waitingMessage_.empty() ? "" : "\n\n") + text;
     }
 }
 
-void Form7::tellWhatIsUntold()
+void Form7::showWaitingMessage()
 {
-    if (!untold_.empty()) {
-        ShowMessage(this, std::exchange(untold_, {}));
+    if (!waitingMessage_.empty()) {
+        ShowMessage(this, std::exchange(waitingMessage_, {}));
     }
 }
 

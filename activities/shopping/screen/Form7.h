@@ -92,14 +92,13 @@ private:
     void askForResult(const PayOutcome& outcome);
     void backToCentre();
     void leaveWithPurchase();
-    void tell(const std::string& text);
-    void tellWhatIsUntold();
+    void showMessageOnceVisible(const std::string& text);
+    void showWaitingMessage();
 
     const Clock& clock_;
     Shop& shop_;
     ShoppingTask task_;
-    std::vector<ShelfProduct> shelf_; // line by line of LIDisponibles
-    std::string untold_; // what the pupil is told once the window is on the screen
+    std::string waitingMessage_; // for the time when the window is on the screen
 };
 
 } // namespace numbrela

@@ -1,22 +1,21 @@
 #include "activities/shopping/screen/ListBox.h"
 
-#include "activities/shopping/screen/SelectionStart.h"
-
+#include <QCollator>
+#include <QKeyEvent>
 #include <QMouseEvent>
-#include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace numbrela {
 
 ListBox::ListBox(QWidget* parent)
-    : QListWidget(parent)
+    : QListView(parent)
 {
+    setModel(&lines_);
     setEditTriggers(NoEditTriggers);
-    setUniformItemSizes(true);
     setWordWrap(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    BeginSelectionAtAnEnd(*this);
 }
 
 void ListBox::SetLines(const std::vector<std::string>& lines)
@@ -25,15 +24,41 @@ void ListBox::SetLines(const std::vector<std::string>& lines)
     for (const std::string& line : lines) {
         texts << QString::fromStdString(line);
     }
-    clear();
-    addItems(texts);
-    measureLines();
-    setLayoutMode(uniformItemSizes() ? SinglePass : Batched);
+    lines_.setStringList(texts);
+}
+
+void ListBox::SetSortedLines(const std::vector<ListLine>& lines)
+{
+    QCollator spanish(QLocale(QLocale::Spanish, QLocale::Spain));
+    spanish.setCaseSensitivity(Qt::CaseInsensitive);
+    std::vector<std::pair<QCollatorSortKey, const ListLine*>> sorted;
+    for (const ListLine& line : lines) {
+        sorted.emplace_back(spanish.sortKey(QString::fromStdString(line.Text)), &line);
+    }
+    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+
+    QStringList texts;
+    data_.clear();
+    for (const auto& [key, line] : sorted) {
+        texts << QString::fromStdString(line->Text);
+        data_.push_back(line->Data);
+    }
+    lines_.setStringList(texts);
+}
+
+void ListBox::RewriteLine(int line, const std::string& text)
+{
+    lines_.setData(lines_.index(line), QString::fromStdString(text));
+}
+
+int ListBox::LineOf(int wanted) const
+{
+    return static_cast<int>(std::find(data_.begin(), data_.end(), wanted) - data_.begin());
 }
 
 void ListBox::SelectLine(int line)
 {
-    setCurrentRow(line);
+    setCurrentIndex(lines_.index(line));
 }
 
 std::optional<int> ListBox::SelectedLine() const
@@ -42,73 +67,39 @@ std::optional<int> ListBox::SelectedLine() const
     return selected.isEmpty() ? std::nullopt : std::optional(selected.front().row());
 }
 
-// A line that is still to be laid out has no place yet.
-void ListBox::scrollTo(const QModelIndex& index, ScrollHint hint)
+void ListBox::keyPressEvent(QKeyEvent* event)
 {
-    if (layoutMode() == Batched && !isLaidOut(index.row())) {
-        setLayoutMode(SinglePass);
-        doItemsLayout();
-    }
-    QListWidget::scrollTo(index, hint);
-}
-
-// Once all lines have been laid out, they are laid out anew all at once, so that the list stays where it was scrolled.
-void ListBox::timerEvent(QTimerEvent* event)
-{
-    QListWidget::timerEvent(event);
-    if (layoutMode() == Batched && isLaidOut(count() - 1)) {
-        setLayoutMode(SinglePass);
+    const std::optional<int> line = SelectedLine() ? std::nullopt : lineToBeginAt(event->key());
+    if (line) {
+        SelectLine(*line);
+    } else {
+        QListView::keyPressEvent(event);
     }
 }
 
-bool ListBox::isLaidOut(int line) const
+// Qt would begin beside its current line, which a list that has got the focus has without showing it.
+std::optional<int> ListBox::lineToBeginAt(int key) const
 {
-    return !visualRect(model()->index(line, 0)).isEmpty();
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_PageUp:
+    case Qt::Key_Space:
+        return 0;
+    case Qt::Key_End:
+    case Qt::Key_PageDown:
+        return LineCount() - 1;
+    default:
+        return std::nullopt;
+    }
 }
 
-// The toolkit's own answer would be about the line under the mouse, which the form's answer may have taken away.
+// Wherever in the list that is: it concerns the selected line.
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    event->accept();
     if (event->button() == Qt::LeftButton) {
-        Q_EMIT DblClick();
-    }
-}
-
-void ListBox::resizeEvent(QResizeEvent* event)
-{
-    fitLines();
-    QListWidget::resizeEvent(event);
-}
-
-void ListBox::changeEvent(QEvent* event)
-{
-    QListWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
-        measureLines();
-    }
-}
-
-void ListBox::measureLines()
-{
-    const int besideText = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    widthOfLongestLine_ = 0;
-    for (int line = 0; line < count(); ++line) {
-        const int width = fontMetrics().horizontalAdvance(item(line)->text()) + 2 * besideText;
-        widthOfLongestLine_ = std::max(widthOfLongestLine_, width);
-    }
-    fitLines();
-}
-
-// Thousands of lines that are all of one height are laid out at once; only where one is too long is each laid out by
-// itself, the lines of a new list some at a time, so that the first ones are seen at once.
-void ListBox::fitLines()
-{
-    const bool uniform = widthOfLongestLine_ <= viewport()->width();
-    if (uniform != uniformItemSizes()) {
-        setUniformItemSizes(uniform);
-        setLayoutMode(SinglePass);
-        scheduleDelayedItemsLayout();
+        Q_EMIT doubleClicked(currentIndex());
     }
 }
 

@@ -1,49 +1,77 @@
 #include "activities/shopping/screen/DLGProductos.h"
 
+#include "activities/shopping/screen/Beep.h"
 #include "activities/shopping/screen/Handover.h"
-#include "activities/shopping/tests/Beeps.h"
+#include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
-#include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
-#include "common/screen/CommandButton.h"
 #include "common/screen/TextBox.h"
-#include "tests/support/Boxes.h"
-#include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/FormTable.h"
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
-#include <QListView>
 #include <QMessageBox>
 #include <QPointer>
 #include <QScrollBar>
-#include <QTest>
 
 #include <memory>
-#include <set>
-#include <utility>
 
 namespace numbrela {
 
 namespace {
 
 using namespace testing;
+using Lines = std::vector<std::string>;
 
-// In the order of the list: bread, fish, newspaper.
+// In the order of the list: newspaper, bread, fish.
 const Product newspaper = ProductOf("Un periódico", "Kiosko", 2);
 const Product bread = ProductOf("Una barra de pan", "Panadería", 0.85F);
 const Product fish = ProductOf("Una trucha", "Pescadería", 3.45F);
 const ProductTable threeProducts { fish, newspaper, bread };
+const std::string newspaperLine = "Kiosko            Un periódico                   2€";
+const std::string breadLine = "Panadería         Una barra de pan               0,85€";
+const std::string fishLine = "Pescadería        Una trucha                     3,45€";
+const Lines threeLines { newspaperLine, breadLine, fishLine };
 
-const QString adding = QStringLiteral("Añadir producto");
-const QString changing = QStringLiteral("Modificar producto");
-const QString namePrompt = QStringLiteral("Nombre del producto");
-const QString pricePrompt = QStringLiteral("Precio del producto:");
-const QString shopPrompt = QStringLiteral("¿En qué tiendas se vende?: ");
+const Lines newspaperBoxes { "Kiosko", "Un periódico", "2" };
+const Lines breadBoxes { "Panadería", "Una barra de pan", "0,85" };
+const Lines fishBoxes { "Pescadería", "Una trucha", "3,45" };
+const Lines emptyBoxes { "", "", "" };
+
+// "Producto 1000", "Producto 1001", …
+ProductTable longTable(int count)
+{
+    ProductTable table;
+    for (int i = 0; i < count; ++i) {
+        table.push_back(ProductOf("Producto " + std::to_string(1000 + i), "Kiosko", 2));
+    }
+    return table;
+}
+
+Lines boxesOf(const DLGProductos& form)
+{
+    return { form.TbDatos[0]->Text(), form.TbDatos[1]->Text(), form.TbDatos[2]->Text() };
+}
+
+// Types a text in place of what is in one of the edit boxes.
+void typeInto(const DLGProductos& form, std::size_t box, const char* text)
+{
+    Click(form, form.TbDatos[box]->objectName());
+    form.TbDatos[box]->SelectWholeText();
+    Press(Qt::Key_Delete);
+    Type(QString::fromUtf8(text));
+}
+
+void expectRefusal(const char* price)
+{
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral("«%1» no es un precio. Escriba un número, por ejemplo 1,25.").arg(QString::fromUtf8(price)));
+}
 
 class DLGProductosTest : public ::testing::Test {
 protected:
@@ -57,81 +85,33 @@ protected:
         return *form_;
     }
 
-    const DLGProductos& form() const { return *form_; }
-
-    std::vector<std::string> names() const
+    void expectShown(std::optional<int> line, const Lines& boxes) const
     {
-        std::vector<std::string> names;
-        for (const std::string& line : lines()) {
-            names.push_back(std::string(Trimmed(QString::fromStdString(line).mid(18, 30).toStdString())));
+        EXPECT_EQ(form_->List1->SelectedLine(), line);
+        EXPECT_EQ(boxesOf(*form_), boxes);
+    }
+
+    void add(const char* name, const char* price, const char* shop) const
+    {
+        ExpectNewProduct({ name, price, shop });
+        Click(*form_, QStringLiteral("CBAdd"));
+    }
+
+    // The three questions of "Modificar", whose default texts are the present values.
+    static void expectQuestions(const Lines& present, const Lines& answers)
+    {
+        const std::array<QString, 3> prompts { QStringLiteral("Tienda:"), QStringLiteral("Nombre:"),
+            QStringLiteral("Precio:") };
+        for (std::size_t i = 0; i < prompts.size(); ++i) {
+            ExpectInput(QStringLiteral("Modificar producto"), prompts[i], QString::fromStdString(answers[i]),
+                QString::fromStdString(present[i]));
         }
-        return names;
     }
 
-    std::vector<std::string> lines() const
+    void change(const Lines& present, const Lines& answers) const
     {
-        std::vector<std::string> lines;
-        const QAbstractItemModel& model = *form().List1->model();
-        for (int line = 0; line < model.rowCount(); ++line) {
-            lines.push_back(model.index(line, 0).data().toString().toStdString());
-        }
-        return lines;
-    }
-
-    void clickLine(int line) const
-    {
-        const QModelIndex index = form().List1->model()->index(line, 0);
-        QTest::mouseClick(form().List1->viewport(), Qt::LeftButton, {}, form().List1->visualRect(index).center());
-    }
-
-    int selectedLine() const
-    {
-        const QModelIndexList selected = form().List1->selectionModel()->selectedRows();
-        return selected.isEmpty() ? -1 : selected.front().row();
-    }
-
-    std::vector<std::string> boxes() const
-    {
-        return { form().TbDatos[0]->Text(), form().TbDatos[1]->Text(), form().TbDatos[2]->Text() };
-    }
-
-    // Types a text in place of what is in one of the edit boxes.
-    void typeInto(int box, const QString& text) const
-    {
-        const QString name = QStringLiteral("TbDatos(%1)").arg(box);
-        Click(form(), name);
-        form().TbDatos[static_cast<std::size_t>(box)]->SelectWholeText();
-        Press(Qt::Key_Delete);
-        Type(text);
-    }
-
-    void typeProduct(const QString& shop, const QString& name, const QString& price) const
-    {
-        typeInto(0, shop);
-        typeInto(1, name);
-        typeInto(2, price);
-    }
-
-    static void expectAdded(const QString& name, const QString& price, const QString& shop)
-    {
-        ExpectInput(adding, namePrompt, name);
-        ExpectInput(adding, pricePrompt, price);
-        ExpectInput(adding, shopPrompt, shop);
-    }
-
-    void add(const QString& name, const QString& price, const QString& shop) const
-    {
-        expectAdded(name, price, shop);
-        Click(form(), QStringLiteral("CBAdd"));
-    }
-
-    // Answers the three questions of "Modificar", whose default texts are the present values.
-    void change(const ProductTexts& present, const QString& shop, const QString& name, const QString& price) const
-    {
-        ExpectInput(changing, QStringLiteral("Tienda:"), shop, QString::fromStdString(present.Tienda));
-        ExpectInput(changing, QStringLiteral("Nombre:"), name, QString::fromStdString(present.Nombre));
-        ExpectInput(changing, QStringLiteral("Precio:"), price, QString::fromStdString(present.Precio));
-        Click(form(), QStringLiteral("CBModif"));
+        expectQuestions(present, answers);
+        Click(*form_, QStringLiteral("CBModif"));
     }
 
     // Runs what the window has put off until the click that it is about has ended.
@@ -152,641 +132,416 @@ protected:
 
 TEST_F(DLGProductosTest, ConsistsOfAListThreeBoxesAndFiveButtons)
 {
-    open();
-    EXPECT_EQ(form().windowTitle(), QStringLiteral("Productos"));
+    const DLGProductos& form = open();
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("Productos"));
     const FontSpec font { "Verdana", 11 };
-    const auto left = Qt::AlignLeft | Qt::AlignVCenter;
-    const auto right = Qt::AlignRight | Qt::AlignVCenter;
-    ExpectControls(form(),
+    const auto label = [&](const char* name, const char* text, TwipsRect place) {
+        return ControlRow { .Name = name, .Text = text, .Place = place, .Font = font, .TabStop = false };
+    };
+    const auto box = [&](const char* name, TwipsRect place, Qt::Alignment side) {
+        return ControlRow {
+            .Name = name, .Text = "", .Place = place, .Font = font, .Alignment = side | Qt::AlignVCenter
+        };
+    };
+    const auto button = [&](const char* name, const char* text, int left) {
+        return ControlRow { .Name = name, .Text = text, .Place = { left, 7530, 1650, 600 }, .Font = font };
+    };
+    ExpectControls(form,
         {
-            { .Name = "Label1",
-                .Text = "&Productos",
-                .Place = { 500, 300, 9500, 350 },
-                .Font = font,
-                .TabStop = false },
+            label("Label1", "&Productos", { 500, 300, 9500, 350 }),
             { .Name = "List1",
                 .Text = "",
                 .Place = { 500, 700, 9500, 5280 },
                 .Font = { "Courier New", 12 },
                 .AccessibleName = "Productos" },
-            { .Name = "LBDatos(0)",
-                .Text = "&Tienda",
-                .Place = { 500, 6180, 2700, 350 },
-                .Font = font,
-                .TabStop = false },
-            { .Name = "LBDatos(1)",
-                .Text = "&Nombre",
-                .Place = { 3400, 6180, 4900, 350 },
-                .Font = font,
-                .TabStop = false },
-            { .Name = "LBDatos(2)",
-                .Text = "Precio",
-                .Place = { 8500, 6180, 1500, 350 },
-                .Font = font,
-                .TabStop = false },
-            { .Name = "TbDatos(0)", .Text = "", .Place = { 500, 6530, 2700, 495 }, .Font = font, .Alignment = left },
-            { .Name = "TbDatos(1)", .Text = "", .Place = { 3400, 6530, 4900, 495 }, .Font = font, .Alignment = left },
-            { .Name = "TbDatos(2)", .Text = "", .Place = { 8500, 6530, 1500, 495 }, .Font = font, .Alignment = right },
-            { .Name = "CBAdd", .Text = "&Añadir", .Place = { 500, 7530, 1650, 600 }, .Font = font },
-            { .Name = "CBModif", .Text = "&Modificar", .Place = { 2350, 7530, 1650, 600 }, .Font = font },
-            { .Name = "CBElim", .Text = "&Eliminar", .Place = { 4200, 7530, 1650, 600 }, .Font = font },
-            { .Name = "OKButton", .Text = "Aceptar", .Place = { 6500, 7530, 1650, 600 }, .Font = font },
-            { .Name = "CancelButton", .Text = "Cancelar", .Place = { 8350, 7530, 1650, 600 }, .Font = font },
+            label("LBDatos(0)", "&Tienda", { 500, 6180, 2700, 350 }),
+            label("LBDatos(1)", "&Nombre", { 3400, 6180, 4900, 350 }),
+            label("LBDatos(2)", "Precio", { 8500, 6180, 1500, 350 }),
+            box("TbDatos(0)", { 500, 6530, 2700, 495 }, Qt::AlignLeft),
+            box("TbDatos(1)", { 3400, 6530, 4900, 495 }, Qt::AlignLeft),
+            box("TbDatos(2)", { 8500, 6530, 1500, 495 }, Qt::AlignRight),
+            button("CBAdd", "&Añadir", 500),
+            button("CBModif", "&Modificar", 2350),
+            button("CBElim", "&Eliminar", 4200),
+            button("OKButton", "Aceptar", 6500),
+            button("CancelButton", "Cancelar", 8350),
         });
     EXPECT_EQ(FocusName(), "List1");
 }
 
 TEST_F(DLGProductosTest, ListsTheCatalogueSortedAndSelectsNothing)
 {
-    open();
-    EXPECT_EQ(lines(),
-        (std::vector<std::string> {
-            "Kiosko            Un periódico                   2€",
-            "Panadería         Una barra de pan               0,85€",
-            "Pescadería        Una trucha                     3,45€",
-        }));
-    EXPECT_EQ(selectedLine(), -1);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "" }));
+    EXPECT_EQ(LinesOf(*open().List1), threeLines);
+    expectShown(std::nullopt, emptyBoxes);
 }
 
 TEST_F(DLGProductosTest, ListsAnEmptyCatalogueAsItsOneEmptyEntry)
 {
-    open(ProductTable(1));
-    EXPECT_EQ(lines(), std::vector<std::string> { std::string(49, ' ') + "0€" });
-    clickLine(0);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "0" }));
+    const DLGProductos& form = open(ProductTable(1));
+    EXPECT_EQ(LinesOf(*form.List1), Lines { std::string(49, ' ') + "0€" });
+    ClickLine(*form.List1, 0);
+    expectShown(0, { "", "", "0" });
 }
 
-// The list has the focus on its first line, and must not look as if it were selected.
-TEST_F(DLGProductosTest, FillsNoLineBeforeOneIsSelected)
+// The list has the focus on its first line, and must not look as if it were selected. Nor must the frame of the focus
+// hide an accent: that would be a spelling mistake.
+TEST_F(DLGProductosTest, FillsALineThatIsSelectedAndHidesNoneOfItsText)
 {
-    open();
-    const auto coloursBehind = [this](int line) {
-        const QRect place = form().List1->visualRect(form().List1->model()->index(line, 0));
-        const QImage picture = form().List1->viewport()->grab().toImage();
-        std::set<QRgb> colours;
-        for (int y = place.top() + 2; y < place.bottom() - 1; ++y) {
-            for (int x = place.right() - 30; x < place.right() - 1; ++x) {
-                colours.insert(picture.pixel(x, y));
+    const DLGProductos& form = open({ ProductOf("Ñandú y plátanos (10 g)", "ÁÉÍÓÚ jgpqç") });
+    const auto pictureOfLine = [&form](QWidget* focused) {
+        focused->setFocus();
+        return form.List1->viewport()->grab(form.List1->visualRect(form.List1->model()->index(0, 0))).toImage();
+    };
+    for (const auto ground : { QPalette::Base, QPalette::Highlight }) {
+        const QRgb colour = form.List1->palette().color(ground).rgb();
+        const QImage withFrame = pictureOfLine(form.List1);
+        const QImage without = pictureOfLine(form.TbDatos[0]);
+        EXPECT_EQ(without.pixel(withFrame.rect().center()), colour);
+        ASSERT_NE(withFrame, without);
+        for (int y = 0; y < without.height(); ++y) {
+            for (int x = 0; x < without.width(); ++x) {
+                ASSERT_TRUE(withFrame.pixel(x, y) == without.pixel(x, y) || without.pixel(x, y) == colour);
             }
         }
-        return std::pair(picture.pixel(place.right() - 2, place.top() + 1), colours);
-    };
-    const QPalette palette = form().List1->palette();
-    const QRgb paper = palette.color(QPalette::Base).rgb();
-    const QRgb highlight = palette.color(QPalette::Highlight).rgb();
-    ASSERT_EQ(form().List1->currentIndex().row(), 0);
-    EXPECT_EQ(coloursBehind(0), std::pair(highlight, std::set { paper }));
-    EXPECT_EQ(coloursBehind(1), std::pair(paper, std::set { paper }));
-
-    clickLine(0);
-    EXPECT_EQ(coloursBehind(0), std::pair(palette.color(QPalette::HighlightedText).rgb(), std::set { highlight }));
-    form().TbDatos[0]->setFocus();
-    EXPECT_EQ(coloursBehind(0), std::pair(highlight, std::set { highlight }));
-}
-
-// An accent that the frame crosses out is a spelling mistake.
-TEST_F(DLGProductosTest, LeavesTheTextWholeOfTheLineThatHasTheFocus)
-{
-    open({ ProductOf("Ñandú y plátanos (10 g)", "ÁÉÍÓÚ jgpqç") });
-    const auto pictureOfLine = [this] {
-        return form().List1->viewport()->grab(form().List1->visualRect(form().List1->model()->index(0, 0))).toImage();
-    };
-    const QPalette palette = form().List1->palette();
-    for (const auto background : { QPalette::Base, QPalette::Highlight }) {
-        form().List1->setFocus();
-        const QImage withFrame = pictureOfLine();
-        form().TbDatos[0]->setFocus();
-        const QImage withoutFrame = pictureOfLine();
-        ASSERT_NE(withFrame, withoutFrame);
-        std::set<QRgb> hidden;
-        for (int y = 0; y < withFrame.height(); ++y) {
-            for (int x = 0; x < withFrame.width(); ++x) {
-                if (withFrame.pixel(x, y) != withoutFrame.pixel(x, y)) {
-                    hidden.insert(withoutFrame.pixel(x, y));
-                }
-            }
-        }
-        EXPECT_EQ(hidden, std::set { palette.color(background).rgb() });
-        clickLine(0);
+        ClickLine(*form.List1, 0);
     }
 }
 
-TEST_F(DLGProductosTest, ShowsTheBeginningOfANameTooLongForItsBoxReadably)
+TEST_F(DLGProductosTest, TakesAsManyTypedCharactersAsTheFileHasRoomForAndShowsTheBeginningOfALongName)
 {
-    open({ ProductOf(std::string(50, 'n') + std::string(50, 'o'), "Kiosko") });
-    clickLine(0);
-    TextBox& box = *form().TbDatos[1];
-    box.grab(); // a box scrolls when it is drawn
-    EXPECT_EQ(box.font().pixelSize(), 11);
-    EXPECT_EQ(box.cursorPositionAt(QPoint(1, box.height() / 2)), 0);
-    EXPECT_LT(box.cursorPositionAt(QPoint(box.width() - 1, box.height() / 2)), 100);
+    const DLGProductos& form = open({ ProductOf(std::string(100, 'n'), "Kiosko") });
+    ClickLine(*form.List1, 0);
+    EXPECT_EQ(form.TbDatos[1]->CaretPosition(), 0);
+    typeInto(form, 0, std::string(60, 's').c_str());
+    typeInto(form, 1, std::string(110, 'm').c_str());
+    EXPECT_EQ(boxesOf(form), (Lines { std::string(50, 's'), std::string(100, 'm'), "1" }));
 }
 
-TEST_F(DLGProductosTest, ReachesEveryBoxByItsAccessKey)
+TEST_F(DLGProductosTest, ReachesItsBoxesByAccessKeysAndStaysOpenWhateverIsPressedInThem)
 {
-    open();
-    Press(Qt::Key_T, Qt::AltModifier);
-    EXPECT_EQ(FocusName(), "TbDatos(0)");
-    Press(Qt::Key_N, Qt::AltModifier);
-    EXPECT_EQ(FocusName(), "TbDatos(1)");
-    Press(Qt::Key_P, Qt::AltModifier);
-    EXPECT_EQ(FocusName(), "List1");
-}
-
-TEST_F(DLGProductosTest, StaysOpenWhenEnterOrEscapeIsPressedInABox)
-{
-    open();
-    for (const int box : { 0, 1, 2 }) {
-        Click(form(), QStringLiteral("TbDatos(%1)").arg(box));
+    const DLGProductos& form = open();
+    for (const auto& [key, name] : { std::pair(Qt::Key_T, "TbDatos(0)"), { Qt::Key_N, "TbDatos(1)" },
+             { Qt::Key_Tab, "TbDatos(2)" }, { Qt::Key_P, "List1" } }) {
+        Press(key, key == Qt::Key_Tab ? Qt::NoModifier : Qt::AltModifier);
+        EXPECT_EQ(FocusName(), name);
         Press(Qt::Key_Return);
         Press(Qt::Key_Escape);
-        EXPECT_TRUE(form().isVisible());
+        EXPECT_TRUE(form.isVisible());
     }
-}
-
-TEST_F(DLGProductosTest, TakesAsManyTypedCharactersAsTheFileHasRoomFor)
-{
-    open();
-    typeInto(0, QString(60, u's'));
-    typeInto(1, QString(110, u'n'));
-    EXPECT_EQ(boxes(), (std::vector<std::string> { std::string(50, 's'), std::string(100, 'n'), "" }));
 }
 
 // Selecting a line.
 
-TEST_F(DLGProductosTest, ShowsTheProductOfTheLineThatIsClicked)
+TEST_F(DLGProductosTest, ShowsTheProductOfTheLineThatIsClickedOrReachedByAKey)
 {
-    open();
-    clickLine(1);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "0,85" }));
-    clickLine(0);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "2" }));
-}
-
-TEST_F(DLGProductosTest, ShowsTheProductOfTheLineThatTheArrowKeysReach)
-{
-    open();
-    clickLine(0);
+    const DLGProductos& form = open();
     Press(Qt::Key_Down);
+    expectShown(0, newspaperBoxes); // and not the second line
+    ClickLine(*form.List1, 1);
+    expectShown(1, breadBoxes);
     Press(Qt::Key_Down);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Pescadería", "Una trucha", "3,45" }));
+    expectShown(2, fishBoxes);
     Press(Qt::Key_Up);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "0,85" }));
-}
-
-TEST_F(DLGProductosTest, BeginsAtTheFirstLineWhenTheKeyboardFindsNoneSelected)
-{
-    open();
-    Press(Qt::Key_Down);
-    EXPECT_EQ(selectedLine(), 0);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "2" }));
-
-    open({ bread });
-    Press(Qt::Key_Down);
-    EXPECT_EQ(selectedLine(), 0);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "0,85" }));
+    expectShown(1, breadBoxes);
 }
 
 TEST_F(DLGProductosTest, WritesTheBoxesBackWhenAnotherLineIsClickedAndDoesNotSortAnew)
 {
-    open();
-    clickLine(0);
-    typeProduct(QStringLiteral("Zapateria"), QStringLiteral("  Unas botas "), QStringLiteral("59,9"));
-    EXPECT_EQ(names().front(), "Un periódico");
-    clickLine(2);
-    EXPECT_EQ(lines(),
-        (std::vector<std::string> {
-            "Zapateria         Unas botas                     59,9€",
-            "Panadería         Una barra de pan               0,85€",
-            "Pescadería        Una trucha                     3,45€",
-        }));
-    EXPECT_EQ(selectedLine(), 2);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Pescadería", "Una trucha", "3,45" }));
-    clickLine(0);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Zapateria", "Unas botas", "59,9" }));
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 0);
+    typeInto(form, 0, "Zapateria");
+    typeInto(form, 1, "  Unas botas ");
+    typeInto(form, 2, "59,9");
+    EXPECT_EQ(LinesOf(*form.List1), threeLines);
+    const std::string boots = "Zapateria         Unas botas                     59,9€";
+    ClickLine(*form.List1, 2);
+    EXPECT_EQ(LinesOf(*form.List1), (Lines { boots, breadLine, fishLine }));
+    expectShown(2, fishBoxes);
+    ClickLine(*form.List1, 0);
+    expectShown(0, { "Zapateria", "Unas botas", "59,9" });
 
-    add(QStringLiteral("Un tebeo"), QStringLiteral("3"), QStringLiteral("Kiosko"));
-    EXPECT_EQ(names(), (std::vector<std::string> { "Un tebeo", "Una barra de pan", "Una trucha", "Unas botas" }));
+    add("Un tebeo", "3", "Kiosko");
+    EXPECT_EQ(LinesOf(*form.List1),
+        (Lines { "Kiosko            Un tebeo                       3€", breadLine, fishLine, boots }));
 }
 
 TEST_F(DLGProductosTest, TakesNothingOverWhenTheSameLineIsClickedAgain)
 {
-    open();
-    clickLine(0);
-    typeInto(1, QStringLiteral("Un tebeo"));
-    clickLine(0);
-    EXPECT_EQ(names().front(), "Un periódico");
-    EXPECT_EQ(form().TbDatos[1]->Text(), "Un tebeo");
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 0);
+    typeInto(form, 1, "Un tebeo");
+    ClickLine(*form.List1, 0);
+    EXPECT_EQ(LinesOf(*form.List1), threeLines);
+    expectShown(0, { "Kiosko", "Un tebeo", "2" });
 }
 
 TEST_F(DLGProductosTest, RefusesAPriceThatIsNoNumberAndKeepsLineAndTexts)
 {
-    open();
-    for (const QString& price :
-        { QStringLiteral("gratis"), QString(), QStringLiteral("1,2,3"), QStringLiteral("1e39") }) {
-        SCOPED_TRACE(price.toStdString());
-        clickLine(1);
-        typeInto(1, QStringLiteral("Un panecillo"));
-        typeInto(2, price);
-        ExpectMessage(QStringLiteral("Numbrela"),
-            QStringLiteral("«%1» no es un precio. Escriba un número, por ejemplo 1,25.").arg(price));
-        clickLine(2);
+    const DLGProductos& form = open();
+    for (const char* price : { "gratis", "", "1,2,3", "1e39" }) {
+        SCOPED_TRACE(price);
+        ClickLine(*form.List1, 1);
+        typeInto(form, 1, "Un panecillo");
+        typeInto(form, 2, price);
+        expectRefusal(price);
+        ClickLine(*form.List1, 2);
         waitForBoxes();
-        EXPECT_EQ(selectedLine(), 1);
-        EXPECT_EQ(names()[1], "Una barra de pan");
-        EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Un panecillo", price.toStdString() }));
-        EXPECT_EQ(form().focusWidget(), form().TbDatos[2]);
+        EXPECT_EQ(LinesOf(*form.List1)[1].find("Un panecillo"), std::string::npos);
+        expectShown(1, { "Panadería", "Un panecillo", price });
+        EXPECT_EQ(form.focusWidget(), form.TbDatos[2]);
 
-        typeInto(1, QStringLiteral("Una barra de pan"));
-        typeInto(2, QStringLiteral("1,05"));
-        clickLine(2);
-        EXPECT_EQ(selectedLine(), 2);
-        EXPECT_EQ(lines()[1], "Panadería         Una barra de pan               1,05€");
+        typeInto(form, 1, "Una barra de pan");
+        typeInto(form, 2, "1,05");
+        ClickLine(*form.List1, 2);
+        expectShown(2, fishBoxes);
+        EXPECT_EQ(LinesOf(*form.List1)[1], "Panadería         Una barra de pan               1,05€");
     }
 }
 
 TEST_F(DLGProductosTest, RefusesAPriceOnceHoweverFastTheKeysFollow)
 {
-    open();
-    clickLine(0);
-    typeInto(2, QStringLiteral("x"));
-    form().List1->setFocus();
-    ExpectMessage(
-        QStringLiteral("Numbrela"), QStringLiteral("«x» no es un precio. Escriba un número, por ejemplo 1,25."));
-    QTest::keyClick(form().List1, Qt::Key_Down);
-    QTest::keyClick(form().List1, Qt::Key_Down);
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 0);
+    typeInto(form, 2, "x");
+    form.List1->setFocus();
+    expectRefusal("x");
+    QTest::keyClick(form.List1, Qt::Key_Down);
+    QTest::keyClick(form.List1, Qt::Key_Down);
     waitForBoxes();
     QCoreApplication::processEvents();
-    EXPECT_EQ(selectedLine(), 0);
-    EXPECT_EQ(form().List1->currentIndex().row(), 0);
+    EXPECT_EQ(form.List1->SelectedLine(), 0);
+    EXPECT_EQ(form.List1->currentIndex().row(), 0);
 }
 
 TEST_F(DLGProductosTest, RefusesAPriceBeforeItHeedsTheButtonThatWasPressedMeanwhile)
 {
-    open();
-    clickLine(0);
-    for (const CommandButton* button :
-        { form().CBAdd, form().CBModif, form().CBElim, form().OKButton, form().CancelButton }) {
-        SCOPED_TRACE(button->objectName().toStdString());
-        typeInto(2, QStringLiteral("x"));
-        ExpectMessage(
-            QStringLiteral("Numbrela"), QStringLiteral("«x» no es un precio. Escriba un número, por ejemplo 1,25."));
-        clickLine(2);
-        Click(form(), button->objectName());
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 0);
+    for (const char* button : { "CBAdd", "CBModif", "CBElim", "OKButton", "CancelButton" }) {
+        SCOPED_TRACE(button);
+        typeInto(form, 2, "x");
+        expectRefusal("x");
+        ClickLine(*form.List1, 2);
+        Click(form, QString::fromLatin1(button));
         waitForBoxes();
-        EXPECT_TRUE(form().isVisible());
-        EXPECT_EQ(names(), (std::vector<std::string> { "Un periódico", "Una barra de pan", "Una trucha" }));
-        EXPECT_EQ(selectedLine(), 0);
-        EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "x" }));
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_EQ(LinesOf(*form.List1), threeLines);
+        expectShown(0, { "Kiosko", "Un periódico", "x" });
     }
 }
 
 // Adding.
 
-TEST_F(DLGProductosTest, AddsAProductAndSelectsItsLine)
+TEST_F(DLGProductosTest, AddsAProductSelectsItsLineAndTakesTheBoxesOver)
 {
-    open();
-    add(QStringLiteral("  Un tebeo "), QStringLiteral("3,4"), QStringLiteral(" Kiosko "));
-    EXPECT_EQ(names(), (std::vector<std::string> { "Un periódico", "Un tebeo", "Una barra de pan", "Una trucha" }));
-    EXPECT_EQ(selectedLine(), 1);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un tebeo", "3,4" }));
-    EXPECT_EQ(form().focusWidget(), form().List1);
+    const DLGProductos& form = open();
+    add("  Un tebeo ", "3,4", " Kiosko ");
+    const std::string comic = "Kiosko            Un tebeo                       3,4€";
+    EXPECT_EQ(LinesOf(*form.List1), (Lines { newspaperLine, comic, breadLine, fishLine }));
+    expectShown(1, { "Kiosko", "Un tebeo", "3,4" });
+    EXPECT_EQ(form.focusWidget(), form.List1);
+
+    typeInto(form, 1, "Zumo");
+    add(" ", "3", " "); // blanks are an answer
+    EXPECT_EQ(LinesOf(*form.List1).front(), std::string(49, ' ') + "3€");
+    EXPECT_EQ(LinesOf(*form.List1)[2], "Kiosko            Zumo                           3,4€");
+    expectShown(0, { "", "", "3" });
 }
 
-TEST_F(DLGProductosTest, AddsIntoTheEmptyEntry)
+TEST_F(DLGProductosTest, AddsIntoTheEmptyEntryAlsoWhenTheBoxesShowIt)
 {
-    open(ProductTable(1));
-    add(QStringLiteral("Un tebeo"), QStringLiteral("3,4"), QStringLiteral("Kiosko"));
-    EXPECT_EQ(lines(), std::vector<std::string> { "Kiosko            Un tebeo                       3,4€" });
-    EXPECT_EQ(selectedLine(), 0);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un tebeo", "3,4" }));
-}
-
-TEST_F(DLGProductosTest, AddsIntoTheEmptyEntryThatTheBoxesShow)
-{
-    open(ProductTable(1));
-    clickLine(0);
-    typeInto(1, QStringLiteral("nada"));
-    add(QStringLiteral("Un tebeo"), QStringLiteral("3,4"), QStringLiteral("Kiosko"));
-    EXPECT_EQ(names(), std::vector<std::string> { "Un tebeo" });
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un tebeo", "3,4" }));
-}
-
-TEST_F(DLGProductosTest, WritesTheBoxesBackWhenTheAddedLineIsSelected)
-{
-    open();
-    clickLine(1);
-    typeInto(1, QStringLiteral("Zumo"));
-    add(QStringLiteral("Un bollo"), QStringLiteral("1"), QStringLiteral("Panaderia"));
-    EXPECT_EQ(names(), (std::vector<std::string> { "Un periódico", "Un bollo", "Zumo", "Una trucha" }));
-    EXPECT_EQ(selectedLine(), 1);
-    clickLine(2);
-    EXPECT_EQ(form().TbDatos[1]->Text(), "Zumo");
+    for (const bool isShown : { false, true }) {
+        const DLGProductos& form = open(ProductTable(1));
+        if (isShown) {
+            ClickLine(*form.List1, 0);
+            typeInto(form, 1, "nada");
+        }
+        add("Un tebeo", "3,4", "Kiosko");
+        EXPECT_EQ(LinesOf(*form.List1), Lines { "Kiosko            Un tebeo                       3,4€" });
+        expectShown(0, { "Kiosko", "Un tebeo", "3,4" });
+    }
 }
 
 TEST_F(DLGProductosTest, AddsAProductAlsoWhenTheBoxesThatItWouldLeaveAreRefused)
 {
-    open();
-    clickLine(1);
-    typeInto(2, QStringLiteral("x"));
-    expectAdded(QStringLiteral("Un tebeo"), QStringLiteral("3"), QStringLiteral("Kiosko"));
-    ExpectMessage(
-        QStringLiteral("Numbrela"), QStringLiteral("«x» no es un precio. Escriba un número, por ejemplo 1,25."));
-    Click(form(), QStringLiteral("CBAdd"));
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 1);
+    typeInto(form, 2, "x");
+    ExpectNewProduct({ "Un tebeo", "3", "Kiosko" });
+    expectRefusal("x");
+    Click(form, QStringLiteral("CBAdd"));
     waitForBoxes();
-    EXPECT_EQ(names(), (std::vector<std::string> { "Un periódico", "Un tebeo", "Una barra de pan", "Una trucha" }));
-    EXPECT_EQ(selectedLine(), 2);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "x" }));
+    EXPECT_EQ(form.List1->LineCount(), 4);
+    expectShown(2, { "Panadería", "Una barra de pan", "x" });
 }
 
-TEST_F(DLGProductosTest, AddsNothingWhenAQuestionIsLeftEmptyOrCancelled)
+TEST_F(DLGProductosTest, AddsNothingWhenAnAnswerIsMissingOrThePriceIsNotANumberAboveZero)
 {
-    open();
-    const auto expectNothingAdded = [this] {
-        Click(form(), QStringLiteral("CBAdd"));
+    const DLGProductos& form = open();
+    for (const std::vector<const char*>& answers : IncompleteProducts()) {
+        ExpectNewProduct(answers);
+        Click(form, QStringLiteral("CBAdd"));
         EXPECT_EQ(PendingBoxes(), 0);
-        EXPECT_EQ(lines().size(), 3U);
-        EXPECT_EQ(selectedLine(), -1);
-    };
-    ExpectInput(adding, namePrompt, QString());
-    expectNothingAdded();
-    ExpectInputCancelled(adding, namePrompt, QStringLiteral("Un tebeo"));
-    expectNothingAdded();
-    ExpectInput(adding, namePrompt, QStringLiteral("Un tebeo"));
-    ExpectInputCancelled(adding, pricePrompt, QStringLiteral("3"));
-    expectNothingAdded();
-    ExpectInput(adding, namePrompt, QStringLiteral("Un tebeo"));
-    ExpectInput(adding, pricePrompt, QStringLiteral("3"));
-    ExpectInput(adding, shopPrompt, QString());
-    expectNothingAdded();
-    ExpectInput(adding, namePrompt, QStringLiteral("Un tebeo"));
-    ExpectInput(adding, pricePrompt, QStringLiteral("3"));
-    ExpectInputCancelled(adding, shopPrompt, QStringLiteral("Kiosko"));
-    expectNothingAdded();
-}
-
-TEST_F(DLGProductosTest, TakesBlanksForAnAnswerThatIsNotEmpty)
-{
-    open();
-    add(QStringLiteral(" "), QStringLiteral("3"), QStringLiteral(" "));
-    EXPECT_EQ(lines().size(), 4U);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "3" }));
-}
-
-TEST_F(DLGProductosTest, AddsNothingForAPriceThatIsNotANumberAboveZero)
-{
-    open();
-    for (const QString& price : { QString(), QStringLiteral("caro"), QStringLiteral("0"), QStringLiteral("-1"),
-             QStringLiteral("1,2,3"), QStringLiteral("2 euros"), QStringLiteral("1e39"), QStringLiteral("1e400") }) {
-        SCOPED_TRACE(price.toStdString());
-        ExpectInput(adding, namePrompt, QStringLiteral("Un tebeo"));
-        ExpectInput(adding, pricePrompt, price);
-        Click(form(), QStringLiteral("CBAdd"));
-        EXPECT_EQ(lines().size(), 3U);
+        EXPECT_EQ(LinesOf(*form.List1), threeLines);
+        expectShown(std::nullopt, emptyBoxes);
     }
 }
 
 TEST_F(DLGProductosTest, SaysThatAFullCatalogueIsFull)
 {
-    open(ProductTable(MostProducts, bread));
-    expectAdded(QStringLiteral("Un tebeo"), QStringLiteral("3"), QStringLiteral("Kiosko"));
+    const DLGProductos& form = open(ProductTable(MostProducts, bread));
+    ExpectNewProduct({ "Un tebeo", "3", "Kiosko" });
     ExpectMessage(
         QStringLiteral("Numbrela"), QStringLiteral("El catálogo está lleno: no caben más de 32767 productos."));
-    Click(form(), QStringLiteral("CBAdd"));
-    EXPECT_EQ(form().List1->model()->rowCount(), 32767);
+    Click(form, QStringLiteral("CBAdd"));
+    EXPECT_EQ(form.List1->LineCount(), 32767);
 }
 
 // Changing.
 
 TEST_F(DLGProductosTest, ChangesTheSelectedProductAndSelectsItWhereItNowStands)
 {
-    open();
-    clickLine(1);
-    change({ "Panadería", "Una barra de pan", "0,85" }, QStringLiteral("Supermercado"), QStringLiteral("Pan de molde"),
-        QStringLiteral("2.15"));
-    EXPECT_EQ(lines(),
-        (std::vector<std::string> {
-            "Kiosko            Un periódico                   2€",
-            "Pescadería        Una trucha                     3,45€",
-            "Supermercado      Pan de molde                   2,15€",
-        }));
-    EXPECT_EQ(selectedLine(), 2);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Supermercado", "Pan de molde", "2,15" }));
-    EXPECT_EQ(form().focusWidget(), form().CBModif);
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 1);
+    change(breadBoxes, { "Supermercado", "Pan de molde", "2.15" });
+    EXPECT_EQ(LinesOf(*form.List1),
+        (Lines { newspaperLine, fishLine, "Supermercado      Pan de molde                   2,15€" }));
+    expectShown(2, { "Supermercado", "Pan de molde", "2,15" });
+    EXPECT_EQ(form.focusWidget(), form.CBModif);
 
-    Click(form(), QStringLiteral("CBElim"));
-    EXPECT_EQ(names(), (std::vector<std::string> { "Un periódico", "Una trucha" }));
+    change({ "Supermercado", "Pan de molde", "2,15" }, { "", "", "2,15" }); // as it was shown: its whole euros
+    expectShown(2, { "Supermercado", "Pan de molde", "2" });
+    Click(form, QStringLiteral("CBElim"));
+    EXPECT_EQ(LinesOf(*form.List1), (Lines { newspaperLine, fishLine }));
 }
 
-TEST_F(DLGProductosTest, ChangesTheSameProductAgain)
+TEST_F(DLGProductosTest, DoesNotUndoAChangeWhenTheNextLineIsSelectedAndWritesLaterTypingBack)
 {
-    open();
-    clickLine(0);
-    change({ "Kiosko", "Un periódico", "2" }, QStringLiteral("Zapatería"), QString(), QString());
-    change({ "Zapatería", "Un periódico", "2" }, QString(), QStringLiteral("Unas botas"), QString());
-    EXPECT_EQ(names(), (std::vector<std::string> { "Una barra de pan", "Una trucha", "Unas botas" }));
-    EXPECT_EQ(selectedLine(), 2);
-}
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 0);
+    change(newspaperBoxes, { "Zapatería", "", "" });
+    ClickLine(*form.List1, 0);
+    const Lines changed { breadLine, fishLine, "Zapatería         Un periódico                   2€" };
+    EXPECT_EQ(LinesOf(*form.List1), changed);
+    ClickLine(*form.List1, 2);
+    expectShown(2, { "Zapatería", "Un periódico", "2" });
 
-TEST_F(DLGProductosTest, DoesNotUndoAChangeWhenTheNextLineIsSelected)
-{
-    open();
-    clickLine(0);
-    change({ "Kiosko", "Un periódico", "2" }, QStringLiteral("Zapatería"), QString(), QString());
-    clickLine(0);
-    EXPECT_EQ(lines(),
-        (std::vector<std::string> {
-            "Panadería         Una barra de pan               0,85€",
-            "Pescadería        Una trucha                     3,45€",
-            "Zapatería         Un periódico                   2€",
-        }));
-    clickLine(2);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Zapatería", "Un periódico", "2" }));
-}
-
-TEST_F(DLGProductosTest, WritesBoxesBackThatWereTypedIntoAfterAChange)
-{
-    open();
-    clickLine(0);
-    change({ "Kiosko", "Un periódico", "2" }, QStringLiteral("Zapatería"), QString(), QString());
-    typeInto(1, QStringLiteral("Unas botas"));
-    clickLine(1);
-    EXPECT_EQ(names(), (std::vector<std::string> { "Una barra de pan", "Una trucha", "Unas botas" }));
+    typeInto(form, 1, "Unas botas");
+    ClickLine(*form.List1, 1);
+    EXPECT_EQ(LinesOf(*form.List1)[2], "Zapatería         Unas botas                     2€");
 }
 
 TEST_F(DLGProductosTest, ChangesTheProductAsItIsWhateverIsTypedInTheBoxes)
 {
-    open();
-    clickLine(0);
-    typeProduct(QStringLiteral("Papeleria"), QStringLiteral("Un tebeo"), QStringLiteral("3"));
-    change({ "Kiosko", "Un periódico", "2" }, QString(), QString(), QStringLiteral("4"));
-    EXPECT_EQ(lines().front(), "Kiosko            Un periódico                   4€");
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "4" }));
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 0);
+    typeInto(form, 0, "Papeleria");
+    typeInto(form, 2, "3");
+    change(newspaperBoxes, { "", "", "4" });
+    EXPECT_EQ(LinesOf(*form.List1).front(), "Kiosko            Un periódico                   4€");
+    expectShown(0, { "Kiosko", "Un periódico", "4" });
 }
 
 TEST_F(DLGProductosTest, ChangesNothingOnTheScreenWhenNothingIsChanged)
 {
-    ProductTable table;
-    for (int i = 0; i < 100; ++i) {
-        const std::string name = "Producto " + std::to_string(100 + i);
-        table.push_back(ProductOf(name, "Kiosko", 2));
-    }
-    open(table);
-    clickLine(3);
-    typeInto(1, QStringLiteral("Un tebeo"));
-    form().List1->verticalScrollBar()->setValue(20);
-    const ProductTexts present { "Kiosko", "Producto 103", "2" };
-    const auto expectNothingChanged = [this] {
-        EXPECT_EQ(selectedLine(), 3);
-        EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un tebeo", "2" }));
-        EXPECT_EQ(form().List1->verticalScrollBar()->value(), 20);
+    const DLGProductos& form = open(longTable(100));
+    ClickLine(*form.List1, 3);
+    typeInto(form, 1, "Un tebeo");
+    form.List1->verticalScrollBar()->setValue(20);
+    const Lines present { "Kiosko", "Producto 1003", "2" };
+    const auto expectNothingChanged = [&] {
+        expectShown(3, { "Kiosko", "Un tebeo", "2" });
+        EXPECT_EQ(form.List1->verticalScrollBar()->value(), 20);
     };
-    change(present, QString(), QString(), QString());
+    change(present, emptyBoxes);
     expectNothingChanged();
-    change(present, QStringLiteral("Kiosko"), QStringLiteral(" Producto 103 "), QStringLiteral("2.0"));
+    change(present, { "Kiosko", " Producto 1003 ", "2.0" });
     expectNothingChanged();
-    ExpectInputCancelled(changing, QStringLiteral("Tienda:"), QStringLiteral("x"));
-    ExpectInputCancelled(changing, QStringLiteral("Nombre:"), QStringLiteral("y"));
-    ExpectInputCancelled(changing, QStringLiteral("Precio:"), QStringLiteral("9"));
-    Click(form(), QStringLiteral("CBModif"));
+    for (const char* prompt : { "Tienda:", "Nombre:", "Precio:" }) {
+        ExpectInputCancelled(QStringLiteral("Modificar producto"), QString::fromLatin1(prompt), QStringLiteral("9"));
+    }
+    Click(form, QStringLiteral("CBModif"));
     expectNothingChanged();
 
-    form().List1->scrollToTop();
-    clickLine(4);
-    EXPECT_EQ(names()[3], "Un tebeo") << "what was typed has been taken over";
-}
-
-TEST_F(DLGProductosTest, ChangesAPriceThatIsAcceptedAsItIsShownToItsWholeEuros)
-{
-    open({ ProductOf("Un tebeo", "Kiosko", 1.25F) });
-    clickLine(0);
-    change(
-        { "Kiosko", "Un tebeo", "1,25" }, QStringLiteral("Kiosko"), QStringLiteral("Un tebeo"), QStringLiteral("1,25"));
-    EXPECT_EQ(lines(), std::vector<std::string> { "Kiosko            Un tebeo                       1€" });
-}
-
-TEST_F(DLGProductosTest, LeavesWhatIsAnsweredEmptyOrCancelled)
-{
-    open();
-    clickLine(0);
-    ExpectInputCancelled(changing, QStringLiteral("Tienda:"), QStringLiteral("Panadería"));
-    ExpectInput(changing, QStringLiteral("Nombre:"), QString(), QStringLiteral("Un periódico"));
-    ExpectInputCancelled(changing, QStringLiteral("Precio:"), QStringLiteral("9"));
-    Click(form(), QStringLiteral("CBModif"));
-    EXPECT_EQ(lines().front(), "Kiosko            Un periódico                   2€");
-}
-
-TEST_F(DLGProductosTest, ChangesNothingAndAsksNothingWithoutASelectedLine)
-{
-    open();
-    Click(form(), QStringLiteral("CBModif"));
-    EXPECT_EQ(lines().size(), 3U);
+    ClickLine(*form.List1, 4);
+    EXPECT_NE(LinesOf(*form.List1)[3].find("Un tebeo"), std::string::npos) << "what was typed has been taken over";
 }
 
 TEST_F(DLGProductosTest, SaysThatAPriceIsTooLargeAndChangesNothing)
 {
-    open();
-    clickLine(0);
-    ExpectInput(changing, QStringLiteral("Tienda:"), QStringLiteral("x"), QStringLiteral("Kiosko"));
-    ExpectInput(changing, QStringLiteral("Nombre:"), QStringLiteral("y"), QStringLiteral("Un periódico"));
-    ExpectInput(changing, QStringLiteral("Precio:"), QStringLiteral("1e39"), QStringLiteral("2"));
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 0);
+    expectQuestions(newspaperBoxes, { "x", "y", "1e39" });
     ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("El precio «1e39» es demasiado grande."));
-    Click(form(), QStringLiteral("CBModif"));
-    EXPECT_EQ(lines().front(), "Kiosko            Un periódico                   2€");
-    EXPECT_EQ(selectedLine(), 0);
+    Click(form, QStringLiteral("CBModif"));
+    EXPECT_EQ(LinesOf(*form.List1), threeLines);
+    expectShown(0, newspaperBoxes);
 }
 
 // Deleting.
 
-TEST_F(DLGProductosTest, DeletesALineAndSelectsTheOneAbove)
+TEST_F(DLGProductosTest, DeletesALineAndSelectsTheOneAboveOrTheFirst)
 {
     struct Row {
         int Deleted;
-        std::vector<std::string> Left;
+        Lines Left;
         int Selected;
-        const char* Shown;
+        Lines Boxes;
     };
     for (const Row& row : std::vector<Row> {
-             { 0, { "Una barra de pan", "Una trucha" }, 0, "Una barra de pan" },
-             { 1, { "Un periódico", "Una trucha" }, 0, "Un periódico" },
-             { 2, { "Un periódico", "Una barra de pan" }, 1, "Una barra de pan" },
+             { 0, { breadLine, fishLine }, 0, breadBoxes },
+             { 1, { newspaperLine, fishLine }, 0, newspaperBoxes },
+             { 2, { newspaperLine, breadLine }, 1, breadBoxes },
          }) {
         SCOPED_TRACE(row.Deleted);
-        open();
-        clickLine(row.Deleted);
-        Click(form(), QStringLiteral("CBElim"));
-        EXPECT_EQ(names(), row.Left);
-        EXPECT_EQ(selectedLine(), row.Selected);
-        EXPECT_EQ(form().TbDatos[1]->Text(), row.Shown);
+        const DLGProductos& form = open();
+        ClickLine(*form.List1, row.Deleted);
+        typeInto(form, 1, "Un tebeo"); // is forgotten
+        typeInto(form, 2, "x");
+        Click(form, QStringLiteral("CBElim"));
+        EXPECT_EQ(LinesOf(*form.List1), row.Left);
+        expectShown(row.Selected, row.Boxes);
     }
 }
 
-TEST_F(DLGProductosTest, ForgetsWhatWasTypedWhenItDeletes)
+TEST_F(DLGProductosTest, DeletesOneLineAfterTheOtherAndLeavesTheLastWithThePriceZero)
 {
-    open();
-    clickLine(0);
-    typeInto(1, QStringLiteral("Un tebeo"));
-    typeInto(2, QStringLiteral("x"));
-    Click(form(), QStringLiteral("CBElim"));
-    EXPECT_EQ(names(), (std::vector<std::string> { "Una barra de pan", "Una trucha" }));
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Panadería", "Una barra de pan", "0,85" }));
-
-    open({ newspaper });
-    clickLine(0);
-    typeInto(1, QStringLiteral("Un tebeo"));
-    Click(form(), QStringLiteral("CBElim"));
-    EXPECT_EQ(names(), std::vector<std::string> { "Un periódico" });
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "0" }));
+    const DLGProductos& form = open();
+    ClickLine(*form.List1, 2);
+    for (const int left : { 2, 1, 1, 1 }) {
+        Click(form, QStringLiteral("CBElim"));
+        EXPECT_EQ(form.List1->LineCount(), left);
+    }
+    EXPECT_EQ(LinesOf(*form.List1), Lines { "Kiosko            Un periódico                   0€" });
+    expectShown(0, { "Kiosko", "Un periódico", "0" });
 }
 
-TEST_F(DLGProductosTest, DeletesOneLineAfterTheOther)
+TEST_F(DLGProductosTest, WithoutASelectedLineDeletesNothingAndBeepsAndChangesNothingInSilence)
 {
-    open();
-    clickLine(2);
-    Click(form(), QStringLiteral("CBElim"));
-    Click(form(), QStringLiteral("CBElim"));
-    Click(form(), QStringLiteral("CBElim"));
-    EXPECT_EQ(lines(), std::vector<std::string> { "Kiosko            Un periódico                   0€" });
-    Click(form(), QStringLiteral("CBElim"));
-    EXPECT_EQ(lines(), std::vector<std::string> { "Kiosko            Un periódico                   0€" });
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "Kiosko", "Un periódico", "0" }));
+    const DLGProductos& form = open();
+    const int beepsBefore = BeepCount();
+    for (const char* button : { "CBElim", "CBModif" }) {
+        Click(form, QString::fromLatin1(button));
+        EXPECT_EQ(BeepCount(), beepsBefore + 1);
+        EXPECT_EQ(LinesOf(*form.List1), threeLines);
+        expectShown(std::nullopt, emptyBoxes);
+    }
 }
-
-TEST_F(DLGProductosTest, DeletesNothingAndBeepsWithoutASelectedLine)
-{
-    open();
-    const int beepsBefore = Beeps();
-    Click(form(), QStringLiteral("CBElim"));
-    EXPECT_EQ(Beeps(), beepsBefore + 1);
-    EXPECT_EQ(lines().size(), 3U);
-    EXPECT_EQ(boxes(), (std::vector<std::string> { "", "", "" }));
-
-    Click(form(), QStringLiteral("CBModif"));
-    EXPECT_EQ(Beeps(), beepsBefore + 1) << "only deleting beeps";
-}
-
-// A catalogue that is longer than the window.
 
 TEST_F(DLGProductosTest, ScrollsToTheLineThatItSelects)
 {
-    ProductTable table;
-    for (int i = 0; i < 300; ++i) {
-        const std::string name = "Producto " + std::to_string(1000 + i);
-        table.push_back(ProductOf(name, "Kiosko"));
-    }
-    open(table);
-    const auto isSeen = [this](int line) {
-        const QRect place = form().List1->visualRect(form().List1->model()->index(line, 0));
-        return form().List1->viewport()->rect().contains(place.center());
+    const DLGProductos& form = open(longTable(300));
+    const auto isSeen = [&form](int line) {
+        return form.List1->viewport()->rect().contains(
+            form.List1->visualRect(form.List1->model()->index(line, 0)).center());
     };
     EXPECT_FALSE(isSeen(250));
-    add(QStringLiteral("Producto 1250b"), QStringLiteral("1"), QStringLiteral("Kiosko"));
+    add("Producto 1250b", "1", "Kiosko");
     EXPECT_TRUE(isSeen(251));
-    Click(form(), QStringLiteral("CBElim"));
-    EXPECT_EQ(selectedLine(), 250);
+    Click(form, QStringLiteral("CBElim"));
+    EXPECT_EQ(form.List1->SelectedLine(), 250);
     EXPECT_TRUE(isSeen(250));
-    change({ "Kiosko", "Producto 1250", "1" }, QStringLiteral("Kiosko"), QStringLiteral("Producto 1100b"), QString());
+    change({ "Kiosko", "Producto 1250", "2" }, { "Kiosko", "Producto 1100b", "" });
     EXPECT_TRUE(isSeen(101));
 }
 
@@ -796,10 +551,6 @@ class HandoverTest : public DLGProductosTest {
 protected:
     HandoverTest()
     {
-        for (int i = 0; i < 20; ++i) {
-            const std::string name = "Producto " + std::to_string(10 + i);
-            twentyProducts_.push_back(ProductOf(name, "Kiosko", 1.25F));
-        }
         SaveCatalogue(path_, twentyProducts_);
         saved_ = ReadBytes(path_);
     }
@@ -828,15 +579,15 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    // The one window that is open; null, and the test has failed, when it is another one or none or many.
-    static QWidget* onlyWindow(const char* name)
+    // The one window that is open, brought to the front.
+    static QWidget& onlyWindow(const char* name)
     {
         const std::vector<QWidget*> windows = openWindows();
         if (windows.size() != 1 || windows.front()->objectName().toStdString() != name) {
-            ADD_FAILURE() << "not open, or not alone: " << name;
-            return nullptr;
+            throw std::logic_error(std::string("not open, or not alone: ") + name);
         }
-        return windows.front();
+        ShowAndActivate(*windows.front());
+        return *windows.front();
     }
 
     static void expectQuestion(const QString& answer)
@@ -850,95 +601,68 @@ protected:
     DLGProductos& openEditor()
     {
         ShowEditor(before_, clock_, shop_);
-        auto* editor = dynamic_cast<DLGProductos*>(onlyWindow("DLGProductos"));
-        if (editor == nullptr) {
-            throw std::logic_error("the editor is not open");
-        }
-        ShowAndActivate(*editor);
-        return *editor;
+        return dynamic_cast<DLGProductos&>(onlyWindow("DLGProductos"));
     }
 
-    static void select(const DLGProductos& editor, int line)
+    // An editor with one product less than the file.
+    DLGProductos& openEditorAndDelete()
     {
-        const QModelIndex index = editor.List1->model()->index(line, 0);
-        QTest::mouseClick(editor.List1->viewport(), Qt::LeftButton, {}, editor.List1->visualRect(index).center());
+        DLGProductos& editor = openEditor();
+        ClickLine(*editor.List1, 3);
+        Click(editor, QStringLiteral("CBElim"));
+        EXPECT_EQ(ReadBytes(path_), saved_);
+        return editor;
     }
 
-    void expectShopping(bool modal)
+    static void expectShopping(bool modal)
     {
-        QWidget* shopping = onlyWindow("Form7");
-        ASSERT_NE(shopping, nullptr);
-        EXPECT_EQ(shopping->isModal(), modal);
-        EXPECT_TRUE(shopping->testAttribute(Qt::WA_DeleteOnClose));
-        shopping->close();
+        QWidget& shopping = onlyWindow("Form7");
+        EXPECT_EQ(shopping.isModal(), modal);
+        EXPECT_TRUE(shopping.testAttribute(Qt::WA_DeleteOnClose));
+        shopping.close();
         deleteClosedWindows();
     }
 
+    void expectSaved() const
+    {
+        ProductTable nineteen = twentyProducts_;
+        nineteen.erase(nineteen.begin() + 3);
+        EXPECT_EQ(LoadCatalogue(path_), nineteen);
+        EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
+    }
+
     QWidget before_; // the window whose place is taken
-    ProductTable twentyProducts_;
+    const ProductTable twentyProducts_ = longTable(20);
     std::string saved_;
 };
 
-TEST_F(HandoverTest, OpensModally)
-{
-    const DLGProductos& editor = openEditor();
-    EXPECT_TRUE(editor.isModal());
-    EXPECT_EQ(editor.List1->model()->rowCount(), 20);
-}
-
 TEST_F(HandoverTest, SavesOnAceptarAndShowsTheShoppingWindowModally)
 {
-    const DLGProductos& editor = openEditor();
-    select(editor, 3);
-    Click(editor, QStringLiteral("CBElim"));
-    EXPECT_EQ(ReadBytes(path_), saved_);
+    const DLGProductos& editor = openEditorAndDelete();
+    EXPECT_TRUE(editor.isModal());
     Click(editor, QStringLiteral("OKButton"));
     expectShopping(true);
-
-    twentyProducts_.erase(twentyProducts_.begin() + 3);
-    EXPECT_EQ(LoadCatalogue(path_), twentyProducts_);
-    EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
+    expectSaved();
 }
 
-TEST_F(HandoverTest, DoesNotTakeOverOnAceptarWhatIsInTheBoxesAlone)
+TEST_F(HandoverTest, DoesNotTakeOverOnAceptarWhatIsInTheBoxesAloneNumberOrNot)
 {
-    const DLGProductos& editor = openEditor();
-    select(editor, 0);
-    Click(editor, QStringLiteral("TbDatos(1)"));
-    Type(QStringLiteral(" nuevo"));
-    EXPECT_EQ(editor.TbDatos[1]->Text(), "Producto 10 nuevo");
-    Click(editor, QStringLiteral("OKButton"));
-    expectShopping(true);
-    EXPECT_EQ(ReadBytes(path_), saved_);
+    for (const std::size_t box : { 1, 2 }) {
+        const DLGProductos& editor = openEditor();
+        ClickLine(*editor.List1, 0);
+        typeInto(editor, box, "nuevo");
+        Click(editor, QStringLiteral("OKButton"));
+        expectShopping(true);
+        EXPECT_EQ(ReadBytes(path_), saved_);
+    }
 }
 
-TEST_F(HandoverTest, AcceptsAlsoWhenThePriceInTheBoxIsNoNumber)
+TEST_F(HandoverTest, ChangesNothingOnCancelarOrItsCloseBoxAndShowsTheShoppingWindowNotModally)
 {
-    const DLGProductos& editor = openEditor();
-    select(editor, 0);
-    Click(editor, QStringLiteral("TbDatos(2)"));
-    Type(QStringLiteral("x"));
-    Click(editor, QStringLiteral("OKButton"));
-    expectShopping(true);
-    EXPECT_EQ(ReadBytes(path_), saved_);
-}
-
-TEST_F(HandoverTest, ChangesNothingOnCancelarAndShowsTheShoppingWindowNotModally)
-{
-    const DLGProductos& editor = openEditor();
-    select(editor, 3);
-    Click(editor, QStringLiteral("CBElim"));
-    Click(editor, QStringLiteral("CancelButton"));
+    Click(openEditorAndDelete(), QStringLiteral("CancelButton"));
     expectShopping(false);
     EXPECT_EQ(ReadBytes(path_), saved_);
-}
-
-TEST_F(HandoverTest, DoesAsCancelarWhenItsCloseBoxIsPressed)
-{
-    DLGProductos& editor = openEditor();
-    select(editor, 3);
-    Click(editor, QStringLiteral("CBElim"));
-    editor.close();
+    openEditorAndDelete().close();
     expectShopping(false);
     EXPECT_EQ(ReadBytes(path_), saved_);
 }
@@ -947,26 +671,18 @@ TEST_F(HandoverTest, DoesAsCancelarWhenItsCloseBoxIsPressed)
 TEST_F(HandoverTest, ShopsWithTheNewCatalogueAtOnce)
 {
     ShowShopping(before_, clock_, shop_, true);
-    QWidget* shopping = onlyWindow("Form7");
-    ASSERT_NE(shopping, nullptr);
-    ShowAndActivate(*shopping);
+    onlyWindow("Form7");
     Press(Qt::Key_F3);
     deleteClosedWindows();
-    auto* editor = dynamic_cast<DLGProductos*>(onlyWindow("DLGProductos"));
-    ASSERT_NE(editor, nullptr);
-    ShowAndActivate(*editor);
-    expectAdded(QStringLiteral("Una barra de pan"), QStringLiteral("0,85"), QStringLiteral("Panadería"));
-    Click(*editor, QStringLiteral("CBAdd"));
-    Click(*editor, QStringLiteral("OKButton"));
+    QWidget& editor = onlyWindow("DLGProductos");
+    ExpectNewProduct({ "Una barra de pan", "0,85", "Panadería" });
+    Click(editor, QStringLiteral("CBAdd"));
+    Click(editor, QStringLiteral("OKButton"));
     deleteClosedWindows();
 
-    shopping = onlyWindow("Form7");
-    ASSERT_NE(shopping, nullptr);
-    ShowAndActivate(*shopping);
-    Click(*shopping, QStringLiteral("CBTienda(5)"));
-    const auto& shelf = Find<QListView>(*shopping, QStringLiteral("LIDisponibles"));
-    ASSERT_EQ(shelf.model()->rowCount(), 1);
-    EXPECT_EQ(shelf.model()->index(0, 0).data().toString(), QStringLiteral("Una barra de pan"));
+    const auto& shopping = dynamic_cast<Form7&>(onlyWindow("Form7"));
+    Click(shopping, QStringLiteral("CBTienda(5)"));
+    EXPECT_EQ(LinesOf(*shopping.LIDisponibles), Lines { "Una barra de pan" });
 }
 
 TEST_F(HandoverTest, OpensTheShoppingWindowInsteadWhenTheCatalogueCannotBeRead)
@@ -981,50 +697,45 @@ TEST_F(HandoverTest, OpensTheShoppingWindowInsteadWhenTheCatalogueCannotBeRead)
     });
     ShowEditor(before_, clock_, shop_);
     waitForBoxes();
-    EXPECT_NE(onlyWindow("Form7"), nullptr);
+    onlyWindow("Form7");
 }
 
-TEST_F(HandoverTest, NamesFileAndReasonOfASaveThatFailsAndCanBeAcceptedOnceTheCauseIsGone)
+TEST_F(HandoverTest, NamesFileAndReasonOfASaveThatFailsAndCanBeAcceptedOrCancelledThen)
 {
-    const DLGProductos& editor = openEditor();
-    select(editor, 3);
-    Click(editor, QStringLiteral("CBElim"));
+    for (const char* leave : { "CancelButton", "OKButton" }) {
+        const DLGProductos& editor = openEditorAndDelete();
+        std::filesystem::permissions(path_, std::filesystem::perms(0444));
+        ExpectMessage(QStringLiteral("Numbrela"),
+            QStringLiteral("No se puede escribir el archivo «%1»: el archivo es de solo lectura.")
+                .arg(QString::fromStdString(path_.string())));
+        Click(editor, QStringLiteral("OKButton"));
+        EXPECT_EQ(&onlyWindow("DLGProductos"), &editor);
+        EXPECT_EQ(editor.List1->LineCount(), 19);
+        EXPECT_EQ(ReadBytes(path_), saved_);
 
-    std::filesystem::permissions(path_, std::filesystem::perms(0444));
-    ExpectMessage(QStringLiteral("Numbrela"),
-        QStringLiteral("No se puede escribir el archivo «%1»: el archivo es de solo lectura.")
-            .arg(QString::fromStdString(path_.string())));
-    Click(editor, QStringLiteral("OKButton"));
-    ASSERT_EQ(onlyWindow("DLGProductos"), &editor);
-    EXPECT_EQ(editor.List1->model()->rowCount(), 19);
-    EXPECT_EQ(ReadBytes(path_), saved_);
-
-    std::filesystem::permissions(path_, std::filesystem::perms(0644));
-    Click(editor, QStringLiteral("OKButton"));
-    expectShopping(true);
-    EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
+        std::filesystem::permissions(path_, std::filesystem::perms(0644));
+        Click(editor, QString::fromLatin1(leave));
+        expectShopping(leave == std::string("OKButton"));
+    }
+    expectSaved();
 }
 
+// Enter must not replace what somebody else has saved: it is pressed before the question has been read.
 TEST_F(HandoverTest, AsksBeforeItReplacesWhatSomebodyElseHasSavedMeanwhile)
 {
-    const DLGProductos& editor = openEditor();
-    select(editor, 3);
-    Click(editor, QStringLiteral("CBElim"));
+    const DLGProductos& editor = openEditorAndDelete();
     SaveCatalogue(path_, threeProducts);
-    const std::string others = ReadBytes(path_);
-
-    for (int time = 0; time < 2; ++time) {
-        expectQuestion(QStringLiteral("No"));
+    for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape }) {
+        ExpectDialog([key](QDialog& box) { QTest::keyClick(&box, key); });
         Click(editor, QStringLiteral("OKButton"));
-        ASSERT_EQ(onlyWindow("DLGProductos"), &editor);
-        EXPECT_EQ(editor.List1->model()->rowCount(), 19);
-        EXPECT_EQ(ReadBytes(path_), others);
+        EXPECT_EQ(&onlyWindow("DLGProductos"), &editor);
+        EXPECT_EQ(editor.List1->LineCount(), 19);
+        EXPECT_EQ(LoadCatalogue(path_), threeProducts);
     }
-
     expectQuestion(QStringLiteral("Sí"));
     Click(editor, QStringLiteral("OKButton"));
     expectShopping(true);
-    EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
+    expectSaved();
 }
 
 TEST_F(HandoverTest, AsksAgainWhenSomebodyElseSavesDuringTheQuestion)
@@ -1033,12 +744,12 @@ TEST_F(HandoverTest, AsksAgainWhenSomebodyElseSavesDuringTheQuestion)
     SaveCatalogue(path_, threeProducts);
     ExpectDialog([this](QDialog& box) {
         SaveCatalogue(path_, { bread });
-        QTest::keyClick(&box, Qt::Key_Return);
+        dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click();
     });
     expectQuestion(QStringLiteral("No"));
     Click(editor, QStringLiteral("OKButton"));
     EXPECT_EQ(LoadCatalogue(path_), ProductTable { bread });
-    ASSERT_EQ(onlyWindow("DLGProductos"), &editor);
+    EXPECT_EQ(&onlyWindow("DLGProductos"), &editor);
 }
 
 TEST_F(HandoverTest, AsksWhenTheCatalogueHasVanished)
@@ -1056,62 +767,36 @@ TEST_F(HandoverTest, AsksWhenTheCatalogueHasVanished)
 
 TEST_F(HandoverTest, AsksNothingWhenTheCatalogueIsTheSameThoughItWasWrittenAnew)
 {
-    const DLGProductos& editor = openEditor();
+    const DLGProductos& editor = openEditorAndDelete();
     SaveCatalogue(path_, threeProducts);
     SaveCatalogue(path_, twentyProducts_);
     std::filesystem::last_write_time(path_, std::filesystem::file_time_type::min());
-    select(editor, 3);
-    Click(editor, QStringLiteral("CBElim"));
     Click(editor, QStringLiteral("OKButton"));
     expectShopping(true);
-    EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
+    expectSaved();
 }
 
-// As large as the window whose place it takes.
-
-class LargeHandoverTest : public HandoverTest, public ::testing::WithParamInterface<Qt::WindowState> {
-protected:
-    static Qt::WindowStates stateOf(const char* name)
-    {
-        const QWidget* const window = onlyWindow(name);
-        return window != nullptr ? window->windowState() & ~Qt::WindowActive : Qt::WindowMinimized;
-    }
-};
+class LargeHandoverTest : public HandoverTest, public ::testing::WithParamInterface<Qt::WindowState> { };
 
 TEST_P(LargeHandoverTest, OpensAsLargeAsTheWindowWhosePlaceItTakes)
 {
+    const auto stateOf = [](const QWidget& window) { return window.windowState() & ~Qt::WindowActive; };
     before_.setWindowState(GetParam());
     ShowShopping(before_, clock_, shop_, true);
-    EXPECT_EQ(stateOf("Form7"), GetParam());
-    ShowAndActivate(*onlyWindow("Form7"));
     for (const char* leave : { "CancelButton", "OKButton" }) {
         SCOPED_TRACE(leave);
+        EXPECT_EQ(stateOf(onlyWindow("Form7")), GetParam());
         Press(Qt::Key_F3);
         deleteClosedWindows();
-        EXPECT_EQ(stateOf("DLGProductos"), GetParam());
-        Click(*onlyWindow("DLGProductos"), QString::fromLatin1(leave));
+        EXPECT_EQ(stateOf(onlyWindow("DLGProductos")), GetParam());
+        Click(onlyWindow("DLGProductos"), QString::fromLatin1(leave));
         deleteClosedWindows();
-        EXPECT_EQ(stateOf("Form7"), GetParam());
-        ShowAndActivate(*onlyWindow("Form7"));
     }
+    EXPECT_EQ(stateOf(onlyWindow("Form7")), GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(
     States, LargeHandoverTest, ::testing::Values(Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen));
-
-TEST_F(HandoverTest, CanBeCancelledAfterASaveThatFailed)
-{
-    DLGProductos& editor = openEditor();
-    const std::filesystem::path missing = folder_ / "Recursos" / "productos.dat";
-    editor.Ruta = missing;
-    ExpectMessage(QStringLiteral("Numbrela"),
-        QStringLiteral("No se puede escribir el archivo «%1»: la carpeta no existe.")
-            .arg(QString::fromStdString(missing.string())));
-    Click(editor, QStringLiteral("OKButton"));
-    editor.Ruta = path_;
-    Click(editor, QStringLiteral("CancelButton"));
-    expectShopping(false);
-}
 
 TEST_F(HandoverTest, DoesNotOpenForACatalogueWithTooManyProducts)
 {
@@ -1126,13 +811,12 @@ TEST_F(HandoverTest, DoesNotOpenForACatalogueWithTooManyProducts)
 
 TEST_F(HandoverTest, LeavesNothingBehindHoweverOftenItIsOpenedAndClosed)
 {
-    openEditor();
-    Click(*onlyWindow("DLGProductos"), QStringLiteral("CancelButton"));
+    Click(openEditor(), QStringLiteral("CancelButton"));
     expectShopping(false);
     const auto windowsBefore = QApplication::topLevelWidgets().size();
     for (int round = 0; round < 50; ++round) {
         const QPointer<DLGProductos> editor = &openEditor();
-        select(*editor, 0);
+        ClickLine(*editor->List1, 0);
         Click(*editor, round % 2 == 0 ? QStringLiteral("OKButton") : QStringLiteral("CancelButton"));
         expectShopping(round % 2 == 0);
         EXPECT_TRUE(editor.isNull());

@@ -24,8 +24,6 @@ constexpr FontSpec heading { "Arial", 18, true };
 constexpr FontSpec arial9 { "Arial", 9.75 };
 constexpr FontSpec verdana12 { "Verdana", 12 };
 constexpr FontSpec courier12 { "Courier New", 12 };
-constexpr Qt::Alignment rightMiddle = Qt::AlignRight | Qt::AlignVCenter;
-constexpr bool readOnly = true;
 
 ControlRow still(const char* name, const char* text, TwipsRect place, FontSpec font = arial12)
 {
@@ -35,6 +33,21 @@ ControlRow still(const char* name, const char* text, TwipsRect place, FontSpec f
 ControlRow shop(const char* name, const char* caption, int left, int top, QColor colour, FontSpec font = arial12)
 {
     return { .Name = name, .Text = caption, .Place = { left, top, 1500, 1500 }, .Font = font, .BackColour = colour };
+}
+
+ControlRow box(const char* name, TwipsRect place, FontSpec font, const char* spokenName)
+{
+    return { .Name = name, .Text = "", .Place = place, .Font = font, .AccessibleName = spokenName };
+}
+
+ControlRow shown(const char* name, const char* text, TwipsRect place)
+{
+    return { .Name = name, .Text = text, .Place = place, .Font = arial18, .ReadOnly = true };
+}
+
+ControlRow button(const char* name, const char* caption, TwipsRect place, QColor colour)
+{
+    return { .Name = name, .Text = caption, .Place = place, .Font = arial12, .BackColour = colour };
 }
 
 class Form7TableTest : public ::testing::Test {
@@ -58,28 +71,12 @@ TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
         {
             still("Frame1", "", { 300, 300, 4500, 8400 }),
             still("Label1(0)", "&Lista de la compra", { 240, 180, 4020, 360 }),
-            { .Name = "List1",
-                .Text = "",
-                .Place = { 240, 600, 4020, 4350 },
-                .Font = arial12,
-                .AccessibleName = "Lista de la compra" },
+            box("List1", { 240, 600, 4020, 4350 }, arial12, "Lista de la compra"),
             still("Label1(1)", "&Tiempo disponible", { 240, 5160, 4020, 360 }),
-            { .Name = "TBTiempo",
-                .Text = "15 : 00",
-                .Place = { 240, 5580, 4020, 600 },
-                .Font = arial18,
-                .ReadOnly = readOnly },
+            shown("TBTiempo", "15 : 00", { 240, 5580, 4020, 600 }),
             still("Label1(2)", "&Dinero disponible", { 240, 6360, 4020, 360 }),
-            { .Name = "TBDinero",
-                .Text = purse.c_str(),
-                .Place = { 240, 6780, 4020, 600 },
-                .Font = arial18,
-                .ReadOnly = readOnly },
-            { .Name = "CBVolver",
-                .Text = "&Volver a casa",
-                .Place = { 240, 7620, 4020, 540 },
-                .Font = arial12,
-                .BackColour = Qt::green },
+            shown("TBDinero", purse.c_str(), { 240, 6780, 4020, 600 }),
+            button("CBVolver", "&Volver a casa", { 240, 7620, 4020, 540 }, Qt::green),
 
             still("Frame2", "", { 6150, 1000, 7500, 7000 }),
             still("Label2", "&El centro comercial", { 1500, 2000, 4500, 3000 }, heading),
@@ -97,39 +94,23 @@ TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
             still("Frame3", "", { 5100, 300, 9600, 8400 }),
             still("Label3", "Panadería", { 240, 180, 9120, 540 }, heading),
             still("LBDisponibles", "&Productos disponibles", { 240, 900, 4440, 360 }),
-            { .Name = "LIDisponibles",
-                .Text = "",
-                .Place = { 240, 1320, 4440, 3270 },
-                .Font = arial12,
-                .AccessibleName = "Productos disponibles" },
+            box("LIDisponibles", { 240, 1320, 4440, 3270 }, arial12, "Productos disponibles"),
             still("LbCesta", "C&esta de la compra", { 4920, 900, 4440, 360 }),
-            { .Name = "LICesta",
-                .Text = "",
-                .Place = { 4920, 1320, 4440, 6840 },
-                .Font = arial12,
-                .AccessibleName = "Cesta de la compra" },
+            box("LICesta", { 4920, 1320, 4440, 6840 }, arial12, "Cesta de la compra"),
             { .Name = "TbInstrucciones",
                 .Text = "Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar",
                 .Place = { 240, 4830, 4440, 2610 },
                 .Font = verdana12,
                 .AccessibleName = "Instrucciones" },
-            { .Name = "TBCantidades",
-                .Text = "",
-                .Place = { 6240, 7540, 1800, 0 },
-                .Font = courier12,
-                .AccessibleName = "Cantidades" },
+            box("TBCantidades", { 6240, 7540, 1800, 0 }, courier12, "Cantidades"),
             still("Line1", "", { 6225, 7540, 1830, 30 }),
             { .Name = "TbResultado",
                 .Text = "",
                 .Place = { 6240, 7620, 1800, 540 },
                 .Font = courier12,
-                .Alignment = rightMiddle,
+                .Alignment = Qt::AlignRight | Qt::AlignVCenter,
                 .AccessibleName = "Resultado" },
-            { .Name = "CbContinuar",
-                .Text = "&Continuar",
-                .Place = { 240, 7620, 4440, 540 },
-                .Font = arial12,
-                .BackColour = Qt::cyan },
+            button("CbContinuar", "&Continuar", { 240, 7620, 4440, 540 }, Qt::cyan),
         });
 }
 

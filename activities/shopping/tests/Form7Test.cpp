@@ -1,10 +1,10 @@
 #include "activities/shopping/screen/Form7.h"
 
 #include "activities/shopping/core/Money.h"
+#include "activities/shopping/screen/Beep.h"
 #include "activities/shopping/screen/ColumnArea.h"
 #include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Handover.h"
-#include "activities/shopping/tests/Beeps.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
@@ -21,7 +21,6 @@
 #include <QDialog>
 #include <QFrame>
 #include <QLabel>
-#include <QListView>
 #include <QMessageBox>
 #include <QPointer>
 #include <QScrollBar>
@@ -35,20 +34,28 @@ namespace {
 
 using namespace testing;
 
-const QString numberTitle = QStringLiteral("¿Cuántos productos incluir en la lista?");
-const QString numberPrompt = QStringLiteral("Número de productos a mostrar (1 - 10):");
-const QString addTitle = QStringLiteral("Añadir producto");
-const QString namePrompt = QStringLiteral("Nombre del producto");
-const QString pricePrompt = QStringLiteral("Precio del producto:");
-const QString shopPrompt = QStringLiteral("¿En qué tiendas se vende?: ");
-
-std::vector<std::string> linesOf(const ListBox& list)
+// Asks for a list of so many products, as the present length is offered.
+void expectLength(const QString& answer, int present = 4)
 {
-    std::vector<std::string> lines;
-    for (int line = 0; line < list.count(); ++line) {
-        lines.push_back(list.item(line)->text().toStdString());
-    }
-    return lines;
+    ExpectInput(QStringLiteral("¿Cuántos productos incluir en la lista?"),
+        QStringLiteral("Número de productos a mostrar (1 - 10):"), answer, QString::number(present));
+}
+
+void expectAgain(const QString& answer)
+{
+    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
+        { QStringLiteral("Sí"), QStringLiteral("No") }, answer);
+}
+
+void acceptAnyBox()
+{
+    ExpectDialog([](QDialog& box) { box.accept(); });
+}
+
+void answer(const Form7& form, const QString& result)
+{
+    TypeResult(result);
+    PressContinue(form);
 }
 
 template <typename Form>
@@ -125,6 +132,25 @@ protected:
         return static_cast<TwipsLayout*>(control.parentWidget()->layout())->RectOf(&control);
     }
 
+    // Where sign, instructions and button stand, which make room for one another.
+    struct Places {
+        TwipsRect Sign;
+        TwipsRect Instructions;
+        TwipsRect Button;
+    };
+    static constexpr Places atTheShelf { { 240, 180, 9120, 540 }, { 240, 4830, 4440, 2610 }, { 240, 7620, 4440, 540 } };
+    static constexpr Places atTheTill { { 1560, 180, 4440, 5580 }, { 1560, 5940, 4440, 1500 },
+        { 1560, 7620, 4440, 540 } };
+    static constexpr Places withTheReceipt { { 1560, 180, 4440, 540 }, { 1560, 900, 4440, 6540 },
+        { 1560, 7620, 4440, 540 } };
+
+    static void expectPlaces(const Form7& form, const Places& places)
+    {
+        EXPECT_EQ(placeOf(*form.Label3), places.Sign);
+        EXPECT_EQ(placeOf(*form.TbInstrucciones), places.Instructions);
+        EXPECT_EQ(placeOf(*form.CbContinuar), places.Button);
+    }
+
     const TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_ / "productos.dat";
     Shop shop_ { path_ };
@@ -138,8 +164,8 @@ TEST_F(Form7Test, ANewWindowShowsListMoneyAndTimeInTheCentre)
 {
     const Form7& form = openBakery();
     EXPECT_EQ(form.windowTitle(), QStringLiteral("La compra"));
-    EXPECT_EQ(linesOf(*form.List1), form.Task().ListLines());
-    EXPECT_EQ(form.List1->count(), 4);
+    EXPECT_EQ(LinesOf(*form.List1), form.Task().ListLines());
+    EXPECT_EQ(form.List1->LineCount(), 4);
     EXPECT_EQ(form.List1->SelectedLine(), 0);
     EXPECT_EQ(FocusIn(form), "List1");
     EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
@@ -148,12 +174,7 @@ TEST_F(Form7Test, ANewWindowShowsListMoneyAndTimeInTheCentre)
     EXPECT_TRUE(form.Frame2->isVisible());
     EXPECT_FALSE(form.Frame3->isVisible());
     EXPECT_TRUE(form.Timer1->isActive());
-}
-
-TEST_F(Form7Test, TheClockTicksEverySecond)
-{
-    const Form7 form(clock_, shop_);
-    EXPECT_EQ(form.Timer1->interval(), 1000);
+    EXPECT_EQ(Form7(clock_, shop_).Timer1->interval(), 1000);
     EXPECT_EQ(form.Timer1->timerType(), Qt::PreciseTimer);
 }
 
@@ -170,17 +191,26 @@ TEST_F(Form7Test, TheSameSecondDrawsTheSameListAndAnotherOneAnother)
     EXPECT_NE(linesAt({ 10, 20, 31, 37'231 }), lines);
 }
 
-TEST_F(Form7Test, EveryNewTaskTakesItsSeedFromTheClock)
+TEST_F(Form7Test, EveryNewTaskTakesItsSeedFromTheClockAndARefusedNumberLeavesTheTaskAsItIs)
 {
     Form7& form = open(NumberedTable(500));
     const auto lines = form.Task().ListLines();
-    ExpectInput(numberTitle, numberPrompt, QStringLiteral("4"), QStringLiteral("4"));
+    expectLength(QStringLiteral("4"));
     Choose(form, QStringLiteral("MnuOpcNum"));
-    EXPECT_EQ(form.Task().ListLines(), lines);
+    EXPECT_EQ(LinesOf(*form.List1), lines);
+
+    form.Timer1_Timer();
+    const std::string time = form.TBTiempo->Text();
     clock_.Time = { 11, 20, 30, 40'830 };
-    ExpectInput(numberTitle, numberPrompt, QStringLiteral("4"), QStringLiteral("4"));
+    for (const char* typed : { "1", "11", "" }) {
+        expectLength(QString::fromUtf8(typed));
+        Choose(form, QStringLiteral("MnuOpcNum"));
+        EXPECT_EQ(LinesOf(*form.List1), lines) << typed;
+        EXPECT_EQ(form.TBTiempo->Text(), time) << typed;
+    }
+    expectLength(QStringLiteral("4"));
     Choose(form, QStringLiteral("MnuOpcNum"));
-    EXPECT_NE(form.Task().ListLines(), lines);
+    EXPECT_NE(LinesOf(*form.List1), lines);
 }
 
 TEST_F(Form7Test, TheShelfIsSortedAsSpanishSorts)
@@ -188,7 +218,7 @@ TEST_F(Form7Test, TheShelfIsSortedAsSpanishSorts)
     const Form7& form = open(TableOf({ { "Zumo", 1 }, { "nuez", 1 }, { "Ñora", 1 }, { "Oliva", 1 }, { "avena", 1 },
         { "Ánfora", 1 }, { "Nuez moscada", 1 }, { "Un periódico", 1, "Kiosko" } }));
     GoInto(form, QStringLiteral("Panadería"));
-    EXPECT_EQ(linesOf(*form.LIDisponibles),
+    EXPECT_EQ(LinesOf(*form.LIDisponibles),
         (std::vector<std::string> { "Ánfora", "avena", "nuez", "Nuez moscada", "Ñora", "Oliva", "Zumo" }));
     EXPECT_EQ(form.Label3->text(), QStringLiteral("Panadería"));
     EXPECT_EQ(FocusIn(form), "LIDisponibles");
@@ -198,7 +228,7 @@ TEST_F(Form7Test, TheShelfIsSortedAsSpanishSorts)
         QStringLiteral("Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar"));
 
     DoubleClickLine(*form.LIDisponibles, 4);
-    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Ñora 1" })
+    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(1) Ñora 1" })
         << "the line, not the place in the file";
 }
 
@@ -209,35 +239,35 @@ TEST_F(Form7Test, AProductIsTakenByDoubleClickOrEnter)
     TakeFromShelf(form, QStringLiteral("Un bollo"));
     TakeFromShelf(form, QStringLiteral("Un bollo"));
     Press(Qt::Key_Return);
-    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(3) Un bollo 1,2" });
+    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(3) Un bollo 1,2" });
     EXPECT_EQ(form.LICesta->SelectedLine(), 0);
     Press(Qt::Key_Home);
     Press(Qt::Key_Enter);
-    EXPECT_EQ(linesOf(*form.LICesta), (std::vector<std::string> { "(3) Un bollo 1,2", "(1) Ánfora de aceite 9,95" }));
+    EXPECT_EQ(LinesOf(*form.LICesta), (std::vector<std::string> { "(3) Un bollo 1,2", "(1) Ánfora de aceite 9,95" }));
     EXPECT_EQ(form.LICesta->SelectedLine(), 1);
     Press(Qt::Key_Delete);
-    EXPECT_EQ(form.LICesta->count(), 2) << "nothing is deleted from a shelf";
+    EXPECT_EQ(form.LICesta->LineCount(), 2) << "nothing is deleted from a shelf";
 }
 
 TEST_F(Form7Test, WithNoLineSelectedNothingIsTakenOrPutBack)
 {
     const Form7& form = openBakery();
-    const int beepsBefore = Beeps();
+    const int beepsBefore = BeepCount();
     GoInto(form, QStringLiteral("Panadería"));
     Press(Qt::Key_Return);
-    EXPECT_EQ(form.LICesta->count(), 0);
-    EXPECT_EQ(Beeps(), beepsBefore + 1);
+    EXPECT_EQ(form.LICesta->LineCount(), 0);
+    EXPECT_EQ(BeepCount(), beepsBefore + 1);
     form.LICesta->setFocus();
     Press(Qt::Key_Return);
     Press(Qt::Key_Delete);
-    EXPECT_EQ(form.LICesta->count(), 0);
-    EXPECT_EQ(Beeps(), beepsBefore + 1) << "only the shelf beeps";
+    EXPECT_EQ(form.LICesta->LineCount(), 0);
+    EXPECT_EQ(BeepCount(), beepsBefore + 1) << "only the shelf beeps";
 
     TakeFromShelf(form, QStringLiteral("Un bollo"));
     form.LICesta->clearSelection();
     form.LICesta->setFocus();
     Press(Qt::Key_Delete);
-    EXPECT_EQ(form.LICesta->count(), 1) << "the current line is not a selected one";
+    EXPECT_EQ(form.LICesta->LineCount(), 1) << "the current line is not a selected one";
 }
 
 TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDelete)
@@ -248,18 +278,17 @@ TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDelete)
         TakeFromShelf(form, QString::fromUtf8(name));
     }
     DoubleClickLine(*form.LICesta, 0);
-    EXPECT_EQ(form.LICesta->item(0)->text(), QStringLiteral("(2) Un bollo 1,2"));
+    EXPECT_EQ(LinesOf(*form.LICesta).front(), "(2) Un bollo 1,2");
     EXPECT_EQ(form.LICesta->SelectedLine(), 0);
     Press(Qt::Key_Return);
-    EXPECT_EQ(form.LICesta->item(0)->text(), QStringLiteral("(1) Un bollo 1,2"));
+    EXPECT_EQ(LinesOf(*form.LICesta).front(), "(1) Un bollo 1,2");
     Press(Qt::Key_Delete);
-    EXPECT_EQ(linesOf(*form.LICesta), (std::vector<std::string> { "(1) Una barra de pan 0,85", "(1) Pan de ñora 2" }));
+    EXPECT_EQ(LinesOf(*form.LICesta), (std::vector<std::string> { "(1) Una barra de pan 0,85", "(1) Pan de ñora 2" }));
     EXPECT_EQ(form.LICesta->SelectedLine(), 0);
     DoubleClickLine(*form.LICesta, 1);
     EXPECT_EQ(form.LICesta->SelectedLine(), 0) << "the first one follows the last";
     Press(Qt::Key_Delete);
-    EXPECT_EQ(form.LICesta->count(), 0);
-    EXPECT_EQ(form.LICesta->SelectedLine(), std::nullopt);
+    EXPECT_EQ(form.LICesta->LineCount(), 0);
 }
 
 TEST_F(Form7Test, AHeldDeletePutsOneProductBack)
@@ -274,18 +303,7 @@ TEST_F(Form7Test, AHeldDeletePutsOneProductBack)
     Repeat(Qt::Key_Delete);
     RepeatMarked(Qt::Key_Delete);
     LetGo(Qt::Key_Delete);
-    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(3) Un bollo 1,2" });
-}
-
-TEST_F(Form7Test, TheDecimalKeyOfTheKeypadWritesAComma)
-{
-    Form7& form = openBakery();
-    fillBasket(form, 3);
-    PressContinue(form);
-    Press(Qt::Key_5, Qt::KeypadModifier);
-    Press(Qt::Key_Period, Qt::KeypadModifier);
-    Press(Qt::Key_4, Qt::KeypadModifier);
-    EXPECT_EQ(form.TbResultado->Text(), "4,5");
+    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(3) Un bollo 1,2" });
 }
 
 TEST_F(Form7Test, TheAccessKeyOfTheCentreLeadsToTheFirstShopAndPressesNothing)
@@ -307,80 +325,54 @@ TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
     PressContinue(form);
     expectInShop(form, false);
     EXPECT_EQ(form.TBCantidades->Text(), "  0,85\n+  0,85\n+  0,85");
-    EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - 3 * 285, 1800, 3 * 285 }));
     EXPECT_EQ(FocusIn(form), "TbResultado");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText(),
         QStringLiteral("Sume los precios y escriba el resultado debajo, después pulse continuar."));
 
-    TypeResult(QStringLiteral("2,55"));
-    PressContinue(form);
+    answer(form, QStringLiteral("2,55"));
     EXPECT_EQ(form.TBCantidades->Text(), "  5,00\n-  2,55");
     EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - 570, 1800, 570 }));
+    expectPlaces(form, atTheTill);
+    EXPECT_EQ(form.TbInstrucciones->verticalScrollBar()->maximum(), 0) << "they are seen whole";
     EXPECT_EQ(form.TbResultado->Text(), "");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText(),
         QStringLiteral(
             "Has entregado 5 euros en billetes para pagar tu compra, ¿Cuánto dinero te tienen que devolver?"));
 
-    TypeResult(QStringLiteral("2,45"));
-    PressContinue(form);
+    answer(form, QStringLiteral("2,45"));
     EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Salir"));
     EXPECT_EQ(FocusIn(form), "CbContinuar");
     EXPECT_EQ(form.TbInstrucciones->Text(),
         "Has comprado los siguientes productos:\n(3) Una barra de pan" + std::string(84, ' ')
             + "\nSu precio es de 2,55€ y has pagado 2,55€ por ellos.\nPulsa el botón salir.");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText().size(), form.TbInstrucciones->toPlainText().size());
-    EXPECT_EQ(placeOf(*form.TbInstrucciones), (TwipsRect { 1560, 900, 4440, 6540 })) << "room for a long receipt";
-    EXPECT_EQ(placeOf(*form.Label3), (TwipsRect { 1560, 180, 4440, 540 }));
-}
-
-TEST_F(Form7Test, WhatToDoStandsBesideTheFootOfTheColumnThatItSpeaksOf)
-{
-    Form7& form = openBakery();
-    addUp(form, 3);
-    for (const char* result : { "2,55", "2,45" }) {
-        const TwipsRect instructions = placeOf(*form.TbInstrucciones);
-        const TwipsRect column = placeOf(*form.TBCantidades);
-        EXPECT_EQ(instructions.Left + instructions.Width + 240, column.Left);
-        EXPECT_LT(instructions.Top, column.Top + column.Height);
-        EXPECT_GT(instructions.Top + instructions.Height, column.Top);
-        EXPECT_EQ(form.TbInstrucciones->verticalScrollBar()->maximum(), 0) << "it is seen whole";
-        EXPECT_EQ(placeOf(*form.CbContinuar), (TwipsRect { 1560, 7620, 4440, 540 })) << "below it";
-        TypeResult(QString::fromLatin1(result));
-        PressContinue(form);
-    }
+    expectPlaces(form, withTheReceipt);
 }
 
 TEST_F(Form7Test, WhoCannotPayIsBackAtTheShelf)
 {
     Form7& form = openBakery();
-    fillBasket(form, 3);
-    const std::vector<QWidget*> controls { form.Label3, form.TbInstrucciones, form.CbContinuar };
-    std::vector<TwipsRect> places;
-    for (const QWidget* control : controls) {
-        places.push_back(placeOf(*control));
-    }
-    PressContinue(form);
-    TypeResult(QStringLiteral("999"));
-    ExpectDialog([](QDialog& box) { box.accept(); });
-    PressContinue(form);
+    addUp(form, 3);
+    acceptAnyBox();
+    answer(form, QStringLiteral("999"));
     expectInShop(form, true);
     EXPECT_EQ(FocusIn(form), "LICesta");
-    for (std::size_t i = 0; i < controls.size(); ++i) {
-        EXPECT_EQ(placeOf(*controls[i]), places[i]) << controls[i]->objectName().toStdString();
-    }
+    expectPlaces(form, atTheShelf);
 }
 
-TEST_F(Form7Test, AColumnGrowsPastTheSignAndCoversNothing)
+TEST_F(Form7Test, AColumnGrowsPastTheSignCoversNothingAndIsShownWhole)
 {
-    Form7& form = open(TableOf({ { "Una barra de pan", 0.85F }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
-    addUp(form, 40);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(placeOf(*form.Label3), (TwipsRect { 1560, 180, 4440, 5580 }));
-    EXPECT_LT(placeOf(*form.TBCantidades).Top, placeOf(*form.Label3).Top);
-    for (const QWidget* control :
-        std::initializer_list<const QWidget*> { form.Label3, form.TbInstrucciones, form.CbContinuar }) {
-        EXPECT_LT(control->geometry().right(), form.TBCantidades->geometry().left())
-            << control->objectName().toStdString();
+    for (const int units : { 1, 3, 40, 114 }) {
+        SCOPED_TRACE(units);
+        Form7& form = open(TableOf({ { "Una barra de pan", 0.85F }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
+        addUp(form, units);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - units * 285, 1800, units * 285 }));
+        expectPlaces(form, atTheTill);
+        for (const QWidget* control : std::initializer_list<const QWidget*> { form.TBCantidades, form.TbResultado }) {
+            EXPECT_TRUE(form.rect().contains(QRect(control->mapTo(&form, QPoint()), control->size())));
+        }
+        EXPECT_EQ(form.TbInstrucciones->verticalScrollBar()->maximum(), 0) << "it is seen whole";
     }
 }
 
@@ -388,40 +380,23 @@ TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
 {
     Form7& form = openBakery();
     addUp(form, 1);
-    TypeResult(QStringLiteral("0,85"));
-    PressContinue(form);
-    TypeResult(QStringLiteral("4,15"));
-    PressContinue(form);
+    answer(form, QStringLiteral("0,85"));
+    answer(form, QStringLiteral("4,15"));
     form.List1->SelectLine(2);
     PressContinue(form);
     EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Continuar"));
     EXPECT_EQ(form.List1->SelectedLine(), 0);
 
     GoInto(form, QStringLiteral("Kiosko"));
-    EXPECT_EQ(linesOf(*form.LIDisponibles), std::vector<std::string> { "Un periódico" });
+    EXPECT_EQ(LinesOf(*form.LIDisponibles), std::vector<std::string> { "Un periódico" });
     EXPECT_EQ(form.Label3->text(), QStringLiteral("Kiosko"));
     EXPECT_EQ(form.Label3->palette().color(QPalette::Window), form.CBTienda[3]->BackColour());
-    EXPECT_EQ(form.LICesta->count(), 0);
+    EXPECT_EQ(form.LICesta->LineCount(), 0);
     expectInShop(form, true);
-    EXPECT_EQ(placeOf(*form.TbInstrucciones), (TwipsRect { 240, 4830, 4440, 2610 }))
-        << "the receipt has given the shelf its place back";
-    EXPECT_EQ(placeOf(*form.Label3), (TwipsRect { 240, 180, 9120, 540 }));
-    EXPECT_EQ(placeOf(*form.CbContinuar), (TwipsRect { 240, 7620, 4440, 540 }));
+    expectPlaces(form, atTheShelf);
 }
 
-TEST_F(Form7Test, TheLongestColumnIsShownWhole)
-{
-    Form7& form = open(TableOf({ { "Una barra de pan", 0.85F }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
-    addUp(form, 114);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(placeOf(*form.TBCantidades).Top, 7540 - 114 * 285);
-    for (const QWidget* control : std::initializer_list<const QWidget*> { form.TBCantidades, form.TbResultado }) {
-        const QRect place(control->mapTo(&form, QPoint()), control->size());
-        EXPECT_TRUE(form.rect().contains(place)) << control->objectName().toStdString();
-    }
-}
-
-TEST_F(Form7Test, TheResultIsWrittenFromRightToLeft)
+TEST_F(Form7Test, TheResultIsWrittenFromRightToLeftAlsoWithTheCommaOfTheKeypad)
 {
     Form7& form = openBakery();
     addUp(form, 1);
@@ -434,6 +409,11 @@ TEST_F(Form7Test, TheResultIsWrittenFromRightToLeft)
     Press(Qt::Key_Home);
     Press(Qt::Key_Delete);
     EXPECT_EQ(form.TbResultado->Text(), ",5") << "a key that writes nothing makes no step";
+    form.TbResultado->SetText("");
+    for (const Qt::Key key : { Qt::Key_5, Qt::Key_Period, Qt::Key_4 }) {
+        Press(key, Qt::KeypadModifier);
+    }
+    EXPECT_EQ(form.TbResultado->Text(), "4,5");
 }
 
 TEST_F(Form7Test, LeavingAShopIsSeenOnTheClockAtItsNextTick)
@@ -443,7 +423,7 @@ TEST_F(Form7Test, LeavingAShopIsSeenOnTheClockAtItsNextTick)
     GoInto(form, QStringLiteral("Kiosko"));
     PressContinue(form);
     EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180);
-    EXPECT_EQ(form.TBTiempo->Text(), TimeText(timeGiven));
+    EXPECT_EQ(form.TBTiempo->Text(), std::to_string(timeGiven / 60) + " : 00");
     form.Timer1_Timer();
     EXPECT_EQ(form.TBTiempo->Text(), TimeText(timeGiven - 181));
 }
@@ -473,43 +453,9 @@ TEST_F(Form7Test, WhoWantsToGoHomeTooEarlyStaysInTheShop)
     EXPECT_EQ(form.Task().PayStep, 2);
 }
 
-TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsThatShopAsItWas)
+TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsItAsItWasAndGoesOnPaying)
 {
-    Form7& form = open(TableOf({ { "a", 2 }, { "b", 2 }, { "Una barra de pan", 2 }, { "c", 2 } }));
-    const int money = static_cast<int>(form.Task().MoneyLeft);
-    addUp(form, 1);
-    TypeResult(QStringLiteral("%1").arg(money));
-    ExpectDialog([](QDialog& box) { box.accept(); }); // far too much, and paid
-    PressContinue(form);
-    TypeResult(QStringLiteral("5"));
-    PressContinue(form);
-    PressContinue(form);
-    EXPECT_EQ(form.TBDinero->Text(), "0 €");
-
-    fillBasket(form, 2);
-    EXPECT_TRUE(form.Timer1->isActive());
-    ExpectDialog([&form](QDialog& verdict) {
-        EXPECT_FALSE(form.Timer1->isActive()) << "no second goes by while the verdict is read";
-        verdict.accept();
-    });
-    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
-        { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("Sí"));
-    Click(form, QStringLiteral("CBVolver"));
-    EXPECT_TRUE(form.Frame3->isVisible());
-    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(2) Una barra de pan 2" });
-    EXPECT_EQ(form.Task().PayStep, 1);
-    EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
-    EXPECT_EQ(FocusIn(form), "List1");
-    EXPECT_TRUE(form.Timer1->isActive());
-}
-
-TEST_F(Form7Test, WhoBeginsAgainWhilePayingGoesOnPaying)
-{
-    const auto answer = [](const Form7& form, const QString& result) {
-        TypeResult(result);
-        PressContinue(form);
-    };
-    for (const int step : { 2, 3, 4 }) {
+    for (const int step : { 1, 2, 3, 4 }) {
         SCOPED_TRACE(step);
         Form7& form = open(TableOf({ { "a", 1 }, { "b", 1 }, { "c", 1 }, { "d", 1 } }));
         GoInto(form, QStringLiteral("Panadería"));
@@ -526,29 +472,28 @@ TEST_F(Form7Test, WhoBeginsAgainWhilePayingGoesOnPaying)
 
         GoInto(form, QStringLiteral("Panadería"));
         TakeFromShelf(form, QStringLiteral("a"));
-        PressContinue(form);
-        if (step > 2) {
-            answer(form, QStringLiteral("1,00"));
-        }
-        if (step > 3) {
-            answer(form, QStringLiteral("4,00"));
+        for (int taken = 1; taken < step; ++taken) {
+            answer(form, std::array { QString(), QStringLiteral("1,00"), QStringLiteral("4,00") }.at(taken - 1));
         }
         ASSERT_EQ(form.Task().PayStep, step);
-        const std::string column = form.TBCantidades->Text();
-        const std::string instructions = form.TbInstrucciones->Text();
-        const QString caption = form.CbContinuar->text();
-
-        ExpectDialog([](QDialog& box) { box.accept(); }); // the verdict
-        ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
-            { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("Sí"));
+        const auto shown = [&form] {
+            return std::tuple(form.TBCantidades->Text(), form.TbInstrucciones->Text(), form.CbContinuar->text(),
+                LinesOf(*form.LICesta));
+        };
+        const auto before = shown();
+        ExpectDialog([&form](QDialog& verdict) {
+            EXPECT_FALSE(form.Timer1->isActive()) << "no second goes by while the verdict is read";
+            verdict.accept();
+        });
+        expectAgain(QStringLiteral("Sí"));
         Click(form, QStringLiteral("CBVolver"));
         EXPECT_EQ(form.Task().PayStep, step);
         EXPECT_TRUE(form.Frame3->isVisible());
-        EXPECT_EQ(form.TBCantidades->Text(), column);
-        EXPECT_EQ(form.TbInstrucciones->Text(), instructions);
-        EXPECT_EQ(form.CbContinuar->text(), caption);
+        EXPECT_EQ(shown(), before);
         EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven);
+        EXPECT_EQ(form.TBDinero->Text(), PurseText(form.Task().MoneyGiven));
         EXPECT_TRUE(form.Task().IsListOpen());
+        EXPECT_TRUE(form.Timer1->isActive());
         EXPECT_EQ(FocusIn(form), "List1");
 
         if (step == 4) {
@@ -594,24 +539,13 @@ TEST_F(Form7Test, TheWarningOfAPaymentIsToldAlsoWhereItsNotesEndTheProgram)
     EXPECT_EQ(errors.front().ErrorKind(), RunTimeError::Kind::InvalidArgument);
 }
 
-TEST_F(Form7Test, ASecondGoesByOnTheClockAtEachTick)
-{
-    Form7& form = open(NumberedTable(4));
-    const int timeGiven = form.Task().TimeLeft;
-    ASSERT_GT(timeGiven, 0);
-    ASSERT_EQ(timeGiven % 60, 0);
-    EXPECT_EQ(form.TBTiempo->Text(), std::to_string(timeGiven / 60) + " : 00");
-    form.Timer1_Timer();
-    EXPECT_EQ(form.TBTiempo->Text(), std::to_string(timeGiven / 60 - 1) + " : 59");
-}
-
 TEST_F(Form7Test, ANewTaskLeavesTheShopAsItIs)
 {
     Form7& form = openBakery();
     addUp(form, 2);
-    ExpectInput(numberTitle, numberPrompt, QStringLiteral("6"), QStringLiteral("4"));
+    expectLength(QStringLiteral("6"));
     Choose(form, QStringLiteral("MnuOpcNum"));
-    EXPECT_EQ(form.List1->count(), 6);
+    EXPECT_EQ(form.List1->LineCount(), 6);
     EXPECT_TRUE(form.Frame3->isVisible());
     EXPECT_EQ(form.TBCantidades->Text(), "  0,85\n+  0,85");
     EXPECT_EQ(form.Task().PayStep, 2);
@@ -629,94 +563,57 @@ TEST_F(Form7Test, TheNumberOfProductsIsTakenOrSilentlyRefused)
              { QStringLiteral("1"), 4 }, { QStringLiteral("0"), 4 }, { QStringLiteral("-1"), 4 },
              { QStringLiteral("11"), 4 }, { QStringLiteral("1e3"), 4 }, { QStringLiteral("cinco"), 4 },
              { QString(), 4 }, { QStringLiteral("1") + QString(400, u'0'), 4 } }) {
-        ExpectInput(numberTitle, numberPrompt, QStringLiteral("4"), QString::number(form.Task().ListLength));
+        expectLength(QStringLiteral("4"), form.Task().ListLength);
         Choose(form, QStringLiteral("MnuOpcNum"));
-        ExpectInput(numberTitle, numberPrompt, c.Typed, QStringLiteral("4"));
+        expectLength(c.Typed);
         Choose(form, QStringLiteral("MnuOpcNum"));
-        EXPECT_EQ(form.List1->count(), c.Count) << c.Typed.toStdString();
+        EXPECT_EQ(form.List1->LineCount(), c.Count) << c.Typed.toStdString();
     }
-    ExpectInputCancelled(numberTitle, numberPrompt, QStringLiteral("7"));
+    ExpectInputCancelled(QStringLiteral("¿Cuántos productos incluir en la lista?"),
+        QStringLiteral("Número de productos a mostrar (1 - 10):"), QStringLiteral("7"));
     Choose(form, QStringLiteral("MnuOpcNum"));
-    EXPECT_EQ(form.List1->count(), 4);
-}
-
-TEST_F(Form7Test, ARefusedNumberOfProductsLeavesTheTaskAsItIs)
-{
-    Form7& form = open(NumberedTable(500));
-    const auto lines = form.Task().ListLines();
-    form.Timer1_Timer();
-    const std::string time = form.TBTiempo->Text();
-    clock_.Time = { 11, 20, 30, 40'830 };
-    for (const char* typed : { "1", "11", "" }) {
-        ExpectInput(numberTitle, numberPrompt, QString::fromUtf8(typed), QStringLiteral("4"));
-        Choose(form, QStringLiteral("MnuOpcNum"));
-        EXPECT_EQ(linesOf(*form.List1), lines) << typed;
-        EXPECT_EQ(form.TBTiempo->Text(), time) << typed;
-    }
+    Choose(form, QStringLiteral("MnuOpcUni")); // does nothing
+    EXPECT_EQ(form.List1->LineCount(), 4);
 }
 
 TEST_F(Form7Test, AProductIsAddedUntilTheCatalogueIsReadAgain)
 {
     Form7& form = openBakery();
     const std::string file = ReadBytes(path_);
-    ExpectInput(addTitle, namePrompt, QStringLiteral("  Una empanada "));
-    ExpectInput(addTitle, pricePrompt, QStringLiteral("6,75"));
-    ExpectInput(addTitle, shopPrompt, QStringLiteral(" panadería"));
+    ExpectNewProduct({ "  Una empanada ", "6,75", " panadería" });
     Press(Qt::Key_F2);
     GoInto(form, QStringLiteral("Panadería"));
     TakeFromShelf(form, QStringLiteral("Una empanada"));
-    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Una empanada 6,75" });
+    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(1) Una empanada 6,75" });
     EXPECT_EQ(ReadBytes(path_), file);
     EXPECT_EQ(form.Task().Catalogue.size(), 7U);
 }
 
 TEST_F(Form7Test, ThePriceOfANewProductIsReadAsANumberOfTheCountry)
 {
-    struct Case {
-        const char* Typed;
-        float Price;
-    };
-    Form7& form = openBakery();
-    for (const Case& c : { Case { "1,5", 1.5F }, { "1e3", 1000 }, { "2.5", 25 } }) {
-        ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
-        ExpectInput(addTitle, pricePrompt, QString::fromUtf8(c.Typed));
-        ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+    const Form7& form = openBakery();
+    for (const auto& [typed, price] : { std::pair("1,5", 1.5F), { "1e3", 1000.0F }, { "2.5", 25.0F } }) {
+        ExpectNewProduct({ "Una empanada", typed, "Panadería" });
         Choose(form, QStringLiteral("MnuOpcAdd"));
-        EXPECT_EQ(form.Task().Catalogue.back().Precio, c.Price) << c.Typed;
+        EXPECT_EQ(form.Task().Catalogue.back().Precio, price) << typed;
     }
-    EXPECT_EQ(form.Task().Catalogue.size(), 9U);
 }
 
 TEST_F(Form7Test, AnIncompleteProductIsNotAdded)
 {
-    Form7& form = openBakery();
-    ExpectInputCancelled(addTitle, namePrompt, QStringLiteral("Una empanada"));
-    Choose(form, QStringLiteral("MnuOpcAdd"));
-    ExpectInput(addTitle, namePrompt, QString());
-    Choose(form, QStringLiteral("MnuOpcAdd"));
-    for (const QString& price : { QString(), QStringLiteral("caro"), QStringLiteral("0"), QStringLiteral("-1"),
-             QStringLiteral("1,5 €"), QStringLiteral("1") + QString(400, u'0') }) {
-        ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
-        ExpectInput(addTitle, pricePrompt, price);
+    const Form7& form = openBakery();
+    for (const std::vector<const char*>& answers : IncompleteProducts()) {
+        ExpectNewProduct(answers);
         Choose(form, QStringLiteral("MnuOpcAdd"));
+        EXPECT_EQ(PendingBoxes(), 0);
     }
-    ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
-    ExpectInputCancelled(addTitle, pricePrompt, QStringLiteral("2"));
-    Choose(form, QStringLiteral("MnuOpcAdd"));
-    ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
-    ExpectInput(addTitle, pricePrompt, QStringLiteral("2"));
-    ExpectInputCancelled(addTitle, shopPrompt, QStringLiteral("Panadería"));
-    Choose(form, QStringLiteral("MnuOpcAdd"));
     EXPECT_EQ(form.Task().Catalogue.size(), 6U);
-    EXPECT_EQ(PendingBoxes(), 0);
 }
 
 TEST_F(Form7Test, AFullCatalogueTakesNoProductAndSaysSo)
 {
     Form7& form = open(NumberedTable(MostProducts));
-    ExpectInput(addTitle, namePrompt, QStringLiteral("Una empanada"));
-    ExpectInput(addTitle, pricePrompt, QStringLiteral("2"));
-    ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+    ExpectNewProduct({ "Una empanada", "2", "Panadería" });
     ExpectMessage(
         QStringLiteral("Numbrela"), QStringLiteral("El catálogo está lleno: no caben más de 32767 productos."));
     Press(Qt::Key_F2);
@@ -724,36 +621,22 @@ TEST_F(Form7Test, AFullCatalogueTakesNoProductAndSaysSo)
     EXPECT_EQ(FocusIn(form), "List1");
 }
 
-TEST_F(Form7Test, TheNumberOfUnitsDoesNothing)
+TEST_F(Form7Test, TheWindowIsClosedByItsLastMenuItemAndForWhoDoesNotBeginAgain)
 {
-    Form7& form = openBakery();
-    const auto lines = form.Task().ListLines();
-    Choose(form, QStringLiteral("MnuOpcUni"));
-    EXPECT_EQ(form.Task().ListLines(), lines);
-}
-
-TEST_F(Form7Test, TheLastMenuItemClosesTheWindow)
-{
-    SaveCatalogue(path_, NumberedTable(5));
-    const QPointer<Form7> form = openToBeGone();
-    ASSERT_NE(form, nullptr);
-    ShowAndActivate(*form);
-    Choose(*form, QStringLiteral("MnuOpcSal"));
-    EXPECT_TRUE(isGone(form));
-}
-
-TEST_F(Form7Test, TheWindowIsClosedForWhoDoesNotBeginAgain)
-{
-    const auto acceptBox = [] { ExpectDialog([](QDialog& box) { box.accept(); }); };
-    acceptBox(); // there are no products
-    const QPointer<Form7> form = openToBeGone();
-    ASSERT_NE(form, nullptr);
-    ShowAndAnswerBoxes(*form);
-    acceptBox(); // the verdict
-    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
-        { QStringLiteral("Sí"), QStringLiteral("No") }, QStringLiteral("No"));
-    Click(*form, QStringLiteral("CBVolver"));
-    EXPECT_TRUE(isGone(form));
+    for (const bool byMenu : { false, true }) {
+        acceptAnyBox(); // there are no products
+        const QPointer<Form7> form = openToBeGone();
+        ASSERT_NE(form, nullptr);
+        ShowAndAnswerBoxes(*form);
+        if (byMenu) {
+            Choose(*form, QStringLiteral("MnuOpcSal"));
+        } else {
+            acceptAnyBox(); // the verdict
+            expectAgain(QStringLiteral("No"));
+            Click(*form, QStringLiteral("CBVolver"));
+        }
+        EXPECT_TRUE(isGone(form));
+    }
 }
 
 TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
@@ -764,63 +647,38 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
                        "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una "
                        "lista nueva."));
     ShowAndAnswerBoxes(*form_);
-    EXPECT_EQ(form_->List1->count(), 0);
+    EXPECT_EQ(form_->List1->LineCount(), 0);
     EXPECT_FALSE(form_->Timer1->isActive());
     EXPECT_EQ(form_->TBDinero->Text(), "05€");
     EXPECT_TRUE(std::filesystem::exists(path_)) << "a missing catalogue is made, empty";
 
-    ExpectInput(addTitle, namePrompt, QStringLiteral("Un bollo"));
-    ExpectInput(addTitle, pricePrompt, QStringLiteral("1"));
-    ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+    ExpectNewProduct({ "Un bollo", "1", "Panadería" });
     Press(Qt::Key_F2);
     EXPECT_EQ(form_->Task().Catalogue.size(), 1U) << "the empty entry has become the product";
-    EXPECT_EQ(form_->List1->count(), 0);
-    ExpectInput(numberTitle, numberPrompt, QStringLiteral("2"), QStringLiteral("4"));
+    EXPECT_EQ(form_->List1->LineCount(), 0);
+    expectLength(QStringLiteral("2"));
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral(
             "El catálogo solo tiene 1 producto, así que la lista de la compra es de 1 producto en lugar de 2."));
     Choose(*form_, QStringLiteral("MnuOpcNum"));
-    EXPECT_EQ(form_->List1->count(), 1);
+    EXPECT_EQ(form_->List1->LineCount(), 1);
     EXPECT_TRUE(form_->Timer1->isActive());
-}
-
-TEST_F(Form7Test, TheEditorOfAnEmptyCatalogueOpensFromTheWindow)
-{
-    const auto acceptNotice = [] { ExpectDialog([](QDialog& box) { box.accept(); }); };
-    acceptNotice();
-    ShowShopping(before_, clock_, shop_, true);
-    ASSERT_NE(openWindow<Form7>(), nullptr);
-    ShowAndAnswerBoxes(*openWindow<Form7>());
-    Press(Qt::Key_F3);
-    EXPECT_EQ(openWindow<Form7>(), nullptr);
-    auto* editor = openWindow<DLGProductos>();
-    ASSERT_NE(editor, nullptr);
-    EXPECT_EQ(editor->List1->model()->rowCount(), 1) << "the one empty entry";
-
-    acceptNotice();
-    Click(*editor, QStringLiteral("CancelButton"));
-    EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
-    ASSERT_NE(openWindow<Form7>(), nullptr);
-    openWindow<Form7>()->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
 {
     Form7& form = open(NumberedTable(4));
     for (const char* name : { "Un diamante", "Otro diamante" }) {
-        ExpectInput(addTitle, namePrompt, QString::fromUtf8(name));
-        ExpectInput(addTitle, pricePrompt, QStringLiteral("3e38"));
-        ExpectInput(addTitle, shopPrompt, QStringLiteral("Panadería"));
+        ExpectNewProduct({ name, "3e38", "Panadería" });
         Choose(form, QStringLiteral("MnuOpcAdd"));
     }
     EXPECT_TRUE(form.Timer1->isActive());
-    ExpectInput(numberTitle, numberPrompt, QStringLiteral("6"), QStringLiteral("4"));
+    expectLength(QStringLiteral("6"));
     ExpectMessage(QStringLiteral("Numbrela"),
         QStringLiteral("La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
                        "Corrige los precios del catálogo desde el menú Opciones."));
     Choose(form, QStringLiteral("MnuOpcNum"));
-    EXPECT_EQ(form.List1->count(), 0);
+    EXPECT_EQ(form.List1->LineCount(), 0);
     EXPECT_FALSE(form.Timer1->isActive());
     EXPECT_EQ(form.TBDinero->Text(), "05€");
     EXPECT_EQ(form.TBTiempo->Text(), "10 : 00");
@@ -834,7 +692,7 @@ TEST_F(Form7Test, TooFewProductsAreSaidOnce)
         QStringLiteral(
             "El catálogo solo tiene 3 productos, así que la lista de la compra es de 3 productos en lugar de 4."));
     ShowAndAnswerBoxes(*form_);
-    EXPECT_EQ(form_->List1->count(), 3);
+    EXPECT_EQ(form_->List1->LineCount(), 3);
     form_->hide();
     ShowAndActivate(*form_);
 }
@@ -852,9 +710,9 @@ TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
         dialog.accept();
     });
     ShowAndAnswerBoxes(*form_);
-    EXPECT_EQ(form_->List1->count(), 0);
+    EXPECT_EQ(form_->List1->LineCount(), 0);
     GoInto(*form_, QStringLiteral("Panadería"));
-    EXPECT_EQ(form_->LIDisponibles->count(), 0);
+    EXPECT_EQ(form_->LIDisponibles->LineCount(), 0);
 }
 
 TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
@@ -865,65 +723,59 @@ TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
 
 TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)
 {
-    Form7& form = open(TableOf({ { "Una barra de pan", 1000 }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
-    fillBasket(form, 1);
-    EXPECT_EQ(KindThrownBy([&form] { form.CbContinuar_Click(); }), RunTimeError::Kind::InvalidArgument);
-}
-
-TEST_F(Form7Test, MoreRowsThanTheColumnHoldsEndTheProgram)
-{
-    Form7& form = open(TableOf({ { "Una barra de pan", 1 }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
-    fillBasket(form, 115);
-    EXPECT_EQ(KindThrownBy([&form] { form.CbContinuar_Click(); }), RunTimeError::Kind::Overflow);
+    for (const auto& [price, units, kind] :
+        { std::tuple(1000.0F, 1, RunTimeError::Kind::InvalidArgument), { 1.0F, 115, RunTimeError::Kind::Overflow } }) {
+        Form7& form = open(TableOf({ { "Una barra de pan", price }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
+        fillBasket(form, units);
+        EXPECT_EQ(KindThrownBy([&form = form] { form.CbContinuar_Click(); }), kind);
+    }
 }
 
 TEST_F(Form7Test, AShopOfThousandsIsOfferedWhole)
 {
     const Form7& form = open(NumberedTable(3000));
     GoInto(form, QStringLiteral("Panadería"));
-    EXPECT_EQ(form.LIDisponibles->count(), 3000);
+    EXPECT_EQ(form.LIDisponibles->LineCount(), 3000);
     TakeFromShelf(form, QStringLiteral("Producto 2999"));
-    EXPECT_EQ(linesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
+    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
 }
 
 TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
 {
-    const std::string longName(90, 'm');
-    const Form7& form = open(TableOf(std::vector<ProductRow>(300, { longName, 1 })));
+    const Form7& form = open(TableOf(std::vector<ProductRow>(300, { std::string(90, 'm'), 1 })));
     GoInto(form, QStringLiteral("Panadería"));
     DoubleClickLine(*form.LIDisponibles, 299);
-    EXPECT_EQ(form.LICesta->count(), 1);
-
+    EXPECT_EQ(form.LICesta->LineCount(), 1);
     form.LICesta->setFocus();
     Press(Qt::Key_Delete);
     PressContinue(form);
     GoInto(form, QStringLiteral("Panadería"));
     QCoreApplication::processEvents();
-    EXPECT_GE(form.LIDisponibles->visualItemRect(form.LIDisponibles->item(0)).top(), 0);
+    EXPECT_GE(form.LIDisponibles->visualRect(form.LIDisponibles->model()->index(0, 0)).top(), 0);
 }
 
 TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
 {
-    SaveCatalogue(path_, NumberedTable(5));
-    ShowShopping(before_, clock_, shop_, true);
-    const QPointer<Form7> first = openWindow<Form7>();
+    acceptAnyBox(); // there are no products
+    const QPointer<Form7> first = openToBeGone();
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);
-    ShowAndActivate(*first);
+    ShowAndAnswerBoxes(*first);
     Press(Qt::Key_F3);
-    EXPECT_TRUE(first == nullptr || !first->isVisible());
-    auto* editor = openWindow<DLGProductos>();
+    EXPECT_TRUE(isGone(first));
+    const auto* editor = openWindow<DLGProductos>();
     ASSERT_NE(editor, nullptr);
     EXPECT_EQ(editor->Ruta, path_);
+    EXPECT_EQ(editor->List1->LineCount(), 1) << "the one empty entry";
 
     SaveCatalogue(path_, NumberedTable(1)); // what another teacher has saved meanwhile
-    ExpectDialog([](QDialog& box) { box.accept(); });
+    acceptAnyBox();
     Click(*editor, QStringLiteral("CancelButton"));
     EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
     const QPointer<Form7> second = openWindow<Form7>();
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(second->windowModality(), Qt::NonModal);
-    EXPECT_EQ(second->List1->count(), 1) << "the catalogue has been read anew";
+    EXPECT_EQ(second->List1->LineCount(), 1) << "the catalogue has been read anew";
     second->close();
     EXPECT_TRUE(isGone(second));
 }

@@ -36,33 +36,21 @@ protected:
     ShoppingTask task_;
 };
 
-TEST_F(HomeComingTest, WhoBoughtAllForTheRightMoneyIsPraised)
+// The money is compared exactly, without a tolerance.
+TEST_F(HomeComingTest, WhoBoughtAllHearsOfMoneyAndTime)
 {
-    const HomeComing home = task_.GoHome();
-    EXPECT_TRUE(home.Ended);
-    EXPECT_EQ(home.Title, "Vuelves a casa con tu compra");
-    EXPECT_EQ(home.Message, allBought + std::string("\nHas gastado justo el dinero necesario.") + inTime);
-}
-
-TEST_F(HomeComingTest, WhoSpentMoreHearsSo)
-{
-    task_.MoneyLeft = std::nextafter(25 - 23.4F, 0.0F);
-    EXPECT_EQ(task_.GoHome().Message, allBought + std::string("\npero has gastado más dinero del necesario") + inTime)
-        << "the comparison knows no tolerance";
-}
-
-TEST_F(HomeComingTest, WhoSpentLessHearsNothingOfMoney)
-{
-    task_.MoneyLeft = std::nextafter(25 - 23.4F, 9.0F);
-    EXPECT_EQ(task_.GoHome().Message, allBought + std::string(inTime));
-}
-
-TEST_F(HomeComingTest, WhoTookTooLongHearsSo)
-{
-    for (const int time : { 0, -1, -500 }) {
-        task_.TimeLeft = time;
-        EXPECT_EQ(
-            task_.GoHome().Message, allBought + std::string("\nHas gastado justo el dinero necesario.") + tooLate);
+    const float exact = 25 - 23.4F;
+    const char* justEnough = "\nHas gastado justo el dinero necesario.";
+    for (const auto& [left, verdict] : { std::pair(exact, justEnough), { std::nextafter(exact, 9.0F), "" },
+             { std::nextafter(exact, 0.0F), "\npero has gastado más dinero del necesario" } }) {
+        for (const int time : { 1, 0, -1, -500 }) {
+            task_.MoneyLeft = left;
+            task_.TimeLeft = time;
+            const HomeComing home = task_.GoHome();
+            EXPECT_TRUE(home.Ended);
+            EXPECT_EQ(home.Title, "Vuelves a casa con tu compra");
+            EXPECT_EQ(home.Message, allBought + std::string(verdict) + (time > 0 ? inTime : tooLate));
+        }
     }
 }
 

@@ -1,28 +1,25 @@
 #include "activities/shopping/screen/ListBox.h"
 
-#include "common/screen/KeyCodes.h"
-#include "tests/support/Driver.h"
+#include "activities/shopping/tests/ShopWalk.h"
 
 #include <gtest/gtest.h>
-
-#include <QTest>
 
 namespace numbrela {
 
 namespace {
 
 using namespace testing;
+using Lines = std::vector<std::string>;
 
 class ListBoxTest : public ::testing::Test {
 protected:
-    ListBoxTest()
-    {
-        QObject::connect(&list_, &ListBox::DblClick, &list_, [this] { ++doubleClicks_; });
-        list_.SetLines({ "uno", "dos", "tres" });
-    }
+    ListBoxTest() { list_.SetLines({ "uno", "dos", "tres" }); }
+
+    QRect placeOf(int line) const { return list_.visualRect(list_.model()->index(line, 0)); }
+    bool isSeen(int line) const { return list_.viewport()->rect().contains(placeOf(line).center()); }
 
     ListBox list_;
-    int doubleClicks_ = 0;
+    const std::string longName_ = "Una caja de lápices de colores con sacapuntas y goma de borrar";
 };
 
 TEST_F(ListBoxTest, NoLineIsSelectedUntilSomebodySelectsOne)
@@ -34,90 +31,103 @@ TEST_F(ListBoxTest, NoLineIsSelectedUntilSomebodySelectsOne)
     EXPECT_EQ(list_.SelectedLine(), 1);
     list_.SetLines({ "otra" });
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    EXPECT_EQ(LinesOf(list_), Lines { "otra" });
 }
 
 TEST_F(ListBoxTest, TheKeyboardBeginsAtTheFirstLineOrTheLast)
 {
-    struct Case {
-        int Key;
-        int Line;
-    };
-    for (const Case& c : { Case { Qt::Key_Down, 0 }, { Qt::Key_Up, 0 }, { Qt::Key_Space, 0 }, { Qt::Key_Home, 0 },
-             { Qt::Key_PageUp, 0 }, { Qt::Key_End, 2 }, { Qt::Key_PageDown, 2 } }) {
+    for (const auto& [key, line] : { std::pair(Qt::Key_Down, 0), { Qt::Key_Up, 0 }, { Qt::Key_Space, 0 },
+             { Qt::Key_Home, 0 }, { Qt::Key_PageUp, 0 }, { Qt::Key_End, 2 }, { Qt::Key_PageDown, 2 } }) {
         list_.SetLines({ "uno", "dos", "tres" });
         ShowAndActivate(list_);
-        Press(c.Key);
-        EXPECT_EQ(list_.SelectedLine(), c.Line) << c.Key;
-        Press(c.Line == 0 ? Qt::Key_Down : Qt::Key_Up);
-        EXPECT_EQ(list_.SelectedLine(), 1) << c.Key;
-    }
-}
-
-TEST_F(ListBoxTest, KeysInAnEmptyListSelectNothing)
-{
-    list_.SetLines({});
-    ShowAndActivate(list_);
-    for (const int key : { Qt::Key_Down, Qt::Key_End }) {
         Press(key);
-        EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+        EXPECT_EQ(list_.SelectedLine(), line) << key;
+        Press(line == 0 ? Qt::Key_Down : Qt::Key_Up);
+        EXPECT_EQ(list_.SelectedLine(), 1) << key;
+
+        list_.SetLines({});
+        Press(key);
+        list_.SelectLine(0);
+        EXPECT_EQ(list_.SelectedLine(), std::nullopt) << key;
     }
-    list_.SelectLine(0);
-    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
 
 TEST_F(ListBoxTest, ALineThatIsTooLongGoesOnBelow)
 {
-    const std::string longName = "Una caja de lápices de colores con sacapuntas y goma de borrar";
     list_.resize(200, 300);
-    list_.SetLines({ "uno", longName, "tres" });
+    list_.SetLines({ "uno", longName_, "tres" });
     ShowAndActivate(list_);
-    const auto heightOf = [this](int line) { return list_.visualItemRect(list_.item(line)).height(); };
-    EXPECT_GE(heightOf(1), 2 * list_.fontMetrics().lineSpacing());
-    EXPECT_LT(heightOf(0), 2 * list_.fontMetrics().lineSpacing());
-    EXPECT_LE(list_.visualItemRect(list_.item(1)).width(), list_.viewport()->width());
+    EXPECT_GE(placeOf(1).height(), 2 * list_.fontMetrics().lineSpacing());
+    EXPECT_LT(placeOf(0).height(), 2 * list_.fontMetrics().lineSpacing());
+    EXPECT_LE(placeOf(1).width(), list_.viewport()->width());
 
     list_.resize(900, 300);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) == heightOf(0); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return placeOf(1).height() == placeOf(0).height(); }));
     list_.resize(200, 300);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) > heightOf(0); }));
-    const int heightWhenWide = heightOf(1);
-    list_.resize(110, 300);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return heightOf(1) > heightWhenWide; }))
-        << "broken anew where it is too long still";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return placeOf(1).height() > placeOf(0).height(); }));
 }
 
 TEST_F(ListBoxTest, ALineFarDownAmongLongOnesIsBroughtIntoViewAtOnce)
 {
-    const std::string longName = "Una caja de lápices de colores con sacapuntas y goma de borrar";
     list_.resize(200, 300);
     ShowAndActivate(list_);
-    list_.SetLines(std::vector<std::string>(1000, longName));
+    list_.SetLines(Lines(1000, longName_));
     list_.SelectLine(999);
-    const auto isSeen = [this](int line) {
-        return list_.viewport()->rect().contains(list_.visualItemRect(list_.item(line)).center());
-    };
     EXPECT_TRUE(isSeen(999));
-
-    list_.SetLines(std::vector<std::string>(1000, longName));
+    list_.SetLines(Lines(1000, longName_));
     list_.scrollToTop();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !list_.visualItemRect(list_.item(999)).isEmpty(); }))
-        << "all of them are laid out, in time";
-    EXPECT_TRUE(isSeen(0));
-    list_.setFocus();
     Press(Qt::Key_End);
     EXPECT_TRUE(isSeen(999));
 }
 
-TEST_F(ListBoxTest, OnlyTheLeftButtonDoubleClicks)
+TEST_F(ListBoxTest, OnlyTheLeftButtonDoubleClicksWhereverInTheList)
 {
+    int doubleClicks = 0;
+    QObject::connect(&list_, &ListBox::doubleClicked, &list_, [&doubleClicks] { ++doubleClicks; });
     ShowAndActivate(list_);
-    const QPoint place = list_.visualItemRect(list_.item(1)).center();
-    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(doubleClicks_, 1);
+    DoubleClickLine(list_, 1);
+    EXPECT_EQ(doubleClicks, 1);
     EXPECT_EQ(list_.SelectedLine(), 1);
-    QTest::mouseDClick(list_.viewport(), Qt::RightButton, {}, place);
-    EXPECT_EQ(doubleClicks_, 1);
+    QTest::mouseDClick(list_.viewport(), Qt::RightButton, {}, placeOf(1).center());
+    EXPECT_EQ(doubleClicks, 1);
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, placeOf(2).bottomLeft() + QPoint(5, 20));
+    EXPECT_EQ(doubleClicks, 2) << "below the lines, too";
+    EXPECT_EQ(list_.SelectedLine(), 1);
+}
+
+TEST_F(ListBoxTest, SortsAsASpanishDictionaryDoesAndKnowsWhatEachLineIsAbout)
+{
+    const Lines sorted { "Ámbar", "ANÍS", "árbol", "azúcar", "chorizo", "cruasán", "dátil", "nuez", "Nuez moscada",
+        "ñora", "oca", "papa", "papá", "zumo" };
+    std::vector<ListLine> lines;
+    for (const int place : { 9, 13, 7, 8, 10, 0, 3, 1, 2, 5, 4, 6, 12, 11 }) {
+        lines.push_back({ sorted[static_cast<std::size_t>(place)], 100 + place });
+    }
+    list_.SetSortedLines(lines);
+    EXPECT_EQ(LinesOf(list_), sorted);
+    for (int line = 0; line < list_.LineCount(); ++line) {
+        EXPECT_EQ(list_.DataOf(line), 100 + line);
+        EXPECT_EQ(list_.LineOf(100 + line), line);
+    }
+}
+
+TEST_F(ListBoxTest, LeavesEqualLinesInTheirOrder)
+{
+    list_.SetSortedLines({ { "b", 0 }, { "a", 1 }, { "b", 2 }, { "a", 3 }, { "A", 4 } });
+    for (const auto& [line, data] : { std::pair(0, 1), { 1, 3 }, { 2, 4 }, { 3, 0 }, { 4, 2 } }) {
+        EXPECT_EQ(list_.DataOf(line), data);
+    }
+}
+
+TEST_F(ListBoxTest, ARewrittenLineStaysWhereItIsUntilAllAreSortedAgain)
+{
+    list_.SetSortedLines({ { "a", 0 }, { "b", 1 }, { "c", 2 } });
+    list_.RewriteLine(0, "z");
+    EXPECT_EQ(LinesOf(list_), (Lines { "z", "b", "c" }));
+    EXPECT_EQ(list_.LineOf(0), 0);
+    list_.SetSortedLines({ { "z", 0 }, { "b", 1 }, { "c", 2 } });
+    EXPECT_EQ(LinesOf(list_), (Lines { "b", "c", "z" }));
+    EXPECT_EQ(list_.LineOf(0), 2);
 }
 
 } // namespace

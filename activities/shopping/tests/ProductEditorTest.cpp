@@ -116,15 +116,6 @@ TEST(EditBoxes, LeaveAnInfinitePriceThatNobodyTouched)
     EXPECT_FALSE(editor.WriteBack({ "a", "b", "infinito" }));
 }
 
-TEST(Adding, FillsTheEmptyEntryInsteadOfAddingASecondOne)
-{
-    ProductEditor editor;
-    EXPECT_EQ(editor.Add(bread), 0);
-    EXPECT_EQ(editor.Table, ProductTable { bread });
-    EXPECT_EQ(editor.Add(paper), 1);
-    EXPECT_EQ(editor.Table, (ProductTable { bread, paper }));
-}
-
 TEST(Adding, KeepsWhatTheBoxesShowUnlessItWasTheEmptyEntry)
 {
     ProductEditor editor;
@@ -151,16 +142,13 @@ TEST(Adding, KeepsWhatTheBoxesShowBesideAProductWithoutAName)
     EXPECT_EQ(editor.Table, (ProductTable { paper, ProductOf("Un bollo", "Panadería", 1) }));
 }
 
-TEST(Adding, StopsWhenTheCatalogueIsFull)
+TEST(Adding, StopsWhenTheCatalogueIsFullAndKeepsTheSelection)
 {
     ProductEditor editor = editorOf(ProductTable(MostProducts, bread));
-    try {
-        editor.Add(paper);
-        ADD_FAILURE() << "added";
-    } catch (const RunTimeError& error) {
-        EXPECT_STREQ(error.what(), "El catálogo está lleno: no caben más de 32767 productos.");
-    }
+    editor.Select(0, 0);
+    EXPECT_THROW(editor.Add(paper), RunTimeError);
     EXPECT_EQ(editor.Table.size(), 32767U);
+    EXPECT_TRUE(editor.Editing);
 }
 
 TEST(Changing, TakesOverTheAnswersThatAreNotEmpty)
@@ -264,12 +252,16 @@ TEST(Deleting, LeavesTheOnlyProductWithThePriceZeroUntilTheCatalogueIsLoadedAgai
     EXPECT_TRUE(IsEmpty(LoadCatalogue(folder / "productos.dat")));
 }
 
-TEST(Deleting, LeavesAProductWithThePriceZeroThatIsNotTheEmptyEntry)
+TEST(Deleting, LeavesAProductWithThePriceZeroThatIsNotTheEmptyEntryAndTheEmptyEntryEmpty)
 {
     ProductEditor editor = editorOf({ bread });
     editor.Delete(0, 0);
     EXPECT_EQ(editor.Add(paper), 1);
     EXPECT_EQ(editor.Table.size(), 2U);
+
+    ProductEditor empty;
+    EXPECT_EQ(empty.Delete(0, 0), 0);
+    EXPECT_TRUE(IsEmpty(empty.Table));
 }
 
 // Two of them on one catalogue.
@@ -339,13 +331,6 @@ TEST_F(SavingTest, StopsAtAFileThatHasVanished)
     EXPECT_TRUE(folder_.Names().empty());
     EXPECT_TRUE(mine_.SaveOverOthers(path_));
     EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper }));
-}
-
-TEST(Deleting, LeavesTheEmptyEntryEmpty)
-{
-    ProductEditor editor;
-    EXPECT_EQ(editor.Delete(0, 0), 0);
-    EXPECT_TRUE(IsEmpty(editor.Table));
 }
 
 } // namespace

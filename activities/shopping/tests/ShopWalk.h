@@ -9,6 +9,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace numbrela::testing {
@@ -29,28 +31,40 @@ inline std::string FocusIn(const Form7& form)
     return form.focusWidget() == nullptr ? std::string() : form.focusWidget()->objectName().toStdString();
 }
 
-inline int LineOf(const ListBox& list, const QString& text)
+inline std::vector<std::string> LinesOf(const ListBox& list)
 {
-    for (int line = 0; line < list.count(); ++line) {
-        if (list.item(line)->text() == text) {
-            return line;
-        }
+    std::vector<std::string> lines;
+    for (int line = 0; line < list.LineCount(); ++line) {
+        lines.push_back(list.model()->index(line, 0).data().toString().toStdString());
     }
-    ADD_FAILURE() << "no line \"" << text.toStdString() << '"';
-    return 0;
+    return lines;
+}
+
+// Where the middle of a line is seen, once it has been brought into view.
+inline QPoint PlaceOfLine(ListBox& list, int line)
+{
+    const QModelIndex index = list.model()->index(line, 0);
+    list.scrollTo(index);
+    return list.visualRect(index).center();
+}
+
+inline void ClickLine(ListBox& list, int line)
+{
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, PlaceOfLine(list, line));
 }
 
 inline void DoubleClickLine(ListBox& list, int line)
 {
-    list.scrollTo(list.model()->index(line, 0));
-    const QPoint place = list.visualItemRect(list.item(line)).center();
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
+    ClickLine(list, line);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, PlaceOfLine(list, line));
 }
 
 inline void TakeFromShelf(const Form7& form, const QString& product)
 {
-    DoubleClickLine(*form.LIDisponibles, LineOf(*form.LIDisponibles, product));
+    const std::vector<std::string> shelf = LinesOf(*form.LIDisponibles);
+    const auto line = std::find(shelf.begin(), shelf.end(), product.toStdString());
+    ASSERT_NE(line, shelf.end()) << product.toStdString();
+    DoubleClickLine(*form.LIDisponibles, static_cast<int>(line - shelf.begin()));
 }
 
 inline void GoInto(const Form7& form, const QString& shop)
@@ -67,6 +81,31 @@ inline void GoInto(const Form7& form, const QString& shop)
 inline void PressContinue(const Form7& form)
 {
     Click(form, QStringLiteral("CbContinuar"));
+}
+
+// The questions after a new product, which both windows ask: answers for as many of them as are asked. A null one is
+// cancelled.
+inline void ExpectNewProduct(const std::vector<const char*>& answers)
+{
+    const QString title = QStringLiteral("Añadir producto");
+    const std::array<QString, 3> prompts { QStringLiteral("Nombre del producto"),
+        QStringLiteral("Precio del producto:"), QStringLiteral("¿En qué tiendas se vende?: ") };
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        if (answers[i] != nullptr) {
+            ExpectInput(title, prompts.at(i), QString::fromUtf8(answers[i]));
+        } else {
+            ExpectInputCancelled(title, prompts.at(i), QStringLiteral("3"));
+        }
+    }
+}
+
+// Answers that add nothing: one is left empty, one is cancelled, or the price is no number above zero.
+inline const std::vector<std::vector<const char*>>& IncompleteProducts()
+{
+    static const std::vector<std::vector<const char*>> answers { { "" }, { nullptr }, { "a", nullptr },
+        { "a", "3", "" }, { "a", "3", nullptr }, { "a", "" }, { "a", "caro" }, { "a", "0" }, { "a", "-1" },
+        { "a", "1,2,3" }, { "a", "2 euros" }, { "a", "1,5 €" }, { "a", "1e39" }, { "a", "1e400" } };
+    return answers;
 }
 
 // An amount as a careful pupil writes it: whole cents, two decimals.

@@ -27,8 +27,12 @@ TEST(AskYesNoTest, ItAnswersWhichButtonWasPressed)
     EXPECT_FALSE(AskYesNo(nullptr, question.toStdString()));
 }
 
-TEST(AskYesNoTest, EnterMeansYesAndEscapeNo)
+TEST(AskYesNoTest, EnterMeansYesOrWhatIsNamedAndEscapeNo)
 {
+    for (const auto& [onEnter, yes] : { std::pair(Answer::Yes, true), { Answer::No, false } }) {
+        ExpectDialog([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        EXPECT_EQ(AskYesNo(nullptr, question.toStdString(), title.toStdString(), onEnter), yes);
+    }
     ExpectDialog([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
     EXPECT_TRUE(AskYesNo(nullptr, question.toStdString()));
     ExpectDialog([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
