@@ -35,12 +35,6 @@ protected:
 
 constexpr char16_t backspace = 8;
 
-TEST_F(WorkingGridTest, BeginsWithABlankTheDividendAndTwoThousandBlanks)
-{
-    EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
-    EXPECT_EQ(rowsOf(Grid), Rows { " 97,25" });
-}
-
 TEST_F(WorkingGridTest, BeginsWithTheCaretBelowTheFirstDigitOfTheDividend)
 {
     for (const char* dividend : { "97,25", "8", "" }) {
@@ -58,8 +52,9 @@ TEST_F(WorkingGridTest, BeginsWithTheCaretBelowTheFirstDigitOfTheDividend)
     EXPECT_EQ(rowsOf(Grid), (Rows { " -97", "  5" }));
 }
 
-TEST_F(WorkingGridTest, IsCutIntoRowsOfItsWidth)
+TEST_F(WorkingGridTest, BeginsWithABlankTheDividendAndTwoThousandBlanksCutIntoRowsOfItsWidth)
 {
+    EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
     EXPECT_EQ(Grid.Row(0), u" 97,25  ");
     EXPECT_EQ(Grid.Row(1), u"        ");
     EXPECT_EQ(Grid.Row(250), u"      ") << "2006 cells end with six of them";
@@ -80,22 +75,18 @@ TEST_F(WorkingGridTest, KnowsItsLastWrittenRow)
 
 // ------------------------------------------------------------------------------------------------------------ arrows
 
-TEST_F(WorkingGridTest, ArrowsStepOverTheCommaInEveryRow)
+TEST_F(WorkingGridTest, ArrowsMoveByACellAndOverTheCommaOfEveryRow)
 {
-    for (const int row : { 0, 1, 2, 17 }) {
-        const int first = 8 * row;
-        std::vector<int> toTheRight;
-        for (Grid.MoveCaretTo(first); Grid.Caret < first + 8; Grid.StepRight()) {
-            toTheRight.push_back(Grid.Caret - first);
+    for (const int comma : { -1, 3, 8 }) { // a row of eight cells has no column 8
+        Grid.CommaColumn = comma;
+        for (int cell = 1; cell < 2005; ++cell) {
+            Grid.MoveCaretTo(cell);
+            Grid.StepRight();
+            ASSERT_EQ(Grid.Caret, (cell + 1) % 8 == comma ? cell + 2 : cell + 1) << cell << ", comma " << comma;
+            Grid.MoveCaretTo(cell);
+            Grid.StepLeft();
+            ASSERT_EQ(Grid.Caret, (cell - 1) % 8 == comma ? cell - 2 : cell - 1) << cell << ", comma " << comma;
         }
-        EXPECT_EQ(toTheRight, (std::vector<int> { 0, 1, 2, 4, 5, 6, 7 }));
-        EXPECT_EQ(Grid.Caret, first + 8) << "on to the next row";
-
-        std::vector<int> toTheLeft;
-        for (Grid.StepLeft(); Grid.Caret > first; Grid.StepLeft()) {
-            toTheLeft.push_back(Grid.Caret - first);
-        }
-        EXPECT_EQ(toTheLeft, (std::vector<int> { 7, 6, 5, 4, 2, 1 }));
     }
 }
 
@@ -115,52 +106,31 @@ TEST_F(WorkingGridTest, ArrowsStopAtTheEndsOfTheText)
     EXPECT_EQ(Grid.Caret, 2006);
 }
 
-TEST_F(WorkingGridTest, ArrowsSkipNothingWhereTheRowHasNoComma)
-{
-    for (const int commaColumn : { -1, 8 }) {
-        Grid.CommaColumn = commaColumn;
-        Grid.MoveCaretTo(0);
-        for (int cell = 0; cell < 20; ++cell) {
-            EXPECT_EQ(Grid.Caret, cell);
-            Grid.StepRight();
-        }
-        for (int cell = 20; cell > 0; --cell) {
-            EXPECT_EQ(Grid.Caret, cell);
-            Grid.StepLeft();
-        }
-    }
-}
-
-TEST_F(WorkingGridTest, MovesTheCaretByRowsWithinItsColumn)
+TEST_F(WorkingGridTest, MovesTheCaretByRowsWithinItsColumnAsFarAsThereAreRows)
 {
     Grid.MoveCaretTo(5);
-    Grid.MoveCaretByRows(-1);
-    EXPECT_EQ(Grid.Caret, 5) << "there is no row above";
-    Grid.MoveCaretByRows(1);
-    EXPECT_EQ(Grid.Caret, 13);
-    Grid.MoveCaretByRows(19);
-    EXPECT_EQ(Grid.Caret, 165);
-    Grid.MoveCaretByRows(-1);
-    EXPECT_EQ(Grid.Caret, 157);
-    Grid.MoveCaretByRows(1000);
-    EXPECT_EQ(Grid.Caret, 2005) << "the last row";
-    Grid.MoveCaretByRows(-1000);
-    EXPECT_EQ(Grid.Caret, 5);
+    const std::pair<int, int> moves[]
+        = { { -1, 5 }, { 1, 13 }, { 19, 165 }, { -1, 157 }, { 1000, 2005 }, { -1000, 5 } };
+    for (const auto& [rows, caret] : moves) {
+        Grid.MoveCaretByRows(rows);
+        EXPECT_EQ(Grid.Caret, caret) << "after " << rows;
+    }
 }
 
 // ------------------------------------------------------------------------------------------------------------ typing
 
-TEST_F(WorkingGridTest, WritesOverWhatStandsThere)
+TEST_F(WorkingGridTest, WritesAnyCharacterOverWhatStandsThereAndABlankForBackspaceAndPoint)
 {
-    Grid.MoveCaretTo(8);
-    Grid.TypeCharacter(u'1');
-    Grid.TypeCharacter(u'2');
-    EXPECT_EQ(rowText(Grid, 1), "12");
-    EXPECT_EQ(Grid.Caret, 10);
-    Grid.MoveCaretTo(8);
-    Grid.TypeCharacter(u'7');
-    EXPECT_EQ(rowText(Grid, 1), "72");
-    EXPECT_EQ(Grid.Text.size(), 2006U);
+    for (const char16_t character : std::u16string(u"7-,xñ÷ .\b")) {
+        typeRow(Grid, 1, "12");
+        EXPECT_EQ(Grid.Caret, 10);
+        Grid.MoveCaretTo(8);
+        Grid.TypeCharacter(character);
+        const bool isWritten = character != u'.' && character != backspace;
+        EXPECT_EQ(Grid.Row(1), std::u16string(1, isWritten ? character : u' ') + u"2      ") << int { character };
+        EXPECT_EQ(Grid.Caret, 9);
+        EXPECT_EQ(Grid.Text.size(), 2006U);
+    }
 }
 
 TEST_F(WorkingGridTest, StepsOverTheCommaAsItWrites)
@@ -191,47 +161,17 @@ TEST_F(WorkingGridTest, TheDividendsRowTakesNoWriting)
     EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
 }
 
-TEST_F(WorkingGridTest, BackspaceAndPointWriteBlanks)
+TEST_F(WorkingGridTest, TheEndOfTheTextTakesNoWritingNorDoesACommasColumnThere)
 {
-    for (const char16_t character : { u' ', u'.', backspace }) {
-        typeRow(Grid, 1, "12");
-        Grid.MoveCaretTo(8);
-        Grid.TypeCharacter(character);
-        EXPECT_EQ(rowText(Grid, 1), " 2");
-        EXPECT_EQ(Grid.Caret, 9);
-        EXPECT_EQ(Grid.Text.size(), 2006U);
+    for (const int comma : { 5, -1 }) { // column 5 is that of the last of the 2006 cells
+        Grid.CommaColumn = comma;
+        Grid.MoveCaretTo(2005);
+        for (int times = 0; times < 5; ++times) {
+            Grid.TypeCharacter(u'8');
+            EXPECT_EQ(Grid.Caret, 2006);
+        }
+        EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(1999, u' ') + (comma == 5 ? u' ' : u'8'));
     }
-}
-
-TEST_F(WorkingGridTest, TakesAnyCharacterAsItIs)
-{
-    Grid.MoveCaretTo(8);
-    for (const char16_t character : std::u16string(u"-,xñ÷")) {
-        Grid.TypeCharacter(character);
-    }
-    EXPECT_EQ(Grid.Row(1), u"-,x ñ÷  ");
-}
-
-TEST_F(WorkingGridTest, TheEndOfTheTextTakesNoWriting)
-{
-    withoutComma();
-    const std::size_t size = Grid.Text.size();
-    Grid.MoveCaretTo(static_cast<int>(size) - 1);
-    for (int times = 0; times < 5; ++times) {
-        Grid.TypeCharacter(u'8');
-        EXPECT_EQ(Grid.Text.size(), size);
-        EXPECT_EQ(Grid.Caret, static_cast<int>(size));
-    }
-    EXPECT_EQ(Grid.Text.back(), u'8');
-}
-
-TEST_F(WorkingGridTest, ACommasColumnAtTheEndOfTheTextTakesNoWriting)
-{
-    Grid.CommaColumn = 5; // the column of the last of the 2006 cells
-    Grid.MoveCaretTo(2005);
-    Grid.TypeCharacter(u'8');
-    EXPECT_EQ(Grid.Caret, 2006);
-    EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
 }
 
 // ---------------------------------------------------------------------------------------------------------- row value
@@ -239,31 +179,10 @@ TEST_F(WorkingGridTest, ACommasColumnAtTheEndOfTheTextTakesNoWriting)
 TEST_F(WorkingGridTest, ReadsTheNumberThatARowBeginsWith)
 {
     withoutComma();
-    const std::pair<const char*, double> cases[] = {
-        { "15", 15 },
-        { "  1 5", 15 },
-        { "   1 5 ", 15 },
-        { "      15", 15 },
-        { "007", 7 },
-        { "0", 0 },
-        { "-7", -7 },
-        { "  - 7", -7 },
-        { "-1 2 3", -123 },
-        { "--7", 0 },
-        { "7-", 7 },
-        { "7-2", 7 },
-        { "3,14", 3 },
-        { ",5", 0 },
-        { "1e5", 1 },
-        { "+5", 0 },
-        { "5+5", 5 },
-        { "12a34", 12 },
-        { "a12", 0 },
-        { "-a1", 0 },
-        { "x", 0 },
-        { "", 0 },
-        { "99999999", 99999999 },
-    };
+    const std::pair<const char*, double> cases[] = { { "15", 15 }, { "  1 5", 15 }, { "   1 5 ", 15 },
+        { "      15", 15 }, { "007", 7 }, { "0", 0 }, { "-7", -7 }, { "  - 7", -7 }, { "-1 2 3", -123 }, { "--7", 0 },
+        { "7-", 7 }, { "7-2", 7 }, { "3,14", 3 }, { ",5", 0 }, { "1e5", 1 }, { "+5", 0 }, { "5+5", 5 }, { "12a34", 12 },
+        { "a12", 0 }, { "-a1", 0 }, { "x", 0 }, { "", 0 }, { "99999999", 99999999 } };
     for (const auto& [text, value] : cases) {
         Grid.Begin("97");
         typeRow(Grid, 1, text);
@@ -272,8 +191,7 @@ TEST_F(WorkingGridTest, ReadsTheNumberThatARowBeginsWith)
     EXPECT_EQ(Grid.RowValue(5000), 0) << "below the paper";
     Grid.Begin("97,25");
     EXPECT_EQ(Grid.RowValue(0), 97);
-    Grid.MoveCaretTo(8);
-    Grid.TypeCharacter(u'1');
+    typeRow(Grid, 1, "1");
     Grid.TypeCharacter(u'\u0661'); // an Arabic-Indic digit
     EXPECT_EQ(Grid.RowValue(1), 1);
 }
@@ -335,20 +253,15 @@ TEST_F(WorkingGridTest, TheShiftBeginsWhereALineReachesTheCommaAndEndsWhereOneBe
     EXPECT_EQ(rowText(next, 1), "  37");
 }
 
-TEST_F(WorkingGridTest, APartedLineThatFillsItsRowGivesItsLastCellToTheNext)
+TEST_F(WorkingGridTest, APartedLineThatFillsItsRowWritesItsLastCellOverTheNext)
 {
-    Grid.WriteWorkingLine("123456", 7, 1);
-    EXPECT_EQ(Grid.Row(1), u"  1 2345");
-    EXPECT_EQ(rowText(Grid, 2), "6");
-    EXPECT_EQ(Grid.Text.size(), 8U + 2U + 6U + 2000U) << "parting makes it no longer";
-}
-
-TEST_F(WorkingGridTest, APartedLineThatRunsIntoTheNextRowIsWrittenOverThere)
-{
-    Grid.WriteWorkingLine("1234567", 8, 1);
-    EXPECT_EQ(Grid.Row(1), u"  1 2345");
-    EXPECT_EQ(rowText(Grid, 2), "6") << "where the 7 was";
-    EXPECT_EQ(Grid.Text.size(), 8U + 2U + 7U + 2000U);
+    for (const std::string& line : { std::string("123456"), std::string("1234567") }) { // 6 is written over 7
+        Grid.Begin("97,25");
+        Grid.WriteWorkingLine(line, static_cast<int>(line.size()) + 1, 1);
+        EXPECT_EQ(Grid.Row(1), u"  1 2345") << line;
+        EXPECT_EQ(rowText(Grid, 2), "6") << line;
+        EXPECT_EQ(Grid.Text.size(), 8U + 2U + line.size() + 2000U) << "parting makes it no longer";
+    }
 }
 
 // What stands on the comma is looked for from where the line would have begun without the shift: on the dividend's row
