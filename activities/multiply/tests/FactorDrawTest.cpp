@@ -1,5 +1,6 @@
 #include "activities/multiply/core/Multiplication.h"
 
+#include "tests/support/OptionCaptions.h"
 #include "tests/support/ScriptedRandom.h"
 
 #include <gtest/gtest.h>
@@ -16,6 +17,7 @@ namespace numbrela {
 namespace {
 
 using numbrela::testing::DrawOfDigits;
+using numbrela::testing::OptionCaptions;
 using numbrela::testing::ScriptedRandom;
 
 constexpr double least = 0;
@@ -48,16 +50,11 @@ TEST(FactorDraw, StartsWithOneDigitAndOneDecimalOfAnyDigits)
 {
     ScriptedRandom random { DrawOfDigits(73, 2), DrawOfDigits(46, 2) };
     Multiplication exercise(random);
-    EXPECT_EQ(exercise.Digits1, 1);
-    EXPECT_EQ(exercise.Digits2, 1);
-    EXPECT_EQ(exercise.Decimals1, 1);
-    EXPECT_EQ(exercise.Decimals2, 1);
     EXPECT_TRUE(exercise.AnyDigits);
     EXPECT_EQ(exercise.SelectedTables, "");
     EXPECT_FALSE(exercise.HideZeros);
     EXPECT_TRUE(exercise.Score.Scorable);
     EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
-
     exercise.NewMultiplication();
     EXPECT_EQ(exercise.Factor1Text(), "7,3");
     EXPECT_EQ(exercise.Factor2Text(), "4,6");
@@ -76,7 +73,6 @@ TEST(FactorDraw, OffersOneToTenDigitsAndNoneToFiveDecimals)
 TEST(FactorDraw, DrawsAgainUntilFirstAndLastDigitAreNotZero)
 {
     DrawCase cases[] = {
-        { "one after the other", 1, 1, { DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
         { "the least draw of all", 1, 1, { least, DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
         { "one digit too few", 1, 1, { DrawOfDigits(9, 2), DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
         { "one digit too many", 1, 1, { greatest, DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
@@ -108,14 +104,21 @@ TEST(FactorDraw, DrawsAgainUntilFirstAndLastDigitAreNotZero)
     }
 }
 
-TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimals)
+TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimalsAndTheScoreIsLeftAlone)
 {
-    ScriptedRandom random { DrawOfDigits(12345, 5), DrawOfDigits(67, 2) };
-    Multiplication exercise(random);
-    setOptions(exercise, 2, 3, 2, 0);
-    exercise.NewMultiplication();
-    EXPECT_EQ(exercise.Factor1Text(), "12,345");
-    EXPECT_EQ(exercise.Factor2Text(), "67");
+    for (const bool scorable : { true, false }) {
+        ScriptedRandom random { DrawOfDigits(12345, 5), DrawOfDigits(67, 2) };
+        Multiplication exercise(random);
+        setOptions(exercise, 2, 3, 2, 0);
+        exercise.Score.ExerciseCount = 8;
+        exercise.Score.ErrorCount = 5;
+        exercise.Score.Scorable = scorable;
+        exercise.NewMultiplication();
+        EXPECT_EQ(exercise.Factor1Text(), "12,345");
+        EXPECT_EQ(exercise.Factor2Text(), "67");
+        EXPECT_EQ(exercise.Score.Scorable, scorable);
+        EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  8; Errores:  5");
+    }
 }
 
 // Every tenth of the draw once.
@@ -222,20 +225,6 @@ TEST(FactorDraw, TheEdgesOfTheLongestDrawDoNotOverflow)
     EXPECT_EQ(exercise.Factor2Text(), "5000000000,00001");
 }
 
-TEST(FactorDraw, LeavesTheScoreAlone)
-{
-    for (const bool scorable : { true, false }) {
-        SeededRandom random(5);
-        Multiplication exercise(random);
-        exercise.Score.ExerciseCount = 8;
-        exercise.Score.ErrorCount = 5;
-        exercise.Score.Scorable = scorable;
-        exercise.NewMultiplication();
-        EXPECT_EQ(exercise.Score.Scorable, scorable);
-        EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  8; Errores:  5");
-    }
-}
-
 // ------------------------------------------------------------------------------------------------------ from tables
 
 struct TableCase {
@@ -245,22 +234,6 @@ struct TableCase {
     int Decimals;
     const char* Picks; // the characters drawn one after the other, the first one from the tables alone
     const char* Factor2;
-};
-
-// Draws that a test has worked out.
-class ListedRandom : public RandomSource {
-public:
-    explicit ListedRandom(std::vector<double> draws)
-        : draws_(std::move(draws))
-    {
-    }
-    double Next() override { return draws_.at(Drawn++); }
-    float NextSingle() override { return static_cast<float>(Next()); }
-
-    std::size_t Drawn = 0;
-
-private:
-    std::vector<double> draws_;
 };
 
 TEST(FactorDraw, DrawsTheSecondFactorFromTheChosenTables)
@@ -284,7 +257,7 @@ TEST(FactorDraw, DrawsTheSecondFactorFromTheChosenTables)
         for (const char digit : std::string(picks).substr(1)) {
             draws.push_back(pick(digit, std::string("0") + tables));
         }
-        ListedRandom random(draws);
+        ScriptedRandom random(draws);
         Multiplication exercise(random);
         setOptions(exercise, 1, 0, digits, decimals);
         exercise.ChooseTables(tables);
@@ -292,34 +265,28 @@ TEST(FactorDraw, DrawsTheSecondFactorFromTheChosenTables)
         EXPECT_EQ(exercise.Factor1, 6);
         EXPECT_EQ(exercise.Factor2Text(), factor2);
         EXPECT_EQ(exercise.Product, exercise.Factor2 * exercise.Factor1);
-        EXPECT_EQ(random.Drawn, draws.size());
+        EXPECT_TRUE(random.AllDrawn());
     }
 }
 
-TEST(FactorDraw, TheEdgesOfTheDrawTakeTheFirstAndTheLastTable)
-{
-    ScriptedRandom random { 0.55, least, greatest, least, greatest };
-    Multiplication exercise(random);
-    setOptions(exercise, 1, 0, 4, 0);
-    exercise.ChooseTables("237");
-    exercise.NewMultiplication();
-    EXPECT_EQ(exercise.Factor2, 2707);
-}
-
 // Three times the greatest draw below 1 is 3 in single precision: one more than the tables have.
-TEST(FactorDraw, TheGreatestDrawTakesTheLastOfTablesHoweverMany)
+TEST(FactorDraw, TheEdgesOfTheDrawTakeTheFirstAndTheLastOfTablesHoweverMany)
 {
-    struct Row {
+    const struct {
         const char* Tables;
-        double Factor;
-    };
-    for (const Row& row : { Row { "2", 22 }, { "23", 33 }, { "237", 77 }, { "23789", 99 }, { "123456789", 99 } }) {
-        ScriptedRandom random { 0.55, greatest, greatest };
+        double FromLeast;
+        double FromGreatest;
+    } cases[] = { { "2", 2202, 2202 }, { "23", 2303, 3303 }, { "237", 2707, 7707 }, { "23789", 2909, 9909 },
+        { "123456789", 1909, 9909 } };
+    for (const auto& [tables, fromLeast, fromGreatest] : cases) {
+        ScriptedRandom random { 0.55, least, greatest, least, greatest, 0.55, greatest, greatest, least, greatest };
         Multiplication exercise(random);
-        setOptions(exercise, 1, 0, 2, 0);
-        exercise.ChooseTables(row.Tables);
+        setOptions(exercise, 1, 0, 4, 0);
+        exercise.ChooseTables(tables);
         exercise.NewMultiplication();
-        EXPECT_EQ(exercise.Factor2, row.Factor) << row.Tables;
+        EXPECT_EQ(exercise.Factor2, fromLeast) << tables;
+        exercise.NewMultiplication();
+        EXPECT_EQ(exercise.Factor2, fromGreatest) << tables;
     }
 }
 
@@ -370,52 +337,22 @@ TEST(FactorDraw, EveryDigitOfTheTablesIsEquallyLikely)
     }
 }
 
-TEST(FactorDraw, WithTheTableOfFiveAloneDigitsAreZeroOrFive)
-{
-    SeededRandom random(3);
-    Multiplication exercise(random);
-    setOptions(exercise, 1, 1, 3, 0);
-    exercise.ChooseTables("5");
-    bool endedInZero = false;
-    for (int i = 0; i < 200; ++i) {
-        exercise.NewMultiplication();
-        const std::string text = exercise.Factor2Text();
-        ASSERT_EQ(text.size(), 3U);
-        ASSERT_EQ(text.front(), '5');
-        ASSERT_EQ(text.find_first_not_of("05"), std::string::npos);
-        endedInZero = endedInZero || text.back() == '0';
-    }
-    EXPECT_TRUE(endedInZero);
-
-    exercise.Decimals2 = 1;
-    for (int i = 0; i < 200; ++i) {
-        exercise.NewMultiplication();
-        ASSERT_EQ(exercise.Factor2Text().size(), 5U);
-        ASSERT_EQ(exercise.Factor2Text().back(), '5');
-    }
-}
-
 TEST(FactorDraw, ChoosingTablesAndNoneSwitchesBetweenTheTwoWays)
-{
-    SeededRandom random(3);
-    Multiplication exercise(random);
-    exercise.ChooseTables("237");
-    EXPECT_FALSE(exercise.AnyDigits);
-    EXPECT_EQ(exercise.SelectedTables, "237");
-    exercise.ChooseTables("");
-    EXPECT_TRUE(exercise.AnyDigits);
-    EXPECT_EQ(exercise.SelectedTables, "");
-}
-
-TEST(FactorDraw, TablesKeptWhileAnyDigitGoesAreNotDrawnFrom)
 {
     ScriptedRandom random { DrawOfDigits(6, 1), DrawOfDigits(8, 1) };
     Multiplication exercise(random);
+    exercise.ChooseTables("5");
+    EXPECT_FALSE(exercise.AnyDigits);
+    EXPECT_EQ(exercise.SelectedTables, "5");
+    exercise.ChooseTables("");
+    EXPECT_TRUE(exercise.AnyDigits);
+    EXPECT_EQ(exercise.SelectedTables, "");
+
     setOptions(exercise, 1, 0, 1, 0);
     exercise.ChooseTables("5");
     exercise.AnyDigits = true;
     exercise.NewMultiplication();
-    EXPECT_EQ(exercise.Factor2, 8);
+    EXPECT_EQ(exercise.Factor2, 8) << "tables kept while any digit goes are not drawn from";
     EXPECT_TRUE(random.AllDrawn());
 }
 
