@@ -100,41 +100,30 @@ struct AnswerCase {
     bool Right;
 };
 
-TEST(Multiplication, ComparesTheResultAsANumber)
+void expectVerdicts(const std::vector<AnswerCase>& cases)
 {
-    const AnswerCase cases[] = {
-        { "0,5", "0,5", "0,25", true },
-        { "0,5", "0,5", "0,250", true },
-        { "0,5", "0,5", "0.25", true },
-        { "0,5", "0,5", ",25", true },
-        { "0,5", "0,5", " 0,25 ", true },
-        { "0,5", "0,5", "0,25 euros", true },
-        { "0,5", "0,5", "+0,25", true },
-        { "0,5", "0,5", "2,5e-1", true },
-        { "0,5", "0,5", "-0,25", false },
-        { "0,5", "0,5", "0,26", false },
-        { "0,5", "0,5", "025", false },
-        { "0,5", "0,5", "", false },
-        { "7,3", "4,6", "33,58", true },
-        { "7", "123", "861", true },
-        { "12,5", "100", "1250", true },
-        { "12,5", "100", "1.250", false }, // the point is a decimal point here
-        { "12,5", "100", "1.250,0", false },
-        { "0", "5", "", true },
-        { "0", "5", "hola", true },
-        { "-3", "4", "-12", true },
-        { "-3", "4", "12", false },
-    };
     for (const auto& [factor1, factor2, answer, right] : cases) {
         EXPECT_EQ(TypedExercise(factor1, factor2).Exercise.Judge(answer, "").Right, right)
             << factor1 << " x " << factor2 << ": " << answer;
     }
 }
 
+// A point is a decimal point here.
+TEST(Multiplication, ComparesTheResultAsANumber)
+{
+    expectVerdicts({ { "0,5", "0,5", "0,25", true }, { "0,5", "0,5", "0,250", true }, { "0,5", "0,5", "0.25", true },
+        { "0,5", "0,5", ",25", true }, { "0,5", "0,5", " 0,25 ", true }, { "0,5", "0,5", "0,25 euros", true },
+        { "0,5", "0,5", "+0,25", true }, { "0,5", "0,5", "2,5e-1", true }, { "0,5", "0,5", "-0,25", false },
+        { "0,5", "0,5", "0,26", false }, { "0,5", "0,5", "025", false }, { "0,5", "0,5", "", false },
+        { "7,3", "4,6", "33,58", true }, { "7", "123", "861", true }, { "12,5", "100", "1250", true },
+        { "12,5", "100", "1.250", false }, { "12,5", "100", "1.250,0", false }, { "0", "5", "", true },
+        { "0", "5", "hola", true }, { "-3", "4", "-12", true }, { "-3", "4", "12", false } });
+}
+
 TEST(Multiplication, RightIsOnlyWhatLiesCloserThanTheTolerance)
 {
     // The product 0 leaves the distance unrounded.
-    const AnswerCase cases[] = {
+    expectVerdicts({
         { "0", "1", "0,000000000001", false }, // exactly as far away as the tolerance
         { "0", "1", "-0,000000000001", false },
         { "0", "1", "0,000000000000999999", true },
@@ -145,43 +134,39 @@ TEST(Multiplication, RightIsOnlyWhatLiesCloserThanTheTolerance)
         { "1", "1", "0,9999999999991", true },
         { "1", "1", "0,9999999999989", false },
         { "1000", "1000", "1000000,000000001", false },
-    };
-    for (const auto& [factor1, factor2, answer, right] : cases) {
-        EXPECT_EQ(TypedExercise(factor1, factor2).Exercise.Judge(answer, "").Right, right) << answer;
-    }
+    });
 }
 
 TEST(Multiplication, ARepeatedVerdictIsWrittenOtherwise)
 {
-    TypedExercise typed("7", "3");
-    const Multiplication& exercise = typed.Exercise;
-    const auto right = [&](const char* shown) { return exercise.Judge("21", shown).Text; };
-    const auto wrong = [&](const char* shown) { return exercise.Judge("22", shown).Text; };
-    EXPECT_EQ(right(""), "Resultado correcto ");
-    EXPECT_EQ(right("Resultado correcto "), " Resultado correcto ");
-    EXPECT_EQ(right(" Resultado correcto "), "Resultado correcto ");
-    EXPECT_EQ(right("Resultado correcto"), "Resultado correcto ");
-    EXPECT_EQ(right("resultado correcto "), "Resultado correcto ");
-    EXPECT_EQ(right("resultado incorrecto"), "Resultado correcto ");
-    EXPECT_EQ(wrong(""), "resultado incorrecto");
-    EXPECT_EQ(wrong("resultado incorrecto"), " resultado incorrecto");
-    EXPECT_EQ(wrong(" resultado incorrecto"), "resultado incorrecto");
-    EXPECT_EQ(wrong("resultado incorrecto "), "resultado incorrecto");
-    EXPECT_EQ(wrong("Resultado correcto "), "resultado incorrecto");
+    const struct {
+        const char* Answer; // to 7 x 3
+        const char* Shown;
+        const char* Verdict;
+    } cases[] = {
+        { "21", "", "Resultado correcto " },
+        { "21", "Resultado correcto ", " Resultado correcto " },
+        { "21", " Resultado correcto ", "Resultado correcto " },
+        { "21", "Resultado correcto", "Resultado correcto " },
+        { "21", "resultado correcto ", "Resultado correcto " },
+        { "21", "resultado incorrecto", "Resultado correcto " },
+        { "22", "", "resultado incorrecto" },
+        { "22", "resultado incorrecto", " resultado incorrecto" },
+        { "22", " resultado incorrecto", "resultado incorrecto" },
+        { "22", "resultado incorrecto ", "resultado incorrecto" },
+        { "22", "Resultado correcto ", "resultado incorrecto" },
+    };
+    for (const auto& [answer, shown, verdict] : cases) {
+        EXPECT_EQ(TypedExercise("7", "3").Exercise.Judge(answer, shown).Text, verdict) << "after " << shown;
+    }
 }
 
-TEST(Multiplication, AResultThatADoubleCannotHoldCannotBeJudged)
+TEST(Multiplication, NeitherJudgingNorRowsCountNorAResultThatADoubleCannotHold)
 {
     TypedExercise typed("7", "3");
     for (const std::string& answer : { std::string("1e400"), std::string("-1e400"), std::string(400, '9') }) {
         EXPECT_EQ(KindThrownBy([&] { typed.Exercise.Judge(answer, ""); }), RunTimeError::Kind::Overflow);
     }
-    EXPECT_EQ(typed.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
-}
-
-TEST(Multiplication, NeitherJudgingNorRowsCount)
-{
-    TypedExercise typed("7", "3");
     typed.Exercise.Judge("21", "");
     typed.Exercise.Judge("22", "");
     typed.Exercise.RowCount("3");
@@ -199,28 +184,15 @@ struct EntryCase {
     int Decimals;
 };
 
-const EntryCase entryCases[] = {
-    { "7", 7, "7", 1, 0 },
-    { "123", 123, "123", 3, 0 },
-    { "12,05", 12.05, "12,05", 2, 2 },
-    { "12,50", 12.5, "12,5", 2, 1 },
-    { "1.234,5", 1234.5, "1234,5", 4, 1 },
-    { "1.5", 15, "15", 2, 0 },
-    { " 7 ", 7, "7", 1, 0 },
-    { "0,05", 0.05, "0,05", 1, 2 },
-    { ",5", 0.5, "0,5", 1, 1 },
-    { "0", 0, "0", 1, 0 },
-    { "-0", 0, "0", 1, 0 },
-    { "007,50", 7.5, "7,5", 1, 1 },
-    { "0000", 0, "0", 1, 0 },
-    { "-12", -12, "-12", 3, 0 }, // the sign counts as a digit
-    { "-7,25", -7.25, "-7,25", 2, 2 },
-    { "1e3", 1000, "1000", 4, 0 },
-    { "0,123456789", 0.123456789, "0,123456789", 1, 9 },
-    { "12345678901", 12345678901, "12345678901", 11, 0 },
+// A sign counts as a digit.
+const EntryCase entryCases[] = { { "7", 7, "7", 1, 0 }, { "123", 123, "123", 3, 0 }, { "12,05", 12.05, "12,05", 2, 2 },
+    { "12,50", 12.5, "12,5", 2, 1 }, { "1.234,5", 1234.5, "1234,5", 4, 1 }, { "1.5", 15, "15", 2, 0 },
+    { " 7 ", 7, "7", 1, 0 }, { "0,05", 0.05, "0,05", 1, 2 }, { ",5", 0.5, "0,5", 1, 1 }, { "0", 0, "0", 1, 0 },
+    { "-0", 0, "0", 1, 0 }, { "007,50", 7.5, "7,5", 1, 1 }, { "0000", 0, "0", 1, 0 }, { "-12", -12, "-12", 3, 0 },
+    { "-7,25", -7.25, "-7,25", 2, 2 }, { "1e3", 1000, "1000", 4, 0 },
+    { "0,123456789", 0.123456789, "0,123456789", 1, 9 }, { "12345678901", 12345678901, "12345678901", 11, 0 },
     { "12345678901234567890", 12345678901234567890.0, "12345678901234600000", 20, 0 },
-    { "1e-12", 1e-12, "0,000000000001", 1, 12 },
-};
+    { "1e-12", 1e-12, "0,000000000001", 1, 12 } };
 
 TEST(Multiplication, ATypedFactorSetsTheDigitsAndDecimalsToDrawWith)
 {
@@ -261,32 +233,31 @@ void expectUnchanged(const Multiplication& exercise)
     EXPECT_EQ(exercise.Decimals2, 0);
 }
 
+void expectRefusal(const char* typed, const char* message)
+{
+    SCOPED_TRACE(typed);
+    for (const auto enter : { &Multiplication::EnterFactor1, &Multiplication::EnterFactor2 }) {
+        TypedExercise exercise("2,5", "12");
+        const Multiplication::FactorEntry entry = (exercise.Exercise.*enter)(typed);
+        EXPECT_FALSE(entry.Accepted);
+        EXPECT_EQ(entry.Message, message);
+        expectUnchanged(exercise.Exercise);
+    }
+}
+
 TEST(Multiplication, RefusesWhatIsNoNumber)
 {
     for (const char* typed : { "", "   ", "hola", "12a", "1,2,3", "--1", "-", ",", "1e", "1 2", "1e400", "-1e400" }) {
-        SCOPED_TRACE(typed);
-        TypedExercise exercise("2,5", "12");
-        for (const auto enter : { &Multiplication::EnterFactor1, &Multiplication::EnterFactor2 }) {
-            const Multiplication::FactorEntry entry = (exercise.Exercise.*enter)(typed);
-            EXPECT_FALSE(entry.Accepted);
-            EXPECT_EQ(entry.Message, "El dato introducido no es válido");
-            expectUnchanged(exercise.Exercise);
-        }
+        expectRefusal(typed, "El dato introducido no es válido");
     }
 }
 
 TEST(Multiplication, RefusesAFactorWhoseProductIsTooLarge)
 {
-    TypedExercise exercise("2,5", "12");
     for (const char* typed : { "1e308", "-1e308", "1,7e308" }) {
-        for (const auto enter : { &Multiplication::EnterFactor1, &Multiplication::EnterFactor2 }) {
-            const Multiplication::FactorEntry entry = (exercise.Exercise.*enter)(typed);
-            EXPECT_FALSE(entry.Accepted);
-            EXPECT_EQ(entry.Message, "el producto de los dos factores produce un resultado demasiado grande");
-            expectUnchanged(exercise.Exercise);
-        }
+        expectRefusal(typed, "el producto de los dos factores produce un resultado demasiado grande");
     }
-    EXPECT_TRUE(exercise.Exercise.EnterFactor1("1e307").Accepted);
+    EXPECT_TRUE(TypedExercise("2,5", "12").Exercise.EnterFactor1("1e307").Accepted);
 }
 
 TEST(Multiplication, TheOtherFactorDecidesWhetherATypedOneIsTooLarge)
@@ -318,27 +289,16 @@ void expectPlaces(const std::string& factor, int digits, int decimals)
     EXPECT_EQ(static_cast<int>(factor.size() - comma), decimals > 0 ? decimals + 1 : 0) << factor;
 }
 
-TEST(Multiplication, TheNextDrawHasTheDigitsOfTheTypedFactors)
-{
-    SeededRandom random(4);
-    Multiplication exercise(random);
-    exercise.EnterFactor1("123,45");
-    exercise.EnterFactor2("12");
-    exercise.NewMultiplication();
-    expectPlaces(exercise.Factor1Text(), 3, 2);
-    expectPlaces(exercise.Factor2Text(), 2, 0);
-}
-
-struct BeyondCase {
+struct DrawCase {
     const char* Typed;
     int Digits;
     int Decimals;
 };
 
-TEST(Multiplication, TheNextDrawKeepsToWhatTheOptionsOffer)
+TEST(Multiplication, TheNextDrawHasTheDigitsThatWereTypedAsFarAsTheOptionsOfferThem)
 {
-    const BeyondCase cases[] = { { "12345678901234567890", 10, 0 }, { "1e300", 10, 0 }, { "-1e300", 10, 0 },
-        { "0,123456789", 1, 5 }, { "1e-300", 1, 5 }, { "1e-320", 1, 5 } };
+    const DrawCase cases[] = { { "123,45", 3, 2 }, { "12", 2, 0 }, { "12345678901234567890", 10, 0 },
+        { "1e300", 10, 0 }, { "-1e300", 10, 0 }, { "0,123456789", 1, 5 }, { "1e-300", 1, 5 }, { "1e-320", 1, 5 } };
     for (const auto& [typed, digits, decimals] : cases) {
         SCOPED_TRACE(typed);
         SeededRandom random(4);
