@@ -1,5 +1,6 @@
 #include "activities/multiply/core/Multiplication.h"
 
+#include "tests/support/Schoolbook.h"
 #include "tests/support/ScriptedRandom.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +17,7 @@ namespace numbrela {
 
 namespace {
 
-using numbrela::testing::ScriptedRandom;
+using namespace numbrela::testing;
 
 Multiplication::WorkedSolution solutionOf(std::string_view factor1, std::string_view factor2, bool hideZeros = false)
 {
@@ -90,62 +91,14 @@ TEST(WorkedSolution, AShownSolutionIsNotScored)
     EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
 }
 
-// -------------------------------------------------------------------------------------------- schoolbook on the text
-//
-// Nothing here multiplies. A row is the first factor added up, once for each unit of its digit; the product is the sum
-// of the rows as they stand under each other. Numbers are texts of digits, added column by column.
-
-std::string sum(const std::string& number1, const std::string& number2)
-{
-    const std::size_t width = std::max(number1.size(), number2.size()) + 1;
-    std::string upper = std::string(width - number1.size(), '0') + number1;
-    const std::string lower = std::string(width - number2.size(), '0') + number2;
-    int carry = 0;
-    for (std::size_t column = width; column-- > 0;) {
-        const int total = (upper[column] - '0') + (lower[column] - '0') + carry;
-        upper[column] = static_cast<char>('0' + total % 10);
-        carry = total / 10;
-    }
-    upper.erase(0, std::min(upper.find_first_not_of('0'), upper.size() - 1));
-    return upper;
-}
-
-// The number taken 0 to 9 times.
-using Multiples = std::array<std::string, 10>;
-
-Multiples multiplesOf(const std::string& number)
-{
-    Multiples multiples { "0" };
-    for (std::size_t times = 1; times < multiples.size(); ++times) {
-        multiples.at(times) = sum(multiples.at(times - 1), number);
-    }
-    return multiples;
-}
-
-std::string without(std::string text, char character)
-{
-    std::erase(text, character);
-    return text;
-}
-
-// The rows for a second factor of these digits, from the top.
-std::vector<std::string> schoolbookRows(const Multiples& multiplesOfFactor1, const std::string& digits2)
+// The rows for factors without comma, from the top.
+std::vector<std::string> rowsOnPaper(Whole factor1, const std::string& digits2)
 {
     std::vector<std::string> rows;
     for (auto digit = digits2.rbegin(); digit != digits2.rend(); ++digit) {
-        rows.push_back(multiplesOfFactor1.at(static_cast<std::size_t>(*digit - '0')) + std::string(rows.size(), ' '));
+        rows.push_back(DigitsOf(factor1 * (*digit - '0')) + std::string(rows.size(), ' '));
     }
     return rows;
-}
-
-std::string schoolbookTotal(const std::vector<std::string>& rows)
-{
-    std::string total = "0";
-    for (std::string row : rows) {
-        std::replace(row.begin(), row.end(), ' ', '0');
-        total = sum(total, row);
-    }
-    return total;
 }
 
 TEST(WorkedSolution, IsTheSchoolbooksForEveryPairOfFactorsUpToThreeDigits)
@@ -155,62 +108,48 @@ TEST(WorkedSolution, IsTheSchoolbooksForEveryPairOfFactorsUpToThreeDigits)
     exercise.EnterFactor1("0");
     for (int number1 = 0; number1 < 1000; ++number1) {
         exercise.Factor1 = number1;
-        const Multiples multiples = multiplesOf(std::to_string(number1));
         for (int number2 = 0; number2 < 1000; ++number2) {
             const std::string digits2 = std::to_string(number2);
             exercise.Factor2 = number2;
             exercise.Digits2 = static_cast<long long>(digits2.size());
             exercise.Decimals2 = 0;
             const Multiplication::WorkedSolution solution = exercise.ShowSolution();
-            const std::vector<std::string> rows = schoolbookRows(multiples, digits2);
-            ASSERT_TRUE(solution.Rows == rows) << number1 << " x " << number2;
-            ASSERT_EQ(without(solution.Result, '.'), schoolbookTotal(rows)) << number1 << " x " << number2;
+            ASSERT_TRUE(solution.Rows == rowsOnPaper(number1, digits2)) << number1 << " x " << number2;
+            ASSERT_EQ(Without(solution.Result, "."), std::to_string(number1 * number2)) << number1 << " x " << number2;
         }
     }
 }
 
-// A factor with so many digits, the first and the last of them not 0, and a comma before so many of them.
-std::string drawFactor(std::mt19937& chance, std::size_t digits, std::size_t decimals)
-{
-    std::string text;
-    while (text.size() < digits + decimals) {
-        text += static_cast<char>('0' + chance() % 10);
-    }
-    text.front() = static_cast<char>('1' + chance() % 9);
-    text.back() = static_cast<char>('1' + chance() % 9);
-    if (decimals > 0) {
-        text.insert(digits, ",");
-    }
-    return text;
-}
+struct DrawnFactor {
+    Whole Units; // of the last decimal place
+    int Decimals;
+    std::string Text;
+};
 
-std::size_t decimalsOf(const std::string& text)
+// A factor with so many digits, the first and the last of them not 0, and so many decimals.
+DrawnFactor drawFactor(std::mt19937& chance, std::size_t digits, std::size_t decimals)
 {
-    const std::size_t comma = text.find(',');
-    return comma == std::string::npos ? 0 : text.size() - comma - 1;
-}
-
-void expectSchoolbook(const std::string& factor1, const std::string& factor2)
-{
-    const auto solution = solutionOf(factor1, factor2);
-    const auto rows = schoolbookRows(multiplesOf(without(factor1, ',')), without(factor2, ','));
-    ASSERT_EQ(solution.Rows, rows) << factor1 << " x " << factor2;
-    const std::string result = without(solution.Result, '.');
-    ASSERT_EQ(decimalsOf(result), decimalsOf(factor1) + decimalsOf(factor2)) << factor1 << " x " << factor2;
-    ASSERT_EQ(without(result, ','), schoolbookTotal(rows)) << factor1 << " x " << factor2;
-    for (std::size_t fromTheRight = std::min(solution.Result.find(','), solution.Result.size()); fromTheRight > 4;) {
-        fromTheRight -= 4;
-        ASSERT_EQ(solution.Result[fromTheRight], '.') << solution.Result;
+    Whole units = 1 + chance() % 9;
+    for (std::size_t place = 2; place < digits + decimals; ++place) {
+        units = units * 10 + chance() % 10;
     }
+    if (digits + decimals > 1) {
+        units = units * 10 + 1 + chance() % 9;
+    }
+    return { units, static_cast<int>(decimals), CommaText(units, static_cast<int>(decimals)) };
 }
 
 TEST(WorkedSolution, IsTheSchoolbooksForFactorsUpToFifteenDigits)
 {
     std::mt19937 chance(1905);
     for (int i = 0; i < 20000; ++i) {
-        const std::string factor1 = drawFactor(chance, 1 + chance() % 10, chance() % 6);
-        const std::string factor2 = drawFactor(chance, 1 + chance() % 10, chance() % 6);
-        ASSERT_NO_FATAL_FAILURE(expectSchoolbook(factor1, factor2));
+        const DrawnFactor factor1 = drawFactor(chance, 1 + chance() % 10, chance() % 6);
+        const DrawnFactor factor2 = drawFactor(chance, 1 + chance() % 10, chance() % 6);
+        const auto solution = solutionOf(factor1.Text, factor2.Text);
+        const std::string result = CommaText(factor1.Units * factor2.Units, factor1.Decimals + factor2.Decimals);
+        ASSERT_EQ(solution.Rows, rowsOnPaper(factor1.Units, DigitsOf(factor2.Units)))
+            << factor1.Text << " x " << factor2.Text;
+        ASSERT_EQ(solution.Result, GroupedInThousands(result)) << factor1.Text << " x " << factor2.Text;
     }
 }
 
@@ -221,18 +160,18 @@ TEST(WorkedSolution, IsTheProductRoundedToItsDecimals)
     for (int i = 0; i < 20000; ++i) {
         const std::size_t digits1 = 1 + chance() % 4;
         const std::size_t digits2 = 1 + chance() % 4;
-        const std::string factor1 = drawFactor(chance, digits1, chance() % (8 - digits1));
-        const std::string factor2 = drawFactor(chance, digits2, chance() % (8 - digits2));
+        const DrawnFactor factor1 = drawFactor(chance, digits1, chance() % (8 - digits1));
+        const DrawnFactor factor2 = drawFactor(chance, digits2, chance() % (8 - digits2));
         ScriptedRandom random {};
         Multiplication exercise(random);
-        exercise.EnterFactor1(factor1);
-        exercise.EnterFactor2(factor2);
+        exercise.EnterFactor1(factor1.Text);
+        exercise.EnterFactor2(factor2.Text);
         std::array<char, 64> buffer {};
         const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), exercise.Product,
             std::chars_format::fixed, exercise.Decimals1 + exercise.Decimals2);
-        std::string rounded(buffer.data(), written.ptr);
-        std::replace(rounded.begin(), rounded.end(), '.', ',');
-        ASSERT_EQ(without(exercise.ShowSolution().Result, '.'), rounded) << factor1 << " x " << factor2;
+        ASSERT_EQ(
+            Without(exercise.ShowSolution().Result, "."), Replaced(std::string(buffer.data(), written.ptr), '.', ','))
+            << factor1.Text << " x " << factor2.Text;
     }
 }
 
@@ -243,14 +182,14 @@ TEST(WorkedSolution, HidesTheRowsWhoseCharacterInTheFactorWithCommaIsNoDigitAbov
 {
     std::mt19937 chance(3);
     for (int i = 0; i < 5000; ++i) {
-        const std::string factor1 = drawFactor(chance, 1 + chance() % 4, chance() % 3);
-        std::string factor2 = drawFactor(chance, 1 + chance() % 5, chance() % 4);
-        const std::string reversed(factor2.rbegin(), factor2.rend());
-        const auto allRows = solutionOf(factor1, factor2).Rows;
+        const std::string factor1 = drawFactor(chance, 1 + chance() % 4, chance() % 3).Text;
+        const std::string factor2 = drawFactor(chance, 1 + chance() % 5, chance() % 4).Text;
         std::vector<std::string> expected;
-        for (std::size_t place = 0; place < allRows.size(); ++place) {
-            if (reversed[place] >= '1' && reversed[place] <= '9') {
-                expected.push_back(allRows[place]);
+        for (const std::string& row : solutionOf(factor1, factor2).Rows) {
+            const auto place = static_cast<std::size_t>(std::count(row.begin(), row.end(), ' '));
+            const char character = factor2[factor2.size() - 1 - place];
+            if (character >= '1' && character <= '9') {
+                expected.push_back(row);
             }
         }
         ASSERT_EQ(solutionOf(factor1, factor2, true).Rows, expected) << factor1 << " x " << factor2;
