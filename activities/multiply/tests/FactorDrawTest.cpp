@@ -9,7 +9,6 @@
 #include <array>
 #include <cmath>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace numbrela {
