@@ -22,56 +22,31 @@ std::vector<double> firstDraws(double seed, int count)
     return draws;
 }
 
-TEST(SeededRandom, DrawsFromZeroUpToButNotIncludingOne)
-{
-    SeededRandom random(7161);
-    for (int i = 0; i < 50000; ++i) {
-        const double draw = random.Next();
-        ASSERT_GE(draw, 0);
-        ASSERT_LT(draw, 1);
-    }
-}
-
-TEST(SeededRandom, DrawsSinglesFromZeroUpToButNotIncludingOne)
-{
-    SeededRandom random(7161);
-    for (int i = 0; i < 50000; ++i) {
-        const float draw = random.NextSingle();
-        ASSERT_GE(draw, 0.0F);
-        ASSERT_LT(draw, 1.0F);
-    }
-}
-
-// How often each bit is set in draws that are whole multiples of 2^-bits.
+// Draws from 0 up to but not including 1, whole multiples of 2^-bits, each bit set as often as not.
 template <typename Draw>
-std::vector<int> countSetBits(int bits, int drawCount, Draw draw)
+void expectRandomBits(int bits, Draw draw)
 {
     std::vector<int> setCount(static_cast<std::size_t>(bits));
-    for (int i = 0; i < drawCount; ++i) {
+    for (int i = 0; i < 10000; ++i) {
         const double scaled = std::ldexp(static_cast<double>(draw()), bits);
-        EXPECT_EQ(scaled, std::floor(scaled)) << "more than " << bits << " bits";
+        ASSERT_GE(scaled, 0);
+        ASSERT_LT(scaled, std::ldexp(1, bits));
+        ASSERT_EQ(scaled, std::floor(scaled)) << "more than " << bits << " bits";
         const auto whole = static_cast<unsigned long long>(scaled);
         for (int bit = 0; bit < bits; ++bit) {
             setCount[static_cast<std::size_t>(bit)] += static_cast<int>((whole >> bit) & 1U);
         }
     }
-    return setCount;
-}
-
-TEST(SeededRandom, DrawsHave53RandomBits)
-{
-    SeededRandom random(86400);
-    for (const int count : countSetBits(53, 10000, [&] { return random.Next(); })) {
+    for (const int count : setCount) {
         EXPECT_NEAR(count, 5000, 300); // six standard deviations
     }
 }
 
-TEST(SeededRandom, SinglesHave24RandomBits)
+TEST(SeededRandom, DrawsHave53RandomBitsAndSingles24)
 {
     SeededRandom random(86400);
-    for (const int count : countSetBits(24, 10000, [&] { return random.NextSingle(); })) {
-        EXPECT_NEAR(count, 5000, 300);
-    }
+    expectRandomBits(53, [&] { return random.Next(); });
+    expectRandomBits(24, [&] { return random.NextSingle(); });
 }
 
 TEST(SeededRandom, DrawsAreUniform)
@@ -146,42 +121,17 @@ TEST(SeededRandom, DrawsTheSameOnEveryMachine)
     }
 }
 
-TEST(SeededRandom, DrawsTheSameSinglesOnEveryMachine)
-{
-    const std::pair<double, std::array<float, 3>> seeds[] = {
-        { 1.0, { 0xcf3410p-24F, 0x9174f3p-24F, 0x2be475p-24F } },
-        { 86400.0, { 0xf29878p-24F, 0x3897fcp-24F, 0xee227p-24F } },
-    };
-    for (const auto& [seed, draws] : seeds) {
-        SeededRandom random(seed);
-        for (const float draw : draws) {
-            EXPECT_EQ(random.NextSingle(), draw) << "seed " << seed;
-        }
-    }
-}
-
-TEST(SeededRandom, EveryDrawOfEitherKindIsAFreshOne)
-{
-    const std::vector<double> draws = firstDraws(5, 4);
-    SeededRandom random(5);
-    EXPECT_EQ(random.Next(), draws[0]);
-    // A single is the same draw with fewer bits.
-    EXPECT_EQ(random.NextSingle(), std::floor(draws[1] * 0x1p24) * 0x1p-24);
-    EXPECT_EQ(random.Next(), draws[2]);
-    EXPECT_EQ(random.NextSingle(), std::floor(draws[3] * 0x1p24) * 0x1p-24);
-}
-
-TEST(SeededRandom, GeneratorsDoNotDisturbEachOther)
+TEST(SeededRandom, EveryDrawOfEitherKindIsAFreshOneWhateverOtherGeneratorsDraw)
 {
     const std::vector<double> draws = firstDraws(5, 20);
     SeededRandom random(5);
     SeededRandom other(6);
-    std::vector<double> interleaved;
-    for (int i = 0; i < 20; ++i) {
-        interleaved.push_back(random.Next());
+    for (std::size_t i = 0; i < draws.size(); i += 2) {
+        EXPECT_EQ(random.Next(), draws[i]);
+        // A single is the same draw with fewer bits.
+        EXPECT_EQ(random.NextSingle(), std::floor(draws[i + 1] * 0x1p24) * 0x1p-24);
         other.Next();
     }
-    EXPECT_EQ(interleaved, draws);
 }
 
 } // namespace
