@@ -8,8 +8,8 @@
 #include <QCoreApplication>
 #include <QLabel>
 
-#include <array>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace numbrela {
@@ -85,16 +85,17 @@ TEST_F(TwipsLayoutTest, DressesAControlInItsFontOfSoManyPoints)
     EXPECT_STREQ(layout_.FontOf(&stranger).Family, "Verdana");
 }
 
-TEST_F(TwipsLayoutTest, MakesAControlFromElsewhereItsOwn)
+TEST_F(TwipsLayoutTest, MakesAControlFromElsewhereItsOwnAtThePresentScale)
 {
     QWidget elsewhere;
     auto* label = new QLabel(&elsewhere);
-    show({ 300, 200 });
+    show({ 600, 400 });
     layout_.Place(label, { 150, 300, 1500, 495 });
     label->show();
+    EXPECT_EQ(label->font().pixelSize(), 40);
     settle();
     EXPECT_EQ(label->parentWidget(), &area_);
-    EXPECT_EQ(label->geometry(), QRect(10, 20, 100, 33));
+    EXPECT_EQ(label->geometry(), QRect(20, 40, 200, 66));
 }
 
 TEST_F(TwipsLayoutTest, MovesAndDressesAgainAControlThatIsPlacedAgain)
@@ -158,71 +159,45 @@ TEST_F(TwipsLayoutTest, StandsToThePixelWhereItsTwipsSayAlthoughTheWindowHasWhol
     EXPECT_EQ(label->geometry(), QRect(QPoint(200, 167), QPoint(333 - 1, 200 - 1)));
 }
 
-TEST_F(TwipsLayoutTest, PlacesAtThePresentScaleAControlThatComesLater)
-{
-    show({ 600, 400 });
-    QLabel* label = place({ 150, 300, 1500, 495 });
-    label->show();
-    EXPECT_EQ(label->font().pixelSize(), 40);
-    settle();
-    EXPECT_EQ(label->geometry(), QRect(20, 40, 200, 66));
-}
-
 TEST_F(TwipsLayoutTest, LeavesNoGapBetweenNeighboursAtAnyScale)
 {
-    constexpr int columns = 9; // their width and height are no whole number of pixels
-    constexpr int width = 497;
-    constexpr int height = 331;
-    std::vector<std::vector<const QLabel*>> rows;
-    for (int row = 0; row < columns; ++row) {
-        rows.emplace_back();
-        for (int column = 0; column < columns; ++column) {
-            rows.back().push_back(place({ column * width, row * height, width, height }));
-        }
+    constexpr TwipsSize size { 497, 331 }; // no whole number of pixels
+    std::vector<const QLabel*> labels; // each touches the one before with a corner
+    for (int i = 0; i < 9; ++i) {
+        labels.push_back(place({ i * size.Width, i * size.Height, size.Width, size.Height }));
     }
     show({ 300, 200 });
     for (int pixels = 151; pixels < 800; pixels += 13) {
         resize({ pixels, pixels - 40 });
-        for (std::size_t row = 0; row < rows.size(); ++row) {
-            for (std::size_t column = 1; column < rows.size(); ++column) {
-                const QRect before = rows[row][column - 1]->geometry();
-                const QRect here = rows[row][column]->geometry();
-                EXPECT_EQ(before.x() + before.width(), here.x()) << pixels;
-                EXPECT_EQ(before.y(), here.y()) << pixels;
-                const QRect above = rows[column - 1][row]->geometry();
-                const QRect below = rows[column][row]->geometry();
-                EXPECT_EQ(above.y() + above.height(), below.y()) << pixels;
-            }
+        for (std::size_t i = 1; i < labels.size(); ++i) {
+            EXPECT_EQ(labels[i]->pos(), labels[i - 1]->geometry().bottomRight() + QPoint(1, 1)) << pixels;
         }
     }
 }
 
 TEST_F(TwipsLayoutTest, ShowsAControlBeyondAnyEdgeWhole)
 {
-    struct Row {
-        TwipsRect Control;
-        TwipsRect Extent;
-    };
-    constexpr std::array<Row, 6> rows { {
+    constexpr std::pair<TwipsRect, TwipsRect> controlsAndExtents[] = {
         { { -600, 100, 900, 300 }, { -600, 0, 5100, 3000 } },
         { { 100, -450, 900, 300 }, { 0, -450, 4500, 3450 } },
         { { 4400, 100, 1000, 300 }, { 0, 0, 5400, 3000 } },
         { { 100, 2900, 900, 700 }, { 0, 0, 4500, 3600 } },
         { { -1500, -750, 9000, 6000 }, { -1500, -750, 9000, 6000 } },
         { { 6000, 4500, 300, 150 }, { 0, 0, 6300, 4650 } },
-    } };
+    };
     QLabel* label = place({ 0, 0, 100, 100 });
     const QLabel* whole = place({ 0, 0, 4500, 3000 });
     show({ 300, 200 });
-    for (const Row& row : rows) {
-        layout_.Move(label, row.Control);
+    for (const auto& [control, extent] : controlsAndExtents) {
+        SCOPED_TRACE(control.Left);
+        layout_.Move(label, control);
         settle();
-        EXPECT_EQ(layout_.Extent(), row.Extent);
-        EXPECT_EQ(layout_.sizeHint(), QSize(row.Extent.Width / 15, row.Extent.Height / 15));
+        EXPECT_EQ(layout_.Extent(), extent);
+        EXPECT_EQ(layout_.sizeHint(), QSize(extent.Width / 15, extent.Height / 15));
         EXPECT_TRUE(isInside(*label));
         EXPECT_TRUE(isInside(*whole));
-        EXPECT_NEAR(label->x() - whole->x(), row.Control.Left * layout_.PixelsPerTwip(), 1);
-        EXPECT_NEAR(label->y() - whole->y(), row.Control.Top * layout_.PixelsPerTwip(), 1);
+        EXPECT_NEAR(label->x() - whole->x(), control.Left * layout_.PixelsPerTwip(), 1);
+        EXPECT_NEAR(label->y() - whole->y(), control.Top * layout_.PixelsPerTwip(), 1);
     }
 }
 
@@ -256,26 +231,22 @@ TEST_F(TwipsLayoutTest, LeavesWhatIsInItInPlaceWhenItIsMadeLargerOrSmaller)
     EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 1650, 795 })) << "and shows every control whole";
 }
 
-TEST_F(TwipsLayoutTest, DoesNotCountAHiddenControl)
+TEST_F(TwipsLayoutTest, DoesNotCountAHiddenOrADestroyedControl)
 {
-    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
-    place({ 0, 0, 4500, 3000 });
-    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+    constexpr TwipsRect design { 0, 0, 4500, 3000 };
+    constexpr TwipsRect wider { -600, -450, 5100, 3450 };
+    EXPECT_EQ(layout_.Extent(), design);
+    place(design);
+    EXPECT_EQ(layout_.Extent(), design);
     QLabel* label = place({ -600, -450, 900, 300 });
-    EXPECT_EQ(layout_.Extent(), (TwipsRect { -600, -450, 5100, 3450 })) << "the area need not be shown yet";
+    EXPECT_EQ(layout_.Extent(), wider) << "the area need not be shown yet";
     label->hide();
-    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+    EXPECT_EQ(layout_.Extent(), design);
     label->show();
-    EXPECT_EQ(layout_.Extent(), (TwipsRect { -600, -450, 5100, 3450 }));
-}
-
-TEST_F(TwipsLayoutTest, ForgetsAControlThatIsDestroyed)
-{
-    QLabel* label = place({ -600, 0, 900, 300 });
-    place({ 0, 0, 900, 300 });
+    EXPECT_EQ(layout_.Extent(), wider);
     delete label;
     EXPECT_EQ(layout_.count(), 1);
-    EXPECT_EQ(layout_.Extent(), (TwipsRect { 0, 0, 4500, 3000 }));
+    EXPECT_EQ(layout_.Extent(), design);
 }
 
 TEST_F(TwipsLayoutTest, GivesItsItemsByNumberAndAwayWhenAsked)
