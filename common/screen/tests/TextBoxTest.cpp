@@ -157,18 +157,13 @@ TEST_F(HighlightTest, IsSeenOnlyAsLongAsItIsThere)
 
 TEST_F(HighlightTest, StaysWhenTabLeavesAndComesBack)
 {
-    Press(Qt::Key_Tab);
-    EXPECT_EQ(FocusName(), "Other");
-    expectHighlight();
-    Press(Qt::Key_Tab, Qt::ShiftModifier);
-    EXPECT_EQ(FocusName(), "Box");
-    expectHighlight();
-    Press(Qt::Key_Tab, Qt::ShiftModifier);
-    EXPECT_EQ(FocusName(), "Button");
-    expectHighlight();
-    Press(Qt::Key_Tab);
-    EXPECT_EQ(FocusName(), "Box");
-    expectHighlight();
+    const std::pair<Qt::KeyboardModifier, const char*> steps[] = { { Qt::NoModifier, "Other" },
+        { Qt::ShiftModifier, "Box" }, { Qt::ShiftModifier, "Button" }, { Qt::NoModifier, "Box" } };
+    for (const auto& [modifier, name] : steps) {
+        Press(Qt::Key_Tab, modifier);
+        EXPECT_EQ(FocusName(), name);
+        expectHighlight();
+    }
 }
 
 TEST_F(HighlightTest, StaysWhereverTheMouseOrTheProgramPutsTheFocusAndWhateverIsDoneThere)
@@ -294,7 +289,7 @@ TEST_F(TextBoxTest, TakesNoMoreTypingOrPastingThanItsLimit)
     EXPECT_EQ(box_.Text(), "678");
 }
 
-TEST_F(TextBoxTest, TakesNoTypingIntoATextThatTheProgramWroteLongerThanTheLimit)
+TEST_F(TextBoxTest, TakesNoTypingIntoATextThatTheProgramWroteLongerThanTheLimitUntilItIsShorter)
 {
     box_.SetMaximumTypedLength(3);
     box_.SetText("12345");
@@ -308,35 +303,30 @@ TEST_F(TextBoxTest, TakesNoTypingIntoATextThatTheProgramWroteLongerThanTheLimit)
     Press(Qt::Key_Backspace);
     Type(QStringLiteral("678"));
     EXPECT_EQ(box_.Text(), "126");
+    for (const auto& [written, after] : { std::pair { "123", "123" }, { "1", "167" } }) {
+        box_.SetText("12345");
+        box_.SetText(written);
+        typeAtEnd(QStringLiteral("678"));
+        EXPECT_EQ(box_.Text(), after) << "after a shorter text from the program";
+    }
 }
 
 TEST_F(TextBoxTest, MakesNoRoomByCuttingAwayByMouseEither)
 {
     box_.SetMaximumTypedLength(3);
-    box_.SetText("12345");
-    box_.setSelection(0, 3);
-    box_.cut(); // as the context menu does
-    EXPECT_EQ(box_.Text(), "45");
+    const auto cutFirstThree = [this] { // as the context menu does
+        box_.SetText("12345");
+        box_.setSelection(0, 3);
+        box_.cut();
+        EXPECT_EQ(box_.Text(), "45");
+    };
+    cutFirstThree();
     QApplication::clipboard()->setText(QStringLiteral("6789"));
     box_.paste();
     EXPECT_EQ(box_.Text(), "645");
-    box_.SetText("12345");
-    box_.setSelection(0, 3);
-    box_.cut();
+    cutFirstThree();
     Type(QStringLiteral("6789"));
     EXPECT_EQ(box_.Text(), "645");
-}
-
-TEST_F(TextBoxTest, HasItsLimitAgainAfterAShorterTextFromTheProgram)
-{
-    box_.SetMaximumTypedLength(3);
-    box_.SetText("12345");
-    box_.SetText("123");
-    typeAtEnd(QStringLiteral("4"));
-    EXPECT_EQ(box_.Text(), "123");
-    box_.SetText("1");
-    typeAtEnd(QStringLiteral("678"));
-    EXPECT_EQ(box_.Text(), "167");
 }
 
 TEST_F(TextBoxTest, TellsOnceOfATextFromTheProgramWhateverTheLimit)
@@ -404,6 +394,19 @@ protected:
     }
 
     int pixels() const { return box_.font().pixelSize(); }
+
+    void place(TwipsRect rect)
+    {
+        form_.Area().Move(&box_, rect);
+        QCoreApplication::processEvents();
+    }
+
+    // Makes the window so many times as large as it is by design.
+    void scale(double factor)
+    {
+        form_.resize(QSize(400, 200) * factor);
+        QCoreApplication::processEvents();
+    }
 };
 
 TEST_F(FittingTest, WritesATextTooWideSmallerAndLargerAgain)
@@ -411,6 +414,10 @@ TEST_F(FittingTest, WritesATextTooWideSmallerAndLargerAgain)
     Type(QStringLiteral("123456789012"));
     EXPECT_LT(pixels(), designPixels);
     EXPECT_TRUE(showsWholeText());
+    QFont larger = box_.font();
+    larger.setPixelSize(pixels() + 1);
+    constexpr int margins = 2 * 5; // a frame and what is free beside the text
+    EXPECT_GT(QFontMetrics(larger).horizontalAdvance(box_.text()), box_.width() - margins) << "no smaller than it must";
     for (int i = 0; i < 6; ++i) {
         Press(Qt::Key_Backspace);
     }
@@ -436,52 +443,42 @@ TEST_F(FittingTest, WritesATextTooWideSmallerAndLargerAgain)
     EXPECT_TRUE(showsWholeText());
 }
 
-TEST_F(FittingTest, WritesNoSmallerThanItMust)
+TEST_F(FittingTest, StaysReadableAndScrollsALongerTextUnlessItIsACalculationThatCanBeMadeOut)
 {
-    box_.SetText("123456789012");
-    QFont larger = box_.font();
-    larger.setPixelSize(pixels() + 1);
-    constexpr int margins = 2 * 5; // a frame and what is free beside the text
-    EXPECT_GT(QFontMetrics(larger).horizontalAdvance(box_.text()), box_.width() - margins);
-}
-
-TEST_F(FittingTest, StaysReadableAndScrollsALongerText)
-{
-    for (const std::size_t digits : { 16U, 100U }) {
-        box_.SetText(std::string(digits, '8'));
-        EXPECT_EQ(pixels(), 11);
-        EXPECT_EQ(box_.Text().size(), digits);
-        EXPECT_FALSE(showsWholeText());
-    }
-    form_.resize(2 * form_.size());
-    QCoreApplication::processEvents();
+    const std::string tooLong(16, '8');
+    const std::string muchTooLong(100, '8');
+    box_.SetText(tooLong);
+    EXPECT_EQ(pixels(), 11);
+    EXPECT_FALSE(showsWholeText());
+    box_.SetText(muchTooLong);
+    EXPECT_EQ(pixels(), 11);
+    EXPECT_EQ(box_.Text(), muchTooLong);
+    EXPECT_FALSE(showsWholeText());
+    scale(2);
     EXPECT_EQ(pixels(), 22);
-}
 
-TEST_F(FittingTest, ScrollsNoDigitOfACalculationAwayThatCanBeMadeOut)
-{
-    box_.SetText(std::string(16, '8'));
     box_.StayWhole();
-    EXPECT_LT(pixels(), 11);
-    EXPECT_TRUE(showsWholeText());
-    box_.SetText(std::string(100, '8'));
+    EXPECT_EQ(pixels(), 12);
+    scale(1);
     EXPECT_EQ(pixels(), 6);
     EXPECT_FALSE(showsWholeText());
-    form_.resize(2 * form_.size());
-    QCoreApplication::processEvents();
-    EXPECT_EQ(pixels(), 12);
+    box_.SetText(tooLong);
+    EXPECT_LT(pixels(), 11);
+    EXPECT_TRUE(showsWholeText());
 }
 
-TEST_F(FittingTest, FitsAgainWhenTheBoxIsResized)
+TEST_F(FittingTest, FitsAgainAndKeepsCaretAndHighlightWhenTheBoxIsResized)
 {
     box_.SetText("12345678901");
     const int smaller = pixels();
-    form_.Area().Move(&box_, { 300, 300, 1320, 495 });
-    QCoreApplication::processEvents();
+    box_.SelectWholeText();
+    place({ 300, 300, 1320, 495 });
+    EXPECT_EQ(box_.selectedText().toStdString(), "12345678901");
     EXPECT_LT(pixels(), smaller);
     EXPECT_TRUE(showsWholeText());
-    form_.Area().Move(&box_, { 300, 300, 3000, 495 });
-    QCoreApplication::processEvents();
+    box_.SetCaretPosition(3);
+    place({ 300, 300, 3000, 495 });
+    EXPECT_EQ(box_.CaretPosition(), 3);
     EXPECT_EQ(pixels(), designPixels);
     EXPECT_TRUE(showsWholeText());
 }
@@ -490,16 +487,13 @@ TEST_F(FittingTest, GrowsAndShrinksWithItsWindow)
 {
     box_.SetText("123456789012");
     const int smaller = pixels();
-    const QSize size = form_.size();
-    form_.resize(2 * size);
-    QCoreApplication::processEvents();
+    scale(2);
     EXPECT_GT(pixels(), smaller * 3 / 2);
     EXPECT_TRUE(showsWholeText());
     box_.SetText("1");
     EXPECT_EQ(pixels(), 2 * designPixels);
     box_.SetText("123456789012");
-    form_.resize(size);
-    QCoreApplication::processEvents();
+    scale(1);
     EXPECT_EQ(pixels(), smaller);
     EXPECT_TRUE(showsWholeText());
     box_.SetText("1");
@@ -542,25 +536,11 @@ TEST_F(FittingTest, KeepsBoxesThatStandInColumnsAlikeAtAnySize)
     other_.SetLeastColumns(12);
     box_.SetText("123456789012");
     other_.SetText("7");
-    for (const int percent : { 100, 70, 160, 100 }) {
-        form_.resize(400 * percent / 100, 200 * percent / 100);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(other_.font().pixelSize(), pixels()) << percent;
-        EXPECT_TRUE(showsWholeText()) << percent;
+    for (const double factor : { 1.0, 0.7, 1.6, 1.0 }) {
+        scale(factor);
+        EXPECT_EQ(other_.font().pixelSize(), pixels()) << factor;
+        EXPECT_TRUE(showsWholeText()) << factor;
     }
-}
-
-TEST_F(FittingTest, KeepsCaretAndHighlight)
-{
-    box_.SetText("123456789012");
-    box_.SelectWholeText();
-    form_.Area().Move(&box_, { 300, 300, 1200, 495 });
-    QCoreApplication::processEvents();
-    EXPECT_EQ(box_.selectedText().toStdString(), "123456789012");
-    box_.SetCaretPosition(3);
-    form_.Area().Move(&box_, boxPlace);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(box_.CaretPosition(), 3);
 }
 
 TEST_F(TextBoxTest, ABlankAtEitherEndOfATextTakesItsPlaceHoweverTheTextIsAligned)
