@@ -189,7 +189,7 @@ TEST_F(TwipsLayoutTest, ShowsAControlBeyondAnyEdgeWhole)
     const QLabel* whole = place({ 0, 0, 4500, 3000 });
     show({ 300, 200 });
     for (const auto& [control, extent] : controlsAndExtents) {
-        SCOPED_TRACE(control.Left);
+        SCOPED_TRACE(::testing::Message() << control.Left << ", " << control.Top);
         layout_.Move(label, control);
         settle();
         EXPECT_EQ(layout_.Extent(), extent);
