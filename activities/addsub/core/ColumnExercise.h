@@ -68,7 +68,7 @@ public:
     // The text of the solution. From here on the exercise is not scored. Throws as Solution() does.
     std::string ShowSolution();
 
-    // Takes an operand that the pupil typed. An operand whose result does not fit a double is kept, yet not shown.
+    // Takes an operand that the pupil typed. If the result would not fit a double, the operand is kept but not shown.
     OperandEntry EnterOperand1(std::string_view typed) { return enterOperand(Operand1, typed); }
     OperandEntry EnterOperand2(std::string_view typed) { return enterOperand(Operand2, typed); }
 

@@ -41,7 +41,7 @@ enum class ShopScene {
 // What pressing the button inside a shop has led to.
 struct PayOutcome {
     ShopScene Scene = ShopScene::Centre;
-    std::string Message = {}; // to be told before, under the title "Error"; empty: nothing
+    std::string Message = {}; // shown first, under the title "Error"; empty: nothing
     std::string Instructions = {}; // what to do now (Sum, Change, Receipt)
 };
 

@@ -63,7 +63,10 @@ class CatalogueFaultTest : public ::testing::Test {
 protected:
     // As the editor saves: over what it has read.
     void save() const { save(contentNow()); }
-    void save(const CatalogueContent& expected) const { EXPECT_TRUE(SaveCatalogue(path_, new_, expected).Saved); }
+    void save(const CatalogueContent& expected) const
+    {
+        EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, new_, expected).Saved);
+    }
 
     CatalogueContent contentNow() const
     {
@@ -238,7 +241,7 @@ TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesSaveAtOnce)
             ProductTable table = LoadCatalogue(path_, read);
             const std::string name = std::to_string(teacher) + "-" + std::to_string(added);
             AddProduct(table, { .Nombre = std::string_view(name), .Precio = 1, .Tienda = std::string_view("Kiosko") });
-            added += SaveCatalogue(path_, table, read).Saved ? 1 : 0;
+            added += SaveCatalogueIfUnchanged(path_, table, read).Saved ? 1 : 0;
         }
         return 0;
     };
