@@ -162,7 +162,7 @@ TEST(DivisionSolution, OfADividendSmallerThanTheDivisorBeginsWithAZero)
 }
 
 // A first zero behind the comma brings the next digit down to the only row there is, the dividend's, and its place
-// there hangs on how the solution before it ended.
+// there depends on how the previous solution ended.
 TEST(DivisionSolution, AZeroBehindTheFirstZeroBringsDownToTheDividendsRow)
 {
     expectFirstSolutions({
@@ -273,7 +273,7 @@ TEST(DivisionSolution, OfAnEnteredNegativeDivisorFindsNoDigit)
     EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (Rows { " 84" }));
 }
 
-// Behind the first 0 whatever the division gives is written, and each negative digit brings the next one down as a 0
+// After the first 0, whatever the division gives is written, and each negative digit brings down the next one as a 0
 // does.
 TEST(DivisionSolution, OfAnEnteredNegativeDivisorWritesTheDecimalsAsTheyCome)
 {
@@ -283,7 +283,7 @@ TEST(DivisionSolution, OfAnEnteredNegativeDivisorWritesTheDecimalsAsTheyCome)
     EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (Rows { " 97,5" }));
 }
 
-// Whatever has been entered, the working stays on the paper; the sanitizers watch.
+// Whatever has been entered, the working stays on the paper; the sanitizers would notice otherwise.
 TEST(DivisionSolution, StaysOnThePaperForEveryEnteredNumber)
 {
     for (const char* dividend :
@@ -352,7 +352,7 @@ int lastRemainderOf(const WorkedDivision& worked, int dividend)
     return std::stoi(row);
 }
 
-// Quotient and remainder as the machine's own division has them.
+// Quotient and remainder by integer division of the processor.
 TEST(DivisionSolution, IsRightForEveryDividendOfFourDigitsAndEveryDivisorOfTwo)
 {
     for (int dividend = 1; dividend <= 9999; ++dividend) {

@@ -231,7 +231,8 @@ TEST_F(CatalogueTest, NamesTheFileThatCannotBeReadOrWrittenAndTheReason)
     };
     WriteBytes(folder_ / "file", "");
     std::filesystem::create_directory(folder_ / "folder");
-    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0); // nobody writes into it: that must not be waited for
+    ASSERT_EQ(
+        ::mkfifo((folder_ / "pipe").c_str(), 0600), 0); // nobody writes into it, and reading must not wait for that
     const std::vector<std::string> names = folder_.Names();
     for (const Case& c : {
              Case { folder_ / "missing" / "productos.dat", "la carpeta no existe" },
@@ -312,14 +313,14 @@ TEST_F(CatalogueTest, LeavesWhatIsNotExpectedAndTellsWhatItIs)
     EXPECT_TRUE(folder_.Names().empty());
 }
 
-// It may have been saved by this program itself, which then failed to bring the folder to the disk.
+// The program itself may have saved it and then failed to flush the folder.
 TEST_F(CatalogueTest, SavesOverWhatIsAlreadyAsItIsToBe)
 {
     WriteBytes(path_, record("a", one, "x"));
     EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, { ProductOf("a", "x") }, record("b", one, "y")).Saved);
 }
 
-// What becomes of the file that is replaced.
+// The file that is replaced.
 
 mode_t permissionsOf(const std::filesystem::path& path)
 {

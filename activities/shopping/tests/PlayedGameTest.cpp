@@ -154,7 +154,8 @@ TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
     EXPECT_FALSE(form.isVisible());
 }
 
-// What each mistake is told in is the task's to say; here it is told at all, and the game goes on from where it leads.
+// The task's own tests check the sentence for each mistake; here some message is shown, and the game goes on from the
+// step that it leads to.
 TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 {
     Form7 form(clock_, shop_);

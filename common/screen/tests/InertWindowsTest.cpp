@@ -53,7 +53,7 @@ TEST_F(InertWindowsTest, BringItBackAsLargeAsItWas)
     EXPECT_TRUE(activity_.isMaximized());
 }
 
-// With a box goes the window that it stands on; some window managers minimise both, others one of them.
+// A box and the window it belongs to go together; some window managers minimise both, others only one of them.
 TEST_F(InertWindowsTest, BringBackTheBoxThatIsOpenAndTheWindowThatItStandsOn)
 {
     QMessageBox box(&activity_);
