@@ -13,7 +13,7 @@ namespace numbrela::testing {
 // Guidelines, which ask for 4.5 for text.
 double Contrast(const QColor& a, const QColor& b);
 
-// A text and what it stands on.
+// The colour of a text and of its background.
 struct ColourPair {
     std::string What;
     QColor Text;

@@ -61,8 +61,8 @@ public:
     // The sum or the difference. Throws RunTimeError::Overflow when a double cannot hold it.
     double Solution() const;
 
-    // Judges what stands in the answer box. Right is what lies closer to the solution than 10^-10. Throws as Solution()
-    // does.
+    // Judges what stands in the answer box. An answer is right if it differs from the solution by less than 10^-10.
+    // Throws as Solution() does.
     Verdict Judge(std::string_view answer) const;
 
     // The text of the solution. From here on the exercise is not scored. Throws as Solution() does.

@@ -68,9 +68,9 @@ public:
     // Whether the one partial row is already the result.
     bool HasSingleRow() const { return Digits2 + Decimals2 == 1; }
 
-    // Judges the result. Right is what lies closer to the product than 10^-12. The text differs from the verdict shown
-    // before, so that a repeated verdict is seen to be a new one.
-    // Throws RunTimeError::Overflow when a double cannot hold the result.
+    // Judges the result. It is right if it differs from the product by less than 10^-12. The text of the verdict
+    // differs from the one shown before, so that the pupil sees that a repeated verdict is a new one. Throws
+    // RunTimeError::Overflow when a double cannot hold the result.
     Verdict Judge(std::string_view result, std::string_view shownVerdict) const;
 
     // The solution. From here on the exercise is not scored. All its digits are exact, also where a double would round

@@ -29,8 +29,8 @@ struct Shop;
 // time.
 class Form7 : public FormWindow {
 public:
-    // Reads the catalogue file and begins a task. A catalogue that cannot be read counts as empty, and the pupil is
-    // told why as soon as the window is on the screen. Clock and shop outlive the window.
+    // Reads the catalogue file and begins a task. A catalogue that cannot be read counts as empty, and a message says
+    // why as soon as the window is on the screen. Clock and shop outlive the window.
     Form7(const Clock& clock, Shop& shop);
 
     void Form_Load();

@@ -231,8 +231,7 @@ TEST_F(CatalogueTest, NamesTheFileThatCannotBeReadOrWrittenAndTheReason)
     };
     WriteBytes(folder_ / "file", "");
     std::filesystem::create_directory(folder_ / "folder");
-    ASSERT_EQ(
-        ::mkfifo((folder_ / "pipe").c_str(), 0600), 0); // nobody writes into it, and reading must not wait for that
+    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0); // nobody writes into it; reading must not wait for it
     const std::vector<std::string> names = folder_.Names();
     for (const Case& c : {
              Case { folder_ / "missing" / "productos.dat", "la carpeta no existe" },

@@ -154,8 +154,8 @@ TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
     EXPECT_FALSE(form.isVisible());
 }
 
-// The task's own tests check the sentence for each mistake; here some message is shown, and the game goes on from the
-// step that it leads to.
+// The sentences are tested with the task. Here each mistake leads to a message, and the game goes on from the right
+// step.
 TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 {
     Form7 form(clock_, shop_);
