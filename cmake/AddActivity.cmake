@@ -1,7 +1,6 @@
-# add_activity(<name> CORE <sources>... SCREEN <sources>... CORE_TESTS <sources>... SCREEN_TESTS <sources>...)
-#
-# Makes numbrela_<name>_core (standard library alone: it sees no Qt header), numbrela_<name>_screen, and their tests.
-# Who needs all activities links numbrela_activity_cores or numbrela_activity_screens, which may stand before them.
+# add_activity(<name> CORE <sources>... SCREEN <sources>... CORE_TESTS <sources>... SCREEN_TESTS <sources>...)  Makes
+# numbrela_<name>_core (standard library alone: it sees no Qt header), numbrela_<name>_screen, and their tests. A target
+# that needs all activities links numbrela_activity_cores or numbrela_activity_screens, and may be defined before them.
 add_library(numbrela_activity_cores INTERFACE)
 add_library(numbrela_activity_screens INTERFACE)
 

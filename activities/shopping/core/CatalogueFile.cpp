@@ -68,7 +68,7 @@ auto untilDone(Call call)
     return result;
 }
 
-// Brings to the disk what has been written. Some file systems have no such call for folders and need none.
+// Flushes to the disk what has been written. Some file systems have no such call for folders and need none.
 bool syncToDisk(const Descriptor& descriptor)
 {
     return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
@@ -98,7 +98,7 @@ bool knowsNoLocks(int error)
     return error == EINVAL || error == ENOTSUP || error == ENOSYS || error == ENOLCK || error == EBADF;
 }
 
-// The file itself, where the path is a link to it: a link stays a link.
+// Follows links, so that a save replaces the file itself and a link to it stays a link.
 std::filesystem::path fileBehind(const std::filesystem::path& path)
 {
     std::error_code unresolved;
@@ -220,8 +220,8 @@ CatalogueContent CatalogueReplacement::Replaced() const
     return content;
 }
 
-// The new file is whole on the disk before it takes over the name, and the folder tells so before the save counts as
-// done.
+// The new file is completely on the disk before it takes over the name, and the folder is flushed before the save
+// counts as done.
 void CatalogueReplacement::Commit()
 {
     if (::renameat(folder_.Number(), newName_.c_str(), folder_.Number(), path_.filename().c_str()) != 0) {

@@ -27,7 +27,7 @@ public:
     int Number() const { return number_; }
     bool IsOpen() const { return number_ >= 0; }
 
-    // False when what was written could not be kept.
+    // Returns false if what was written may be lost.
     bool Close();
 
 private:
