@@ -12,7 +12,7 @@ struct ProgramRun;
 // An activity as the main menu knows it.
 struct Activity {
     QString Caption; // of its button
-    FormWindow* (*Window)(ProgramRun& run); // makes its window, or gives the one that is open already
+    FormWindow* (*Window)(ProgramRun& run); // makes its window, or returns the one that is open already
 };
 
 // In the order of their buttons.

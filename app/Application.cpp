@@ -36,7 +36,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
 void Application::endBecauseOf(const RunTimeError& error)
 {
     if (ending_) {
-        return; // the windows behind the message are still alive; what they run into no longer matters
+        return; // the windows behind the message still get events; further errors no longer matter
     }
     ending_ = true;
     ShowMessage(

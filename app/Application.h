@@ -10,15 +10,15 @@ namespace numbrela {
 
 class RunTimeError;
 
-// The program as a whole: its title, its look, that no minimised window leaves it looking dead, and the one place where
-// a run-time error that nobody trapped ends it.
+// The program as a whole. Sets its title and its look, brings back a minimised window that keeps others inert, and is
+// the one place where an uncaught run-time error ends the program.
 class Application : public QApplication {
 public:
     Application(int& argc, char** argv);
     ~Application() override;
 
-    // Delivers an event. A run-time error that comes out of it is told to the person at the screen, and the program
-    // ends with exit status 1.
+    // Delivers an event. If a run-time error comes out of it, shows the error in a box and ends the program with exit
+    // status 1.
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:

@@ -6,8 +6,8 @@
 
 namespace numbrela {
 
-// Where the buttons of the main menu stand, in twips: one column, each button as high as the gap below it, the margin
-// below the last one as high as the one above the first but for what the rounding of the height leaves over.
+// Where the buttons of the main menu stand, in twips: one column, each button as high as the gap below it. The margins
+// above the first and below the last button are equal, except that the lower one absorbs the rounding.
 struct ButtonColumn {
     Int16 Left;
     Int16 ButtonHeight;

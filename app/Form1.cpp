@@ -36,7 +36,7 @@ Form1::Form1(ProgramRun& run)
 Form1::~Form1()
 {
     delete activity_;
-    delete run_.Shopping.Window; // unless it was the activity, and is null now
+    delete run_.Shopping.Window; // if it was the activity, it has been deleted and this is null
 }
 
 void Form1::Form_Load()
@@ -55,8 +55,9 @@ void Form1::Form_Load()
 
 void Form1::Command1_Click(int index)
 {
-    if (QApplication::activeModalWidget() != nullptr) { // an assistive tool, or two access keys pressed in one breath
-        TurnTo(*this);
+    // An assistive tool can press a button of the inert menu, and two access keys can be pressed almost at once.
+    if (QApplication::activeModalWidget() != nullptr) {
+        BringBackWindowBlocking(*this);
         return;
     }
     if (index >= 0 && index < static_cast<int>(activities.size())) {
@@ -67,7 +68,7 @@ void Form1::Command1_Click(int index)
     }
 }
 
-// The catalogue editor may have left a shopping window beside the menu, which would keep the program running.
+// The catalogue editor may have left a shopping window open beside the menu, which would keep the program running.
 void Form1::closeEvent(QCloseEvent* event)
 {
     event->accept();

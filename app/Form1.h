@@ -12,10 +12,11 @@ namespace numbrela {
 class CommandButton;
 
 // The main menu: a column of nine buttons, eight of which open one activity each and the last of which ends the
-// program. What an activity is, it does not know: it opens its window and waits, inert, until that closes.
+// program. It knows nothing about an activity but its caption and its window, which it opens; until that closes, the
+// menu is inert.
 class Form1 : public FormWindow {
 public:
-    explicit Form1(ProgramRun& run); // which outlives it
+    explicit Form1(ProgramRun& run); // `run` outlives the menu
     ~Form1() override;
 
     void Command1_Click(int index);
@@ -31,7 +32,7 @@ private:
     void showActivity() const;
 
     ProgramRun& run_;
-    QPointer<FormWindow> activity_; // that was opened last; null once it is destroyed
+    QPointer<FormWindow> activity_; // the one opened last; null once it is destroyed
 };
 
 } // namespace numbrela

@@ -12,8 +12,8 @@
 
 namespace numbrela::bench {
 
-// How often each thing is done that a benchmark measures; 0: as often as gives a steady median. A few rounds show no
-// more than that everything can still be measured.
+// How often a benchmark repeats each measurement; 0: often enough for a steady median. A few rounds only show that
+// everything can still be measured.
 inline std::int64_t chosenRounds = 0;
 
 inline int Rounds(int steady)
@@ -35,7 +35,7 @@ inline bool TakeOptions(int argc, char** argv)
 
 inline bool allMeasured = true;
 
-// For a figure that would not be what its line says: the benchmark goes on, and fails in the end.
+// Reports a figure that would not be what its line says: the benchmark goes on, and fails at the end.
 inline void Complain(const char* what)
 {
     std::printf("%s\n", what);
@@ -47,8 +47,8 @@ inline int ExitStatus()
     return allMeasured ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-// The middle one of some measurements: a start that some other process happened to disturb leaves it where it is, as it
-// would not a mean.
+// The median of some measurements: unlike a mean, it is not moved by a single start that another process happened to
+// disturb.
 inline double Median(std::vector<double> measured)
 {
     if (measured.empty()) {

@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <QWidget>
 
-// The least that a Qt program can be: what any other one costs more than this is its own.
+// The smallest possible Qt program: whatever another program costs beyond this is its own.
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);

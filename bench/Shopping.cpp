@@ -77,7 +77,7 @@ std::string readPlainly(const std::filesystem::path& path)
     return bytes;
 }
 
-// Onto the disk, as whoever wants to find them again has to.
+// Flushes them to the disk, as anyone must who wants to find them again.
 void writePlainly(const std::filesystem::path& path, const std::string& bytes)
 {
     const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);

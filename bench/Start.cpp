@@ -12,9 +12,9 @@
 #include <unistd.h>
 
 // Starts the program, an empty window and one with a word in it in turn, and prints how long it took until the first
-// window was painted and how much memory was held then, medians of all starts. The word tells what any program pays
-// that writes at all: the search for fonts. Neither program is changed for it: a plugin that Qt loads into both tells
-// the moment. On an X server without a screen, see to it that the server does not start afresh whenever a program ends,
+// window was painted and how much memory was held then, medians of all starts. The word shows what any program pays
+// that draws text: the search for fonts. Neither program is changed for it: a plugin that Qt loads into both tells the
+// moment. On an X server without a screen, see to it that the server does not start afresh whenever a program ends,
 // which takes longer than what is measured: xvfb-run -s "-noreset -screen 0 1366x768x24"
 // build/release/bench/bench_start
 

@@ -58,7 +58,7 @@ inline void CloseAndDestroy(QWidget* window)
     window->close();
     while (alive) {
         QApplication::processEvents();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // no event loop is here to return to
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // there is no event loop to return to
     }
 }
 

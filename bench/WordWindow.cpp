@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <QLabel>
 
-// The least that a Qt program can be that shows a text.
+// The smallest possible Qt program that shows a text.
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);

@@ -1,7 +1,8 @@
 # add_activity(<name> CORE <sources>... SCREEN <sources>... CORE_TESTS <sources>... SCREEN_TESTS <sources>...)
 #
 # Makes numbrela_<name>_core (standard library alone: it sees no Qt header), numbrela_<name>_screen, and their tests.
-# Who needs all activities links numbrela_activity_cores or numbrela_activity_screens, which may stand before them.
+# A target that needs all activities links numbrela_activity_cores or numbrela_activity_screens. It may be defined before
+# the activities.
 add_library(numbrela_activity_cores INTERFACE)
 add_library(numbrela_activity_screens INTERFACE)
 

@@ -23,8 +23,9 @@ if(NUMBRELA_FUZZ)
   target_compile_definitions(numbrela_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
-# What nobody calls has lines, too: an inline function that is not kept would be counted nowhere. The linker drops those
-# of the libraries again, because not all of them can be linked; tests go without, as they have no lines that count.
+# Coverage must also count inline functions that are never called, so the compiler has to keep them. The linker drops
+# the ones from libraries again, because not all of those can be linked. Tests are built without this: their own lines
+# are not counted.
 add_library(numbrela_core_options INTERFACE)
 if(NUMBRELA_COVERAGE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(numbrela_core_options INTERFACE -fkeep-inline-functions -ffunction-sections)

@@ -43,7 +43,7 @@ TEST(Application, EventsWithoutErrorsPassThrough)
     EXPECT_EQ(timeouts, 1);
 }
 
-// A window in which every event of a person's, and a clock, does what a test says.
+// A window in which every user event, and a timer, does what a test says.
 class FragileWindow : public QWidget {
 public:
     std::function<void()> OnClick = [] {};
@@ -73,8 +73,8 @@ class ApplicationDeathTest : public ::testing::Test {
 protected:
     ApplicationDeathTest() { ::testing::GTEST_FLAG(death_test_style) = "threadsafe"; }
 
-    // Runs the program, with this happening as soon as it runs, and ends the process with the program's exit status;
-    // with another one when something was not as expected.
+    // Runs the program and calls the action as soon as it runs. Ends the process with the program's exit status, or
+    // with another one if something was not as expected.
     [[noreturn]] static void RunProgram(const std::function<void()>& act)
     {
         QTimer::singleShot(0, qApp, act);
@@ -150,8 +150,8 @@ TEST_F(ApplicationDeathTest, AnErrorWithoutAWindowIsToldToo)
         ::testing::ExitedWithCode(failure), "");
 }
 
-// A clock may tick and a click may be on its way while the box is open. It has been said that the program ends; what
-// goes wrong until then is not said as well.
+// A timer may fire and a click may arrive while the box is open. The box has already said that the program ends;
+// further errors are not shown.
 TEST_F(ApplicationDeathTest, ErrorsWhileTheBoxIsOpenOpenNoOther)
 {
     EXPECT_EXIT(

@@ -83,7 +83,7 @@ protected:
         return Find<TextBox>(activity, QStringLiteral("tbResultados")).Text();
     }
 
-    // Runs the program, with this happening as soon as it runs; its exit status.
+    // Runs the program, calls the action as soon as it runs, and returns the exit status.
     template <typename Act>
     static int RunProgram(Act act)
     {
@@ -279,7 +279,7 @@ TEST_F(Form1Test, IsInertWhileAnActivityIsOpenAndAliveAgainAfterwards)
     Close(*Activity());
 }
 
-// Two access keys pressed in one breath: both buttons have been pressed before the first window is there.
+// Two access keys pressed almost at once: both buttons are pressed before the first window appears.
 TEST_F(Form1Test, OpensOneActivityAtATime)
 {
     Menu().Command1_Click(0);
@@ -343,7 +343,7 @@ TEST_F(Form1Test, TakesAnOpenActivityWithIt)
     EXPECT_TRUE(activity.isNull());
 }
 
-// A button of the inert menu can be pressed by an assistive tool, to which nothing is inert.
+// An assistive tool can press a button of the inert menu, because nothing is inert to it.
 TEST_F(Form1Test, BringsTheMinimisedActivityBackInsteadOfOpeningAnother)
 {
     Click(Menu(), QStringLiteral("Command1(0)"));

@@ -34,7 +34,7 @@ protected:
 
     Form7* shopping() const { return dynamic_cast<Form7*>(run_.Shopping.Window.data()); }
 
-    // As somebody does it who looks into the catalogue editor and cancels.
+    // What somebody does who looks into the catalogue editor and cancels.
     Form7* leaveShoppingBesideTheMenu()
     {
         Click(*menu_, laCompra);

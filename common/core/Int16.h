@@ -13,7 +13,7 @@ namespace numbrela {
 class Int16 {
 public:
     constexpr Int16() = default;
-    constexpr Int16(long long value) // NOLINT(google-explicit-constructor): it stands wherever a number stands
+    constexpr Int16(long long value) // NOLINT(google-explicit-constructor): usable wherever a number is
         : value_(checked(value))
     {
     }

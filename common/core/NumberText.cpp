@@ -23,8 +23,8 @@ bool isOneOf(std::string_view characters, char character)
     return characters.find(character) != std::string_view::npos;
 }
 
-// The number with so many significant digits: "1.20e+03". This and nearestDouble() are the only places where the
-// standard library makes text of doubles and doubles of text.
+// The number with so many significant digits: "1.20e+03". Only here and in nearestDouble() does the standard library
+// convert between doubles and text.
 std::string scientificText(double value, int significantDigits)
 {
     std::array<char, 32> buffer {};
@@ -67,7 +67,7 @@ std::string plainText(double value, int significantDigits)
     return value < 0 ? "-" + digits : digits;
 }
 
-// What one reader takes as a number and another does not.
+// The rules in which the readers differ.
 struct NumberRule {
     std::string_view DecimalMarks; // each of them stands before decimals
     std::string_view Skipped; // passed over wherever it stands
@@ -157,8 +157,8 @@ public:
 private:
     bool nextIsOneOf(std::string_view characters) const { return !rest_.empty() && isOneOf(characters, rest_.front()); }
 
-    // Whether a number that no double holds is too small for one. Such a number lies so far from 1 that the place which
-    // its point takes makes no difference.
+    // Whether a number that no double holds is too small, not too large. Such a number is so far from 1 that the exact
+    // position of its point does not matter.
     bool isTooSmall() const
     {
         const std::string_view mantissa = std::string_view(number_).substr(0, number_.find('e'));
@@ -167,7 +167,7 @@ private:
         return point - firstDigit + exponent() < 0;
     }
 
-    // Cut to what makes a difference: no text is so long that its point could make up for more.
+    // Capped: no text is long enough for its digits to outweigh a larger exponent.
     long long exponent() const
     {
         constexpr long long huge = 1'000'000'000'000;
@@ -187,7 +187,7 @@ private:
     bool hasDigits_ = false;
 };
 
-// What the beginning of a text, or the whole of it, says.
+// The number at the beginning of a text, or that the whole text is.
 struct Reading {
     std::optional<double> Number;
     bool IsWholeText;

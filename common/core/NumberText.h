@@ -63,7 +63,7 @@ double LeadingWholeNumber(std::string_view text);
 // What a person typed into an input box: "1.5" is fifteen, "1,5" one and a half, "1 5" and "1,5 €" are nothing.
 std::optional<double> ParseTypedNumber(std::string_view text);
 
-// A number that was read, for those who can do nothing with one that is too large: throws RunTimeError::Overflow for an
+// Returns the number, for callers that cannot use one too large for a double: throws RunTimeError::Overflow for an
 // infinity.
 double RequireFinite(double number);
 

@@ -4,7 +4,7 @@
 
 namespace numbrela {
 
-// Where an activity gets its chance from.
+// A source of random numbers for an activity.
 class RandomSource {
 public:
     virtual ~RandomSource() = default;
@@ -16,7 +16,7 @@ public:
     virtual float NextSingle() = 0;
 };
 
-// The generator that the program plays with. The same seed gives the same draws on every machine.
+// The generator that the program uses. The same seed gives the same draws on every machine.
 class SeededRandom : public RandomSource {
 public:
     // Any finite number is a seed; different numbers are different seeds.

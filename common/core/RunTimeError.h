@@ -5,8 +5,8 @@
 
 namespace numbrela {
 
-// A failure that the program has no better answer to than to say what happened and to end.
-// Whoever has a better answer catches it on the spot; every other one reaches the application object.
+// A failure. Code that knows what to do about one catches it on the spot; any other reaches the application object,
+// which says what happened and ends the program.
 class RunTimeError : public std::runtime_error {
 public:
     enum class Kind { Overflow, InvalidArgument, TypeMismatch, File };

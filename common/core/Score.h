@@ -14,10 +14,10 @@ public:
     Int16 ErrorCount; // errors counted
     bool Scorable = true; // the current exercise still changes the counts
 
-    // Counts a judged answer, as long as the exercise is scorable, and returns the score line. A right answer counts
-    // one exercise, once: it makes the exercise unscorable. A wrong one counts one exercise and one error, every time
-    // anew. Throws RunTimeError::InvalidArgument, and counts nothing, when a count would have more than three digits;
-    // RunTimeError::Overflow when it would not even fit 16 bits.
+    // Counts a judged answer, as long as the exercise is scorable, and returns the score line. A right answer counts as
+    // one exercise and makes the exercise unscorable, so that it counts only once. A wrong one counts as one exercise
+    // and one error, every time. Throws RunTimeError::InvalidArgument, and counts nothing, when a count would have more
+    // than three digits; RunTimeError::Overflow when it would not even fit 16 bits.
     std::string Count(bool right);
 
     // The score line, each count right-aligned in three characters: "Ejercicios:  7; Errores: 12".

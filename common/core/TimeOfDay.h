@@ -13,7 +13,7 @@ struct TimeOfDay {
     int SeedProduct() const { return (Hour + 1) * (Minute + 1) * (Second + 1); }
 };
 
-// Tells the time. Tests bring a clock of their own.
+// Tells the time. Tests use a clock of their own.
 class Clock {
 public:
     virtual ~Clock() = default;

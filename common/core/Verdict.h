@@ -4,7 +4,7 @@
 
 namespace numbrela {
 
-// What was said of an answer.
+// What is said about an answer.
 struct Verdict {
     bool Right = false;
     std::string Text;

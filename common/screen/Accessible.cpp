@@ -68,7 +68,7 @@ public:
     }
     int characterCount() const override { return static_cast<int>(box_.text().size()); }
 
-    // A line edit tells where its caret is, and which character a point belongs to.
+    // A line edit knows where its caret is, and which character is at a point.
     QRect characterRect(int offset) const override
     {
         const QFontMetrics metrics(box_.font());

@@ -2,9 +2,9 @@
 
 namespace numbrela {
 
-// Has assistive tools find windows, frames and text boxes for what they are: Qt calls a plain window a filler and a
-// frame a window, so that a screen reader takes the program for one that is not in front and says nothing. Nothing is
-// made before a tool asks for it.
+// Tells assistive tools what windows, frames and text boxes are. Qt itself calls a plain window a filler and a frame a
+// window, so a screen reader believes that the program is not in front and says nothing. Nothing is created before a
+// tool asks for it.
 void InstallAccessibility();
 
 } // namespace numbrela

@@ -62,7 +62,7 @@ void BoxColours::SetHighlighted(bool highlighted)
 
 void BoxColours::apply()
 {
-    QPalette palette; // what is not set in it, the box has from its window
+    QPalette palette; // what is not set here, the box inherits from its window
     if (verdict_ && !highlighted_) {
         colourGround(palette, *verdict_);
     } else if (!takesTyping_) {

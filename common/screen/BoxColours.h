@@ -8,8 +8,8 @@ class QWidget;
 
 namespace numbrela {
 
-// Tells by the colours of a text box who may write in it, and of a verdict in it whether it is a right one. Text and
-// ground are always coloured together. What stands in the box, and which of it is highlighted, is the box's.
+// The colours of a text box: they show whether it takes typing and, for a verdict, whether it is a right one. Text and
+// background are always set together. The text and its highlight are up to the box.
 class BoxColours {
 public:
     explicit BoxColours(QWidget& box)
@@ -20,8 +20,8 @@ public:
     // A box that takes typing is white, any other one pale grey.
     void SetTakesTyping(bool takesTyping);
 
-    // A right verdict stands on green, a wrong one on red, whatever the box says in words: on the highlight where it is
-    // highlighted, elsewhere on the ground.
+    // A right verdict is on green, a wrong one on red, in addition to its words: the highlight has that colour if the
+    // verdict is highlighted, otherwise the background.
     void ShowVerdict(bool right);
     void ShowNoVerdict();
     void SetHighlighted(bool highlighted);

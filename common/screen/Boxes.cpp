@@ -28,8 +28,8 @@ int widthOfTitle(const QString& title)
     return metrics.horizontalAdvance(title) + 4 * 2 * metrics.height();
 }
 
-// A box is as wide as its line makes it: so wide that its title and the text that is offered are seen whole, and that
-// there is room for an answer of 40 characters. Only a text that is wider than the screen scrolls.
+// The input line sets the width of its box: wide enough for the title, for the whole default text and for an answer of
+// 40 characters. Only a text wider than the screen scrolls.
 int widthOfLine(const QLineEdit& line, const QString& title)
 {
     constexpr int besideTheText = 16; // pixels: the frame, its margins and the caret

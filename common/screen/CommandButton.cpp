@@ -34,7 +34,7 @@ void CommandButton::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// What comes with a double click is the second press of a hand that meant one.
+// The second press of a double click is ignored: the hand meant one click.
 void CommandButton::mouseDoubleClickEvent(QMouseEvent* event)
 {
     event->accept();

@@ -4,13 +4,13 @@
 
 namespace numbrela {
 
-// A push button that Enter presses as Space does when it has the focus, and that can have a colour of its own. A double
+// A push button that both Enter and Space press when it has the focus, and that can have a colour of its own. A double
 // click presses it once.
 class CommandButton : public QPushButton {
 public:
     explicit CommandButton(const QString& caption, QWidget* parent = nullptr);
 
-    // Colours the ground; the caption is black on it.
+    // Sets the background colour; the caption on it is black.
     void SetBackColour(const QColor& colour);
     QColor BackColour() const;
 

@@ -9,9 +9,10 @@ namespace numbrela {
 class CommandButton;
 class TextBox;
 
-// What an area is furnished with. Each of these makes a control of the area's own, names it and puts it in its place.
+// Fill an area with controls. Each function makes a control that belongs to the area, names it and puts it in its
+// place.
 
-// A control of some other kind, which has been made.
+// Adds a control of any other kind, made by the caller.
 template <typename Control>
 Control* AddControl(TwipsLayout& area, Control* control, const QString& name, TwipsRect place, FontSpec font)
 {

@@ -102,7 +102,7 @@ void FormWindow::setVisible(bool visible)
     QWidget::setVisible(visible);
 }
 
-// A window that has opened maximised has had no size of its own when it is maximised no longer.
+// A window that opened maximised has never had a size of its own; it needs one when it is restored.
 void FormWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
@@ -116,8 +116,8 @@ void FormWindow::changeEvent(QEvent* event)
 void FormWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    // The menu bar's height goes with its font, and its font with the room that it leaves. Beginning as if it took
-    // none, a size looks the same whatever it was before.
+    // The menu bar's height depends on its font, and its font on the room that the bar leaves. Starting as if it took
+    // none gives the same result for a size, whatever the size was before.
     scaleMenus(scaleToFit(size(), area_->Extent()));
     area_->activate();
     scaleMenus(area_->PixelsPerTwip());
@@ -135,7 +135,7 @@ void FormWindow::takeDesignSize()
     takeScale(area_->DesignPixelsPerTwip());
 }
 
-// The height of the menu bar goes with the scale, and how large a scale the screen has room for with that height.
+// The height of the menu bar depends on the scale, and the largest scale that fits the screen on that height.
 void FormWindow::takeScale(double pixelsPerTwip)
 {
     scaleMenus(pixelsPerTwip);
@@ -160,8 +160,8 @@ QSize FormWindow::windowSizeAt(double pixelsPerTwip) const
     return area_->SizeAt(pixelsPerTwip) + QSize(0, menuHeight);
 }
 
-// When a control has been put beyond an edge, or has come back, the window grows or shrinks around it at the scale that
-// it had, as far as the screen has room. A maximised window cannot: its layout has taken a smaller scale already.
+// When a control is moved beyond an edge, or back, the window grows or shrinks around it and keeps its scale, as far as
+// the screen has room. A maximised window cannot: its layout has already taken a smaller scale.
 void FormWindow::showWholeExtent()
 {
     if (const TwipsRect extent = area_->Extent(); extent != shownExtent_) {
@@ -173,7 +173,7 @@ void FormWindow::showWholeExtent()
     }
 }
 
-// A window that has grown over the edge of its screen comes back, the upper left corner in any case.
+// Moves a window that has grown beyond its screen back onto it; the upper left corner is always visible.
 void FormWindow::moveOntoScreen()
 {
     const QRect room = screen()->availableGeometry();

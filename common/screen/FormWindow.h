@@ -16,15 +16,15 @@ namespace numbrela {
 
 class OptionMenu;
 
-// A window of the program: a caption, a menu bar, and under it an area whose controls stand at places in twips and grow
-// with the window. It is a plain widget, not a dialog: Enter belongs to the control that has the focus, and Escape
-// closes nothing. What is in it and what happens in it is for the form that derives from it.
+// A window of the program: a caption, a menu bar, and below it an area whose controls are placed in twips and grow with
+// the window. It is a plain widget, not a dialog: Enter goes to the control that has the focus, and Escape closes
+// nothing. Its contents and behaviour belong to the form that derives from it.
 class FormWindow : public QWidget {
 public:
-    // `area` is the design size below the menu bar, in twips; `font` the font of controls that name none.
+    // `area` is the design size below the menu bar, in twips; `font` the font of controls that do not name one.
     FormWindow(const QString& name, const QString& caption, TwipsSize area, FontSpec font);
 
-    // Lets the window open maximised or full-screen where the one that it is opened from, or takes the place of, is so.
+    // Makes this window open maximised or full-screen if `opener`, the window it is opened from or replaces, is.
     void OpenLike(const QWidget& opener);
 
     // Shows the window while every other one is inert, and destroys it when it is closed.

@@ -7,7 +7,7 @@ namespace numbrela {
 
 namespace {
 
-// The window that a box stands on.
+// The window that a box belongs to; null for a window of its own.
 QWidget* windowBelow(const QWidget& window)
 {
     return window.parentWidget() != nullptr ? window.parentWidget()->window() : nullptr;
@@ -36,7 +36,7 @@ void BringToFront(QWidget& window)
     window.activateWindow();
 }
 
-void TurnTo(const QWidget& window)
+void BringBackWindowBlocking(const QWidget& window)
 {
     QWidget* const modal = QApplication::activeModalWidget();
     if (modal != nullptr && modal != &window && isOutOfSight(*modal)) {

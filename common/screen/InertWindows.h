@@ -5,19 +5,19 @@
 class QAbstractNativeEventFilter;
 class QWidget;
 
-// While a modal window is open, all others are inert: the toolkit passes nothing on of what a person does to them, and
-// only asks for the focus for the modal one. A minimised window cannot have it, so that the program would look dead.
+// While a modal window is open, all other windows are inert: Qt drops whatever a person does to them and only asks for
+// the focus for the modal one. If that one is minimised it cannot take the focus, and the program would look dead.
 namespace numbrela {
 
-// Puts an open window before the others and gives it the focus, also one that is minimised or stands on one that is.
+// Brings an open window to the front and gives it the focus, even if it, or a window below it, is minimised.
 void BringToFront(QWidget& window);
 
-// A person turns to a window: clicks on it, or chooses it in a task bar. If it is inert and what they would have to go
-// on with is minimised, that comes back.
-void TurnTo(const QWidget& window);
+// To be called when a person turns to a window: clicks on it, or chooses it in the task bar. If a minimised modal
+// window keeps it inert, brings the modal window back.
+void BringBackWindowBlocking(const QWidget& window);
 
-// As long as what is returned lives, the program hears of it when a person turns to an inert window. Null where the
-// windowing system does not tell.
+// While the returned filter lives, a minimised modal window comes back as soon as a person turns to a window that it
+// keeps inert. Null where the windowing system does not report that.
 std::unique_ptr<QAbstractNativeEventFilter> WatchInertWindows();
 
 } // namespace numbrela

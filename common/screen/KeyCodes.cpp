@@ -22,8 +22,8 @@ constexpr std::array<Pair, 6> keypadKeys { {
     { Qt::Key_Slash, 111 },
 } };
 
-// A key that writes a mark has the code that it has on a Spanish keyboard, where several marks may share a key; a mark
-// with a key of its own on other keyboards alone (semicolon, slash) has the code of that.
+// A punctuation key has the code that it has on a Spanish keyboard, where several marks may share a key. A mark that
+// has its own key only on other keyboards (semicolon, slash) has the code of that key.
 constexpr std::array<Pair, 60> otherKeys { {
     { Qt::Key_Backspace, KeyCode::Backspace },
     { Qt::Key_Tab, KeyCode::Tab },

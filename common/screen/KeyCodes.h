@@ -28,12 +28,13 @@ inline constexpr int Comma = 188;
 inline constexpr int Point = 190;
 } // namespace KeyCode
 
-// The code of the key that a key event is about; 0 for a key that has none here. Digits of the keypad and of the main
-// keyboard have different codes, and so have their decimal keys. It is the code of the key and not of what it writes:
-// Shift with 7 is still 55. Only where the system does not know the key itself it goes by the character.
+// The code of the key in a key event; 0 for a key that has none here. The digits of the keypad and of the main keyboard
+// have different codes, and so do their decimal keys. The code belongs to the key and not to what it writes: Shift with
+// 7 is still 55. Only where the system does not know the key itself is the code taken from the character.
 int KeyCodeOf(const QKeyEvent& event);
 
-// Whether the key writes what a decimal number consists of: a digit of either block, or the comma of the main keyboard.
+// Whether the key writes a part of a decimal number: a digit of the main keyboard or the keypad, or the comma of the
+// main keyboard.
 bool WritesDigitOrComma(int keyCode);
 
 } // namespace numbrela

@@ -16,7 +16,7 @@ namespace numbrela {
 
 namespace {
 
-// ------------------------------------------------------------------------------------- what forms say to keys
+// ------------------------------------------------------------------------------------- the forms' handlers
 
 class KeyHook : public QObject {
 public:
@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    // Asks the form; whether the control shall not see the event.
+    // Asks the form about a key. Returns whether the event ends here, without the control seeing it.
     bool consumes(QKeyEvent& event)
     {
         const KeyAnswer toKey = handlers_.KeyDown
@@ -75,8 +75,8 @@ private:
     bool passingOn_ = false;
 };
 
-// A key held with Ctrl or Alt is a command. With both together the third level of a keyboard is written, because that
-// is how some systems report its right Alt key.
+// A key pressed with Ctrl or with Alt is a command. With both it types a character, because some systems report the
+// right Alt key (AltGr) as Ctrl and Alt together.
 bool isCommand(const QKeyEvent& event)
 {
     return event.modifiers().testFlag(Qt::ControlModifier) != event.modifiers().testFlag(Qt::AltModifier);
@@ -84,8 +84,8 @@ bool isCommand(const QKeyEvent& event)
 
 // ---------------------------------------------------------------------------------------------------- held keys
 
-// A key of the keyboard, as far as an event tells which one it is. What a key writes changes with the modifiers, so it
-// counts only where the system does not number its keys, as some input methods do not when they pass a key on.
+// A key of the keyboard, identified as well as its event allows. The scan code decides. What the key types is compared
+// only when there is no scan code, as with some input methods, because it changes with the modifiers.
 struct PhysicalKey {
     explicit PhysicalKey(const QKeyEvent& event)
         : ScanCode(event.nativeScanCode())
@@ -105,16 +105,16 @@ struct PhysicalKey {
     int QtKey = 0;
 };
 
-// What a key that is pressed now is pressed in: a menu that has popped up, or else what has the focus.
+// Where a key pressed now goes: an open menu, or else the control that has the focus.
 const QObject* placeOfTyping()
 {
     const QObject* menu = QApplication::activePopupWidget();
     return menu != nullptr ? menu : QApplication::focusWidget();
 }
 
-// Sees the keys on their way from the system to the program's windows. Qt asks first whether somebody claims the key
-// before it is taken for a shortcut (ShortcutOverride); then the key comes as a shortcut or as a press. The question
-// may be asked more than once.
+// Sees the keys on their way from the system to the program's windows. For each press Qt first asks, perhaps more than
+// once, whether anyone claims the key so that it is not used as a shortcut (ShortcutOverride). Then the key arrives as
+// a shortcut or as a press.
 class HeldKeys : public QObject {
 public:
     explicit HeldKeys(QApplication& application)
@@ -148,7 +148,7 @@ public:
 private:
     struct Down {
         PhysicalKey Key;
-        const QObject* Place; // where it went down; only compared
+        const QObject* Place; // where the key went down; only compared, never used
     };
 
     std::vector<Down>::iterator find(const PhysicalKey& key)
@@ -165,7 +165,7 @@ private:
 
     bool isRepeated(const QKeyEvent& press) { return press.isAutoRepeat() || find(PhysicalKey(press)) != down_.end(); }
 
-    // A claimed key is no shortcut.
+    // Claims a repeated key, so that it is not used as a shortcut.
     bool claimRepeated(QKeyEvent& question)
     {
         asked_ = PhysicalKey(question);
@@ -173,14 +173,14 @@ private:
         return question.isAccepted();
     }
 
-    // Of a press that this program sends itself, as it does in place of repeated ones, Qt asks the control directly.
+    // For a press that the program itself sends, as replaceRepeated() does, Qt asks the control instead of the window.
     static bool claimMarked(QKeyEvent& question)
     {
         question.setAccepted(question.isAutoRepeat());
         return question.isAccepted();
     }
 
-    // Whether the press goes no further.
+    // Passes a repeated press on marked as such, or not at all. Returns whether the original press ends here.
     bool replaceRepeated(QObject& window, QKeyEvent& press)
     {
         const bool repeated = isRepeated(press);
@@ -204,8 +204,8 @@ private:
         return true;
     }
 
-    // Enter checks, opens and answers; a letter in a menu chooses; and what a key has begun to write in one place does
-    // not go on in another one that has got the focus since.
+    // Whether the repeats of this key are dropped: those of Enter, which checks an answer or presses a button; of a
+    // letter in a menu, which chooses an item; and of a key that types, once the focus has moved to another control.
     bool writesOnlyOnce(const QKeyEvent& press)
     {
         const bool writes = !TypedCharacter(press).isNull();
@@ -214,8 +214,8 @@ private:
             || (writes && find(PhysicalKey(press))->Place != placeOfTyping());
     }
 
-    // A release whose press never came was that of a key that an input method has kept for itself, and it has sent the
-    // text instead.
+    // Returns whether the release ends here. A release without a press belongs to a key whose press an input method
+    // kept, sending a text instead.
     bool dropRelease(const QKeyEvent& release)
     {
         if (release.isAutoRepeat()) {
@@ -229,8 +229,8 @@ private:
         return false;
     }
 
-    // Presses and releases go to the window that has the focus then, which may be none of this program's. A menu that
-    // pops up takes the focus from no window.
+    // While another program has the focus, this one misses presses and releases; so it asks which keys are down when
+    // the focus returns. A menu that pops up does not take the focus from its window.
     void lookAtKeyboard(const QWindow* focused)
     {
         if (focused != nullptr && focused->type() == Qt::Popup) {
@@ -276,7 +276,7 @@ QChar TypedCharacter(const QKeyEvent& event)
 void TypeInto(QWidget& control, const QString& text)
 {
     for (const QChar character : text) {
-        const int key = character.toUpper().unicode(); // Qt's number of the key that writes it
+        const int key = character.toUpper().unicode(); // Qt's code of the key that types it
         for (const auto type : { QEvent::KeyPress, QEvent::KeyRelease }) {
             QKeyEvent event(type, key, Qt::NoModifier, QString(character));
             QCoreApplication::sendEvent(&control, &event);

@@ -11,13 +11,13 @@ class QWidget;
 
 namespace numbrela {
 
-// A key that goes down in a control.
+// A key pressed in a control.
 struct Key {
-    int Code = 0; // as KeyCodeOf has it
-    bool Repeated = false; // it has been down already: it is held
+    int Code = 0; // see KeyCodeOf
+    bool Repeated = false; // the key is being held down
 };
 
-// What a form makes of a key, or of the character that it types.
+// A form's answer to a key, or to the character that the key types.
 class KeyAnswer {
 public:
     static KeyAnswer GoesOn() { return { false, std::nullopt }; }
@@ -40,32 +40,32 @@ private:
     std::optional<QChar> replacement_;
 };
 
-// What a form has to say to the keys of one of its controls; each of them may be left out.
+// What a form does with the keys pressed in one of its controls. Each handler may be left out.
 struct KeyHandlers {
-    // A key goes down, before the control hears of it.
+    // Called when a key goes down, before the control sees it.
     std::function<KeyAnswer(const Key&)> KeyDown = {};
 
-    // The key, if the first handler let it go on, is about to type this character, Enter, Backspace and Escape among
-    // them.
+    // Called if KeyDown did not consume the key and the key types a character. Enter, Backspace and Escape count as
+    // characters.
     std::function<KeyAnswer(QChar)> KeyPress = {};
 
-    // A key has been let go; once, however long it was held.
+    // Called once when a key is released, however long it was held.
     std::function<void(int keyCode)> KeyUp = {};
 };
 
-// Has these handlers called, for as long as the control lives. What a handler consumes, the control never sees.
+// Has these handlers called as long as the control lives. The control never sees what a handler consumes.
 void HandleKeys(QWidget& control, KeyHandlers handlers);
 
-// The character that a key event types, Enter, Backspace and Escape among them; null when it types none, as the keys
-// of commands do.
+// The character that a key event types; null if it types none, as with Ctrl or Alt held. Enter, Backspace and Escape
+// count as characters.
 QChar TypedCharacter(const QKeyEvent& event);
 
-// Lets a control have a text as if it were typed on a keyboard, key by key.
+// Sends a text to a control as if it were typed on a keyboard, key by key.
 void TypeInto(QWidget& control, const QString& text);
 
-// Recognises held keys for the whole program, whatever the system says of them, so that every control can rely on
-// QKeyEvent::isAutoRepeat. A held key fires no shortcut and chooses nothing in a menu after the first time, it writes
-// only where it went down, and a held Enter is one Enter.
+// Recognises held keys for the whole program, however the system reports them, so that every control can rely on
+// QKeyEvent::isAutoRepeat. While a key is held, its repeats fire no shortcut and choose nothing in a menu, they type
+// only into the control in which the key was pressed, and Enter counts once.
 void RecogniseHeldKeys(QApplication& application);
 
 } // namespace numbrela

@@ -27,7 +27,7 @@ QPalette lightPalette()
     const QColor faded(0x60, 0x60, 0x60);
 
     QPalette palette(ink, window, paper, QColor(0x8a, 0x8a, 0x8a), QColor(0xb8, 0xb8, 0xb8), ink, paper, paper, window);
-    palette.setColor(QPalette::Button, QColor(0xd3, 0xdc, 0xe6)); // not the grey of what is only read
+    palette.setColor(QPalette::Button, QColor(0xd3, 0xdc, 0xe6)); // not the grey of a read-only box
     palette.setColor(QPalette::Disabled, QPalette::Button, QColor(0xe4, 0xe4, 0xe4));
     palette.setColor(QPalette::ButtonText, ink);
     palette.setColor(QPalette::Highlight, selection);
@@ -41,7 +41,7 @@ QPalette lightPalette()
     return palette;
 }
 
-// What the ground and the edge of a push button tell.
+// How the background and the edge of a push button show its state.
 struct ButtonLook {
     QColor Ground;
     QColor Edge;
@@ -52,7 +52,7 @@ constexpr int thickEdge = 2;
 
 ButtonLook lookOf(const QStyleOption& button)
 {
-    constexpr int pressedShade = 108; // per cent: black is still read well on red
+    constexpr int pressedShade = 108; // per cent: black on red is still easy to read
     constexpr int edgeShade = 200;
     const QColor ground = button.palette.color(QPalette::Button);
     const QColor ink = button.palette.color(QPalette::WindowText);
@@ -72,8 +72,8 @@ ButtonLook lookOf(const QStyleOption& button)
     return { ground, ground.darker(edgeShade), 1 };
 }
 
-// Flat, in exactly the colour that the button was given; the style's own shading would pale it. The frame of the focus
-// is seen on any ground, because it has a white line on both sides.
+// Flat, in exactly the colour that the button was given; the style's own shading would make it paler. The focus frame
+// stands out on any background, because it has a white line on both sides.
 void drawButton(const QStyleOption& button, QPainter& painter)
 {
     const ButtonLook look = lookOf(button);
@@ -97,9 +97,8 @@ void drawButton(const QStyleOption& button, QPainter& painter)
     painter.restore();
 }
 
-// Fusion with flat buttons, with quiet boxes, whose buttons carry words alone, with check marks as large as the words
-// beside them, with a caret only where the focus is, and with a coloured frame round the button, list or text area that
-// has the focus.
+// Fusion with flat buttons; boxes whose buttons have no icons; check marks as large as the words beside them; a caret
+// only in the control that has the focus; and a coloured frame round a button, list or text area that has it.
 class QuietStyle : public QProxyStyle {
 public:
     QuietStyle()
@@ -124,13 +123,13 @@ public:
     {
         const bool checkMark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
         if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical) {
-            return 1; // a caption goes down with its button
+            return 1; // the caption moves down with its button
         }
         return checkMark && widget != nullptr ? widget->fontInfo().pixelSize()
                                               : QProxyStyle::pixelMetric(metric, option, widget);
     }
 
-    // The line of a list has room for the frame of its focus above and below its letters.
+    // A line of a list has room for its focus frame above and below its letters.
     QSize sizeFromContents(
         ContentsType type, const QStyleOption* option, const QSize& contents, const QWidget* widget) const override
     {
@@ -138,7 +137,7 @@ public:
         return type == CT_ItemViewItem ? size + QSize(0, 2 * roomForLineFocus(option->fontMetrics)) : size;
     }
 
-    // A caption stands inside of the edge, however thick it is.
+    // The caption stays inside the edge, however thick that is.
     QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override
     {
         return element == SE_PushButtonContents ? option->rect.adjusted(thickEdge, thickEdge, -thickEdge, -thickEdge)
@@ -151,7 +150,7 @@ public:
         if (element == PE_PanelButtonCommand) {
             drawButton(*option, *painter);
         } else if (element == PE_FrameFocusRect && qobject_cast<const QPushButton*>(widget) != nullptr) {
-            return; // it has its frame
+            return; // it has a frame already
         } else if (element == PE_FrameFocusRect && option->state.testFlag(State_Item)) { // of a line of a list
             drawLineFocus(*option, *painter);
         } else {
@@ -163,8 +162,8 @@ public:
         }
     }
 
-    // Every menu bar asks for the icon of the menus that it has no room for. Drawn here, it costs the start no image
-    // files and none of the libraries that read them.
+    // Every menu bar asks for the icon of the menus that do not fit into it. Drawing it here saves loading image files,
+    // and the libraries that read them, at the start.
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override
     {
         return icon == SP_ToolBarHorizontalExtensionButton ? moreToTheRight()
@@ -172,22 +171,22 @@ public:
     }
 
 private:
-    // Pixels for the frame and one outside of it, and for what the accent of a capital letter stands out of the height
-    // of its font: no more than a twentieth of it.
+    // Pixels for the frame, one outside it, and the part of an accent on a capital letter that rises above the height
+    // of the font: at most a twentieth of that height.
     static int roomForLineFocus(const QFontMetrics& font)
     {
         constexpr int frame = 2;
         return frame + 1 + font.height() / 20;
     }
 
-    // A frame alone: the style's own focus is a bar of a pale colour, as if the line were selected.
+    // Only a frame: the style itself shows the focus as a pale bar, as if the line were selected.
     static void drawLineFocus(const QStyleOption& line, QPainter& painter)
     {
         const bool selected = line.state.testFlag(State_Selected);
         painter.save();
         painter.setPen(line.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(line.rect.adjusted(1, 1, -2, -2)); // seen on the bar of a selected line, too
+        painter.drawRect(line.rect.adjusted(1, 1, -2, -2)); // visible on the bar of a selected line, too
         painter.restore();
     }
 
@@ -215,9 +214,9 @@ void ApplyLook(QApplication& application)
         QStringLiteral("Courier"), { QStringLiteral("Courier New"), QStringLiteral("Liberation Mono") });
     QFont::insertSubstitutions(QStringLiteral("Verdana"), { QStringLiteral("DejaVu Sans") });
 
-    // Fusion would keep the pictures that it has drawn of scroll bars and arrows, each under a name that the identity
-    // of a palette is part of. Every new window has new palettes, and Qt never forgets a name: memory would grow with
-    // each window that is opened. Drawn anew each time, they cost nothing that is noticed.
+    // Fusion would cache its pictures of scroll bars and arrows under names that contain the identity of a palette.
+    // Every new window has new palettes, and Qt never frees a name, so memory would grow with each window that is
+    // opened. Drawing them anew each time costs nothing noticeable.
     QPixmapCache::setCacheLimit(0);
 
     QApplication::setStyle(new QuietStyle);

@@ -8,16 +8,16 @@ class QKeyEvent;
 
 namespace numbrela {
 
-// What only the system that the program runs on can say of its keyboard.
+// What only the operating system knows about the keyboard.
 
-// The code of the key that the event is about, if the system knows the key itself and not only the character that it
-// writes with the modifiers that are held; 0 where it does not.
+// The code of the key in the event, if the system identifies the key itself and not just the character that it types
+// with the modifiers held; otherwise 0.
 int NativeKeyCode(const QKeyEvent& event);
 
-// Has the system send no releases for a key that is held, which could not be told from real ones.
+// Asks the system not to send releases while a key is held: they could not be told from real ones.
 void AskForRealReleasesOnly();
 
-// The scan codes of the keys that are down at this moment; none where the system does not tell.
+// The scan codes of the keys that are down at this moment; empty if the system does not report them.
 std::vector<quint32> KeysDown();
 
 } // namespace numbrela

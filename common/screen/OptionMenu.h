@@ -9,10 +9,11 @@
 
 namespace numbrela {
 
-// What the items of an option list read, one for each of its values.
+// The captions of the items of an option list, one for each value.
 std::vector<QString> CaptionsOf(const OptionList& options);
 
-// A submenu of checkable items. A click never moves a check mark by itself: the form does, when it answers the click.
+// A submenu of checkable items. A click does not move the check mark by itself: the form moves it when it answers the
+// click.
 class OptionMenu : public QMenu {
 public:
     // Named `name`, its items "<name>Lis(0)", "<name>Lis(1)", … `choose` is called with the index of a clicked item.

@@ -16,7 +16,7 @@ struct Piece {
 
 using Pieces = std::vector<Piece>;
 
-// Cut where the finder sees a boundary that counts.
+// Cuts the text at the boundaries of the finder that count.
 template <typename Counts>
 Pieces cutAt(QTextBoundaryFinder::BoundaryType type, const QString& text, Counts counts)
 {
@@ -45,7 +45,7 @@ Pieces linesOf(const QString& text)
     return pieces;
 }
 
-// A word has the blanks behind it.
+// A word includes the blanks behind it.
 Pieces piecesOf(const QString& text, QAccessible::TextBoundaryType kind)
 {
     const auto always = [](const QTextBoundaryFinder& /*finder*/) { return true; };
@@ -86,7 +86,7 @@ QString SpokenText::textAfterOffset(
     return piece(1, offset, kind, startOffset, endOffset);
 }
 
-// Behind the last character there is no character, but the last word, sentence and line are still read there. An offset
+// At the end of the text there is no character, but the last word, sentence and line can still be read there. An offset
 // of -1 means the end of the text, and of -2 the caret.
 QString SpokenText::piece(
     int steps, int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const

@@ -4,9 +4,9 @@
 
 namespace numbrela {
 
-// What assistive tools ask of every text: which character, word, sentence or line stands before, at and after a place.
-// Qt's own answers can loop for ever, at the end of a text or among blanks; these look at each character once. What the
-// text is, and where its caret, is for the class that derives from it.
+// Answers what assistive tools ask about any text: which character, word, sentence or line is before, at and after a
+// position. Qt's own answers can loop for ever, at the end of a text or among blanks; these look at each character
+// once. The deriving class supplies the text and its caret.
 class SpokenText : public QAccessibleTextInterface {
 public:
     QString textBeforeOffset(
@@ -16,7 +16,7 @@ public:
     QString textAfterOffset(
         int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const override;
 
-    // All characters look alike.
+    // The whole text has one set of attributes.
     QString attributes(int offset, int* startOffset, int* endOffset) const override;
 
 private:

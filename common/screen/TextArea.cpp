@@ -51,7 +51,7 @@ void TextArea::changeEvent(QEvent* event)
     }
 }
 
-// Qt would make the font another one; it goes with the size of the window alone.
+// Qt would change the size of the font, which depends on the size of the window alone.
 void TextArea::wheelEvent(QWheelEvent* event)
 {
     if (event->modifiers().testFlag(Qt::ControlModifier)) {

@@ -9,8 +9,7 @@
 
 namespace numbrela {
 
-// A text box of several lines that shows a text and takes no typing, as its colours say. A highlight stays, whatever
-// has the focus.
+// A read-only text box of several lines, in the colours of one. A highlight stays, whatever has the focus.
 class TextArea : public QTextEdit {
 public:
     explicit TextArea(QWidget* parent = nullptr);
@@ -19,10 +18,10 @@ public:
     std::string Text() const { return toPlainText().toStdString(); }
     void SetText(const std::string& text);
 
-    // Writes a verdict, on its colour until another text is written.
+    // Writes a verdict, which keeps its colour until another text is written.
     void ShowVerdict(const Verdict& verdict);
 
-    // Highlights the whole text, of which the beginning is in view.
+    // Highlights the whole text, scrolled to its beginning.
     void SelectWholeText();
 
 protected:

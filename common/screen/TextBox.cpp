@@ -38,10 +38,10 @@ TextBox::TextBox(QWidget* parent)
     , maximumTypedLength_(maxLength())
     , designFont_(font())
 {
-    setInputMethodHints(Qt::ImhNoPredictiveText); // nobody shall guess what a pupil means to write
+    setInputMethodHints(Qt::ImhNoPredictiveText); // no suggestions: pupils are to write by themselves
     connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
     connect(this, &QLineEdit::selectionChanged, this, [this] { colours_.SetHighlighted(hasSelectedText()); });
-    // What is taken away from a text that the program wrote longer than the limit makes no room for typing.
+    // When the program has written a text longer than the limit, deleting from it makes no room for typing.
     connect(this, &QLineEdit::textEdited, this, [this] { SetMaximumTypedLength(maximumTypedLength_); });
 }
 
@@ -100,7 +100,7 @@ int TextBox::CaretPosition() const
 
 void TextBox::SetCaretPosition(int position)
 {
-    setCursorPosition(std::clamp(position, 0, static_cast<int>(text().size()))); // and no selection is left
+    setCursorPosition(std::clamp(position, 0, static_cast<int>(text().size()))); // clears the selection, too
 }
 
 void TextBox::StepCaretLeft()
@@ -118,21 +118,21 @@ void TextBox::SelectWholeText()
 // A line edit drops its highlight when its window becomes active and the focus is elsewhere; ours keeps it.
 bool TextBox::event(QEvent* event)
 {
-    // NOLINTNEXTLINE(bugprone-parent-virtual-call): it is the line edit's part that is left out
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): QLineEdit's handler is skipped on purpose
     return event->type() == QEvent::WindowActivate ? QWidget::event(event) : QLineEdit::event(event);
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
     if (event->modifiers().testFlag(Qt::AltModifier) && TypedCharacter(*event).isNull()) {
-        event->ignore(); // a line edit would write the letter of an access key
+        event->ignore(); // a line edit would type the letter of an access key
     } else {
         QLineEdit::keyPressEvent(event);
     }
 }
 
-// What takes the place of written text, and what is still being composed, is the line edit's business, the one before
-// and the other after what is ready has been typed.
+// Text that an input method has finished is typed. What it replaces and what it is still composing are left to
+// QLineEdit, the former before the typing and the latter after it.
 void TextBox::inputMethodEvent(QInputMethodEvent* event)
 {
     if (event->commitString().isEmpty()) {
@@ -200,8 +200,7 @@ bool TextBox::fits(const QFont& font) const
     return width <= widthForText();
 }
 
-// Goes with the scale of the area that the box stands in, as all fonts do. Outside of one, the box writes as it is
-// told.
+// Follows the scale of the area that the box is in, as all fonts do. Outside an area, the size is taken as given.
 int TextBox::smallestPixelSize() const
 {
     const QWidget* around = parentWidget();

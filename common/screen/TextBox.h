@@ -28,24 +28,24 @@ public:
     std::string Text() const;
     void SetText(const std::string& text);
 
-    // Writes a verdict, on its colour until another text is written.
+    // Writes a verdict, which keeps its colour until another text is written.
     void ShowVerdict(const Verdict& verdict);
 
-    // Has the box coloured as a read-only one: what is typed into it is for another box, as its form sees to.
+    // Colours the box as a read-only one, for a box whose form redirects what is typed into it to another box.
     void LookReadOnly();
 
     // The most characters that can be typed into the box.
     void SetMaximumTypedLength(int characters);
 
-    // Writes the text at most as large as so many digits would fit. Boxes of equal width and font that are given the
-    // same number keep their digits under each other, however long the text of each is.
+    // Writes the text no larger than if it had so many digits. Boxes of equal width and font that are given the same
+    // number keep their digits under each other, however long their texts are.
     void SetLeastColumns(int digits);
 
-    // From now on writes the text as small as it takes, although it is hard to read: a number that is calculated with
+    // From now on writes the text as small as necessary, even if it is hard to read: a number that is calculated with
     // must show all its digits.
     void StayWhole();
 
-    // The caret, in characters before it.
+    // The position of the caret: the number of characters before it.
     int CaretPosition() const;
     void SetCaretPosition(int position);
     void StepCaretLeft();
@@ -54,7 +54,8 @@ public:
     void SelectWholeText();
 
 Q_SIGNALS:
-    // The focus has come to the box from another control. A window, menu or message that gives it back does not count.
+    // The focus has moved here from another control of the window. It does not count when a window, menu or message box
+    // gives the focus back.
     void GotFocus();
 
 protected:

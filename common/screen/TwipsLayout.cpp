@@ -185,8 +185,8 @@ void TwipsLayout::setGeometry(const QRect& rect)
     }
 }
 
-// The scale at which what is shown fills this room. At the design size it is exactly the design's, although the room is
-// cut to whole pixels: every control stands to the pixel where its twips say.
+// The scale at which what is shown fills this room. At the design size it is exactly the design scale, although the
+// room is in whole pixels: every control is to the pixel where its twips say.
 double TwipsLayout::scaleIn(QSize room) const
 {
     if (const TwipsLayout* enclosing = enclosingArea(); enclosing != nullptr) {
@@ -201,7 +201,7 @@ double TwipsLayout::scaleIn(QSize room) const
 }
 
 // A control may write smaller than its font says, to show its text whole. It is given the same font only once: every
-// change of font asks for a new layout, and so the two would never come to rest.
+// change of font triggers a new layout, which would otherwise set the font again, and so on for ever.
 void TwipsLayout::giveFont(Entry& entry) const
 {
     const QFont font = fontInPixels(entry.Font, FontPixels(entry.Font.Points));
@@ -212,7 +212,7 @@ void TwipsLayout::giveFont(Entry& entry) const
     QWidget* control = entry.Item->widget();
     const bool writesInIt = control->font() == font;
     control->setFont(font);
-    if (writesInIt) { // so that Qt says nothing; but the control must know that it is to write no larger
+    if (writesInIt) { // so Qt would send no event; but the control must learn that it is to write no larger
         QEvent change(QEvent::FontChange);
         QCoreApplication::sendEvent(control, &change);
     }

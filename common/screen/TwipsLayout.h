@@ -42,18 +42,18 @@ public:
     // Makes the area larger or smaller; what is in it stays in its place.
     void SetDesignSize(TwipsSize size);
 
-    // Puts a control into the area, or moves and re-dresses one that is there.
+    // Puts a control into the area, or changes the place and font of one that is there.
     void Place(QWidget* control, TwipsRect rect, FontSpec font);
     void Place(QWidget* control, TwipsRect rect) { Place(control, rect, defaultFont_); }
 
     // Moves a control that is in the area.
     void Move(QWidget* control, TwipsRect rect);
 
-    // Where a control of the area stands, and what it is dressed in.
+    // The place of a control of the area, and its font.
     TwipsRect RectOf(const QWidget* control) const;
     FontSpec FontOf(const QWidget* control) const;
 
-    // Keeps so much room, in twips, between every control and the edges of what is shown; without it, none.
+    // Keeps this margin, in twips, between every control and the edges of what is shown. The default is none.
     void SetMargin(int margin);
 
     // What is shown: the design size, and every visible control whole.

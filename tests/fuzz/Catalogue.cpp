@@ -50,14 +50,14 @@ void checkLoading(const std::string& bytes, const std::filesystem::path& file)
     EXPECT_EQ(ReadBytes(file), bytes) << "loading is no writing";
     EXPECT_EQ(table.size(), std::max<std::size_t>(records.size() / recordSize, 1));
 
-    EXPECT_TRUE(SaveCatalogue(file, table, read).Saved);
+    EXPECT_TRUE(SaveCatalogueIfUnchanged(file, table, read).Saved);
     EXPECT_EQ(ReadBytes(file), records.empty() ? std::string(recordSize, '\0') : records);
     EXPECT_TRUE(LoadCatalogue(file) == table);
 
     const std::string_view somebody = "somebody else's";
     const ProductTable others { { .Nombre = somebody, .Precio = 1, .Tienda = somebody } };
     const bool isExpected = bytes == ReadBytes(file);
-    EXPECT_EQ(SaveCatalogue(file, others, bytes).Saved, isExpected);
+    EXPECT_EQ(SaveCatalogueIfUnchanged(file, others, bytes).Saved, isExpected);
     EXPECT_EQ(LoadCatalogue(file) == others, isExpected || table == others);
     SaveCatalogue(file, table);
 }

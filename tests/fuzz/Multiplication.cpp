@@ -28,7 +28,8 @@ namespace numbrela::testing {
 
 namespace {
 
-// What is left of a number of any length when it is divided by a prime: numbers that were multiplied well keep it.
+// The remainder of a number of any length divided by a prime, which checks a product: the remainders must multiply
+// alike.
 std::uint64_t castOut(std::string_view digits)
 {
     constexpr std::uint64_t prime = 998'244'353;

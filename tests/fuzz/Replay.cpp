@@ -18,7 +18,7 @@ void replay(const std::filesystem::path& path)
     std::ifstream file(path, std::ios::binary);
     file.exceptions(std::ios::badbit);
     const std::string bytes { std::istreambuf_iterator<char>(file), {} };
-    // A copy of exactly that size, without the NUL behind a string, so that a byte read behind its end is noticed.
+    // A copy of exactly that size, without the NUL behind a string, so that reading beyond its end is noticed.
     const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
     LLVMFuzzerTestOneInput(input.data(), input.size());
 }

@@ -6,7 +6,7 @@
 
 namespace numbrela::testing {
 
-// Is shown every window of the program in its telling states. What it makes of them is for those who derive from it.
+// Gets to see every window of the program in its telling states. The deriving class decides what to do with them.
 class Gallery {
 public:
     virtual ~Gallery() = default;

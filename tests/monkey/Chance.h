@@ -7,8 +7,8 @@
 
 namespace numbrela::testing {
 
-// The chance of one event. It depends on nothing but the seed of the run, the window that is played with and the number
-// of the event, so that an event draws the same whatever the events before it drew.
+// The random numbers of one event. They depend only on the seed of the run, the window and the number of the event, so
+// that an event draws the same whatever the events before it drew.
 class Chance {
 public:
     Chance(std::int64_t seed, std::string_view window, std::int64_t event);

@@ -24,8 +24,8 @@ constexpr std::array<KnownEnd, 15> knownEnds { {
     // The score has three places for each count: the thousandth check of a visit.
     { "Form2", invalidArgument, "no cabe en 3 caracteres" },
     { "Form3", invalidArgument, "no cabe en 3 caracteres" },
-    // Two typed operands that a number can hold each, but not their sum or difference: the entry says so and keeps the
-    // operand; checking or solving the exercise is what cannot be done.
+    // Each of two typed operands fits a double, but not their sum or difference. The entry says so and keeps the
+    // operand; checking or solving the exercise then ends the program.
     { "Form2", overflow, "La suma de los datos introducidos" },
     { "Form3", overflow, "La diferencia de los datos introducidos" },
     // An answer longer than any that is read.

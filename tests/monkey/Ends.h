@@ -4,7 +4,7 @@
 
 namespace numbrela::testing {
 
-// How the program ended by a run-time error that nobody trapped.
+// A run-time error that nobody caught and that has ended the program.
 struct ProgramEnd {
     std::string Window; // that it came out of
     std::string Kind; // the Spanish name of the error's kind

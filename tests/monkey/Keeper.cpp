@@ -73,14 +73,14 @@ bool Keeper::Run()
 
 Keeper::Outcome Keeper::runProcess()
 {
-    std::array<int, 2> aliveness {}; // a pipe whose far end closes with the process
+    std::array<int, 2> aliveness {}; // a pipe whose other end closes when the process ends
     if (::pipe(aliveness.data()) != 0) {
         return Outcome::Failed;
     }
     std::fflush(nullptr);
     const pid_t process = ::fork();
     if (process == 0) {
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a monkey that nobody watches would play on
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // otherwise the monkey would play on unwatched
         ::close(aliveness[0]);
         if (play_(order_, *progress_)) {
             std::exit(EXIT_SUCCESS); // and the sanitizer looks for what has been lost

@@ -13,7 +13,7 @@ namespace numbrela::testing {
 // on in a new process, as a pupil starts the program again.
 class Keeper {
 public:
-    // `play` is what a process does: it returns whether all events have happened, or the program has ended.
+    // `play` runs in the new process and returns whether all events have happened; otherwise the program has ended.
     Keeper(const Order& order, std::function<bool(const Order&, Progress&)> play);
     ~Keeper();
     Keeper(const Keeper&) = delete;

@@ -125,7 +125,8 @@ bool Monkey::eventFilter(QObject* receiver, QEvent* event)
     return false;
 }
 
-// A timer does not fire while it is firing, and in a box's event loop it must: so each beat is a timer of its own.
+// A timer does not fire again until its handler returns, but inside the event loop of a box it has to: so each beat is
+// a new timer.
 void Monkey::timerEvent(QTimerEvent* /*event*/)
 {
     killTimer(beat_);
@@ -324,7 +325,7 @@ void Monkey::reopen()
     program_.Open(order_.Window);
 }
 
-// What is on its way, such as a window that an access key of the menu's opens, comes first.
+// Pending events come first, such as a window that an access key of the menu opens.
 void Monkey::closeAll()
 {
     letTimersFire();
@@ -346,7 +347,7 @@ void Monkey::expectNothingLeft()
     }
 }
 
-// A monkey whose keys or clicks nobody feels has tried nothing.
+// A monkey whose keys or clicks do not reach any control has tested nothing.
 void Monkey::expectFelt() const
 {
     constexpr int fewest = 20; // events at the window for each key or click

@@ -6,8 +6,8 @@
 
 namespace numbrela::testing {
 
-// Keeps the time of day out of a run: a timer fires when the monkey says so and not before. Timers without an interval,
-// which only put something off until the present event is done with, fire as ever.
+// Makes a run independent of real time: a timer fires only when the monkey says so. Timers without an interval, which
+// only defer something until the present event is over, fire as usual.
 class StoppedTimers : public QObject {
 public:
     StoppedTimers();

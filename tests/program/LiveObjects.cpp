@@ -38,7 +38,7 @@ bool isWindowOrTimer(const QObject& object)
     return isWindow || qobject_cast<const QTimer*>(&object) != nullptr;
 }
 
-// Qt makes and removes parts of what stays, and lets them wait for a moment: buttons that go up again, menus.
+// Qt makes and deletes some parts of permanent objects with a short delay: buttons that come up again, menus.
 bool isPartOf(const std::vector<const QObject*>& kept, const QObject& object)
 {
     return isWithin(object.parent(), kept) && !isWindowOrTimer(object);

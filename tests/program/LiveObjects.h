@@ -15,8 +15,8 @@ using Census = std::map<std::string, int>;
 // What has been made since one census and is still there: "QTimer ×2, Form7(Form7)"; empty when there is nothing.
 std::string Growth(const Census& before, const Census& after);
 
-// Finds the objects of Qt's that are alive: the application, every widget and window, and all that belongs to one of
-// these. What belongs to nobody is found when it has had a timer fire since this was made.
+// Finds all live QObjects: the application, every widget and window, and everything that belongs to one of these. An
+// object without a parent is found if one of its timers has fired since this was made.
 class LiveObjects : public QObject {
 public:
     LiveObjects();

@@ -29,7 +29,7 @@ namespace {
 struct Order {
     std::int64_t Openings = 1000; // of each window
     std::int64_t Exercises = 100000; // in all windows together
-    std::int64_t Memory = 0; // KiB: it may grow by less than this; where none is given, nobody asks
+    std::int64_t Memory = 0; // KiB: the limit of the growth; 0: not checked
 };
 
 bool isLittle(long drift, const Order& order)
@@ -37,8 +37,9 @@ bool isLittle(long drift, const Order& order)
     return order.Memory == 0 || drift < order.Memory;
 }
 
-// Does the same thing many times, after some times that make everything that Qt makes once and keeps, and says
-// what has grown. Whether nothing has; what the memory has grown by is added to that of all.
+// Does the same thing many times, after a warm-up in which Qt makes everything that it makes once and keeps. Prints
+// what has grown, adds the growth of the memory to the total, and returns whether nothing was left behind and memory
+// grew little enough.
 bool isSteady(const LiveObjects& objects, const std::string& what, std::int64_t times, const Order& order,
     long& driftOfAll, const std::function<void(int)>& doOnce)
 {
@@ -108,7 +109,7 @@ void practise(Program& program, const Practice& practice, int number)
 bool soak(Program& program, const LiveObjects& objects, const Order& order)
 {
     bool steady = true;
-    long drift = 0; // a little in each is too much in all
+    long drift = 0; // a little growth in each may be too much in all
     for (const Route& route : routes) {
         steady &= isSteady(objects, "open " + std::string(route.Window), order.Openings, order, drift,
             [&](int number) { openAndClose(program, route, number); });

@@ -2,9 +2,9 @@
 
 namespace numbrela::testing {
 
-// How much memory the process holds, in KiB: how much of it is resident, when what has been freed was given back to the
-// system, because what the allocator only keeps to use again is no leak. The sanitizer's allocator keeps all that for
-// long; under it, what has been allocated and not freed is counted.
+// How much memory the process holds, in KiB: its resident memory after freed memory has been given back to the system,
+// because what the allocator keeps for reuse is no leak. The sanitizer's allocator keeps freed memory for long; with
+// it, this counts what is allocated and not freed.
 long HeldMemory();
 
 } // namespace numbrela::testing

@@ -14,7 +14,7 @@ namespace {
 
 constexpr double tolerance = 1e-12;
 
-// Below this, no double that a product on paper comes to lies further from the computed one than the tolerance.
+// Below this limit, the double nearest to a product on paper differs from the computed one by less than the tolerance.
 constexpr double fine = 2'048;
 
 // The exercise on paper, in units of the last decimals.

@@ -48,7 +48,8 @@ struct PaperSum {
         return static_cast<float>(NumberAtTheStart(text.substr(0, text.find(',')))) == SingleSum;
     }
 
-    // Whether one of them can have been drawn with a digit less than the longest have, or as the least of those.
+    // Whether one of them can have been drawn with one digit less than the longest, or as the smallest number of that
+    // length.
     bool HasShort(int maxDigits) const
     {
         return std::any_of(Addends.begin(), Addends.end(), [maxDigits](Whole addend) {
@@ -73,7 +74,7 @@ private:
     }
 };
 
-// Why an answer is not judged as the whole numbers among the sums are right and the others wrong.
+// Why an answer is judged otherwise than by the rule that whole sums are right and others wrong.
 const char* causeFor(const PaperSum& paper, bool accepted)
 {
     if (accepted) {

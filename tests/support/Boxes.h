@@ -30,7 +30,7 @@ void ExpectDialog(std::function<void(QDialog&)> answer);
 // How many of the expected boxes have not opened yet.
 int PendingBoxes();
 
-// Fails the running test for each box that it expected and that never came, and forgets them.
+// Fails the running test for each expected box that never opened, and forgets them.
 void FailForPendingBoxes();
 
 } // namespace numbrela::testing

@@ -42,8 +42,7 @@ QString TextOf(const QWidget& control);
 void Click(const QWidget& window, const QString& controlName);
 void DoubleClick(const QWidget& window, const QString& controlName);
 
-// Clicks where a person sees the control, whatever stands in front: unlike a click that is handed to the control
-// itself.
+// Clicks at the place on the screen where the control is, so that anything in front of it gets the click instead.
 void ClickOnScreen(const QWidget& control);
 
 // Chooses a menu item, which must be enabled and visible.
@@ -54,13 +53,13 @@ void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void HoldDown(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void LetGo(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
-// What systems send while a key is held: some of them presses like the first one, others releases and presses that are
-// marked as repeated.
+// What systems send while a key is held: some send presses like the first one, others releases and presses marked as
+// repeated.
 void Repeat(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void RepeatMarked(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
-// Presses the access key of a button. A button is seen to go down then, and is clicked when it comes up again, which
-// this waits for.
+// Presses the access key of a button, and waits: the button visibly goes down, and the click happens when it comes up
+// again.
 void PressAccessKey(const QWidget& window, Qt::Key key, const QString& buttonName);
 
 // Types a text character by character.

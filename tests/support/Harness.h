@@ -19,7 +19,7 @@ private:
     QTemporaryDir runtimeDirectory_;
 };
 
-// Stands where the program's own application object stands, and records what would have ended the program.
+// Takes the place of the program's application object, and records the errors that would have ended the program.
 class TestApplication : public QApplication {
 public:
     using QApplication::QApplication;

@@ -10,9 +10,9 @@
 
 namespace numbrela::testing {
 
-// The run-time errors that reach the application during an action. Qt is built without clean-up for
-// exceptions: what it holds while one passes through it is lost. The program ends then, but a test goes on, and must
-// not be blamed for it. What the error passes through, the window above all, is to be made in the action too.
+// The run-time errors that reach the application during an action. Qt is built without clean-up for exceptions: what it
+// holds while one passes through it is lost. The program ends then, but a test goes on, and must not be reported for
+// the leak. So the action must also make whatever the error passes through, above all the window.
 template <typename Action>
 std::vector<RunTimeError> RunTimeErrorsOf(Action action)
 {

@@ -25,7 +25,7 @@ double luminance(const QColor& colour)
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
-// What a control without a ground of its own stands on.
+// The background behind a control that has none of its own.
 const QWidget& groundOf(const QWidget& control)
 {
     const QWidget* ground = &control;
@@ -57,7 +57,7 @@ std::array<QColor, 2> paintedGround(const QPushButton& button, QStyle::State sta
     return ground;
 }
 
-// The colours that lines of a list have of their own, beside those of the list.
+// Adds the colours of single lines of a list, which may differ from those of the list.
 void addLines(const QAbstractItemView& list, std::vector<ColourPair>& pairs)
 {
     const auto colour

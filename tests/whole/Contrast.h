@@ -9,11 +9,11 @@ class QWidget;
 
 namespace numbrela::testing {
 
-// How many times lighter the lighter of two colours is, from 1 to 21, as the web's guidelines for accessible contents
-// reckon it; text is to have 4.5.
+// How many times lighter the lighter of two colours is, from 1 to 21, as defined by the Web Content Accessibility
+// Guidelines, which ask for 4.5 for text.
 double Contrast(const QColor& a, const QColor& b);
 
-// A text and what it stands on.
+// The colour of a text and of its background.
 struct ColourPair {
     std::string What;
     QColor Text;

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-// Schoolbook arithmetic on what the screens show, which no screen has a hand in.
+// Schoolbook arithmetic on what the screens show, independent of the program.
 namespace numbrela::testing {
 
 // 57 with 1 decimal place is 5,7.

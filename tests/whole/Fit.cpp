@@ -42,7 +42,7 @@ std::string lackOfButton(const QAbstractButton& button, QStyle::SubElement conte
 std::string lackOfLabel(const QLabel& label)
 {
     if (label.text().isEmpty()) {
-        return {}; // of which some versions of Qt let less be seen than a line is high
+        return {}; // some versions of Qt show less than the height of a line of it
     }
     const QSize room = label.contentsRect().size();
     const int flags = Qt::TextShowMnemonic | (label.wordWrap() ? Qt::TextWordWrap : 0);
@@ -94,7 +94,7 @@ std::string lackOfList(const QAbstractItemView& list)
 }
 
 // A control that paints a text of its own, character by character, and tells assistive tools where each of them stands.
-// The ink is what counts: a cell may be narrower than what the font leaves around it.
+// Only the ink counts: a cell may be narrower than the character with the space that the font leaves around it.
 std::string lackOfCells(const QWidget& control)
 {
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&control));

@@ -6,7 +6,7 @@ class QWidget;
 
 namespace numbrela::testing {
 
-// Which text of a control is not seen whole, and how much room it lacks in pixels; empty when all of it is. What
+// The text of a control that is cut off, and how many pixels it lacks; empty if all of it is visible. A text that
 // scrolls is not cut off.
 std::string CutOffText(const QWidget& control);
 

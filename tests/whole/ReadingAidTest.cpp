@@ -110,7 +110,8 @@ TEST_P(ReadingAidTest, WhatTakesTheFocusHasANameToBeSpoken)
 
 // --- The Tab key -----------------------------------------------------------------------------------------------------
 
-// All that has the focus in turn while Tab is pressed, until it comes round. The focus is left where it was.
+// All controls that get the focus in turn while Tab is pressed, until one of them gets it again. Afterwards the focus
+// is where it was.
 std::set<QWidget*> reachedByTab()
 {
     QWidget* const before = QApplication::focusWidget();
@@ -122,7 +123,7 @@ std::set<QWidget*> reachedByTab()
     return reached;
 }
 
-// The operands of a sum are no tab stops, by design. Who cannot see them hears them with the answer.
+// The operands of a sum are not tab stops, by design. A screen reader speaks them together with the answer.
 bool isSpokenWithAnother(const QWidget& control, const std::set<QWidget*>& reached)
 {
     const auto* box = qobject_cast<const QLineEdit*>(&control);
@@ -156,7 +157,7 @@ TEST_P(ReadingAidTest, TheTabKeyReachesWhatTakesTheFocus)
 
 // --- Seen at all -----------------------------------------------------------------------------------------------------
 
-// What is never in sight in any state has been inspected by none of these tests.
+// A control that is visible in no state has not been inspected by any of these tests.
 TEST_P(ReadingAidTest, WhatTakesTheFocusIsInSightInSomeState)
 {
     std::set<std::string> unseen;
@@ -190,8 +191,8 @@ TEST_P(ReadingAidTest, EveryTextIsSeenWhole)
     });
 }
 
-// What has room for its text may still be beyond the edge of what it is in. An area that scrolls is covered by its
-// viewport, which is looked at instead.
+// A control with room for its text may still be beyond the edge of its parent. A scrolling area is covered by its
+// viewport, which is inspected instead.
 TEST_P(ReadingAidTest, EveryControlIsSeenWhole)
 {
     inspectAll([](QWidget& window) {
@@ -258,7 +259,7 @@ Said saidBy(const QWidget& box)
     return wrong ? Said::Wrong : Said::Nothing;
 }
 
-// Green and red alone; any other colour says nothing.
+// What a colour says of an answer: only green and red have a meaning.
 Said saidByColour(const QColor& colour)
 {
     const auto dominates = [](int one, int other, int third) { return one > 2 * other && one > 2 * third; };
@@ -300,7 +301,7 @@ TEST_P(ReadingAidTest, ARightVerdictIsGreenAWrongOneRedAndNothingElseIs)
     EXPECT_EQ(seen.count(Said::Right) == 1 && seen.count(Said::Wrong) == 1, judging.count(GetParam().Name) == 1);
 }
 
-// What a box says at its widest, put into it in every state of its window that the gallery draws.
+// The widest text of a box, put into it in every state of its window that the gallery draws.
 struct WidestText {
     const char* Room;
     const char* Box; // "Form2.tbResultados"
@@ -352,7 +353,7 @@ TEST_P(ReadingAidTest, EveryBoxHasRoomForItsWidestText)
     EXPECT_TRUE(unseen.empty()) << unseen.begin()->first;
 }
 
-// A window that the gallery leaves out is inspected by none of these tests.
+// A window that the gallery leaves out is not inspected by any of these tests.
 TEST(ReadingAid, EveryWindowIsLookedAt)
 {
     std::set<std::string> seen;
@@ -368,7 +369,7 @@ TEST(ReadingAid, EveryWindowIsLookedAt)
     }
 }
 
-// The inspections themselves: each finds what it looks for.
+// Tests of the inspections: each finds what it looks for.
 TEST(ReadingAid, ATextWithTooLittleRoomIsCutOff)
 {
     const QString text = QStringLiteral("Escribe aquí el resultado de la operación");

@@ -55,7 +55,7 @@ protected:
         return *form;
     }
 
-    // Opens each activity, lets the person work in it and leave it, and sees that the menu is alive again.
+    // Opens each activity, lets the person work in it and leave it, and checks that the menu is usable again.
     template <typename Open>
     void walk(Open open, const std::array<void (*)(), 8>& work)
     {

@@ -13,7 +13,7 @@ namespace numbrela {
 
 namespace {
 
-// What an addition has and a subtraction has otherwise.
+// Where an addition and a subtraction differ.
 struct OperationRules {
     void (ColumnExercise::*Generate)();
     double (*Solve)(double operand1, double operand2);

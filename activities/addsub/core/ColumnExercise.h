@@ -61,14 +61,14 @@ public:
     // The sum or the difference. Throws RunTimeError::Overflow when a double cannot hold it.
     double Solution() const;
 
-    // Judges what stands in the answer box. Right is what lies closer to the solution than 10^-10. Throws as Solution()
-    // does.
+    // Judges what stands in the answer box. An answer is right if it differs from the solution by less than 10^-10.
+    // Throws as Solution() does.
     Verdict Judge(std::string_view answer) const;
 
     // The text of the solution. From here on the exercise is not scored. Throws as Solution() does.
     std::string ShowSolution();
 
-    // Takes an operand that the pupil typed. An operand whose result does not fit a double is kept, yet not shown.
+    // Takes an operand that the pupil typed. If the result would not fit a double, the operand is kept but not shown.
     OperandEntry EnterOperand1(std::string_view typed) { return enterOperand(Operand1, typed); }
     OperandEntry EnterOperand2(std::string_view typed) { return enterOperand(Operand2, typed); }
 

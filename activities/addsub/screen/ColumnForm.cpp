@@ -106,7 +106,7 @@ void ColumnForm::buildControls()
     Text1->LookReadOnly();
     Text1->setAccessibleName(QStringLiteral("Instrucción"));
     HandleKeys(*Text1, { .KeyPress = [this](QChar) { return Text1_KeyPress(); } });
-    // A box that is not read-only can be cut from and pasted into; the heading stays.
+    // A box that is not read-only allows cutting and pasting; this keeps the heading as it is.
     connect(Text1, &TextBox::textEdited, this, [this] { Text1->SetText(design_.Heading); });
 
     for (int index = 0; index < 2; ++index) {
@@ -171,7 +171,7 @@ void ColumnForm::showNewExercise(const OperandTexts& texts)
     Text2[0]->SelectWholeText();
     Text2[1]->SelectWholeText();
     Text4->SetText("");
-    // The Tab key passes the operands by: who hears the window instead of seeing it hears them with the answer.
+    // The Tab key skips the operands, so a screen reader speaks them together with the answer box.
     Text3->setAccessibleDescription(
         Text2[0]->text().trimmed() + u' ' + Label1->text() + u' ' + Text2[1]->text().trimmed());
 }
@@ -254,7 +254,7 @@ void ColumnForm::MnuOpcSal_Click()
 KeyAnswer ColumnForm::Text1_KeyPress()
 {
     Text3->setFocus();
-    return KeyAnswer::Consumed(); // what is typed here was meant for the answer: it is not written into the heading
+    return KeyAnswer::Consumed(); // what is typed here was meant for the answer, so the heading does not take it
 }
 
 KeyAnswer ColumnForm::Text2_KeyPress(int /*index*/)

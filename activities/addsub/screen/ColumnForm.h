@@ -15,7 +15,7 @@ namespace numbrela {
 class OptionMenu;
 class TextBox;
 
-// What one of the two column windows shows that the other shows otherwise.
+// What differs between the two column windows.
 struct ColumnFormDesign {
     Operation Kind;
     const char* Name;
@@ -25,7 +25,7 @@ struct ColumnFormDesign {
     const char* Heading;
     bool HeadingReadOnly;
     const char* Sign;
-    std::array<const char*, 2> OperandNames; // for those who hear the window instead of seeing it
+    std::array<const char*, 2> OperandNames; // spoken by screen readers
     const char* Result;
     const char* InputTitle;
     const char* EnterOperand1;

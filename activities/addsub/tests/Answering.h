@@ -6,7 +6,7 @@
 
 namespace numbrela {
 
-// What a window does with an answer: has it judged, then counted.
+// Does with an answer what a window does: judges it, then counts it.
 inline Verdict Check(ColumnExercise& exercise, std::string_view answer)
 {
     Verdict verdict = exercise.Judge(answer);

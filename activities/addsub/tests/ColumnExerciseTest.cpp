@@ -287,13 +287,13 @@ TEST(ColumnExercise, JudgesTheNumberThatIsWritten)
         { subtraction, 2, 1, "0,99999999989", false },
         { addition, 5000000, 4999999, "9999999", true },
         { addition, 5000000, 4999999, "9999999,000000002", false },
-        // What doubles are off by is forgiven as far as the tolerance goes.
+        // The tolerance absorbs the inexactness of doubles.
         { addition, 0.1, 0.2, "0,3", true },
         { subtraction, 905.16, 904.15, "1,01", true },
         { addition, 9308397.299875, 7677177.748507, "16985575,048382", true },
         { addition, rounded1, rounded2, "17708360,830089", false },
         { addition, rounded1, rounded2, "17708360,8300890037", true },
-        // Not what is shown of seven digits counts, but what they are.
+        // With seven digits the true operands count, not the texts that are shown.
         { addition, 1234567, 2000000, "3123567", false },
         { addition, 1234567, 2000000, "3.234.567", true },
     };
@@ -382,7 +382,7 @@ void perform(ColumnExercise& exercise, Act act)
     }
 }
 
-// What counts, told without the exercise.
+// An independent statement of which answers count.
 struct Expected {
     int Exercises = 0;
     int Errors = 0;

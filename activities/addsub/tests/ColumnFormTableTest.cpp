@@ -38,7 +38,7 @@ OperandTexts firstOperands(Operation operation, const Clock& clock)
     return exercise.DrawnTexts();
 }
 
-// What one of the two windows shows that the other shows otherwise.
+// What differs between the two windows.
 struct Differences {
     const char* Heading;
     bool HeadingReadOnly;

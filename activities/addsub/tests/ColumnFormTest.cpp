@@ -129,7 +129,7 @@ protected:
         EXPECT_EQ(form_->Text2[1]->CaretPosition(), 0);
     }
 
-    // Whether the verdict is said, highlighted, and has led to where it leads to.
+    // Checks that the verdict is shown and highlighted, and that the focus has moved to where the verdict sends it.
     void ExpectVerdict(bool right, const std::string& score)
     {
         EXPECT_EQ(Verdict(), right ? "resultado correcto" : "resultado incorrecto");
@@ -139,7 +139,7 @@ protected:
         EXPECT_EQ(Score(), score);
     }
 
-    // The right answer to what is shown, as long as that is shown truly: up to six integer digits.
+    // The right answer to the texts that are shown, which are correct up to six integer digits.
     std::string RightAnswer() const
     {
         const double upper = ParseDisplayNumber(Shown().Upper);
@@ -183,7 +183,7 @@ protected:
         EnterOperand(Qt::Key_F3, QString::fromUtf8(lower));
     }
 
-    // Gives the window back the focus that a box has had: what a window manager does of itself.
+    // Gives the focus back to the window after a box has closed, as a window manager does.
     void ComeBackFromBox() { ShowAndActivate(*form_); }
 
     FixedClock clock_;
@@ -267,7 +267,7 @@ TEST_P(ColumnFormTest, DrawsFromTheTimeAtWhichItWasOpened)
         exercise.Generate();
         EXPECT_EQ(ShownOperands(), drawnBy(exercise));
 
-        // The clock is asked once: what comes next is the next draw, however late it has become.
+        // The clock is asked only once: the next exercise is the next draw, whatever the time is by then.
         clock_.Time = { 12, 34, 56, 45296 };
         Click(Form(), continuar);
         exercise.Generate();
@@ -275,7 +275,7 @@ TEST_P(ColumnFormTest, DrawsFromTheTimeAtWhichItWasOpened)
     }
 }
 
-// Who hears the window instead of seeing it passes the operands by with the Tab key.
+// The Tab key skips the operands, so a screen reader must speak them together with the answer.
 TEST_P(ColumnFormTest, SpeaksTheExerciseWhereItsAnswerIsWritten)
 {
     const auto spoken = [this] { return Form().Text3->accessibleDescription().toStdString(); };
@@ -409,7 +409,7 @@ TEST_P(ColumnFormTest, TheAnswerKeepsItsCaretWhileTheFocusIsElsewhere)
     EXPECT_EQ(Answer(), "4123");
 }
 
-// The caret of a highlighted text is its beginning, and there a step left has nowhere to go.
+// The caret of a highlighted text is at its beginning, where it cannot step left.
 TEST_P(ColumnFormTest, ADigitReplacesAHighlightedAnswerAndOneLetGoOverItLeavesIt)
 {
     Type(QStringLiteral("321"));
@@ -443,7 +443,8 @@ TEST_P(ColumnFormTest, AKeyInHeadingOrOperandGoesToTheAnswerBoxAndIsWrittenNowhe
     EXPECT_EQ(Answer(), "8");
 }
 
-// The release of a key goes to what has the focus by then, and a step is taken wherever the key was pressed.
+// The release of a key goes to the control that has the focus by then, whose caret steps even if the key was pressed
+// elsewhere.
 TEST_P(ColumnFormTest, ADigitPressedOutsideTheAnswerStepsLeftInItWhenItIsLetGo)
 {
     for (const char* box : { "Text1", "Text2(0)", "Text2(1)" }) {
@@ -462,7 +463,7 @@ TEST_P(ColumnFormTest, ADigitPressedOutsideTheAnswerStepsLeftInItWhenItIsLetGo)
     }
 }
 
-// What an input method sends that has composed a character of several keys.
+// What an input method sends when it has composed a character from several keys.
 void compose(QWidget& receiver, const QString& text)
 {
     QInputMethodEvent event;
@@ -596,7 +597,7 @@ TEST_P(ColumnFormTest, AHeldEnterChecksOnceAndDoesNotPressContinuarAsWell)
         EXPECT_EQ(Answer(), written.Answer);
         EXPECT_EQ(ShownOperands(), (Operands { written.Upper, written.Lower }));
 
-        // Pressed anew it draws the next exercise; the focus goes to the empty answer while the key is still down.
+        // A new press draws the next exercise, and the focus moves to the empty answer while the key is still down.
         hold();
         EXPECT_NE(ShownOperands(), (Operands { written.Upper, written.Lower }));
         EXPECT_EQ(Answer(), "");
@@ -621,7 +622,7 @@ TEST_P(ColumnFormTest, EveryWrongCheckCountsAndARightOneOnce)
     ExpectVerdict(false, "Ejercicios:  3; Errores:  2");
 }
 
-// The counts are as wide as their place at 999. There is no line for one more, and no way to go on without one.
+// At 999 a count fills its three places. One more cannot be shown, and the program ends.
 TEST_P(ColumnFormTest, TheThousandthExerciseEndsInARunTimeError)
 {
     const std::vector<RunTimeError> errors = RunTimeErrorsOf([this] {
@@ -994,7 +995,7 @@ TEST_P(ColumnFormTest, LongOperandsAndSolutionsAreSeenWholeAndShortOnesLargeAgai
     Choose(Form(), QStringLiteral("MnuOpcCifLis(6)"));
     Choose(Form(), QStringLiteral("MnuOpcDecLis(6)"));
     for (const bool typed : { false, true }) {
-        if (typed) { // so many that the narrower digits of the answer, too, have no room in the smallest size of others
+        if (typed) { // too many even for the narrower digits of the answer at the smallest size of the others
             EnterOperands("12345678901234567890", "1");
         }
         Click(Form(), verSolución);

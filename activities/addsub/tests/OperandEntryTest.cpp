@@ -67,7 +67,7 @@ struct TypedCase {
     const char* Message; // under the application's own title
 };
 
-// How numbers are written is a matter of the number reader.
+// Which texts are numbers is tested with the number readers.
 TEST(OperandEntry, TakesANumberPassesOverWhatIsNoneAndRefusesWhatIsTooLarge)
 {
     const TypedCase cases[] = {

@@ -31,7 +31,7 @@ Comparison::Comparison(RandomSource& random)
 {
 }
 
-// The place behind the pool's last digit is drawn too, twice as often as each of the others, and holds no digit.
+// The draw also hits the place behind the pool's last digit, twice as often as any other place; no digit is there.
 std::array<char, 4> Comparison::drawDigits()
 {
     constexpr char used = 'A';

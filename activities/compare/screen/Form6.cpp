@@ -93,8 +93,8 @@ void Form6::CbNúmero_Click(int index)
     }
 }
 
-// A button that vanishes passes the focus on as the Tab key does: the last one to a box behind the numbers. The
-// question goes on, though, and whoever answers it by keys needs a number.
+// A button that vanishes passes the focus on as the Tab key does, the last one to a box after the numbers. But the
+// question is still open, and a pupil who answers by keys needs the focus on a number.
 void Form6::keepFocusOnANumber()
 {
     if (std::find(CbNúmero.begin(), CbNúmero.end(), focusWidget()) != CbNúmero.end()) {

@@ -72,7 +72,7 @@ protected:
         }
     }
 
-    // From the first number, which has the focus, as Tab goes.
+    // Presses Tab until the button has the focus, starting at the first number.
     void tabTo(int index)
     {
         while (FocusName() != nameOf(index).toStdString()) {
@@ -231,7 +231,7 @@ TEST_F(Form6Test, AHeldEnterOrSpacePressesTheRightButtonOnce)
     }
 }
 
-// A hand that clicks twice has meant the number that it saw, not the one that the next question has at the same place.
+// A double click is meant for the number on the screen, not for the one that the next question shows at the same place.
 TEST_F(Form6Test, TheSecondPressOfADoubleClickAnswersNothing)
 {
     for (int hits = 1; hits <= 20; ++hits) {

@@ -43,8 +43,8 @@ std::optional<TypedNumber> readTyped(std::string_view typed)
     return TypedNumber { wholePart, LengthInCharacters(Trimmed(typed)) };
 }
 
-// A difference as large as the tolerance is too large. It may come out a little less than it is, because binary numbers
-// only come near decimal ones.
+// A difference equal to the tolerance is too large. It may come out slightly smaller, because binary numbers only
+// approximate decimal ones.
 bool isWithin(double difference, double tolerance)
 {
     constexpr double roundingError = 1e-6;
@@ -172,7 +172,7 @@ bool DivisionExercise::EnterDividend(std::string_view typed)
 bool DivisionExercise::EnterDivisor(std::string_view typed)
 {
     const auto number = readTyped(typed);
-    if (!number || number->WholePart == 0) { // by which nothing can be divided
+    if (!number || number->WholePart == 0) { // no division by zero
         return false;
     }
     DivisorDigits = number->Length;

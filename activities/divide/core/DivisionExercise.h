@@ -49,9 +49,9 @@ public:
     // Takes the working off the grid; the exercise stays.
     void ClearWorking();
 
-    // Judges the text of the quotient box together with the last remainder on the grid. Right is what gives back the
-    // dividend. A quotient that is to be worked to decimals is not judged: there is no verdict, and the pupil is told
-    // why. What was judged is for `Score` to count.
+    // Judges the text of the quotient box together with the last remainder on the grid. An answer is right if quotient
+    // and remainder give back the dividend. A quotient that is to be worked to decimals is not judged: there is no
+    // verdict, and the pupil is told why. What was judged is for `Score` to count.
     std::optional<Verdict> Judge(std::string_view quotient) const;
     static constexpr const char* WhyNotJudged = "El número de decimales no es cero, por favor utilice la opción \"Ver "
                                                 "solución\" para comprobar su resultado.";
@@ -61,9 +61,9 @@ public:
     // not fit 32 bits.
     std::string ShowDivisionSolution();
 
-    // Take a number that the pupil typed; its whole part counts. False when there is no number other than 0, or a
-    // divisor has no whole part to divide by, and nothing changes. Throw RunTimeError::Overflow, and change nothing,
-    // when a grid or a double cannot hold it. A dividend begins a clean grid without room for decimals; the comma's
+    // Take a number that the pupil typed; its whole part counts. Return false and change nothing if the text is not a
+    // number other than 0, or if a divisor has no whole part. Throw RunTimeError::Overflow, and change nothing, if a
+    // grid or a double cannot hold the number. A dividend begins a clean grid without room for decimals; the comma's
     // column, and what the options say of decimals, stay as they were.
     bool EnterDividend(std::string_view typed);
     bool EnterDivisor(std::string_view typed);

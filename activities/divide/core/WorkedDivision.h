@@ -28,7 +28,7 @@ struct WorkedDivision {
     std::vector<WorkedLine> Lines;
 };
 
-// Works a division out as far as its dividend has decimals, or its quotient if that is further. Each line holds a
+// Works a division out to the decimals of its dividend, or of its quotient if that has more. Each line holds a
 // remainder with the next digit brought down beside it; with subtractions, what is subtracted stands above it. A 0 in
 // the quotient only brings down the next digit. Throws RunTimeError::Overflow when a running remainder, or the divisor,
 // does not fit 32 bits.

@@ -125,7 +125,7 @@ void WorkingGrid::WriteWorkingLine(std::string_view text, int column, int row)
     partAtCommaColumn(std::max(unshifted, 0));
 }
 
-// The text up to this cell, and behind it all the paper that a working can need.
+// Keeps the text up to this cell, followed by as many blanks as a working can need.
 void WorkingGrid::clearFrom(int cell)
 {
     Text.resize(place(cell));
@@ -140,7 +140,7 @@ void WorkingGrid::partAtCommaColumn(int firstCell)
     const int rowEnd = (firstCell / LineWidth + 1) * LineWidth;
     for (int cell = firstCell; cell <= std::min(rowEnd, end() - 1); ++cell) {
         if (cell % LineWidth == CommaColumn && Text[place(cell)] != blank) {
-            const int behindShifted = cell + LineWidth - CommaColumn; // there are blanks enough behind every character
+            const int behindShifted = cell + LineWidth - CommaColumn; // enough blanks follow every character
             Text.erase(place(behindShifted), 1);
             Text.insert(place(cell), 1, blank);
             commaShift_ = true;

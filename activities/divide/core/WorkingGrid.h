@@ -8,9 +8,9 @@
 namespace numbrela {
 
 // The squared paper of a written division: a text of one character a cell, cut into rows of `LineWidth` cells. Row 0
-// holds a blank and then the dividend, the rows below are for the working. Writing is always over what stands there, so
-// that the cells keep their places, and the column of the decimal comma is stepped over. What the working means, and
-// how the paper looks, is for others to say.
+// holds a blank and then the dividend, the rows below are for the working. Writing always replaces what is there, so
+// that the cells keep their places, and skips the column of the decimal comma. The grid knows neither what the working
+// means nor how the paper looks.
 class WorkingGrid {
 public:
     // `commaShift` is the CommaShift of WriteWorkingLine; it must outlive the grid.
@@ -27,8 +27,8 @@ public:
     // A clean sheet with this dividend on top, as wide as `LineWidth` says, and the caret where the working begins.
     void Begin(std::string_view dividend);
 
-    // Puts the caret into the row below the dividend, under its first digit, or right of the comma's column if that is
-    // there: what is typed next is written, as it would not be in the dividend's own row.
+    // Puts the caret into the row below the dividend, under its first digit, or right of the comma if that is under the
+    // comma. The dividend's own row takes no typing.
     void MoveCaretToWorking();
 
     // The cells of a row; fewer than `LineWidth` of them at the end of the text, none below it.
@@ -44,24 +44,24 @@ public:
     // other character ends it: "  1 5" gives 15, "- 7" gives -7, "3,14" gives 3, "" gives 0.
     double RowValue(int row) const;
 
-    // Moves the caret by one cell, and by one more when it has come to the comma's column.
+    // Moves the caret by one cell, or by two to skip the comma's column.
     void StepRight();
     void StepLeft();
 
-    // Moves the caret to a cell, or to the end of the text that is nearer to it.
+    // Moves the caret to a cell, or to the nearer end of the text if there is no such cell.
     void MoveCaretTo(int cell);
 
     // Moves the caret by so many rows (upwards when negative) as far as there are rows, within its column.
     void MoveCaretByRows(int rows);
 
-    // Writes a character where the caret is, or right of the comma's column if it is there, and steps right. Backspace
+    // Writes a character at the caret, or right of the comma's column if the caret is in it, and steps right. Backspace
     // and "." write a blank. The dividend's row and the end of the text take no writing.
     void TypeCharacter(char16_t character);
 
     // Writes the text so that its last character comes to this column of this row, and clears all behind it. A text
-    // that reaches into the comma's column is parted there, its rest one cell to the right; CommaShift then has the
-    // texts that begin right of the comma moved by a cell too, until one begins left of it again, be it in a later
-    // exercise.
+    // that reaches into the comma's column is split there, the rest moving one cell to the right. From then on
+    // CommaShift also moves texts that begin right of the comma by one cell, until a text begins left of it again, even
+    // if that is in a later exercise.
     void WriteWorkingLine(std::string_view text, int column, int row);
 
 private:

@@ -136,7 +136,7 @@ void Form5::checkOptions()
     MnuOpcDeC->CheckOnly(DivisionExercise::QuotientDecimalChoices.IndexOf(exercise_.QuotientDecimals));
 }
 
-// The activity has an answer to every run-time error: it says so and goes on with what was there.
+// This activity survives every run-time error: it shows the message and keeps what was there.
 void Form5::showErrorsAsMessages(const std::function<void()>& action)
 {
     try {

@@ -15,11 +15,11 @@ class TextBox;
 class WorkingGridBox;
 
 // "DIVISIONES": long division. The dividend stands on squared paper that takes the working, the divisor right of the
-// bar, the quotient under it. All arithmetic, judging and counting is the exercise's; what it cannot do it says in a
+// bar, the quotient under it. The exercise does all arithmetic, judging and counting; what it cannot do is told in a
 // message, and the pupil goes on.
 class Form5 : public FormWindow {
 public:
-    // `commaShift` is what the grids of all windows know of the comma (WorkingGrid): it outlives the window.
+    // `commaShift` is shared by the grids of all windows (see WorkingGrid) and outlives the window.
     Form5(const Clock& clock, bool& commaShift);
 
     void Form_Load();

@@ -4,13 +4,13 @@
 
 namespace numbrela {
 
-// Shows a line of text in the middle of the box. What is too long for one line goes on in a second one, which can be
-// read where one line would have to be tiny; a little smaller, if two lines need it. What is longer still scrolls.
+// Shows a line of text in the middle of the box. A text too long for one line gets a second one, a little smaller if
+// necessary, because a single line would be too small to read. A longer text scrolls.
 class StatementBox : public TextArea {
 public:
     explicit StatementBox(QWidget* parent = nullptr);
 
-    // How large it writes at present, in pixels.
+    // The present size of the writing, in pixels.
     int WrittenPixelSize() const;
 
 protected:

@@ -8,20 +8,20 @@ namespace numbrela {
 
 class WorkingGridBox;
 
-// What has become of a text: from this place on, this has been replaced by that.
+// A change of a text: from this position on, one part has been replaced by another.
 struct SpokenChange {
     int Position = 0;
     QString Removed;
     QString Inserted;
 };
 
-// The shortest change that makes one text of another.
+// The shortest change that turns one text into another.
 SpokenChange ChangeBetween(const QString& before, const QString& now);
 
 // What a screen reader finds where a working grid is: a text of several lines with a caret, as in a text box.
 class WorkingGridAccessible : public QAccessibleWidget, public SpokenText {
 public:
-    // Makes Qt find it. Qt knows a factory that it has already, so that further calls change nothing.
+    // Registers this with Qt. Further calls change nothing, because Qt keeps a factory only once.
     static void Install();
 
     explicit WorkingGridAccessible(WorkingGridBox* box);

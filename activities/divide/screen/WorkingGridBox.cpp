@@ -47,7 +47,8 @@ void WorkingGridBox::ShowCell(int cell)
     update();
 }
 
-// No farther than it must; but the row in which the working begins is shown with the dividend above it.
+// Scrolls no farther than necessary, except that the row in which the working begins is shown with the dividend above
+// it.
 void WorkingGridBox::scrollTo(int row)
 {
     const int lastFirstRow = row == 1 ? 0 : row;

@@ -7,9 +7,9 @@ namespace numbrela {
 class WorkingGrid;
 
 // Shows a working grid as squared paper, a cell for each character and as many rows as there is room for, with a block
-// on the cell that is written next; scrolls with the caret and by the wheel. It moves the caret by mouse and by the
-// keys that move it in any text box, unless its form consumes them. What the other keys do is for the form to say
-// (HandleKeys); what an input method writes is typed.
+// on the cell that is written next; scrolls with the caret and by the wheel. The mouse, and the keys that do so in any
+// text box, move the caret, unless the form consumes them. The form decides what other keys do (HandleKeys); text from
+// an input method is typed.
 class WorkingGridBox : public QWidget {
     Q_OBJECT
 
@@ -21,18 +21,19 @@ public:
     // The grid must outlive the box.
     explicit WorkingGridBox(WorkingGrid& grid, QWidget* parent = nullptr);
 
-    // Shows what has been changed in the grid, with the row of the caret.
+    // Shows the changed grid, scrolled to the row of the caret.
     void ShowGrid();
 
     const WorkingGrid& Grid() const { return grid_; }
     int FirstShownRow() const { return firstRow_; }
     int ShownRows() const;
 
-    // Where a cell is painted, outside the box when it is scrolled away; and the cell at a point of the box.
+    // Where a cell is painted (outside the box when it is scrolled away), and the cell at a point of the box.
     QRect CellRect(int cell) const;
     int CellAt(QPoint point) const;
 
-    // What is written, row by row and with every blank, for those who hear it; how far into it a cell is, and back.
+    // The text for screen readers, row by row and with every blank, and the conversions between a cell and its offset
+    // in that text.
     QString SpokenText() const;
     int SpokenOffset(int cell) const;
     int CellAtSpokenOffset(int offset) const;

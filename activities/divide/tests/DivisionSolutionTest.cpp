@@ -141,7 +141,7 @@ TEST(DivisionSolution, OfADividendSmallerThanTheDivisorBeginsWithAZero)
 }
 
 // A first zero behind the comma brings the next digit down to the only row there is, the dividend's, and its place
-// there hangs on how the solution before it ended.
+// there depends on how the previous solution ended.
 TEST(DivisionSolution, AZeroBehindTheFirstZeroBringsDownToTheDividendsRow)
 {
     expectFirstSolutions({
@@ -227,7 +227,7 @@ TEST(DivisionSolution, OfEnteredNumbersReadsASignAsAZeroAndFindsNoDigitForANegat
         { "the decimals of the options are kept", decimal(2, 2), 1234, "97", "4", "24,25", " 97| 17|  1|    2|    0" },
         { "a negative dividend", whole(2), 84, "-97", "4", "24", " -97|  17|  1" },
         { "a negative divisor", whole(2), 84, "", "-4", "0", " 84" },
-        // Behind the first 0 whatever the division gives is written, and each negative digit brings the next one down
+        // After the first 0, whatever the division gives is written, and each negative digit brings down the next one
         // as a 0 does.
         { "a negative divisor with decimals", decimal(2, 2), 9725, "", "-4", "0,-3-1", " 97,5" },
     };
@@ -241,7 +241,7 @@ TEST(DivisionSolution, OfEnteredNumbersReadsASignAsAZeroAndFindsNoDigitForANegat
     }
 }
 
-// Whatever has been entered, the working stays on the paper; the sanitizers watch.
+// Whatever has been entered, the working stays on the paper; the sanitizers would notice otherwise.
 TEST(DivisionSolution, StaysOnThePaperForEveryEnteredNumber)
 {
     for (const char* dividend :
@@ -305,7 +305,7 @@ int lastRemainderOf(const WorkedDivision& worked, int dividend)
     return std::stoi(row);
 }
 
-// Quotient and remainder as the machine's own division has them.
+// Quotient and remainder by integer division of the processor.
 TEST(DivisionSolution, IsRightForEveryDividendOfFourDigitsAndEveryDivisorOfTwo)
 {
     for (int dividend = 1; dividend <= 9999; ++dividend) {

@@ -363,7 +363,7 @@ TEST_F(Form5Test, EveryNewDivisionIsScoredWhoeverDrewIt)
     }
 }
 
-// One for all windows: each finds it as the one before has left it.
+// One flag for all windows: each finds it as the previous one left it.
 TEST_F(Form5Test, TheShiftBehindTheCommaOutlastsTheWindow)
 {
     Form.close();

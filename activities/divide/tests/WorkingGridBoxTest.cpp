@@ -126,7 +126,7 @@ TEST_F(WorkingGridBoxTest, PaintsEachCharacterInItsCell)
     }
 }
 
-// Other tests ask the box for its picture, which it then paints. Here it must have painted it by itself.
+// Other tests grab the box, which makes it paint. Here it must have painted without being asked.
 TEST_F(WorkingGridBoxTest, WhatAPersonDoesIsSeenOnTheScreen)
 {
     fillRows(40);

@@ -264,8 +264,8 @@ TEST_F(WorkingGridTest, APartedLineThatFillsItsRowWritesItsLastCellOverTheNext)
     }
 }
 
-// What stands on the comma is looked for from where the line would have begun without the shift: on the dividend's row
-// that is the comma itself.
+// The search for a character on the comma starts where the line would begin without the shift: on the dividend's row
+// that finds the comma itself.
 TEST_F(WorkingGridTest, AShiftedLineTakesAlongWhatStandsOnTheComma)
 {
     commaShift_ = true;
@@ -284,7 +284,7 @@ TEST_F(WorkingGridTest, WithoutACommaTheShiftLasts)
     EXPECT_TRUE(commaShift_);
 }
 
-// Nothing is read or written beside the text; the sanitizers watch.
+// Nothing outside the text is read or written; the sanitizers would notice.
 TEST_F(WorkingGridTest, TakesLinesThatItHasNoRoomFor)
 {
     for (const int width : { 1, 5, 8, 198 }) {

@@ -17,7 +17,7 @@ int nearestChoice(const OptionList& choices, int value)
     return std::clamp(value, choices.ValueAt(0), choices.ValueAt(choices.Count - 1));
 }
 
-// The digit so many places left of the last character; 0 where a comma or a sign stands.
+// The digit so many places left of the last character; 0 for a comma or a sign.
 int digitFromTheRight(const std::string& text, int places)
 {
     const char character = text[text.size() - 1 - static_cast<std::size_t>(places)];

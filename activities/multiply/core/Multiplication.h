@@ -50,7 +50,7 @@ public:
 
     // Draws both factors. The first and the last digit of each are not 0; a whole second factor from chosen tables may
     // end in 0. It leaves Score.Scorable alone. A typed factor may have had more digits or decimals than the options
-    // offer: what is drawn has as many as they offer at most.
+    // offer; a drawn one never has.
     void NewMultiplication();
 
     // Draws the second factor from these tables (as in SelectedTables) from now on, from any digits when there are
@@ -68,14 +68,15 @@ public:
     // Whether the one partial row is already the result.
     bool HasSingleRow() const { return Digits2 + Decimals2 == 1; }
 
-    // Judges the result. Right is what lies closer to the product than 10^-12. The text differs from the verdict shown
-    // before, so that a repeated verdict is seen to be a new one.
-    // Throws RunTimeError::Overflow when a double cannot hold the result.
+    // Judges the result. It is right if it differs from the product by less than 10^-12. The text of the verdict
+    // differs from the one shown before, so that the pupil sees that a repeated verdict is a new one. Throws
+    // RunTimeError::Overflow when a double cannot hold the result.
     Verdict Judge(std::string_view result, std::string_view shownVerdict) const;
 
     // The solution. From here on the exercise is not scored. All its digits are exact, also where a double would round
-    // them. With HideZeros a zero is looked for in the second factor with its comma, yet the row's digit is taken from
-    // the one without: the comma counts as a zero, and left of it the looks go one place too far. So it is meant to be.
+    // them. With HideZeros, the zeros are looked up in the second factor with its comma, but the digits of the rows
+    // come from the factor without it. So the comma counts as a zero, and left of it the wrong digit, one place to the
+    // right, decides whether a row is hidden. This is intended.
     WorkedSolution ShowSolution();
 
     // Takes a factor that the pupil typed; its digits and decimals become the ones to draw with. A refused one changes

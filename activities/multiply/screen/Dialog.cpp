@@ -36,7 +36,8 @@ Dialog::Dialog()
     connect(CancelButton, &QPushButton::clicked, this, &Dialog::CancelButton_Click);
 }
 
-// Belonging to the form keeps the dialog in front of it; going with it when it closes is what it must not do.
+// The form is its parent while it is shown, which keeps it in front; but it must not be destroyed together with the
+// form.
 void Dialog::ShowModally(FormWindow& form)
 {
     setParent(&form, windowFlags());

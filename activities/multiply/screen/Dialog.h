@@ -13,13 +13,13 @@ class CommandButton;
 class FormWindow;
 class TwipsLayout;
 
-// "Tablas a usar": nine check boxes, one for each times table. It is only hidden between
-// uses and so keeps its ticks and the last accepted choice. What the choice is good for, it does not know.
+// "Tablas a usar": nine check boxes, one for each times table. It is only hidden between uses and so keeps its ticks
+// and the last accepted choice. It does not know what the choice is used for.
 class Dialog : public QDialog {
 public:
     Dialog();
 
-    // Shows the dialog over a form, in the scale of that form, and returns when it has been hidden again.
+    // Shows the dialog over a form, at the scale of that form, and returns when it has been hidden again.
     void ShowModally(FormWindow& form);
 
     void OKButton_Click();

@@ -108,8 +108,7 @@ void Form4::buildSideColumn()
     Buttons = AddButtonRow(
         Area(), row, [this] { Command1_Click(); }, [this](int index) { Command2_Click(index); });
 
-    // Not in the middle of its box, and hardly narrower than it: so the blank in front that tells a repeated verdict
-    // from the one before is seen.
+    // Left-aligned and almost as wide as its box, so that the leading blank that marks a repeated verdict is visible.
     Text1 = AddReadOnlyBox(Area(), QStringLiteral("Text1"), QStringLiteral("Veredicto"), sidePlace(2410, 3200),
         headingFont, Qt::AlignLeft | Qt::AlignVCenter);
     Text1->setTextMargins(verdictMargin, 0, 0, 0);
@@ -377,8 +376,8 @@ KeyAnswer Form4::TbFactor_KeyPress(int /*index*/)
     return KeyAnswer::GoesOn();
 }
 
-// Called for what the pupil writes: what the solution writes into the only row leaves the result as the solution has
-// it.
+// Called only when the pupil changes a row: when the solution writes the only row, the result stays as the solution
+// wrote it.
 void Form4::TbParcial_Change(int index)
 {
     if (index == 0 && exercise_.HasSingleRow()) {
@@ -408,8 +407,8 @@ void Form4::TbResultado_KeyUp(int keyCode)
     }
 }
 
-// Writes factors and rows as small as the longest of them takes, so that digits stay under digits, and the result no
-// larger. A result that is longer, because it has points between its thousands, is written smaller by itself.
+// Writes factors and rows all as small as the longest of them needs, so that digits stay under digits, and the result
+// no larger. A longer result, with its points between thousands, makes only itself smaller.
 void Form4::alignColumns()
 {
     std::vector<TextBox*> boxes = columnBoxes();

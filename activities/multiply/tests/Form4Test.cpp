@@ -412,7 +412,7 @@ TEST_F(Form4Test, SaysAndCountsWhetherAResultIsRightAndARightOneOnce)
     }
 }
 
-// It stands at the left of its box, as large as it was, off the frame.
+// The text is at the left of its box, in the usual size, clear of the frame.
 TEST_F(Form4Test, ARepeatedVerdictIsSeenToMoveByItsBlank)
 {
     typeFactors("0,5", "0,5");

@@ -47,7 +47,7 @@ TEST(WorkedSolution, WritesARowForEachDigitOneColumnFurtherLeftEachTime)
         { "0,5", "0,5", "0,25", { "25", "0 " }, { "25" } },
         { "0,05", "3", "0,15", { "15" }, { "15" } },
         { "12", "0", "0", { "0" }, {} },
-        // The comma counts as a zero, and left of it each digit is looked for one place too far.
+        // The comma counts as a zero, and left of it the digit one place to the right decides.
         { "7", "12,05", "84,35", { "35", "0 ", "14  ", "7   " }, { "35", "7   " } },
         { "7", "10,5", "73,5", { "35", "0 ", "7  " }, { "35" } },
         { "7", "105", "735", { "35", "0 ", "7  " }, { "35", "7  " } },
@@ -153,7 +153,7 @@ TEST(WorkedSolution, IsTheSchoolbooksForFactorsUpToFifteenDigits)
     }
 }
 
-// As far as a double tells every digit apart, the solution is the number that the answer is compared with.
+// As long as a double holds every digit, the solution is the number that the answer is compared with.
 TEST(WorkedSolution, IsTheProductRoundedToItsDecimals)
 {
     std::mt19937 chance(7);
@@ -175,9 +175,8 @@ TEST(WorkedSolution, IsTheProductRoundedToItsDecimals)
     }
 }
 
-// The rows that are shown with hidden zeros, told the other way round: digit by digit of the factor with its comma,
-// from the right, each character that is no zero and no comma takes the digit that stands as far from the right without
-// comma.
+// The rows that are shown with hidden zeros, computed in another way: for each character of the factor with its comma
+// that is neither a zero nor the comma, the digit that is as far from the right in the factor without comma.
 TEST(WorkedSolution, HidesTheRowsWhoseCharacterInTheFactorWithCommaIsNoDigitAboveZero)
 {
     std::mt19937 chance(3);

@@ -29,7 +29,7 @@ PlaceAndAdd::PlaceAndAdd(RandomSource& random)
 {
 }
 
-// A whole number from 0 on, below the end.
+// Draws a whole number from 0 to one below the end.
 int PlaceAndAdd::drawUpTo(double end)
 {
     return static_cast<int>(end * random_.Next());

@@ -41,10 +41,10 @@ public:
     // The addends in one line: "12,5 + 0,7 + 130".
     std::string DataLine() const;
 
-    // What to say of the sum in the answer box, when `shown` is what was said last: the same thing said again gains a
-    // blank, so that something is seen to happen. Only the whole part of what is written counts ("123,5" is 123),
-    // blanks between its digits do not, and it must be the sum exactly: a sum that has decimals in single precision
-    // is never judged right when it is typed with its comma.
+    // The verdict on the sum in the answer box. `shown` is the last verdict: when it is repeated, a blank is added, so
+    // that the pupil sees that the check was done. Only the whole part of what is written counts ("123,5" is 123),
+    // blanks between its digits are ignored, and it must equal the sum exactly: so a sum that has decimals in single
+    // precision is never right when it is typed with its comma.
     Verdict Judge(std::string_view answer, std::string_view shown) const;
 
     // The solution. Throws RunTimeError::InvalidArgument, with a sentence for the pupil, when the sum has more than the

@@ -71,7 +71,7 @@ std::string blanks(int count)
     return std::string(static_cast<std::size_t>(count), ' ');
 }
 
-// A written text is read, and typed over, from its first character on.
+// Puts the caret before the first character, where reading and typing over begin.
 void write(TextBox& box, const std::string& text)
 {
     box.SetText(text);
@@ -98,10 +98,10 @@ KeyAnswer deleteByBlank(TextBox& box, int keyCode)
     return KeyAnswer::Consumed();
 }
 
-// What is typed into a column replaces what stands at the caret. The box then inserts it too, unless it is full: a full
-// box is what makes this overtyping. Other characters are the box's own business: a short text, as the solution writes
-// it, takes them as any box does, in place of its highlight if it has one. A full box refuses them, and loses its
-// highlight first, because in place of highlighted columns it would have room for them.
+// A character typed into a column replaces the one at the caret. The box then inserts it as well unless it is full, so
+// this is overtyping only because a full box refuses it. Other characters are left to the box: a short text, as the
+// solution writes it, takes them as any box does, replacing its highlight if it has one. A full box is to refuse them,
+// so its highlight is removed first, which they would otherwise replace.
 KeyAnswer overtype(TextBox& box, QChar typed)
 {
     const QChar character = typed == QChar(KeyCode::Backspace) ? QChar(u' ') : typed;
@@ -267,7 +267,7 @@ void FormColoSuma::Command2_Click(int index)
         for (TextBox* box : TbSumando) {
             write(*box, blanks(addendLength));
         }
-        write(*TbResultado, blanks(addendLength)); // one more than a new exercise gives it
+        write(*TbResultado, blanks(addendLength)); // one blank more than in a new exercise
         TbSumando[0]->setFocus();
         break;
     case 2:
@@ -278,7 +278,7 @@ void FormColoSuma::Command2_Click(int index)
     }
 }
 
-// A sum too long for the columns is told, and the pupil's work stays as it is.
+// If the sum is too long for the columns, says so and leaves the pupil's work as it is.
 void FormColoSuma::showSolution()
 {
     try {

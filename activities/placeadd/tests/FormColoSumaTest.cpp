@@ -319,7 +319,7 @@ TEST_P(FormColoSumaBoxTest, CuttingLeavesAShortBoxAndPastingFillsNoMoreThanTheHi
     }
 }
 
-// What is typed into a text that does not fill its box, as the solution writes it.
+// Typing into a text that does not fill its box, such as one written by the solution.
 TEST_P(FormColoSumaBoxTest, AShortTextIsInsertedIntoAsWellAsTypedOver)
 {
     constexpr int highlighted = -1;
@@ -335,7 +335,7 @@ TEST_P(FormColoSumaBoxTest, AShortTextIsInsertedIntoAsWellAsTypedOver)
         { "   7", 4, Qt::Key_5, "   75", 5 }, { "   75", 5, Qt::Key_Backspace, "   75 ", 6 },
         { "   7", 1, Qt::Key_A, " A  7", 2 }, { "   7", 1, Qt::Key_Period, " .  7", 2 },
         { "   7", highlighted, Qt::Key_A, "A", 1 }, { oneShortOfFull, highlighted, Qt::Key_Period, ".", 1 },
-        { "   7", highlighted, Qt::Key_1, "11  7", 2 }, // what belongs in a column replaces that column alone
+        { "   7", highlighted, Qt::Key_1, "11  7", 2 }, // a digit replaces one column only
     };
     for (const auto& [text, caret, key, after, caretAfter] : cases) {
         SCOPED_TRACE(text);

@@ -240,8 +240,8 @@ void forAllOptions(int timesEach, Examine examine)
     }
 }
 
-// How many digits a number was drawn with cannot be read from it: 120 and 12 both count as two here, so that of the
-// rule that one addend be short only gross breaches are seen. The scripted draws above test it exactly.
+// A number does not show how many digits it was drawn with: 120 and 12 both count as two here. So this sees only gross
+// breaches of the rule that one addend is short. The scripted draws above test it exactly.
 TEST(PlaceAndAdd, AddendsKeepToTheirDigitsAndDecimalsAndAreNamedInOrder)
 {
     forAllOptions(500, [](const PlaceAndAdd& exercise) {

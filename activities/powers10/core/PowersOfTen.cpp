@@ -42,7 +42,7 @@ int PowersOfTen::drawOneTo(int greatest)
     return static_cast<int>(greatest * random_.Next()) + 1;
 }
 
-// Of the numbers from 1 on, the one that has a digit too many is moved down by 8: 10 becomes 2, 100 becomes 92.
+// Numbers are drawn from 1 on, and the one with a digit too many is reduced by 8: 10 becomes 2, 100 becomes 92.
 double PowersOfTen::drawNumber()
 {
     const double tooLong = PowerOfTen(Digits1);

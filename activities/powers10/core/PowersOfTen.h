@@ -37,7 +37,8 @@ public:
     std::string Factor2Text() const;
     std::string Solution() const;
 
-    // Judges what stands in the answer box; nothing stands for 0. Right is what lies closer to the product than 10^-8.
+    // Judges what stands in the answer box; an empty box counts as 0. An answer is right if it differs from the product
+    // by less than 10^-8.
     Verdict Check(std::string_view answer) const;
 
     // Takes a factor that someone typed, and works out the product anew. The second need not be a power of ten.

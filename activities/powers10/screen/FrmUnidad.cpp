@@ -30,7 +30,7 @@ FrmUnidad::FrmUnidad(const Clock& clock)
     Form_Load();
 }
 
-// Both lists keep the marks that they get here: what is chosen later shows in the numbers alone.
+// Both lists keep the check marks set here; a later choice shows only in the numbers.
 void FrmUnidad::Form_Load()
 {
     MnuOpcCi1->CheckOnly(PowersOfTen::Digits1Choices.IndexOf(exercise_.Digits1));
@@ -85,7 +85,7 @@ void FrmUnidad::buildLineOfArithmetic()
     TBRespuesta = AddTextBox(Area(), QStringLiteral("TBRespuesta"), { 4850, top, 2300, height }, arithmeticFont);
     TBRespuesta->setAccessibleName(QStringLiteral("Resultado"));
     HandleKeys(*TBRespuesta, { .KeyPress = [this](QChar character) { return TBRespuesta_KeyPress(character); } });
-    // Commands write too, pasting and cutting among them, and are no characters.
+    // Commands such as cutting and pasting change the text too, without typing a character.
     connect(TBRespuesta, &TextBox::textEdited, this, [this] { TBResultado->SetText(""); });
 }
 
@@ -167,7 +167,7 @@ void FrmUnidad::MnuOpcCi1Lis_Click(int index)
     showNewExercise();
 }
 
-// A typed factor does not show: the line keeps the drawn numbers, while the check and the solution use what was typed.
+// A typed factor is not shown: the line keeps the drawn numbers, while the check and the solution use the typed one.
 void FrmUnidad::MnuOpcIn1_Click()
 {
     exercise_.EnterFactor1(AskText(this, "Introduzca el primer factor de la multiplicación:", "Insertar factor 1"));

@@ -57,7 +57,7 @@ void writeRecord(const Product& product, char* record)
     std::memcpy(record + nombreWidth + precioWidth, product.Tienda.Bytes.data(), tiendaWidth);
 }
 
-// Reads the table, and hands on all that it reads.
+// Reads the table, and passes every byte that it reads on to the caller.
 template <typename HandOn>
 ProductTable loadRecords(const std::filesystem::path& path, HandOn handOn)
 {
@@ -134,7 +134,7 @@ void SaveCatalogue(const std::filesystem::path& path, const ProductTable& table)
     file.Commit();
 }
 
-SaveOutcome SaveCatalogue(
+SaveOutcome SaveCatalogueIfUnchanged(
     const std::filesystem::path& path, const ProductTable& table, const CatalogueContent& expected)
 {
     CatalogueReplacement file(path);

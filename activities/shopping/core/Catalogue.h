@@ -20,7 +20,7 @@ class FixedText {
 public:
     FixedText() = default;
 
-    // Takes a UTF-8 text; a character that the encoding has no place for becomes "?".
+    // Takes a UTF-8 text; a character that the encoding does not have becomes "?".
     FixedText(std::string_view utf8) // NOLINT(google-explicit-constructor): assigning a text is what a field is for
     {
         const std::string text = Windows1252FromUtf8(utf8);
@@ -78,7 +78,7 @@ int AddProduct(ProductTable& table, const Product& product);
 // Overflow for more than MostProducts.
 ProductTable LoadCatalogue(const std::filesystem::path& path);
 
-// Does the same, and gives what the file held.
+// Like the function above, and also stores the bytes of the file in `content`, for SaveCatalogueIfUnchanged.
 ProductTable LoadCatalogue(const std::filesystem::path& path, CatalogueContent& content);
 
 // Writes every entry of the table as the whole file. Whatever happens while it is written, the file is the old one or
@@ -90,9 +90,9 @@ struct SaveOutcome {
     CatalogueContent Content; // what the file holds now
 };
 
-// Does the same if the file still holds what is expected, or already what is to be saved. Otherwise somebody else has
-// saved meanwhile, and the file stays as it is.
-SaveOutcome SaveCatalogue(
+// Saves the table like SaveCatalogue, but only if the file holds the expected bytes, or already those to be saved.
+// Otherwise someone else has saved since, and the file stays as it is.
+SaveOutcome SaveCatalogueIfUnchanged(
     const std::filesystem::path& path, const ProductTable& table, const CatalogueContent& expected);
 
 } // namespace numbrela

@@ -19,7 +19,7 @@ namespace numbrela {
 
 namespace {
 
-constexpr const char* newNameMark = ".nuevo-"; // and the number of the process
+constexpr const char* newNameMark = ".nuevo-"; // followed by the process id
 constexpr mode_t whatTheUmaskAllows = 0666;
 
 std::string reasonOf(int error)
@@ -68,13 +68,13 @@ auto untilDone(Call call)
     return result;
 }
 
-// Brings to the disk what has been written. Some file systems have no such call for folders and need none.
+// Flushes to the disk what has been written. Some file systems have no such call for folders and need none.
 bool syncToDisk(const Descriptor& descriptor)
 {
     return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-// Fills the buffer as far as the file goes; how far that is, or nothing when the system cannot read.
+// Fills the buffer as far as the file reaches. Returns the number of bytes read, or nothing if the system cannot read.
 std::optional<std::size_t> fill(std::span<char> buffer, const Descriptor& file)
 {
     std::size_t filled = 0;
@@ -98,7 +98,7 @@ bool knowsNoLocks(int error)
     return error == EINVAL || error == ENOTSUP || error == ENOSYS || error == ENOLCK || error == EBADF;
 }
 
-// The file itself, where the path is a link to it: a link stays a link.
+// Follows links, so that a save replaces the file itself and a link to it stays a link.
 std::filesystem::path fileBehind(const std::filesystem::path& path)
 {
     std::error_code unresolved;
@@ -106,7 +106,7 @@ std::filesystem::path fileBehind(const std::filesystem::path& path)
     return unresolved ? path : file;
 }
 
-// Whether a process with this number, other than this one, is running: the new file may be one that it still writes.
+// Whether another process with this id is running: it may still be writing its new file.
 bool isOfAnotherSave(const std::string& processNumber)
 {
     pid_t process = 0;
@@ -139,7 +139,7 @@ bool Descriptor::Close()
 {
     const int number = number_;
     number_ = -1;
-    return number < 0 || ::close(number) == 0 || errno == EINTR; // interrupted, it is closed all the same
+    return number < 0 || ::close(number) == 0 || errno == EINTR; // closed even when a signal has interrupted the call
 }
 
 CatalogueReader::CatalogueReader(const std::filesystem::path& path)
@@ -220,8 +220,8 @@ CatalogueContent CatalogueReplacement::Replaced() const
     return content;
 }
 
-// The new file is whole on the disk before it takes over the name, and the folder tells so before the save counts as
-// done.
+// The new file is completely on the disk before it takes over the name, and the folder is flushed before the save
+// counts as done.
 void CatalogueReplacement::Commit()
 {
     if (::renameat(folder_.Number(), newName_.c_str(), folder_.Number(), path_.filename().c_str()) != 0) {
@@ -233,8 +233,8 @@ void CatalogueReplacement::Commit()
     }
 }
 
-// A save takes a small part of the time that another one waits for it. The system frees the folder of a process that
-// has died.
+// A save takes only a fraction of the time that another one waits for it. When a process dies, the system releases its
+// lock.
 void CatalogueReplacement::keepOthersOut() const
 {
     constexpr int tries = 100;
@@ -250,7 +250,7 @@ void CatalogueReplacement::keepOthersOut() const
     }
 }
 
-// A file that its owner protects from writing would be replaced all the same: a name belongs to the folder.
+// A renaming would replace even a write-protected file, because only the permissions of the folder count.
 int CatalogueReplacement::openNewFile() const
 {
     struct stat old { };
@@ -281,12 +281,11 @@ int CatalogueReplacement::openNewFile() const
     return file;
 }
 
-// New files that never took over: of a save that was killed, or that a loss of power stopped. What cannot be removed
-// does no harm.
+// Removes new files left behind by saves that were killed or lost power. Any that cannot be removed do no harm.
 void CatalogueReplacement::removeLeftovers() const
 {
     const std::string beginning = path_.filename().string() + newNameMark;
-    std::error_code ends; // the walk, at a folder or an entry that cannot be read
+    std::error_code ends; // set when the folder or an entry cannot be read, which ends the loop
     for (std::filesystem::directory_iterator entry(folderOf(path_), ends), end; !ends && entry != end;
          entry.increment(ends)) {
         const std::string name = entry->path().filename().string();
@@ -296,7 +295,7 @@ void CatalogueReplacement::removeLeftovers() const
     }
 }
 
-// As far as the system lets this user: a file system without owners does not, and needs none.
+// Does as much as the system lets this user do: a file system without owners refuses, and needs none of it.
 void CatalogueReplacement::keepOwnerAndPermissions() const
 {
     struct stat old { };

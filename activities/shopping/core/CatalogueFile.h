@@ -6,8 +6,8 @@
 #include <span>
 #include <string>
 
-// The catalogue's bytes on the disk, and all that is the operating system's about them. What the bytes mean is not
-// known here. Failures are RunTimeError::File with the file's name and the reason, in Spanish.
+// The catalogue's bytes on the disk, and everything about them that depends on the operating system. What the bytes
+// mean is not known here. Failures are RunTimeError::File with the file's name and the reason, in Spanish.
 namespace numbrela {
 
 // All bytes of a catalogue file; nothing when there is no such file.
@@ -27,7 +27,7 @@ public:
     int Number() const { return number_; }
     bool IsOpen() const { return number_ >= 0; }
 
-    // False when what was written could not be kept.
+    // Returns false if what was written may be lost.
     bool Close();
 
 private:
@@ -42,7 +42,7 @@ public:
     // Bytes in the file when it was opened.
     std::size_t Size() const { return size_; }
 
-    // Fills the buffer as far as the file goes, and returns how far that is.
+    // Fills the buffer as far as the file reaches, and returns the number of bytes read.
     std::size_t Read(std::span<char> buffer);
 
 private:
@@ -52,8 +52,8 @@ private:
 };
 
 // Writes a new file beside the old one and, when it is all on the disk, puts it into the old one's place. Until then
-// the old one is untouched; one that is never committed leaves nothing behind. As long as it lives, no other one in the
-// same folder does, in whatever process: none is there between the last look at the old file and its end.
+// the old file is untouched; a replacement that is never committed leaves nothing behind. It locks the folder as long
+// as it lives, so no other process can replace the file between the call of Replaced() and the end of Commit().
 class CatalogueReplacement {
 public:
     explicit CatalogueReplacement(const std::filesystem::path& path);
@@ -64,7 +64,7 @@ public:
     // All bytes of the new file.
     void Write(std::span<const char> bytes);
 
-    // What the file holds that is about to be replaced.
+    // The bytes of the file that is about to be replaced.
     CatalogueContent Replaced() const;
 
     void Commit();

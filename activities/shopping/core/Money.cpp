@@ -9,8 +9,8 @@ namespace numbrela {
 
 namespace {
 
-// The price in cents as a pupil rounds what is written, half a cent up: a single's "1,005" is 101 cents, although the
-// single itself lies a little below.
+// The price in cents, rounded from its decimal text as a pupil would, half a cent up: "1,005" is 101 cents, although
+// the single itself is slightly less.
 double centsOf(float price)
 {
     constexpr double moreThanADoubleLoses = 1e-9;

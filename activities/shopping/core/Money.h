@@ -27,8 +27,8 @@ std::optional<float> LeadingPrice(std::string_view text);
 // Throws RunTimeError::InvalidArgument for a price that has no room there: 1000 and more.
 std::string PriceText(float price);
 
-// A price of any size as a plain number, "12,5"; "infinito" for an infinite one, which a catalogue file may hold since
-// it is above zero.
+// A price of any size as a plain number, "12,5"; "infinito" for an infinite one, which a catalogue file may hold
+// because any price above zero is valid.
 std::string PlainPriceText(float price);
 
 // The money that a pupil sets out with, in whole euros of at least two digits: "25€", "05€", "1.250€".

@@ -15,7 +15,8 @@ namespace {
 constexpr std::size_t tiendaColumn = 18; // characters
 constexpr std::size_t nombreColumn = 30;
 
-// A text that was never set has NUL characters; tabs and line ends may have been pasted, and a soft hyphen is not seen.
+// A text that was never set has NUL characters, tabs and line ends may have been pasted, and a soft hyphen is
+// invisible.
 bool wouldShiftTheColumns(char byte)
 {
     constexpr unsigned char softHyphen = 0xAD;
@@ -50,7 +51,7 @@ bool ProductEditor::SaveOverOthers(const std::filesystem::path& catalogue)
 
 bool ProductEditor::saveInPlaceOf(const CatalogueContent& content, const std::filesystem::path& catalogue)
 {
-    SaveOutcome outcome = SaveCatalogue(catalogue, Table, content);
+    SaveOutcome outcome = SaveCatalogueIfUnchanged(catalogue, Table, content);
     (outcome.Saved ? known_ : others_) = std::move(outcome.Content);
     return outcome.Saved;
 }

@@ -16,19 +16,20 @@ struct ProductTexts {
     bool operator==(const ProductTexts&) const = default;
 };
 
-// What someone who keeps the catalogue does with it: choose a product, mend it in the edit boxes, add, change and
-// delete. The lines of the list, their order and their choice are the screen's; it says which line a product has.
+// What a teacher can do with the catalogue: choose a product, edit it in the boxes, add, change and delete products.
+// The screen keeps the lines of the list, their order and the selection, and tells the editor which line a product has.
 // Nothing reaches the file before the table is saved.
 class ProductEditor {
 public:
     // Takes the table from the catalogue file. Throws what LoadCatalogue throws.
     void Load(const std::filesystem::path& catalogue);
 
-    // Saves the table. False, and nothing has happened, when the file holds something else than when it was loaded or
-    // last saved: somebody else has saved meanwhile. Throws what SaveCatalogue throws.
+    // Saves the table. Returns false and saves nothing if someone else has changed the file since it was loaded or last
+    // saved. Throws what SaveCatalogue throws.
     bool Save(const std::filesystem::path& catalogue);
 
-    // Saves it in place of what was found by the save that has just been refused. False when it is not that any more.
+    // Saves the table over the version that the refused save has found. Returns false and saves nothing if the file has
+    // changed again since.
     bool SaveOverOthers(const std::filesystem::path& catalogue);
 
     // The catalogue line of a product: shop, name, price and "€" in columns.
@@ -36,8 +37,8 @@ public:
 
     ProductTexts TextsOf(int product) const;
 
-    // Puts the texts of the edit boxes into the product that they show, if they show one. False, and nothing has
-    // changed, when their price is not a number.
+    // Puts the texts of the edit boxes into the product that they show, if any. Returns false and changes nothing if
+    // the price is not a number.
     bool WriteBack(const ProductTexts& boxes);
 
     // From now on the edit boxes show this product, which has this line in the list.
@@ -47,14 +48,14 @@ public:
     // Throws RunTimeError::Overflow when the catalogue is full.
     int Add(const Product& product);
 
-    // Takes the answers over that are not empty. The price is read as far as it is a number with "." as its only
-    // decimal point: "1,25" gives 1, and "abc" gives 0, which deletes the product when the catalogue is loaded next
-    // time. Whether the product is another one now. Throws RunTimeError::Overflow, and changes nothing, when the price
-    // is too large.
+    // Changes the product to the answers that are not empty, and returns whether that made a difference. The price is
+    // read as far as it is a number with "." as its only decimal point: "1,25" gives 1, and "abc" gives 0, which
+    // deletes the product when the catalogue is next loaded. Throws RunTimeError::Overflow, and changes nothing, if the
+    // price is too large.
     bool Change(int product, const ProductTexts& answers);
 
-    // Removes the product; the only one stays with the price 0 and is gone when the catalogue is loaded next time.
-    // Given its line, returns the line to choose next: the one above, or the first.
+    // Removes the product; the last one left stays with the price 0 and is gone when the catalogue is next loaded.
+    // `line` is its line; returns the line to select next, the one above or the first.
     int Delete(int product, int line);
 
     ProductTable Table { 1 };
@@ -66,7 +67,7 @@ private:
     bool saveInPlaceOf(const CatalogueContent& content, const std::filesystem::path& catalogue);
 
     CatalogueContent known_; // what the file held when it was loaded or last saved
-    CatalogueContent others_; // what the save that was refused found there
+    CatalogueContent others_; // what the refused save found in the file
 };
 
 } // namespace numbrela

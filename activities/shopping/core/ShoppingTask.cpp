@@ -13,7 +13,8 @@ namespace numbrela {
 
 namespace {
 
-// The indexes on a list, as text. An index whose text stands anywhere in it is taken: 12 on the list rules out 1 and 2.
+// The indexes on a list, as one text. An index counts as taken if its digits occur anywhere in it: 12 rules out 1 and
+// 2.
 class UsedIndexes {
 public:
     bool Contains(int index) const { return text_.find(std::to_string(index)) != std::string::npos; }

@@ -41,7 +41,7 @@ enum class ShopScene {
 // What pressing the button inside a shop has led to.
 struct PayOutcome {
     ShopScene Scene = ShopScene::Centre;
-    std::string Message = {}; // to be told before, under the title "Error"; empty: nothing
+    std::string Message = {}; // shown first, under the title "Error"; empty: nothing
     std::string Instructions = {}; // what to do now (Sum, Change, Receipt)
 };
 
@@ -79,9 +79,9 @@ public:
     float NotesGiven = 0; // in banknotes
     float AmountPaid = 0; // what the pupil added up, and pays
 
-    // Draws a new list, with the money and the time for it. Basket and PayStep stay as they are. A catalogue with fewer
-    // products than the list asks for gives a list of all of them, one whose prices add up to more than a single can
-    // hold an empty list, each with a sentence that says so.
+    // Draws a new list, with the money and the time for it. Basket and PayStep stay as they are. If the catalogue has
+    // fewer products than the list asks for, the list holds all of them; if the prices add up to more than a single can
+    // hold, the list is empty. A sentence says so in either case.
     std::string NewShoppingTask(RandomSource& random);
 
     // Takes the number of products that a person typed, "." being the decimal point, when it is above 1 and below 11.
@@ -106,8 +106,8 @@ public:
     // The next step of paying, with what the pupil wrote into the answer box.
     PayOutcome Continue(std::string_view typed);
 
-    // The prices of the basket while they are added up, the subtraction while the change is worked out; to be asked for
-    // after the message of the step has been told. Throws a RunTimeError for a price or banknotes of 1.000 € or more,
+    // The prices of the basket while they are added up, the subtraction while the change is worked out; to be called
+    // after the message of the step has been shown. Throws a RunTimeError for a price or banknotes of 1.000 € or more,
     // which have no room, and for more than 114 rows.
     PriceColumn ColumnAboveResult() const;
 

@@ -2,10 +2,10 @@
 
 namespace numbrela {
 
-// Says by a sound that there is nothing to be done.
+// Makes a sound that says that there is nothing to act on.
 void Beep();
 
-// How often that has happened since the program began. A test sees by it what it cannot hear.
+// The number of beeps since the program started, for tests, which cannot hear them.
 int BeepCount();
 
 } // namespace numbrela

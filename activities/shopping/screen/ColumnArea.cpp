@@ -15,7 +15,7 @@ ColumnArea::ColumnArea(QWidget* parent)
 
 void ColumnArea::LayOutText()
 {
-    constexpr int besideTheDigits = 5; // as far from the edge as a line edit keeps its text
+    constexpr int besideTheDigits = 5; // pixels, the margin of a line edit
     QTextBlockFormat row;
     row.setRightMargin(besideTheDigits);
     row.setAlignment(Qt::AlignRight);

@@ -4,7 +4,7 @@
 
 namespace numbrela {
 
-// A text area whose lines share its height evenly and stand at its right edge: a column of a written calculation.
+// A text area for a column of a written calculation: its lines share the height evenly and are right-aligned.
 class ColumnArea : public TextArea {
 public:
     explicit ColumnArea(QWidget* parent = nullptr);

@@ -45,7 +45,7 @@ DLGProductos::DLGProductos(const Clock& clock, Shop& shop)
     List1->setFocus();
 }
 
-// A button that is pressed before a line has been refused would act on that line.
+// A button pressed before the selection of a line has been refused would act on that line.
 void DLGProductos::connectButton(CommandButton* button, void (DLGProductos::*click)())
 {
     connect(button, &QPushButton::clicked, this, [this, click] {
@@ -143,7 +143,7 @@ void DLGProductos::List1_Click()
     showProduct(List1->DataOf(*line), *line);
 }
 
-// The line stays selected, and what was typed stays to be mended.
+// Keeps the line selected and the typed texts in the boxes, to be corrected.
 void DLGProductos::refusePrice()
 {
     List1->SelectLine(editor_.SelectedLine);
@@ -185,7 +185,7 @@ void DLGProductos::CBModif_Click()
     }
 }
 
-// Its boxes first: selecting its line would otherwise put back into it what they showed before.
+// Fills the boxes first: otherwise selecting the line would write the old texts of the boxes back into the product.
 void DLGProductos::showChangedProduct(int product)
 {
     FillProductList();
@@ -206,9 +206,9 @@ void DLGProductos::CBElim_Click()
     List1->SelectLine(next);
 }
 
-// Whether the catalogue is saved. What others have saved meanwhile goes only with the consent of the person who knows
-// of it; and what is saved while they are being asked is asked about anew.
-bool DLGProductos::saveOrAsk()
+// Saves the catalogue and returns whether it did. If someone else has saved it since, asks before replacing their
+// version, and asks again if the file changes while the question is open.
+bool DLGProductos::saveWithConsent()
 {
     bool saved = editor_.Save(Ruta);
     while (!saved
@@ -222,7 +222,7 @@ bool DLGProductos::saveOrAsk()
 void DLGProductos::OKButton_Click()
 {
     try {
-        if (!saveOrAsk()) {
+        if (!saveWithConsent()) {
             return;
         }
     } catch (const RunTimeError& failure) {
@@ -255,7 +255,7 @@ void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop)
         if (failure.ErrorKind() != RunTimeError::Kind::File) {
             throw;
         }
-        ShowShopping(before, clock, shop, false); // it runs into the same failure, and says so
+        ShowShopping(before, clock, shop, false); // it meets the same failure, and shows it
         return;
     }
     editor->OpenLike(before);

@@ -18,11 +18,11 @@ class ListBox;
 class TextBox;
 struct Shop;
 
-// "Productos": the window in which a teacher adds, changes and deletes the products of the catalogue. The table and
-// what happens to it is the editor's; when it closes, the shopping window takes its place.
+// "Productos": the window in which a teacher adds, changes and deletes the products of the catalogue. The editor
+// (ProductEditor) keeps the table and changes it. When the window closes, the shopping window takes its place.
 class DLGProductos : public FormWindow {
 public:
-    // Of the catalogue of this shop. Clock and shop outlive the window.
+    // Edits the catalogue of this shop. Clock and shop outlive the window.
     DLGProductos(const Clock& clock, Shop& shop);
 
     // Reads the catalogue from Ruta and lists it; to be called before the window is shown.
@@ -59,7 +59,7 @@ private:
     ProductTexts boxTexts() const;
     void showChangedProduct(int product);
     void refusePrice();
-    bool saveOrAsk();
+    bool saveWithConsent();
 
     const Clock& clock_;
     Shop& shop_;

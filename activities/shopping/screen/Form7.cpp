@@ -39,23 +39,23 @@ constexpr FontSpec longNameFont { "Arial", 9.75 }; // a shop's name that its but
 constexpr FontSpec instructionFont { "Verdana", 12 };
 constexpr FontSpec columnFont { "Courier New", 12 };
 
-// The column of prices: it stands on its rule and grows upwards.
+// The column of prices grows upwards from the rule below it.
 constexpr int columnLeft = 6240;
 constexpr int columnWidth = 1800;
 constexpr int columnBottom = 7540;
 constexpr int rowHeight = 285;
 constexpr int ruleY = columnBottom + 15;
 
-// Where those controls of a shop stand that are always there.
+// The places of the three controls that are always visible in a shop, but move while the pupil pays.
 struct ShopPlaces {
     TwipsRect Sign;
     TwipsRect Instructions;
     TwipsRect Continue;
 };
 
-// What to do is said below the shelf, and while the pupil pays, right beside the foot of the column. The sign then
-// fills the room above, never that of the column, which may grow up to it and past it. A receipt needs that room, too,
-// so that it is seen whole.
+// The instructions are below the shelf or, while the pupil pays, beside the lower end of the column. The sign then
+// fills the room above them, but not above the column, which can grow to any height. A receipt takes most of that room
+// from the sign, so that it can be read whole.
 constexpr ShopPlaces atTheShelf { { 240, 180, 9120, 540 }, { 240, 4830, 4440, 2610 }, { 240, 7620, 4440, 540 } };
 constexpr ShopPlaces atTheTill { { 1560, 180, 4440, 5580 }, { 1560, 5940, 4440, 1500 }, { 1560, 7620, 4440, 540 } };
 constexpr ShopPlaces withTheReceipt { { 1560, 180, 4440, 540 }, { 1560, 900, 4440, 6540 }, { 1560, 7620, 4440, 540 } };
@@ -92,8 +92,8 @@ void paint(QLabel& sign, const QColor& colour)
     sign.setAutoFillBackground(true);
 }
 
-// A sign whose access key leads to a button: that of a plain label would press it as well.
-class LeadingSign : public QLabel {
+// A label whose access key only gives a button the focus. The access key of a plain QLabel would press the button, too.
+class FocusingLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
@@ -108,7 +108,7 @@ protected:
     }
 };
 
-// A caption above a control, whose access key leads to it.
+// A caption above a control, whose access key gives the control the focus.
 QLabel* addCaption(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, QWidget* control)
 {
     QLabel* label = AddLabel(area, name, caption, place, formFont);
@@ -116,8 +116,7 @@ QLabel* addCaption(TwipsLayout& area, const QString& name, const QString& captio
     return label;
 }
 
-// A caption above a list, whose access key leads to it. A screen reader does not find it by itself, as it does for a
-// text box.
+// The same above a list, which needs an accessible name: a screen reader takes the caption only of a text box.
 QLabel* addListCaption(TwipsLayout& area, const QString& name, const QString& caption, TwipsRect place, ListBox* list)
 {
     list->setAccessibleName(QString(caption).remove(u'&'));
@@ -220,8 +219,8 @@ void Form7::buildFrame2()
         CBTienda[i]->SetBackColour(ring[i].Colour);
         connect(CBTienda[i], &QPushButton::clicked, this, [this, index] { CBTienda_Click(index); });
     }
-    Label2 = AddControl(area, new LeadingSign(QStringLiteral("&El centro comercial"), Frame2), QStringLiteral("Label2"),
-        { 1500, 2000, 4500, 3000 }, headingFont);
+    Label2 = AddControl(area, new FocusingLabel(QStringLiteral("&El centro comercial"), Frame2),
+        QStringLiteral("Label2"), { 1500, 2000, 4500, 3000 }, headingFont);
     Label2->setAlignment(Qt::AlignCenter);
     paint(*Label2, plazaColour);
     Label2->setBuddy(CBTienda[0]);
@@ -520,7 +519,7 @@ void Form7::MnuOpcAdd_Click()
     AddNewProduct(this, [this](const Product& product) { AddProduct(task_.Catalogue, product); });
 }
 
-// The editor opens first: were this the last window, the program would end with its closing.
+// Opens the editor first: closing the last window would end the program.
 void Form7::MnuOpcPro_Click()
 {
     ShowEditor(*this, clock_, shop_);

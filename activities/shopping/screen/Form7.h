@@ -25,11 +25,12 @@ class TextBox;
 struct Shop;
 
 // "La compra": the shopping list with purse and clock on the left; beside it the shopping centre, a ring of ten shops,
-// or the inside of the shop that the pupil has gone into. What happens to list, basket, money and time is the task's.
+// or the inside of the shop that the pupil has gone into. The task decides what happens to list, basket, money and
+// time.
 class Form7 : public FormWindow {
 public:
-    // Reads the catalogue file and begins a task. A catalogue that cannot be read counts as empty, and the pupil is
-    // told why as soon as the window is on the screen. Clock and shop outlive the window.
+    // Reads the catalogue file and begins a task. A catalogue that cannot be read counts as empty, and a message says
+    // why as soon as the window is on the screen. Clock and shop outlive the window.
     Form7(const Clock& clock, Shop& shop);
 
     void Form_Load();
@@ -98,7 +99,7 @@ private:
     const Clock& clock_;
     Shop& shop_;
     ShoppingTask task_;
-    std::string waitingMessage_; // for the time when the window is on the screen
+    std::string waitingMessage_; // to be shown as soon as the window is on the screen
 };
 
 } // namespace numbrela

@@ -10,20 +10,20 @@ namespace numbrela {
 
 class Clock;
 
-// What the windows of the shopping activity share: they come and go, and this outlives them.
+// What the windows of the shopping activity share; it outlives them.
 struct Shop {
     std::filesystem::path Catalogue {}; // the file
     QPointer<FormWindow> Window {}; // the shopping window or the editor that was made last; null once it is destroyed
 };
 
-// The shopping window and the catalogue editor open one another, each in place of itself and as large: maximised or
-// full-screen where the other one was. Clock and shop outlive both.
+// The shopping window and the catalogue editor replace one another; the new one opens maximised or full-screen if the
+// old one was. Clock and shop outlive both.
 
 // Makes the shopping window with a fresh task.
 FormWindow* MakeShopping(const Clock& clock, Shop& shop);
 
-// Opens the shopping window with a fresh task in place of the window `before`. When it is not modal, the main menu
-// works beside it.
+// Opens the shopping window with a fresh task in place of the window `before`. If it is not modal, the main menu can be
+// used beside it.
 void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool modally);
 
 // Opens the editor of the catalogue in place of the window `before`, modally. When the catalogue cannot be read, says

@@ -77,7 +77,7 @@ void ListBox::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// Qt would begin beside its current line, which a list that has got the focus has without showing it.
+// Qt would start from its current line, which a list with the focus has even when no line is selected.
 std::optional<int> ListBox::lineToBeginAt(int key) const
 {
     switch (key) {
@@ -95,7 +95,7 @@ std::optional<int> ListBox::lineToBeginAt(int key) const
     }
 }
 
-// Wherever in the list that is: it concerns the selected line.
+// A double click anywhere in the list acts on the selected line.
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {

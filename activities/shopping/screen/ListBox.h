@@ -9,15 +9,15 @@
 
 namespace numbrela {
 
-// A line of a sorted list, and what it is about, as a number of the form's own.
+// A line of a sorted list, and a number by which the form knows what the line is about.
 struct ListLine {
     std::string Text; // UTF-8
     int Data = 0;
 };
 
 // A list of lines of which at most one is selected, for mouse and keyboard. The keys that move the selection begin at
-// the first line, or the last one, when none is selected. A line too long for the list goes on below, so that it is
-// seen whole. What a key or a double click does is for the form to say.
+// the first line, or the last one, when none is selected. A line too long for the list is wrapped, so that it can be
+// read whole. The form decides what a key or a double click does.
 class ListBox : public QListView {
 public:
     explicit ListBox(QWidget* parent = nullptr);
@@ -25,23 +25,23 @@ public:
     // Replaces all lines (UTF-8); none of the new ones is selected.
     void SetLines(const std::vector<std::string>& lines);
 
-    // Does the same with lines that stand as a Spanish dictionary sorts them, ñ behind n, case of no weight, accents
-    // only where the letters are the same. Equal ones stay in their order.
+    // Replaces all lines, sorted as in a Spanish dictionary: ñ after n, case ignored, accents compared only when the
+    // letters are equal. Equal lines keep their order.
     void SetSortedLines(const std::vector<ListLine>& lines);
 
-    // Gives a line another text, and leaves it where it is.
+    // Changes the text of a line, without sorting the list again.
     void RewriteLine(int line, const std::string& text);
 
     int LineCount() const { return lines_.rowCount(); }
 
-    // What a line of a sorted list is about, and which line is about it.
+    // The number of a line of a sorted list, and the line with a number.
     int DataOf(int line) const { return data_.at(static_cast<std::size_t>(line)); }
     int LineOf(int wanted) const;
 
     // Selects one line and brings it into view; nothing happens when there is no such line.
     void SelectLine(int line);
 
-    // The selected line, whichever of them the focus is on.
+    // The selected line, which need not be the one with the focus.
     std::optional<int> SelectedLine() const;
 
 protected:
@@ -52,7 +52,7 @@ private:
     std::optional<int> lineToBeginAt(int key) const;
 
     QStringListModel lines_;
-    std::vector<int> data_; // of each line of a sorted list
+    std::vector<int> data_; // the number of each line of a sorted list
 };
 
 } // namespace numbrela

@@ -63,7 +63,10 @@ class CatalogueFaultTest : public ::testing::Test {
 protected:
     // As the editor saves: over what it has read.
     void save() const { save(contentNow()); }
-    void save(const CatalogueContent& expected) const { EXPECT_TRUE(SaveCatalogue(path_, new_, expected).Saved); }
+    void save(const CatalogueContent& expected) const
+    {
+        EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, new_, expected).Saved);
+    }
 
     CatalogueContent contentNow() const
     {
@@ -79,7 +82,7 @@ protected:
         return DisarmFault();
     }
 
-    // Whether a call closes what was only read: nothing can be lost by that.
+    // Whether a call closes a file that was only read: its failure loses nothing.
     static bool endsReading(const std::vector<std::string>& calls, int call)
     {
         const auto index = static_cast<std::size_t>(call);
@@ -124,7 +127,7 @@ protected:
     const ProductTable new_ = products(3000, 2);
 };
 
-// The last look at the old file is the last thing before the new one takes its name, and nobody else saves meanwhile.
+// The old file is read immediately before the new one takes its name, and nobody else can save in between.
 TEST_F(CatalogueFaultTest, PutsTheNewFileOnTheDiskThenLooksAtTheOldOneThenTakesTheNameAndPutsThatOnTheDisk)
 {
     putOldFile();
@@ -227,7 +230,7 @@ TEST_F(CatalogueFaultTest, SaysThatAnotherProgramIsSavingWhenThatDoesNotEnd)
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
-// Each of several teachers adds products one by one, and begins again with what is there when somebody was faster.
+// Several teachers add products one by one, and each starts again from the new file when another was faster.
 TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesSaveAtOnce)
 {
     constexpr int teachers = 4;
@@ -238,7 +241,7 @@ TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesSaveAtOnce)
             ProductTable table = LoadCatalogue(path_, read);
             const std::string name = std::to_string(teacher) + "-" + std::to_string(added);
             AddProduct(table, { .Nombre = std::string_view(name), .Precio = 1, .Tienda = std::string_view("Kiosko") });
-            added += SaveCatalogue(path_, table, read).Saved ? 1 : 0;
+            added += SaveCatalogueIfUnchanged(path_, table, read).Saved ? 1 : 0;
         }
         return 0;
     };
@@ -336,7 +339,7 @@ TEST_F(CatalogueFaultTest, KeepsTheOldFileWhenTheSystemTakesNoMoreBytes)
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
-// Whoever may do everything becomes nobody first.
+// Root may write everything, so the process first becomes the user "nobody".
 int asSomebodyWithoutRights(const std::function<int()>& action)
 {
     constexpr uid_t nobody = 65534;
@@ -364,7 +367,7 @@ TEST_F(CatalogueFaultTest, SaysThatThereIsNoPermissionInAFolderForReadingAlone)
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
-// The new file is theirs then, and has the permissions of the old one.
+// The new file then belongs to the user who saved, and keeps the permissions of the old one.
 TEST_F(CatalogueFaultTest, SavesSomebodyElsesFileWhereThatIsAllowed)
 {
     putOldFile();

@@ -231,7 +231,7 @@ TEST_F(CatalogueTest, NamesTheFileThatCannotBeReadOrWrittenAndTheReason)
     };
     WriteBytes(folder_ / "file", "");
     std::filesystem::create_directory(folder_ / "folder");
-    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0); // nobody writes into it: that must not be waited for
+    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0); // nobody writes into it; reading must not wait for it
     const std::vector<std::string> names = folder_.Names();
     for (const Case& c : {
              Case { folder_ / "missing" / "productos.dat", "la carpeta no existe" },
@@ -281,13 +281,13 @@ TEST_F(CatalogueTest, SavesOverWhatIsExpected)
     const ProductTable table { ProductOf("a", "x") };
     for (const std::string& content : { std::string(), record("b", one, "y"), std::string(3'000'000, 'z') }) {
         WriteBytes(path_, content);
-        const SaveOutcome outcome = SaveCatalogue(path_, table, content);
+        const SaveOutcome outcome = SaveCatalogueIfUnchanged(path_, table, content);
         EXPECT_TRUE(outcome.Saved);
         EXPECT_EQ(outcome.Content, record("a", one, "x"));
         EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
     }
     std::filesystem::remove(path_);
-    EXPECT_TRUE(SaveCatalogue(path_, table, std::nullopt).Saved);
+    EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, table, std::nullopt).Saved);
     EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
 }
 
@@ -299,27 +299,27 @@ TEST_F(CatalogueTest, LeavesWhatIsNotExpectedAndTellsWhatItIs)
     for (const CatalogueContent& expected : { CatalogueContent(), CatalogueContent(""),
              CatalogueContent(lastByteChanged), CatalogueContent(others + "z"), CatalogueContent(others.substr(1)) }) {
         WriteBytes(path_, others);
-        const SaveOutcome outcome = SaveCatalogue(path_, table, expected);
+        const SaveOutcome outcome = SaveCatalogueIfUnchanged(path_, table, expected);
         EXPECT_FALSE(outcome.Saved);
         EXPECT_EQ(outcome.Content, others);
         EXPECT_EQ(ReadBytes(path_), others);
         EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
     }
     std::filesystem::remove(path_);
-    const SaveOutcome outcome = SaveCatalogue(path_, table, others);
+    const SaveOutcome outcome = SaveCatalogueIfUnchanged(path_, table, others);
     EXPECT_FALSE(outcome.Saved);
     EXPECT_EQ(outcome.Content, std::nullopt);
     EXPECT_TRUE(folder_.Names().empty());
 }
 
-// It may have been saved by this program itself, which then failed to bring the folder to the disk.
+// The program itself may have saved it and then failed to flush the folder.
 TEST_F(CatalogueTest, SavesOverWhatIsAlreadyAsItIsToBe)
 {
     WriteBytes(path_, record("a", one, "x"));
-    EXPECT_TRUE(SaveCatalogue(path_, { ProductOf("a", "x") }, record("b", one, "y")).Saved);
+    EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, { ProductOf("a", "x") }, record("b", one, "y")).Saved);
 }
 
-// What becomes of the file that is replaced.
+// The file that is replaced.
 
 mode_t permissionsOf(const std::filesystem::path& path)
 {

@@ -114,7 +114,7 @@ protected:
         Click(*form_, QStringLiteral("CBModif"));
     }
 
-    // Runs what the window has put off until the click that it is about has ended.
+    // Runs what the window has deferred until the end of the click.
     static void waitForBoxes()
     {
         EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
@@ -409,7 +409,7 @@ TEST_F(DLGProductosTest, ChangesTheSelectedProductAndSelectsItWhereItNowStands)
     expectShown(2, { "Supermercado", "Pan de molde", "2,15" });
     EXPECT_EQ(form.focusWidget(), form.CBModif);
 
-    change({ "Supermercado", "Pan de molde", "2,15" }, { "", "", "2,15" }); // as it was shown: its whole euros
+    change({ "Supermercado", "Pan de molde", "2,15" }, { "", "", "2,15" }); // as its whole euros were shown
     expectShown(2, { "Supermercado", "Pan de molde", "2" });
     Click(form, QStringLiteral("CBElim"));
     EXPECT_EQ(LinesOf(*form.List1), (Lines { newspaperLine, fishLine }));

@@ -44,7 +44,7 @@ void killThisProcess()
     ::kill(::getpid(), SIGKILL);
 }
 
-// Makes a call, or lets it go wrong if it is the one.
+// Makes a call, or makes it fail if it is the one chosen.
 template <typename Real>
 auto pass(const char* name, Real real) -> decltype(real())
 {

@@ -5,7 +5,7 @@
 
 // Stands between the program and the operating system wherever a file is read, written, brought to the disk, closed,
 // locked or renamed, and where a save asks for its right to write and opens the new file and the old one. The linker
-// leads those calls through here (--wrap), and lets a test stop the process at any of them, for real.
+// redirects those calls here (--wrap), so that a test can really stop the process at any of them.
 namespace numbrela::testing {
 
 enum class FaultKind {
@@ -22,8 +22,8 @@ struct Fault {
     int Error = 0; // errno of a call that fails
 };
 
-// From now on the calls are counted, and the one that the fault names goes wrong; Stutter concerns all from that one
-// on.
+// From now on calls are counted, and the fault happens at the call that it names, or, with Stutter, at that call and
+// all later ones.
 void ArmFault(Fault fault);
 
 // Lets all calls through again, and returns the names of those that were made meanwhile.

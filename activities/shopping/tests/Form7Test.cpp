@@ -85,7 +85,7 @@ protected:
             { "Ánfora de aceite", 9.95F }, { "pan de molde", 1.5F }, { "Un periódico", 1.5F, "Kiosko" } }));
     }
 
-    // As the menu opens it: closed, and not only out of sight, it is gone.
+    // Opens the window as the menu does: once closed, and not just hidden, it is destroyed.
     Form7* openToBeGone()
     {
         ShowShopping(before_, clock_, shop_, true);

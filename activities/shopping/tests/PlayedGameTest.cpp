@@ -154,7 +154,8 @@ TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
     EXPECT_FALSE(form.isVisible());
 }
 
-// What each mistake is told in is the task's to say; here it is told at all, and the game goes on from where it leads.
+// The sentences are tested with the task. Here each mistake leads to a message, and the game goes on from the right
+// step.
 TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 {
     Form7 form(clock_, shop_);

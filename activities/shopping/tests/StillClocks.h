@@ -10,8 +10,8 @@
 
 namespace numbrela::testing {
 
-// Lets the clock of every shopping window stand still that is shown while this lives, whoever opens it and however long
-// a test takes: time goes by when the test lets it.
+// Stops the clock of every shopping window shown while this lives, whoever opens it and however long a test takes: time
+// passes only when the test says so.
 class StillClocks : public QObject {
 public:
     StillClocks() { qApp->installEventFilter(this); }

@@ -91,7 +91,7 @@ TEST(Score, LineRefusesCountsOfFourDigits)
     }
 }
 
-// Whoever goes on after the error finds the exercise as it was before the answer.
+// After the error the exercise is as it was before the answer.
 TEST(Score, AnAnswerThatHasNoLineIsNotCounted)
 {
     for (const bool right : { true, false }) {

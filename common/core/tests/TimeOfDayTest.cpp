@@ -81,7 +81,7 @@ TEST(SystemClock, TellsTheFractionOfTheSecond)
 }
 
 #ifndef _WIN32
-// Moves the machine's local time zone for as long as it lives.
+// Changes the local time zone as long as it lives.
 class TimeZone {
 public:
     explicit TimeZone(const char* zone)

@@ -73,7 +73,7 @@ public:
 
 void settle()
 {
-    // A change of the window can change its menu's font, and that the window's layout once more.
+    // A change of the window can change the font of its menu, which changes the layout of the window again.
     for (int round = 0; round < 3; ++round) {
         QCoreApplication::processEvents();
     }

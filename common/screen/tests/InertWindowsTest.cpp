@@ -39,7 +39,7 @@ TEST_F(InertWindowsTest, BringBackTheMinimisedActivityWhenAPersonTurnsToThem)
 {
     activity_.showMinimized();
     menu_.activateWindow();
-    TurnTo(menu_);
+    BringBackWindowBlocking(menu_);
     expectInFront(activity_);
 }
 
@@ -48,12 +48,12 @@ TEST_F(InertWindowsTest, BringItBackAsLargeAsItWas)
     activity_.showMaximized();
     activity_.setWindowState(activity_.windowState() | Qt::WindowMinimized);
     ASSERT_TRUE(activity_.isMinimized());
-    TurnTo(menu_);
+    BringBackWindowBlocking(menu_);
     expectInFront(activity_);
     EXPECT_TRUE(activity_.isMaximized());
 }
 
-// With a box goes the window that it stands on; some window managers minimise both, others one of them.
+// A box and the window it belongs to go together; some window managers minimise both, others only one of them.
 TEST_F(InertWindowsTest, BringBackTheBoxThatIsOpenAndTheWindowThatItStandsOn)
 {
     QMessageBox box(&activity_);
@@ -64,7 +64,7 @@ TEST_F(InertWindowsTest, BringBackTheBoxThatIsOpenAndTheWindowThatItStandsOn)
             for (QWidget* window : minimised) {
                 window->showMinimized();
             }
-            TurnTo(*turnedTo);
+            BringBackWindowBlocking(*turnedTo);
             EXPECT_FALSE(activity_.isMinimized());
             expectInFront(box);
         }
@@ -76,14 +76,14 @@ TEST_F(InertWindowsTest, LeaveAMinimisedWindowWhenNothingIsInert)
     activity_.hide();
     activity_.setWindowModality(Qt::NonModal);
     activity_.showMinimized();
-    TurnTo(menu_);
+    BringBackWindowBlocking(menu_);
     EXPECT_TRUE(activity_.isMinimized());
 }
 
 TEST_F(InertWindowsTest, LeaveTheActivityWhenAPersonTurnsToItself)
 {
     activity_.showMinimized();
-    TurnTo(activity_);
+    BringBackWindowBlocking(activity_);
     EXPECT_TRUE(activity_.isMinimized());
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 struct KeyRow {
     const char* Name;
-    int Key; // the toolkit's
+    int Key; // Qt's
     int Code; // ours, on the main keyboard
 };
 

@@ -37,7 +37,7 @@ protected:
         box_.setFocus();
     }
 
-    // Writes down what is heard of a box, as in "down 53", "press 5", "up 53", and answers like these.
+    // Logs what the handlers of a box hear, as in "down 53", "press 5", "up 53", and gives these answers.
     void listen(QWidget& control, std::function<KeyAnswer(const Key&)> toKey = {},
         std::function<KeyAnswer(QChar)> toCharacter = {})
     {
@@ -61,7 +61,7 @@ protected:
 
     void listen() { listen(box_); }
 
-    // What an input method or an on-screen keyboard sends that has a text for the box.
+    // What an input method or an on-screen keyboard sends to write a text into the box.
     static void commit(QWidget& receiver, const QString& text)
     {
         QInputMethodEvent event;
@@ -251,7 +251,7 @@ TEST_F(KeyboardTest, ABoxForReadingAloneTypesNothingThatIsPressedOrReplaced)
 
 // --- Held keys -------------------------------------------------------------------------------------------------------
 
-// A held key as a system sends it that marks what is repeated, and as one does that does not.
+// A held key on a system that marks repeated events, and on one that does not.
 class HeldKeyTest : public KeyboardTest, public ::testing::WithParamInterface<bool> {
 protected:
     static void again(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -379,7 +379,7 @@ TEST_F(KeyboardTest, ARealReleaseAfterATextFromAnInputMethodIsNoSecondOne)
     EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "up 53" }));
 }
 
-// The release of a key that is held while the focus goes to another program is not told.
+// No release arrives for a key that is still held when the focus moves to another program.
 TEST_F(KeyboardTest, AKeyThatWasLetGoElsewhereIsPressedAnew)
 {
     listen();

@@ -106,7 +106,7 @@ TEST(LookTest, DrawsACaretOnlyWhereTheFocusIs)
     EXPECT_NE(pictureWithCaretAt(0), pictureWithCaretAt(2));
 }
 
-// Their highlight says nothing of it: it stays where the focus is not.
+// Their highlight does not show the focus: it stays when the focus leaves.
 TEST(LookTest, FramesTheListOrTextAreaThatHasTheFocus)
 {
     QWidget window;

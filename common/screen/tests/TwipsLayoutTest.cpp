@@ -18,7 +18,7 @@ namespace {
 
 using namespace testing;
 
-// A frame asks the area around it for a new layout, and that the frame: each a turn of the event loop later.
+// A frame asks the area around it for a new layout, and the area asks the frame, each one turn of the event loop later.
 void settle()
 {
     for (int round = 0; round < 5; ++round) {
@@ -306,7 +306,7 @@ TEST_F(TwipsLayoutTest, ComesToRestWithATextThatHasToBeWrittenSmaller)
     EXPECT_LE(counter.Requests, 1);
 }
 
-// What a text box writes in by itself may be just what it is then told to write in.
+// The font that a text box has chosen by itself may be the very one that it is then given.
 TEST_F(TwipsLayoutTest, WritesNoLargerInASmallerAreaAfterATextThatHadToBeWrittenSmaller)
 {
     auto* box = new TextBox(&area_);

@@ -9,7 +9,7 @@ struct xcb_connection_t;
 
 namespace numbrela {
 
-// The program's connection to the X server. Null where its windows are not those of one; Qt without a display has the
+// The program's connection to the X server; null if it does not run on one. Qt's platform without a display has the
 // interface, but no connection.
 inline xcb_connection_t* XConnection()
 {

@@ -15,15 +15,15 @@ namespace numbrela {
 
 namespace {
 
-// Milliseconds of the X server's clock. A window manager that minimises a window gives the focus to the next one at
-// once; a person who chooses that one needs longer.
-constexpr std::int32_t windowManagersOwn = 200;
+// Milliseconds of the X server's clock. When a window is minimised, the window manager gives the focus to the next one
+// within this time; a person who chooses a window takes longer.
+constexpr std::int32_t windowManagerDelay = 200;
 
-// Presses come as events of the input extension, whose header not every system has: what kind they are, and in which
-// byte the number of their window begins.
-constexpr std::uint16_t extensionsButtonPress = 4;
-constexpr std::uint16_t extensionsTouchBegin = 18;
-constexpr std::size_t extensionsWindow = 24;
+// Presses arrive as events of the X Input extension, whose header is not installed everywhere: the types of these
+// events, and the offset in bytes of the window they belong to.
+constexpr std::uint16_t xinputButtonPress = 4;
+constexpr std::uint16_t xinputTouchBegin = 18;
+constexpr std::size_t xinputWindowOffset = 24;
 
 xcb_atom_t atomOf(xcb_connection_t* connection, std::string_view name)
 {
@@ -33,13 +33,13 @@ xcb_atom_t atomOf(xcb_connection_t* connection, std::string_view name)
     return reply != nullptr ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-// Sees each event of the X server before Qt does, and keeps none.
+// Looks at each event of the X server before Qt does, and lets all of them pass.
 class InertWindowsFilter : public QAbstractNativeEventFilter {
 public:
     explicit InertWindowsFilter(xcb_connection_t* connection)
         : protocols_(atomOf(connection, "WM_PROTOCOLS"))
         , takeFocus_(atomOf(connection, "WM_TAKE_FOCUS"))
-        , state_(atomOf(connection, "WM_STATE"))
+        , windowState_(atomOf(connection, "WM_STATE"))
     {
     }
 
@@ -47,7 +47,7 @@ public:
     {
         if (const std::optional<xcb_window_t> number = windowTurnedTo(message)) {
             if (const QWidget* const window = QWidget::find(*number); window != nullptr) {
-                TurnTo(*window->window());
+                BringBackWindowBlocking(*window->window());
             }
         }
         return false;
@@ -56,10 +56,10 @@ public:
 private:
     std::optional<xcb_window_t> windowTurnedTo(const void* message)
     {
-        constexpr int withoutTheMarkOfSentEvents = 0x7F;
-        switch (static_cast<const xcb_generic_event_t*>(message)->response_type & withoutTheMarkOfSentEvents) {
+        constexpr int withoutSentEventFlag = 0x7F;
+        switch (static_cast<const xcb_generic_event_t*>(message)->response_type & withoutSentEventFlag) {
         case XCB_PROPERTY_NOTIFY:
-            noteMinimising(*static_cast<const xcb_property_notify_event_t*>(message));
+            noteStateChange(*static_cast<const xcb_property_notify_event_t*>(message));
             return std::nullopt;
         case XCB_CLIENT_MESSAGE:
             return windowGivenTheFocus(*static_cast<const xcb_client_message_event_t*>(message));
@@ -70,37 +70,37 @@ private:
         }
     }
 
-    void noteMinimising(const xcb_property_notify_event_t& event)
+    void noteStateChange(const xcb_property_notify_event_t& event)
     {
-        if (event.atom == state_) {
-            minimised_ = event.time;
+        if (event.atom == windowState_) {
+            lastStateChange_ = event.time;
         }
     }
 
     std::optional<xcb_window_t> windowGivenTheFocus(const xcb_client_message_event_t& event) const
     {
-        // Signed, because the focus may have been given just before; right also when the server's clock starts anew.
-        const auto since = static_cast<std::int32_t>(event.data.data32[1] - minimised_);
+        // Signed, because the focus may have been given just before; correct even when the server's clock wraps.
+        const auto since = static_cast<std::int32_t>(event.data.data32[1] - lastStateChange_);
         const bool isGiven = event.type == protocols_ && event.data.data32[0] == takeFocus_;
-        return isGiven && since > windowManagersOwn ? std::optional(event.window) : std::nullopt;
+        return isGiven && since > windowManagerDelay ? std::optional(event.window) : std::nullopt;
     }
 
     static std::optional<xcb_window_t> windowPressed(const char* event)
     {
         xcb_ge_generic_event_t head {};
         std::memcpy(&head, event, sizeof head);
-        if (head.event_type != extensionsButtonPress && head.event_type != extensionsTouchBegin) {
+        if (head.event_type != xinputButtonPress && head.event_type != xinputTouchBegin) {
             return std::nullopt;
         }
         xcb_window_t window = XCB_NONE;
-        std::memcpy(&window, event + extensionsWindow, sizeof window);
+        std::memcpy(&window, event + xinputWindowOffset, sizeof window);
         return window;
     }
 
     xcb_atom_t protocols_;
     xcb_atom_t takeFocus_;
-    xcb_atom_t state_;
-    xcb_timestamp_t minimised_ = 0; // when the state of a window, minimised or not, last changed
+    xcb_atom_t windowState_;
+    xcb_timestamp_t lastStateChange_ = 0; // when a window was last minimised or restored
 };
 
 } // namespace

@@ -13,8 +13,8 @@ namespace numbrela {
 
 namespace {
 
-// The numbers of keys on X11 and Wayland are those of evdev plus 8. They name places: the digit row from 1 to 0, and
-// the key right of M, where many keyboards have the comma.
+// Scan codes on X11 and Wayland are those of evdev plus 8. They stand for positions on the keyboard: the digit row from
+// 1 to 0, and the key right of M, which is the comma on many keyboards.
 constexpr quint32 scanCodeOf1 = 10;
 constexpr quint32 scanCodeOf9 = 18;
 constexpr quint32 scanCodeOf0 = 19;
