@@ -275,11 +275,13 @@ QChar TypedCharacter(const QKeyEvent& event)
 
 void TypeInto(QWidget& control, const QString& text)
 {
+    const bool followsFocus = control.hasFocus();
     for (const QChar character : text) {
         const int key = character.toUpper().unicode(); // Qt's code of the key that types it
         for (const auto type : { QEvent::KeyPress, QEvent::KeyRelease }) {
             QKeyEvent event(type, key, Qt::NoModifier, QString(character));
-            QCoreApplication::sendEvent(&control, &event);
+            QWidget* focused = QApplication::focusWidget();
+            QCoreApplication::sendEvent(followsFocus && focused != nullptr ? focused : &control, &event);
         }
     }
 }

@@ -60,7 +60,8 @@ void HandleKeys(QWidget& control, KeyHandlers handlers);
 // count as characters.
 QChar TypedCharacter(const QKeyEvent& event);
 
-// Sends a text to a control as if it were typed on a keyboard, key by key.
+// Sends a text to a control as if it were typed on a keyboard, key by key. If a key moves the focus on, the next ones
+// follow it.
 void TypeInto(QWidget& control, const QString& text);
 
 // Recognises held keys for the whole program, however the system reports them, so that every control can rely on

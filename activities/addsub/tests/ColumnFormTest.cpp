@@ -508,10 +508,12 @@ TEST_P(ColumnFormTest, TheHeadingStaysWhateverIsDoneToItsText)
 TEST_P(ColumnFormTest, WhatAnInputMethodWritesIsTyped)
 {
     Click(Form(), QStringLiteral("Text1"));
-    compose(*Form().Text1, QStringLiteral("5"));
+    compose(*Form().Text1, QStringLiteral("57"));
     EXPECT_EQ(FocusName(), "Text3");
-    compose(*Form().Text3, QStringLiteral("57,1"));
-    EXPECT_EQ(Answer(), "1,75");
+    EXPECT_EQ(Answer(), "7") << "the first key leads to the answer, the next ones are written there";
+    compose(*Form().Text3, QStringLiteral(",1"));
+    EXPECT_EQ(Answer(), "1,7");
+    EXPECT_TRUE(Form().Text3->testAttribute(Qt::WA_InputMethodEnabled));
 }
 
 TEST_P(ColumnFormTest, TheVerdictAndTheScoreCannotBeTypedInto)

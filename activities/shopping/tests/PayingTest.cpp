@@ -142,6 +142,7 @@ TEST_F(PayingTest, ASumIsReadAsANumberOfTheCountryAndComparedWithPurseAndTotal)
              { "", ShopScene::Centre, tooLittle("0") }, { "dos", ShopScene::Centre, tooLittle("0") },
              { "2,9 €", ShopScene::Centre, tooLittle("0") }, { "2,,9", ShopScene::Centre, tooLittle("0") },
              { "1" + std::string(400, '0'), ShopScene::Centre, tooLittle("0") },
+             { "1e39", ShopScene::Centre, tooLittle("0") }, // beyond a single
              { "3", ShopScene::Change, addedTooMuch + std::string("(3 / 2,9)") },
              { "6", ShopScene::Shelves, notEnoughMoney, 5 },
              { "2,9", ShopScene::Shelves, notEnoughMoney, 2 }, // right, but more than there is
