@@ -1,5 +1,7 @@
 #include "common/screen/TextArea.h"
 
+#include "common/screen/Announcement.h"
+
 #include <QEvent>
 #include <QTextCursor>
 #include <QWheelEvent>
@@ -27,6 +29,7 @@ void TextArea::ShowVerdict(const Verdict& verdict)
 {
     SetText(verdict.Text);
     colours_.ShowVerdict(verdict.Right);
+    Announce(*this, toPlainText());
 }
 
 void TextArea::SelectWholeText()

@@ -18,7 +18,7 @@ public:
     std::string Text() const { return toPlainText().toStdString(); }
     void SetText(const std::string& text);
 
-    // Writes a verdict, which keeps its colour until another text is written.
+    // Writes and announces a verdict, which keeps its colour until another text is written.
     void ShowVerdict(const Verdict& verdict);
 
     // Highlights the whole text, scrolled to its beginning.

@@ -1,5 +1,6 @@
 #include "common/screen/TextBox.h"
 
+#include "common/screen/Announcement.h"
 #include "common/screen/Keyboard.h"
 #include "common/screen/TwipsLayout.h"
 
@@ -19,25 +20,12 @@ constexpr double smallestWholePoints = 4.5;
 
 } // namespace
 
-template <typename Action>
-void TextBox::keepSelectionDuring(Action action)
-{
-    const int start = selectionStart();
-    const int length = selectionLength();
-    const int caret = cursorPosition();
-    action();
-    if (start >= 0) {
-        setSelection(start, length);
-    } else {
-        SetCaretPosition(caret);
-    }
-}
-
 TextBox::TextBox(QWidget* parent)
     : QLineEdit(parent)
     , maximumTypedLength_(maxLength())
     , designFont_(font())
 {
+    setCursorPosition(0); // or Qt tells screen readers, when the box first gets the focus, that the caret moves there
     setInputMethodHints(Qt::ImhNoPredictiveText); // no suggestions: pupils are to write by themselves
     connect(this, &QLineEdit::textChanged, this, &TextBox::fitText);
     connect(this, &QLineEdit::selectionChanged, this, [this] { colours_.SetHighlighted(hasSelectedText()); });
@@ -63,6 +51,7 @@ void TextBox::ShowVerdict(const Verdict& verdict)
 {
     SetText(verdict.Text);
     colours_.ShowVerdict(verdict.Right);
+    Announce(*this, text());
 }
 
 void TextBox::LookReadOnly()
@@ -75,7 +64,15 @@ void TextBox::SetMaximumTypedLength(int characters)
     maximumTypedLength_ = characters;
     const int length = std::max(characters, static_cast<int>(text().size()));
     if (length != maxLength()) {
-        keepSelectionDuring([&] { QLineEdit::setMaxLength(length); });
+        const int start = selectionStart();
+        const int selected = selectionLength();
+        const int caret = cursorPosition();
+        setMaxLength(length); // drops the selection
+        if (start >= 0) {
+            setSelection(start, selected);
+        } else {
+            SetCaretPosition(caret);
+        }
     }
 }
 
@@ -147,9 +144,12 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event)
     QLineEdit::inputMethodEvent(&composing);
 }
 
+// Selects nothing, as a line edit would for the Tab key, not even for a moment: a screen reader that hears of a caret
+// before it hears of the focus does not say what has got it.
 void TextBox::focusInEvent(QFocusEvent* event)
 {
-    keepSelectionDuring([&] { QLineEdit::focusInEvent(event); });
+    QFocusEvent keepingTheSelection(QEvent::FocusIn, Qt::OtherFocusReason);
+    QLineEdit::focusInEvent(&keepingTheSelection);
     switch (event->reason()) {
     case Qt::ActiveWindowFocusReason:
     case Qt::PopupFocusReason:
@@ -162,7 +162,9 @@ void TextBox::focusInEvent(QFocusEvent* event)
 
 void TextBox::focusOutEvent(QFocusEvent* event)
 {
-    keepSelectionDuring([&] { QLineEdit::focusOutEvent(event); });
+    QFocusEvent keepingTheSelection(
+        QEvent::FocusOut, event->reason() == Qt::PopupFocusReason ? event->reason() : Qt::ActiveWindowFocusReason);
+    QLineEdit::focusOutEvent(&keepingTheSelection);
 }
 
 void TextBox::changeEvent(QEvent* event)

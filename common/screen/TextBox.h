@@ -28,7 +28,7 @@ public:
     std::string Text() const;
     void SetText(const std::string& text);
 
-    // Writes a verdict, which keeps its colour until another text is written.
+    // Writes and announces a verdict, which keeps its colour until another text is written.
     void ShowVerdict(const Verdict& verdict);
 
     // Colours the box as a read-only one, for a box whose form redirects what is typed into it to another box.
@@ -68,8 +68,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    template <typename Action>
-    void keepSelectionDuring(Action action);
     int smallestPixelSize() const;
     void fitText();
     int widthForText() const;

@@ -6,7 +6,6 @@
 #include "tests/support/Arguments.h"
 #include "tests/support/Harness.h"
 
-#include <QAccessible>
 #include <QHashSeed>
 #include <QStyleHints>
 
@@ -18,12 +17,10 @@ using namespace numbrela::testing;
 
 namespace {
 
-// What Qt would otherwise make different from run to run. A screen reader is there in every one, so that what
-// is told to it is played with too.
+// What Qt would otherwise make different from run to run.
 void leaveNothingToChance()
 {
     QHashSeed::setDeterministicGlobalSeed();
-    QAccessible::setActive(true);
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_General, false);
     QGuiApplication::styleHints()->setKeyboardInputInterval(-1); // each letter begins the search in a list again

@@ -1,5 +1,6 @@
 #include "activities/addsub/screen/ColumnForm.h"
 
+#include "common/screen/Announcement.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
@@ -171,9 +172,10 @@ void ColumnForm::showNewExercise(const OperandTexts& texts)
     Text2[0]->SelectWholeText();
     Text2[1]->SelectWholeText();
     Text4->SetText("");
-    // The Tab key skips the operands, so a screen reader speaks them together with the answer box.
-    Text3->setAccessibleDescription(
-        Text2[0]->text().trimmed() + u' ' + Label1->text() + u' ' + Text2[1]->text().trimmed());
+    const QString exercise
+        = InWords(Text2[0]->text().trimmed() + u' ' + Label1->text() + u' ' + Text2[1]->text().trimmed());
+    Describe(*Text3, exercise); // because the Tab key skips the operands
+    Announce(*Text3, exercise);
 }
 
 void ColumnForm::Command1_Click()
@@ -193,17 +195,18 @@ void ColumnForm::Command2_Click(int index)
 {
     switch (index) {
     case 0:
+        Text3->setFocus();
         exercise_.Continue();
         showNewExercise(exercise_.DrawnTexts());
-        Text3->setFocus();
         break;
     case 1:
-        Text3->SetText("");
         Text3->setFocus();
+        Text3->SetText("");
         break;
     case 2:
         Text3->SetText(exercise_.ShowSolution());
         Text3->SelectWholeText();
+        AnnounceContents(*Text3);
         Buttons.Command2[0]->setFocus();
         break;
     default:

@@ -1,5 +1,6 @@
 #include "activities/compare/screen/Form6.h"
 
+#include "common/screen/Announcement.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
 #include "common/screen/TextBox.h"
@@ -77,6 +78,7 @@ void Form6::showNewComparison()
         CbNúmero[index]->setEnabled(true);
     }
     CbNúmero[0]->setFocus();
+    Announce(*Text1, Text1->text());
 }
 
 void Form6::CbNúmero_Click(int index)

@@ -3,6 +3,7 @@
 #include "activities/divide/screen/StatementBox.h"
 #include "activities/divide/screen/WorkingGridBox.h"
 #include "common/core/RunTimeError.h"
+#include "common/screen/Announcement.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
@@ -153,8 +154,14 @@ void Form5::GenerateDivision()
         placeGrid();
         Text2->SetText(exercise_.DivisorText());
         Text3->SetText("");
-        Text4->SetText(exercise_.Statement());
+        showStatement();
     });
+}
+
+void Form5::showStatement()
+{
+    Text4->SetText(exercise_.Statement());
+    Announce(*Text4, InWords(Text4->toPlainText()));
 }
 
 // The grid ends just left of the bar, however wide it is.
@@ -207,6 +214,7 @@ void Form5::showSolution()
     Text3->SetText(exercise_.ShowDivisionSolution());
     Text4->SetText("");
     Text1->ShowGrid();
+    AnnounceContents(*Text3);
     Buttons.Command2[0]->setFocus();
 }
 
@@ -253,7 +261,7 @@ void Form5::MnuOpcInt_Click()
         if (exercise_.EnterDividend(typed)) {
             MnuOpcDiv->CheckOnly(DivisionExercise::DividendDigitChoices.IndexOf(exercise_.DividendDigits));
             placeGrid();
-            Text4->SetText(exercise_.Statement());
+            showStatement();
         }
     });
 }
@@ -265,7 +273,7 @@ void Form5::MnuOpcInd_Click()
         if (exercise_.EnterDivisor(typed)) {
             MnuOpcDis->CheckOnly(DivisionExercise::DivisorDigitChoices.IndexOf(exercise_.DivisorDigits));
             Text2->SetText(exercise_.DivisorText());
-            Text4->SetText(exercise_.Statement());
+            showStatement();
         }
     });
 }

@@ -60,6 +60,7 @@ private:
     void buildMenus();
     void checkOptions();
     void placeGrid();
+    void showStatement();
     void showSolution();
     void showErrorsAsMessages(const std::function<void()>& action);
 

@@ -45,7 +45,14 @@ QAccessible::State WorkingGridAccessible::state() const
 
 QString WorkingGridAccessible::text(QAccessible::Text kind) const
 {
-    return kind == QAccessible::Value ? box().SpokenText() : QAccessibleWidget::text(kind);
+    switch (kind) {
+    case QAccessible::Value:
+        return box().SpokenText();
+    case QAccessible::Description:
+        return box().SpokenPlace();
+    default:
+        return QAccessibleWidget::text(kind);
+    }
 }
 
 void* WorkingGridAccessible::interface_cast(QAccessible::InterfaceType type)

@@ -2,6 +2,7 @@
 
 #include "activities/divide/core/WorkingGrid.h"
 #include "activities/divide/screen/WorkingGridAccessible.h"
+#include "common/screen/Announcement.h"
 #include "common/screen/Keyboard.h"
 
 #include <QKeyEvent>
@@ -261,6 +262,17 @@ int WorkingGridBox::CellAtSpokenOffset(int offset) const
     return row * grid_.LineWidth + column;
 }
 
+QString WorkingGridBox::SpokenPlace() const
+{
+    const int row = grid_.Caret / grid_.LineWidth;
+    const int column = grid_.Caret % grid_.LineWidth;
+    const QString cell = SpokenText().mid(SpokenOffset(grid_.Caret), 1).trimmed();
+    return QStringLiteral("fila %1, columna %2: %3")
+        .arg(row + 1)
+        .arg(column + 1)
+        .arg(cell.isEmpty() ? QStringLiteral("en blanco") : cell);
+}
+
 void WorkingGridBox::tellAssistiveTools()
 {
     if (!QAccessible::isActive()) {
@@ -273,8 +285,11 @@ void WorkingGridBox::tellAssistiveTools()
         QAccessible::updateAccessibility(&update);
         toldText_ = text;
     }
-    QAccessibleTextCursorEvent move(this, SpokenOffset(grid_.Caret));
-    QAccessible::updateAccessibility(&move);
+    if (hasFocus()) {
+        QAccessibleTextCursorEvent move(this, SpokenOffset(grid_.Caret));
+        QAccessible::updateAccessibility(&move);
+        Announce(*this, SpokenPlace());
+    }
 }
 
 } // namespace numbrela

@@ -38,6 +38,9 @@ public:
     int SpokenOffset(int cell) const;
     int CellAtSpokenOffset(int offset) const;
 
+    // Where the caret is and what is written there: "fila 2, columna 5: 7".
+    QString SpokenPlace() const;
+
     // Puts the caret on a cell, and shows its row.
     void PutCaret(int cell);
 

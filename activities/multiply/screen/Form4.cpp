@@ -1,6 +1,8 @@
 #include "activities/multiply/screen/Form4.h"
 
+#include "activities/multiply/core/PlaceName.h"
 #include "activities/multiply/screen/Dialog.h"
+#include "common/screen/Announcement.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
@@ -44,6 +46,20 @@ constexpr FontSpec digitFont { "Courier New", 15 };
 constexpr TwipsRect sidePlace(int top, int width)
 {
     return { sideLeft + (sideWidth - width) / 2, top, width, buttonHeight };
+}
+
+// A row is written from right to left: how many digits stand behind the caret says which place is written next.
+void tellPlace(TextBox& row)
+{
+    const auto behind = row.text().size() - row.CaretPosition();
+    const QString place = QString::fromStdString(PlaceName(static_cast<int>(behind)));
+    if (place == DescriptionOf(row)) {
+        return;
+    }
+    Describe(row, place);
+    if (row.hasFocus()) {
+        Announce(row, place);
+    }
 }
 
 } // namespace
@@ -159,6 +175,9 @@ void Form4::loadRow()
         = addColumnBox(QStringLiteral("TbParcial(%1)").arg(index), QStringLiteral("Producto parcial %1").arg(index + 1),
             { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
     connect(row, &TextBox::textEdited, this, [this, index] { TbParcial_Change(index); });
+    connect(row, &QLineEdit::cursorPositionChanged, this, [row] { tellPlace(*row); });
+    connect(row, &QLineEdit::textChanged, this, [row] { tellPlace(*row); });
+    tellPlace(*row);
     HandleKeys(*row, { .KeyUp = [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); } });
     row->show();
     TbParcial.push_back(row);
@@ -226,6 +245,7 @@ void Form4::showFactors()
     TbFactor[1]->SetText(exercise_.Factor2Text());
     TbFactor[0]->SelectWholeText();
     TbFactor[1]->SelectWholeText();
+    Announce(*TbFactor[0], InWords(TbFactor[0]->text() + QStringLiteral(" × ") + TbFactor[1]->text()));
 }
 
 void Form4::checkOptions()
@@ -255,9 +275,9 @@ void Form4::Command2_Click(int index)
 {
     switch (index) {
     case 0:
+        TbParcial[0]->setFocus();
         NewMultiplication();
         exercise_.Score.Scorable = true;
-        TbParcial[0]->setFocus();
         break;
     case 1:
         clearAnswer();
@@ -272,11 +292,11 @@ void Form4::Command2_Click(int index)
 
 void Form4::clearAnswer()
 {
+    TbParcial[0]->setFocus();
     for (TextBox* row : TbParcial) {
         row->SetText("");
     }
     TbResultado->SetText("");
-    TbParcial[0]->setFocus();
 }
 
 void Form4::showSolution()
@@ -288,6 +308,7 @@ void Form4::showSolution()
         TbParcial[i]->SetText(solution.Rows[i]);
     }
     TbResultado->SelectWholeText();
+    AnnounceContents(*TbResultado);
     Buttons.Command2[0]->setFocus();
 }
 

@@ -1,6 +1,7 @@
 #include "activities/placeadd/screen/FormColoSuma.h"
 
 #include "common/core/RunTimeError.h"
+#include "common/screen/Announcement.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
@@ -210,6 +211,7 @@ void FormColoSuma::showNewPlaceAndAdd()
 {
     exercise_.NewPlaceAndAdd();
     TBDatos->SetText(exercise_.DataLine());
+    Announce(*TBDatos, InWords(TBDatos->text()));
     placeBoxes();
     placeSigns();
 }
@@ -260,15 +262,15 @@ void FormColoSuma::Command2_Click(int index)
 {
     switch (index) {
     case 0:
-        showNewPlaceAndAdd();
         TbSumando[0]->setFocus();
+        showNewPlaceAndAdd();
         break;
     case 1:
+        TbSumando[0]->setFocus();
         for (TextBox* box : TbSumando) {
             write(*box, blanks(addendLength));
         }
         write(*TbResultado, blanks(addendLength)); // one blank more than in a new exercise
-        TbSumando[0]->setFocus();
         break;
     case 2:
         showSolution();
@@ -284,11 +286,11 @@ void FormColoSuma::showSolution()
     try {
         const PlaceAndAdd::Placement solution = exercise_.Solution();
         Text1->SetText("");
+        TbResultado->setFocus();
         for (std::size_t index = 0; index < solution.Addends.size(); ++index) {
             write(*TbSumando[index], solution.Addends[index]);
         }
         write(*TbResultado, solution.Sum);
-        TbResultado->setFocus();
     } catch (const RunTimeError& error) {
         ShowMessage(this, error.what());
     }

@@ -1,5 +1,6 @@
 #include "activities/powers10/screen/FrmUnidad.h"
 
+#include "common/screen/Announcement.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
@@ -116,6 +117,7 @@ void FrmUnidad::showNewExercise()
     for (TextBox* box : TBDatos) {
         box->SelectWholeText();
     }
+    Announce(*TBRespuesta, InWords(TBDatos[0]->text() + TBDatos[1]->text() + TBDatos[2]->text()));
 }
 
 void FrmUnidad::Command1_Click()
@@ -134,16 +136,17 @@ void FrmUnidad::Command2_Click(int index)
 {
     switch (index) {
     case 0:
-        showNewExercise();
         TBRespuesta->setFocus();
+        showNewExercise();
         break;
     case 1:
-        TBRespuesta->SetText("");
         TBRespuesta->setFocus();
+        TBRespuesta->SetText("");
         break;
     case 2:
         TBRespuesta->SetText(exercise_.Solution());
         TBRespuesta->SelectWholeText();
+        AnnounceContents(*TBRespuesta);
         Buttons.Command2[0]->setFocus();
         break;
     default:

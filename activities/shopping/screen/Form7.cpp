@@ -7,6 +7,7 @@
 #include "activities/shopping/screen/ListBox.h"
 #include "activities/shopping/screen/NewProduct.h"
 #include "common/core/RunTimeError.h"
+#include "common/screen/Announcement.h"
 #include "common/screen/Boxes.h"
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
@@ -138,6 +139,14 @@ void arrangeShop(const Form7& form, const ShopPlaces& places)
 QFrame* frameOf(const TwipsLayout& area)
 {
     return static_cast<QFrame*>(area.parentWidget());
+}
+
+// The prices under each other, each with its sign before it, in one sentence.
+QString spokenColumn(const PriceColumn& column)
+{
+    QString line = QString::fromStdString(column.Text);
+    line.replace(QStringLiteral("\n+"), QStringLiteral(" + ")).replace(QStringLiteral("\n-"), QStringLiteral(" - "));
+    return InWords(line.simplified());
 }
 
 } // namespace
@@ -306,6 +315,8 @@ void Form7::newShoppingTask()
     } else {
         Timer1->start();
     }
+    AnnounceContents(*TBDinero);
+    AnnounceContents(*TBTiempo);
     if (!notice.empty()) {
         showMessageOnceVisible(notice);
     }
@@ -323,6 +334,13 @@ void Form7::showBasket(std::optional<int> selectedLine)
     if (selectedLine) {
         LICesta->SelectLine(*selectedLine);
     }
+}
+
+void Form7::showChangedBasket(std::optional<int> changedLine)
+{
+    showBasket(changedLine);
+    const std::string line = task_.BasketLines()[static_cast<std::size_t>(changedLine.value_or(0))];
+    Announce(*LICesta, LICesta->accessibleName() + QStringLiteral(": ") + QString::fromStdString(line));
 }
 
 void Form7::showShelves(bool shown)
@@ -344,6 +362,7 @@ void Form7::showInstructions(const std::string& text)
 {
     TbInstrucciones->SetText(text);
     TbInstrucciones->SelectWholeText();
+    Announce(*TbInstrucciones, TbInstrucciones->toPlainText());
 }
 
 void Form7::CBTienda_Click(int index)
@@ -360,11 +379,12 @@ void Form7::CBTienda_Click(int index)
     LIDisponibles->scrollToTop();
     showBasket(std::nullopt);
 
-    Frame2->hide();
     arrangeShop(*this, atTheShelf);
+    Announce(*Label3, Label3->text());
     showInstructions("Coloque en la cesta los productos que necesite de esta tienda y pulse el botón de continuar");
     Frame3->show();
-    LIDisponibles->setFocus();
+    LIDisponibles->setFocus(); // before the shops vanish, or the focus would jump elsewhere first
+    Frame2->hide();
 }
 
 void Form7::LIDisponibles_DblClick()
@@ -374,7 +394,7 @@ void Form7::LIDisponibles_DblClick()
         Beep();
         return;
     }
-    showBasket(task_.TakeProduct(LIDisponibles->DataOf(*line)));
+    showChangedBasket(task_.TakeProduct(LIDisponibles->DataOf(*line)));
 }
 
 KeyAnswer Form7::LIDisponibles_KeyDown(const Key& key)
@@ -389,7 +409,7 @@ KeyAnswer Form7::LIDisponibles_KeyDown(const Key& key)
 void Form7::LICesta_DblClick()
 {
     if (const std::optional<int> line = LICesta->SelectedLine()) {
-        showBasket(task_.PutBack(*line));
+        showChangedBasket(task_.PutBack(*line));
     }
 }
 
@@ -449,8 +469,9 @@ void Form7::askForResult(const PayOutcome& outcome)
     placeInShop(*this, TBCantidades, { columnLeft, columnBottom - height, columnWidth, height });
     TBCantidades->SetText(column.Text);
     showInstructions(outcome.Instructions);
-    TbResultado->SetText("");
+    Announce(*TBCantidades, spokenColumn(column));
     TbResultado->setFocus();
+    TbResultado->SetText("");
 }
 
 void Form7::backToCentre()
@@ -468,6 +489,7 @@ void Form7::leaveWithPurchase()
     backToCentre();
     showList();
     TBDinero->SetText(RemainderText(task_.MoneyLeft));
+    AnnounceContents(*TBDinero);
     if (!task_.IsListOpen()) {
         ShowMessage(this, "Pulse el botón Volver a casa", "Compra terminada");
     }

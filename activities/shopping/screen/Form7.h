@@ -87,6 +87,7 @@ private:
     void newShoppingTask();
     void showList();
     void showBasket(std::optional<int> selectedLine);
+    void showChangedBasket(std::optional<int> changedLine);
     void showShelves(bool shown);
     void showColumn(bool shown);
     void showInstructions(const std::string& text);

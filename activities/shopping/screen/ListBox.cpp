@@ -1,8 +1,10 @@
 #include "activities/shopping/screen/ListBox.h"
 
+#include <QAccessible>
 #include <QCollator>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -67,11 +69,40 @@ std::optional<int> ListBox::SelectedLine() const
     return selected.isEmpty() ? std::nullopt : std::optional(selected.front().row());
 }
 
+// Qt would have a screen reader believe that a line of a list without the focus has got it.
+void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    if (hasFocus()) {
+        QListView::currentChanged(current, previous);
+    } else {
+        QAbstractItemView::currentChanged(current, previous);
+    }
+}
+
+void ListBox::focusInEvent(QFocusEvent* event)
+{
+    QListView::focusInEvent(event);
+    QTimer::singleShot(0, this, &ListBox::tellSelectedLine); // after Qt has told of the list
+}
+
+// Qt tells of a line when it becomes the current one, but not when the list gets the focus, nor when the current line is
+// selected.
+void ListBox::tellSelectedLine()
+{
+    const std::optional<int> line = SelectedLine();
+    if (QAccessible::isActive() && hasFocus() && line) {
+        QAccessibleEvent focus(this, QAccessible::Focus);
+        focus.setChild(*line);
+        QAccessible::updateAccessibility(&focus);
+    }
+}
+
 void ListBox::keyPressEvent(QKeyEvent* event)
 {
     const std::optional<int> line = SelectedLine() ? std::nullopt : lineToBeginAt(event->key());
     if (line) {
         SelectLine(*line);
+        tellSelectedLine();
     } else {
         QListView::keyPressEvent(event);
     }

@@ -45,11 +45,14 @@ public:
     std::optional<int> SelectedLine() const;
 
 protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     std::optional<int> lineToBeginAt(int key) const;
+    void tellSelectedLine();
 
     QStringListModel lines_;
     std::vector<int> data_; // the number of each line of a sorted list

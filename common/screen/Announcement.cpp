@@ -1,0 +1,56 @@
+#include "common/screen/Announcement.h"
+
+#include "common/screen/Announcer.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QVariant>
+
+namespace numbrela {
+
+void Announce(QWidget& control, const QString& text)
+{
+    if (!QAccessible::isActive() || text.trimmed().isEmpty()) {
+        return;
+    }
+    QWidget& window = *control.window();
+    auto* announcer = window.findChild<Announcer*>(QString(), Qt::FindDirectChildrenOnly);
+    if (announcer == nullptr) {
+        announcer = new Announcer(window);
+    }
+    announcer->Announce(text.trimmed());
+}
+
+void AnnounceContents(QLineEdit& box)
+{
+    if (QAccessible::isActive()) {
+        const QString name = QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name);
+        Announce(box, name + QStringLiteral(": ") + box.text().trimmed());
+    }
+}
+
+namespace {
+
+constexpr const char* description = "spokenDescription";
+
+} // namespace
+
+void Describe(QLineEdit& box, const QString& text)
+{
+    box.setProperty(description, text);
+}
+
+QString DescriptionOf(const QLineEdit& box)
+{
+    return box.property(description).toString();
+}
+
+QString InWords(QString exercise)
+{
+    return exercise.replace(QStringLiteral(" + "), QStringLiteral(" más "))
+        .replace(QStringLiteral(" - "), QStringLiteral(" menos "))
+        .replace(QStringLiteral(" × "), QStringLiteral(" por "))
+        .replace(QStringLiteral(" ÷ "), QStringLiteral(" entre "));
+}
+
+} // namespace numbrela

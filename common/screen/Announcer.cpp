@@ -1,0 +1,63 @@
+#include "common/screen/Announcer.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QWidget>
+
+namespace numbrela {
+
+namespace {
+
+// A full stop after each sentence that lacks its end.
+QString oneText(const QStringList& sentences)
+{
+    QString text;
+    for (const QString& sentence : sentences) {
+        if (!text.isEmpty()) {
+            text += QStringLiteral(".?!").contains(text.back()) ? QStringLiteral(" ") : QStringLiteral(". ");
+        }
+        text += sentence;
+    }
+    return text;
+}
+
+} // namespace
+
+Announcer::Announcer(QWidget& window)
+    : QObject(&window)
+    , window_(window)
+{
+    afterTheRest_.setSingleShot(true);
+    connect(&afterTheRest_, &QTimer::timeout, this, &Announcer::say);
+    window.installEventFilter(this);
+}
+
+void Announcer::Announce(const QString& text)
+{
+    waiting_ << text;
+    afterTheRest_.start(0);
+}
+
+// A window that opens or comes back to the front is announced by its own name first.
+bool Announcer::eventFilter(QObject* window, QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && !waiting_.isEmpty()) {
+        afterTheRest_.start(0);
+    }
+    return QObject::eventFilter(window, event);
+}
+
+void Announcer::say()
+{
+    if (!window_.isActiveWindow()) {
+        return; // until it is
+    }
+    said_ = oneText(waiting_);
+    waiting_.clear();
+    QAccessibleEvent renamed(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&renamed);
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+}
+
+} // namespace numbrela

@@ -1,0 +1,89 @@
+"""A desktop of its own for the program: an X server without a screen, a window manager and an accessibility bus."""
+
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+
+LIMIT = 150  # seconds for everything; each process is ended after them, whatever becomes of this one
+
+
+class Desktop:
+    """Nothing of the person who runs this reaches the program, and nothing of the program that person."""
+
+    def __init__(self):
+        self.folder = tempfile.mkdtemp(prefix="numbrela-speech.")
+        self.started = []
+
+    def __enter__(self):
+        foreign = re.compile("QT_|XDG_|WAYLAND_DISPLAY|XAUTHORITY|XMODIFIERS|DBUS_|AT_SPI_|GTK_|DISPLAY|LC_|LANG")
+        for name in [name for name in os.environ if foreign.match(name)]:
+            del os.environ[name]
+        os.environ.update(
+            HOME=self._own_folder("home"),
+            XDG_RUNTIME_DIR=self._own_folder("run"),
+            LANG="C.UTF-8",
+            QT_QPA_PLATFORM="xcb",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+            QT_NO_XDG_DESKTOP_PORTAL="1",
+            GSETTINGS_BACKEND="memory",
+            GIO_USE_VFS="local",
+        )
+        os.environ["DISPLAY"] = ":" + self._start_and_read(
+            "Xvfb", "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset", "-displayfd", "{out}"
+        )
+        self.start("openbox", "--sm-disable")
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read(
+            "dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address={out}"
+        )
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.started):
+            process.terminate()
+            process.wait()
+        shutil.rmtree(self.folder)
+
+    def start(self, *command, **options):
+        process = subprocess.Popen(
+            ["timeout", "--kill-after=5", str(LIMIT), *command],
+            stdout=self.log(command[0]),
+            stderr=subprocess.STDOUT,
+            **options,
+        )
+        self.started.append(process)
+        return process
+
+    def log(self, command):
+        return open(os.path.join(self.folder, os.path.basename(command) + ".log"), "a", encoding="utf-8")
+
+    def logs(self):
+        texts = []
+        for name in sorted(os.listdir(self.folder)):
+            if name.endswith(".log"):
+                with open(os.path.join(self.folder, name), encoding="utf-8", errors="replace") as log:
+                    texts.append(f"--- {name}\n{log.read()}")
+        return "\n".join(texts)
+
+    def _own_folder(self, name):
+        path = os.path.join(self.folder, name)
+        os.mkdir(path, 0o700)
+        return path
+
+    def _start_and_read(self, *command):
+        """The first line that the command writes to the file descriptor that it is given as {out}."""
+        reading, writing = os.pipe()
+        self.start(*[word.format(out=writing) for word in command], pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading, encoding="utf-8") as lines:
+            line = lines.readline().strip()
+        if not line:
+            raise RuntimeError(f"{command[0]} has ended\n{self.logs()}")
+        return line
+
+
+def press(*keys):
+    subprocess.run(["xdotool", "key", *keys], check=True, timeout=10)
+
+

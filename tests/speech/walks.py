@@ -1,0 +1,358 @@
+"""One walk through each activity, from the menu and back, worked by keys alone with nothing but what is heard."""
+
+import re
+from decimal import Decimal
+
+PLACES = ("unidades", "decenas", "centenas", "unidades de millar", "decenas de millar", "centenas de millar")
+NUMBER = r"[\d.]+(?:,\d+)?"
+
+
+def value(text):
+    return Decimal(text.replace(".", "").replace(",", "."))
+
+
+def spanish(number):
+    text = f"{number:f}"
+    if "." in text:
+        text = text.rstrip("0").rstrip(".")
+    return text.replace(".", ",")
+
+
+def opens(pupil, button, title):
+    pupil.finds_the_program()
+    if not pupil.has_focus_on(button):
+        pupil.goes_to(button)
+    pupil.presses("Return")
+    pupil.hears(title)
+
+
+def chooses(pupil, option, choice):
+    pupil.presses("alt+o")
+    pupil.goes_to(option, "Down")
+    pupil.presses("Right")
+    pupil.hears(r"\d")
+    pupil.goes_to(choice, "Down")
+    pupil.presses("Return")
+
+
+def leaves(pupil, button):
+    pupil.presses("alt+F4")
+    pupil.hears("NUMBRELA")
+    pupil.hears(button)
+
+
+def sums(pupil):
+    column(pupil, "Sumas", "SUMAS", "Suma", "más", lambda upper, lower: upper + lower)
+
+
+def differences(pupil):
+    column(pupil, "Restas", "RESTAS", "Diferencia", "menos", lambda upper, lower: upper - lower)
+
+
+def column(pupil, button, title, result, sign, operation):
+    opens(pupil, button, title)
+    exercise = f"({NUMBER}) {sign} ({NUMBER})"
+
+    def solution():
+        return spanish(operation(*map(value, pupil.hears(exercise).groups())))
+
+    pupil.hears(rf"{result} \| {exercise}")
+    right = solution()
+    for _ in range(2):  # a verdict that is repeated is heard again
+        pupil.presses("ctrl+a", "BackSpace")
+        pupil.writes_from_the_right("1" + right)
+        pupil.presses("Return")
+        pupil.hears("resultado incorrecto")
+    pupil.presses("ctrl+a", "BackSpace")
+    pupil.writes_from_the_right(right)
+    pupil.presses("ctrl+Left", "ctrl+Right", "Return")
+    pupil.hears("Continuar")
+    pupil.hears("resultado correcto")
+    pupil.goes_to(r"Marcador \| Ejercicios: +3; Errores: +2")
+    pupil.goes_to("Continuar", "shift+Tab")
+    pupil.presses("space")
+    solution()
+
+    chooses(pupil, "Cifras", "5")
+    right = solution()
+    pupil.goes_to("Ver solución")
+    pupil.presses("space")
+    assert value(pupil.hears(f"{result}: ({NUMBER})").group(1)) == value(right)
+    leaves(pupil, button)
+
+
+def multiplication(pupil):
+    opens(pupil, "Multiplicaciones", "Multiplicaciones")
+    pupil.hears(r"Producto parcial 1 \| unidades")
+    exercise = rf"(?:unidades\. )?({NUMBER}) por ({NUMBER})"
+    factor1, factor2 = map(value, pupil.hears(exercise).groups())
+    digits1 = int(re.sub(r"\D", "", spanish(factor1)))
+    for row, digit in enumerate(reversed(re.sub(r"\D", "", spanish(factor2)))):
+        if row > 0:
+            pupil.goes_to(rf"Producto parcial {row + 1} \| unidades")
+            pupil.writes(" " * row)
+            pupil.hears(PLACES[row])
+        for place, written in enumerate(reversed(str(digits1 * int(digit))), row):
+            pupil.writes(written)
+            pupil.hears(PLACES[place + 1])
+    pupil.goes_to("Resultado")
+    pupil.writes_from_the_right(spanish(factor1 * factor2 + 1))
+    for _ in range(2):
+        pupil.presses("Return")
+        pupil.hears(r"Producto parcial 1 \| \d+ \| .+")
+        pupil.hears("resultado incorrecto")
+        pupil.goes_to(r"Resultado \| .*")
+    pupil.presses("ctrl+a", "BackSpace")
+    pupil.writes_from_the_right(spanish(factor1 * factor2))
+    pupil.presses("Return")
+    pupil.hears("Continuar")
+    pupil.hears("Resultado correcto")
+    pupil.goes_to(r"Marcador \| Ejercicios: +3; Errores: +2")
+    pupil.goes_to("Continuar", "shift+Tab")
+    pupil.presses("space")
+    pupil.hears(exercise)
+    chooses(pupil, "Cifras factor 1", "3")
+    factor1, factor2 = map(value, pupil.hears(exercise).groups())
+    pupil.goes_to("Ver solución")
+    pupil.presses("space")
+    assert value(pupil.hears(f"Resultado: ({NUMBER})").group(1)) == factor1 * factor2
+    leaves(pupil, "Multiplicaciones")
+
+
+def division(pupil):
+    opens(pupil, "Divisiones", "DIVISIONES")
+    exercise = f"(?:fila.*: en blanco. )?({NUMBER}) entre ({NUMBER})"
+    paper = r"Dividendo y operaciones \| (.*) \| fila (\d+), columna (\d+): (.+)"
+    pupil.hears(paper)
+
+    def solution():
+        dividend, divisor = pupil.hears(exercise).groups()
+        decimals = len(dividend.partition(",")[2])
+        quotient, remainder = divmod(int(re.sub(r"\D", "", dividend)), int(re.sub(r"\D", "", divisor)))
+        return spanish(Decimal(quotient).scaleb(-decimals)), str(remainder), dividend
+
+    quotient, remainder, dividend = solution()
+    pupil.presses("Up")
+    pupil.hears(f"fila 1, columna 2: {dividend[0]}")
+    pupil.presses("Down")
+    pupil.hears("fila 2, columna 2: en blanco")
+    pupil.writes(remainder)
+    pupil.hears(r"fila 2, columna \d+: en blanco")
+    pupil.notices(remainder[-1])
+    pupil.presses("Left")
+    pupil.hears(rf"fila 2, columna \d+: {remainder[-1]}")
+    pupil.goes_to("Cociente")
+    pupil.writes("9" + quotient)
+    for _ in range(2):
+        pupil.goes_to("Hecho")
+        pupil.presses("space")
+        pupil.hears("Resultado incorrecto")
+        pupil.goes_to(r"Cociente \| .*", "shift+Tab")
+    pupil.presses("ctrl+a", "BackSpace")
+    pupil.writes(quotient)
+    pupil.goes_to("Hecho")
+    pupil.presses("space")
+    pupil.hears("Continuar")
+    pupil.hears("resultado correcto")
+    pupil.goes_to(r"Marcador \| Ejercicios: +3; Errores: +2")
+    pupil.goes_to("Continuar", "shift+Tab")
+    pupil.presses("space")
+    pupil.hears(exercise)
+
+    chooses(pupil, "Cifras del dividendo", "4")
+    quotient, remainder, dividend = solution()
+    pupil.goes_to("Ver solucióm")
+    pupil.presses("space")
+    assert value(pupil.hears(f"Cociente: ({NUMBER})").group(1)) == value(quotient)
+    worked = pupil.goes_to(paper, "shift+Tab").group(1).split("\n")
+    assert worked[0].strip() == dividend, worked
+    assert worked[-1].replace(" ", "").lstrip("0") == remainder.lstrip("0"), worked
+    leaves(pupil, "Divisiones")
+
+
+def comparison(pupil):
+    opens(pupil, "Mayor y menor", "MAYOR Y MENOR")
+    numbers = [pupil.hears(NUMBER).group()]
+    question = "Pulsa sobre el número (MAYOR|MENOR)"
+    asked = pupil.hears(question).group(1)
+    while len(numbers) < 6:
+        numbers.append(pupil.goes_to(NUMBER).group())
+    order = sorted(numbers, key=value, reverse=asked == "MAYOR")
+    for wrong in order[:3:-1]:
+        pupil.goes_to(wrong, "shift+Tab")
+        pupil.presses("space")
+        pupil.hears(NUMBER)  # has the focus now
+        pupil.hears("ERROR")
+    if not pupil.has_focus_on(order[0]):
+        pupil.goes_to(order[0], "shift+Tab")
+    pupil.presses("space")
+    pupil.hears(f"CORRECTO. {question}")
+    pupil.goes_to(r"Marcador \| Aciertos: 1; +Errores: 2\.")
+    leaves(pupil, "Mayor y menor")
+
+
+def powers_of_ten(pupil):
+    opens(pupil, "10, 100, 1000", "multiplicar y dividir por 10, 100, 1000")
+    exercise = f"({NUMBER}) (por|entre) (10+)"
+    pupil.hears("Resultado")
+
+    def solution():
+        number, sign, power = pupil.hears(exercise).groups()
+        return spanish(value(number) * int(power) if sign == "por" else value(number) / int(power))
+
+    right = solution()
+    for _ in range(2):
+        pupil.writes("1" + right)
+        pupil.presses("Return")
+        pupil.hears("Resultado incorrecto")
+        pupil.presses("ctrl+a", "BackSpace")
+    pupil.writes(right)
+    pupil.presses("Return")
+    pupil.hears("Continuar")
+    pupil.hears("Resultado correcto")
+    pupil.presses("space")
+    solution()
+    chooses(pupil, "Cifras factor 1", "4")
+    right = solution()
+    pupil.goes_to("Ver solución")
+    pupil.presses("space")
+    assert value(pupil.hears(f"Resultado: ({NUMBER})").group(1)) == value(right)
+    leaves(pupil, "10, 100, 1000")
+
+
+def place_and_add(pupil):
+    opens(pupil, "Coloca y suma", "COLOCA Y SUMA")
+    exercise = f"{NUMBER}(?: más {NUMBER})+"
+    empty_box = r"Sumando 1 \|  +"
+    pupil.hears(empty_box)
+    pupil.hears(exercise)
+    chooses(pupil, "Número de sumandos", "2")
+    addends = [value(text) for text in pupil.hears(exercise).group().split(" más ")]
+    while sum(addends) % 1 != 0:  # of a sum with decimals the whole part alone counts, and is never right
+        pupil.presses("alt+c")
+        addends = [value(text) for text in pupil.hears(exercise).group().split(" más ")]
+    assert len(addends) == 2
+    for row, addend in enumerate(addends):
+        if row > 0:
+            pupil.goes_to(rf"Sumando {row + 1} \|  +")
+        whole, _, decimals = spanish(addend).partition(",")
+        pupil.writes(whole.rjust(4) + ("," + decimals if decimals else ""))
+    pupil.goes_to(r"Suma \|  +")
+    for digits in (sum(addends) + 1, sum(addends) + 1, sum(addends)):
+        pupil.presses("Home")
+        pupil.writes(spanish(digits).rjust(4))
+        pupil.presses("alt+h")  # which leaves the focus where it is
+        pupil.hears("Resultado correcto" if digits == sum(addends) else "Resultado incorrecto")
+    pupil.goes_to("Ver solución")
+    pupil.presses("space")
+    assert value(pupil.hears(rf"Suma \| *({NUMBER}) *").group(1)) == sum(addends)
+    leaves(pupil, "Coloca y suma")
+
+
+def shopping(pupil):
+    opens(pupil, "La compra", "La compra")
+    purse = rf"Dinero disponible: ({NUMBER}).*Tiempo disponible: .*"
+    pupil.hears(purse)
+    pupil.presses("alt+o")
+    pupil.goes_to("Número de productos", "Down")
+    pupil.presses("Return")
+    pupil.hears("¿Cuántos productos incluir en la lista.*")
+    pupil.presses("ctrl+a")
+    pupil.writes("2")
+    pupil.presses("Return")
+    money = value(pupil.hears(purse).group(1))
+    pupil.presses("alt+t")
+    pupil.hears(r"Tiempo disponible \| \d+ : \d\d")
+    pupil.presses("alt+l")
+    pupil.hears("Lista de la compra")
+    wanted = dict([line_of_the_list(pupil)])
+    pupil.presses("Down")
+    wanted.update([line_of_the_list(pupil)])
+    shops_seen = 0
+    while wanted:
+        shop = goes_to_shop(pupil, shops_seen)
+        shops_seen += 1
+        pupil.presses("space")
+        pupil.hears("Productos disponibles")
+        pupil.hears(rf"{shop}\. Coloque en la cesta .* botón de continuar")
+        bought = [product for product in shelf(pupil) if product in wanted]
+        for product in bought:
+            takes(pupil, product, int(wanted.pop(product)))
+        pupil.presses("alt+c")
+        if bought:
+            money = pays(pupil, money)
+        else:
+            pupil.hears("Lista de la compra")
+            line_of_the_list(pupil)
+    pupil.hears("Compra terminada.*")
+    pupil.presses("Return")
+    pupil.presses("alt+v")
+    pupil.hears("Vuelves a casa con tu compra.*")
+    pupil.presses("Return")
+    pupil.hears("Actividad terminada.*")
+    pupil.presses("Escape")
+    pupil.hears("NUMBRELA")
+    pupil.hears("La compra")
+
+
+def line_of_the_list(pupil):
+    units, product = pupil.hears(r"\((X|\d+)\) (.*)").groups()
+    return product, units
+
+
+def goes_to_shop(pupil, number):
+    """The shops stand in a ring, and the Tab key goes round it."""
+    pupil.presses("alt+e")
+    shop = pupil.hears(".*").group()
+    for _ in range(number):
+        shop = pupil.goes_to(".*").group()
+    return shop
+
+
+def shelf(pupil):
+    """The names of the products, up to the last one, from which it goes back to the first."""
+    pupil.presses("End")
+    last = pupil.hears(".*").group()
+    products = [last]
+    pupil.presses("Home")
+    product = pupil.hears(".*").group()
+    while product != last:
+        products.append(product)
+        product = pupil.goes_to(".*", "Down").group()
+    return products
+
+
+def takes(pupil, product, units):
+    if not pupil.has_focus_on(product):
+        pupil.presses("Home")
+        pupil.goes_to(re.escape(product), "Down")
+    for unit in range(1, units + 1):
+        pupil.presses("Return")
+        pupil.hears(rf"Cesta de la compra: \({unit}\) {re.escape(product)} {NUMBER}")
+
+
+def pays(pupil, money):
+    """Adds up, works out the change, and returns the money that is left."""
+    pupil.hears("Resultado")
+    prices = pupil.hears(rf"Sume los precios .* pulse continuar\. ({NUMBER}(?: más {NUMBER})*)").group(1)
+    price = sum(value(text) for text in prices.split(" más "))
+    pupil.writes_from_the_right(spanish(price))
+    pupil.presses("alt+c")
+    notes, paid = pupil.hears(rf"Has entregado .* te tienen que devolver\? ({NUMBER}) menos ({NUMBER})").groups()
+    assert value(paid) == price, (paid, price)
+    pupil.writes_from_the_right(spanish(value(notes) - price))
+    pupil.presses("alt+c")
+    pupil.hears("Salir")
+    pupil.hears(r"Has comprado los siguientes productos:.*Pulsa el botón salir\.")
+    pupil.presses("Return")
+    left = value(pupil.hears(rf"Dinero disponible: ({NUMBER}) ?€").group(1))
+    assert left == money - price, (left, money, price)
+    return left
+
+
+WALKS = {
+    walk.__name__: walk
+    for walk in (
+        sums, differences, multiplication, division, comparison, powers_of_ten, place_and_add, shopping
+    )
+}
