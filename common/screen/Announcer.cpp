@@ -1,6 +1,7 @@
 #include "common/screen/Announcer.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QEvent>
 #include <QWidget>
 
@@ -47,9 +48,16 @@ bool Announcer::eventFilter(QObject* window, QEvent* event)
     return QObject::eventFilter(window, event);
 }
 
+// A box that opens in the same moment is already in front of its window.
+bool Announcer::isInFront() const
+{
+    const QWidget* modal = QApplication::activeModalWidget();
+    return window_.isActiveWindow() && (modal == nullptr || modal == &window_);
+}
+
 void Announcer::say()
 {
-    if (!window_.isActiveWindow()) {
+    if (!isInFront()) {
         return; // until it is
     }
     said_ = oneText(waiting_);

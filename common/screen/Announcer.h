@@ -22,6 +22,7 @@ protected:
     bool eventFilter(QObject* window, QEvent* event) override;
 
 private:
+    bool isInFront() const;
     void say();
 
     QWidget& window_;

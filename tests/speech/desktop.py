@@ -84,6 +84,8 @@ class Desktop:
 
 
 def press(*keys):
-    subprocess.run(["xdotool", "key", *keys], check=True, timeout=10)
+    """As fast as quick fingers. While a reader listens, Qt asks it about each key before the key goes on: of two keys
+    pressed within a millisecond, an access key would open its menu before Alt arrives and closes it again."""
+    subprocess.run(["xdotool", "key", "--delay", "60", *keys], check=True, timeout=10)
 
 

@@ -52,6 +52,19 @@ TEST_F(AnnouncerTest, WaitsUntilItsWindowIsInFront)
     EXPECT_EQ(said(), "12 más 3");
 }
 
+TEST_F(AnnouncerTest, WaitsUntilABoxOfItsWindowIsClosed)
+{
+    ShowAndActivate(form_);
+    announcer_.Announce(QStringLiteral("Dinero disponible: 3 €"));
+    FormWindow box { QStringLiteral("Box"), QStringLiteral("Compra terminada"), { 3000, 1500 }, {} };
+    box.setWindowModality(Qt::ApplicationModal);
+    box.show();
+    EXPECT_EQ(said(), "");
+    box.close();
+    ShowAndActivate(form_);
+    EXPECT_EQ(said(), "Dinero disponible: 3 €");
+}
+
 TEST_F(AnnouncerTest, IsANotificationOfItsWindow)
 {
     ShowAndActivate(form_);
