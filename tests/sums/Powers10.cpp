@@ -66,10 +66,10 @@ void TryPowersOfTen(RandomSource& random, Tally& tally)
         "the number", exercise.Factor1Text(), WithoutLastZeros(CommaText(paper.Number, mostDecimals)), describe);
     tally.Compare("the power", exercise.Factor2Text(), DigitsOf(paper.Power), describe);
     tally.Compare("the solution", exercise.Solution(), answer, describe);
-    tally.CountVerdict("solution", exercise.Check(exercise.Solution()).Right, true, nullptr, describe);
-    tally.CountVerdict("answer with all decimals", exercise.Check(CommaText(paper.Result, paper.Decimals)).Right, true,
+    tally.CountVerdict("solution", exercise.Judge(exercise.Solution()).Right, true, nullptr, describe);
+    tally.CountVerdict("answer with all decimals", exercise.Judge(CommaText(paper.Result, paper.Decimals)).Right, true,
         nullptr, describe);
-    tally.CountVerdict("answer one unit off", exercise.Check(CommaText(paper.Result + 1, paper.Decimals)).Right, false,
+    tally.CountVerdict("answer one unit off", exercise.Judge(CommaText(paper.Result + 1, paper.Decimals)).Right, false,
         nullptr, describe);
 }
 

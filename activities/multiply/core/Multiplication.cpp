@@ -44,6 +44,12 @@ void Multiplication::NewMultiplication()
     Product = Factor2 * Factor1;
 }
 
+void Multiplication::Continue()
+{
+    NewMultiplication();
+    Score.Scorable = true;
+}
+
 double Multiplication::drawNumber(int digitCount)
 {
     double number = 0;

@@ -53,6 +53,9 @@ public:
     // offer; a drawn one never has.
     void NewMultiplication();
 
+    // The next exercise, which is scored again.
+    void Continue();
+
     // Draws the second factor from these tables (as in SelectedTables) from now on, from any digits when there are
     // none.
     void ChooseTables(const std::string& tables);

@@ -214,14 +214,19 @@ void Form4::placeUnderRows()
 void Form4::NewMultiplication()
 {
     exercise_.NewMultiplication();
-    checkOptions();
-    LayoutPartialRows(); // before the new factors are shown: hidden zeros are counted in the factor on the screen
+    showNewExercise();
+}
+
+void Form4::showNewExercise()
+{
     showFactors();
     Text1->SetText("");
 }
 
 void Form4::showFactors()
 {
+    checkOptions();
+    LayoutPartialRows(); // before the new factors are shown: hidden zeros are counted in the factor on the screen
     TbFactor[0]->SetText(exercise_.Factor1Text());
     TbFactor[1]->SetText(exercise_.Factor2Text());
     TbFactor[0]->SelectWholeText();
@@ -255,8 +260,8 @@ void Form4::Command2_Click(int index)
 {
     switch (index) {
     case 0:
-        NewMultiplication();
-        exercise_.Score.Scorable = true;
+        exercise_.Continue();
+        showNewExercise();
         TbParcial[0]->setFocus();
         break;
     case 1:
@@ -356,13 +361,11 @@ std::string Form4::askForFactor(const std::string& title)
 
 void Form4::showTyped(const Multiplication::FactorEntry& entry)
 {
-    if (!entry.Accepted) {
+    if (entry.Accepted) {
+        showFactors();
+    } else {
         ShowMessage(this, entry.Message);
-        return;
     }
-    checkOptions();
-    LayoutPartialRows();
-    showFactors();
 }
 
 void Form4::MnuOpcSal_Click()

@@ -103,10 +103,11 @@ TEST(FactorDraw, DrawsAgainUntilFirstAndLastDigitAreNotZero)
     }
 }
 
-TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimalsAndTheScoreIsLeftAlone)
+TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimalsAndOnlyContinuingMakesTheExerciseScoredAgain)
 {
     for (const bool scorable : { true, false }) {
-        ScriptedRandom random { DrawOfDigits(12345, 5), DrawOfDigits(67, 2) };
+        ScriptedRandom random { DrawOfDigits(12345, 5), DrawOfDigits(67, 2), DrawOfDigits(54321, 5),
+            DrawOfDigits(89, 2) };
         Multiplication exercise(random);
         setOptions(exercise, 2, 3, 2, 0);
         exercise.Score.ExerciseCount = 8;
@@ -116,6 +117,9 @@ TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimalsAndTheScoreIsLeftAlone)
         EXPECT_EQ(exercise.Factor1Text(), "12,345");
         EXPECT_EQ(exercise.Factor2Text(), "67");
         EXPECT_EQ(exercise.Score.Scorable, scorable);
+        exercise.Continue();
+        EXPECT_EQ(exercise.Factor2Text(), "89");
+        EXPECT_TRUE(exercise.Score.Scorable);
         EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  8; Errores:  5");
     }
 }

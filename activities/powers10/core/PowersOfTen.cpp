@@ -85,7 +85,7 @@ std::string PowersOfTen::Solution() const
     return PlainDecimalText(Product);
 }
 
-Verdict PowersOfTen::Check(std::string_view answer) const
+Verdict PowersOfTen::Judge(std::string_view answer) const
 {
     constexpr double tolerance = 1e-8;
     if (std::fabs(Product - ParseCommaNumber(answer)) >= tolerance) {

@@ -39,7 +39,7 @@ public:
 
     // Judges what stands in the answer box; an empty box counts as 0. An answer is right if it differs from the product
     // by less than 10^-8.
-    Verdict Check(std::string_view answer) const;
+    Verdict Judge(std::string_view answer) const;
 
     // Takes a factor that someone typed, and works out the product anew. The second need not be a power of ten.
     // Throws RunTimeError: TypeMismatch for what is no number, InvalidArgument for a division by 0, Overflow for a

@@ -120,7 +120,7 @@ void FrmUnidad::showNewExercise()
 
 void FrmUnidad::Command1_Click()
 {
-    const Verdict verdict = exercise_.Check(TBRespuesta->Text());
+    const Verdict verdict = exercise_.Judge(TBRespuesta->Text());
     TBResultado->ShowVerdict(verdict);
     TBResultado->SelectWholeText();
     if (verdict.Right) {

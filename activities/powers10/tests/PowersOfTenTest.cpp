@@ -153,9 +153,9 @@ TEST(PowersOfTen, EverySolutionIsTheNumberWithItsCommaMoved)
                         const std::string solution = movedComma(factor, sign == multiply ? exponent : -exponent);
                         ASSERT_EQ(exercise.Factor1Text(), factor);
                         ASSERT_EQ(exercise.Solution(), solution) << factor << exercise.Sign << exercise.Factor2Text();
-                        ASSERT_TRUE(exercise.Check(solution).Right);
-                        ASSERT_FALSE(exercise.Check(movedComma(solution, 1)).Right);
-                        ASSERT_FALSE(exercise.Check(movedComma(solution, -1)).Right);
+                        ASSERT_TRUE(exercise.Judge(solution).Right);
+                        ASSERT_FALSE(exercise.Judge(movedComma(solution, 1)).Right);
+                        ASSERT_FALSE(exercise.Judge(movedComma(solution, -1)).Right);
                     }
                 }
             }
@@ -199,7 +199,7 @@ TEST(PowersOfTen, NumbersHaveADecimalCommaInEveryCountry)
     EXPECT_EQ(exercise.Factor1Text(), "0,57");
     EXPECT_EQ(exercise.Factor2Text(), "1000");
     EXPECT_EQ(exercise.Solution(), "0,00057");
-    EXPECT_TRUE(exercise.Check("0,00057").Right);
+    EXPECT_TRUE(exercise.Judge("0,00057").Right);
 }
 
 // ---------------------------------------------------------------------------------------------------------- checking
@@ -237,7 +237,7 @@ TEST(PowersOfTen, JudgesAnswersAsNumbers)
     ScriptedRandom random {};
     for (const auto& [product, answer, right] : cases) {
         SCOPED_TRACE(std::string(product) + ", answered " + answer);
-        const Verdict verdict = withProduct(random, product).Check(answer);
+        const Verdict verdict = withProduct(random, product).Judge(answer);
         EXPECT_EQ(verdict.Right, right);
         EXPECT_EQ(verdict.Text, right ? "Resultado correcto " : "Resultado incorrecto ");
     }
@@ -283,8 +283,8 @@ TEST(PowersOfTen, ATypedFactorMakesANewProduct)
         const std::string signBefore = exercise.Sign;
         enter(exercise, factor, typed);
         EXPECT_EQ(exercise.Solution(), solution);
-        EXPECT_TRUE(exercise.Check(solution).Right);
-        EXPECT_FALSE(exercise.Check(sign == multiply ? "570" : "0,057").Right);
+        EXPECT_TRUE(exercise.Judge(solution).Right);
+        EXPECT_FALSE(exercise.Judge(sign == multiply ? "570" : "0,057").Right);
         EXPECT_EQ(exercise.Sign, signBefore);
         EXPECT_EQ(exercise.Digits1, 2);
         EXPECT_EQ(exercise.Digits2, 3);
