@@ -40,7 +40,8 @@ void Multiplication::NewMultiplication()
 
     Factor1 = drawNumber(Digits1 + Decimals1) / PowerOfTen(Decimals1);
     const int digitCount2 = Digits2 + Decimals2;
-    Factor2 = (AnyDigits ? drawNumber(digitCount2) : drawNumberFromTables(digitCount2)) / PowerOfTen(Decimals2);
+    const bool fromTables = !AnyDigits && !SelectedTables.empty();
+    Factor2 = (fromTables ? drawNumberFromTables(digitCount2) : drawNumber(digitCount2)) / PowerOfTen(Decimals2);
     Product = Factor2 * Factor1;
 }
 

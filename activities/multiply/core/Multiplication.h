@@ -43,7 +43,7 @@ public:
     Int16 Digits2 = 1;
     Int16 Decimals1 = 1; // decimal places of each factor
     Int16 Decimals2 = 1;
-    bool AnyDigits = true; // the digits of the second factor are free; otherwise they come from SelectedTables
+    bool AnyDigits = true; // the digits of the second factor are free; otherwise they come from SelectedTables, if any
     std::string SelectedTables; // the chosen times tables in ascending order, for example "2357"
     bool HideZeros = false; // a zero digit of the second factor gets no partial row
     numbrela::Score Score;
@@ -59,6 +59,9 @@ public:
     // Draws the second factor from these tables (as in SelectedTables) from now on, from any digits when there are
     // none.
     void ChooseTables(const std::string& tables);
+
+    // Draws it from any digits from now on. The chosen tables are kept, but are not drawn from.
+    void AllowAnyDigits() { AnyDigits = true; }
 
     // The factors as they are shown: "12,05".
     std::string Factor1Text() const;

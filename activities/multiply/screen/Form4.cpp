@@ -329,7 +329,7 @@ void Form4::MnuOpcSelLis_Click(int index)
         tables_->ShowModally(*this);
         exercise_.ChooseTables(tables_->TablasSeleccionadas);
     } else {
-        exercise_.AnyDigits = true;
+        exercise_.AllowAnyDigits();
     }
     MnuOpcSel->Items()[1]->setText(
         QStringLiteral("&Seleccionar (%1) ...").arg(QString::fromStdString(exercise_.SelectedTables)));

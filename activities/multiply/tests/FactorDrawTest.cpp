@@ -342,7 +342,7 @@ TEST(FactorDraw, EveryDigitOfTheTablesIsEquallyLikely)
 
 TEST(FactorDraw, ChoosingTablesAndNoneSwitchesBetweenTheTwoWays)
 {
-    ScriptedRandom random { DrawOfDigits(6, 1), DrawOfDigits(8, 1) };
+    ScriptedRandom random { DrawOfDigits(6, 1), DrawOfDigits(8, 1), DrawOfDigits(6, 1), DrawOfDigits(9, 1) };
     Multiplication exercise(random);
     exercise.ChooseTables("5");
     EXPECT_FALSE(exercise.AnyDigits);
@@ -353,9 +353,14 @@ TEST(FactorDraw, ChoosingTablesAndNoneSwitchesBetweenTheTwoWays)
 
     setOptions(exercise, 1, 0, 1, 0);
     exercise.ChooseTables("5");
-    exercise.AnyDigits = true;
+    exercise.AllowAnyDigits();
     exercise.NewMultiplication();
     EXPECT_EQ(exercise.Factor2, 8) << "tables kept while any digit goes are not drawn from";
+
+    exercise.AnyDigits = false;
+    exercise.SelectedTables = "";
+    exercise.NewMultiplication();
+    EXPECT_EQ(exercise.Factor2, 9) << "without tables there is nothing to draw from but any digit";
     EXPECT_TRUE(random.AllDrawn());
 }
 
