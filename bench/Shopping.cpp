@@ -141,7 +141,7 @@ void measureShop(const Clock& clock, double emptyWindow)
     SaveCatalogue(shop.Catalogue, catalogueOf(shelfProducts));
     const std::vector<double> opened = TimeOpenings([&] {
         auto* form = new Form7(clock, shop);
-        form->ShowModally();
+        form->Show(true);
         return form;
     });
     Print({ "open La compra, 3.000 products", "ms", Median(opened), emptyWindow, 0, aimedOpening });

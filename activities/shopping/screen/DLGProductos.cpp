@@ -13,8 +13,6 @@
 #include <QCloseEvent>
 #include <QLabel>
 
-#include <memory>
-
 namespace numbrela {
 
 namespace {
@@ -244,23 +242,6 @@ void DLGProductos::closeEvent(QCloseEvent* event)
     event->accept();
     hide();
     ShowShopping(*this, clock_, shop_, accepted_);
-}
-
-void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop)
-{
-    auto editor = std::make_unique<DLGProductos>(clock, shop);
-    try {
-        editor->Form_Load();
-    } catch (const RunTimeError& failure) {
-        if (failure.ErrorKind() != RunTimeError::Kind::File) {
-            throw;
-        }
-        ShowShopping(before, clock, shop, false); // it meets the same failure, and shows it
-        return;
-    }
-    editor->OpenLike(before);
-    shop.Window = editor.release(); // it deletes itself when it is closed
-    shop.Window->ShowModally();
 }
 
 } // namespace numbrela
