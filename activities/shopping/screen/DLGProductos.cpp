@@ -41,6 +41,7 @@ DLGProductos::DLGProductos(const Clock& clock, Shop& shop)
     connectButton(OKButton, &DLGProductos::OKButton_Click);
     connectButton(CancelButton, &DLGProductos::CancelButton_Click);
     List1->setFocus();
+    Form_Load();
 }
 
 // A button pressed before the selection of a line has been refused would act on that line.
@@ -104,13 +105,14 @@ void DLGProductos::FillProductList()
     }
     List1->SetSortedLines(lines);
     if (editor_.Editing) {
-        editor_.SelectedLine = List1->LineOf(editor_.SelectedProduct);
+        SelectedLine = List1->LineOf(editor_.SelectedProduct);
     }
 }
 
 void DLGProductos::showProduct(int product, int line)
 {
-    editor_.Select(product, line);
+    editor_.Select(product);
+    SelectedLine = line;
     const ProductTexts texts = editor_.TextsOf(product);
     TbDatos[0]->SetText(texts.Tienda);
     TbDatos[1]->SetText(texts.Nombre);
@@ -128,7 +130,7 @@ ProductTexts DLGProductos::boxTexts() const
 void DLGProductos::List1_Click()
 {
     const std::optional<int> line = List1->SelectedLine();
-    if (!line || (editor_.Editing && *line == editor_.SelectedLine)) {
+    if (!line || (editor_.Editing && *line == SelectedLine)) {
         return;
     }
     if (!editor_.WriteBack(boxTexts())) {
@@ -136,7 +138,7 @@ void DLGProductos::List1_Click()
         return;
     }
     if (editor_.Editing) {
-        List1->RewriteLine(editor_.SelectedLine, editor_.LineText(editor_.SelectedProduct));
+        List1->RewriteLine(SelectedLine, editor_.LineText(editor_.SelectedProduct));
     }
     showProduct(List1->DataOf(*line), *line);
 }
@@ -144,7 +146,7 @@ void DLGProductos::List1_Click()
 // Keeps the line selected and the typed texts in the boxes, to be corrected.
 void DLGProductos::refusePrice()
 {
-    List1->SelectLine(editor_.SelectedLine);
+    List1->SelectLine(SelectedLine);
     TbDatos[2]->setFocus();
     TbDatos[2]->SelectWholeText();
     ShowMessage(this, "«" + TbDatos[2]->Text() + "» no es un precio. Escriba un número, por ejemplo 1,25.");

@@ -4,8 +4,6 @@
 #include "activities/shopping/screen/Form7.h"
 #include "common/core/RunTimeError.h"
 
-#include <memory>
-
 namespace numbrela {
 
 namespace {
@@ -37,9 +35,8 @@ void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool mo
 
 void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop)
 {
-    auto editor = std::make_unique<DLGProductos>(clock, shop);
     try {
-        editor->Form_Load();
+        shop.Window = new DLGProductos(clock, shop);
     } catch (const RunTimeError& failure) {
         if (failure.ErrorKind() != RunTimeError::Kind::File) {
             throw;
@@ -47,7 +44,6 @@ void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop)
         ShowShopping(before, clock, shop, false); // it meets the same failure, and shows it
         return;
     }
-    shop.Window = editor.release();
     showInPlaceOf(before, *shop.Window, true);
 }
 
