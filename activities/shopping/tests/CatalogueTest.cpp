@@ -221,6 +221,14 @@ TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCo
     EXPECT_EQ(table.size(), 32767U);
 }
 
+TEST_F(CatalogueTest, AddsIntoAFirstEntryWhoseNameBeginsAsTheEmptyOneAlsoWhenOthersFollow)
+{
+    ProductTable table = load(record("", one, "x").replace(0, 1, 1, '\0') + record("b", one, "y"));
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_EQ(AddProduct(table, ProductOf("a", "x")), 0);
+    EXPECT_EQ(table, (ProductTable { ProductOf("a", "x"), ProductOf("b", "y") }));
+}
+
 // What cannot be read or written.
 
 TEST_F(CatalogueTest, NamesTheFileThatCannotBeReadOrWrittenAndTheReason)
