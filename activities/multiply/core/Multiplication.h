@@ -6,6 +6,7 @@
 #include "common/core/Score.h"
 #include "common/core/Verdict.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,9 +68,12 @@ public:
     std::string Factor1Text() const;
     std::string Factor2Text() const;
 
-    // How many partial rows the second factor takes. With HideZeros the zeros are those of `shownFactor2`, the text
-    // that stands in the box of the second factor. May be less than one.
-    Int16 RowCount(std::string_view shownFactor2) const;
+    // The texts of both factors, which are on the screen from now on.
+    std::array<std::string, 2> ShowFactors();
+
+    // How many partial rows the second factor takes. With HideZeros the zeros are those of the second factor on the
+    // screen: before a new one is shown, those of the last. This is intended. May be less than one.
+    Int16 RowCount() const;
 
     // Whether the one partial row is already the result.
     bool HasSingleRow() const { return Digits2 + Decimals2 == 1; }
@@ -98,6 +102,7 @@ private:
     FactorEntry enterFactor(std::string_view typed, double other, double& factor, Int16& digits, Int16& decimals);
 
     RandomSource& random_;
+    std::string shownFactor2_;
 };
 
 } // namespace numbrela

@@ -176,7 +176,7 @@ void Form4::unloadRow()
 
 void Form4::LayoutPartialRows()
 {
-    const int rows = exercise_.RowCount(TbFactor[1]->Text());
+    const int rows = exercise_.RowCount();
     while (static_cast<int>(TbParcial.size()) > std::max(rows, 1)) {
         unloadRow();
     }
@@ -226,11 +226,12 @@ void Form4::showNewExercise()
 void Form4::showFactors()
 {
     checkOptions();
-    LayoutPartialRows(); // before the new factors are shown: hidden zeros are counted in the factor on the screen
-    TbFactor[0]->SetText(exercise_.Factor1Text());
-    TbFactor[1]->SetText(exercise_.Factor2Text());
-    TbFactor[0]->SelectWholeText();
-    TbFactor[1]->SelectWholeText();
+    LayoutPartialRows(); // before the new factors are shown: hidden zeros are counted in the old one
+    const std::array<std::string, 2> texts = exercise_.ShowFactors();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        TbFactor[i]->SetText(texts[i]);
+        TbFactor[i]->SelectWholeText();
+    }
 }
 
 void Form4::checkOptions()

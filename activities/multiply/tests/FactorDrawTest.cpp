@@ -187,7 +187,7 @@ TEST(FactorDraw, HasTheChosenDigitsUnderAllOptionsUpToFifteen)
                 expectFactor(exercise.Factor1Text(), digits, decimals);
                 expectFactor(exercise.Factor2Text(), 11 - digits, 5 - decimals);
                 ASSERT_EQ(exercise.Product, exercise.Factor2 * exercise.Factor1);
-                ASSERT_EQ(exercise.RowCount(""), 16 - digits - decimals);
+                ASSERT_EQ(exercise.RowCount(), 16 - digits - decimals);
             }
         }
     }
