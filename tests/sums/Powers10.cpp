@@ -18,7 +18,7 @@ struct PaperShift {
     explicit PaperShift(const PowersOfTen& exercise)
         : Number(static_cast<Whole>(std::llround(exercise.Factor1 * 1e4)))
         , Power(static_cast<Whole>(std::llround(exercise.Factor2)))
-        , Multiplies(exercise.Sign == " × ")
+        , Multiplies(exercise.Sign() == " × ")
         , Places(static_cast<int>(DigitsOf(Power).size()) - 1)
         , Result(Multiplies ? Number * Power : Number)
         , Decimals(Multiplies ? mostDecimals : mostDecimals + Places)
@@ -46,7 +46,7 @@ bool isDrawnWell(const PaperShift& paper, const PowersOfTen& exercise)
         && exercise.Factor1 == static_cast<double>(paper.Number) / 1e4;
     const bool power
         = paper.Places >= 1 && paper.Places <= exercise.Digits2 && paper.Power == PowerOfTenOnPaper(paper.Places);
-    return number && power && (paper.Multiplies || exercise.Sign == " ÷ ");
+    return number && power && (paper.Multiplies || exercise.Sign() == " ÷ ");
 }
 
 } // namespace
