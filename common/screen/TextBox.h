@@ -70,7 +70,6 @@ protected:
 private:
     template <typename Action>
     void keepSelectionDuring(Action action);
-    int smallestPixelSize() const;
     void fitText();
     int widthForText() const;
     bool fits(const QFont& font) const;
@@ -79,8 +78,6 @@ private:
     int maximumTypedLength_;
     int leastColumns_ = 0;
     bool staysWhole_ = false;
-    QFont designFont_;
-    bool fitting_ = false;
 };
 
 } // namespace numbrela
