@@ -6,7 +6,6 @@
 #include "activities/multiply/screen/Form4.h"
 #include "activities/placeadd/screen/FormColoSuma.h"
 #include "activities/powers10/screen/FrmUnidad.h"
-#include "activities/shopping/screen/Form7.h"
 #include "app/ProgramRun.h"
 
 namespace numbrela {
@@ -29,11 +28,9 @@ FormWindow* makeDivision(ProgramRun& run)
     return new Form5(*run.Time, run.CommaShift);
 }
 
-// A catalogue editor may have left a shopping window open beside the menu.
 FormWindow* openOrMakeShopping(ProgramRun& run)
 {
-    FormWindow* const window = run.Shopping.Window;
-    return window != nullptr && window->isVisible() ? window : MakeShopping(*run.Time, run.Shopping);
+    return OpenOrMakeShopping(*run.Time, run.Shopping);
 }
 
 } // namespace

@@ -1,11 +1,8 @@
 #include "app/Application.h"
 
 #include "common/core/RunTimeError.h"
-#include "common/screen/Accessible.h"
 #include "common/screen/Boxes.h"
-#include "common/screen/InertWindows.h"
-#include "common/screen/Keyboard.h"
-#include "common/screen/Look.h"
+#include "common/screen/StartUp.h"
 
 #include <QAbstractNativeEventFilter>
 
@@ -14,11 +11,7 @@ namespace numbrela {
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv)
 {
-    setApplicationName(QStringLiteral("Numbrela"));
-    ApplyLook(*this);
-    InstallAccessibility();
-    RecogniseHeldKeys(*this);
-    inertWindows_ = WatchInertWindows();
+    inertWindows_ = StartUp(*this);
 }
 
 Application::~Application() = default;

@@ -36,7 +36,7 @@ Form1::Form1(ProgramRun& run)
 Form1::~Form1()
 {
     delete activity_;
-    delete run_.Shopping.Window; // if it was the activity, it has been deleted and this is null
+    EndShop(run_.Shopping);
 }
 
 void Form1::Form_Load()
@@ -68,7 +68,7 @@ void Form1::Command1_Click(int index)
     }
 }
 
-// The catalogue editor may have left a shopping window open beside the menu, which would keep the program running.
+// A window that is open beside the menu would keep the program running.
 void Form1::closeEvent(QCloseEvent* event)
 {
     event->accept();
@@ -81,7 +81,7 @@ void Form1::showActivity() const
         BringToFront(*activity_);
     } else {
         activity_->OpenLike(*this);
-        activity_->ShowModally();
+        activity_->Show(true);
     }
 }
 

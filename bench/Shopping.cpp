@@ -141,7 +141,7 @@ void measureShop(const Clock& clock, double emptyWindow)
     SaveCatalogue(shop.Catalogue, catalogueOf(shelfProducts));
     const std::vector<double> opened = TimeOpenings([&] {
         auto* form = new Form7(clock, shop);
-        form->ShowModally();
+        form->Show(true);
         return form;
     });
     Print({ "open La compra, 3.000 products", "ms", Median(opened), emptyWindow, 0, aimedOpening });
@@ -221,7 +221,6 @@ void measureEditorOpening(const Clock& clock, double emptyWindow)
         const PaintWatch watch;
         const auto start = std::chrono::steady_clock::now();
         DLGProductos editor(clock, shop);
-        editor.Form_Load();
         editor.show();
         watch.WaitFor(&editor);
         openings.push_back(MillisecondsSince(start));
@@ -246,7 +245,6 @@ void measureEditorChanges(const Clock& clock, double emptyWindow)
     Shop shop { in(folder, "productos.dat") };
     SaveCatalogue(shop.Catalogue, catalogueOf(MostProducts - 1));
     DLGProductos editor(clock, shop);
-    editor.Form_Load();
     editor.show();
     QApplication::processEvents();
     const int lineCount = editor.List1->LineCount();

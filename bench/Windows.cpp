@@ -111,7 +111,7 @@ OpenWindow activity(std::size_t index, ProgramRun& run)
 {
     return [index, &run] {
         FormWindow* form = activities[index].Window(run);
-        form->ShowModally();
+        form->Show(true);
         return form;
     };
 }

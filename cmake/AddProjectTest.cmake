@@ -11,17 +11,21 @@ function(run_as_test name)
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
-# add_project_test(<target> [QT] SOURCES <sources>... LIBRARIES <targets>...)
+# add_project_test(<target> [QT [MAIN <source>]] SOURCES <sources>... LIBRARIES <targets>...)
 #
 # One test program, run by ctest in a shuffled order, so that no test can lean on the one before it. With QT its main
-# function starts Qt without a display, and any warning of Qt's fails the running test. Without it
-# it is a test of a core, and has the label "core".
+# function, in tests/support/Main.cpp unless another source is named, starts Qt without a display, and any warning of
+# Qt's fails the running test. Without QT it is a test of a core, and has the label "core".
 function(add_project_test target)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "MAIN" "SOURCES;LIBRARIES")
 
   add_executable(${target} ${arg_SOURCES})
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
   if(arg_QT)
+    if(NOT arg_MAIN)
+      set(arg_MAIN "${PROJECT_SOURCE_DIR}/tests/support/Main.cpp")
+    endif()
+    target_sources(${target} PRIVATE "${arg_MAIN}")
     target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} numbrela_screen_test_support)
   else()
     target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} numbrela_core_test_support GTest::gtest_main)

@@ -13,12 +13,7 @@ TimeOfDay SystemClock::Now() const
     const std::time_t time = std::chrono::system_clock::to_time_t(wholeSeconds);
     const double fraction = std::chrono::duration<double>(now - wholeSeconds).count();
 
-    std::tm local {};
-#ifdef _WIN32
-    localtime_s(&local, &time);
-#else
-    localtime_r(&time, &local);
-#endif
+    const std::tm local = *std::localtime(&time); // in a buffer of its own, which one thread does not contend for
     const int second = std::min(local.tm_sec, 59); // a leap second is the last second of its minute
     return { local.tm_hour, local.tm_min, second, local.tm_hour * 3600.0 + local.tm_min * 60.0 + second + fraction };
 }

@@ -43,9 +43,9 @@ void FormWindow::OpenLike(const QWidget& opener)
     setWindowState(opener.windowState() & large);
 }
 
-void FormWindow::ShowModally()
+void FormWindow::Show(bool modally)
 {
-    setWindowModality(Qt::ApplicationModal);
+    setWindowModality(modally ? Qt::ApplicationModal : Qt::NonModal);
     setAttribute(Qt::WA_DeleteOnClose);
     show();
 }

@@ -27,8 +27,8 @@ public:
     // Makes this window open maximised or full-screen if `opener`, the window it is opened from or replaces, is.
     void OpenLike(const QWidget& opener);
 
-    // Shows the window while every other one is inert, and destroys it when it is closed.
-    void ShowModally();
+    // Shows the window, and destroys it when it is closed. If it is modal, every other one is inert until then.
+    void Show(bool modally);
 
     void setVisible(bool visible) override;
 

@@ -23,7 +23,6 @@ constexpr double smallestWholePoints = 4.5;
 TextBox::TextBox(QWidget* parent)
     : QLineEdit(parent)
     , maximumTypedLength_(maxLength())
-    , designFont_(font())
 {
     setCursorPosition(0); // or Qt tells screen readers, when the box first gets the focus, that the caret moves there
     setInputMethodHints(Qt::ImhNoPredictiveText); // no suggestions: pupils are to write by themselves
@@ -170,8 +169,7 @@ void TextBox::focusOutEvent(QFocusEvent* event)
 void TextBox::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::FontChange && !fitting_) {
-        designFont_ = font();
+    if (event->type() == QEvent::FontChange) {
         fitText();
     } else if (event->type() == QEvent::ReadOnlyChange) {
         colours_.SetTakesTyping(!isReadOnly());
@@ -202,27 +200,21 @@ bool TextBox::fits(const QFont& font) const
     return width <= widthForText();
 }
 
-// Follows the scale of the area that the box is in, as all fonts do. Outside an area, the size is taken as given.
-int TextBox::smallestPixelSize() const
+// Follows the scale of the area that the box is in, as all fonts do. Outside an area, the font is taken as given.
+void TextBox::fitText()
 {
     const QWidget* around = parentWidget();
     const auto* area = around == nullptr ? nullptr : dynamic_cast<const TwipsLayout*>(around->layout());
-    return area == nullptr ? designFont_.pixelSize()
-                           : area->FontPixels(staysWhole_ ? smallestWholePoints : smallestReadablePoints);
-}
-
-void TextBox::fitText()
-{
-    const int smallest = smallestPixelSize();
-    QFont fitted = designFont_;
+    if (area == nullptr) {
+        return;
+    }
+    const int smallest = area->FontPixels(staysWhole_ ? smallestWholePoints : smallestReadablePoints);
+    QFont fitted = font();
+    fitted.setPixelSize(area->FontPixels(area->FontOf(this).Points));
     while (fitted.pixelSize() > smallest && !fits(fitted)) {
         fitted.setPixelSize(fitted.pixelSize() - 1);
     }
-    if (fitted != font()) {
-        fitting_ = true;
-        setFont(fitted);
-        fitting_ = false;
-    }
+    setFont(fitted);
 }
 
 } // namespace numbrela

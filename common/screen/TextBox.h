@@ -68,7 +68,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    int smallestPixelSize() const;
     void fitText();
     int widthForText() const;
     bool fits(const QFont& font) const;
@@ -77,8 +76,6 @@ private:
     int maximumTypedLength_;
     int leastColumns_ = 0;
     bool staysWhole_ = false;
-    QFont designFont_;
-    bool fitting_ = false;
 };
 
 } // namespace numbrela

@@ -1,7 +1,5 @@
 #include "common/screen/TwipsLayout.h"
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QScreen>
 #include <QWidget>
 
@@ -205,16 +203,9 @@ double TwipsLayout::scaleIn(QSize room) const
 void TwipsLayout::giveFont(Entry& entry) const
 {
     const QFont font = fontInPixels(entry.Font, FontPixels(entry.Font.Points));
-    if (font == entry.GivenFont) {
-        return;
-    }
-    entry.GivenFont = font;
-    QWidget* control = entry.Item->widget();
-    const bool writesInIt = control->font() == font;
-    control->setFont(font);
-    if (writesInIt) { // so Qt would send no event; but the control must learn that it is to write no larger
-        QEvent change(QEvent::FontChange);
-        QCoreApplication::sendEvent(control, &change);
+    if (font != entry.GivenFont) {
+        entry.GivenFont = font;
+        entry.Item->widget()->setFont(font);
     }
 }
 

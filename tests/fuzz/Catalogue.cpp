@@ -71,7 +71,7 @@ void checkEditing(const ProductTable& table)
     for (int product = 0; product < static_cast<int>(table.size()); ++product) {
         const ProductTexts shown = editor.TextsOf(product);
         EXPECT_TRUE(editor.LineText(product).ends_with(" " + shown.Precio + "€"));
-        editor.Select(product, product);
+        editor.Select(product);
         EXPECT_TRUE(editor.WriteBack(shown));
         const ProductTexts again = editor.TextsOf(product);
         EXPECT_EQ(again.Tienda, shown.Tienda);

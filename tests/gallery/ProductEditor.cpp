@@ -20,7 +20,6 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
 {
     SaveShippedCatalogue(shop.Catalogue);
     DLGProductos form(clock, shop);
-    form.Form_Load();
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("products-fresh"));
 
@@ -53,7 +52,6 @@ void drawEmptyCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
 {
     SaveCatalogue(shop.Catalogue, ProductTable(1));
     DLGProductos form(clock, shop);
-    form.Form_Load();
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("products-empty"));
     form.hide();

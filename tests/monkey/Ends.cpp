@@ -42,8 +42,8 @@ constexpr std::array<KnownEnd, 15> knownEnds { {
     // A price of 1000 and more has no room in the column, nor have more than 114 prices.
     { "Form7", invalidArgument, "no cabe en 6 caracteres" },
     { "Form7", overflow, "no caben en la columna" },
-    // More than 32767 products.
-    { "Form7", overflow, "productos" },
+    // The catalogue file holds more products than can be counted.
+    { "Form7", overflow, "» tiene más de 32767 productos." },
 } };
 
 constexpr std::string_view paragraph = "\n\n";

@@ -18,7 +18,7 @@ struct PaperShift {
     explicit PaperShift(const PowersOfTen& exercise)
         : Number(static_cast<Whole>(std::llround(exercise.Factor1 * 1e4)))
         , Power(static_cast<Whole>(std::llround(exercise.Factor2)))
-        , Multiplies(exercise.Sign == " × ")
+        , Multiplies(exercise.Sign() == " × ")
         , Places(static_cast<int>(DigitsOf(Power).size()) - 1)
         , Result(Multiplies ? Number * Power : Number)
         , Decimals(Multiplies ? mostDecimals : mostDecimals + Places)
@@ -46,7 +46,7 @@ bool isDrawnWell(const PaperShift& paper, const PowersOfTen& exercise)
         && exercise.Factor1 == static_cast<double>(paper.Number) / 1e4;
     const bool power
         = paper.Places >= 1 && paper.Places <= exercise.Digits2 && paper.Power == PowerOfTenOnPaper(paper.Places);
-    return number && power && (paper.Multiplies || exercise.Sign == " ÷ ");
+    return number && power && (paper.Multiplies || exercise.Sign() == " ÷ ");
 }
 
 } // namespace
@@ -66,10 +66,10 @@ void TryPowersOfTen(RandomSource& random, Tally& tally)
         "the number", exercise.Factor1Text(), WithoutLastZeros(CommaText(paper.Number, mostDecimals)), describe);
     tally.Compare("the power", exercise.Factor2Text(), DigitsOf(paper.Power), describe);
     tally.Compare("the solution", exercise.Solution(), answer, describe);
-    tally.CountVerdict("solution", exercise.Check(exercise.Solution()).Right, true, nullptr, describe);
-    tally.CountVerdict("answer with all decimals", exercise.Check(CommaText(paper.Result, paper.Decimals)).Right, true,
+    tally.CountVerdict("solution", exercise.Judge(exercise.Solution()).Right, true, nullptr, describe);
+    tally.CountVerdict("answer with all decimals", exercise.Judge(CommaText(paper.Result, paper.Decimals)).Right, true,
         nullptr, describe);
-    tally.CountVerdict("answer one unit off", exercise.Check(CommaText(paper.Result + 1, paper.Decimals)).Right, false,
+    tally.CountVerdict("answer one unit off", exercise.Judge(CommaText(paper.Result + 1, paper.Decimals)).Right, false,
         nullptr, describe);
 }
 

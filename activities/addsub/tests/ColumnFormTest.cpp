@@ -293,11 +293,11 @@ TEST_P(ColumnFormTest, SpeaksTheExerciseWhereItsAnswerIsWritten)
 TEST_P(ColumnFormTest, IsDestroyedWhenItIsClosedByThePupil)
 {
     const QPointer<ColumnForm> byMenu = GetParam().Make(clock_);
-    byMenu->ShowModally();
+    byMenu->Show(true);
     Choose(*byMenu, QStringLiteral("MnuOpcSal"));
     EXPECT_FALSE(byMenu->isVisible());
     const QPointer<ColumnForm> byCloseBox = GetParam().Make(clock_);
-    byCloseBox->ShowModally();
+    byCloseBox->Show(true);
     byCloseBox->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(byMenu.isNull());

@@ -12,7 +12,7 @@ namespace numbrela {
 
 namespace {
 
-constexpr int cellsBesideDigits = 4; // the blank before the dividend, its comma, and two of margin
+constexpr int cellsBesideDigits = WorkingGrid::BlankBefore + 1 + WorkingGrid::Margin; // one for the comma
 
 constexpr const char* tooManyDigits = "El número tiene demasiadas cifras.";
 constexpr const char* tooManyDigitsDrawn = "El número tiene demasiadas cifras. Elija menos en el menú Opciones.";
@@ -74,7 +74,7 @@ void DivisionExercise::GenerateDivision()
     const std::string text = DividendText();
     const std::size_t comma = text.find(',');
     Grid.LineWidth = lineWidth;
-    Grid.CommaColumn = comma == std::string::npos ? -1 : static_cast<int>(comma) + 1; // a blank stands before the text
+    Grid.CommaColumn = comma == std::string::npos ? -1 : static_cast<int>(comma) + WorkingGrid::BlankBefore;
     Grid.Begin(text);
     Score.Scorable = true;
 }
@@ -140,8 +140,8 @@ std::optional<Verdict> DivisionExercise::Judge(std::string_view quotient) const
 
 std::string DivisionExercise::ShowDivisionSolution()
 {
-    const std::u16string_view dividendRow = Grid.Row(0);
-    std::string digits(dividendRow.begin() + 1, dividendRow.end() - 2);
+    const std::u16string_view cells = Grid.DividendCells();
+    std::string digits(cells.begin(), cells.end());
     if (const std::size_t comma = digits.find(','); comma != std::string::npos) {
         digits.erase(comma, 1);
     }

@@ -44,6 +44,11 @@ std::u16string_view WorkingGrid::Row(int row) const
     return text.substr(place(std::min(row * LineWidth, end())), place(LineWidth));
 }
 
+std::u16string_view WorkingGrid::DividendCells() const
+{
+    return Row(0).substr(place(BlankBefore), place(LineWidth - BlankBefore - Margin));
+}
+
 bool WorkingGrid::IsBlankRow(int row) const
 {
     return Row(row).find_first_not_of(blank) == std::u16string_view::npos;

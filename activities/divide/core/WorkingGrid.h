@@ -13,6 +13,9 @@ namespace numbrela {
 // means nor how the paper looks.
 class WorkingGrid {
 public:
+    static constexpr int BlankBefore = 1; // cells before the dividend
+    static constexpr int Margin = 2; // cells at the end of a row that dividend and comma leave free
+
     // `commaShift` is the CommaShift of WriteWorkingLine; it must outlive the grid.
     explicit WorkingGrid(bool& commaShift)
         : commaShift_(commaShift)
@@ -33,6 +36,9 @@ public:
 
     // The cells of a row; fewer than `LineWidth` of them at the end of the text, none below it.
     std::u16string_view Row(int row) const;
+
+    // The dividend, and the blanks behind it as far as the margin.
+    std::u16string_view DividendCells() const;
 
     // Whether nothing but blanks stands in the row.
     bool IsBlankRow(int row) const;

@@ -56,6 +56,7 @@ TEST_F(WorkingGridTest, BeginsWithABlankTheDividendAndTwoThousandBlanksCutIntoRo
 {
     EXPECT_EQ(Grid.Text, u" 97,25" + std::u16string(2000, u' '));
     EXPECT_EQ(Grid.Row(0), u" 97,25  ");
+    EXPECT_EQ(Grid.DividendCells(), u"97,25");
     EXPECT_EQ(Grid.Row(1), u"        ");
     EXPECT_EQ(Grid.Row(250), u"      ") << "2006 cells end with six of them";
     EXPECT_EQ(Grid.Row(251), u"");

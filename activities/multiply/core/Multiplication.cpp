@@ -40,8 +40,15 @@ void Multiplication::NewMultiplication()
 
     Factor1 = drawNumber(Digits1 + Decimals1) / PowerOfTen(Decimals1);
     const int digitCount2 = Digits2 + Decimals2;
-    Factor2 = (AnyDigits ? drawNumber(digitCount2) : drawNumberFromTables(digitCount2)) / PowerOfTen(Decimals2);
+    const bool fromTables = !AnyDigits && !SelectedTables.empty();
+    Factor2 = (fromTables ? drawNumberFromTables(digitCount2) : drawNumber(digitCount2)) / PowerOfTen(Decimals2);
     Product = Factor2 * Factor1;
+}
+
+void Multiplication::Continue()
+{
+    NewMultiplication();
+    Score.Scorable = true;
 }
 
 double Multiplication::drawNumber(int digitCount)
@@ -88,11 +95,17 @@ std::string Multiplication::Factor2Text() const
     return PlainDecimalText(Factor2);
 }
 
-Int16 Multiplication::RowCount(std::string_view shownFactor2) const
+std::array<std::string, 2> Multiplication::ShowFactors()
+{
+    shownFactor2_ = Factor2Text();
+    return { Factor1Text(), shownFactor2_ };
+}
+
+Int16 Multiplication::RowCount() const
 {
     Int16 rows = Digits2 + Decimals2;
     if (HideZeros) {
-        rows -= static_cast<int>(std::count(shownFactor2.begin(), shownFactor2.end(), '0'));
+        rows -= static_cast<int>(std::count(shownFactor2_.begin(), shownFactor2_.end(), '0'));
     }
     return rows;
 }

@@ -6,6 +6,7 @@
 #include "common/core/Score.h"
 #include "common/core/Verdict.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,7 +44,7 @@ public:
     Int16 Digits2 = 1;
     Int16 Decimals1 = 1; // decimal places of each factor
     Int16 Decimals2 = 1;
-    bool AnyDigits = true; // the digits of the second factor are free; otherwise they come from SelectedTables
+    bool AnyDigits = true; // the digits of the second factor are free; otherwise they come from SelectedTables, if any
     std::string SelectedTables; // the chosen times tables in ascending order, for example "2357"
     bool HideZeros = false; // a zero digit of the second factor gets no partial row
     numbrela::Score Score;
@@ -53,17 +54,26 @@ public:
     // offer; a drawn one never has.
     void NewMultiplication();
 
+    // The next exercise, which is scored again.
+    void Continue();
+
     // Draws the second factor from these tables (as in SelectedTables) from now on, from any digits when there are
     // none.
     void ChooseTables(const std::string& tables);
+
+    // Draws it from any digits from now on. The chosen tables are kept, but are not drawn from.
+    void AllowAnyDigits() { AnyDigits = true; }
 
     // The factors as they are shown: "12,05".
     std::string Factor1Text() const;
     std::string Factor2Text() const;
 
-    // How many partial rows the second factor takes. With HideZeros the zeros are those of `shownFactor2`, the text
-    // that stands in the box of the second factor. May be less than one.
-    Int16 RowCount(std::string_view shownFactor2) const;
+    // The texts of both factors, which are on the screen from now on.
+    std::array<std::string, 2> ShowFactors();
+
+    // How many partial rows the second factor takes. With HideZeros the zeros are those of the second factor on the
+    // screen: before a new one is shown, those of the last. This is intended. May be less than one.
+    Int16 RowCount() const;
 
     // Whether the one partial row is already the result.
     bool HasSingleRow() const { return Digits2 + Decimals2 == 1; }
@@ -92,6 +102,7 @@ private:
     FactorEntry enterFactor(std::string_view typed, double other, double& factor, Int16& digits, Int16& decimals);
 
     RandomSource& random_;
+    std::string shownFactor2_;
 };
 
 } // namespace numbrela

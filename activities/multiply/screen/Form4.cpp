@@ -195,7 +195,7 @@ void Form4::unloadRow()
 
 void Form4::LayoutPartialRows()
 {
-    const int rows = exercise_.RowCount(TbFactor[1]->Text());
+    const int rows = exercise_.RowCount();
     while (static_cast<int>(TbParcial.size()) > std::max(rows, 1)) {
         unloadRow();
     }
@@ -233,18 +233,24 @@ void Form4::placeUnderRows()
 void Form4::NewMultiplication()
 {
     exercise_.NewMultiplication();
-    checkOptions();
-    LayoutPartialRows(); // before the new factors are shown: hidden zeros are counted in the factor on the screen
+    showNewExercise();
+}
+
+void Form4::showNewExercise()
+{
     showFactors();
     Text1->SetText("");
 }
 
 void Form4::showFactors()
 {
-    TbFactor[0]->SetText(exercise_.Factor1Text());
-    TbFactor[1]->SetText(exercise_.Factor2Text());
-    TbFactor[0]->SelectWholeText();
-    TbFactor[1]->SelectWholeText();
+    checkOptions();
+    LayoutPartialRows(); // before the new factors are shown: hidden zeros are counted in the old one
+    const std::array<std::string, 2> texts = exercise_.ShowFactors();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        TbFactor[i]->SetText(texts[i]);
+        TbFactor[i]->SelectWholeText();
+    }
     Announce(*TbFactor[0], InWords(TbFactor[0]->text() + QStringLiteral(" × ") + TbFactor[1]->text()));
 }
 
@@ -276,8 +282,8 @@ void Form4::Command2_Click(int index)
     switch (index) {
     case 0:
         TbParcial[0]->setFocus();
-        NewMultiplication();
-        exercise_.Score.Scorable = true;
+        exercise_.Continue();
+        showNewExercise();
         break;
     case 1:
         clearAnswer();
@@ -345,7 +351,7 @@ void Form4::MnuOpcSelLis_Click(int index)
         tables_->ShowModally(*this);
         exercise_.ChooseTables(tables_->TablasSeleccionadas);
     } else {
-        exercise_.AnyDigits = true;
+        exercise_.AllowAnyDigits();
     }
     MnuOpcSel->Items()[1]->setText(
         QStringLiteral("&Seleccionar (%1) ...").arg(QString::fromStdString(exercise_.SelectedTables)));
@@ -377,13 +383,11 @@ std::string Form4::askForFactor(const std::string& title)
 
 void Form4::showTyped(const Multiplication::FactorEntry& entry)
 {
-    if (!entry.Accepted) {
+    if (entry.Accepted) {
+        showFactors();
+    } else {
         ShowMessage(this, entry.Message);
-        return;
     }
-    checkOptions();
-    LayoutPartialRows();
-    showFactors();
 }
 
 void Form4::MnuOpcSal_Click()

@@ -74,6 +74,7 @@ private:
     void LayoutPartialRows();
     void placeUnderRows();
     void NewMultiplication();
+    void showNewExercise();
     void showFactors();
     void checkOptions();
     std::string askForFactor(const std::string& title);

@@ -103,10 +103,11 @@ TEST(FactorDraw, DrawsAgainUntilFirstAndLastDigitAreNotZero)
     }
 }
 
-TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimalsAndTheScoreIsLeftAlone)
+TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimalsAndOnlyContinuingMakesTheExerciseScoredAgain)
 {
     for (const bool scorable : { true, false }) {
-        ScriptedRandom random { DrawOfDigits(12345, 5), DrawOfDigits(67, 2) };
+        ScriptedRandom random { DrawOfDigits(12345, 5), DrawOfDigits(67, 2), DrawOfDigits(54321, 5),
+            DrawOfDigits(89, 2) };
         Multiplication exercise(random);
         setOptions(exercise, 2, 3, 2, 0);
         exercise.Score.ExerciseCount = 8;
@@ -116,6 +117,9 @@ TEST(FactorDraw, EachFactorHasItsOwnDigitsAndDecimalsAndTheScoreIsLeftAlone)
         EXPECT_EQ(exercise.Factor1Text(), "12,345");
         EXPECT_EQ(exercise.Factor2Text(), "67");
         EXPECT_EQ(exercise.Score.Scorable, scorable);
+        exercise.Continue();
+        EXPECT_EQ(exercise.Factor2Text(), "89");
+        EXPECT_TRUE(exercise.Score.Scorable);
         EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  8; Errores:  5");
     }
 }
@@ -183,7 +187,7 @@ TEST(FactorDraw, HasTheChosenDigitsUnderAllOptionsUpToFifteen)
                 expectFactor(exercise.Factor1Text(), digits, decimals);
                 expectFactor(exercise.Factor2Text(), 11 - digits, 5 - decimals);
                 ASSERT_EQ(exercise.Product, exercise.Factor2 * exercise.Factor1);
-                ASSERT_EQ(exercise.RowCount(""), 16 - digits - decimals);
+                ASSERT_EQ(exercise.RowCount(), 16 - digits - decimals);
             }
         }
     }
@@ -338,7 +342,7 @@ TEST(FactorDraw, EveryDigitOfTheTablesIsEquallyLikely)
 
 TEST(FactorDraw, ChoosingTablesAndNoneSwitchesBetweenTheTwoWays)
 {
-    ScriptedRandom random { DrawOfDigits(6, 1), DrawOfDigits(8, 1) };
+    ScriptedRandom random { DrawOfDigits(6, 1), DrawOfDigits(8, 1), DrawOfDigits(6, 1), DrawOfDigits(9, 1) };
     Multiplication exercise(random);
     exercise.ChooseTables("5");
     EXPECT_FALSE(exercise.AnyDigits);
@@ -349,9 +353,14 @@ TEST(FactorDraw, ChoosingTablesAndNoneSwitchesBetweenTheTwoWays)
 
     setOptions(exercise, 1, 0, 1, 0);
     exercise.ChooseTables("5");
-    exercise.AnyDigits = true;
+    exercise.AllowAnyDigits();
     exercise.NewMultiplication();
     EXPECT_EQ(exercise.Factor2, 8) << "tables kept while any digit goes are not drawn from";
+
+    exercise.AnyDigits = false;
+    exercise.SelectedTables = "";
+    exercise.NewMultiplication();
+    EXPECT_EQ(exercise.Factor2, 9) << "without tables there is nothing to draw from but any digit";
     EXPECT_TRUE(random.AllDrawn());
 }
 

@@ -10,9 +10,6 @@ namespace numbrela {
 
 namespace {
 
-constexpr const char* times = " × ";
-constexpr const char* dividedBy = " ÷ ";
-
 std::string refusalOf(std::string_view typed)
 {
     if (Trimmed(typed).empty()) {
@@ -55,19 +52,20 @@ void PowersOfTen::NewPowerOfTenExercise()
     const double number = drawNumber();
     Factor1 = number / PowerOfTen(drawOneTo(Digits1));
     Factor2 = PowerOfTen(drawOneTo(Digits2));
-    Sign = random_.Next() < 0.5 ? times : dividedBy;
-    computeProduct();
+    multiplies_ = random_.Next() < 0.5;
+    Product = productOf(Factor1, Factor2);
 }
 
-void PowersOfTen::computeProduct()
+double PowersOfTen::productOf(double factor1, double factor2) const
 {
-    if (Sign != times && Factor2 == 0) {
+    if (!multiplies_ && factor2 == 0) {
         throw RunTimeError(RunTimeError::Kind::InvalidArgument, "No se puede dividir entre 0.");
     }
-    Product = Sign == times ? Factor2 * Factor1 : Factor1 / Factor2;
-    if (!std::isfinite(Product)) {
+    const double product = multiplies_ ? factor2 * factor1 : factor1 / factor2;
+    if (!std::isfinite(product)) {
         throw RunTimeError(RunTimeError::Kind::Overflow, "El resultado de la operación es demasiado grande.");
     }
+    return product;
 }
 
 std::string PowersOfTen::Factor1Text() const
@@ -85,7 +83,7 @@ std::string PowersOfTen::Solution() const
     return PlainDecimalText(Product);
 }
 
-Verdict PowersOfTen::Check(std::string_view answer) const
+Verdict PowersOfTen::Judge(std::string_view answer) const
 {
     constexpr double tolerance = 1e-8;
     if (std::fabs(Product - ParseCommaNumber(answer)) >= tolerance) {
@@ -96,14 +94,16 @@ Verdict PowersOfTen::Check(std::string_view answer) const
 
 void PowersOfTen::EnterFactor1(std::string_view typed)
 {
-    Factor1 = typedFactor(typed);
-    computeProduct();
+    const double factor = typedFactor(typed);
+    Product = productOf(factor, Factor2);
+    Factor1 = factor;
 }
 
 void PowersOfTen::EnterFactor2(std::string_view typed)
 {
-    Factor2 = typedFactor(typed);
-    computeProduct();
+    const double factor = typedFactor(typed);
+    Product = productOf(Factor1, factor);
+    Factor2 = factor;
 }
 
 } // namespace numbrela

@@ -35,7 +35,7 @@ FrmUnidad::FrmUnidad(const Clock& clock)
 void FrmUnidad::Form_Load()
 {
     MnuOpcCi1->CheckOnly(PowersOfTen::Digits1Choices.IndexOf(exercise_.Digits1));
-    MnuOpcCi2->CheckOnly(PowersOfTen::Digits2Choices.IndexOf(exercise_.Digits2 + 1));
+    MnuOpcCi2->CheckOnly(PowersOfTen::Digits2Choices.IndexOf(exercise_.Digits2Shown()));
     showNewExercise();
     TBRespuesta->setFocus();
 }
@@ -95,6 +95,7 @@ void FrmUnidad::buildMenus()
     QMenu* options = AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
     MnuOpcCi1 = AddOptionMenu(options, QStringLiteral("MnuOpcCi1"), QStringLiteral("&Cifras factor 1"),
         CaptionsOf(PowersOfTen::Digits1Choices), [this](int index) { MnuOpcCi1Lis_Click(index); });
+    // This list only tells how long the powers of ten can be: choosing from it does nothing.
     MnuOpcCi2 = AddOptionMenu(options, QStringLiteral("MnuOpcCi2"), QStringLiteral("&Cifras factor 2"),
         CaptionsOf(PowersOfTen::Digits2Choices), [](int) {});
     AddMenuItem(
@@ -110,7 +111,7 @@ void FrmUnidad::showNewExercise()
 {
     exercise_.NewPowerOfTenExercise();
     TBDatos[0]->SetText(exercise_.Factor1Text());
-    TBDatos[1]->SetText(exercise_.Sign);
+    TBDatos[1]->SetText(exercise_.Sign());
     TBDatos[2]->SetText(exercise_.Factor2Text());
     TBRespuesta->SetText("");
     TBResultado->SetText("");
@@ -122,7 +123,7 @@ void FrmUnidad::showNewExercise()
 
 void FrmUnidad::Command1_Click()
 {
-    const Verdict verdict = exercise_.Check(TBRespuesta->Text());
+    const Verdict verdict = exercise_.Judge(TBRespuesta->Text());
     TBResultado->ShowVerdict(verdict);
     TBResultado->SelectWholeText();
     if (verdict.Right) {

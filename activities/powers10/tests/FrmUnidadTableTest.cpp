@@ -56,7 +56,7 @@ TEST(FrmUnidadTable, EverythingStandsInItsPlace)
                 .ReadOnly = true,
                 .AccessibleName = "Instrucción" },
             datum("TBDatos(0)", factor1, { 350, 1500, 1600, 700 }, "Número"),
-            datum("TBDatos(1)", first.Sign, { 2050, 1500, 700, 700 }, "Signo"),
+            datum("TBDatos(1)", first.Sign(), { 2050, 1500, 700, 700 }, "Signo"),
             datum("TBDatos(2)", factor2, { 2850, 1500, 1300, 700 }, "Potencia de diez"),
             datum("TBDatos(3)", "=", { 4250, 1500, 500, 700 }, "Es igual a"),
             { .Name = "TBRespuesta",

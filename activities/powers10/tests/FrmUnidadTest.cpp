@@ -40,7 +40,7 @@ std::string lineOf(const FrmUnidad& form)
 
 std::string lineOf(const PowersOfTen& exercise)
 {
-    return exercise.Factor1Text() + exercise.Sign + exercise.Factor2Text() + "=";
+    return exercise.Factor1Text() + exercise.Sign() + exercise.Factor2Text() + "=";
 }
 
 class FrmUnidadTest : public ::testing::Test {
@@ -77,7 +77,7 @@ protected:
 
     void continueUntil(const std::string& sign)
     {
-        while (expected_.Sign != sign) {
+        while (expected_.Sign() != sign) {
             continueOnce();
         }
         ASSERT_EQ(form_.TBDatos[1]->Text(), sign);

@@ -76,6 +76,7 @@ TEST(PowersOfTen, StartsWithTwoDigitsAndPowersUpTo1000)
     const PowersOfTen exercise(random);
     EXPECT_EQ(exercise.Digits1, 2);
     EXPECT_EQ(exercise.Digits2, 3);
+    EXPECT_EQ(exercise.Digits2Shown(), 4);
 }
 
 TEST(PowersOfTen, OffersOneToFourDigitsAndPowersOfTwoToFiveDigits)
@@ -117,7 +118,7 @@ TEST(PowersOfTen, DrawsNumberDecimalsPowerAndSignInThisOrder)
     for (auto& [what, digits1, digits2, random, line, solution] : cases) {
         SCOPED_TRACE(what);
         const PowersOfTen exercise = drawn(random, digits1, digits2);
-        EXPECT_EQ(exercise.Factor1Text() + exercise.Sign + exercise.Factor2Text(), line);
+        EXPECT_EQ(exercise.Factor1Text() + exercise.Sign() + exercise.Factor2Text(), line);
         EXPECT_EQ(exercise.Solution(), solution);
     }
 }
@@ -152,10 +153,10 @@ TEST(PowersOfTen, EverySolutionIsTheNumberWithItsCommaMoved)
                         const std::string factor = movedComma(std::to_string(number), -decimals);
                         const std::string solution = movedComma(factor, sign == multiply ? exponent : -exponent);
                         ASSERT_EQ(exercise.Factor1Text(), factor);
-                        ASSERT_EQ(exercise.Solution(), solution) << factor << exercise.Sign << exercise.Factor2Text();
-                        ASSERT_TRUE(exercise.Check(solution).Right);
-                        ASSERT_FALSE(exercise.Check(movedComma(solution, 1)).Right);
-                        ASSERT_FALSE(exercise.Check(movedComma(solution, -1)).Right);
+                        ASSERT_EQ(exercise.Solution(), solution) << factor << exercise.Sign() << exercise.Factor2Text();
+                        ASSERT_TRUE(exercise.Judge(solution).Right);
+                        ASSERT_FALSE(exercise.Judge(movedComma(solution, 1)).Right);
+                        ASSERT_FALSE(exercise.Judge(movedComma(solution, -1)).Right);
                     }
                 }
             }
@@ -174,12 +175,12 @@ TEST(PowersOfTen, EveryDecimalPlacePowerAndSignIsEquallyLikely)
     for (int i = 0; i < draws; ++i) {
         exercise.NewPowerOfTenExercise();
         ++powers[exercise.Factor2Text()];
-        ++signs[exercise.Sign];
+        ++signs[exercise.Sign()];
         belowOne += exercise.Factor1 < 1 ? 1 : 0;
         ASSERT_GT(exercise.Factor1, 0);
         ASSERT_LT(exercise.Factor1, 10);
         ASSERT_EQ(exercise.Product,
-            exercise.Sign == " × " ? exercise.Factor2 * exercise.Factor1 : exercise.Factor1 / exercise.Factor2);
+            exercise.Sign() == " × " ? exercise.Factor2 * exercise.Factor1 : exercise.Factor1 / exercise.Factor2);
     }
     ASSERT_EQ(powers.size(), 3U);
     for (const char* power : { "10", "100", "1000" }) {
@@ -199,7 +200,7 @@ TEST(PowersOfTen, NumbersHaveADecimalCommaInEveryCountry)
     EXPECT_EQ(exercise.Factor1Text(), "0,57");
     EXPECT_EQ(exercise.Factor2Text(), "1000");
     EXPECT_EQ(exercise.Solution(), "0,00057");
-    EXPECT_TRUE(exercise.Check("0,00057").Right);
+    EXPECT_TRUE(exercise.Judge("0,00057").Right);
 }
 
 // ---------------------------------------------------------------------------------------------------------- checking
@@ -208,7 +209,6 @@ TEST(PowersOfTen, NumbersHaveADecimalCommaInEveryCountry)
 PowersOfTen withProduct(RandomSource& random, const char* product)
 {
     PowersOfTen exercise(random);
-    exercise.Sign = " × ";
     exercise.Factor2 = 1;
     exercise.EnterFactor1(product);
     return exercise;
@@ -237,7 +237,7 @@ TEST(PowersOfTen, JudgesAnswersAsNumbers)
     ScriptedRandom random {};
     for (const auto& [product, answer, right] : cases) {
         SCOPED_TRACE(std::string(product) + ", answered " + answer);
-        const Verdict verdict = withProduct(random, product).Check(answer);
+        const Verdict verdict = withProduct(random, product).Judge(answer);
         EXPECT_EQ(verdict.Right, right);
         EXPECT_EQ(verdict.Text, right ? "Resultado correcto " : "Resultado incorrecto ");
     }
@@ -251,6 +251,13 @@ struct EntryCase {
     const char* Typed;
     const char* Solution;
 };
+
+void expectUnchanged(const PowersOfTen& exercise, double sign)
+{
+    EXPECT_EQ(exercise.Factor1, 5.7);
+    EXPECT_EQ(exercise.Factor2, 100);
+    EXPECT_EQ(exercise.Solution(), sign == multiply ? "570" : "0,057");
+}
 
 void enter(PowersOfTen& exercise, int factor, const char* typed)
 {
@@ -280,12 +287,12 @@ TEST(PowersOfTen, ATypedFactorMakesANewProduct)
         SCOPED_TRACE(std::string(typed) + " as factor " + std::to_string(factor));
         ScriptedRandom random = drawsOf(57, 1, 2, sign);
         PowersOfTen exercise = drawn(random);
-        const std::string signBefore = exercise.Sign;
+        const std::string signBefore = exercise.Sign();
         enter(exercise, factor, typed);
         EXPECT_EQ(exercise.Solution(), solution);
-        EXPECT_TRUE(exercise.Check(solution).Right);
-        EXPECT_FALSE(exercise.Check(sign == multiply ? "570" : "0,057").Right);
-        EXPECT_EQ(exercise.Sign, signBefore);
+        EXPECT_TRUE(exercise.Judge(solution).Right);
+        EXPECT_FALSE(exercise.Judge(sign == multiply ? "570" : "0,057").Right);
+        EXPECT_EQ(exercise.Sign(), signBefore);
         EXPECT_EQ(exercise.Digits1, 2);
         EXPECT_EQ(exercise.Digits2, 3);
     }
@@ -300,7 +307,7 @@ TEST(PowersOfTen, BothFactorsCanBeTypedAndAreForgottenByTheNextExercise)
     exercise.EnterFactor2("32");
     EXPECT_EQ(exercise.Solution(), "0,25");
     exercise.NewPowerOfTenExercise();
-    EXPECT_EQ(exercise.Factor1Text() + exercise.Sign + exercise.Factor2Text(), "5,7 ÷ 100");
+    EXPECT_EQ(exercise.Factor1Text() + exercise.Sign() + exercise.Factor2Text(), "5,7 ÷ 100");
     EXPECT_EQ(exercise.Solution(), "0,057");
 }
 
@@ -344,6 +351,7 @@ TEST(PowersOfTen, NoNumberHoldsAProductTooLarge)
         PowersOfTen exercise = drawn(random);
         EXPECT_EQ(KindThrownBy([&, factor = factor, typed = typed] { enter(exercise, factor, typed); }),
             RunTimeError::Kind::Overflow);
+        expectUnchanged(exercise, sign);
     }
 }
 
@@ -362,7 +370,7 @@ TEST(PowersOfTen, NothingCanBeDividedByZero)
     ScriptedRandom random = drawsOf(57, 1, 2, divide);
     PowersOfTen exercise = drawn(random);
     EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor2("0"); }), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor1("0"); }), RunTimeError::Kind::InvalidArgument);
+    expectUnchanged(exercise, divide);
 }
 
 } // namespace

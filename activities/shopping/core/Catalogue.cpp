@@ -1,6 +1,5 @@
 #include "activities/shopping/core/Catalogue.h"
 
-#include "common/core/Int16.h"
 #include "common/core/RunTimeError.h"
 
 #include <bit>
@@ -57,14 +56,18 @@ void writeRecord(const Product& product, char* record)
     std::memcpy(record + nombreWidth + precioWidth, product.Tienda.Bytes.data(), tiendaWidth);
 }
 
+bool isFull(const ProductTable& table)
+{
+    return table.size() >= static_cast<std::size_t>(MostProducts);
+}
+
 // Reads the table, and passes every byte that it reads on to the caller.
 template <typename HandOn>
 ProductTable loadRecords(const std::filesystem::path& path, HandOn handOn)
 {
     CatalogueReader file(path);
-    ProductTable table(1);
-    table.reserve(std::min<std::size_t>(file.Size() / recordSize, MostProducts) + 1);
-    Int16 count;
+    ProductTable table;
+    table.reserve(std::min<std::size_t>(file.Size() / recordSize, MostProducts));
     Records buffer(recordsAtATime * recordSize);
     std::size_t filled = buffer.size();
     while (filled == buffer.size()) {
@@ -73,12 +76,16 @@ ProductTable loadRecords(const std::filesystem::path& path, HandOn handOn)
         for (std::size_t end = recordSize; end <= filled; end += recordSize) {
             const char* record = buffer.data() + end - recordSize;
             if (priceOf(record) > 0) {
-                table.resize(static_cast<std::size_t>(count) + 1);
-                readRecord(record, table.back());
-                ++count;
+                if (isFull(table)) {
+                    throw RunTimeError(RunTimeError::Kind::Overflow,
+                        "El catálogo «" + path.string() + "» tiene más de " + std::to_string(MostProducts)
+                            + " productos.");
+                }
+                readRecord(record, table.emplace_back());
             }
         }
     }
+    table.resize(std::max<std::size_t>(table.size(), 1));
     return table;
 }
 
@@ -106,7 +113,7 @@ int AddProduct(ProductTable& table, const Product& product)
         table.front() = product;
         return 0;
     }
-    if (table.size() >= static_cast<std::size_t>(MostProducts)) {
+    if (isFull(table)) {
         throw RunTimeError(RunTimeError::Kind::Overflow,
             "El catálogo está lleno: no caben más de " + std::to_string(MostProducts) + " productos.");
     }

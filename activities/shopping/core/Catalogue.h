@@ -66,10 +66,12 @@ using ProductTable = std::vector<Product>;
 // The most products that a catalogue holds; their count is a 16-bit one.
 inline constexpr int MostProducts = 32767;
 
-// Whether the table holds its one empty entry only: the first character of entry 0's name is NUL.
+// Whether the table is empty: the first character of entry 0's name is NUL. Nothing else is looked at, because the
+// format marks the empty entry by this alone, and no name that is typed begins so. A record of another program's making
+// can, and be a product all the same: it is drawn and listed, but the next product that is added takes its place.
 bool IsEmpty(const ProductTable& table);
 
-// Puts a product into the place of the empty entry, or else at the end, and returns its index.
+// Puts a product into entry 0 if the table is empty, or else at the end, and returns its index.
 // Throws RunTimeError::Overflow when the table holds MostProducts already.
 int AddProduct(ProductTable& table, const Product& product);
 

@@ -84,10 +84,9 @@ bool ProductEditor::WriteBack(const ProductTexts& boxes)
     return true;
 }
 
-void ProductEditor::Select(int product, int line)
+void ProductEditor::Select(int product)
 {
     SelectedProduct = product;
-    SelectedLine = line;
     Editing = true;
 }
 

@@ -17,7 +17,7 @@ struct ProductTexts {
 };
 
 // What a teacher can do with the catalogue: choose a product, edit it in the boxes, add, change and delete products.
-// The screen keeps the lines of the list, their order and the selection, and tells the editor which line a product has.
+// The screen keeps the lines of the list, their order and the selection.
 // Nothing reaches the file before the table is saved.
 class ProductEditor {
 public:
@@ -41,10 +41,10 @@ public:
     // the price is not a number.
     bool WriteBack(const ProductTexts& boxes);
 
-    // From now on the edit boxes show this product, which has this line in the list.
-    void Select(int product, int line);
+    // From now on the edit boxes show this product.
+    void Select(int product);
 
-    // Puts the product in place of the empty entry, or else at the end, and returns its index.
+    // Puts the product into entry 0 if the table is empty, or else at the end, and returns its index.
     // Throws RunTimeError::Overflow when the catalogue is full.
     int Add(const Product& product);
 
@@ -60,7 +60,6 @@ public:
 
     ProductTable Table { 1 };
     Int16 SelectedProduct; // index of the product that the edit boxes show
-    Int16 SelectedLine; // its line
     bool Editing = false; // whether they show one
 
 private:

@@ -136,6 +136,7 @@ std::string ShoppingTask::NewShoppingTask(RandomSource& random)
     return length < ListLength ? noticeOfShortList(length, ListLength) : std::string();
 }
 
+// An entry beside others is a product, whatever its name begins with.
 int ShoppingTask::productCount() const
 {
     const bool onlyTheEmptyEntry = Catalogue.size() == 1 && IsEmpty(Catalogue);

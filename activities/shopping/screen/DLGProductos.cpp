@@ -13,8 +13,6 @@
 #include <QCloseEvent>
 #include <QLabel>
 
-#include <memory>
-
 namespace numbrela {
 
 namespace {
@@ -43,6 +41,7 @@ DLGProductos::DLGProductos(const Clock& clock, Shop& shop)
     connectButton(OKButton, &DLGProductos::OKButton_Click);
     connectButton(CancelButton, &DLGProductos::CancelButton_Click);
     List1->setFocus();
+    Form_Load();
 }
 
 // A button pressed before the selection of a line has been refused would act on that line.
@@ -106,13 +105,14 @@ void DLGProductos::FillProductList()
     }
     List1->SetSortedLines(lines);
     if (editor_.Editing) {
-        editor_.SelectedLine = List1->LineOf(editor_.SelectedProduct);
+        SelectedLine = List1->LineOf(editor_.SelectedProduct);
     }
 }
 
 void DLGProductos::showProduct(int product, int line)
 {
-    editor_.Select(product, line);
+    editor_.Select(product);
+    SelectedLine = line;
     const ProductTexts texts = editor_.TextsOf(product);
     TbDatos[0]->SetText(texts.Tienda);
     TbDatos[1]->SetText(texts.Nombre);
@@ -130,7 +130,7 @@ ProductTexts DLGProductos::boxTexts() const
 void DLGProductos::List1_Click()
 {
     const std::optional<int> line = List1->SelectedLine();
-    if (!line || (editor_.Editing && *line == editor_.SelectedLine)) {
+    if (!line || (editor_.Editing && *line == SelectedLine)) {
         return;
     }
     if (!editor_.WriteBack(boxTexts())) {
@@ -138,7 +138,7 @@ void DLGProductos::List1_Click()
         return;
     }
     if (editor_.Editing) {
-        List1->RewriteLine(editor_.SelectedLine, editor_.LineText(editor_.SelectedProduct));
+        List1->RewriteLine(SelectedLine, editor_.LineText(editor_.SelectedProduct));
     }
     showProduct(List1->DataOf(*line), *line);
 }
@@ -146,7 +146,7 @@ void DLGProductos::List1_Click()
 // Keeps the line selected and the typed texts in the boxes, to be corrected.
 void DLGProductos::refusePrice()
 {
-    List1->SelectLine(editor_.SelectedLine);
+    List1->SelectLine(SelectedLine);
     TbDatos[2]->setFocus();
     TbDatos[2]->SelectWholeText();
     ShowMessage(this, "«" + TbDatos[2]->Text() + "» no es un precio. Escriba un número, por ejemplo 1,25.");
@@ -244,23 +244,6 @@ void DLGProductos::closeEvent(QCloseEvent* event)
     event->accept();
     hide();
     ShowShopping(*this, clock_, shop_, accepted_);
-}
-
-void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop)
-{
-    auto editor = std::make_unique<DLGProductos>(clock, shop);
-    try {
-        editor->Form_Load();
-    } catch (const RunTimeError& failure) {
-        if (failure.ErrorKind() != RunTimeError::Kind::File) {
-            throw;
-        }
-        ShowShopping(before, clock, shop, false); // it meets the same failure, and shows it
-        return;
-    }
-    editor->OpenLike(before);
-    shop.Window = editor.release(); // it deletes itself when it is closed
-    shop.Window->ShowModally();
 }
 
 } // namespace numbrela

@@ -22,13 +22,11 @@ struct Shop;
 // (ProductEditor) keeps the table and changes it. When the window closes, the shopping window takes its place.
 class DLGProductos : public FormWindow {
 public:
-    // Edits the catalogue of this shop. Clock and shop outlive the window.
+    // Reads the catalogue of this shop and lists it. Clock and shop outlive the window. Throws what LoadCatalogue
+    // throws.
     DLGProductos(const Clock& clock, Shop& shop);
 
-    // Reads the catalogue from Ruta and lists it; to be called before the window is shown.
-    // Throws what LoadCatalogue throws.
     void Form_Load();
-
     void List1_Click();
     void CBAdd_Click();
     void CBModif_Click();
@@ -36,7 +34,8 @@ public:
     void OKButton_Click();
     void CancelButton_Click();
 
-    std::filesystem::path Ruta; // of the catalogue file
+    std::filesystem::path& Ruta; // of the catalogue file: the shop's
+    Int16 SelectedLine; // of the product that the boxes show
 
     QLabel* Label1 = nullptr;
     ListBox* List1 = nullptr;

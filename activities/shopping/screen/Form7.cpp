@@ -151,24 +151,6 @@ QString spokenColumn(const PriceColumn& column)
 
 } // namespace
 
-FormWindow* MakeShopping(const Clock& clock, Shop& shop)
-{
-    shop.Window = new Form7(clock, shop);
-    return shop.Window;
-}
-
-void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool modally)
-{
-    FormWindow* form = MakeShopping(clock, shop);
-    form->OpenLike(before);
-    if (modally) {
-        form->ShowModally();
-    } else {
-        form->setAttribute(Qt::WA_DeleteOnClose);
-        form->show();
-    }
-}
-
 Form7::Form7(const Clock& clock, Shop& shop)
     : FormWindow(QStringLiteral("Form7"), QStringLiteral("La compra"), areaSize, formFont)
     , Timer1(new QTimer(this))

@@ -19,8 +19,9 @@ struct Shop {
 // The shopping window and the catalogue editor replace one another; the new one opens maximised or full-screen if the
 // old one was. Clock and shop outlive both.
 
-// Makes the shopping window with a fresh task.
-FormWindow* MakeShopping(const Clock& clock, Shop& shop);
+// The shopping window that is open, which the editor may have left beside the main menu; otherwise makes one, with a
+// fresh task, that is still to be shown.
+FormWindow* OpenOrMakeShopping(const Clock& clock, Shop& shop);
 
 // Opens the shopping window with a fresh task in place of the window `before`. If it is not modal, the main menu can be
 // used beside it.
@@ -29,5 +30,8 @@ void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool mo
 // Opens the editor of the catalogue in place of the window `before`, modally. When the catalogue cannot be read, says
 // why and opens the shopping window.
 void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop);
+
+// Destroys the window of the shop, if there is one.
+void EndShop(Shop& shop);
 
 } // namespace numbrela

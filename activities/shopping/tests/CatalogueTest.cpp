@@ -205,7 +205,7 @@ TEST_F(CatalogueTest, HoldsAsManyProductsAsA16BitCountCounts)
     EXPECT_EQ(load(content + record("", zero, "")).size(), 32767U);
     std::string text;
     EXPECT_EQ(kindOf([&] { load(content + last); }, &text), RunTimeError::Kind::Overflow);
-    EXPECT_NE(text.find("32768"), std::string::npos) << text;
+    EXPECT_EQ(text, "El catálogo «" + path_.string() + "» tiene más de 32767 productos.");
 }
 
 TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCouldLoadAgain)
@@ -219,6 +219,14 @@ TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCo
     EXPECT_EQ(AddProduct(table, ProductOf("b", "x")), 32766);
     EXPECT_EQ(kindOf([&] { AddProduct(table, ProductOf("c", "x")); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(table.size(), 32767U);
+}
+
+TEST_F(CatalogueTest, AddsIntoAFirstEntryWhoseNameBeginsAsTheEmptyOneAlsoWhenOthersFollow)
+{
+    ProductTable table = load(record("", one, "x").replace(0, 1, 1, '\0') + record("b", one, "y"));
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_EQ(AddProduct(table, ProductOf("a", "x")), 0);
+    EXPECT_EQ(table, (ProductTable { ProductOf("a", "x"), ProductOf("b", "y") }));
 }
 
 // What cannot be read or written.

@@ -80,7 +80,6 @@ protected:
     {
         SaveCatalogue(path_, table);
         form_ = std::make_unique<DLGProductos>(clock_, shop_);
-        form_->Form_Load();
         ShowAndActivate(*form_);
         return *form_;
     }

@@ -718,7 +718,13 @@ TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
 TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
 {
     SaveCatalogue(path_, ProductTable(MostProducts + 1, ProductOf("a", "Panadería")));
-    EXPECT_EQ(KindThrownBy([this] { const Form7 form(clock_, shop_); }), RunTimeError::Kind::Overflow);
+    try {
+        const Form7 form(clock_, shop_);
+        ADD_FAILURE();
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(error.what(), "El catálogo «" + path_.string() + "» tiene más de 32767 productos.");
+    }
 }
 
 TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)

@@ -68,9 +68,8 @@ TEST(EditBoxes, ShowAProductTrimmed)
 TEST(EditBoxes, AreWrittenBackIntoTheProductThatTheyShow)
 {
     ProductEditor editor = editorOf({ bread, paper });
-    editor.Select(1, 0);
+    editor.Select(1);
     EXPECT_EQ(editor.SelectedProduct, 1);
-    EXPECT_EQ(editor.SelectedLine, 0);
     EXPECT_TRUE(editor.Editing);
     EXPECT_TRUE(editor.WriteBack({ " Librería ", "  Un cuento ", " 12,95" }));
     EXPECT_EQ(editor.Table, (ProductTable { bread, ProductOf("Un cuento", "Librería", 12.95F) }));
@@ -86,7 +85,7 @@ TEST(EditBoxes, AreNotWrittenBackBeforeTheyShowAProduct)
 TEST(EditBoxes, AreRefusedWholeWhenTheirPriceIsNoNumber)
 {
     ProductEditor editor = editorOf({ bread, paper });
-    editor.Select(0, 0);
+    editor.Select(0);
     for (const char* price : { "", " ", "abc", "1,2,3", "0,85€", "1e39", "1e400" }) {
         EXPECT_FALSE(editor.WriteBack({ "Kiosko", "Un tebeo", price })) << price;
         EXPECT_EQ(editor.Table, (ProductTable { bread, paper })) << price;
@@ -97,7 +96,7 @@ TEST(EditBoxes, AreRefusedWholeWhenTheirPriceIsNoNumber)
 TEST(EditBoxes, TakeAnyNumberAsAPrice)
 {
     ProductEditor editor = editorOf({ bread });
-    editor.Select(0, 0);
+    editor.Select(0);
     EXPECT_TRUE(editor.WriteBack({ "", "", "-3" }));
     EXPECT_EQ(editor.Table, ProductTable { ProductOf("", "", -3) });
     EXPECT_TRUE(editor.WriteBack({ "a", "b", "0" }));
@@ -108,7 +107,7 @@ TEST(EditBoxes, LeaveAnInfinitePriceThatNobodyTouched)
 {
     const float infinity = std::numeric_limits<float>::infinity();
     ProductEditor editor = editorOf({ ProductOf("b", "a", infinity) });
-    editor.Select(0, 0);
+    editor.Select(0);
     EXPECT_TRUE(editor.WriteBack(editor.TextsOf(0)));
     EXPECT_EQ(editor.Table[0].Precio, infinity);
     EXPECT_TRUE(editor.WriteBack({ "a", "b", "5" }));
@@ -119,11 +118,11 @@ TEST(EditBoxes, LeaveAnInfinitePriceThatNobodyTouched)
 TEST(Adding, KeepsWhatTheBoxesShowUnlessItWasTheEmptyEntry)
 {
     ProductEditor editor;
-    editor.Select(0, 0);
+    editor.Select(0);
     editor.Add(bread);
     EXPECT_FALSE(editor.Editing); // else the texts of the empty entry would be written into the new product
 
-    editor.Select(0, 0);
+    editor.Select(0);
     editor.Add(paper);
     EXPECT_TRUE(editor.Editing);
     EXPECT_EQ(editor.SelectedProduct, 0);
@@ -135,7 +134,7 @@ TEST(Adding, KeepsWhatTheBoxesShowBesideAProductWithoutAName)
     Product nameless;
     nameless.Precio = 1;
     ProductEditor editor = editorOf({ nameless, bread });
-    editor.Select(1, 1);
+    editor.Select(1);
     EXPECT_EQ(editor.Add(paper), 0);
     EXPECT_TRUE(editor.Editing);
     EXPECT_TRUE(editor.WriteBack({ "Panadería", "Un bollo", "1" }));
@@ -145,7 +144,7 @@ TEST(Adding, KeepsWhatTheBoxesShowBesideAProductWithoutAName)
 TEST(Adding, StopsWhenTheCatalogueIsFullAndKeepsTheSelection)
 {
     ProductEditor editor = editorOf(ProductTable(MostProducts, bread));
-    editor.Select(0, 0);
+    editor.Select(0);
     EXPECT_THROW(editor.Add(paper), RunTimeError);
     EXPECT_EQ(editor.Table.size(), 32767U);
     EXPECT_TRUE(editor.Editing);
@@ -232,7 +231,7 @@ TEST(Deleting, GoesOnWithTheLineAboveOrTheFirst)
 TEST(Deleting, TakesNothingOverFromTheBoxes)
 {
     ProductEditor editor = editorOf({ bread, paper });
-    editor.Select(1, 0);
+    editor.Select(1);
     editor.Delete(1, 0);
     EXPECT_FALSE(editor.Editing);
     EXPECT_TRUE(editor.WriteBack({ "x", "y", "9" }));

@@ -157,7 +157,7 @@ TEST(FormWindowTest, MakesEveryOtherWindowInertWhileItIsShownModally)
     EXPECT_EQ(menu.Presses, 1);
 
     auto* form = new TestForm;
-    form->ShowModally();
+    form->Show(true);
     ASSERT_TRUE(QTest::qWaitForWindowActive(form));
     EXPECT_EQ(QApplication::activeModalWidget(), form);
     clickInMenu();
@@ -184,7 +184,7 @@ TEST_P(OpenLikeTest, OpensAsLargeAsTheWindowThatItIsOpenedFromAndHasItsDesignSiz
     ShowAndActivate(menu);
     auto* form = new TestForm;
     form->OpenLike(menu);
-    form->ShowModally();
+    form->Show(true);
     ASSERT_TRUE(QTest::qWaitForWindowActive(form));
     EXPECT_EQ(form->windowState() & ~Qt::WindowActive, GetParam());
     EXPECT_EQ(form->size(), menu.size());

@@ -1,0 +1,22 @@
+#include "common/screen/StartUp.h"
+
+#include "common/screen/Accessible.h"
+#include "common/screen/InertWindows.h"
+#include "common/screen/Keyboard.h"
+#include "common/screen/Look.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QApplication>
+
+namespace numbrela {
+
+std::unique_ptr<QAbstractNativeEventFilter> StartUp(QApplication& application)
+{
+    QApplication::setApplicationName(QStringLiteral("Numbrela"));
+    ApplyLook(application);
+    InstallAccessibility();
+    RecogniseHeldKeys(application);
+    return WatchInertWindows();
+}
+
+} // namespace numbrela
