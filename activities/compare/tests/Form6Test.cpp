@@ -220,53 +220,6 @@ TEST_F(Form6Test, AQuestionIsAnsweredToItsLastNumberByKeysAlone)
     EXPECT_EQ(form_.Text2->Text(), "Aciertos: 12;   Errores: 60.");
 }
 
-TEST_F(Form6Test, AHeldEnterOrSpacePressesTheRightButtonOnce)
-{
-    int hits = 0;
-    for (const int key : { int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::Key_Space) }) {
-        tabTo(rightButton());
-        hold(key);
-        EXPECT_EQ(form_.Text2->Text(), "Aciertos: " + std::to_string(++hits) + ";   Errores: 0.");
-        EXPECT_EQ(offeredButtons(), 6);
-    }
-}
-
-// A double click is meant for the number on the screen, not for the one that the next question shows at the same place.
-TEST_F(Form6Test, TheSecondPressOfADoubleClickAnswersNothing)
-{
-    for (int hits = 1; hits <= 20; ++hits) {
-        const int right = rightButton();
-        click(right);
-        DoubleClick(form_, nameOf(right));
-        QTest::mouseRelease(form_.CbNúmero[std::size_t(right)], Qt::LeftButton);
-        ASSERT_EQ(form_.Text2->Text(), "Aciertos: " + std::to_string(hits) + ";   Errores: 0.");
-        ASSERT_EQ(offeredButtons(), 6);
-    }
-}
-
-TEST_F(Form6Test, NeitherTheInstructionNorTheVerdictNorTheScoreCanBeTypedInto)
-{
-    const std::string instruction = form_.Text1->Text();
-    for (const char* name : { "Text1", "Text2", "Text3" }) {
-        Click(form_, QString::fromLatin1(name));
-        Type(QStringLiteral("7"));
-        Press(Qt::Key_Backspace);
-    }
-    EXPECT_EQ(form_.Text1->Text(), instruction);
-    EXPECT_EQ(form_.Text2->Text(), "Aciertos: 0;  Errores: 0.");
-    EXPECT_EQ(form_.Text3->Text(), "");
-}
-
-TEST_F(Form6Test, TheNextOpeningStartsAfresh)
-{
-    click(wrongButtons().front());
-    form_.close();
-    Form6 again(clock_);
-    ShowAndActivate(again);
-    EXPECT_EQ(again.Text2->Text(), "Aciertos: 0;  Errores: 0.");
-    EXPECT_EQ(again.Text3->Text(), "");
-}
-
 TEST_F(Form6Test, TheTimeOfDaySeedsTheQuestions)
 {
     // (10 + 1) × (20 + 1) × (30 + 1), factors exchanged: the same seed. Another second: another one.

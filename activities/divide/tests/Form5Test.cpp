@@ -42,28 +42,25 @@ protected:
     void click(QAnyStringView control) const { Click(Form, control); }
 
     // Enters a dividend or a divisor in place of the one that is shown.
-    static void enterDividend(const Form5& form, QAnyStringView typed)
+    void enterDividend(QAnyStringView typed) const
     {
-        ExpectInput("Introducir dividendo", "", typed, QString::fromStdString(rowsOf(form.Text1->Grid())[0]).trimmed());
+        ExpectInput("Introducir dividendo", "", typed, rows()[0].substr(1));
         Press(Qt::Key_F2);
     }
 
-    static void enterDivisor(const Form5& form, QAnyStringView typed)
+    void enterDivisor(QAnyStringView typed) const
     {
-        ExpectInput("Introducir divisor", "", typed, form.Text2->Text());
+        ExpectInput("Introducir divisor", "", typed, divisor());
         Press(Qt::Key_F3);
     }
 
-    void enterDividend(QAnyStringView typed) const { enterDividend(Form, typed); }
-    void enterDivisor(QAnyStringView typed) const { enterDivisor(Form, typed); }
-
     // A whole division, with the focus in the grid.
-    static void show(const Form5& form, QAnyStringView dividend, QAnyStringView divisor)
+    void show(const char* dividend, const char* by) const
     {
-        Choose(form, "MnuOpcDeDLis(0)");
-        enterDividend(form, dividend);
-        enterDivisor(form, divisor);
-        form.Text1->setFocus();
+        choose("MnuOpcDeDLis(0)");
+        enterDividend(dividend);
+        enterDivisor(by);
+        Form.Text1->setFocus();
     }
 
     // Types into a row of the grid, which must have the focus and show its first rows.
@@ -120,7 +117,7 @@ TEST_F(Form5Test, OpensWithADivisionThatTheTimeOfDayDecidesAndTheFocusInItsGrid)
 
 TEST_F(Form5Test, WorksADivisionByKeysAlone)
 {
-    show(Form, "97", "6");
+    show("97", "6");
     Type("37");
     Press(Qt::Key_Down);
     Press(Qt::Key_Left);
@@ -239,7 +236,7 @@ TEST_F(Form5Test, FocusHintsSayWhatABoxIsUnlessTheFocusComesBackFromABoxOrAMenu)
 
 TEST_F(Form5Test, AWrongAnswerCountsAgainEachTimeAndLeavesTheFocus)
 {
-    show(Form, "84", "4");
+    show("84", "4");
     typeIntoRow(1, " 0");
     Form.Text3->setFocus();
     Type("20");
@@ -337,29 +334,9 @@ TEST_F(Form5Test, TheSolutionIsShownFromItsTopAndEndsTheExercise)
     EXPECT_EQ(Form.Text1->FirstShownRow(), 0);
 }
 
-// One flag for all windows: each finds it as the previous one left it.
-TEST_F(Form5Test, TheShiftBehindTheCommaOutlastsTheWindow)
-{
-    Form.close();
-    const FixedClock clock;
-    for (const bool shifted : { true, false }) {
-        bool commaShift = shifted;
-        for (int window = 0; window < 2; ++window) {
-            SCOPED_TRACE(window);
-            Form5 form(clock, commaShift);
-            ShowAndActivate(form);
-            show(form, "84", "4");
-            Click(form, "Command2(2)");
-            EXPECT_EQ(
-                rowsOf(form.Text1->Grid()), (shifted ? Rows { " 84", "  04", "  0" } : Rows { " 84", " 04", " 0" }));
-            EXPECT_EQ(commaShift, shifted) << "no row stands left of a comma";
-        }
-    }
-}
-
 TEST_F(Form5Test, ASolutionThatDoesNotFitIsSaidAndNothingIsLost)
 {
-    show(Form, "84", "3000000000");
+    show("84", "3000000000");
     typeIntoRow(1, " 7");
     Form.Text3->setFocus();
     Type("5");

@@ -124,21 +124,6 @@ TEST_F(Form4Test, OpensWithTwoFactorsOfOneDigitAndOneDecimalAndTwoRowsAsTheTimeO
     EXPECT_GT(different, 15);
 }
 
-TEST_F(Form4Test, StartsAfreshEachTime)
-{
-    answer("");
-    choose("MnuOpcCi2Lis(4)");
-    choose("MnuOpcOcu");
-    choose("MnuOpcSal");
-    EXPECT_FALSE(form_.isVisible());
-    Form4 again(clock_, tables_);
-    ShowAndActivate(again);
-    EXPECT_EQ(again.tbResultados->Text(), "Ejercicios:  0; Errores:  0");
-    EXPECT_EQ(CheckedItems(*again.MnuOpcCi2), std::vector<int> { 0 });
-    EXPECT_EQ(again.TbParcial.size(), 2U);
-    EXPECT_EQ(again.MnuOpcOcu->text(), QStringLiteral("&Ocultar ceros intermedios (No)"));
-}
-
 TEST_F(Form4Test, WorksAnExerciseByKeysAlone)
 {
     typeFactors("73,4", "4,6");
@@ -156,6 +141,8 @@ TEST_F(Form4Test, WorksAnExerciseByKeysAlone)
     Press(Qt::Key_Return);
     EXPECT_EQ(verdict(), "");
     EXPECT_EQ(focusName(), "TbParcial(0)");
+    choose("MnuOpcSal");
+    EXPECT_FALSE(form_.isVisible());
 }
 
 // ------------------------------------------------------------------------------------------------------------ typing
@@ -167,26 +154,13 @@ TEST_F(Form4Test, TheCaretStepsLeftWhenAKeyThatWritesIsLetGo)
         int Key;
         Qt::KeyboardModifiers Modifiers;
         Steps Where;
-    } cases[] = {
-        { Qt::Key_0, {}, Everywhere },
-        { Qt::Key_9, {}, Everywhere },
-        { Qt::Key_0, Qt::KeypadModifier, Everywhere },
-        { Qt::Key_9, Qt::KeypadModifier, Everywhere },
-        { Qt::Key_Comma, {}, Everywhere },
-        { Qt::Key_Space, {}, InRowsAlone },
-        { Qt::Key_Comma, Qt::KeypadModifier, InRowsAlone },
-        { Qt::Key_Plus, Qt::KeypadModifier, InRowsAlone },
-        { Qt::Key_Period, {}, InRowsAlone },
-        { Qt::Key_Less, {}, InRowsAlone },
-        { Qt::Key_masculine, {}, InRowsAlone },
-        { Qt::Key_Asterisk, Qt::ShiftModifier, InRowsAlone },
-        { Qt::Key_A, {}, InRowsAlone },
-        { Qt::Key_NumLock, {}, InRowsAlone },
-        { Qt::Key_Shift, {}, Nowhere },
-        { Qt::Key_Delete, {}, Nowhere },
-        { Qt::Key_Escape, {}, Nowhere },
-        { Qt::Key_Up, {}, Nowhere },
-    };
+    } cases[] = { { Qt::Key_0, {}, Everywhere }, { Qt::Key_9, Qt::KeypadModifier, Everywhere },
+        { Qt::Key_Comma, {}, Everywhere }, { Qt::Key_Space, {}, InRowsAlone },
+        { Qt::Key_Comma, Qt::KeypadModifier, InRowsAlone }, { Qt::Key_Plus, Qt::KeypadModifier, InRowsAlone },
+        { Qt::Key_Period, {}, InRowsAlone }, { Qt::Key_Less, {}, InRowsAlone }, { Qt::Key_masculine, {}, InRowsAlone },
+        { Qt::Key_Asterisk, Qt::ShiftModifier, InRowsAlone }, { Qt::Key_A, {}, InRowsAlone },
+        { Qt::Key_NumLock, {}, InRowsAlone }, { Qt::Key_Shift, {}, Nowhere }, { Qt::Key_Delete, {}, Nowhere },
+        { Qt::Key_Escape, {}, Nowhere }, { Qt::Key_Up, {}, Nowhere } };
     for (const auto& [key, modifiers, where] : cases) {
         for (TextBox* box : { form_.TbParcial[0], form_.TbParcial[1], form_.TbResultado }) {
             const bool steps = where == Everywhere || (where == InRowsAlone && box != form_.TbResultado);
@@ -619,21 +593,6 @@ TEST_F(Form4Test, ALongRowThatGoesNoLongerMakesTheOthersSmall)
     for (const TextBox* box : { form_.TbFactor[0], form_.TbFactor[1], form_.TbParcial[1], form_.TbResultado }) {
         EXPECT_EQ(box->font().pixelSize(), 20) << "as large as it is designed";
     }
-}
-
-TEST_F(Form4Test, AWindowThatGrowsStaysOnItsScreenAndComesBackToItsSize)
-{
-    const QRect screen = form_.screen()->availableGeometry();
-    const QSize before = form_.size();
-    form_.move(screen.left() + 20, screen.bottom() - 100);
-    typeFactor2("12345678901234567890");
-    QCoreApplication::processEvents();
-    EXPECT_LE(form_.frameGeometry().bottom(), screen.bottom());
-    EXPECT_GE(form_.frameGeometry().top(), screen.top());
-    EXPECT_TRUE(form_.rect().contains(form_.TbResultado->geometry()));
-    typeFactor2("12");
-    QCoreApplication::processEvents();
-    EXPECT_EQ(form_.size(), before);
 }
 
 } // namespace
