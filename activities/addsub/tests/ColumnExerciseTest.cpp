@@ -178,27 +178,6 @@ TEST(ColumnExercise, ContinuingDrawsByTheOptionsAndScoresAgain)
     EXPECT_TRUE(exercise.Score.Scorable);
 }
 
-TEST(ColumnExercise, DrawnOperandsStandInColumnsWithoutBlanks)
-{
-    for (int digits = 1; digits <= 7; ++digits) {
-        for (int decimals = 0; decimals <= 6; ++decimals) {
-            SeededRandom random(digits * 10 + decimals);
-            ColumnExercise exercise(addition, random);
-            setOptions(exercise, digits, decimals);
-            for (int i = 0; i < 20; ++i) {
-                exercise.Generate();
-                const OperandTexts drawn = exercise.DrawnTexts();
-                ASSERT_EQ(drawn.Upper, FormatDisplayNumber(exercise.Operand1));
-                ASSERT_EQ(drawn.Lower, FormatDisplayNumber(exercise.Operand2));
-                ASSERT_EQ(drawn.Upper.size(), drawn.Lower.size());
-                ASSERT_EQ(drawn.Upper.find(','), drawn.Lower.find(','));
-                ASSERT_EQ(exercise.AlignedTexts().Upper, drawn.Upper);
-                ASSERT_EQ(exercise.AlignedTexts().Lower, drawn.Lower);
-            }
-        }
-    }
-}
-
 // --- Checking --------------------------------------------------------------------------------------------------------
 
 // An exercise whose operands a test has chosen itself.

@@ -40,6 +40,14 @@ TEST(DivisionDraw, StartsWithTwoDigitsTwoDecimalsByOneDigitOfUpToNineAndFive)
     EXPECT_EQ(OptionCaptions(DivisionExercise::QuotientDecimalChoices), "&0&1&2&3&4&5");
 }
 
+// The draws of so many digits.
+const auto one = [](double number) { return DrawOfDigits(number, 1); };
+const auto two = [](double number) { return DrawOfDigits(number, 2); };
+const auto three = [](double number) { return DrawOfDigits(number, 3); };
+const auto four = [](double number) { return DrawOfDigits(number, 4); };
+const auto nine = [](double number) { return DrawOfDigits(number, 9); };
+const auto fourteen = [](double number) { return DrawOfDigits(number, 14); };
+
 struct DrawCase {
     const char* What;
     DivisionOptions Options;
@@ -63,63 +71,61 @@ void expectDraws(std::vector<DrawCase> cases)
 TEST(DivisionDraw, DrawsTheDividendAndThenTheDivisor)
 {
     expectDraws({
-        { "as at load", { 2, 2, 1, 0 }, { drawOf(9725, 4), drawOf(4, 1) }, "97,25 ÷ 4" },
-        { "whole", { 3, 0, 2, 0 }, { drawOf(156, 3), drawOf(12, 2) }, "156 ÷ 12" },
-        { "the quotient's decimals draw nothing", { 3, 0, 2, 5 }, { drawOf(156, 3), drawOf(12, 2) }, "156 ÷ 12" },
-        { "one digit each", { 1, 0, 1, 0 }, { drawOf(7, 1), drawOf(9, 1) }, "7 ÷ 9" },
-        { "nine digits by nine", { 9, 0, 9, 0 }, { drawOf(987654321, 9), drawOf(123456789, 9) },
-            "987654321 ÷ 123456789" },
-        { "a whole dividend may end in zero", { 2, 0, 1, 0 }, { drawOf(90, 2), drawOf(8, 1) }, "90 ÷ 8" },
+        { "as at load", { 2, 2, 1, 0 }, { four(9725), one(4) }, "97,25 ÷ 4" },
+        { "whole", { 3, 0, 2, 0 }, { three(156), two(12) }, "156 ÷ 12" },
+        { "the quotient's decimals draw nothing", { 3, 0, 2, 5 }, { three(156), two(12) }, "156 ÷ 12" },
+        { "one digit each", { 1, 0, 1, 0 }, { one(7), one(9) }, "7 ÷ 9" },
+        { "nine digits by nine", { 9, 0, 9, 0 }, { nine(987654321), nine(123456789) }, "987654321 ÷ 123456789" },
+        { "a whole dividend may end in zero", { 2, 0, 1, 0 }, { two(90), one(8) }, "90 ÷ 8" },
     });
 }
 
 TEST(DivisionDraw, HoldsFourteenDigitsExactly)
 {
     expectDraws({
-        { "any", { 9, 5, 1, 0 }, { drawOf(12345678912345, 14), drawOf(4, 1) }, "123456789,12345 ÷ 4" },
-        { "the greatest", { 9, 5, 1, 0 }, { drawOf(99999999999999, 14), drawOf(4, 1) }, "999999999,99999 ÷ 4" },
-        { "the least", { 9, 5, 1, 0 }, { drawOf(10000000000001, 14), drawOf(4, 1) }, "100000000,00001 ÷ 4" },
-        { "one that ends in zero", { 9, 5, 1, 0 }, { drawOf(12345678912340, 14), addingDraw(8), drawOf(4, 1) },
+        { "any", { 9, 5, 1, 0 }, { fourteen(12345678912345), one(4) }, "123456789,12345 ÷ 4" },
+        { "the greatest", { 9, 5, 1, 0 }, { fourteen(99999999999999), one(4) }, "999999999,99999 ÷ 4" },
+        { "the least", { 9, 5, 1, 0 }, { fourteen(10000000000001), one(4) }, "100000000,00001 ÷ 4" },
+        { "one that ends in zero", { 9, 5, 1, 0 }, { fourteen(12345678912340), addingDraw(8), one(4) },
             "123456789,12348 ÷ 4" },
-        { "the greatest draw of all", { 9, 5, 1, 0 }, { greatestDraw, addingDraw(1), drawOf(4, 1) },
-            "1000000000,00001 ÷ 4" },
+        { "the greatest draw of all", { 9, 5, 1, 0 }, { greatestDraw, addingDraw(1), one(4) }, "1000000000,00001 ÷ 4" },
     });
 }
 
 TEST(DivisionDraw, DrawsAgainUntilThereAreEnoughDigits)
 {
     expectDraws({
-        { "the least draw of all", { 2, 2, 1, 0 }, { 0, drawOf(9725, 4), 0, drawOf(4, 1) }, "97,25 ÷ 4" },
-        { "a power of ten is too little", { 2, 0, 2, 0 },
-            { drawOf(9, 2), drawOf(10, 2), drawOf(11, 2), drawOf(9, 2), drawOf(10, 2), drawOf(11, 2) }, "11 ÷ 11" },
-        { "one is never drawn", { 1, 0, 1, 0 }, { drawOf(1, 1), drawOf(2, 1), drawOf(1, 1), drawOf(2, 1) }, "2 ÷ 2" },
+        { "the least draw of all", { 2, 2, 1, 0 }, { 0, four(9725), 0, one(4) }, "97,25 ÷ 4" },
+        { "a power of ten is too little", { 2, 0, 2, 0 }, { two(9), two(10), two(11), two(9), two(10), two(11) },
+            "11 ÷ 11" },
+        { "one is never drawn", { 1, 0, 1, 0 }, { one(1), one(2), one(1), one(2) }, "2 ÷ 2" },
     });
 }
 
 TEST(DivisionDraw, ALastDecimalThatIsZeroGetsOneToEight)
 {
     expectDraws({
-        { "one", { 2, 2, 1, 0 }, { drawOf(9720, 4), 0, drawOf(4, 1) }, "97,21 ÷ 4" },
-        { "eight", { 2, 2, 1, 0 }, { drawOf(9720, 4), greatestDraw, drawOf(4, 1) }, "97,28 ÷ 4" },
-        { "five", { 2, 2, 1, 0 }, { drawOf(9720, 4), addingDraw(5), drawOf(4, 1) }, "97,25 ÷ 4" },
-        { "two zeros", { 2, 2, 1, 0 }, { drawOf(9700, 4), addingDraw(5), drawOf(4, 1) }, "97,05 ÷ 4" },
-        { "one decimal", { 1, 1, 1, 0 }, { drawOf(90, 2), addingDraw(3), drawOf(4, 1) }, "9,3 ÷ 4" },
-        { "every amount as often", { 1, 1, 1, 0 }, { drawOf(90, 2), 0.124, drawOf(4, 1) }, "9,1 ÷ 4" },
-        { "every amount as often, the next one", { 1, 1, 1, 0 }, { drawOf(90, 2), 0.125, drawOf(4, 1) }, "9,2 ÷ 4" },
+        { "one", { 2, 2, 1, 0 }, { four(9720), 0, one(4) }, "97,21 ÷ 4" },
+        { "eight", { 2, 2, 1, 0 }, { four(9720), greatestDraw, one(4) }, "97,28 ÷ 4" },
+        { "five", { 2, 2, 1, 0 }, { four(9720), addingDraw(5), one(4) }, "97,25 ÷ 4" },
+        { "two zeros", { 2, 2, 1, 0 }, { four(9700), addingDraw(5), one(4) }, "97,05 ÷ 4" },
+        { "one decimal", { 1, 1, 1, 0 }, { two(90), addingDraw(3), one(4) }, "9,3 ÷ 4" },
+        { "every amount as often", { 1, 1, 1, 0 }, { two(90), 0.124, one(4) }, "9,1 ÷ 4" },
+        { "every amount as often, the next one", { 1, 1, 1, 0 }, { two(90), 0.125, one(4) }, "9,2 ÷ 4" },
     });
 }
 
 TEST(DivisionDraw, APowerOfTenLosesOneUnlessItHasDecimals)
 {
     expectDraws({
-        { "of two digits", { 2, 0, 1, 0 }, { drawOf(100, 2), drawOf(4, 1) }, "99 ÷ 4" },
-        { "of one digit", { 1, 0, 1, 0 }, { drawOf(10, 1), drawOf(4, 1) }, "9 ÷ 4" },
-        { "of nine digits", { 9, 0, 1, 0 }, { greatestDraw, drawOf(4, 1) }, "999999999 ÷ 4" },
-        { "whatever the quotient's decimals", { 2, 0, 1, 3 }, { drawOf(100, 2), drawOf(4, 1) }, "99 ÷ 4" },
-        { "with decimals it keeps its digit more", { 2, 2, 1, 0 }, { drawOf(10000, 4), addingDraw(3), drawOf(4, 1) },
+        { "of two digits", { 2, 0, 1, 0 }, { two(100), one(4) }, "99 ÷ 4" },
+        { "of one digit", { 1, 0, 1, 0 }, { one(10), one(4) }, "9 ÷ 4" },
+        { "of nine digits", { 9, 0, 1, 0 }, { greatestDraw, one(4) }, "999999999 ÷ 4" },
+        { "whatever the quotient's decimals", { 2, 0, 1, 3 }, { two(100), one(4) }, "99 ÷ 4" },
+        { "with decimals it keeps its digit more", { 2, 2, 1, 0 }, { four(10000), addingDraw(3), one(4) },
             "100,03 ÷ 4" },
-        { "the divisor", { 2, 0, 1, 0 }, { drawOf(84, 2), drawOf(10, 1) }, "84 ÷ 9" },
-        { "a divisor of nine digits", { 2, 0, 9, 0 }, { drawOf(84, 2), greatestDraw }, "84 ÷ 999999999" },
+        { "the divisor", { 2, 0, 1, 0 }, { two(84), one(10) }, "84 ÷ 9" },
+        { "a divisor of nine digits", { 2, 0, 9, 0 }, { two(84), greatestDraw }, "84 ÷ 999999999" },
     });
 }
 
@@ -165,7 +171,7 @@ TEST(DivisionDraw, LaysTheGridOutForItsDigits)
 
 TEST(DivisionDraw, EveryNewDivisionIsCleanAndScored)
 {
-    ScriptedRandom random { drawOf(84, 2), drawOf(4, 1), drawOf(97, 2), drawOf(6, 1) };
+    ScriptedRandom random { DrawOfDigits(84, 2), DrawOfDigits(4, 1), DrawOfDigits(97, 2), DrawOfDigits(6, 1) };
     bool commaShift = false;
     DivisionExercise exercise(random, commaShift);
     setOptions(exercise, { 2, 0, 1, 0 });

@@ -393,9 +393,6 @@ TEST_F(Form5Test, ListsSetTheDigitsAndDecimals)
     EXPECT_EQ(statement().find(','), 5U);
     EXPECT_EQ(statement().find(" ÷ "), 9U);
     EXPECT_EQ(divisor().size(), 3U);
-    expectPosition("13 / 12");
-    choose("MnuOpcDeCLis(5)");
-    expectPosition("18 / 17");
 }
 
 TEST_F(Form5Test, TheItemOfTheSubtractionsLosesItsAccessKeyAndDrawsANewDivisionThatIsScored)
