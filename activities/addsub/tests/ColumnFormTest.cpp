@@ -140,19 +140,14 @@ protected:
         return PlainDecimalText(IsAddition() ? upper + lower : upper - lower);
     }
 
-    // Writes into the answer box from the last character to the first, whatever the caret does meanwhile.
     void WriteAnswer(const std::string& answer)
     {
         ClickOn(borrar);
         ASSERT_EQ(FocusName(), "Text3");
-        for (auto character = answer.rbegin(); character != answer.rend(); ++character) {
-            Type(std::string(1, *character));
-            Press(Qt::Key_Home);
-        }
+        TypeResult(answer);
         ASSERT_EQ(Answer(), answer);
     }
 
-    // Answers and presses Enter.
     void AnswerWith(const std::string& answer)
     {
         WriteAnswer(answer);

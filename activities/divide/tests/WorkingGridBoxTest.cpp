@@ -297,17 +297,6 @@ TEST_F(WorkingGridBoxTest, StopsAtTheLastRow)
     EXPECT_EQ(Grid.Text, u" 9725" + std::u16string(2000, u' '));
 }
 
-TEST_F(WorkingGridBoxTest, TypesCharactersAndNoCommands)
-{
-    Grid.MoveCaretTo(8);
-    Type("1-a ");
-    Press(Qt::Key_2, Qt::KeypadModifier);
-    Press(Qt::Key_5, Qt::ControlModifier);
-    Press(Qt::Key_6, Qt::AltModifier);
-    Press(Qt::Key_7, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(rowText(Grid, 1), "1-a 27");
-}
-
 TEST_F(WorkingGridBoxTest, LeavesKeysThatItHasNoUseForToItsWindow)
 {
     for (const auto key : { Qt::Key_Return, Qt::Key_Escape, Qt::Key_F9, Qt::Key_Shift }) {
