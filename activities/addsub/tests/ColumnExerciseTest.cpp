@@ -215,16 +215,12 @@ TEST(ColumnExercise, JudgesTheNumberThatIsWritten)
         bool Right;
     } cases[] = {
         { addition, 1000, 234.5, "1.234,5", true },
-        { addition, 1000, 234.5, "01234,50", true },
         { addition, 1000, 234.5, " 1 234,5 euros", true },
-        { addition, 1000, 234.5, "1,2345e3", true },
         { addition, 1000, 234.5, "1234.5", false }, // read as 12345
         { addition, 12000, 345, "1234.5", true },
         { addition, 1000, 234.5, "-1234,5", false },
-        { addition, 1000, 234.5, "euros 1234,5", false },
         { addition, 1000, 234.5, "1e400", false },
         { addition, 0, 0, "", true },
-        { subtraction, 482.37, 482.37, "   ", true },
         { subtraction, 3, 5, "-2", true },
         { subtraction, 3, 5, "2", false },
         { subtraction, 100, 223, "-.123", true },
@@ -297,26 +293,27 @@ TEST(ColumnExercise, ShowsTheSolutionAsADisplayNumberWhichReadsBackAsAnotherOneF
 
 // --- Scoring ---------------------------------------------------------------------------------------------------------
 
-enum class Scoring { GoesOn, Begins, Ends };
+enum class Counts { Nothing, AnExercise, AnExerciseAndAnError };
+enum class Scoring { GoesOn, BeginsAgain, Ends };
 
-// What a pupil can do, and an independent statement of what that means for the score.
+// What a pupil can do, and an independent statement of what it means for the score.
 const struct Act {
+    const char* Name;
+    Counts Counting;
+    Scoring Afterwards;
     void (*Do)(ColumnExercise& exercise);
-    bool Answers = false;
-    bool Errs = false;
-    Scoring After = Scoring::GoesOn;
 } acts[] = {
-    { [](ColumnExercise& e) { EXPECT_TRUE(Check(e, PlainDecimalText(e.Solution())).Right); }, true, false,
-        Scoring::Ends },
-    { [](ColumnExercise& e) { EXPECT_FALSE(Check(e, PlainDecimalText(e.Solution() + 1)).Right); }, true, true },
-    { [](ColumnExercise& e) { e.Continue(); }, false, false, Scoring::Begins },
-    { [](ColumnExercise& e) { e.ShowSolution(); }, false, false, Scoring::Ends },
-    { [](ColumnExercise& e) {
-        setOptions(e, 4, 1);
-        e.Generate();
-    } },
-    { [](ColumnExercise& e) { EXPECT_TRUE(e.EnterOperand1("77,5").Accepted); } },
-    { [](ColumnExercise& e) { EXPECT_FALSE(e.EnterOperand2("").Accepted); } },
+    { "right", Counts::AnExercise, Scoring::Ends,
+        [](ColumnExercise& e) { EXPECT_TRUE(Check(e, PlainDecimalText(e.Solution())).Right); } },
+    { "wrong", Counts::AnExerciseAndAnError, Scoring::GoesOn,
+        [](ColumnExercise& e) { EXPECT_FALSE(Check(e, PlainDecimalText(e.Solution() + 1)).Right); } },
+    { "continue", Counts::Nothing, Scoring::BeginsAgain, [](ColumnExercise& e) { e.Continue(); } },
+    { "solution", Counts::Nothing, Scoring::Ends, [](ColumnExercise& e) { e.ShowSolution(); } },
+    { "draw", Counts::Nothing, Scoring::GoesOn, [](ColumnExercise& e) { e.Generate(); } },
+    { "type", Counts::Nothing, Scoring::GoesOn,
+        [](ColumnExercise& e) { EXPECT_TRUE(e.EnterOperand1("77,5").Accepted); } },
+    { "cancel", Counts::Nothing, Scoring::GoesOn,
+        [](ColumnExercise& e) { EXPECT_FALSE(e.EnterOperand2("").Accepted); } },
 };
 
 void expectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Score& expected, int actsLeft)
@@ -329,11 +326,14 @@ void expectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Sco
             ColumnExercise next = exercise;
             act.Do(next);
             Score expectedNext = expected;
-            expectedNext.ExerciseCount = expected.ExerciseCount + (act.Answers && expected.Scorable ? 1 : 0);
-            expectedNext.ErrorCount = expected.ErrorCount + (act.Errs && expected.Scorable ? 1 : 0);
-            expectedNext.Scorable = act.After == Scoring::Begins || (expected.Scorable && act.After != Scoring::Ends);
+            if (expected.Scorable && act.Counting != Counts::Nothing) {
+                expectedNext.ExerciseCount = expected.ExerciseCount + 1;
+                expectedNext.ErrorCount = expected.ErrorCount + (act.Counting == Counts::AnExerciseAndAnError ? 1 : 0);
+            }
+            expectedNext.Scorable
+                = act.Afterwards == Scoring::BeginsAgain || (expected.Scorable && act.Afterwards == Scoring::GoesOn);
             expectScoreAfterEveryContinuation(next, expectedNext, actsLeft - 1);
-            ASSERT_FALSE(::testing::Test::HasFailure()) << "act " << &act - acts << ", and " << actsLeft - 1 << " more";
+            ASSERT_FALSE(::testing::Test::HasFailure()) << act.Name << ", and " << actsLeft - 1 << " acts more";
         }
     }
 }
