@@ -101,9 +101,9 @@ void WatchForBoxes()
     qApp->installEventFilter(watcher);
 }
 
-void ExpectMessage(const QString& title, const QString& text, const QStringList& buttons, const QString& press)
+void ExpectMessage(QAnyStringView title, QAnyStringView text, const QStringList& buttons, QAnyStringView press)
 {
-    expect([=](QDialog& dialog) {
+    expect([title = title.toString(), text = text.toString(), buttons, press = press.toString()](QDialog& dialog) {
         auto* box = qobject_cast<QMessageBox*>(&dialog);
         ASSERT_NE(box, nullptr) << "not a message box: " << dialog.windowTitle().toStdString();
         EXPECT_EQ(box->windowTitle().toStdString(), title.toStdString());
@@ -125,9 +125,10 @@ void ExpectMessage(const QString& title, const QString& text, const QStringList&
     });
 }
 
-void ExpectInput(const QString& title, const QString& prompt, const QString& answer, const QString& defaultText)
+void ExpectInput(QAnyStringView title, QAnyStringView prompt, QAnyStringView answer, QAnyStringView defaultText)
 {
-    expect([=](QDialog& dialog) {
+    expect([title = title.toString(), prompt = prompt.toString(), answer = answer.toString(),
+               defaultText = defaultText.toString()](QDialog& dialog) {
         QInputDialog* input = checkedInputBox(dialog, title, prompt);
         ASSERT_NE(input, nullptr);
         EXPECT_EQ(input->textValue().toStdString(), defaultText.toStdString());
@@ -136,9 +137,9 @@ void ExpectInput(const QString& title, const QString& prompt, const QString& ans
     });
 }
 
-void ExpectInputCancelled(const QString& title, const QString& prompt, const QString& typed)
+void ExpectInputCancelled(QAnyStringView title, QAnyStringView prompt, QAnyStringView typed)
 {
-    expect([=](QDialog& dialog) {
+    expect([title = title.toString(), prompt = prompt.toString(), typed = typed.toString()](QDialog& dialog) {
         QInputDialog* input = checkedInputBox(dialog, title, prompt);
         ASSERT_NE(input, nullptr);
         typeOver(*input, typed);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAnyStringView>
 #include <QStringList>
 
 #include <functional>
@@ -14,15 +15,14 @@ namespace numbrela::testing {
 void WatchForBoxes();
 
 // A message box with exactly these buttons and no icon, answered by one of them.
-void ExpectMessage(const QString& title, const QString& text,
-    const QStringList& buttons = { QStringLiteral("Aceptar") }, const QString& press = QStringLiteral("Aceptar"));
+void ExpectMessage(QAnyStringView title, QAnyStringView text,
+    const QStringList& buttons = { QStringLiteral("Aceptar") }, QAnyStringView press = "Aceptar");
 
 // An input box, into which the answer is typed in place of the default text, and which Enter then accepts.
-void ExpectInput(
-    const QString& title, const QString& prompt, const QString& answer, const QString& defaultText = QString());
+void ExpectInput(QAnyStringView title, QAnyStringView prompt, QAnyStringView answer, QAnyStringView defaultText = {});
 
 // An input box that is left by "Cancelar", whatever has been typed.
-void ExpectInputCancelled(const QString& title, const QString& prompt, const QString& typed = QString());
+void ExpectInputCancelled(QAnyStringView title, QAnyStringView prompt, QAnyStringView typed = {});
 
 // Any other modal dialog; `answer` looks at it and closes it.
 void ExpectDialog(std::function<void(QDialog&)> answer);

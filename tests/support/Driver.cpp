@@ -76,14 +76,14 @@ QWindow* FocusWindow()
     return QGuiApplication::focusWindow();
 }
 
-QObject& Find(const QWidget& window, const QString& name, const QMetaObject& type)
+QObject& Find(const QWidget& window, QAnyStringView name, const QMetaObject& type)
 {
-    for (QObject* child : window.findChildren<QObject*>(name)) {
+    for (QObject* child : window.findChildren<QObject*>(name.toString())) {
         if (child->inherits(type.className())) {
             return *child;
         }
     }
-    ADD_FAILURE() << "no " << type.className() << " named " << name.toStdString();
+    ADD_FAILURE() << "no " << type.className() << " named " << name.toString().toStdString();
     throw std::logic_error("no such control");
 }
 
@@ -102,17 +102,17 @@ QString TextOf(const QWidget& control)
     return label != nullptr ? label->text() : QString();
 }
 
-void Click(const QWidget& window, const QString& controlName)
+void Click(const QWidget& window, QAnyStringView controlName)
 {
     auto& control = Find<QWidget>(window, controlName);
-    EXPECT_TRUE(control.isVisible()) << controlName.toStdString();
+    EXPECT_TRUE(control.isVisible()) << controlName.toString().toStdString();
     QTest::mouseClick(&control, Qt::LeftButton);
 }
 
-void DoubleClick(const QWidget& window, const QString& controlName)
+void DoubleClick(const QWidget& window, QAnyStringView controlName)
 {
     auto& control = Find<QWidget>(window, controlName);
-    EXPECT_TRUE(control.isVisible()) << controlName.toStdString();
+    EXPECT_TRUE(control.isVisible()) << controlName.toString().toStdString();
     QTest::mouseDClick(&control, Qt::LeftButton);
 }
 
@@ -122,10 +122,10 @@ void ClickOnScreen(const QWidget& control)
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, control.mapTo(&window, control.rect().center()));
 }
 
-void Choose(const QWidget& window, const QString& itemName)
+void Choose(const QWidget& window, QAnyStringView itemName)
 {
     auto& item = Find<QAction>(window, itemName);
-    EXPECT_TRUE(item.isEnabled() && item.isVisible()) << itemName.toStdString();
+    EXPECT_TRUE(item.isEnabled() && item.isVisible()) << itemName.toString().toStdString();
     item.trigger();
 }
 
@@ -134,7 +134,7 @@ void Press(int key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(&focusWindow(), static_cast<Qt::Key>(key), modifiers);
 }
 
-void PressAccessKey(const QWidget& window, Qt::Key key, const QString& buttonName)
+void PressAccessKey(const QWidget& window, Qt::Key key, QAnyStringView buttonName)
 {
     QSignalSpy clicked(&Find<QAbstractButton>(window, buttonName), &QAbstractButton::clicked);
     Press(key, Qt::AltModifier);
@@ -163,17 +163,17 @@ void RepeatMarked(int key, Qt::KeyboardModifiers modifiers)
     sendMarkedKey(QEvent::KeyPress, key, modifiers);
 }
 
-void Type(const QString& text)
+void Type(QAnyStringView text)
 {
-    for (const QChar character : text) {
+    for (const QChar character : text.toString()) {
         QTest::keyClick(&focusWindow(), character.toLatin1());
     }
 }
 
-void TypeResult(const QString& answer)
+void TypeResult(QAnyStringView answer)
 {
     QString reversed;
-    for (const QChar character : answer) {
+    for (const QChar character : answer.toString()) {
         reversed.prepend(character);
     }
     Type(reversed);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAnyStringView>
 #include <QString>
 #include <QWidget>
 
@@ -27,10 +28,10 @@ QWidget* FrontWindow();
 QWindow* FocusWindow();
 
 // The control or menu item with this name. Fails the test and throws when the window has none.
-QObject& Find(const QWidget& window, const QString& name, const QMetaObject& type);
+QObject& Find(const QWidget& window, QAnyStringView name, const QMetaObject& type);
 
 template <typename Control>
-Control& Find(const QWidget& window, const QString& name)
+Control& Find(const QWidget& window, QAnyStringView name)
 {
     return static_cast<Control&>(Find(window, name, Control::staticMetaObject));
 }
@@ -39,14 +40,14 @@ Control& Find(const QWidget& window, const QString& name)
 QString TextOf(const QWidget& control);
 
 // Clicks, or double-clicks, the middle of a control with the left button.
-void Click(const QWidget& window, const QString& controlName);
-void DoubleClick(const QWidget& window, const QString& controlName);
+void Click(const QWidget& window, QAnyStringView controlName);
+void DoubleClick(const QWidget& window, QAnyStringView controlName);
 
 // Clicks at the place on the screen where the control is, so that anything in front of it gets the click instead.
 void ClickOnScreen(const QWidget& control);
 
 // Chooses a menu item, which must be enabled and visible.
-void Choose(const QWidget& window, const QString& itemName);
+void Choose(const QWidget& window, QAnyStringView itemName);
 
 // Presses and releases a key, or does one of the two, in whatever has the focus.
 void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -60,13 +61,13 @@ void RepeatMarked(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
 // Presses the access key of a button, and waits: the button visibly goes down, and the click happens when it comes up
 // again.
-void PressAccessKey(const QWidget& window, Qt::Key key, const QString& buttonName);
+void PressAccessKey(const QWidget& window, Qt::Key key, QAnyStringView buttonName);
 
 // Types a text character by character.
-void Type(const QString& text);
+void Type(QAnyStringView text);
 
 // Types an answer as a pupil does: from its last digit to its first.
-void TypeResult(const QString& answer);
+void TypeResult(QAnyStringView answer);
 
 // Presses Tab until this control has the focus; fails the test when it never has.
 void TabTo(const std::string& controlName);

@@ -40,20 +40,14 @@ void setOptions(ColumnExercise& exercise, int digits, int decimals)
     exercise.Decimals = decimals;
 }
 
-TEST(ColumnExercise, StartsWithThreeDigitsTwoDecimalsAndAnEmptyScore)
+TEST(ColumnExercise, StartsWithThreeDigitsAndTwoDecimalsOfOneToSevenAndNoneToSixAndAnEmptyScore)
 {
-    for (const Operation operation : { addition, subtraction }) {
-        ScriptedRandom random {};
-        const ColumnExercise exercise(operation, random);
-        EXPECT_EQ(exercise.Digits, 3);
-        EXPECT_EQ(exercise.Decimals, 2);
-        EXPECT_TRUE(exercise.Score.Scorable);
-        EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
-    }
-}
-
-TEST(ColumnExercise, OffersOneToSevenDigitsAndNoneToSixDecimals)
-{
+    ScriptedRandom random {};
+    const ColumnExercise exercise(addition, random);
+    EXPECT_EQ(exercise.Digits, 3);
+    EXPECT_EQ(exercise.Decimals, 2);
+    EXPECT_TRUE(exercise.Score.Scorable);
+    EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
     EXPECT_EQ(OptionCaptions(ColumnExercise::DigitChoices), "&1&2&3&4&5&6&7");
     EXPECT_EQ(OptionCaptions(ColumnExercise::DecimalChoices), "&0&1&2&3&4&5&6");
 }
@@ -62,7 +56,6 @@ TEST(ColumnExercise, OffersOneToSevenDigitsAndNoneToSixDecimals)
 
 struct DrawCase {
     const char* What;
-    Operation Sort;
     int Digits;
     int Decimals;
     ScriptedRandom Random;
@@ -72,7 +65,7 @@ struct DrawCase {
 
 constexpr double greatest = 1 - 0x1p-53; // of all draws
 
-// A draw of a number of five digits, as the defaults ask for, and of three.
+// A draw of a number of five digits, as the defaults ask for, and of others.
 double five(double number)
 {
     return DrawOfDigits(number, 5);
@@ -83,76 +76,69 @@ double three(double number)
     return DrawOfDigits(number, 3);
 }
 
-TEST(ColumnExercise, DrawsBothOperandsUntilTheyHaveTheirDigitsAndFillsALastDecimalThatIsZero)
+double thirteen(double number)
 {
-    const auto thirteen = [](double number) { return DrawOfDigits(number, 13); };
-    const auto two = [](double number) { return DrawOfDigits(number, 2); };
-    std::vector<DrawCase> cases {
-        { "one after the other", addition, 3, 2, { five(48237), five(90516) }, 482.37, 905.16 },
-        { "the greater one first", addition, 3, 2, { five(90516), five(48237) }, 905.16, 482.37 },
-        { "equal ones", addition, 3, 2, { five(50005), five(50005) }, 500.05, 500.05 },
-        { "thirteen digits", addition, 7, 6, { thirteen(1234567890123), thirteen(9876543210987) }, 1234567.890123,
-            9876543.210987 },
-        { "whole numbers that end in 0", addition, 3, 0, { three(120), three(990) }, 120, 990 },
-        { "zeros within", addition, 3, 2, { five(40007), five(90001) }, 400.07, 900.01 },
+    return DrawOfDigits(number, 13);
+}
 
-        { "a digit too few", addition, 3, 2, { 0, five(48237), five(9999), five(90516) }, 482.37, 905.16 },
-        { "just enough digits", addition, 3, 0, { three(99), three(100), three(99), three(101) }, 100, 101 },
-        { "at the edge", addition, 3, 0, { 0.099, 0.0989, three(500) }, 100, 500 },
-        { "a digit too many", addition, 3, 2, { greatest, five(48237), greatest, five(90516) }, 482.37, 905.16 },
-        { "just few enough digits", addition, 3, 0, { three(1000), three(999), three(1000), three(998) }, 999, 998 },
-        { "thirteen digits at the edge", addition, 7, 6,
-            { greatest, thirteen(9999999999999), greatest, thirteen(9999999999998) }, 9999999.999999, 9999999.999998 },
-        { "both sorts of refusal", addition, 3, 0, { 0, greatest, three(123), greatest, 0, three(456) }, 123, 456 },
-
-        { "a zero in the first", addition, 3, 2, { five(48230), five(90516), fillOf(7) }, 482.37, 905.16 },
-        { "a zero in the second", addition, 3, 2, { five(48237), five(90510), fillOf(6) }, 482.37, 905.16 },
-        { "zeros in both", addition, 3, 2, { five(48230), five(90510), fillOf(7), fillOf(6) }, 482.37, 905.16 },
-        { "filled with 9 and 1", addition, 3, 2, { five(99990), five(10000), greatest, 0 }, 999.99, 100.01 },
-        { "thirteen digits filled", addition, 7, 6,
-            { thirteen(1234567890120), thirteen(9876543210980), fillOf(3), fillOf(7) }, 1234567.890123,
-            9876543.210987 },
-
-        { "exchanged", subtraction, 3, 2, { five(48237), five(90516) }, 905.16, 482.37 },
-        { "not exchanged", subtraction, 3, 2, { five(90516), five(48237) }, 905.16, 482.37 },
-        { "exchanged for the last decimal", subtraction, 7, 6, { thirteen(1234567890122), thirteen(1234567890123) },
-            1234567.890123, 1234567.890122 },
-        { "filled before they are compared", subtraction, 3, 2, { five(48230), five(48230), fillOf(1), fillOf(9) },
-            482.39, 482.31 },
-        { "filled before they are exchanged", subtraction, 3, 2, { five(48230), five(90510), fillOf(7), fillOf(6) },
-            905.16, 482.37 },
-        { "equal ones of a subtraction", subtraction, 3, 2, { five(48230), five(48237), fillOf(7) }, 482.37, 482.37 },
-        { "refused in a subtraction", subtraction, 2, 0, { 0, two(12), 0.999, two(34) }, 34, 12 },
-    };
-    for (auto& drawCase : cases) {
-        SCOPED_TRACE(drawCase.What);
-        ColumnExercise exercise(drawCase.Sort, drawCase.Random);
-        setOptions(exercise, drawCase.Digits, drawCase.Decimals);
+void expectDraws(Operation operation, std::vector<DrawCase> cases)
+{
+    for (auto& [what, digits, decimals, random, operand1, operand2] : cases) {
+        SCOPED_TRACE(what);
+        ColumnExercise exercise(operation, random);
+        setOptions(exercise, digits, decimals);
         exercise.Score = { .ExerciseCount = 8, .ErrorCount = 5, .Scorable = false };
         exercise.Generate();
-        EXPECT_EQ(exercise.Operand1, drawCase.Operand1);
-        EXPECT_EQ(exercise.Operand2, drawCase.Operand2);
-        EXPECT_TRUE(drawCase.Random.AllDrawn());
+        EXPECT_EQ(exercise.Operand1, operand1);
+        EXPECT_EQ(exercise.Operand2, operand2);
+        EXPECT_TRUE(random.AllDrawn());
         EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  8; Errores:  5");
         EXPECT_FALSE(exercise.Score.Scorable);
-        EXPECT_EQ(exercise.Digits, drawCase.Digits);
-        EXPECT_EQ(exercise.Decimals, drawCase.Decimals);
+        EXPECT_EQ(exercise.Digits, digits);
+        EXPECT_EQ(exercise.Decimals, decimals);
     }
 }
 
-TEST(ColumnExercise, OneDigitOperandsComeFromEveryTenthOfTheDrawButTheLast)
+TEST(ColumnExercise, DrawsBothOperandsUntilTheyHaveTheirDigitsAndFillsALastDecimalThatIsZero)
 {
-    for (int first = 0; first < 9; ++first) {
-        for (int second = 0; second < 9; ++second) {
-            ScriptedRandom random { first / 10.0 + 0.05, 0.95, second / 10.0 + 0.05 };
-            ColumnExercise exercise(addition, random);
-            setOptions(exercise, 1, 0);
-            exercise.Generate();
-            EXPECT_EQ(exercise.Operand1, first + 1);
-            EXPECT_EQ(exercise.Operand2, second + 1);
-            EXPECT_TRUE(random.AllDrawn());
-        }
-    }
+    expectDraws(addition,
+        {
+            { "one after the other", 3, 2, { five(48237), five(90516) }, 482.37, 905.16 },
+            { "the greater one first", 3, 2, { five(90516), five(48237) }, 905.16, 482.37 },
+            { "whole numbers that end in 0", 3, 0, { three(120), three(990) }, 120, 990 },
+            { "zeros within", 3, 2, { five(40007), five(90001) }, 400.07, 900.01 },
+            { "a digit too few", 3, 2, { 0, five(48237), five(9999), five(90516) }, 482.37, 905.16 },
+            { "just enough digits", 3, 0, { three(99), three(100), three(99), three(101) }, 100, 101 },
+            { "at the edge", 3, 0, { 0.099, 0.0989, three(500) }, 100, 500 },
+            { "a digit too many", 3, 2, { greatest, five(48237), greatest, five(90516) }, 482.37, 905.16 },
+            { "just few enough digits", 3, 0, { three(1000), three(999), three(1000), three(998) }, 999, 998 },
+            { "thirteen digits at the edge", 7, 6, { greatest, thirteen(9999999999999), thirteen(9999999999998) },
+                9999999.999999, 9999999.999998 },
+            { "both sorts of refusal", 3, 0, { 0, greatest, three(123), greatest, 0, three(456) }, 123, 456 },
+            { "a zero in the first", 3, 2, { five(48230), five(90516), fillOf(7) }, 482.37, 905.16 },
+            { "a zero in the second", 3, 2, { five(48237), five(90510), fillOf(6) }, 482.37, 905.16 },
+            { "filled with 9 and 1", 3, 2, { five(99990), five(10000), greatest, 0 }, 999.99, 100.01 },
+            { "thirteen digits filled", 7, 6,
+                { thirteen(1234567890120), thirteen(9876543210980), fillOf(3), fillOf(7) }, 1234567.890123,
+                9876543.210987 },
+        });
+}
+
+TEST(ColumnExercise, ExchangesTheOperandsOfASubtractionWhenTheSecondIsTheGreaterOnceTheyAreFilled)
+{
+    expectDraws(subtraction,
+        {
+            { "exchanged", 3, 2, { five(48237), five(90516) }, 905.16, 482.37 },
+            { "not exchanged", 3, 2, { five(90516), five(48237) }, 905.16, 482.37 },
+            { "for the last decimal", 7, 6, { thirteen(1234567890122), thirteen(1234567890123) }, 1234567.890123,
+                1234567.890122 },
+            { "filled before they are compared", 3, 2, { five(48230), five(48230), fillOf(1), fillOf(9) }, 482.39,
+                482.31 },
+            { "filled before they are exchanged", 3, 2, { five(48230), five(90510), fillOf(7), fillOf(6) }, 905.16,
+                482.37 },
+            { "equal ones", 3, 2, { five(48230), five(48237), fillOf(7) }, 482.37, 482.37 },
+            { "a digit too few and too many", 3, 0, { 0, three(123), greatest, three(456) }, 456, 123 },
+        });
 }
 
 // Every hundredth of the draw, and every ninth of the draw that fills a zero, once each.
@@ -192,27 +178,6 @@ TEST(ColumnExercise, ContinuingDrawsByTheOptionsAndScoresAgain)
     EXPECT_TRUE(exercise.Score.Scorable);
 }
 
-TEST(ColumnExercise, DrawnOperandsStandInColumnsWithoutBlanks)
-{
-    for (int digits = 1; digits <= 7; ++digits) {
-        for (int decimals = 0; decimals <= 6; ++decimals) {
-            SeededRandom random(digits * 10 + decimals);
-            ColumnExercise exercise(addition, random);
-            setOptions(exercise, digits, decimals);
-            for (int i = 0; i < 20; ++i) {
-                exercise.Generate();
-                const OperandTexts drawn = exercise.DrawnTexts();
-                ASSERT_EQ(drawn.Upper, FormatDisplayNumber(exercise.Operand1));
-                ASSERT_EQ(drawn.Lower, FormatDisplayNumber(exercise.Operand2));
-                ASSERT_EQ(drawn.Upper.size(), drawn.Lower.size());
-                ASSERT_EQ(drawn.Upper.find(','), drawn.Lower.find(','));
-                ASSERT_EQ(exercise.AlignedTexts().Upper, drawn.Upper);
-                ASSERT_EQ(exercise.AlignedTexts().Lower, drawn.Lower);
-            }
-        }
-    }
-}
-
 // --- Checking --------------------------------------------------------------------------------------------------------
 
 // An exercise whose operands a test has chosen itself.
@@ -232,22 +197,6 @@ public:
     ColumnExercise Exercise;
 };
 
-TEST(ColumnExercise, SaysWhetherAnAnswerIsRight)
-{
-    ChosenExercise chosen(addition, 482.37, 905.16);
-    EXPECT_EQ(chosen.Exercise.Solution(), 482.37 + 905.16);
-    EXPECT_EQ(Check(chosen.Exercise, "1.387,53").Text, "resultado correcto");
-    EXPECT_EQ(Check(chosen.Exercise, "1.387,54").Text, "resultado incorrecto");
-}
-
-struct AnswerCase {
-    Operation Sort;
-    double Operand1;
-    double Operand2;
-    std::string_view Answer;
-    bool Right;
-};
-
 TEST(ColumnExercise, JudgesTheNumberThatIsWritten)
 {
     // Near 10^7 doubles lie farther apart than the tolerance: whether the answer on paper is taken as right depends on
@@ -258,23 +207,20 @@ TEST(ColumnExercise, JudgesTheNumberThatIsWritten)
     ASSERT_EQ(9308397.299875 + 7677177.748507, 16985575.048382);
     ASSERT_NE(0.1 + 0.2, 0.3);
     ASSERT_NE(905.16 - 904.15, 1.01);
-    const AnswerCase cases[] = {
+    const struct {
+        Operation Sort;
+        double Operand1;
+        double Operand2;
+        std::string_view Answer;
+        bool Right;
+    } cases[] = {
         { addition, 1000, 234.5, "1.234,5", true },
-        { addition, 1000, 234.5, "01234,50", true },
         { addition, 1000, 234.5, " 1 234,5 euros", true },
-        { addition, 1000, 234.5, "1,2345e3", true },
         { addition, 1000, 234.5, "1234.5", false }, // read as 12345
         { addition, 12000, 345, "1234.5", true },
         { addition, 1000, 234.5, "-1234,5", false },
-        { addition, 1000, 234.5, "1234", false },
-        { addition, 1000, 234.5, "euros 1234,5", false },
         { addition, 1000, 234.5, "1e400", false },
-        { addition, 482.37, 905.16, "", false },
         { addition, 0, 0, "", true },
-        { addition, 0, 0, "hola", true },
-        { addition, -3, 5, "2", true },
-        { subtraction, 482.37, 482.37, "   ", true },
-        { subtraction, 905.16, 482.37, "€", false },
         { subtraction, 3, 5, "-2", true },
         { subtraction, 3, 5, "2", false },
         { subtraction, 100, 223, "-.123", true },
@@ -299,7 +245,8 @@ TEST(ColumnExercise, JudgesTheNumberThatIsWritten)
     };
     for (const auto& [operation, operand1, operand2, answer, right] : cases) {
         ChosenExercise chosen(operation, operand1, operand2);
-        EXPECT_EQ(Check(chosen.Exercise, answer).Right, right) << operand1 << ", " << operand2 << ": " << answer;
+        EXPECT_EQ(Check(chosen.Exercise, answer).Text, right ? "resultado correcto" : "resultado incorrecto")
+            << operand1 << ", " << operand2 << ": " << answer;
     }
 }
 
@@ -312,17 +259,15 @@ TEST(ColumnExercise, AnAnswerOfMoreThan32767CharactersOverflows)
     EXPECT_TRUE(Check(chosen.Exercise, longest).Right);
 }
 
-struct SolutionCase {
-    Operation Sort;
-    double Operand1;
-    double Operand2;
-    const char* Solution;
-    bool ReadsBack;
-};
-
 TEST(ColumnExercise, ShowsTheSolutionAsADisplayNumberWhichReadsBackAsAnotherOneFromSevenDigitsOn)
 {
-    const SolutionCase cases[] = {
+    const struct {
+        Operation Sort;
+        double Operand1;
+        double Operand2;
+        const char* Solution;
+        bool ReadsBack;
+    } cases[] = {
         { addition, 482.37, 905.16, "1.387,53", true },
         { addition, 0.1, 0.2, "0,3", true },
         { addition, 500000, 499999, "999.999", true },
@@ -338,81 +283,57 @@ TEST(ColumnExercise, ShowsTheSolutionAsADisplayNumberWhichReadsBackAsAnotherOneF
         { subtraction, 1, 12346, "-12.345", true },
     };
     for (const auto& [operation, operand1, operand2, solution, readsBack] : cases) {
-        SCOPED_TRACE(solution);
         ChosenExercise chosen(operation, operand1, operand2);
         const std::string shown = chosen.Exercise.ShowSolution();
         EXPECT_EQ(shown, solution);
-        EXPECT_EQ(Check(chosen.Exercise, shown).Right, readsBack);
+        EXPECT_EQ(Check(chosen.Exercise, shown).Right, readsBack) << shown;
         EXPECT_EQ(chosen.Exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
     }
 }
 
 // --- Scoring ---------------------------------------------------------------------------------------------------------
 
-enum class Act { Right, Wrong, Continue, ShowSolution, ChangeOptions, TypeOperand, CancelTyping };
+enum class Counts { Nothing, AnExercise, AnExerciseAndAnError };
+enum class Scoring { GoesOn, BeginsAgain, Ends };
 
-constexpr Act allActs[] = { Act::Right, Act::Wrong, Act::Continue, Act::ShowSolution, Act::ChangeOptions,
-    Act::TypeOperand, Act::CancelTyping };
-
-void perform(ColumnExercise& exercise, Act act)
-{
-    switch (act) {
-    case Act::Right:
-        EXPECT_TRUE(Check(exercise, PlainDecimalText(exercise.Solution())).Right);
-        break;
-    case Act::Wrong:
-        EXPECT_FALSE(Check(exercise, PlainDecimalText(exercise.Solution() + 1)).Right);
-        break;
-    case Act::Continue:
-        exercise.Continue();
-        break;
-    case Act::ShowSolution:
-        exercise.ShowSolution();
-        break;
-    case Act::ChangeOptions:
-        setOptions(exercise, 4, 1);
-        exercise.Generate();
-        break;
-    case Act::TypeOperand:
-        EXPECT_TRUE(exercise.EnterOperand1("77,5").Accepted);
-        break;
-    case Act::CancelTyping:
-        EXPECT_FALSE(exercise.EnterOperand2("").Accepted);
-        break;
-    }
-}
-
-// An independent statement of which answers count.
-struct Expected {
-    int Exercises = 0;
-    int Errors = 0;
-    bool Scorable = true;
-
-    void Perform(Act act)
-    {
-        const bool checks = act == Act::Right || act == Act::Wrong;
-        Exercises += checks && Scorable ? 1 : 0;
-        Errors += act == Act::Wrong && Scorable ? 1 : 0;
-        Scorable = act == Act::Continue || (Scorable && act != Act::Right && act != Act::ShowSolution);
-    }
+// What a pupil can do, and an independent statement of what it means for the score.
+const struct Act {
+    const char* Name;
+    Counts Counting;
+    Scoring Afterwards;
+    void (*Do)(ColumnExercise& exercise);
+} acts[] = {
+    { "right", Counts::AnExercise, Scoring::Ends,
+        [](ColumnExercise& e) { EXPECT_TRUE(Check(e, PlainDecimalText(e.Solution())).Right); } },
+    { "wrong", Counts::AnExerciseAndAnError, Scoring::GoesOn,
+        [](ColumnExercise& e) { EXPECT_FALSE(Check(e, PlainDecimalText(e.Solution() + 1)).Right); } },
+    { "continue", Counts::Nothing, Scoring::BeginsAgain, [](ColumnExercise& e) { e.Continue(); } },
+    { "solution", Counts::Nothing, Scoring::Ends, [](ColumnExercise& e) { e.ShowSolution(); } },
+    { "draw", Counts::Nothing, Scoring::GoesOn, [](ColumnExercise& e) { e.Generate(); } },
+    { "type", Counts::Nothing, Scoring::GoesOn,
+        [](ColumnExercise& e) { EXPECT_TRUE(e.EnterOperand1("77,5").Accepted); } },
+    { "cancel", Counts::Nothing, Scoring::GoesOn,
+        [](ColumnExercise& e) { EXPECT_FALSE(e.EnterOperand2("").Accepted); } },
 };
 
-void expectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Expected& expected, int actsLeft)
+void expectScoreAfterEveryContinuation(const ColumnExercise& exercise, const Score& expected, int actsLeft)
 {
     ASSERT_EQ(exercise.Score.Scorable, expected.Scorable);
-    ASSERT_EQ(exercise.Score.ExerciseCount, expected.Exercises);
-    ASSERT_EQ(exercise.Score.ErrorCount, expected.Errors);
-    if (actsLeft == 0) {
-        return;
-    }
-    for (const Act act : allActs) {
-        ColumnExercise next = exercise;
-        perform(next, act);
-        Expected expectedNext = expected;
-        expectedNext.Perform(act);
-        expectScoreAfterEveryContinuation(next, expectedNext, actsLeft - 1);
-        if (::testing::Test::HasFailure()) {
-            FAIL() << "after act " << static_cast<int>(act) << " with " << actsLeft << " acts left";
+    ASSERT_EQ(exercise.Score.ExerciseCount, expected.ExerciseCount);
+    ASSERT_EQ(exercise.Score.ErrorCount, expected.ErrorCount);
+    for (const Act& act : acts) {
+        if (actsLeft > 0) {
+            ColumnExercise next = exercise;
+            act.Do(next);
+            Score expectedNext = expected;
+            if (expected.Scorable && act.Counting != Counts::Nothing) {
+                expectedNext.ExerciseCount = expected.ExerciseCount + 1;
+                expectedNext.ErrorCount = expected.ErrorCount + (act.Counting == Counts::AnExerciseAndAnError ? 1 : 0);
+            }
+            expectedNext.Scorable
+                = act.Afterwards == Scoring::BeginsAgain || (expected.Scorable && act.Afterwards == Scoring::GoesOn);
+            expectScoreAfterEveryContinuation(next, expectedNext, actsLeft - 1);
+            ASSERT_FALSE(::testing::Test::HasFailure()) << act.Name << ", and " << actsLeft - 1 << " acts more";
         }
     }
 }

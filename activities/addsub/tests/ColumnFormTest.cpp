@@ -1,13 +1,13 @@
 #include "activities/addsub/screen/ColumnForm.h"
 
 #include "common/core/NumberText.h"
-#include "common/screen/CommandButton.h"
 #include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/RunTimeErrorsOf.h"
+#include "tests/support/Schoolbook.h"
 #include "tests/support/Shown.h"
 
 #include <gtest/gtest.h>
@@ -16,9 +16,7 @@
 #include <QClipboard>
 #include <QFontMetrics>
 #include <QInputMethodEvent>
-#include <QPointer>
 
-#include <algorithm>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -31,11 +29,11 @@ namespace {
 
 using namespace testing;
 
-const QString prompt = QStringLiteral("Introduzca el nuevo valor:");
-const QString hecho = QStringLiteral("Command1");
-const QString continuar = QStringLiteral("Command2(0)");
-const QString borrar = QStringLiteral("Command2(1)");
-const QString verSolución = QStringLiteral("Command2(2)");
+constexpr const char* prompt = "Introduzca el nuevo valor:";
+constexpr const char* hecho = "Command1";
+constexpr const char* continuar = "Command2(0)";
+constexpr const char* borrar = "Command2(1)";
+constexpr const char* verSolución = "Command2(2)";
 
 // One of the two windows, and what its tests need to know of it.
 struct Screen {
@@ -57,36 +55,8 @@ const Screen screens[] = {
         "La diferencia de los datos introducidos  produce un resultado demasiado grande" },
 };
 
-// All that the boxes of a window say.
-struct Contents {
-    std::string Heading;
-    std::string Upper;
-    std::string Lower;
-    std::string Answer;
-    std::string Verdict;
-    std::string Score;
-
-    bool operator==(const Contents&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Contents& shown)
-{
-    return out << shown.Heading << " | " << shown.Upper << " | " << shown.Lower << " | " << shown.Answer << " | "
-               << shown.Verdict << " | " << shown.Score;
-}
-
-// What the two operand boxes say.
-struct Operands {
-    std::string Upper;
-    std::string Lower;
-
-    bool operator==(const Operands&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Operands& shown)
-{
-    return out << '"' << shown.Upper << "\" over \"" << shown.Lower << '"';
-}
+// The texts of the upper and the lower operand.
+using Operands = std::pair<std::string, std::string>;
 
 // Drives one window as a person does.
 class ColumnFormTest : public ::testing::TestWithParam<Screen> {
@@ -96,70 +66,88 @@ protected:
     void Open()
     {
         form_.reset(GetParam().Make(clock_));
-        ShowAndActivate(*form_);
+        ComeBackFromBox();
     }
+
+    // Gives the focus back to the window after a box has closed, as a window manager does.
+    void ComeBackFromBox() { ShowAndActivate(*form_); }
 
     ColumnForm& Form() { return *form_; }
     bool IsAddition() const { return GetParam().Kind == Operation::Addition; }
-    QString InputTitle() const { return QString::fromUtf8(GetParam().Name); }
+    void ClickOn(QAnyStringView control) { Click(*form_, control); }
+    void ChooseItem(QAnyStringView item) { Choose(*form_, item); }
 
-    Contents Shown() const
+    // All that the boxes of the window say, and the same with another answer.
+    std::string Shown() const { return ShownWith(Answer()); }
+    std::string ShownWith(const std::string& answer) const
     {
-        return { form_->Text1->Text(), form_->Text2[0]->Text(), form_->Text2[1]->Text(), form_->Text3->Text(),
-            form_->Text4->Text(), form_->tbResultados->Text() };
+        return form_->Text1->Text() + " | " + ShownOperands().first + " | " + ShownOperands().second + " | " + answer
+            + " | " + Verdict() + " | " + Score();
     }
 
-    Operands ShownOperands() const { return { Shown().Upper, Shown().Lower }; }
-    std::string Answer() const { return Shown().Answer; }
-    std::string Verdict() const { return Shown().Verdict; }
-    std::string Score() const { return Shown().Score; }
-    int Caret() const { return form_->Text3->CaretPosition(); }
+    Operands ShownOperands() const { return { form_->Text2[0]->Text(), form_->Text2[1]->Text() }; }
+    std::string Answer() const { return form_->Text3->Text(); }
+    std::string Verdict() const { return form_->Text4->Text(); }
+    std::string Score() const { return form_->tbResultados->Text(); }
 
     void ExpectAnswer(const std::string& answer, int caret)
     {
         EXPECT_EQ(Answer(), answer);
-        EXPECT_EQ(Caret(), caret);
+        EXPECT_EQ(form_->Text3->CaretPosition(), caret);
+    }
+
+    static void ExpectHighlighted(const TextBox& box)
+    {
+        EXPECT_TRUE(IsWhollySelected(box)) << box.Text();
+        EXPECT_EQ(box.CaretPosition(), 0);
     }
 
     void ExpectHighlightedOperands()
     {
-        EXPECT_TRUE(IsWhollySelected(*form_->Text2[0]));
-        EXPECT_TRUE(IsWhollySelected(*form_->Text2[1]));
-        EXPECT_EQ(form_->Text2[0]->CaretPosition(), 0);
-        EXPECT_EQ(form_->Text2[1]->CaretPosition(), 0);
+        ExpectHighlighted(*form_->Text2[0]);
+        ExpectHighlighted(*form_->Text2[1]);
     }
 
     // Checks that the verdict is shown and highlighted, and that the focus has moved to where the verdict sends it.
     void ExpectVerdict(bool right, const std::string& score)
     {
         EXPECT_EQ(Verdict(), right ? "resultado correcto" : "resultado incorrecto");
-        EXPECT_TRUE(IsWhollySelected(*form_->Text4));
-        EXPECT_EQ(form_->Text4->CaretPosition(), 0);
-        EXPECT_EQ(FocusName(), right ? "Command2(0)" : "Text3");
+        ExpectHighlighted(*form_->Text4);
+        EXPECT_EQ(FocusName(), right ? continuar : "Text3");
         EXPECT_EQ(Score(), score);
+    }
+
+    // Checks that nothing has been answered, with the score as it is and the operands highlighted.
+    void ExpectUnanswered(const std::string& score)
+    {
+        EXPECT_EQ(Answer(), "");
+        EXPECT_EQ(Verdict(), "");
+        EXPECT_EQ(Score(), score);
+        ExpectHighlightedOperands();
+    }
+
+    void ExpectOptions(int digitItem, int decimalItem)
+    {
+        EXPECT_EQ(CheckedItems(*form_->MnuOpcCif), std::vector<int> { digitItem });
+        EXPECT_EQ(CheckedItems(*form_->MnuOpcDec), std::vector<int> { decimalItem });
     }
 
     // The right answer to the texts that are shown, which are correct up to six integer digits.
     std::string RightAnswer() const
     {
-        const double upper = ParseDisplayNumber(Shown().Upper);
-        const double lower = ParseDisplayNumber(Shown().Lower);
+        const double upper = ParseDisplayNumber(ShownOperands().first);
+        const double lower = ParseDisplayNumber(ShownOperands().second);
         return PlainDecimalText(IsAddition() ? upper + lower : upper - lower);
     }
 
-    // Writes into the answer box from the last character to the first, whatever the caret does meanwhile.
     void WriteAnswer(const std::string& answer)
     {
-        Click(*form_, borrar);
+        ClickOn(borrar);
         ASSERT_EQ(FocusName(), "Text3");
-        for (auto character = answer.rbegin(); character != answer.rend(); ++character) {
-            Type(QString(QLatin1Char(*character)));
-            Press(Qt::Key_Home);
-        }
+        TypeResult(answer);
         ASSERT_EQ(Answer(), answer);
     }
 
-    // Answers and presses Enter.
     void AnswerWith(const std::string& answer)
     {
         WriteAnswer(answer);
@@ -170,21 +158,31 @@ protected:
     void AnswerWrong() { AnswerWith("1" + RightAnswer()); }
 
     // Types an operand into the box that F2 or F3 opens.
-    void EnterOperand(int key, const QString& text)
+    void EnterOperand(int key, QAnyStringView text)
     {
-        ExpectInput(InputTitle(), prompt, text);
+        ExpectInput(GetParam().Name, prompt, text);
         Press(key);
         ComeBackFromBox();
     }
 
     void EnterOperands(const char* upper, const char* lower)
     {
-        EnterOperand(Qt::Key_F2, QString::fromUtf8(upper));
-        EnterOperand(Qt::Key_F3, QString::fromUtf8(lower));
+        EnterOperand(Qt::Key_F2, upper);
+        EnterOperand(Qt::Key_F3, lower);
     }
 
-    // Gives the focus back to the window after a box has closed, as a window manager does.
-    void ComeBackFromBox() { ShowAndActivate(*form_); }
+    // Types an operand that is refused with a message.
+    void EnterRefused(int key, QAnyStringView text, const char* title, const char* message)
+    {
+        const std::string before = Shown();
+        ExpectInput(GetParam().Name, prompt, text);
+        ExpectMessage(title, message);
+        Press(key);
+        EXPECT_EQ(PendingBoxes(), 0);
+        EXPECT_EQ(Shown(), before);
+        ComeBackFromBox();
+        EXPECT_EQ(FocusName(), "Text3");
+    }
 
     FixedClock clock_;
 
@@ -195,309 +193,157 @@ private:
 INSTANTIATE_TEST_SUITE_P(
     Of, ColumnFormTest, ::testing::ValuesIn(screens), [](const auto& instance) { return instance.param.Name; });
 
-// Digits before and behind the comma of a display number.
-std::pair<std::string, std::string> digitsOf(std::string text)
-{
-    text.erase(std::remove(text.begin(), text.end(), '.'), text.end());
-    const std::size_t comma = std::min(text.find(','), text.size());
-    return { text.substr(0, comma), comma < text.size() ? text.substr(comma + 1) : std::string() };
-}
-
-void expectDrawnNumber(const std::string& text, std::size_t digits, std::size_t decimals)
-{
-    SCOPED_TRACE(text);
-    const auto [integer, fraction] = digitsOf(text);
-    EXPECT_EQ(integer.size(), digits);
-    EXPECT_EQ(fraction.size(), decimals);
-    EXPECT_EQ((integer + fraction).find_first_not_of("0123456789"), std::string::npos);
-    EXPECT_NE(integer.front(), '0');
-    EXPECT_TRUE(decimals == 0 || fraction.back() != '0');
-    EXPECT_EQ(text.find(',') != std::string::npos, decimals > 0);
-}
-
 void expectDrawn(const Operands& shown, std::size_t digits, std::size_t decimals)
 {
-    expectDrawnNumber(shown.Upper, digits, decimals);
-    expectDrawnNumber(shown.Lower, digits, decimals);
-}
-
-Operands drawnBy(const ColumnExercise& exercise)
-{
-    return { exercise.DrawnTexts().Upper, exercise.DrawnTexts().Lower };
+    for (const std::string& text : { shown.first, shown.second }) {
+        SCOPED_TRACE(text);
+        const std::string plain = Without(text, ".");
+        EXPECT_EQ(plain.find_first_not_of("0123456789,"), std::string::npos);
+        EXPECT_EQ(std::min(plain.find(','), plain.size()), digits);
+        EXPECT_EQ(plain.size(), decimals == 0 ? digits : digits + 1 + decimals);
+        EXPECT_NE(plain.front(), '0');
+        EXPECT_TRUE(decimals == 0 || plain.back() != '0');
+    }
 }
 
 // --- Opening and closing ---------------------------------------------------------------------------------------------
 
-TEST_P(ColumnFormTest, OpensWithAnExerciseOfThreeDigitsAndTwoDecimalsReadyForTheAnswer)
+TEST_P(ColumnFormTest, OpensWithThreeDigitsAndTwoDecimalsReadyForTheAnswer)
 {
     expectDrawn(ShownOperands(), 3, 2);
-    ExpectHighlightedOperands();
-    EXPECT_EQ(Answer(), "");
-    EXPECT_EQ(Verdict(), "");
-    EXPECT_EQ(Score(), "Ejercicios:  0; Errores:  0");
+    ExpectUnanswered("Ejercicios:  0; Errores:  0");
+    ExpectOptions(2, 2);
     EXPECT_EQ(FocusName(), "Text3");
-}
-
-TEST_P(ColumnFormTest, OpenedAgainStartsAfresh)
-{
-    AnswerWrong();
-    Choose(Form(), QStringLiteral("MnuOpcCifLis(5)"));
-    Choose(Form(), QStringLiteral("MnuOpcDecLis(0)"));
-    ASSERT_EQ(Score(), "Ejercicios:  1; Errores:  1");
-    Choose(Form(), QStringLiteral("MnuOpcSal"));
-
-    Open();
-    EXPECT_EQ(Score(), "Ejercicios:  0; Errores:  0");
-    EXPECT_EQ(Answer(), "");
-    EXPECT_EQ(Verdict(), "");
-    EXPECT_EQ(CheckedItems(*Form().MnuOpcCif), std::vector<int> { 2 });
-    EXPECT_EQ(CheckedItems(*Form().MnuOpcDec), std::vector<int> { 2 });
-    expectDrawn(ShownOperands(), 3, 2);
+    ChooseItem("MnuOpcSal");
+    EXPECT_FALSE(Form().isVisible());
 }
 
 TEST_P(ColumnFormTest, DrawsFromTheTimeAtWhichItWasOpened)
 {
-    const TimeOfDay times[] = { { 0, 0, 0, 0 }, { 23, 59, 59, 86399 }, { 9, 5, 41, 32741 } };
-    const int seeds[] = { 1, 86400, 10 * 6 * 42 };
-    for (std::size_t i = 0; i < std::size(times); ++i) {
-        clock_.Time = times[i];
+    const std::pair<TimeOfDay, int> seeds[]
+        = { { { 0, 0, 0, 0 }, 1 }, { { 23, 59, 59, 86399 }, 86400 }, { { 9, 5, 41, 32741 }, 10 * 6 * 42 } };
+    for (const auto& [time, seed] : seeds) {
+        clock_.Time = time;
         Open();
-        SeededRandom random(seeds[i]);
+        SeededRandom random(seed);
         ColumnExercise exercise(GetParam().Kind, random);
-        exercise.Generate();
-        EXPECT_EQ(ShownOperands(), drawnBy(exercise));
-
-        // The clock is asked only once: the next exercise is the next draw, whatever the time is by then.
-        clock_.Time = { 12, 34, 56, 45296 };
-        Click(Form(), continuar);
-        exercise.Generate();
-        EXPECT_EQ(ShownOperands(), drawnBy(exercise));
+        for (int next = 0; next < 2; ++next) {
+            exercise.Generate();
+            EXPECT_EQ(ShownOperands(), Operands(exercise.DrawnTexts().Upper, exercise.DrawnTexts().Lower));
+            clock_.Time = { 12, 34, 56, 45296 }; // the clock is asked only once
+            ClickOn(continuar);
+        }
     }
 }
 
 // The Tab key skips the operands, so a screen reader must speak them together with the answer.
 TEST_P(ColumnFormTest, SpeaksTheExerciseWhereItsAnswerIsWritten)
 {
-    const auto spoken = [this] { return Form().Text3->accessibleDescription().toStdString(); };
-    const auto shown
-        = [this] { return ShownOperands().Upper + (IsAddition() ? " + " : " - ") + ShownOperands().Lower; };
-    EXPECT_EQ(spoken(), shown());
-    Click(Form(), continuar);
-    EXPECT_EQ(spoken(), shown());
-    Choose(Form(), QStringLiteral("MnuOpcCifLis(4)"));
-    EXPECT_EQ(spoken(), shown());
+    const std::string sign = IsAddition() ? " + " : " - ";
+    const auto expectSpoken = [this](const std::string& exercise) {
+        EXPECT_EQ(Form().Text3->accessibleDescription().toStdString(), exercise);
+    };
+    expectSpoken(ShownOperands().first + sign + ShownOperands().second);
+    ClickOn(continuar);
+    expectSpoken(ShownOperands().first + sign + ShownOperands().second);
+    ChooseItem("MnuOpcCifLis(4)");
+    expectSpoken(ShownOperands().first + sign + ShownOperands().second);
     EnterOperands("1234,5", "905,16");
-    EXPECT_EQ(spoken(), IsAddition() ? "1.234,5 + 905,16" : "1.234,5 - 905,16") << "without the blanks around them";
-}
-
-TEST_P(ColumnFormTest, IsDestroyedWhenItIsClosedByThePupil)
-{
-    const QPointer<ColumnForm> byMenu = GetParam().Make(clock_);
-    byMenu->Show(true);
-    Choose(*byMenu, QStringLiteral("MnuOpcSal"));
-    EXPECT_FALSE(byMenu->isVisible());
-    const QPointer<ColumnForm> byCloseBox = GetParam().Make(clock_);
-    byCloseBox->Show(true);
-    byCloseBox->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(byMenu.isNull());
-    EXPECT_TRUE(byCloseBox.isNull());
-}
-
-TEST_P(ColumnFormTest, EscapeClosesNothingAndChangesNothing)
-{
-    AnswerWrong();
-    const Contents before = Shown();
-    for (int control = 0; control < 7; ++control) {
-        SCOPED_TRACE(FocusName());
-        ExpectHighlightedOperands();
-        EXPECT_TRUE(IsWhollySelected(*Form().Text4));
-        Press(Qt::Key_Escape);
-        EXPECT_TRUE(Form().isVisible());
-        EXPECT_EQ(Shown(), before);
-        Press(Qt::Key_Tab);
-    }
-    EXPECT_EQ(FocusName(), "Text1") << "which hands Escape, as any key, to the answer box";
+    expectSpoken("1.234,5" + sign + "905,16"); // without the blanks around them
 }
 
 // --- Writing the answer ----------------------------------------------------------------------------------------------
 
-struct Written {
-    const char* Keys;
-    Qt::KeyboardModifiers With;
-    const char* Answer;
-    int Caret;
-};
-
-// On a Spanish keyboard the decimal key of the keypad writes a comma, on others a point.
 TEST_P(ColumnFormTest, DigitsAndTheCommaKeyStepLeftAndNoOtherKeyDoes)
 {
-    const Written cases[] = {
-        { "57,1", Qt::NoModifier, "1,75", 0 },
-        { "0123456789", Qt::NoModifier, "9876543210", 0 },
-        { "0123456789", Qt::KeypadModifier, "9876543210", 0 },
-        { ".7", Qt::NoModifier, ".7", 1 },
-        { ",.", Qt::KeypadModifier, ",.", 2 },
-        { "aZ -+;/", Qt::NoModifier, "aZ -+;/", 7 },
-    };
-    for (const auto& [keys, with, answer, caret] : cases) {
-        SCOPED_TRACE(keys);
-        Click(Form(), borrar);
-        for (const char* key = keys; *key != '\0'; ++key) {
-            if (with == Qt::NoModifier) {
-                Type(QString(QLatin1Char(*key)));
-            } else {
-                Press(*key, with);
-            }
-        }
+    const struct {
+        const char* Keys;
+        const char* Answer;
+        int Caret;
+    } cases[]
+        = { { "57,1", "1,75", 0 }, { "0123456789", "9876543210", 0 }, { ".7", ".7", 1 }, { "aZ -+;/", "aZ -+;/", 7 } };
+    for (const auto& [keys, answer, caret] : cases) {
+        ClickOn(borrar);
+        Type(keys);
         ExpectAnswer(answer, caret);
     }
-}
-
-TEST_P(ColumnFormTest, KeysThatMoveTheCaretOrEraseDoJustThat)
-{
-    Type(QStringLiteral("321"));
-    Press(Qt::Key_Right);
-    Press(Qt::Key_Right);
-    Type(QStringLiteral("9"));
-    ExpectAnswer("1293", 2);
-    Press(Qt::Key_End);
-    ExpectAnswer("1293", 4);
-    Press(Qt::Key_Left);
-    ExpectAnswer("1293", 3);
-    Press(Qt::Key_Backspace);
-    ExpectAnswer("123", 2);
-    Press(Qt::Key_Delete);
-    ExpectAnswer("12", 2);
-    Press(Qt::Key_Home);
-    ExpectAnswer("12", 0);
-}
-
-// The caret steps when a key is let go, so keys that overlap step together at the end, and a held one steps once.
-TEST_P(ColumnFormTest, OverlappingAndHeldKeysStepWhenTheyAreLetGo)
-{
-    HoldDown(Qt::Key_5);
-    HoldDown(Qt::Key_7);
-    ExpectAnswer("57", 2);
-    LetGo(Qt::Key_5);
-    ExpectAnswer("57", 1);
-    HoldDown(Qt::Key_Comma);
-    ExpectAnswer("5,7", 2);
-    LetGo(Qt::Key_Comma);
-    LetGo(Qt::Key_7);
-    ExpectAnswer("5,7", 0);
-
-    Click(Form(), borrar);
-    HoldDown(Qt::Key_5);
-    Repeat(Qt::Key_5);
-    Repeat(Qt::Key_5);
-    ExpectAnswer("555", 3);
-    LetGo(Qt::Key_5);
-    ExpectAnswer("555", 2);
-}
-
-TEST_P(ColumnFormTest, TheAnswerKeepsItsCaretWhileTheFocusIsElsewhere)
-{
-    Type(QStringLiteral("321"));
-    Press(Qt::Key_Tab);
-    ASSERT_EQ(FocusName(), "Command1");
-    Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    ASSERT_EQ(FocusName(), "Text3");
-    EXPECT_FALSE(Form().Text3->hasSelectedText());
-    EXPECT_EQ(Caret(), 0);
-    Type(QStringLiteral("4"));
-    EXPECT_EQ(Answer(), "4123");
-}
-
-// The caret of a highlighted text is at its beginning, where it cannot step left.
-TEST_P(ColumnFormTest, ADigitReplacesAHighlightedAnswerAndOneLetGoOverItLeavesIt)
-{
-    Type(QStringLiteral("321"));
+    ClickOn(borrar);
+    const struct {
+        int Key;
+        Qt::KeyboardModifiers With;
+        const char* Answer;
+        int Caret;
+    } steps[] = { { Qt::Key_3, Qt::KeypadModifier, "3", 0 }, { Qt::Key_2, Qt::KeypadModifier, "23", 0 },
+        { Qt::Key_Right, {}, "23", 1 }, { Qt::Key_9, {}, "293", 1 }, { Qt::Key_End, {}, "293", 3 },
+        { Qt::Key_Comma, Qt::KeypadModifier, "293,", 4 }, // which writes a point on other than Spanish keyboards
+        { Qt::Key_Backspace, {}, "293", 3 }, { Qt::Key_Left, {}, "293", 2 }, { Qt::Key_Delete, {}, "29", 2 },
+        { Qt::Key_Home, {}, "29", 0 } };
+    for (const auto& [key, with, answer, caret] : steps) {
+        SCOPED_TRACE(key);
+        Press(key, with);
+        ExpectAnswer(answer, caret);
+    }
     Press(Qt::Key_A, Qt::ControlModifier);
     LetGo(Qt::Key_4);
-    EXPECT_EQ(Answer(), "123");
-    EXPECT_TRUE(IsWhollySelected(*Form().Text3));
-    Type(QStringLiteral("4"));
+    ExpectHighlighted(*Form().Text3); // its caret is at its beginning, where it cannot step left
+    Type("4");
     ExpectAnswer("4", 0);
 }
 
 // --- Keys in boxes that are not for typing ---------------------------------------------------------------------------
 
+// The release of a key goes to the control that has the focus by then, whose caret steps even if the key was pressed
+// elsewhere.
 TEST_P(ColumnFormTest, AKeyInHeadingOrOperandGoesToTheAnswerBoxAndIsWrittenNowhere)
 {
-    const Contents before = Shown();
+    WriteAnswer("57");
+    const std::string before = Shown();
     for (const char* box : { "Text1", "Text2(0)", "Text2(1)" }) {
         for (const int key : { Qt::Key_7, Qt::Key_A, Qt::Key_Comma, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,
                  Qt::Key_Backspace, Qt::Key_Escape }) {
             SCOPED_TRACE(box + std::to_string(key));
-            Click(Form(), QString::fromLatin1(box));
+            Form().Text3->SetCaretPosition(2);
+            ClickOn(box);
             ASSERT_EQ(FocusName(), box);
-            Press(key);
+            HoldDown(key);
             EXPECT_EQ(FocusName(), "Text3");
+            EXPECT_EQ(Form().Text3->CaretPosition(), 2);
+            LetGo(key);
+            EXPECT_EQ(Form().Text3->CaretPosition(), key == Qt::Key_7 || key == Qt::Key_Comma ? 1 : 2);
             EXPECT_EQ(Shown(), before);
         }
     }
+    ClickOn(borrar);
     Press(Qt::Key_Backtab, Qt::ShiftModifier);
     ASSERT_EQ(FocusName(), "Text1") << "which the Tab key reaches";
-    Type(QStringLiteral("78"));
+    Type("78");
     EXPECT_EQ(Answer(), "8");
 }
 
-// The release of a key goes to the control that has the focus by then, whose caret steps even if the key was pressed
-// elsewhere.
-TEST_P(ColumnFormTest, ADigitPressedOutsideTheAnswerStepsLeftInItWhenItIsLetGo)
-{
-    for (const char* box : { "Text1", "Text2(0)", "Text2(1)" }) {
-        SCOPED_TRACE(box);
-        WriteAnswer("57");
-        Form().Text3->SetCaretPosition(2);
-        Click(Form(), QString::fromLatin1(box));
-        const Contents before = Shown();
-        HoldDown(Qt::Key_9);
-        EXPECT_EQ(FocusName(), "Text3");
-        EXPECT_EQ(Shown(), before);
-        EXPECT_EQ(Caret(), 2);
-        LetGo(Qt::Key_9);
-        EXPECT_EQ(Shown(), before);
-        EXPECT_EQ(Caret(), 1);
-    }
-}
-
 // What an input method sends when it has composed a character from several keys.
-void compose(QWidget& receiver, const QString& text)
+void compose(QWidget& receiver, const char* text)
 {
     QInputMethodEvent event;
-    event.setCommitString(text);
+    event.setCommitString(QString::fromUtf8(text));
     QCoreApplication::sendEvent(&receiver, &event);
 }
 
-// What can be done to a text without a key that types: by commands, by the context menu, by an input method.
-struct Deed {
-    const char* Name;
-    void (*Do)(TextBox& box);
-};
-
-const Deed deeds[] = {
-    { "Delete", [](TextBox&) { Press(Qt::Key_Delete); } },
-    { "Cut", [](TextBox&) { Press(Qt::Key_X, Qt::ControlModifier); } },
-    { "Paste", [](TextBox&) { Press(Qt::Key_V, Qt::ControlModifier); } },
-    { "Undo",
-        [](TextBox&) {
-            Press(Qt::Key_Delete);
-            Press(Qt::Key_Z, Qt::ControlModifier);
-        } },
-    { "PasteByMenu", [](TextBox& box) { box.paste(); } },
-    { "Compose", [](TextBox& box) { compose(box, QStringLiteral("á")); } },
-};
-
 TEST_P(ColumnFormTest, TheHeadingStaysWhateverIsDoneToItsText)
 {
-    const Contents before = Shown();
-    for (const auto& [name, doTo] : deeds) {
+    void (*const deeds[])(TextBox & heading) = {
+        [](TextBox&) { Press(Qt::Key_Delete); },
+        [](TextBox&) { Press(Qt::Key_X, Qt::ControlModifier); },
+        [](TextBox&) { Press(Qt::Key_V, Qt::ControlModifier); },
+        [](TextBox&) { Press(Qt::Key_Z, Qt::ControlModifier); },
+        [](TextBox& heading) { heading.paste(); }, // by the context menu
+        [](TextBox& heading) { compose(heading, "á"); },
+    };
+    const std::string before = Shown();
+    for (const auto& doTo : deeds) {
         for (const auto& [start, length] : { std::pair { 0, 0 }, std::pair { 3, 5 }, std::pair { 0, 25 } }) {
-            SCOPED_TRACE(name + std::to_string(length));
+            SCOPED_TRACE(std::to_string(&doTo - deeds) + " to " + std::to_string(length));
             QApplication::clipboard()->setText(QStringLiteral("123"));
-            Click(Form(), QStringLiteral("Text1"));
+            ClickOn("Text1");
             Form().Text1->setSelection(start, length);
             doTo(*Form().Text1);
             EXPECT_EQ(Shown(), before);
@@ -507,63 +353,26 @@ TEST_P(ColumnFormTest, TheHeadingStaysWhateverIsDoneToItsText)
 
 TEST_P(ColumnFormTest, WhatAnInputMethodWritesIsTyped)
 {
-    Click(Form(), QStringLiteral("Text1"));
-    compose(*Form().Text1, QStringLiteral("57"));
+    ClickOn("Text1");
+    compose(*Form().Text1, "57");
     EXPECT_EQ(FocusName(), "Text3");
     EXPECT_EQ(Answer(), "7") << "the first key leads to the answer, the next ones are written there";
-    compose(*Form().Text3, QStringLiteral(",1"));
+    compose(*Form().Text3, ",1");
     EXPECT_EQ(Answer(), "1,7");
     EXPECT_TRUE(Form().Text3->testAttribute(Qt::WA_InputMethodEnabled));
 }
 
-TEST_P(ColumnFormTest, TheVerdictAndTheScoreCannotBeTypedInto)
-{
-    AnswerWrong();
-    const Contents before = Shown();
-    for (const char* box : { "Text4", "tbResultados" }) {
-        Click(Form(), QString::fromLatin1(box));
-        ASSERT_EQ(FocusName(), box);
-        Type(QStringLiteral("7"));
-        Press(Qt::Key_Backspace);
-        Press(Qt::Key_Return);
-        EXPECT_EQ(Shown(), before);
-    }
-}
-
 // --- Checking --------------------------------------------------------------------------------------------------------
-
-// The ways to have an answer checked; each of them checks once.
-struct WayToCheck {
-    const char* Name;
-    void (*Check)(const ColumnForm& form);
-};
-
-const WayToCheck waysToCheck[] = {
-    { "Enter", [](const ColumnForm&) { Press(Qt::Key_Return); } },
-    { "Enter of the keypad", [](const ColumnForm&) { Press(Qt::Key_Enter, Qt::KeypadModifier); } },
-    { "mouse", [](const ColumnForm& form) { Click(form, hecho); } },
-    { "access key", [](const ColumnForm& form) { PressAccessKey(form, Qt::Key_H, hecho); } },
-    { "Space on the button",
-        [](const ColumnForm&) {
-            TabTo("Command1");
-            Press(Qt::Key_Space);
-        } },
-    { "Enter on the button",
-        [](const ColumnForm&) {
-            TabTo("Command1");
-            Press(Qt::Key_Return);
-        } },
-    { "Enter of the keypad on the button",
-        [](const ColumnForm&) {
-            TabTo("Command1");
-            Press(Qt::Key_Enter, Qt::KeypadModifier);
-        } },
-};
 
 TEST_P(ColumnFormTest, EveryWayToCheckJudgesOnceAndChangesNothingElse)
 {
-    for (const auto& [name, check] : waysToCheck) {
-        SCOPED_TRACE(name);
+    void (*const ways[])(const ColumnForm& form) = {
+        [](const ColumnForm&) { Press(Qt::Key_Return); },
+        [](const ColumnForm&) { Press(Qt::Key_Enter, Qt::KeypadModifier); },
+        [](const ColumnForm& form) { Click(form, hecho); },
+    };
+    for (const auto& check : ways) {
+        SCOPED_TRACE(&check - ways);
         Open();
         const Operands operands = ShownOperands();
         WriteAnswer("1,5");
@@ -578,87 +387,9 @@ TEST_P(ColumnFormTest, EveryWayToCheckJudgesOnceAndChangesNothingElse)
         EXPECT_EQ(ShownOperands(), operands);
         ExpectHighlightedOperands();
     }
-}
-
-TEST_P(ColumnFormTest, AHeldEnterChecksOnceAndDoesNotPressContinuarAsWell)
-{
-    for (const int key : { Qt::Key_Return, Qt::Key_Enter }) {
-        const auto hold = [key] {
-            HoldDown(key);
-            Repeat(key);
-            Repeat(key);
-            LetGo(key);
-        };
-        Open();
-        hold();
-        ExpectVerdict(false, "Ejercicios:  1; Errores:  1");
-        WriteAnswer(RightAnswer());
-        const Contents written = Shown();
-        hold();
-        ExpectVerdict(true, "Ejercicios:  2; Errores:  1");
-        EXPECT_EQ(Answer(), written.Answer);
-        EXPECT_EQ(ShownOperands(), (Operands { written.Upper, written.Lower }));
-
-        // A new press draws the next exercise, and the focus moves to the empty answer while the key is still down.
-        hold();
-        EXPECT_NE(ShownOperands(), (Operands { written.Upper, written.Lower }));
-        EXPECT_EQ(Answer(), "");
-        EXPECT_EQ(Verdict(), "");
-        EXPECT_EQ(FocusName(), "Text3");
-        EXPECT_EQ(Score(), "Ejercicios:  2; Errores:  1");
-    }
-}
-
-TEST_P(ColumnFormTest, EveryWrongCheckCountsAndARightOneOnce)
-{
-    AnswerWrong();
-    Press(Qt::Key_Return);
-    ExpectVerdict(false, "Ejercicios:  2; Errores:  2");
-    AnswerRight();
-    ExpectVerdict(true, "Ejercicios:  3; Errores:  2");
-    Form().tbResultados->SetText("");
-    Click(Form(), hecho);
-    ExpectVerdict(true, "Ejercicios:  3; Errores:  2");
     Form().tbResultados->SetText("");
     AnswerWrong();
-    ExpectVerdict(false, "Ejercicios:  3; Errores:  2");
-}
-
-// At 999 a count fills its three places. One more cannot be shown, and the program ends.
-TEST_P(ColumnFormTest, TheThousandthExerciseEndsInARunTimeError)
-{
-    const std::vector<RunTimeError> errors = RunTimeErrorsOf([this] {
-        Open();
-        for (int count = 1; count <= 999; ++count) {
-            Press(Qt::Key_Return);
-        }
-        EXPECT_EQ(Score(), "Ejercicios:999; Errores:999");
-        EXPECT_TRUE(TakeRunTimeErrors().empty());
-        AnswerRight();
-    });
-    ASSERT_EQ(errors.size(), 1U);
-    EXPECT_EQ(errors.front().ErrorKind(), RunTimeError::Kind::InvalidArgument);
-    EXPECT_EQ(Form().Text4->Text(), "resultado correcto");
-    EXPECT_EQ(Score(), "Ejercicios:999; Errores:999");
-}
-
-struct WrittenAnswer {
-    const char* Text;
-    bool Right;
-};
-
-// The sum 1000 + 234,5 and the difference 1235 - 0,5.
-TEST_P(ColumnFormTest, ReadsTheAnswerAsANumber)
-{
-    EnterOperands(IsAddition() ? "1000" : "1235", IsAddition() ? "234,5" : "0,5");
-    const WrittenAnswer answers[] = { { "1.234,5", true }, { " 01234,50", true }, { "1234,5a", true },
-        { "1234.5", false }, { "-1234,5", false }, { "a1234,5", false }, { "", false } };
-    for (const auto& [text, right] : answers) {
-        SCOPED_TRACE(text);
-        AnswerWith(text);
-        EXPECT_EQ(Verdict(), right ? "resultado correcto" : "resultado incorrecto");
-        EXPECT_EQ(Answer(), text);
-    }
+    ExpectVerdict(false, "Ejercicios:  2; Errores:  1"); // written anew, although it no longer counts
 }
 
 // --- Buttons ---------------------------------------------------------------------------------------------------------
@@ -666,22 +397,13 @@ TEST_P(ColumnFormTest, ReadsTheAnswerAsANumber)
 TEST_P(ColumnFormTest, ContinuarDrawsAnExerciseThatCounts)
 {
     AnswerRight();
-    for (const bool byMouse : { true, false }) {
-        const Operands operands = ShownOperands();
-        if (byMouse) {
-            Click(Form(), continuar);
-        } else {
-            Type(QStringLiteral("12"));
-            PressAccessKey(Form(), Qt::Key_C, continuar);
-        }
-        EXPECT_NE(ShownOperands(), operands);
-        expectDrawn(ShownOperands(), 3, 2);
-        ExpectHighlightedOperands();
-        EXPECT_EQ(Answer(), "");
-        EXPECT_EQ(Verdict(), "");
-        EXPECT_EQ(FocusName(), "Text3");
-        EXPECT_EQ(Score(), "Ejercicios:  1; Errores:  0");
-    }
+    const Operands operands = ShownOperands();
+    Form().Text3->SetText("12");
+    ClickOn(continuar);
+    EXPECT_NE(ShownOperands(), operands);
+    expectDrawn(ShownOperands(), 3, 2);
+    ExpectUnanswered("Ejercicios:  1; Errores:  0");
+    EXPECT_EQ(FocusName(), "Text3");
     AnswerWrong();
     EXPECT_EQ(Score(), "Ejercicios:  2; Errores:  1");
 }
@@ -689,73 +411,38 @@ TEST_P(ColumnFormTest, ContinuarDrawsAnExerciseThatCounts)
 TEST_P(ColumnFormTest, BorrarClearsTheAnswerAndNothingElse)
 {
     AnswerWrong();
-    Contents expected = Shown();
-    expected.Answer = "";
-    for (const bool byMouse : { true, false }) {
-        Type(QStringLiteral("12"));
-        if (byMouse) {
-            Click(Form(), borrar);
-        } else {
-            PressAccessKey(Form(), Qt::Key_B, borrar);
-        }
-        EXPECT_EQ(Shown(), expected);
-        EXPECT_EQ(FocusName(), "Text3");
-        EXPECT_TRUE(IsWhollySelected(*Form().Text4));
-        ExpectHighlightedOperands();
-    }
+    const std::string expected = ShownWith("");
+    Type("12");
+    ClickOn(borrar);
+    EXPECT_EQ(Shown(), expected);
+    EXPECT_EQ(FocusName(), "Text3");
+    ExpectHighlighted(*Form().Text4);
+    ExpectHighlightedOperands();
     AnswerRight();
-    EXPECT_EQ(Score(), "Ejercicios:  2; Errores:  1");
-    Click(Form(), borrar);
-    Press(Qt::Key_Return);
+    EXPECT_EQ(Score(), "Ejercicios:  2; Errores:  1") << "it counts still";
+    AnswerWith("");
     ExpectVerdict(false, "Ejercicios:  2; Errores:  1");
 }
 
 TEST_P(ColumnFormTest, VerSoluciónWritesTheSolutionHighlightedAndNothingCountsAfterIt)
 {
     AnswerWrong();
-    Contents expected = Shown();
-    expected.Answer = FormatDisplayNumber(ParseDisplayNumber(RightAnswer()));
-    for (const bool byMouse : { true, false }) {
-        Click(Form(), borrar);
-        if (byMouse) {
-            Click(Form(), verSolución);
-        } else {
-            PressAccessKey(Form(), Qt::Key_V, verSolución);
-        }
-        EXPECT_EQ(Shown(), expected);
-        EXPECT_TRUE(IsWhollySelected(*Form().Text3));
-        EXPECT_EQ(Caret(), 0);
-        EXPECT_EQ(FocusName(), "Command2(0)");
-    }
-    Click(Form(), hecho);
+    const std::string expected = ShownWith(FormatDisplayNumber(ParseDisplayNumber(RightAnswer())));
+    ClickOn(verSolución);
+    EXPECT_EQ(Shown(), expected);
+    ExpectHighlighted(*Form().Text3);
+    EXPECT_EQ(FocusName(), continuar);
+    ClickOn(hecho);
     ExpectVerdict(true, "Ejercicios:  1; Errores:  1");
+    TabTo("Text3");
+    ExpectHighlighted(*Form().Text3);
+    Type("5");
+    EXPECT_EQ(Answer(), "5") << "typed over the solution";
     AnswerWrong();
     ExpectVerdict(false, "Ejercicios:  1; Errores:  1");
-    Click(Form(), continuar);
+    ClickOn(continuar);
     AnswerRight();
     ExpectVerdict(true, "Ejercicios:  2; Errores:  1");
-}
-
-TEST_P(ColumnFormTest, ADigitTypedOverTheHighlightedSolutionReplacesIt)
-{
-    Click(Form(), verSolución);
-    TabTo("Text3");
-    EXPECT_TRUE(IsWhollySelected(*Form().Text3));
-    Type(QStringLiteral("5"));
-    EXPECT_EQ(Answer(), "5");
-}
-
-// From seven digits on the groups repeat a digit and drop another, and the solution reads back as another number. What
-// counts is the true number, whatever the box shows of it.
-TEST_P(ColumnFormTest, ASolutionOfSevenDigitsIsJudgedAsItIsWritten)
-{
-    EnterOperands("1234567", "0");
-    Click(Form(), verSolución);
-    EXPECT_EQ(Answer(), "1.123.567");
-    Click(Form(), hecho);
-    ExpectVerdict(false, "Ejercicios:  0; Errores:  0");
-    AnswerWith("1234567");
-    ExpectVerdict(true, "Ejercicios:  0; Errores:  0");
 }
 
 // --- Options ---------------------------------------------------------------------------------------------------------
@@ -764,17 +451,16 @@ TEST_P(ColumnFormTest, OptionsDrawOperandsOfAsManyDigitsAndDecimals)
 {
     for (int digits = 0; digits <= 6; ++digits) {
         for (int decimals = 0; decimals <= 6; ++decimals) {
-            Operands before = ShownOperands();
-            Choose(Form(), QStringLiteral("MnuOpcCifLis(%1)").arg(digits));
-            EXPECT_NE(ShownOperands(), before) << "an option that is checked already draws anew, too";
-            before = ShownOperands();
-            Choose(Form(), QStringLiteral("MnuOpcDecLis(%1)").arg(decimals));
-            EXPECT_NE(ShownOperands(), before);
-            EXPECT_EQ(CheckedItems(*Form().MnuOpcCif), std::vector<int> { digits });
-            EXPECT_EQ(CheckedItems(*Form().MnuOpcDec), std::vector<int> { decimals });
+            for (const QString& item :
+                { QStringLiteral("MnuOpcCifLis(%1)").arg(digits), QStringLiteral("MnuOpcDecLis(%1)").arg(decimals) }) {
+                const Operands before = ShownOperands();
+                ChooseItem(item);
+                EXPECT_NE(ShownOperands(), before) << "an option that is checked already draws anew, too";
+            }
+            ExpectOptions(digits, decimals);
             for (int exercise = 0; exercise < 2; ++exercise) {
                 expectDrawn(ShownOperands(), static_cast<std::size_t>(digits) + 1, static_cast<std::size_t>(decimals));
-                Click(Form(), continuar);
+                ClickOn(continuar);
             }
         }
     }
@@ -782,71 +468,47 @@ TEST_P(ColumnFormTest, OptionsDrawOperandsOfAsManyDigitsAndDecimals)
 
 TEST_P(ColumnFormTest, AnOptionClearsAnswerAndVerdictAndLeavesScoreAndFocus)
 {
-    for (const QString& item : { QStringLiteral("MnuOpcCifLis(3)"), QStringLiteral("MnuOpcDecLis(1)") }) {
+    for (const char* item : { "MnuOpcCifLis(3)", "MnuOpcDecLis(1)" }) {
         Open();
         AnswerWrong();
-        Choose(Form(), item);
+        ChooseItem(item);
         AnswerRight();
         EXPECT_EQ(Score(), "Ejercicios:  2; Errores:  1") << "drawn before a right answer, it counts";
-        Choose(Form(), item);
-        EXPECT_EQ(Answer(), "");
-        EXPECT_EQ(Verdict(), "");
-        EXPECT_EQ(Score(), "Ejercicios:  2; Errores:  1");
-        EXPECT_EQ(FocusName(), "Command2(0)");
-        ExpectHighlightedOperands();
+        ChooseItem(item);
+        ExpectUnanswered("Ejercicios:  2; Errores:  1");
+        EXPECT_EQ(FocusName(), continuar);
         AnswerWrong();
         ExpectVerdict(false, "Ejercicios:  2; Errores:  1");
-        Click(Form(), continuar);
-        Click(Form(), verSolución);
-        Choose(Form(), item);
+        ClickOn(verSolución);
+        ClickOn(continuar);
+        ChooseItem(item);
         AnswerRight();
-        ExpectVerdict(true, "Ejercicios:  2; Errores:  1");
-        Click(Form(), continuar);
-        AnswerRight();
-        EXPECT_EQ(Score(), "Ejercicios:  3; Errores:  1");
+        ExpectVerdict(true, "Ejercicios:  3; Errores:  1");
     }
 }
 
 // --- Operands typed by the pupil -----------------------------------------------------------------------------------
 
-TEST_P(ColumnFormTest, F2AndF3AndTheirMenuItemsReplaceAnOperand)
+TEST_P(ColumnFormTest, F2AndF3AndTheirMenuItemsReplaceAnOperandAndPutTheCommasUnderEachOther)
 {
-    const Operands drawn = ShownOperands();
-    EnterOperand(Qt::Key_F2, QStringLiteral("482,37"));
-    EXPECT_EQ(ShownOperands(), (Operands { "482,37", drawn.Lower }));
-    EnterOperand(Qt::Key_F3, QStringLiteral("905,16"));
-    EXPECT_EQ(ShownOperands(), (Operands { "482,37", "905,16" }));
-    ExpectInput(InputTitle(), prompt, QStringLiteral("7"));
-    Choose(Form(), QStringLiteral("MnuOpcIn1"));
-    EXPECT_EQ(ShownOperands(), (Operands { "  7   ", "905,16" }));
-    ExpectInput(InputTitle(), prompt, QStringLiteral("-123"));
-    Choose(Form(), QStringLiteral("MnuOpcIn2"));
-    EXPECT_EQ(ShownOperands(), (Operands { "    7", "-.123" }));
-}
-
-TEST_P(ColumnFormTest, TheCommasOfTypedOperandsStandUnderEachOther)
-{
-    struct Pair {
-        const char* Upper;
-        const char* Lower;
-        Operands Shown;
-    };
-    const Pair pairs[] = {
-        { "1234,5", "905,16", { "1.234,5 ", "  905,16" } },
-        { "905,16", "1234,5", { "  905,16", "1.234,5 " } },
-        { "12", "3,45", { "12   ", " 3,45" } },
-        { "3,45", "12", { " 3,45", "12   " } },
-        { "5", "1234", { "    5", "1.234" } },
-        { "1.5", "25E-2", { "15   ", " 0,25" } },
-        { "0,123456789", " 12345678 ", { "         0,123456789", "12.234.678          " } },
-    };
-    for (const Pair& pair : pairs) {
-        SCOPED_TRACE(std::string(pair.Upper) + " and " + pair.Lower);
-        EnterOperands(pair.Upper, pair.Lower);
-        EXPECT_EQ(ShownOperands(), pair.Shown);
+    const auto expectOperands = [this](const Operands& operands) {
+        EXPECT_EQ(ShownOperands(), operands);
         ExpectHighlightedOperands();
         EXPECT_EQ(Form().Text2[0]->font(), Form().Text2[1]->font());
-    }
+    };
+    const std::string drawn = ShownOperands().second;
+    EnterOperand(Qt::Key_F2, "482,37");
+    expectOperands({ "482,37", drawn });
+    EnterOperand(Qt::Key_F3, "905,16");
+    expectOperands({ "482,37", "905,16" });
+    ExpectInput(GetParam().Name, prompt, "7");
+    ChooseItem("MnuOpcIn1");
+    expectOperands({ "  7   ", "905,16" });
+    ExpectInput(GetParam().Name, prompt, "-123");
+    ChooseItem("MnuOpcIn2");
+    expectOperands({ "    7", "-.123" });
+    EnterOperands("0,123456789", " 12345678 ");
+    expectOperands({ "         0,123456789", "12.234.678          " });
 }
 
 TEST_P(ColumnFormTest, EntryClearsAnswerAndVerdictAndKeepsEverythingElse)
@@ -854,74 +516,48 @@ TEST_P(ColumnFormTest, EntryClearsAnswerAndVerdictAndKeepsEverythingElse)
     for (const int key : { Qt::Key_F2, Qt::Key_F3 }) {
         Open();
         AnswerWrong();
-        EnterOperand(key, QStringLiteral("4,5"));
-        EXPECT_EQ(Answer(), "");
-        EXPECT_EQ(Verdict(), "");
-        EXPECT_EQ(Score(), "Ejercicios:  1; Errores:  1");
-        EXPECT_EQ(CheckedItems(*Form().MnuOpcCif), std::vector<int> { 2 });
-        EXPECT_EQ(CheckedItems(*Form().MnuOpcDec), std::vector<int> { 2 });
-        for (const char* focused : { "Text3", "Command2(0)", "Text2(1)" }) {
-            Click(Form(), QString::fromLatin1(focused));
-            Find<QWidget>(Form(), QString::fromLatin1(focused)).setFocus();
-            EnterOperand(key, QStringLiteral("8,5"));
+        EnterOperand(key, "4,5");
+        ExpectUnanswered("Ejercicios:  1; Errores:  1");
+        ExpectOptions(2, 2);
+        for (const char* focused : { "Text3", continuar, "Text2(1)" }) {
+            ClickOn(focused);
+            Find<QWidget>(Form(), focused).setFocus();
+            EnterOperand(key, "8,5");
             EXPECT_EQ(FocusName(), focused);
         }
-        Click(Form(), continuar);
+        ClickOn(continuar);
         expectDrawn(ShownOperands(), 3, 2);
     }
-}
-
-TEST_P(ColumnFormTest, ATypedExerciseIsScoredAsTheOneItReplaces)
-{
-    EnterOperands("9", "4");
-    AnswerRight();
-    ExpectVerdict(true, "Ejercicios:  1; Errores:  0");
-    EnterOperand(Qt::Key_F2, QStringLiteral("8"));
-    AnswerWrong();
-    ExpectVerdict(false, "Ejercicios:  1; Errores:  0");
-    Click(Form(), continuar);
-    EnterOperand(Qt::Key_F3, QStringLiteral("4"));
-    AnswerWrong();
-    ExpectVerdict(false, "Ejercicios:  2; Errores:  1");
 }
 
 TEST_P(ColumnFormTest, EntryThatIsCancelledOrNoNumberChangesNothingAndIsPassedOverInSilence)
 {
     AnswerWrong();
-    const Contents before = Shown();
+    const std::string before = Shown();
     for (const int key : { Qt::Key_F2, Qt::Key_F3 }) {
-        for (const QString& typed : { QString(), QStringLiteral("12") }) {
-            ExpectInputCancelled(InputTitle(), prompt, typed);
+        for (const char* typed : { "", "12" }) {
+            ExpectInputCancelled(GetParam().Name, prompt, typed);
             Press(key);
             EXPECT_EQ(Shown(), before);
             ComeBackFromBox();
             EXPECT_EQ(FocusName(), "Text3");
         }
         for (const char* text : { "", " ", "abc", "12a", "12,5 €" }) {
-            SCOPED_TRACE(text);
-            EnterOperand(key, QString::fromUtf8(text));
-            EXPECT_EQ(Shown(), before);
+            EnterOperand(key, text);
+            EXPECT_EQ(Shown(), before) << text;
         }
     }
-    EXPECT_TRUE(IsWhollySelected(*Form().Text4));
+    ExpectHighlighted(*Form().Text4);
     ExpectHighlightedOperands();
 }
 
 TEST_P(ColumnFormTest, ANumberBeyondAllNumbersIsRefusedWithAMessage)
 {
     AnswerWrong();
-    const Contents before = Shown();
     const std::string right = RightAnswer();
-    for (const QString& text : { QStringLiteral("1e999"), QStringLiteral("-1e400"), QString(310, u'9') }) {
-        for (const int key : { Qt::Key_F2, Qt::Key_F3 }) {
-            ExpectInput(InputTitle(), prompt, text);
-            ExpectMessage(QStringLiteral("Numbrela"), QStringLiteral("El dato introducido no es válido"));
-            Press(key);
-            EXPECT_EQ(PendingBoxes(), 0);
-            EXPECT_EQ(Shown(), before);
-            ComeBackFromBox();
-            EXPECT_EQ(FocusName(), "Text3");
-        }
+    for (const std::string& text : { std::string("1e999"), std::string("-1e400"), std::string(310, '9') }) {
+        EnterRefused(Qt::Key_F2, text, "Numbrela", "El dato introducido no es válido");
+        EnterRefused(Qt::Key_F3, text, "Numbrela", "El dato introducido no es válido");
     }
     AnswerWith(right);
     EXPECT_EQ(Verdict(), "resultado correcto");
@@ -930,34 +566,18 @@ TEST_P(ColumnFormTest, ANumberBeyondAllNumbersIsRefusedWithAMessage)
 // The operand is kept, although it is not shown before the next one is.
 TEST_P(ColumnFormTest, AResultTooLargeIsToldAndCheckingOrShowingItIsARunTimeError)
 {
-    const QString lower = IsAddition() ? QStringLiteral("1e308") : QStringLiteral("-1e308");
-    const auto expectTooLarge = [this](int key, const QString& operand) {
-        const Contents before = Shown();
-        ExpectInput(InputTitle(), prompt, operand);
-        ExpectMessage(QStringLiteral("Error"), QString::fromUtf8(GetParam().TooLarge));
-        Press(key);
-        EXPECT_EQ(PendingBoxes(), 0);
-        EXPECT_EQ(Shown(), before);
-        ComeBackFromBox();
-        EXPECT_EQ(FocusName(), "Text3");
-    };
+    const char* lower = IsAddition() ? "1e308" : "-1e308";
     EnterOperand(Qt::Key_F3, lower);
-    expectTooLarge(Qt::Key_F2, QStringLiteral("1e308"));
-    Open();
-    EnterOperands("1e308", "5");
-    AnswerWith("7");
-    expectTooLarge(Qt::Key_F3, lower);
-    EXPECT_EQ(Trimmed(Shown().Lower), "5");
-    EnterOperand(Qt::Key_F2, QStringLiteral("2"));
-    EXPECT_EQ(Trimmed(Shown().Upper), "2");
-    EXPECT_GE(digitsOf(std::string(Trimmed(Shown().Lower))).first.size(), 309U);
+    EnterRefused(Qt::Key_F2, "1e308", "Error", GetParam().TooLarge);
+    EnterOperand(Qt::Key_F3, "5");
+    EXPECT_GE(Trimmed(ShownOperands().first).size(), 309U);
 
-    for (const QString& button : { hecho, verSolución }) {
+    for (const char* button : { hecho, verSolución }) {
         const std::vector<RunTimeError> errors = RunTimeErrorsOf([&] {
             Open();
-            EnterOperand(Qt::Key_F2, QStringLiteral("1e308"));
-            expectTooLarge(Qt::Key_F3, lower);
-            Click(Form(), button);
+            EnterOperand(Qt::Key_F2, "1e308");
+            EnterRefused(Qt::Key_F3, lower, "Error", GetParam().TooLarge);
+            ClickOn(button);
         });
         ASSERT_EQ(errors.size(), 1U);
         EXPECT_EQ(errors.front().ErrorKind(), RunTimeError::Kind::Overflow);
@@ -965,50 +585,28 @@ TEST_P(ColumnFormTest, AResultTooLargeIsToldAndCheckingOrShowingItIsARunTimeErro
     }
 }
 
-// Typed operands may be equal, or the lower one the greater.
-TEST_P(ColumnFormTest, AResultMayBeZeroOrNegative)
-{
-    EnterOperands(IsAddition() ? "-482,37" : "482,37", "482,37");
-    Press(Qt::Key_Return);
-    ExpectVerdict(true, "Ejercicios:  1; Errores:  0");
-    Click(Form(), verSolución);
-    EXPECT_EQ(Answer(), "0");
-    EnterOperands(IsAddition() ? "-1235" : "1", IsAddition() ? "1" : "1235");
-    AnswerWith("1234");
-    EXPECT_EQ(Verdict(), "resultado incorrecto");
-    AnswerWith("-1234");
-    EXPECT_EQ(Verdict(), "resultado correcto");
-    Click(Form(), verSolución);
-    EXPECT_EQ(Answer(), "-1.234");
-}
-
 // --- Long texts ------------------------------------------------------------------------------------------------------
-
-void expectSeenWhole(const TextBox& box)
-{
-    constexpr int frame = 2;
-    EXPECT_LE(QFontMetrics(box.font()).horizontalAdvance(box.text()), box.width() - 2 * frame)
-        << box.objectName().toStdString() << ": " << box.Text();
-}
 
 TEST_P(ColumnFormTest, LongOperandsAndSolutionsAreSeenWholeAndShortOnesLargeAgain)
 {
     const QFont design = Form().Text2[0]->font();
-    Choose(Form(), QStringLiteral("MnuOpcCifLis(6)"));
-    Choose(Form(), QStringLiteral("MnuOpcDecLis(6)"));
+    ChooseItem("MnuOpcCifLis(6)");
+    ChooseItem("MnuOpcDecLis(6)");
     for (const bool typed : { false, true }) {
         if (typed) { // too many even for the narrower digits of the answer at the smallest size of the others
             EnterOperands("12345678901234567890", "1");
         }
-        Click(Form(), verSolución);
+        ClickOn(verSolución);
         for (const TextBox* box : { Form().Text2[0], Form().Text2[1], Form().Text3 }) {
-            expectSeenWhole(*box);
+            constexpr int frame = 2;
+            EXPECT_LE(QFontMetrics(box->font()).horizontalAdvance(box->text()), box->width() - 2 * frame)
+                << box->Text();
         }
         EXPECT_LT(Form().Text2[0]->font().pixelSize(), design.pixelSize());
         EXPECT_EQ(Form().Text2[0]->font(), Form().Text2[1]->font());
     }
-    Choose(Form(), QStringLiteral("MnuOpcCifLis(2)"));
-    Choose(Form(), QStringLiteral("MnuOpcDecLis(2)"));
+    ChooseItem("MnuOpcCifLis(2)");
+    ChooseItem("MnuOpcDecLis(2)");
     EXPECT_EQ(Form().Text2[0]->font(), design);
     EXPECT_EQ(Form().Text2[1]->font(), design);
 }

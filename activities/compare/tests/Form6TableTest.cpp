@@ -24,6 +24,11 @@ ControlRow number(const char* name, const std::string& caption, int left, int to
     return { .Name = name, .Text = caption.c_str(), .Place = { left, top, 1800, 500 }, .Font = numberFont };
 }
 
+ControlRow shown(const char* name, const char* text, TwipsRect place, const char* spoken)
+{
+    return { name, text, place, formFont, Qt::AlignCenter, true, true, {}, spoken };
+}
+
 TEST(Form6Table, EverythingStandsInItsPlace)
 {
     const FixedClock clock;
@@ -38,30 +43,15 @@ TEST(Form6Table, EverythingStandsInItsPlace)
     EXPECT_EQ(form.windowTitle(), QStringLiteral("MAYOR Y MENOR"));
     ExpectControls(form,
         {
-            { .Name = "Text1",
-                .Text = first.Instruction.c_str(),
-                .Place = { 1000, 100, 4000, 500 },
-                .Font = formFont,
-                .ReadOnly = true,
-                .AccessibleName = "Instrucción" },
+            shown("Text1", first.Instruction.c_str(), { 1000, 100, 4000, 500 }, "Instrucción"),
             number("CbNúmero(0)", first.Captions[0], 100, 1000),
             number("CbNúmero(2)", first.Captions[2], 2100, 1000),
             number("CbNúmero(4)", first.Captions[4], 4100, 1000),
             number("CbNúmero(1)", first.Captions[1], 100, 2000),
             number("CbNúmero(3)", first.Captions[3], 2100, 2000),
             number("CbNúmero(5)", first.Captions[5], 4100, 2000),
-            { .Name = "Text3",
-                .Text = "",
-                .Place = { 2000, 3000, 2000, 500 },
-                .Font = formFont,
-                .ReadOnly = true,
-                .AccessibleName = "Veredicto" },
-            { .Name = "Text2",
-                .Text = "Aciertos: 0;  Errores: 0.",
-                .Place = { 0, 4500, 6000, 500 },
-                .Font = formFont,
-                .ReadOnly = true,
-                .AccessibleName = "Marcador" },
+            shown("Text3", "", { 2000, 3000, 2000, 500 }, "Veredicto"),
+            shown("Text2", "Aciertos: 0;  Errores: 0.", { 0, 4500, 6000, 500 }, "Marcador"),
         });
     EXPECT_EQ(form.size(), QSize(6150, 5300) / 15) << "twips; there is room on all sides of the score line";
     ExpectMenus(form, {});

@@ -22,7 +22,7 @@ double addingDraw(int amount)
     return (amount - 0.5) / 8;
 }
 
-TEST(DivisionDraw, StartsWithTwoDigitsTwoDecimalsByOneDigit)
+TEST(DivisionDraw, StartsWithTwoDigitsTwoDecimalsByOneDigitOfUpToNineAndFive)
 {
     ScriptedRandom random {};
     bool commaShift = false;
@@ -34,15 +34,19 @@ TEST(DivisionDraw, StartsWithTwoDigitsTwoDecimalsByOneDigit)
     EXPECT_FALSE(exercise.ShowSubtractions);
     EXPECT_TRUE(exercise.Score.Scorable);
     EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
-}
-
-TEST(DivisionDraw, OffersOneToNineDigitsAndNoneToFiveDecimals)
-{
     EXPECT_EQ(OptionCaptions(DivisionExercise::DividendDigitChoices), "&1&2&3&4&5&6&7&8&9");
     EXPECT_EQ(OptionCaptions(DivisionExercise::DivisorDigitChoices), "&1&2&3&4&5&6&7&8&9");
     EXPECT_EQ(OptionCaptions(DivisionExercise::DividendDecimalChoices), "&0&1&2&3&4&5");
     EXPECT_EQ(OptionCaptions(DivisionExercise::QuotientDecimalChoices), "&0&1&2&3&4&5");
 }
+
+// The draws of so many digits.
+const auto one = [](double number) { return DrawOfDigits(number, 1); };
+const auto two = [](double number) { return DrawOfDigits(number, 2); };
+const auto three = [](double number) { return DrawOfDigits(number, 3); };
+const auto four = [](double number) { return DrawOfDigits(number, 4); };
+const auto nine = [](double number) { return DrawOfDigits(number, 9); };
+const auto fourteen = [](double number) { return DrawOfDigits(number, 14); };
 
 struct DrawCase {
     const char* What;
@@ -67,63 +71,61 @@ void expectDraws(std::vector<DrawCase> cases)
 TEST(DivisionDraw, DrawsTheDividendAndThenTheDivisor)
 {
     expectDraws({
-        { "as at load", { 2, 2, 1, 0 }, { drawOf(9725, 4), drawOf(4, 1) }, "97,25 ÷ 4" },
-        { "whole", { 3, 0, 2, 0 }, { drawOf(156, 3), drawOf(12, 2) }, "156 ÷ 12" },
-        { "the quotient's decimals draw nothing", { 3, 0, 2, 5 }, { drawOf(156, 3), drawOf(12, 2) }, "156 ÷ 12" },
-        { "one digit each", { 1, 0, 1, 0 }, { drawOf(7, 1), drawOf(9, 1) }, "7 ÷ 9" },
-        { "nine digits by nine", { 9, 0, 9, 0 }, { drawOf(987654321, 9), drawOf(123456789, 9) },
-            "987654321 ÷ 123456789" },
-        { "a whole dividend may end in zero", { 2, 0, 1, 0 }, { drawOf(90, 2), drawOf(8, 1) }, "90 ÷ 8" },
+        { "as at load", { 2, 2, 1, 0 }, { four(9725), one(4) }, "97,25 ÷ 4" },
+        { "whole", { 3, 0, 2, 0 }, { three(156), two(12) }, "156 ÷ 12" },
+        { "the quotient's decimals draw nothing", { 3, 0, 2, 5 }, { three(156), two(12) }, "156 ÷ 12" },
+        { "one digit each", { 1, 0, 1, 0 }, { one(7), one(9) }, "7 ÷ 9" },
+        { "nine digits by nine", { 9, 0, 9, 0 }, { nine(987654321), nine(123456789) }, "987654321 ÷ 123456789" },
+        { "a whole dividend may end in zero", { 2, 0, 1, 0 }, { two(90), one(8) }, "90 ÷ 8" },
     });
 }
 
 TEST(DivisionDraw, HoldsFourteenDigitsExactly)
 {
     expectDraws({
-        { "any", { 9, 5, 1, 0 }, { drawOf(12345678912345, 14), drawOf(4, 1) }, "123456789,12345 ÷ 4" },
-        { "the greatest", { 9, 5, 1, 0 }, { drawOf(99999999999999, 14), drawOf(4, 1) }, "999999999,99999 ÷ 4" },
-        { "the least", { 9, 5, 1, 0 }, { drawOf(10000000000001, 14), drawOf(4, 1) }, "100000000,00001 ÷ 4" },
-        { "one that ends in zero", { 9, 5, 1, 0 }, { drawOf(12345678912340, 14), addingDraw(8), drawOf(4, 1) },
+        { "any", { 9, 5, 1, 0 }, { fourteen(12345678912345), one(4) }, "123456789,12345 ÷ 4" },
+        { "the greatest", { 9, 5, 1, 0 }, { fourteen(99999999999999), one(4) }, "999999999,99999 ÷ 4" },
+        { "the least", { 9, 5, 1, 0 }, { fourteen(10000000000001), one(4) }, "100000000,00001 ÷ 4" },
+        { "one that ends in zero", { 9, 5, 1, 0 }, { fourteen(12345678912340), addingDraw(8), one(4) },
             "123456789,12348 ÷ 4" },
-        { "the greatest draw of all", { 9, 5, 1, 0 }, { greatestDraw, addingDraw(1), drawOf(4, 1) },
-            "1000000000,00001 ÷ 4" },
+        { "the greatest draw of all", { 9, 5, 1, 0 }, { greatestDraw, addingDraw(1), one(4) }, "1000000000,00001 ÷ 4" },
     });
 }
 
 TEST(DivisionDraw, DrawsAgainUntilThereAreEnoughDigits)
 {
     expectDraws({
-        { "the least draw of all", { 2, 2, 1, 0 }, { 0, drawOf(9725, 4), 0, drawOf(4, 1) }, "97,25 ÷ 4" },
-        { "a power of ten is too little", { 2, 0, 2, 0 },
-            { drawOf(9, 2), drawOf(10, 2), drawOf(11, 2), drawOf(9, 2), drawOf(10, 2), drawOf(11, 2) }, "11 ÷ 11" },
-        { "one is never drawn", { 1, 0, 1, 0 }, { drawOf(1, 1), drawOf(2, 1), drawOf(1, 1), drawOf(2, 1) }, "2 ÷ 2" },
+        { "the least draw of all", { 2, 2, 1, 0 }, { 0, four(9725), 0, one(4) }, "97,25 ÷ 4" },
+        { "a power of ten is too little", { 2, 0, 2, 0 }, { two(9), two(10), two(11), two(9), two(10), two(11) },
+            "11 ÷ 11" },
+        { "one is never drawn", { 1, 0, 1, 0 }, { one(1), one(2), one(1), one(2) }, "2 ÷ 2" },
     });
 }
 
 TEST(DivisionDraw, ALastDecimalThatIsZeroGetsOneToEight)
 {
     expectDraws({
-        { "one", { 2, 2, 1, 0 }, { drawOf(9720, 4), 0, drawOf(4, 1) }, "97,21 ÷ 4" },
-        { "eight", { 2, 2, 1, 0 }, { drawOf(9720, 4), greatestDraw, drawOf(4, 1) }, "97,28 ÷ 4" },
-        { "five", { 2, 2, 1, 0 }, { drawOf(9720, 4), addingDraw(5), drawOf(4, 1) }, "97,25 ÷ 4" },
-        { "two zeros", { 2, 2, 1, 0 }, { drawOf(9700, 4), addingDraw(5), drawOf(4, 1) }, "97,05 ÷ 4" },
-        { "one decimal", { 1, 1, 1, 0 }, { drawOf(90, 2), addingDraw(3), drawOf(4, 1) }, "9,3 ÷ 4" },
-        { "every amount as often", { 1, 1, 1, 0 }, { drawOf(90, 2), 0.124, drawOf(4, 1) }, "9,1 ÷ 4" },
-        { "every amount as often, the next one", { 1, 1, 1, 0 }, { drawOf(90, 2), 0.125, drawOf(4, 1) }, "9,2 ÷ 4" },
+        { "one", { 2, 2, 1, 0 }, { four(9720), 0, one(4) }, "97,21 ÷ 4" },
+        { "eight", { 2, 2, 1, 0 }, { four(9720), greatestDraw, one(4) }, "97,28 ÷ 4" },
+        { "five", { 2, 2, 1, 0 }, { four(9720), addingDraw(5), one(4) }, "97,25 ÷ 4" },
+        { "two zeros", { 2, 2, 1, 0 }, { four(9700), addingDraw(5), one(4) }, "97,05 ÷ 4" },
+        { "one decimal", { 1, 1, 1, 0 }, { two(90), addingDraw(3), one(4) }, "9,3 ÷ 4" },
+        { "every amount as often", { 1, 1, 1, 0 }, { two(90), 0.124, one(4) }, "9,1 ÷ 4" },
+        { "every amount as often, the next one", { 1, 1, 1, 0 }, { two(90), 0.125, one(4) }, "9,2 ÷ 4" },
     });
 }
 
 TEST(DivisionDraw, APowerOfTenLosesOneUnlessItHasDecimals)
 {
     expectDraws({
-        { "of two digits", { 2, 0, 1, 0 }, { drawOf(100, 2), drawOf(4, 1) }, "99 ÷ 4" },
-        { "of one digit", { 1, 0, 1, 0 }, { drawOf(10, 1), drawOf(4, 1) }, "9 ÷ 4" },
-        { "of nine digits", { 9, 0, 1, 0 }, { greatestDraw, drawOf(4, 1) }, "999999999 ÷ 4" },
-        { "whatever the quotient's decimals", { 2, 0, 1, 3 }, { drawOf(100, 2), drawOf(4, 1) }, "99 ÷ 4" },
-        { "with decimals it keeps its digit more", { 2, 2, 1, 0 }, { drawOf(10000, 4), addingDraw(3), drawOf(4, 1) },
+        { "of two digits", { 2, 0, 1, 0 }, { two(100), one(4) }, "99 ÷ 4" },
+        { "of one digit", { 1, 0, 1, 0 }, { one(10), one(4) }, "9 ÷ 4" },
+        { "of nine digits", { 9, 0, 1, 0 }, { greatestDraw, one(4) }, "999999999 ÷ 4" },
+        { "whatever the quotient's decimals", { 2, 0, 1, 3 }, { two(100), one(4) }, "99 ÷ 4" },
+        { "with decimals it keeps its digit more", { 2, 2, 1, 0 }, { four(10000), addingDraw(3), one(4) },
             "100,03 ÷ 4" },
-        { "the divisor", { 2, 0, 1, 0 }, { drawOf(84, 2), drawOf(10, 1) }, "84 ÷ 9" },
-        { "a divisor of nine digits", { 2, 0, 9, 0 }, { drawOf(84, 2), greatestDraw }, "84 ÷ 999999999" },
+        { "the divisor", { 2, 0, 1, 0 }, { two(84), one(10) }, "84 ÷ 9" },
+        { "a divisor of nine digits", { 2, 0, 9, 0 }, { two(84), greatestDraw }, "84 ÷ 999999999" },
     });
 }
 
@@ -137,43 +139,17 @@ TEST(DivisionDraw, OfOneDigitNineIsTwiceAsLikely)
     }
 }
 
-TEST(DivisionDraw, KeepsToTheOptions)
-{
-    SeededRandom random(2024);
-    bool commaShift = false;
-    DivisionExercise exercise(random, commaShift);
-    for (int digits = 1; digits <= 9; ++digits) {
-        for (int decimals = 0; decimals <= 5; ++decimals) {
-            setOptions(exercise, { digits, decimals, digits, 0 });
-            for (int times = 0; times < 50; ++times) {
-                exercise.GenerateDivision();
-                const std::string dividend = exercise.DividendText();
-                const std::size_t comma = std::min(dividend.find(','), dividend.size());
-                if (exercise.Dividend < std::pow(10, digits)) {
-                    EXPECT_EQ(comma, static_cast<std::size_t>(digits)) << dividend;
-                }
-                EXPECT_EQ(dividend.size() - comma, static_cast<std::size_t>(decimals == 0 ? 0 : decimals + 1))
-                    << dividend;
-                EXPECT_EQ(exercise.DivisorText().size(), static_cast<std::size_t>(digits));
-                EXPECT_GT(exercise.Divisor, 1);
-            }
-        }
-    }
-}
-
 // ------------------------------------------------------------------------------------------------------------ layout
-
-struct LayoutCase {
-    DivisionOptions Options;
-    double DividendDigits;
-    const char* Row;
-    int LineWidth;
-    int CommaColumn;
-};
 
 TEST(DivisionDraw, LaysTheGridOutForItsDigits)
 {
-    const LayoutCase cases[] = {
+    const struct {
+        DivisionOptions Options;
+        double DividendDigits;
+        const char* Row;
+        int LineWidth;
+        int CommaColumn;
+    } cases[] = {
         { { 2, 2, 1, 0 }, 9725, " 97,25", 8, 3 },
         { { 2, 2, 1, 3 }, 9725, " 97,25", 11, 3 },
         { { 3, 0, 1, 0 }, 156, " 156", 7, -1 },
@@ -183,19 +159,19 @@ TEST(DivisionDraw, LaysTheGridOutForItsDigits)
         { { 9, 5, 1, 5 }, 12345678912345, " 123456789,12345", 23, 10 },
         { { 2, 2, 1, 0 }, 10003, " 100,03", 8, 4 },
     };
-    for (const LayoutCase& layout : cases) {
-        SCOPED_TRACE(layout.Row);
-        const DrawnDivision drawn(layout.Options, layout.DividendDigits, 4);
-        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), std::vector<std::string> { layout.Row });
-        EXPECT_EQ(drawn.Exercise.Grid.LineWidth, layout.LineWidth);
-        EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, layout.CommaColumn);
-        EXPECT_EQ(drawn.Exercise.Grid.Caret, layout.LineWidth + 1) << "below the first digit";
+    for (const auto& [options, digits, row, lineWidth, commaColumn] : cases) {
+        SCOPED_TRACE(row);
+        const DrawnDivision drawn(options, digits, 4);
+        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), std::vector<std::string> { row });
+        EXPECT_EQ(drawn.Exercise.Grid.LineWidth, lineWidth);
+        EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, commaColumn);
+        EXPECT_EQ(drawn.Exercise.Grid.Caret, lineWidth + 1) << "below the first digit";
     }
 }
 
 TEST(DivisionDraw, EveryNewDivisionIsCleanAndScored)
 {
-    ScriptedRandom random { drawOf(84, 2), drawOf(4, 1), drawOf(97, 2), drawOf(6, 1) };
+    ScriptedRandom random { DrawOfDigits(84, 2), DrawOfDigits(4, 1), DrawOfDigits(97, 2), DrawOfDigits(6, 1) };
     bool commaShift = false;
     DivisionExercise exercise(random, commaShift);
     setOptions(exercise, { 2, 0, 1, 0 });
@@ -222,35 +198,24 @@ TEST(DivisionDraw, ClearingTheWorkingKeepsTheDivision)
     EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, 3);
 }
 
-TEST(DivisionDraw, RefusesMoreDigitsThanItHasRoomForAndKeepsTheDivision)
+TEST(DivisionDraw, DrawsAsManyDigitsAsItHasRoomForAndRefusesMoreAndKeepsTheDivision)
 {
     const std::pair<int, int> digitCases[] = { { 195, 1 }, { 32763, 1 }, { 2, 309 }, { 2, 32767 } };
     for (const auto& [dividendDigits, divisorDigits] : digitCases) {
         SeededRandom random(1);
         bool commaShift = false;
         DivisionExercise exercise(random, commaShift);
-        setOptions(exercise, { 2, 0, 1, 0 });
+        setOptions(exercise, { 194, 0, 308, 0 });
         exercise.GenerateDivision();
         const std::string statement = exercise.Statement();
+        EXPECT_EQ(statement.size(), 194 + std::string(" ÷ ").size() + 308);
         exercise.Score.Scorable = false;
         setOptions(exercise, { dividendDigits, 0, divisorDigits, 0 });
         EXPECT_EQ(KindThrownBy([&] { exercise.GenerateDivision(); }), RunTimeError::Kind::Overflow);
         EXPECT_EQ(exercise.Statement(), statement);
-        EXPECT_EQ(exercise.Grid.LineWidth, 6);
+        EXPECT_EQ(exercise.Grid.LineWidth, 198);
         EXPECT_FALSE(exercise.Score.Scorable);
     }
-}
-
-TEST(DivisionDraw, DrawsNumbersOfManyDigitsAsFarAsADoubleGoes)
-{
-    SeededRandom random(1);
-    bool commaShift = false;
-    DivisionExercise exercise(random, commaShift);
-    setOptions(exercise, { 194, 0, 308, 0 });
-    exercise.GenerateDivision();
-    EXPECT_EQ(exercise.DividendText().size(), 194U);
-    EXPECT_EQ(exercise.DivisorText().size(), 308U);
-    EXPECT_EQ(exercise.Grid.LineWidth, 198);
 }
 
 } // namespace

@@ -11,22 +11,17 @@ namespace {
 
 using namespace testing;
 
-struct EntryCase {
-    const char* Typed;
-    double Value;
-    int Length;
-};
-
-constexpr EntryCase entryCases[] = { { "97", 97, 2 }, { "1", 1, 1 }, { "  97  ", 97, 2 }, { "1,9", 1, 3 },
-    { "12,5", 12, 4 }, { "2.9", 2, 3 }, { "-8", -8, 2 }, { "-8,7", -8, 4 }, { "- 8", -8, 3 }, { "+8", 8, 2 },
-    { "007", 7, 3 }, { "1 2", 12, 3 }, { "12abc", 12, 5 }, { "12ñü", 12, 4 }, { "1e3", 1000, 3 },
-    { "123456789", 123456789, 9 }, { "1234567890", 1234567890, 10 }, { "123456789012345", 123456789012345, 15 } };
-
-const std::string manyNines = std::string(400, '9');
-
 TEST(DivisionEntry, ANumberIsTheWholePartOfWhatWasTyped)
 {
-    for (const auto& [typed, value, length] : entryCases) {
+    const struct {
+        const char* Typed;
+        double Value;
+        int Length;
+    } cases[] = { { "97", 97, 2 }, { "1", 1, 1 }, { "  97  ", 97, 2 }, { "1,9", 1, 3 }, { "12,5", 12, 4 },
+        { "2.9", 2, 3 }, { "-8", -8, 2 }, { "-8,7", -8, 4 }, { "- 8", -8, 3 }, { "+8", 8, 2 }, { "007", 7, 3 },
+        { "1 2", 12, 3 }, { "12abc", 12, 5 }, { "12ñü", 12, 4 }, { "1e3", 1000, 3 }, { "1234567890", 1234567890, 10 },
+        { "123456789012345", 123456789012345, 15 } };
+    for (const auto& [typed, value, length] : cases) {
         SCOPED_TRACE(typed);
         DrawnDivision drawn({ 2, 0, 1, 0 }, 84, 4);
         EXPECT_TRUE(drawn.Exercise.EnterDividend(typed));
@@ -86,59 +81,50 @@ TEST(DivisionEntry, ADividendBeginsACleanGridWithoutRoomForDecimals)
     EXPECT_EQ(drawn.Exercise.Grid.Caret, 10) << "which a sign moves to the right";
 }
 
-TEST(DivisionEntry, ADividendLeavesTheRestAsItWas)
+TEST(DivisionEntry, ADividendAndADivisorLeaveTheRestAsItWas)
 {
     for (const bool scorable : { true, false }) {
         DrawnDivision drawn({ 2, 2, 1, 3 }, 9725, 4);
-        drawn.Exercise.Score.Count(false);
-        drawn.Exercise.Score.Scorable = scorable;
-        ASSERT_TRUE(drawn.Exercise.EnterDividend("1234"));
-        EXPECT_EQ(drawn.Exercise.DividendDecimals, 2);
-        EXPECT_EQ(drawn.Exercise.QuotientDecimals, 3);
-        EXPECT_EQ(drawn.Exercise.Grid.CommaColumn, 3);
-        EXPECT_EQ(drawn.Exercise.Divisor, 4);
-        EXPECT_EQ(drawn.Exercise.DivisorDigits, 1);
-        EXPECT_EQ(drawn.Exercise.Score.Scorable, scorable);
-        EXPECT_EQ(drawn.Exercise.Score.Line(), "Ejercicios:  1; Errores:  1");
-    }
-}
-
-TEST(DivisionEntry, ADivisorLeavesTheRestAsItWas)
-{
-    for (const bool scorable : { true, false }) {
-        DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
-        typeRow(drawn.Exercise.Grid, 1, " 17");
-        const int caret = drawn.Exercise.Grid.Caret;
-        drawn.Exercise.Score.Scorable = scorable;
-        ASSERT_TRUE(drawn.Exercise.EnterDivisor("12"));
-        EXPECT_EQ(drawn.Exercise.Dividend, 97.25);
-        EXPECT_EQ(drawn.Exercise.DividendDigits, 2);
-        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
-        EXPECT_EQ(drawn.Exercise.Grid.Caret, caret);
-        EXPECT_EQ(drawn.Exercise.Grid.LineWidth, 8);
-        EXPECT_EQ(drawn.Exercise.Score.Scorable, scorable);
+        DivisionExercise& exercise = drawn.Exercise;
+        typeRow(exercise.Grid, 1, " 17");
+        const int caret = exercise.Grid.Caret;
+        exercise.Score.Count(false);
+        exercise.Score.Scorable = scorable;
+        ASSERT_TRUE(exercise.EnterDivisor("12"));
+        EXPECT_EQ(exercise.Statement(), "97,25 ÷ 12");
+        EXPECT_EQ(exercise.DividendDigits, 2);
+        EXPECT_EQ(rowsOf(exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
+        EXPECT_EQ(exercise.Grid.Caret, caret);
+        EXPECT_EQ(exercise.Grid.LineWidth, 11);
+        ASSERT_TRUE(exercise.EnterDividend("1234"));
+        EXPECT_EQ(exercise.Statement(), "1234 ÷ 12");
+        EXPECT_EQ(exercise.DividendDecimals, 2);
+        EXPECT_EQ(exercise.QuotientDecimals, 3);
+        EXPECT_EQ(exercise.Grid.CommaColumn, 3);
+        EXPECT_EQ(exercise.DivisorDigits, 2);
+        EXPECT_EQ(exercise.Score.Scorable, scorable);
+        EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  1; Errores:  1");
     }
 }
 
 TEST(DivisionEntry, ANumberThatDoesNotFitIsRefusedAndNothingIsLost)
 {
-    const std::string tooWide = std::string(194, '0') + "1";
-    for (const std::string& typed : { std::string("1e400"), std::string("-1e400"), manyNines, tooWide }) {
+    const auto expectRefused = [](bool (DivisionExercise::*enter)(std::string_view), const std::string& typed) {
         SCOPED_TRACE(typed);
         DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
         typeRow(drawn.Exercise.Grid, 1, " 17");
-        EXPECT_EQ(KindThrownBy([&] { drawn.Exercise.EnterDividend(typed); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(KindThrownBy([&] { (drawn.Exercise.*enter)(typed); }), RunTimeError::Kind::Overflow);
         EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");
         EXPECT_EQ(drawn.Exercise.DividendDigits, 2);
-        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
-    }
-    const std::string longerThanACounter = std::string(40000, '0') + "1";
-    for (const std::string& typed : { std::string("1e400"), manyNines, longerThanACounter }) {
-        DrawnDivision drawn({ 2, 2, 1, 0 }, 9725, 4);
-        EXPECT_EQ(KindThrownBy([&] { drawn.Exercise.EnterDivisor(typed); }), RunTimeError::Kind::Overflow);
-        EXPECT_EQ(drawn.Exercise.Statement(), "97,25 ÷ 4");
         EXPECT_EQ(drawn.Exercise.DivisorDigits, 1);
+        EXPECT_EQ(rowsOf(drawn.Exercise.Grid), (std::vector<std::string> { " 97,25", " 17" }));
+    };
+    for (const std::string& typed : { std::string("1e400"), std::string("-1e400"), std::string(400, '9') }) {
+        expectRefused(&DivisionExercise::EnterDividend, typed);
+        expectRefused(&DivisionExercise::EnterDivisor, typed);
     }
+    expectRefused(&DivisionExercise::EnterDividend, std::string(194, '0') + "1"); // too wide
+    expectRefused(&DivisionExercise::EnterDivisor, std::string(40000, '0') + "1"); // longer than a counter
 }
 
 TEST(DivisionEntry, ALongDividendFillsAGridOf198ColumnsOrRunsOverSeveralRows)

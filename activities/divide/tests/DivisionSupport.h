@@ -4,18 +4,11 @@
 #include "common/core/NumberText.h"
 #include "tests/support/ScriptedRandom.h"
 
-#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace numbrela::testing {
-
-// The draw that makes this whole number of so many digits.
-inline double drawOf(double number, int digits)
-{
-    return (number - 0.5) / std::pow(10, digits);
-}
 
 // What the options say.
 struct DivisionOptions {
@@ -39,8 +32,8 @@ inline void setOptions(DivisionExercise& exercise, const DivisionOptions& option
 class DrawnDivision {
 public:
     DrawnDivision(const DivisionOptions& options, double dividendDigits, double divisor)
-        : random_ { drawOf(dividendDigits, options.DividendDigits + options.DividendDecimals),
-            drawOf(divisor, options.DivisorDigits) }
+        : random_ { DrawOfDigits(dividendDigits, options.DividendDigits + options.DividendDecimals),
+            DrawOfDigits(divisor, options.DivisorDigits) }
         , Exercise(random_, CommaShift)
     {
         setOptions(Exercise, options);

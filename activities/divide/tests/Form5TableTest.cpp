@@ -16,10 +16,11 @@ using namespace testing;
 
 constexpr FontSpec digitFont { "Courier New", 14.25 };
 constexpr FontSpec formFont { "Arial", 12 };
-constexpr FontSpec buttonFont { "Arial", 9.75 };
+constexpr FontSpec smallFont { "Arial", 9.75 };
 constexpr Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
+constexpr Qt::Alignment centre = Qt::AlignCenter;
 
-TEST(Form5Table, ControlsStandWhereTheBracketWantsThem)
+TEST(Form5Table, ControlsStandWhereTheBracketWantsThemAndMenusOfferTheOptionsWithTheirDefaultsChecked)
 {
     const FixedClock clock;
     bool commaShift = false;
@@ -28,32 +29,24 @@ TEST(Form5Table, ControlsStandWhereTheBracketWantsThem)
     QCoreApplication::processEvents(); // let the layout settle
     EXPECT_EQ(form.windowTitle(), QStringLiteral("DIVISIONES"));
     EXPECT_EQ(form.objectName(), QStringLiteral("Form5"));
+    const auto button = [](const char* name, const char* caption, int top, QColor colour) {
+        return ControlRow { name, caption, { 3000, top, 2000, 495 }, smallFont, {}, false, true, colour };
+    };
     ExpectControls(form,
         {
             { "Text1", "", { 1275, 500, 1320, 7000 }, digitFont, {}, false, true, {}, "Dividendo y operaciones" },
             { "Text2", "2", { 2600, 500, 2100, 435 }, digitFont, left, true, true, {}, "Divisor" },
             { "Text3", "", { 2600, 935, 2100, 435 }, digitFont, left, false, true, {}, "Cociente" },
-            { "Command1", "&Hecho", { 3000, 2000, 2000, 495 }, buttonFont, {}, false, true, QColor(255, 255, 0) },
-            { "Text4", "86,18 ÷ 2", { 3000, 2500, 2000, 495 }, buttonFont, {}, true, true, {},
-                "Enunciado y veredicto" },
-            { "Command2(0)", "&Continuar", { 3000, 3000, 2000, 495 }, buttonFont, {}, false, true,
-                QColor(0, 255, 255) },
-            { "Command2(1)", "&Borrar", { 3000, 3500, 2000, 495 }, buttonFont, {}, false, true, QColor(0, 255, 0) },
-            { "Command2(2)", "&Ver solucióm", { 3000, 4000, 2000, 495 }, buttonFont, {}, false, true,
-                QColor(255, 0, 0) },
-            { "tbResultados", "Ejercicios:  0; Errores:  0", { 2700, 7500, 2800, 495 }, formFont, Qt::AlignCenter, true,
-                true, {}, "Marcador" },
+            button("Command1", "&Hecho", 2000, { 255, 255, 0 }),
+            { "Text4", "86,18 ÷ 2", { 3000, 2500, 2000, 495 }, smallFont, {}, true, true, {}, "Enunciado y veredicto" },
+            button("Command2(0)", "&Continuar", 3000, { 0, 255, 255 }),
+            button("Command2(1)", "&Borrar", 3500, { 0, 255, 0 }),
+            button("Command2(2)", "&Ver solucióm", 4000, { 255, 0, 0 }),
+            { "tbResultados", "Ejercicios:  0; Errores:  0", { 2700, 7500, 2800, 495 }, formFont, centre, true, true,
+                {}, "Marcador" },
             { "Line1", "", { 2585, 485, 30, 465 }, formFont, {}, false, false },
             { "Line2", "", { 2585, 920, 2130, 30 }, formFont, {}, false, false },
         });
-}
-
-TEST(Form5Table, MenusOfferTheOptionsWithTheirDefaultsChecked)
-{
-    const FixedClock clock;
-    bool commaShift = false;
-    Form5 form(clock, commaShift);
-    ShowAndActivate(form);
     ExpectMenus(form,
         {
             "MnuOpc &Opciones",

@@ -74,11 +74,9 @@ protected:
     bool hasInk(int cell, const QColor& ink)
     {
         const QImage picture = Box.grab(Box.CellRect(cell)).toImage();
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                if (picture.pixelColor(x, y) == ink) {
-                    return true;
-                }
+        for (int pixel = 0; pixel < picture.width() * picture.height(); ++pixel) {
+            if (picture.pixelColor(pixel % picture.width(), pixel / picture.width()) == ink) {
+                return true;
             }
         }
         return false;
@@ -112,8 +110,6 @@ public:
 
 TEST_F(WorkingGridBoxTest, PaintsEachCharacterInItsCell)
 {
-    Grid.LineWidth = 8;
-    Grid.MoveCaretTo(8);
     for (const int cell : { 10, 15, 16, 40, 159 }) {
         Grid.MoveCaretTo(cell);
         Grid.TypeCharacter(u'8');
@@ -238,75 +234,53 @@ TEST_F(WorkingGridBoxTest, TheWheelScrollsThreeRowsANotchThroughWhatIsWritten)
         EXPECT_EQ(Box.FirstShownRow(), firstRow) << turn;
     }
     EXPECT_EQ(Grid.Caret, 0) << "the caret stays where it was";
-}
-
-TEST_F(WorkingGridBoxTest, TheWheelNeverTurnsThePaperTheOtherWay)
-{
-    ShowAndActivate(Box);
-    Press(Qt::Key_PageDown);
-    Press(Qt::Key_PageDown);
-    Press(Qt::Key_PageUp);
-    const int first = Box.FirstShownRow();
-    ASSERT_GT(first, 1);
+    Grid.MoveCaretTo(8 * 45);
+    Box.ShowGrid();
+    ASSERT_EQ(Box.FirstShownRow(), 26);
     turnWheel(-120);
-    EXPECT_EQ(Box.FirstShownRow(), first) << "below what is written there is nothing to be seen";
+    EXPECT_EQ(Box.FirstShownRow(), 26) << "below what is written there is nothing to be seen";
     turnWheel(120);
-    EXPECT_EQ(Box.FirstShownRow(), first - 3);
+    EXPECT_EQ(Box.FirstShownRow(), 23);
 }
 
 // ---------------------------------------------------------------------------------------------------------- the keys
 
-TEST_F(WorkingGridBoxTest, KeysMoveTheCaretBetweenRows)
+// Presses each key, and looks where the caret then is and which row is the first to be shown.
+struct KeyStep {
+    Qt::Key Key;
+    int Caret;
+    int FirstRow;
+};
+
+TEST_F(WorkingGridBoxTest, KeysMoveTheCaretBetweenRowsAndScrollWithIt)
 {
     Grid.MoveCaretTo(3);
-    Press(Qt::Key_Up);
-    EXPECT_EQ(Grid.Caret, 3);
-    Press(Qt::Key_Down);
-    EXPECT_EQ(Grid.Caret, 11);
-    Press(Qt::Key_Home);
-    EXPECT_EQ(Grid.Caret, 8);
-    Press(Qt::Key_End);
-    EXPECT_EQ(Grid.Caret, 15);
-    Press(Qt::Key_PageDown);
-    EXPECT_EQ(Grid.Caret, 175);
-    Press(Qt::Key_Up);
-    EXPECT_EQ(Grid.Caret, 167);
-    Press(Qt::Key_PageUp);
-    EXPECT_EQ(Grid.Caret, 7);
-}
-
-TEST_F(WorkingGridBoxTest, ScrollsWithTheCaret)
-{
-    for (int row = 1; row <= 19; ++row) {
-        Press(Qt::Key_Down);
-        EXPECT_EQ(Box.FirstShownRow(), 0);
+    const KeyStep steps[] = { { Qt::Key_Up, 3, 0 }, { Qt::Key_Down, 11, 0 }, { Qt::Key_Home, 8, 0 },
+        { Qt::Key_End, 15, 0 }, { Qt::Key_PageDown, 175, 2 }, { Qt::Key_Up, 167, 2 }, { Qt::Key_PageDown, 327, 21 },
+        { Qt::Key_PageUp, 167, 20 }, { Qt::Key_PageUp, 7, 0 } };
+    for (const auto& [key, caret, firstRow] : steps) {
+        Press(key);
+        EXPECT_EQ(Grid.Caret, caret);
+        EXPECT_EQ(Box.FirstShownRow(), firstRow) << caret;
     }
-    Press(Qt::Key_Down);
-    EXPECT_EQ(Box.FirstShownRow(), 1);
-    Press(Qt::Key_PageDown);
-    EXPECT_EQ(Box.FirstShownRow(), 21);
-    Press(Qt::Key_PageUp);
-    EXPECT_EQ(Box.FirstShownRow(), 20);
-    Press(Qt::Key_PageUp);
-    EXPECT_EQ(Box.FirstShownRow(), 0);
+    for (int row = 1; row <= 20; ++row) {
+        Press(Qt::Key_Down);
+        EXPECT_EQ(Box.FirstShownRow(), row == 20 ? 1 : 0);
+    }
 }
 
 TEST_F(WorkingGridBoxTest, AKeyBringsTheCaretBackThatTheWheelHasScrolledAway)
 {
     fillRows(60);
-    const struct {
-        int Caret;
-        Qt::Key Key;
-        int CaretAfter;
-        int FirstRow;
-    } cases[] = { { 8, Qt::Key_Down, 16, 2 }, { 2, Qt::Key_Left, 1, 0 }, { 0, Qt::Key_Left, 0, 0 },
-        { 0, Qt::Key_Down, 8, 0 } }; // the row below the dividend is shown together with it
-    for (const auto& [caret, key, caretAfter, firstRow] : cases) {
+    const std::pair<int, KeyStep> steps[]
+        = { { 8, { Qt::Key_Down, 16, 2 } }, { 2, { Qt::Key_Left, 1, 0 } }, { 0, { Qt::Key_Left, 0, 0 } },
+              { 0, { Qt::Key_Down, 8, 0 } } }; // the row below the dividend is shown together with it
+    for (const auto& [caret, step] : steps) {
         Grid.MoveCaretTo(caret);
         turnWheel(-120 * 10);
-        Press(key);
-        EXPECT_EQ(Grid.Caret, caretAfter);
-        EXPECT_EQ(Box.FirstShownRow(), firstRow) << caret;
+        Press(step.Key);
+        EXPECT_EQ(Grid.Caret, step.Caret);
+        EXPECT_EQ(Box.FirstShownRow(), step.FirstRow) << caret;
         EXPECT_TRUE(Box.hasFocus());
     }
 }
@@ -321,21 +295,6 @@ TEST_F(WorkingGridBoxTest, StopsAtTheLastRow)
     EXPECT_EQ(Grid.Caret, 2005) << "behind the last cell of a row that is not full";
     Press(Qt::Key_5);
     EXPECT_EQ(Grid.Text, u" 9725" + std::u16string(2000, u' '));
-    Press(Qt::Key_Home);
-    Press(Qt::Key_5);
-    EXPECT_EQ(Grid.Text[2000], u'5');
-    EXPECT_EQ(Grid.Text.size(), 2005U);
-}
-
-TEST_F(WorkingGridBoxTest, TypesCharactersAndNoCommands)
-{
-    Grid.MoveCaretTo(8);
-    Type(QStringLiteral("1-a "));
-    Press(Qt::Key_2, Qt::KeypadModifier);
-    Press(Qt::Key_5, Qt::ControlModifier);
-    Press(Qt::Key_6, Qt::AltModifier);
-    Press(Qt::Key_7, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(rowText(Grid, 1), "1-a 27");
 }
 
 TEST_F(WorkingGridBoxTest, LeavesKeysThatItHasNoUseForToItsWindow)
@@ -390,7 +349,7 @@ TEST_F(WorkingGridSpokenTest, IsATextOfSeveralLinesThatCanBeEdited)
     EXPECT_EQ(spoken_.text(QAccessible::Name), QStringLiteral("Operaciones"));
 }
 
-TEST_F(WorkingGridSpokenTest, TellsItsTextRowByRow)
+TEST_F(WorkingGridSpokenTest, TellsItsTextRowByRowAndWhereItsCharactersAre)
 {
     ASSERT_NE(spoken_.textInterface(), nullptr);
     EXPECT_EQ(text().characterCount(), 17);
@@ -404,6 +363,12 @@ TEST_F(WorkingGridSpokenTest, TellsItsTextRowByRow)
     text().selection(0, &start, &end);
     EXPECT_EQ(start, end);
     EXPECT_EQ(text().attributes(3, &start, &end), QString());
+    for (const int cell : { 0, 7, 8, 9, 15 }) {
+        const int offset = Box.SpokenOffset(cell);
+        const QRect place = text().characterRect(offset);
+        EXPECT_EQ(place.topLeft(), Box.mapToGlobal(Box.CellRect(cell).topLeft()));
+        EXPECT_EQ(text().offsetAtPoint(place.center()), offset);
+    }
 }
 
 TEST_F(WorkingGridSpokenTest, TellsAndTakesTheCaret)
@@ -420,9 +385,7 @@ TEST_F(WorkingGridSpokenTest, TellsAndTakesTheCaret)
 
 TEST_F(WorkingGridSpokenTest, IsScrolledToAPartOfItsTextWithoutItsCaret)
 {
-    typeRow(Grid, 39, "12345678");
-    Grid.MoveCaretTo(0);
-    Box.ShowGrid();
+    fillRows(40);
     const struct {
         int StartRow;
         int EndRow;
@@ -436,35 +399,27 @@ TEST_F(WorkingGridSpokenTest, IsScrolledToAPartOfItsTextWithoutItsCaret)
     }
 }
 
-TEST_F(WorkingGridSpokenTest, TellsWhereItsCharactersAre)
-{
-    for (const int cell : { 0, 7, 8, 9, 15 }) {
-        const int offset = Box.SpokenOffset(cell);
-        const QRect place = text().characterRect(offset);
-        EXPECT_EQ(place.topLeft(), Box.mapToGlobal(Box.CellRect(cell).topLeft()));
-        EXPECT_EQ(text().offsetAtPoint(place.center()), offset);
-    }
-}
-
 TEST(SpokenChange, IsNoLongerThanItMustBe)
 {
     const struct {
         const char* Before;
         const char* Now;
-        SpokenChange Change;
+        int Position;
+        const char* Removed;
+        const char* Inserted;
     } cases[] = {
-        { " 17", " 27", { 1, QStringLiteral("1"), QStringLiteral("2") } },
-        { " 17", " 17", { 3, {}, {} } },
-        { "", " 97", { 0, {}, QStringLiteral(" 97") } },
-        { " 97\n 3", " 97", { 3, QStringLiteral("\n 3"), {} } },
-        { "11", "111", { 2, {}, QStringLiteral("1") } },
-        { " 1 ", " 123", { 2, QStringLiteral(" "), QStringLiteral("23") } },
+        { " 17", " 27", 1, "1", "2" },
+        { " 17", " 17", 3, "", "" },
+        { "", " 97", 0, "", " 97" },
+        { " 97\n 3", " 97", 3, "\n 3", "" },
+        { "11", "111", 2, "", "1" },
+        { " 1 ", " 123", 2, " ", "23" },
     };
-    for (const auto& [before, now, change] : cases) {
+    for (const auto& [before, now, position, removed, inserted] : cases) {
         const SpokenChange found = ChangeBetween(QString::fromLatin1(before), QString::fromLatin1(now));
-        EXPECT_EQ(found.Position, change.Position) << now;
-        EXPECT_EQ(found.Removed, change.Removed) << now;
-        EXPECT_EQ(found.Inserted, change.Inserted) << now;
+        EXPECT_EQ(found.Position, position) << now;
+        EXPECT_EQ(found.Removed.toStdString(), removed) << now;
+        EXPECT_EQ(found.Inserted.toStdString(), inserted) << now;
     }
 }
 

@@ -61,10 +61,6 @@ TEST_F(WorkingGridTest, BeginsWithABlankTheDividendAndTwoThousandBlanksCutIntoRo
     EXPECT_EQ(Grid.Row(250), u"      ") << "2006 cells end with six of them";
     EXPECT_EQ(Grid.Row(251), u"");
     EXPECT_EQ(Grid.Row(5000), u"");
-}
-
-TEST_F(WorkingGridTest, KnowsItsLastWrittenRow)
-{
     EXPECT_EQ(Grid.WrittenRows(), 1);
     typeRow(Grid, 4, "     1");
     EXPECT_EQ(Grid.WrittenRows(), 5);
@@ -91,30 +87,26 @@ TEST_F(WorkingGridTest, ArrowsMoveByACellAndOverTheCommaOfEveryRow)
     }
 }
 
-TEST_F(WorkingGridTest, ArrowsStopAtTheEndsOfTheText)
+TEST_F(WorkingGridTest, TheCaretStaysWithinTheText)
 {
     Grid.MoveCaretTo(0);
     Grid.StepLeft();
     EXPECT_EQ(Grid.Caret, 0);
     Grid.MoveCaretTo(2005);
-    Grid.StepRight();
-    EXPECT_EQ(Grid.Caret, 2006);
-    Grid.StepRight();
-    EXPECT_EQ(Grid.Caret, 2006);
+    for (int times = 0; times < 2; ++times) {
+        Grid.StepRight();
+        EXPECT_EQ(Grid.Caret, 2006);
+    }
     Grid.MoveCaretTo(-5);
     EXPECT_EQ(Grid.Caret, 0);
     Grid.MoveCaretTo(100000);
     EXPECT_EQ(Grid.Caret, 2006);
-}
-
-TEST_F(WorkingGridTest, MovesTheCaretByRowsWithinItsColumnAsFarAsThereAreRows)
-{
     Grid.MoveCaretTo(5);
     const std::pair<int, int> moves[]
         = { { -1, 5 }, { 1, 13 }, { 19, 165 }, { -1, 157 }, { 1000, 2005 }, { -1000, 5 } };
     for (const auto& [rows, caret] : moves) {
         Grid.MoveCaretByRows(rows);
-        EXPECT_EQ(Grid.Caret, caret) << "after " << rows;
+        EXPECT_EQ(Grid.Caret, caret) << "in its column, after " << rows;
     }
 }
 
@@ -199,18 +191,13 @@ TEST_F(WorkingGridTest, ReadsTheNumberThatARowBeginsWith)
 
 // --------------------------------------------------------------------------------------------------- lines of working
 
-TEST_F(WorkingGridTest, ALineEndsInItsColumn)
+TEST_F(WorkingGridTest, ALineEndsInItsColumnKeepsWhatStandsBeforeItAndClearsWhatStandsBehind)
 {
     withoutComma();
     Grid.WriteWorkingLine("37", 2, 1);
     Grid.WriteWorkingLine("-36", 2, 2);
     Grid.WriteWorkingLine("1", 7, 3);
     EXPECT_EQ(rowsOf(Grid), (Rows { " 97", " 37", "-36", "       1" }));
-}
-
-TEST_F(WorkingGridTest, ALineKeepsWhatStandsBeforeItAndClearsWhatStandsBehind)
-{
-    withoutComma();
     for (const int row : { 1, 2, 3 }) {
         typeRow(Grid, row, "12345678");
     }

@@ -33,8 +33,10 @@ protected:
     void use(const std::function<void(Dialog&)>& action)
     {
         ExpectDialog([&](QDialog& box) { action(dynamic_cast<Dialog&>(box)); });
-        Choose(form_, QStringLiteral("MnuOpcSelLis(1)"));
+        Choose(form_, "MnuOpcSelLis(1)");
     }
+
+    static void cancel(Dialog& dialog) { Click(dialog, "CancelButton"); }
 
     void accept(const std::vector<int>& tables)
     {
@@ -45,7 +47,7 @@ protected:
                     Click(dialog, QStringLiteral("Check1(%1)").arg(index));
                 }
             }
-            Click(dialog, QStringLiteral("OKButton"));
+            Click(dialog, "OKButton");
         });
     }
 
@@ -81,7 +83,7 @@ TEST_F(DialogTest, HasNineTablesInThreeRowsOfThree)
         EXPECT_EQ(dialog.CancelButton->text(), QStringLiteral("Cancelar"));
         EXPECT_GT(area.RectOf(dialog.OKButton).Top, 1070 + 375);
         EXPECT_EQ(area.RectOf(dialog.OKButton).Top, area.RectOf(dialog.CancelButton).Top);
-        Click(dialog, QStringLiteral("CancelButton"));
+        Click(dialog, "CancelButton");
     });
 }
 
@@ -109,13 +111,13 @@ TEST_F(DialogTest, IsWorkedByKeysAlone)
 
 TEST_F(DialogTest, AcceptedTablesAreDrawnFrom)
 {
-    Choose(form_, QStringLiteral("MnuOpcCi2Lis(9)"));
+    Choose(form_, "MnuOpcCi2Lis(9)");
     accept({ 7, 2, 3 });
     EXPECT_EQ(tables_->TablasSeleccionadas, "237");
     EXPECT_FALSE(tables_->isVisible());
     expectChoice(false, "&Seleccionar (237) ...");
     for (int i = 0; i < 20; ++i) {
-        Choose(form_, QStringLiteral("MnuOpcCi2Lis(9)"));
+        Choose(form_, "MnuOpcCi2Lis(9)");
         const std::string factor2 = form_.TbFactor[1]->Text();
         EXPECT_EQ(factor2.find_first_not_of("0237,"), std::string::npos) << factor2;
     }
@@ -125,8 +127,8 @@ TEST_F(DialogTest, EveryChoiceIsInTheCaption)
 {
     expectChoice(true, "&Seleccionar ()...");
     use([](Dialog& dialog) {
-        Click(dialog, QStringLiteral("Check1(4)"));
-        Click(dialog, QStringLiteral("CancelButton"));
+        Click(dialog, "Check1(4)");
+        Click(dialog, "CancelButton");
     });
     EXPECT_EQ(tables_->TablasSeleccionadas, "");
     expectChoice(true, "&Seleccionar () ...");
@@ -135,7 +137,7 @@ TEST_F(DialogTest, EveryChoiceIsInTheCaption)
     accept({ 5 });
     expectChoice(false, "&Seleccionar (5) ...");
     for (int times = 0; times < 2; ++times) {
-        Choose(form_, QStringLiteral("MnuOpcSelLis(0)"));
+        Choose(form_, "MnuOpcSelLis(0)");
         expectChoice(true, "&Seleccionar (5) ...");
     }
     accept({});
@@ -144,83 +146,43 @@ TEST_F(DialogTest, EveryChoiceIsInTheCaption)
 
 TEST_F(DialogTest, EachUseDrawsANewExerciseButNoneIsScoredAgain)
 {
-    Click(form_, QStringLiteral("Command2(2)"));
-    for (const bool anyDigits : { false, true }) {
-        form_.TbParcial[0]->SetText("12");
-        form_.Text1->SetText("resultado incorrecto");
-        if (anyDigits) {
-            Choose(form_, QStringLiteral("MnuOpcSelLis(0)"));
-        } else {
-            use([](Dialog& dialog) { Click(dialog, QStringLiteral("CancelButton")); });
-        }
-        EXPECT_EQ(form_.TbParcial[0]->Text(), "");
-        EXPECT_EQ(form_.Text1->Text(), "");
-        Click(form_, QStringLiteral("Command1"));
-        EXPECT_EQ(form_.tbResultados->Text(), "Ejercicios:  0; Errores:  0");
-    }
+    Click(form_, "Command2(2)");
+    form_.TbParcial[0]->SetText("12");
+    form_.Text1->SetText("resultado incorrecto");
+    use(cancel);
+    EXPECT_EQ(form_.TbParcial[0]->Text(), "");
+    EXPECT_EQ(form_.Text1->Text(), "");
+    Click(form_, "Command1");
+    EXPECT_EQ(form_.tbResultados->Text(), "Ejercicios:  0; Errores:  0");
 }
 
-TEST_F(DialogTest, CancellingAppliesTheLastAcceptedChoiceAgainAndKeepsTheTicks)
+TEST_F(DialogTest, CancellingAppliesTheLastAcceptedChoiceAgainAndKeepsTheTicksAlsoForTheNextWindow)
 {
     accept({ 2, 3 });
-    Choose(form_, QStringLiteral("MnuOpcSelLis(0)"));
-    expectChoice(true, "&Seleccionar (23) ...");
-    use([](Dialog& dialog) {
-        Click(dialog, QStringLiteral("Check1(8)"));
-        Click(dialog, QStringLiteral("CancelButton"));
-    });
-    EXPECT_EQ(tables_->TablasSeleccionadas, "23");
-    expectChoice(false, "&Seleccionar (23) ...");
-    use([](Dialog& dialog) {
-        EXPECT_TRUE(dialog.Check1[8]->isChecked());
-        Click(dialog, QStringLiteral("OKButton"));
-    });
-    expectChoice(false, "&Seleccionar (239) ...");
-}
-
-TEST_F(DialogTest, EscapeAndTheCloseBoxCancel)
-{
-    accept({ 4 });
-    use([](Dialog& dialog) {
-        Click(dialog, QStringLiteral("Check1(0)"));
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    expectChoice(false, "&Seleccionar (4) ...");
-    use([](Dialog& dialog) {
-        Click(dialog, QStringLiteral("Check1(1)"));
-        dialog.close();
-    });
-    expectChoice(false, "&Seleccionar (4) ...");
-    EXPECT_EQ(tables_->TablasSeleccionadas, "4");
-}
-
-TEST_F(DialogTest, KeepsItsTicksAndItsChoiceWhenTheWindowIsClosedAndOpenedAgain)
-{
-    accept({ 6, 8 });
-    const Dialog* const before = tables_.get();
+    const std::function<void(Dialog&)> waysToCancel[] = { cancel,
+        [](Dialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, [](Dialog& dialog) { dialog.close(); } };
+    for (const auto& leave : waysToCancel) {
+        Choose(form_, "MnuOpcSelLis(0)");
+        expectChoice(true, "&Seleccionar (23) ...");
+        use([&](Dialog& dialog) {
+            Click(dialog, "Check1(8)");
+            leave(dialog);
+        });
+        EXPECT_EQ(tables_->TablasSeleccionadas, "23");
+        expectChoice(false, "&Seleccionar (23) ...");
+    }
     form_.close();
-
-    auto* again = new Form4(clock_, tables_);
-    again->setAttribute(Qt::WA_DeleteOnClose);
-    ShowAndActivate(*again);
-    EXPECT_TRUE(again->MnuOpcSel->Items()[0]->isChecked());
-    EXPECT_EQ(again->MnuOpcSel->Items()[1]->text(), QStringLiteral("&Seleccionar ()..."));
-    ExpectDialog([&](QDialog& box) {
-        auto& dialog = dynamic_cast<Dialog&>(box);
-        EXPECT_EQ(&dialog, before);
-        EXPECT_TRUE(dialog.Check1[5]->isChecked());
-        EXPECT_TRUE(dialog.Check1[7]->isChecked());
-        EXPECT_EQ(dialog.TablasSeleccionadas, "68");
-        Click(dialog, QStringLiteral("CancelButton"));
+    Form4 again(clock_, tables_);
+    ShowAndActivate(again);
+    EXPECT_EQ(again.MnuOpcSel->Items()[1]->text(), QStringLiteral("&Seleccionar ()..."));
+    ExpectDialog([this](QDialog& box) {
+        EXPECT_EQ(&box, tables_.get());
+        EXPECT_TRUE(tables_->Check1[8]->isChecked());
+        Click(box, "OKButton");
     });
-    Choose(*again, QStringLiteral("MnuOpcSelLis(1)"));
-    EXPECT_EQ(again->MnuOpcSel->Items()[1]->text(), QStringLiteral("&Seleccionar (68) ..."));
-    EXPECT_TRUE(again->MnuOpcSel->Items()[1]->isChecked());
-
-    again->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(tables_.get(), before);
-    EXPECT_EQ(tables_->TablasSeleccionadas, "68");
+    Choose(again, "MnuOpcSelLis(1)");
+    EXPECT_EQ(again.MnuOpcSel->Items()[1]->text(), QStringLiteral("&Seleccionar (239) ..."));
+    EXPECT_TRUE(again.MnuOpcSel->Items()[1]->isChecked());
 }
 
 TEST_F(DialogTest, GrowsWithTheWindowItBelongsTo)

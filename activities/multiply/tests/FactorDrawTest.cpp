@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -36,17 +36,10 @@ void setOptions(Multiplication& exercise, int digits1, int decimals1, int digits
     exercise.Decimals2 = decimals2;
 }
 
-struct DrawCase {
-    const char* What;
-    int Digits;
-    int Decimals;
-    ScriptedRandom Random;
-    double Factor1;
-    double Factor2;
-};
-
-TEST(FactorDraw, StartsWithOneDigitAndOneDecimalOfAnyDigits)
+TEST(FactorDraw, StartsWithOneDigitAndOneDecimalOfAnyDigitsAndOffersUpToTenAndFive)
 {
+    EXPECT_EQ(OptionCaptions(Multiplication::DigitChoices), "&1&2&3&4&5&6&7&8&9&10");
+    EXPECT_EQ(OptionCaptions(Multiplication::DecimalChoices), "&0&1&2&3&4&5");
     ScriptedRandom random { DrawOfDigits(73, 2), DrawOfDigits(46, 2) };
     Multiplication exercise(random);
     EXPECT_TRUE(exercise.AnyDigits);
@@ -61,45 +54,36 @@ TEST(FactorDraw, StartsWithOneDigitAndOneDecimalOfAnyDigits)
     EXPECT_TRUE(random.AllDrawn());
 }
 
-TEST(FactorDraw, OffersOneToTenDigitsAndNoneToFiveDecimals)
-{
-    EXPECT_EQ(Multiplication::DigitChoices.ValueAt(0), 1);
-    EXPECT_EQ(Multiplication::DigitChoices.Count, 10);
-    EXPECT_EQ(Multiplication::DecimalChoices.ValueAt(0), 0);
-    EXPECT_EQ(Multiplication::DecimalChoices.Count, 6);
-}
-
 TEST(FactorDraw, DrawsAgainUntilFirstAndLastDigitAreNotZero)
 {
-    DrawCase cases[] = {
-        { "the least draw of all", 1, 1, { least, DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
-        { "one digit too few", 1, 1, { DrawOfDigits(9, 2), DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
-        { "one digit too many", 1, 1, { greatest, DrawOfDigits(73, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
-        { "just the least number of so many digits", 1, 1,
-            { DrawOfDigits(10, 2), DrawOfDigits(11, 2), DrawOfDigits(99, 2) }, 1.1, 9.9 },
-        { "a zero at the end", 1, 1,
-            { DrawOfDigits(70, 2), DrawOfDigits(73, 2), DrawOfDigits(40, 2), DrawOfDigits(46, 2) }, 7.3, 4.6 },
-        { "several times", 1, 1,
-            { least, DrawOfDigits(20, 2), greatest, DrawOfDigits(73, 2), DrawOfDigits(90, 2), 0, DrawOfDigits(46, 2) },
-            7.3, 4.6 },
-        { "whole numbers too", 3, 0,
-            { DrawOfDigits(120, 3), DrawOfDigits(125, 3), DrawOfDigits(100, 3), DrawOfDigits(101, 3) }, 125, 101 },
-        { "never 1", 1, 0,
-            { DrawOfDigits(1, 1), DrawOfDigits(2, 1), DrawOfDigits(10, 1), DrawOfDigits(1, 1), DrawOfDigits(9, 1) }, 2,
-            9 },
+    const auto two = [](double number) { return DrawOfDigits(number, 2); };
+    const auto three = [](double number) { return DrawOfDigits(number, 3); };
+    struct {
+        const char* What;
+        int Digits;
+        int Decimals;
+        ScriptedRandom Random;
+        double Factor1;
+        double Factor2;
+    } cases[] = {
+        { "the least draw of all", 1, 1, { least, two(73), two(46) }, 7.3, 4.6 },
+        { "one digit too few", 1, 1, { two(9), two(73), two(46) }, 7.3, 4.6 },
+        { "one digit too many", 1, 1, { greatest, two(73), two(46) }, 7.3, 4.6 },
+        { "just the least number of so many digits", 1, 1, { two(10), two(11), two(99) }, 1.1, 9.9 },
+        { "a zero at the end", 1, 1, { two(70), two(73), two(40), two(46) }, 7.3, 4.6 },
+        { "several times", 1, 1, { least, two(20), greatest, two(73), two(90), 0, two(46) }, 7.3, 4.6 },
+        { "whole numbers too", 3, 0, { three(120), three(125), three(100), three(101) }, 125, 101 },
         { "zeros inside", 3, 2, { DrawOfDigits(10005, 5), DrawOfDigits(90001, 5) }, 100.05, 900.01 },
-        { "decimals alone behind one digit", 1, 5, { DrawOfDigits(300007, 6), DrawOfDigits(100001, 6) }, 3.00007,
-            1.00001 },
     };
-    for (auto& drawCase : cases) {
-        SCOPED_TRACE(drawCase.What);
-        Multiplication exercise(drawCase.Random);
-        setOptions(exercise, drawCase.Digits, drawCase.Decimals, drawCase.Digits, drawCase.Decimals);
+    for (auto& [what, digits, decimals, random, factor1, factor2] : cases) {
+        SCOPED_TRACE(what);
+        Multiplication exercise(random);
+        setOptions(exercise, digits, decimals, digits, decimals);
         exercise.NewMultiplication();
-        EXPECT_EQ(exercise.Factor1, drawCase.Factor1);
-        EXPECT_EQ(exercise.Factor2, drawCase.Factor2);
-        EXPECT_EQ(exercise.Product, drawCase.Factor2 * drawCase.Factor1);
-        EXPECT_TRUE(drawCase.Random.AllDrawn());
+        EXPECT_EQ(exercise.Factor1, factor1);
+        EXPECT_EQ(exercise.Factor2, factor2);
+        EXPECT_EQ(exercise.Product, factor2 * factor1);
+        EXPECT_TRUE(random.AllDrawn());
     }
 }
 
@@ -140,80 +124,47 @@ TEST(FactorDraw, WholeFactorsOfOneDigitAreTwoToNine)
     }
 }
 
-TEST(FactorDraw, EveryDefaultFactorIsEquallyLikely)
-{
-    std::array<int, 100> seen {};
-    SeededRandom random(2024);
-    Multiplication exercise(random);
-    constexpr int perFactor = 200;
-    for (int i = 0; i < 80 * perFactor / 2; ++i) {
-        exercise.NewMultiplication();
-        for (const double factor : { exercise.Factor1, exercise.Factor2 }) {
-            ++seen.at(static_cast<std::size_t>(std::lround(factor * 10)));
-        }
-    }
-    for (std::size_t tenths = 0; tenths < seen.size(); ++tenths) {
-        const bool possible = tenths > 10 && tenths % 10 != 0;
-        // 81 numbers from 11 to 99 do not end in 0.
-        EXPECT_NEAR(seen.at(tenths), possible ? 80.0 * perFactor / 81 : 0, possible ? 90 : 0) << tenths;
-    }
-}
-
-// The digits of a factor's text without its comma.
-std::string digitsOf(std::string text)
-{
-    std::erase(text, ',');
-    return text;
-}
-
-void expectFactor(const std::string& text, int digits, int decimals)
-{
-    const std::size_t comma = std::min(text.find(','), text.size());
-    ASSERT_EQ(static_cast<int>(comma), digits) << text;
-    ASSERT_EQ(static_cast<int>(digitsOf(text).size()), digits + decimals) << text;
-    ASSERT_NE(text.front(), '0') << text;
-    ASSERT_NE(text.back(), '0') << text;
-}
-
-TEST(FactorDraw, HasTheChosenDigitsUnderAllOptionsUpToFifteen)
-{
-    SeededRandom random(7);
-    Multiplication exercise(random);
-    for (int digits = 1; digits <= 10; ++digits) {
-        for (int decimals = 0; decimals <= 5; ++decimals) {
-            setOptions(exercise, digits, decimals, 11 - digits, 5 - decimals);
-            for (int i = 0; i < 100; ++i) {
-                exercise.NewMultiplication();
-                expectFactor(exercise.Factor1Text(), digits, decimals);
-                expectFactor(exercise.Factor2Text(), 11 - digits, 5 - decimals);
-                ASSERT_EQ(exercise.Product, exercise.Factor2 * exercise.Factor1);
-                ASSERT_EQ(exercise.RowCount(), 16 - digits - decimals);
+// Draws so many exercises and counts how often each digit stands at each place of a factor.
+class DigitCount {
+public:
+    DigitCount(Multiplication& exercise, std::string (Multiplication::*factor)() const, int times)
+    {
+        for (int i = 0; i < times; ++i) {
+            exercise.NewMultiplication();
+            std::string digits = (exercise.*factor)();
+            std::erase(digits, ',');
+            counts_.resize(digits.size());
+            for (std::size_t place = 0; place < digits.size(); ++place) {
+                ++counts_[place].at(static_cast<std::size_t>(digits[place] - '0'));
             }
         }
     }
-}
+
+    // Compares what stands at a place with digits that are as likely as each other, and no others.
+    void ExpectAtPlace(std::size_t place, const std::string& digits) const
+    {
+        for (char digit = '0'; digit <= '9'; ++digit) {
+            const int count = counts_.at(place).at(static_cast<std::size_t>(digit - '0'));
+            const bool possible = digits.find(digit) != std::string::npos;
+            const int total = std::accumulate(counts_[place].begin(), counts_[place].end(), 0);
+            const double expected = possible ? total / static_cast<double>(digits.size()) : 0;
+            EXPECT_NEAR(count, expected, 6 * std::sqrt(expected)) << digit << " at place " << place;
+        }
+    }
+
+private:
+    std::vector<std::array<int, 10>> counts_;
+};
 
 TEST(FactorDraw, AllFifteenDigitsVary)
 {
-    std::array<std::array<int, 10>, 15> counts {};
     SeededRandom random(86400);
     Multiplication exercise(random);
     setOptions(exercise, 10, 5, 10, 5);
-    for (int i = 0; i < 4500; ++i) {
-        exercise.NewMultiplication();
-        for (const std::string& text : { exercise.Factor1Text(), exercise.Factor2Text() }) {
-            const std::string digits = digitsOf(text);
-            for (std::size_t place = 0; place < counts.size(); ++place) {
-                ++counts.at(place).at(static_cast<std::size_t>(digits.at(place) - '0'));
-            }
-        }
-    }
-    for (std::size_t place = 0; place < counts.size(); ++place) {
-        const bool neverZero = place == 0 || place + 1 == counts.size();
-        for (std::size_t digit = 0; digit < 10; ++digit) {
-            const int expected = !neverZero ? 900 : digit == 0 ? 0 : 1000;
-            EXPECT_NEAR(counts.at(place).at(digit), expected, expected == 0 ? 0 : 190)
-                << "digit " << digit << " at place " << place;
+    for (const auto factor : { &Multiplication::Factor1Text, &Multiplication::Factor2Text }) {
+        const DigitCount count(exercise, factor, 4500);
+        for (std::size_t place = 0; place < 15; ++place) {
+            count.ExpectAtPlace(place, place == 0 || place == 14 ? "123456789" : "0123456789");
         }
     }
 }
@@ -230,18 +181,16 @@ TEST(FactorDraw, TheEdgesOfTheLongestDrawDoNotOverflow)
 
 // ------------------------------------------------------------------------------------------------------ from tables
 
-struct TableCase {
-    const char* What;
-    const char* Tables;
-    int Digits;
-    int Decimals;
-    const char* Picks; // the characters drawn one after the other, the first one from the tables alone
-    const char* Factor2;
-};
-
 TEST(FactorDraw, DrawsTheSecondFactorFromTheChosenTables)
 {
-    const TableCase cases[] = {
+    const struct {
+        const char* What;
+        const char* Tables;
+        int Digits;
+        int Decimals;
+        const char* Picks; // the characters drawn one after the other, the first one from the tables alone
+        const char* Factor2;
+    } cases[] = {
         { "one digit", "237", 1, 0, "3", "3" },
         { "one table", "5", 1, 0, "5", "5" },
         { "zeros inside", "237", 4, 0, "2007", "2007" },
@@ -316,27 +265,14 @@ TEST(FactorDraw, DrawsInSinglePrecisionAlone)
 TEST(FactorDraw, EveryDigitOfTheTablesIsEquallyLikely)
 {
     for (const int decimals : { 0, 1 }) {
-        std::array<std::array<int, 10>, 3> counts {};
         SeededRandom random(99);
         Multiplication exercise(random);
         setOptions(exercise, 1, 0, 3 - decimals, decimals);
         exercise.ChooseTables("237");
-        for (int i = 0; i < 6000; ++i) {
-            exercise.NewMultiplication();
-            const std::string digits = digitsOf(exercise.Factor2Text());
-            for (std::size_t place = 0; place < 3; ++place) {
-                ++counts.at(place).at(static_cast<std::size_t>(digits.at(place) - '0'));
-            }
-        }
-        for (std::size_t place = 0; place < 3; ++place) {
-            const bool neverZero = place == 0 || (place == 2 && decimals == 1);
-            for (std::size_t digit = 0; digit < 10; ++digit) {
-                const bool chosen = digit == 2 || digit == 3 || digit == 7;
-                const int expected = chosen ? (neverZero ? 2000 : 1500) : digit == 0 && !neverZero ? 1500 : 0;
-                EXPECT_NEAR(counts.at(place).at(digit), expected, expected == 0 ? 0 : 220)
-                    << "digit " << digit << " at place " << place << " with " << decimals << " decimals";
-            }
-        }
+        const DigitCount count(exercise, &Multiplication::Factor2Text, 6000);
+        count.ExpectAtPlace(0, "237");
+        count.ExpectAtPlace(1, "0237");
+        count.ExpectAtPlace(2, decimals == 0 ? "0237" : "237");
     }
 }
 

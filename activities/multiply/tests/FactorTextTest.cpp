@@ -16,29 +16,25 @@ namespace {
 using numbrela::testing::ForeignLocale;
 using numbrela::testing::StrangePunctuation;
 
-struct TextCase {
-    const char* Text;
-    const char* Expected;
-};
-
 TEST(FactorText, DigitsOnlyDropsTheFirstComma)
 {
-    const TextCase cases[] = { { "12,05", "1205" }, { "0,5", "05" }, { "105", "105" }, { "", "" }, { ",", "" },
-        { "1,2,3", "12,3" }, { "-7,5", "-75" }, { "5,", "5" }, { ",5", "5" }, { "7  ", "7  " }, { "1.5", "1.5" } };
+    const struct {
+        const char* Text;
+        const char* Expected;
+    } cases[] = { { "12,05", "1205" }, { "0,5", "05" }, { "105", "105" }, { "", "" }, { ",", "" }, { "1,2,3", "12,3" },
+        { "-7,5", "-75" }, { "5,", "5" }, { ",5", "5" }, { "7  ", "7  " }, { "1.5", "1.5" } };
     for (const auto& [text, expected] : cases) {
         EXPECT_EQ(DigitsOnly(text), expected) << text;
     }
 }
 
-struct ProductCase {
-    const char* Number1;
-    const char* Number2;
-    const char* Product;
-};
-
 TEST(FactorText, MultipliesWholeNumbers)
 {
-    const ProductCase cases[] = { { "7", "123", "861" }, { "0", "123", "0" }, { "123", "0", "0" }, { "0", "0", "0" },
+    const struct {
+        const char* Number1;
+        const char* Number2;
+        const char* Product;
+    } cases[] = { { "7", "123", "861" }, { "0", "123", "0" }, { "123", "0", "0" }, { "0", "0", "0" },
         { "007", "30", "210" }, { "9", "9", "81" }, { "1", "1", "1" }, { "-7", "3", "-21" }, { "7", "-3", "-21" },
         { "-7", "-3", "21" }, { "-7", "0", "0" }, { "0", "-7", "0" }, { "99999", "99999", "9999800001" },
         { "123456789012345", "9", "1111111101111105" },
@@ -59,19 +55,17 @@ TEST(FactorText, MultipliesAsTheMachineDoes)
     }
 }
 
-struct GroupingCase {
-    const char* WholeNumber;
-    int Decimals;
-    const char* Text;
-};
-
 TEST(FactorText, WritesProductsInTheSpanishForm)
 {
-    const GroupingCase cases[] = { { "861", 0, "861" }, { "1000", 0, "1.000" }, { "3358", 2, "33,58" },
-        { "123450", 2, "1.234,50" }, { "5", 2, "0,05" }, { "50", 2, "0,50" }, { "0", 2, "0,00" }, { "0", 0, "0" },
-        { "999999", 0, "999.999" }, { "1000000", 0, "1.000.000" }, { "1234567890", 0, "1.234.567.890" },
-        { "12345678901", 10, "1,2345678901" }, { "-3358", 2, "-33,58" }, { "-123456", 0, "-123.456" },
-        { "-1234567", 1, "-123.456,7" }, { "-5", 2, "-0,05" }, { "1", 18, "0,000000000000000001" },
+    const struct {
+        const char* WholeNumber;
+        int Decimals;
+        const char* Text;
+    } cases[] = { { "861", 0, "861" }, { "1000", 0, "1.000" }, { "3358", 2, "33,58" }, { "123450", 2, "1.234,50" },
+        { "5", 2, "0,05" }, { "50", 2, "0,50" }, { "0", 2, "0,00" }, { "0", 0, "0" }, { "999999", 0, "999.999" },
+        { "1000000", 0, "1.000.000" }, { "1234567890", 0, "1.234.567.890" }, { "12345678901", 10, "1,2345678901" },
+        { "-3358", 2, "-33,58" }, { "-123456", 0, "-123.456" }, { "-1234567", 1, "-123.456,7" }, { "-5", 2, "-0,05" },
+        { "1", 18, "0,000000000000000001" },
         { "123456789012345678901234567890", 10, "12.345.678.901.234.567.890,1234567890" } };
     for (const auto& [wholeNumber, decimals, text] : cases) {
         EXPECT_EQ(GroupedDecimalText(wholeNumber, decimals), text) << wholeNumber << " / 10^" << decimals;

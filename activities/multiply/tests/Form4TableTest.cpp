@@ -22,8 +22,9 @@ constexpr FontSpec form { "Arial", 12 };
 constexpr FontSpec heading { "Arial", 14.25 };
 const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
 const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
+const Qt::Alignment centre = Qt::AlignCenter;
 
-TEST(Form4Table, HasTheseControlsInThesePlaces)
+TEST(Form4Table, HasTheseControlsInThesePlacesAndTheseMenus)
 {
     const FixedClock clock;
     std::unique_ptr<Dialog> tables;
@@ -33,35 +34,33 @@ TEST(Form4Table, HasTheseControlsInThesePlaces)
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Multiplicaciones"));
     const std::string factor1 = window.TbFactor[0]->Text();
     const std::string factor2 = window.TbFactor[1]->Text();
+    const auto box = [](const char* name, const char* text, int top, bool readOnly, const char* spoken) {
+        return ControlRow { name, text, { 750, top, 3500, 500 }, digits, right, readOnly, true, {}, spoken };
+    };
+    const auto button = [](const char* name, const char* caption, int top, QColor colour) {
+        return ControlRow { name, caption, { 6075, top, 1900, 540 }, form, {}, false, true, colour };
+    };
     ExpectControls(window,
         {
-            { "TbFactor(0)", factor1.c_str(), { 750, 550, 3500, 500 }, digits, right, true, true, {}, "Primer factor" },
-            { "TbFactor(1)", factor2.c_str(), { 750, 1050, 3500, 500 }, digits, right, true, true, {},
-                "Segundo factor" },
-            { "TbParcial(0)", "", { 750, 1600, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 1" },
-            { "TbParcial(1)", "", { 750, 2100, 3500, 500 }, digits, right, false, true, {}, "Producto parcial 2" },
-            { "TbResultado", "", { 750, 2600, 3500, 500 }, digits, right, false, true, {}, "Resultado" },
-            { "Command1", "&Hecho", { 6075, 1600, 1900, 540 }, form, {}, false, true, QColor(255, 255, 0) },
+            box("TbFactor(0)", factor1.c_str(), 550, true, "Primer factor"),
+            box("TbFactor(1)", factor2.c_str(), 1050, true, "Segundo factor"),
+            box("TbParcial(0)", "", 1600, false, "Producto parcial 1"),
+            box("TbParcial(1)", "", 2100, false, "Producto parcial 2"),
+            box("TbResultado", "", 2600, false, "Resultado"),
+            button("Command1", "&Hecho", 1600, { 255, 255, 0 }),
             { "Text1", "", { 5425, 2410, 3200, 540 }, heading, left, true, true, {}, "Veredicto" },
-            { "Command2(0)", "&Continuar", { 6075, 3220, 1900, 540 }, form, {}, false, true, QColor(0, 255, 255) },
-            { "Command2(1)", "&Borrar", { 6075, 3940, 1900, 540 }, form, {}, false, true, QColor(0, 255, 0) },
-            { "Command2(2)", "&Ver solución", { 6075, 4660, 1900, 540 }, form, {}, false, true, QColor(255, 0, 0) },
-            { "tbResultados", "Ejercicios:  0; Errores:  0", { 5425, 5560, 3200, 540 }, form, Qt::AlignCenter, true,
-                true, {}, "Marcador" },
-            { "TbTítulo", "Realiza la siguiente operación", { 4900, 550, 4250, 495 }, heading, Qt::AlignCenter, true,
-                true, {}, "Instrucción" },
+            button("Command2(0)", "&Continuar", 3220, { 0, 255, 255 }),
+            button("Command2(1)", "&Borrar", 3940, { 0, 255, 0 }),
+            button("Command2(2)", "&Ver solución", 4660, { 255, 0, 0 }),
+            { "tbResultados", "Ejercicios:  0; Errores:  0", { 5425, 5560, 3200, 540 }, form, centre, true, true, {},
+                "Marcador" },
+            { "TbTítulo", "Realiza la siguiente operación", { 4900, 550, 4250, 495 }, heading, centre, true, true, {},
+                "Instrucción" },
             { "LabX", "×", { 250, 1050, 500, 500 }, digits, {}, false, false },
             { "Line1", "", { 735, 1560, 3530, 30 }, form, {}, false, false },
             { "Line2", "", { 735, 2585, 3530, 30 }, form, {}, false, false },
             { "labIgual", "=", { 250, 2600, 500, 500 }, digits, {}, false, false },
         });
-}
-
-TEST(Form4Table, HasTheseMenus)
-{
-    const FixedClock clock;
-    std::unique_ptr<Dialog> tables;
-    Form4 window(clock, tables);
     ExpectMenus(window,
         {
             "MnuOpc &Opciones",
@@ -114,8 +113,7 @@ TEST(Form4Table, RowsGrowDownwardsAndShrinkAgain)
                 sequence.push_back("TbParcial(" + std::to_string(index) + ")");
                 EXPECT_EQ(row.objectName().toStdString(), sequence.back());
                 EXPECT_EQ(area.RectOf(&row), (TwipsRect { 750, 1600 + 500 * index, 3500, 500 }));
-                EXPECT_TRUE(row.isVisible());
-                EXPECT_TRUE(row.isEnabled());
+                EXPECT_TRUE(row.isVisible() && row.isEnabled());
             }
             const int top = 1600 + 500 * rows;
             EXPECT_EQ(window.Line2->From(), (TwipsPoint { 750, top }));

@@ -5,10 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,20 +22,21 @@ Multiplication::WorkedSolution solutionOf(std::string_view factor1, std::string_
     EXPECT_TRUE(exercise.EnterFactor1(factor1).Accepted);
     EXPECT_TRUE(exercise.EnterFactor2(factor2).Accepted);
     exercise.HideZeros = hideZeros;
-    return exercise.ShowSolution();
+    Multiplication::WorkedSolution solution = exercise.ShowSolution();
+    EXPECT_FALSE(exercise.Score.Scorable);
+    EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
+    return solution;
 }
-
-struct SolutionCase {
-    const char* Factor1;
-    const char* Factor2;
-    const char* Result;
-    std::vector<std::string> Rows;
-    std::vector<std::string> RowsWithoutZeros;
-};
 
 TEST(WorkedSolution, WritesARowForEachDigitOneColumnFurtherLeftEachTime)
 {
-    const SolutionCase cases[] = {
+    const struct {
+        const char* Factor1;
+        const char* Factor2;
+        const char* Result;
+        std::vector<std::string> Rows;
+        std::vector<std::string> RowsWithoutZeros;
+    } cases[] = {
         { "7", "123", "861", { "21", "14 ", "7  " }, { "21", "14 ", "7  " } },
         { "7,3", "4,6", "33,58", { "438", "292 " }, { "438" } },
         { "7", "8", "56", { "56" }, { "56" } },
@@ -80,17 +77,6 @@ TEST(WorkedSolution, KeepsAllDigitsOfTheLongestFactors)
     EXPECT_EQ(solution.Rows.back(), "8999999999999991" + std::string(14, ' '));
 }
 
-TEST(WorkedSolution, AShownSolutionIsNotScored)
-{
-    ScriptedRandom random {};
-    Multiplication exercise(random);
-    exercise.EnterFactor1("7");
-    exercise.EnterFactor2("8");
-    exercise.ShowSolution();
-    EXPECT_FALSE(exercise.Score.Scorable);
-    EXPECT_EQ(exercise.Score.Line(), "Ejercicios:  0; Errores:  0");
-}
-
 // The rows for factors without comma, from the top.
 std::vector<std::string> rowsOnPaper(Whole factor1, const std::string& digits2)
 {
@@ -117,81 +103,6 @@ TEST(WorkedSolution, IsTheSchoolbooksForEveryPairOfFactorsUpToThreeDigits)
             ASSERT_TRUE(solution.Rows == rowsOnPaper(number1, digits2)) << number1 << " x " << number2;
             ASSERT_EQ(Without(solution.Result, "."), std::to_string(number1 * number2)) << number1 << " x " << number2;
         }
-    }
-}
-
-struct DrawnFactor {
-    Whole Units; // of the last decimal place
-    int Decimals;
-    std::string Text;
-};
-
-// A factor with so many digits, the first and the last of them not 0, and so many decimals.
-DrawnFactor drawFactor(std::mt19937& chance, std::size_t digits, std::size_t decimals)
-{
-    Whole units = 1 + chance() % 9;
-    for (std::size_t place = 2; place < digits + decimals; ++place) {
-        units = units * 10 + chance() % 10;
-    }
-    if (digits + decimals > 1) {
-        units = units * 10 + 1 + chance() % 9;
-    }
-    return { units, static_cast<int>(decimals), CommaText(units, static_cast<int>(decimals)) };
-}
-
-TEST(WorkedSolution, IsTheSchoolbooksForFactorsUpToFifteenDigits)
-{
-    std::mt19937 chance(1905);
-    for (int i = 0; i < 20000; ++i) {
-        const DrawnFactor factor1 = drawFactor(chance, 1 + chance() % 10, chance() % 6);
-        const DrawnFactor factor2 = drawFactor(chance, 1 + chance() % 10, chance() % 6);
-        const auto solution = solutionOf(factor1.Text, factor2.Text);
-        const std::string result = CommaText(factor1.Units * factor2.Units, factor1.Decimals + factor2.Decimals);
-        ASSERT_EQ(solution.Rows, rowsOnPaper(factor1.Units, DigitsOf(factor2.Units)))
-            << factor1.Text << " x " << factor2.Text;
-        ASSERT_EQ(solution.Result, GroupedInThousands(result)) << factor1.Text << " x " << factor2.Text;
-    }
-}
-
-// As long as a double holds every digit, the solution is the number that the answer is compared with.
-TEST(WorkedSolution, IsTheProductRoundedToItsDecimals)
-{
-    std::mt19937 chance(7);
-    for (int i = 0; i < 20000; ++i) {
-        const std::size_t digits1 = 1 + chance() % 4;
-        const std::size_t digits2 = 1 + chance() % 4;
-        const DrawnFactor factor1 = drawFactor(chance, digits1, chance() % (8 - digits1));
-        const DrawnFactor factor2 = drawFactor(chance, digits2, chance() % (8 - digits2));
-        ScriptedRandom random {};
-        Multiplication exercise(random);
-        exercise.EnterFactor1(factor1.Text);
-        exercise.EnterFactor2(factor2.Text);
-        std::array<char, 64> buffer {};
-        const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), exercise.Product,
-            std::chars_format::fixed, exercise.Decimals1 + exercise.Decimals2);
-        ASSERT_EQ(
-            Without(exercise.ShowSolution().Result, "."), Replaced(std::string(buffer.data(), written.ptr), '.', ','))
-            << factor1.Text << " x " << factor2.Text;
-    }
-}
-
-// The rows that are shown with hidden zeros, computed in another way: for each character of the factor with its comma
-// that is neither a zero nor the comma, the digit that is as far from the right in the factor without comma.
-TEST(WorkedSolution, HidesTheRowsWhoseCharacterInTheFactorWithCommaIsNoDigitAboveZero)
-{
-    std::mt19937 chance(3);
-    for (int i = 0; i < 5000; ++i) {
-        const std::string factor1 = drawFactor(chance, 1 + chance() % 4, chance() % 3).Text;
-        const std::string factor2 = drawFactor(chance, 1 + chance() % 5, chance() % 4).Text;
-        std::vector<std::string> expected;
-        for (const std::string& row : solutionOf(factor1, factor2).Rows) {
-            const auto place = static_cast<std::size_t>(std::count(row.begin(), row.end(), ' '));
-            const char character = factor2[factor2.size() - 1 - place];
-            if (character >= '1' && character <= '9') {
-                expected.push_back(row);
-            }
-        }
-        ASSERT_EQ(solutionOf(factor1, factor2, true).Rows, expected) << factor1 << " x " << factor2;
     }
 }
 
