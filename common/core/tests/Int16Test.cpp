@@ -16,11 +16,6 @@ namespace {
 
 using numbrela::testing::KindThrownBy;
 
-TEST(Int16, IsZeroAtFirst)
-{
-    EXPECT_EQ(Int16(), 0);
-}
-
 TEST(Int16, HoldsEveryNumberOf16BitsAndNoOther)
 {
     for (int number = -40000; number <= 40000; ++number) {
@@ -34,10 +29,7 @@ TEST(Int16, HoldsEveryNumberOf16BitsAndNoOther)
             ASSERT_EQ(holder, 0) << number;
         }
     }
-}
-
-TEST(Int16, RefusesNumbersWhoseLow16BitsWouldFit)
-{
+    // The low 16 bits of these would fit.
     for (const long long number : { 65536LL, 65537LL, 4294967296LL, 4294967297LL, -65536LL, LLONG_MAX, LLONG_MIN }) {
         EXPECT_EQ(KindThrownBy([&] { Int16 holder(number); }), RunTimeError::Kind::Overflow) << number;
     }
@@ -77,6 +69,8 @@ TEST(Int16, KeepsTheOldNumberWhenASumOrADifferenceDoesNotFit)
 
 TEST(Int16, ComputesAsAnIntAndIsCheckedWhenTheResultIsStored)
 {
+    constexpr Int16 three = 3;
+    static_assert(three + 2 == 5 && three > 2);
     const Int16 large = 30000;
     static_assert(std::is_same_v<decltype(large + large), int>);
     EXPECT_EQ(large + large, 60000);
@@ -88,14 +82,6 @@ TEST(Int16, ComputesAsAnIntAndIsCheckedWhenTheResultIsStored)
     EXPECT_EQ(stored, 7);
     stored = large + large - 30001;
     EXPECT_EQ(stored, 29999);
-}
-
-TEST(Int16, WorksInConstantExpressions)
-{
-    constexpr Int16 three = 3;
-    static_assert(three + 2 == 5);
-    static_assert(three > 2);
-    EXPECT_EQ(three, 3);
 }
 
 TEST(Int16, SaysInSpanishWhichNumberDoesNotFit)
