@@ -361,14 +361,9 @@ TEST(PlaceAndAdd, ASumOfFiveIntegerDigitsHasNoColumns)
     const std::pair<std::vector<float>, std::string> tooLong[]
         = { { { 9999, 1 }, "10000" }, { { 12345, 0.5F }, "12345,5" }, { { 5000, 5000, 1 }, "10001" } };
     for (const auto& [addends, sum] : tooLong) {
-        try {
-            exerciseOf(random, addends).Solution();
-            ADD_FAILURE() << sum;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::InvalidArgument);
-            EXPECT_EQ(error.what(),
-                "La suma es " + sum + ".\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.");
-        }
+        ExpectError(RunTimeError::Kind::InvalidArgument,
+            "La suma es " + sum + ".\n\nTiene más de cuatro cifras enteras: la solución no cabe en las columnas.",
+            [&, addends = addends] { exerciseOf(random, addends).Solution(); });
     }
 }
 

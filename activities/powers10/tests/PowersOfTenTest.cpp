@@ -265,16 +265,10 @@ TEST(PowersOfTen, WhatIsNoNumberIsATypeMismatchThatQuotesItUnlessThereIsNothingT
             SCOPED_TRACE(typed + " as factor " + std::to_string(factor));
             ScriptedRandom random = drawsOf(57, 1, 2, multiply);
             PowersOfTen exercise = drawn(random);
-            try {
-                enter(exercise, factor, typed.c_str());
-                ADD_FAILURE() << exercise.Solution();
-            } catch (const RunTimeError& error) {
-                EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::TypeMismatch);
-                EXPECT_EQ(error.what(),
-                    typed.find_first_not_of(' ') == std::string::npos
-                        ? "No se ha escrito ningún número."
-                        : "«" + typed + "» no es un número que sirva de factor.");
-            }
+            const bool isEmpty = typed.find_first_not_of(' ') == std::string::npos;
+            ExpectError(RunTimeError::Kind::TypeMismatch,
+                isEmpty ? "No se ha escrito ningún número." : "«" + typed + "» no es un número que sirva de factor.",
+                [&] { enter(exercise, factor, typed.c_str()); });
             EXPECT_EQ(exercise.Solution(), "570");
         }
     }

@@ -2,7 +2,7 @@
 
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
-#include "common/core/RunTimeError.h"
+#include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
 
@@ -45,13 +45,8 @@ TEST(CatalogueSource, NamesTheLineThatIsNoProduct)
 {
     for (const char* line : { "Kiosko; Un tebeo", "Kiosko", "Kiosko; Un tebeo; mucho", "Kiosko; Un tebeo; 0",
              "Kiosko; Un tebeo; -1", "; Un tebeo; 1", "Kiosko; ; 1", "Kiosko; Un tebeo; 1; 2" }) {
-        try {
-            read("# remark\nKiosko; Un periódico; 2\n" + std::string(line) + "\n");
-            ADD_FAILURE() << line;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::InvalidArgument);
-            EXPECT_EQ(error.what(), "La línea 3 no es un producto: " + std::string(line));
-        }
+        ExpectError(RunTimeError::Kind::InvalidArgument, "La línea 3 no es un producto: " + std::string(line),
+            [line] { read("# remark\nKiosko; Un periódico; 2\n" + std::string(line) + "\n"); });
     }
 }
 

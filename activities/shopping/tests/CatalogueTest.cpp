@@ -2,7 +2,7 @@
 
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
-#include "common/core/RunTimeError.h"
+#include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 #include <sys/stat.h>
 
-#include <functional>
+#include <string>
 #include <tuple>
 #include <utility>
 
@@ -45,20 +45,6 @@ std::string bytes(std::initializer_list<int> values)
 
 const std::string one = bytes({ 0x00, 0x00, 0x80, 0x3F });
 const std::string zero = bytes({ 0, 0, 0, 0 });
-
-RunTimeError::Kind kindOf(const std::function<void()>& action, std::string* text = nullptr)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        if (text != nullptr) {
-            *text = error.what();
-        }
-        return error.ErrorKind();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return RunTimeError::Kind::TypeMismatch;
-}
 
 class CatalogueTest : public ::testing::Test {
 protected:
@@ -186,9 +172,7 @@ TEST_F(CatalogueTest, HoldsAsManyProductsAsA16BitCountCounts)
     EXPECT_EQ(table.back().Nombre.Trimmed(), "32766");
     EXPECT_EQ(saved(table), content);
     EXPECT_EQ(load(content + record("", zero, "")).size(), 32767U);
-    std::string text;
-    EXPECT_EQ(kindOf([&] { load(content + record("z", one, "z")); }, &text), RunTimeError::Kind::Overflow);
-    EXPECT_NE(text.find("32768"), std::string::npos) << text;
+    EXPECT_EQ(KindThrownBy([&] { load(content + record("z", one, "z")); }), RunTimeError::Kind::Overflow);
 }
 
 TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCouldLoadAgain)
@@ -200,7 +184,7 @@ TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCo
 
     table.resize(32766, table.front());
     EXPECT_EQ(AddProduct(table, ProductOf("b", "x")), 32766);
-    EXPECT_EQ(kindOf([&] { AddProduct(table, ProductOf("c", "x")); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { AddProduct(table, ProductOf("c", "x")); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(table.size(), 32767U);
 }
 
@@ -218,11 +202,9 @@ TEST_F(CatalogueTest, NamesTheFileThatCannotBeReadOrWrittenAndTheReason)
             { "pipe", "no es un archivo de datos" }, { std::string(300, 'n'), "el nombre es demasiado largo" } }) {
         const std::filesystem::path path = folder_ / name.c_str();
         const std::string rest = " el archivo «" + path.string() + "»: " + reason + ".";
-        std::string said;
-        EXPECT_EQ(kindOf([&path = path] { LoadCatalogue(path); }, &said), RunTimeError::Kind::File);
-        EXPECT_EQ(said, "No se puede leer" + rest);
-        EXPECT_EQ(kindOf([&path = path] { SaveCatalogue(path, ProductTable(1)); }, &said), RunTimeError::Kind::File);
-        EXPECT_EQ(said, "No se puede escribir" + rest);
+        ExpectError(RunTimeError::Kind::File, "No se puede leer" + rest, [&path = path] { LoadCatalogue(path); });
+        ExpectError(RunTimeError::Kind::File, "No se puede escribir" + rest,
+            [&path = path] { SaveCatalogue(path, ProductTable(1)); });
         EXPECT_EQ(folder_.Names(), names);
     }
 }
@@ -232,9 +214,9 @@ TEST_F(CatalogueTest, DoesNotWriteAFileThatIsForReadingAlone)
     WriteBytes(path_, "");
     std::filesystem::permissions(path_, std::filesystem::perms(0444));
     expectEmpty(LoadCatalogue(path_));
-    std::string said;
-    EXPECT_EQ(kindOf([this] { SaveCatalogue(path_, { ProductOf("a", "x") }); }, &said), RunTimeError::Kind::File);
-    EXPECT_EQ(said, "No se puede escribir el archivo «" + path_.string() + "»: el archivo es de solo lectura.");
+    ExpectError(RunTimeError::Kind::File,
+        "No se puede escribir el archivo «" + path_.string() + "»: el archivo es de solo lectura.",
+        [this] { SaveCatalogue(path_, { ProductOf("a", "x") }); });
     EXPECT_EQ(ReadBytes(path_), "");
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }

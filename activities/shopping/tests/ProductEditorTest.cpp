@@ -2,7 +2,7 @@
 
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
-#include "common/core/RunTimeError.h"
+#include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
 
@@ -158,13 +158,9 @@ TEST(Changing, ReadsThePriceWithAPointAloneAndChangesNothingWhenItIsTooLarge)
     }
     for (const char* price : { "1e39", "1e400", "-1e39" }) {
         ProductEditor editor = editorOf({ bread });
-        try {
+        ExpectError(RunTimeError::Kind::Overflow, "El precio «" + std::string(price) + "» es demasiado grande.", [&] {
             editor.Change(0, { "Kiosko", "Un tebeo", price });
-            ADD_FAILURE() << price;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::Overflow);
-            EXPECT_EQ(error.what(), "El precio «" + std::string(price) + "» es demasiado grande.");
-        }
+        });
         EXPECT_EQ(editor.Table, ProductTable { bread });
     }
 }

@@ -14,7 +14,7 @@ namespace numbrela {
 
 namespace {
 
-using numbrela::testing::KindThrownBy;
+using namespace testing;
 
 TEST(Int16, HoldsEveryNumberOf16BitsAndNoOther)
 {
@@ -86,13 +86,8 @@ TEST(Int16, ComputesAsAnIntAndIsCheckedWhenTheResultIsStored)
 
 TEST(Int16, SaysInSpanishWhichNumberDoesNotFit)
 {
-    try {
-        const Int16 holder = 32768;
-        FAIL() << "stored as " << holder;
-    } catch (const RunTimeError& error) {
-        EXPECT_STREQ(error.KindName(), "Desbordamiento");
-        EXPECT_STREQ(error.what(), "El número 32768 no cabe en un contador de 16 bits.");
-    }
+    ExpectError(RunTimeError::Kind::Overflow, "El número 32768 no cabe en un contador de 16 bits.",
+        [] { return Int16(32768); });
 }
 
 TEST(RunTimeError, NamesEveryKindInSpanish)

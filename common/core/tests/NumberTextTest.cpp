@@ -342,12 +342,9 @@ TEST(PadLeft, PutsBlanksBeforeTheTextUpToTheWidthAndRefusesALongerOneAndSaysWhic
     }
     const std::pair<std::string, int> tooLong[] = { { "1000", 3 }, { "1", 0 }, { "1", -1 }, { "", -1 } };
     for (const auto& [text, width] : tooLong) {
-        try {
-            ADD_FAILURE() << "padded to " << PadLeft(text, width);
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::InvalidArgument);
-            EXPECT_EQ(error.what(), "El número " + text + " no cabe en " + std::to_string(width) + " caracteres.");
-        }
+        ExpectError(RunTimeError::Kind::InvalidArgument,
+            "El número " + text + " no cabe en " + std::to_string(width) + " caracteres.",
+            [&, text = text, width = width] { PadLeft(text, width); });
     }
 }
 

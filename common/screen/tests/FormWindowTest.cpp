@@ -107,6 +107,18 @@ void expectEverythingWhole(const TestForm& form)
     }
 }
 
+class ShownFormTest : public ::testing::Test {
+protected:
+    ShownFormTest()
+    {
+        ShowAndActivate(form_);
+        size_ = form_.size();
+    }
+
+    TestForm form_;
+    QSize size_; // as it opens
+};
+
 TEST(FormWindowTest, HasItsNameItsCaptionAndItsFontAndIsNoDialog)
 {
     TestForm form;
@@ -124,25 +136,23 @@ TEST(FormWindowTest, HasItsNameItsCaptionAndItsFontAndIsNoDialog)
     EXPECT_EQ(control.font().pixelSize(), 16);
 }
 
-TEST(FormWindowTest, LeavesEnterAndEscapeToTheControlThatHasTheFocusAndHeedsAShortcutFromAnyOne)
+TEST_F(ShownFormTest, LeavesEnterAndEscapeToTheControlThatHasTheFocusAndHeedsAShortcutFromAnyOne)
 {
-    TestForm form;
-    ShowAndActivate(form);
-    form.Box->setFocus();
+    form_.Box->setFocus();
     for (const int key : { int { Qt::Key_Return }, int { Qt::Key_Enter }, int { Qt::Key_Escape } }) {
         Press(key);
         EXPECT_EQ(FocusName(), "Box") << key;
     }
     Press(Qt::Key_F2);
-    EXPECT_EQ(form.Choices, 1);
-    form.First->setFocus();
+    EXPECT_EQ(form_.Choices, 1);
+    form_.First->setFocus();
     Press(Qt::Key_F2);
-    EXPECT_EQ(form.Choices, 2);
-    Choose(form, QStringLiteral("MnuOpcUno"));
-    EXPECT_EQ(form.Choices, 3);
+    EXPECT_EQ(form_.Choices, 2);
+    Choose(form_, QStringLiteral("MnuOpcUno"));
+    EXPECT_EQ(form_.Choices, 3);
     Press(Qt::Key_Escape);
-    EXPECT_EQ(form.Presses, 0);
-    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form_.Presses, 0);
+    EXPECT_TRUE(form_.isVisible());
 }
 
 TEST(FormWindowTest, MakesEveryOtherWindowInertWhileItIsShownModally)
@@ -274,24 +284,22 @@ TEST(FormWindowTest, KeepsTheSizeThatAPersonGaveItWhenItIsHiddenAndShown)
     expectEverythingWhole(maximised);
 }
 
-TEST(FormWindowTest, GrowsWithEverythingInIt)
+TEST_F(ShownFormTest, GrowsWithEverythingInIt)
 {
-    TestForm form;
-    ShowAndActivate(form);
-    const int menuHeight = form.MenuBar()->height();
-    form.resize(2 * form.size());
+    const int menuHeight = form_.MenuBar()->height();
+    form_.resize(2 * form_.size());
     settle();
-    const double scale = form.Area().PixelsPerTwip();
+    const double scale = form_.Area().PixelsPerTwip();
     EXPECT_NEAR(scale, 2.0 / 15, 0.002);
-    EXPECT_NEAR(form.Box->font().pixelSize(), 300 * scale, 1);
-    EXPECT_NEAR(form.First->font().pixelSize(), 240 * scale, 1);
-    EXPECT_GT(form.MenuBar()->height(), 3 * menuHeight / 2);
-    for (const QWidget* menu :
-        { static_cast<QWidget*>(&form), static_cast<QWidget*>(form.MenuBar()), static_cast<QWidget*>(form.Options) }) {
+    EXPECT_NEAR(form_.Box->font().pixelSize(), 300 * scale, 1);
+    EXPECT_NEAR(form_.First->font().pixelSize(), 240 * scale, 1);
+    EXPECT_GT(form_.MenuBar()->height(), 3 * menuHeight / 2);
+    for (const QWidget* menu : { static_cast<QWidget*>(&form_), static_cast<QWidget*>(form_.MenuBar()),
+             static_cast<QWidget*>(form_.Options) }) {
         EXPECT_NEAR(menu->font().pixelSize(), 240 * scale, 1);
         EXPECT_EQ(menu->font().family().toStdString(), "Arial");
     }
-    expectEverythingWhole(form);
+    expectEverythingWhole(form_);
 }
 
 TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
@@ -318,17 +326,15 @@ TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
     }
 }
 
-TEST(FormWindowTest, ShrinksToHalfItsDesignSizeAtMost)
+TEST_F(ShownFormTest, ShrinksToHalfItsDesignSizeAtMost)
 {
-    TestForm form;
-    ShowAndActivate(form);
-    form.resize(1, 1);
+    form_.resize(1, 1);
     settle();
-    EXPECT_GE(form.AreaPixels().width(), designPixels.width() / 2);
-    EXPECT_GE(form.AreaPixels().height(), designPixels.height() / 2);
-    EXPECT_LE(form.AreaPixels().height(), designPixels.height() * 6 / 10);
-    EXPECT_LT(form.Box->font().pixelSize(), 12);
-    expectEverythingWhole(form);
+    EXPECT_GE(form_.AreaPixels().width(), designPixels.width() / 2);
+    EXPECT_GE(form_.AreaPixels().height(), designPixels.height() / 2);
+    EXPECT_LE(form_.AreaPixels().height(), designPixels.height() * 6 / 10);
+    EXPECT_LT(form_.Box->font().pixelSize(), 12);
+    expectEverythingWhole(form_);
 }
 
 struct BeyondEdge {
@@ -337,7 +343,7 @@ struct BeyondEdge {
     QSize Growth; // in pixels, at the design size
 };
 
-class BeyondEdgeTest : public ::testing::TestWithParam<BeyondEdge> {
+class BeyondEdgeTest : public ShownFormTest, public ::testing::WithParamInterface<BeyondEdge> {
 protected:
     void moveBox(TwipsRect rect)
     {
@@ -345,7 +351,6 @@ protected:
         settle();
     }
 
-    TestForm form_;
     const TwipsRect inside_ = form_.Area().RectOf(form_.Box);
 };
 
@@ -365,30 +370,27 @@ TEST_P(BeyondEdgeTest, GrowsAtTheSameScaleAndShrinksBack)
     EXPECT_EQ(opened.AreaPixels(), designPixels + GetParam().Growth);
     expectEverythingWhole(opened);
 
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     moveBox(GetParam().Place);
-    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    EXPECT_EQ(form_.size(), size_ + GetParam().Growth);
     EXPECT_DOUBLE_EQ(form_.Area().PixelsPerTwip(), 1.0 / 15);
     EXPECT_EQ(form_.First->size(), QSize(100, 33));
     EXPECT_EQ(form_.Box->font().pixelSize(), 20);
     expectEverythingWhole(form_);
     form_.Box->hide(); // only what is visible takes room
     settle();
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
     expectEverythingWhole(form_);
     form_.Box->show();
     settle();
-    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    EXPECT_EQ(form_.size(), size_ + GetParam().Growth);
     moveBox(inside_);
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
     EXPECT_EQ(form_.AreaPixels(), designPixels);
     expectEverythingWhole(form_);
 }
 
 TEST_P(BeyondEdgeTest, GrowsAtTheScaleThatAPersonGaveTheWindow)
 {
-    ShowAndActivate(form_);
     form_.resize(form_.size() * 5 / 4);
     settle();
     const double scale = form_.Area().PixelsPerTwip();
@@ -407,8 +409,6 @@ TEST_P(BeyondEdgeTest, GrowsAtTheScaleThatAPersonGaveTheWindow)
 
 TEST_P(BeyondEdgeTest, ShowsEverythingInAMaximisedWindow)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     form_.showMaximized();
     settle();
     const QSize maximised = form_.size();
@@ -421,30 +421,26 @@ TEST_P(BeyondEdgeTest, ShowsEverythingInAMaximisedWindow)
     moveBox(inside_);
     form_.showNormal();
     settle();
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
     moveBox(GetParam().Place);
-    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    EXPECT_EQ(form_.size(), size_ + GetParam().Growth);
     expectEverythingWhole(form_);
 }
 
 TEST_F(BeyondEdgeTest, KeepsItsSizeHoweverOftenAControlComesAndGoes)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     for (int i = 1; i <= 60; ++i) {
         moveBox({ -137 * i, 500, 2000, 495 });
         expectEverythingWhole(form_);
         moveBox({ 1500, -193 * i, 2000, 495 });
         expectEverythingWhole(form_);
         moveBox(inside_);
-        ASSERT_EQ(form_.size(), size) << i;
+        ASSERT_EQ(form_.size(), size_) << i;
     }
 }
 
 TEST_F(BeyondEdgeTest, GrowsNoLargerThanTheScreen)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     const QSize room = form_.screen()->availableSize();
     for (const TwipsRect far :
         { TwipsRect { -room.width() * 15, 500, 2000, 495 }, TwipsRect { 1500, room.height() * 15, 2000, 495 } }) {
@@ -453,27 +449,24 @@ TEST_F(BeyondEdgeTest, GrowsNoLargerThanTheScreen)
         EXPECT_LT(form_.height(), room.height());
         expectEverythingWhole(form_);
         moveBox(inside_);
-        EXPECT_EQ(form_.size(), size);
+        EXPECT_EQ(form_.size(), size_);
     }
 }
 
 TEST_F(BeyondEdgeTest, TakesTheSizeThatItsAreaIsGiven)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     form_.Area().SetDesignSize({ designArea.Width + 600, designArea.Height - 1500 });
     settle();
-    EXPECT_EQ(form_.size(), size + QSize(40, -100));
+    EXPECT_EQ(form_.size(), size_ + QSize(40, -100));
     EXPECT_DOUBLE_EQ(form_.Area().PixelsPerTwip(), 1.0 / 15);
     expectEverythingWhole(form_);
     form_.Area().SetDesignSize(designArea);
     settle();
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
 }
 
 TEST_F(BeyondEdgeTest, ComesBackOntoTheScreenWhenItHasGrownOverItsEdge)
 {
-    ShowAndActivate(form_);
     const QRect room = form_.screen()->availableGeometry();
     const QPoint inMiddle(200, 100);
     form_.move(inMiddle);
