@@ -62,14 +62,7 @@ protected:
     }
 
     // The windows of the program that are on the screen.
-    static int OpenWindows()
-    {
-        int count = 0;
-        for (const QWidget* window : QApplication::topLevelWidgets()) {
-            count += dynamic_cast<const FormWindow*>(window) != nullptr && window->isVisible() ? 1 : 0;
-        }
-        return count;
-    }
+    static std::size_t OpenWindows() { return WindowsOnScreen().size(); }
 
     // Closes the open activity and destroys it, as the running program does.
     static void Close(FormWindow& activity)
@@ -95,8 +88,6 @@ private:
     ProgramRun run_ { .Time = std::make_unique<FixedClock>() };
     std::unique_ptr<Form1> menu_;
 };
-
-// --- What it shows ---------------------------------------------------------------------------------------------------
 
 TEST_F(Form1Test, HasAColumnOfNineButtons)
 {
@@ -135,8 +126,6 @@ TEST_F(Form1Test, HasItsNameItsCaptionItsHeightAndAMenuItemThatSaysWhoMadeIt)
     EXPECT_TRUE(Menu().isVisible());
 }
 
-// --- Opening an activity ---------------------------------------------------------------------------------------------
-
 // Whatever the activity, its button opens one window of its own, with the menu inert behind it.
 TEST_F(Form1Test, EveryActivityOpensItsOwnWindowByMouseAndKeysAndReturnsToTheMenu)
 {
@@ -160,11 +149,11 @@ TEST_F(Form1Test, EveryActivityOpensItsOwnWindowByMouseAndKeysAndReturnsToTheMen
             TabTo(button.toStdString());
             open();
             ASSERT_EQ(ActivityName(), window);
-            EXPECT_EQ(OpenWindows(), 2);
+            EXPECT_EQ(OpenWindows(), 2U);
             EXPECT_EQ(Activity()->windowModality(), Qt::ApplicationModal);
             Close(*Activity());
             EXPECT_EQ(ActivityName(), "");
-            EXPECT_EQ(OpenWindows(), 1);
+            EXPECT_EQ(OpenWindows(), 1U);
             EXPECT_TRUE(Menu().isVisible());
             if (index == 7) {
                 break;
@@ -178,7 +167,7 @@ TEST_F(Form1Test, AnIndexThatNoButtonHasDoesNothing)
 {
     for (const int index : { -1, 9, 100 }) {
         Menu().Command1_Click(index);
-        EXPECT_EQ(OpenWindows(), 1);
+        EXPECT_EQ(OpenWindows(), 1U);
         EXPECT_TRUE(Menu().isVisible());
     }
 }
@@ -190,7 +179,7 @@ TEST_F(Form1Test, IsInertWhileAnActivityIsOpenAndAliveAgainAfterwards)
     const FormWindow* sums = Activity();
     const auto expectInert = [&] {
         EXPECT_EQ(Activity(), sums);
-        EXPECT_EQ(OpenWindows(), 2);
+        EXPECT_EQ(OpenWindows(), 2U);
         EXPECT_TRUE(Menu().isVisible());
     };
     for (const int index : { 1, 8 }) {
@@ -225,7 +214,7 @@ TEST_F(Form1Test, AnActivityThatIsOpenedAgainStartsAfresh)
             }
             Close(*activity);
             EXPECT_TRUE(activity.isNull());
-            EXPECT_EQ(OpenWindows(), 1);
+            EXPECT_EQ(OpenWindows(), 1U);
         }
     }
 }
@@ -251,12 +240,10 @@ TEST_F(Form1Test, BringsTheMinimisedActivityBackInsteadOfOpeningAnother)
         Click(Menu(), button);
         EXPECT_FALSE(sums->isMinimized());
         EXPECT_TRUE(QTest::qWaitForWindowActive(sums));
-        EXPECT_EQ(OpenWindows(), 2);
+        EXPECT_EQ(OpenWindows(), 2U);
     }
     Close(*sums);
 }
-
-// --- What outlasts the activities ------------------------------------------------------------------------------------
 
 TEST_F(Form1Test, TheTablesThatWereTickedAreTickedInTheNextWindowToo)
 {
@@ -316,8 +303,6 @@ TEST_F(Form1Test, OpensItsActivitiesAsLargeAsItIsAndStaysSo)
     }
 }
 
-// --- Ending ----------------------------------------------------------------------------------------------------------
-
 TEST_F(Form1Test, SalirOrClosingItEndsTheProgramWithoutAQuestionAlsoAfterAnActivity)
 {
     const auto salir = [this] { Click(Menu(), QStringLiteral("Command1(8)")); };
@@ -335,7 +320,7 @@ TEST_F(Form1Test, SalirOrClosingItEndsTheProgramWithoutAQuestionAlsoAfterAnActiv
         ShowAndActivate(Menu());
         TabTo("Command1(8)");
         EXPECT_EQ(RunProgram(end), 0);
-        EXPECT_EQ(OpenWindows(), 0);
+        EXPECT_EQ(OpenWindows(), 0U);
     }
 }
 

@@ -192,8 +192,6 @@ INSTANTIATE_TEST_SUITE_P(FormColoSuma, FormColoSumaBoxTest,
         return name;
     });
 
-// ------------------------------------------------------------------------------------------------------------ at load
-
 TEST_F(FormColoSumaTest, OpensWithFourAddendsAndTheFocusInTheFirstBox)
 {
     expectEmptyBoxes(sevenBlanks);
@@ -215,8 +213,6 @@ TEST_F(FormColoSumaTest, BoxesMadeLaterComeBeforeTheSum)
     Press(Qt::Key_Tab);
     EXPECT_EQ(FocusName(), "TbResultado") << "hidden boxes are left out";
 }
-
-// ------------------------------------------------------------------------------------------------------------- typing
 
 TEST_P(FormColoSumaBoxTest, TypingReplacesTheBlanksAsFarAsThereAreColumns)
 {
@@ -359,8 +355,6 @@ TEST_F(FormColoSumaTest, TheDataCannotBeTypedOver)
     EXPECT_EQ(verdict(), "");
 }
 
-// ----------------------------------------------------------------------------------------------------------- checking
-
 TEST_F(FormColoSumaTest, EveryClickJudgesTheSumAloneAndChangesTheVerdict)
 {
     const auto expectVerdicts = [this](std::initializer_list<const char*> verdicts) {
@@ -380,8 +374,6 @@ TEST_F(FormColoSumaTest, EveryClickJudgesTheSumAloneAndChangesTheVerdict)
     typeSum(PlainDecimalText(expected_.AddendSum));
     expectVerdicts({ "Resultado incorrecto" });
 }
-
-// ------------------------------------------------------------------------------------------------- the other buttons
 
 TEST_F(FormColoSumaTest, ContinuingDrawsAndClearingDoesNotAndBothKeepTheVerdict)
 {
@@ -526,8 +518,6 @@ TEST_F(FormColoSumaTest, EveryBoxShowsItsTextWithTheSameColumns)
     }
 }
 
-// ------------------------------------------------------------------------------------------------------------ options
-
 TEST_F(FormColoSumaTest, ChoosingTheNumberOfAddendsDrawsAndMovesTheMark)
 {
     for (const int count : { 6, 2, 5, 3, 4, 4 }) {
@@ -611,8 +601,6 @@ TEST_F(FormColoSumaTest, FewerAddendsLeaveTheSignsOfTheOthersBehindAndTheTextsUn
     chooseAddends(6);
     EXPECT_EQ(addends(), std::vector(6, eightBlanks));
 }
-
-// ---------------------------------------------------------------------------------------------------------- lifecycle
 
 TEST_F(FormColoSumaTest, ANewWindowHasFourAddendsOfThreeDigitsAndAnExerciseOfItsFractionOfASecond)
 {

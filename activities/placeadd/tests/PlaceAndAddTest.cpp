@@ -60,8 +60,6 @@ int decimalsOf(const std::string& text)
     return comma == std::string::npos ? 0 : static_cast<int>(text.size() - comma - 1);
 }
 
-// ----------------------------------------------------------------------------------------------------------- at load
-
 TEST(PlaceAndAdd, StartsWithFourAddendsOfThreeDigitsAndOffersTwoToSixOfTwoToFive)
 {
     ScriptedRandom random {};
@@ -72,8 +70,6 @@ TEST(PlaceAndAdd, StartsWithFourAddendsOfThreeDigitsAndOffersTwoToSixOfTwoToFive
     EXPECT_EQ(OptionCaptions(PlaceAndAdd::MaxDigitsChoices), "&2&3&4&5");
     EXPECT_EQ(PlaceAndAdd::AddendCountChoices.ValueAt(4), static_cast<int>(PlaceAndAdd::MostAddends));
 }
-
-// ----------------------------------------------------------------------------------------------------------- drawing
 
 // The draws of one addend of an exercise with at most three digits: how many digits, the number, how many decimals.
 using Draws = std::vector<double>;
@@ -264,8 +260,6 @@ TEST(PlaceAndAdd, NumbersHaveADecimalCommaInEveryCountry)
     EXPECT_EQ(exerciseOf(random, { 1200.5F, 34.5F }).Judge("1235", "").Text, "Resultado correcto ");
 }
 
-// ----------------------------------------------------------------------------------------------------------- judging
-
 TEST(PlaceAndAdd, JudgesTheWholePartOfWhatIsWritten)
 {
     const std::tuple<float, float, const char*, bool> cases[] = { // What stands behind the comma is not read.
@@ -318,8 +312,6 @@ TEST(PlaceAndAdd, AVerdictThatIsRepeatedGainsABlank)
         EXPECT_EQ(shown, text);
     }
 }
-
-// ---------------------------------------------------------------------------------------------------------- solution
 
 TEST(PlaceAndAdd, PlacesTheUnitsInTheFourthColumn)
 {

@@ -220,8 +220,6 @@ TEST_F(FrmUnidadTest, OnlyTheAnswerCanBeTypedInto)
     EXPECT_EQ(answer(), "");
 }
 
-// ------------------------------------------------------------------------------------------------------------ options
-
 TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNeitherMarkNorFocus)
 {
     const std::pair<int, const char*> choices[]
@@ -265,8 +263,6 @@ TEST_F(FrmUnidadTest, ChoosingDigitsOfThePowerDoesNothing)
     }
     EXPECT_EQ(powers, (std::set<std::string> { "10", "100", "1000" }));
 }
-
-// ------------------------------------------------------------------------------------------------------ typed factors
 
 TEST_F(FrmUnidadTest, TypedFactorsDoNotShowButCount)
 {
@@ -345,8 +341,6 @@ TEST(FrmUnidadFactorEntry, AFactorThatCannotBeTakenEndsTheProgram)
         EXPECT_EQ(errors[0].ErrorKind(), error);
     }
 }
-
-// ---------------------------------------------------------------------------------------------------------- lifecycle
 
 TEST_F(FrmUnidadTest, TheNextOpeningHasTwoDigitNumbersAgainOfItsFractionOfASecond)
 {

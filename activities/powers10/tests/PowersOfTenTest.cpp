@@ -47,8 +47,6 @@ std::string unitsAt(int decimals, int units)
     return WithoutLastZeros(CommaText(units * PowerOfTenOnPaper(std::max(-decimals, 0)), std::max(decimals, 0)));
 }
 
-// ----------------------------------------------------------------------------------------------------------- at load
-
 TEST(PowersOfTen, StartsWithTwoDigitsAndPowersUpTo1000AndOffersOneToFourAndTwoToFiveDigits)
 {
     ScriptedRandom random {};
@@ -58,8 +56,6 @@ TEST(PowersOfTen, StartsWithTwoDigitsAndPowersUpTo1000AndOffersOneToFourAndTwoTo
     EXPECT_EQ(OptionCaptions(PowersOfTen::Digits1Choices), "&1&2&3&4");
     EXPECT_EQ(OptionCaptions(PowersOfTen::Digits2Choices), "&2&3&4&5");
 }
-
-// ----------------------------------------------------------------------------------------------------------- drawing
 
 TEST(PowersOfTen, DrawsNumberDecimalsPowerAndSignInThisOrder)
 {
@@ -165,8 +161,6 @@ TEST(PowersOfTen, NumbersHaveADecimalCommaInEveryCountry)
     EXPECT_TRUE(exercise.Check("0,00057").Right);
 }
 
-// ---------------------------------------------------------------------------------------------------------- checking
-
 // Factors that were typed reach every product; the sign is a multiplication's.
 PowersOfTen withProduct(RandomSource& random, const char* product)
 {
@@ -202,8 +196,6 @@ TEST(PowersOfTen, JudgesAnswersAsNumbers)
         EXPECT_EQ(verdict.Text, right ? "Resultado correcto " : "Resultado incorrecto ");
     }
 }
-
-// ----------------------------------------------------------------------------------------------------- typed factors
 
 void enter(PowersOfTen& exercise, int factor, const char* typed)
 {

@@ -86,8 +86,6 @@ TEST(ShippedCatalogue, NamesEachProductOnceAsAPupilWouldAndSoThatAListShowsItWho
     }
 }
 
-// The tool that a build runs.
-
 int runTool(const std::filesystem::path& text, const std::filesystem::path& catalogue)
 {
     const std::string command

@@ -188,8 +188,6 @@ TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCo
     EXPECT_EQ(table.size(), 32767U);
 }
 
-// What cannot be read or written.
-
 TEST_F(CatalogueTest, NamesTheFileThatCannotBeReadOrWrittenAndTheReason)
 {
     WriteBytes(folder_ / "file", "");
@@ -220,8 +218,6 @@ TEST_F(CatalogueTest, DoesNotWriteAFileThatIsForReadingAlone)
     EXPECT_EQ(ReadBytes(path_), "");
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
-
-// Saving over what somebody else may have saved.
 
 TEST_F(CatalogueTest, GivesWhatItHasReadWholeAlsoWhatIsNoProduct)
 {
@@ -273,8 +269,6 @@ TEST_F(CatalogueTest, LeavesWhatIsNotExpectedAndTellsWhatItIs)
     EXPECT_EQ(outcome.Content, std::nullopt);
     EXPECT_TRUE(folder_.Names().empty());
 }
-
-// The file that is replaced.
 
 mode_t permissionsOf(const std::filesystem::path& path)
 {

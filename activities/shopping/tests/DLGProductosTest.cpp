@@ -129,8 +129,6 @@ protected:
     std::unique_ptr<DLGProductos> form_;
 };
 
-// The window as it opens.
-
 TEST_F(DLGProductosTest, ConsistsOfAListOfTheCatalogueThreeEmptyBoxesAndFiveButtons)
 {
     const DLGProductos& form = open();
@@ -219,8 +217,6 @@ TEST_F(DLGProductosTest, ReachesItsBoxesByAccessKeysAndStaysOpenWhateverIsPresse
     }
 }
 
-// Selecting a line.
-
 TEST_F(DLGProductosTest, ShowsTheProductOfTheLineThatIsClickedOrReachedByAKey)
 {
     const DLGProductos& form = open();
@@ -304,8 +300,6 @@ TEST_F(DLGProductosTest, RefusesAPriceOnceHoweverFastTheKeysFollowAndBeforeAButt
     }
 }
 
-// Adding.
-
 TEST_F(DLGProductosTest, AddsAProductSelectsItsLineAndTakesTheBoxesOver)
 {
     const DLGProductos& form = open();
@@ -368,8 +362,6 @@ TEST_F(DLGProductosTest, AddsNothingWhenAnAnswerIsMissingOrNoPriceOrTheCatalogue
     Click(*form_, QStringLiteral("CBAdd"));
     EXPECT_EQ(form_->List1->LineCount(), 32767);
 }
-
-// Changing.
 
 TEST_F(DLGProductosTest, ChangesTheSelectedProductAndSelectsItWhereItNowStands)
 {
@@ -445,8 +437,6 @@ TEST_F(DLGProductosTest, ChangesNothingOnTheScreenWhenNothingIsChanged)
     EXPECT_NE(LinesOf(*form.List1)[3].find("Un tebeo"), std::string::npos) << "what was typed has been taken over";
 }
 
-// Deleting.
-
 TEST_F(DLGProductosTest, DeletesALineForgetsItsBoxesAndSelectsTheOneAboveOrTheFirst)
 {
     for (const auto& [deleted, left, selected, boxes] : { std::tuple(0, Lines { breadLine, fishLine }, 0, breadBoxes),
@@ -497,8 +487,6 @@ TEST_F(DLGProductosTest, ScrollsToTheLineThatItSelects)
     change({ "Kiosko", "Producto 1250", "2" }, { "Kiosko", "Producto 1100b", "" });
     EXPECT_TRUE(isSeen(101));
 }
-
-// Closing, saving and the way back to the shopping window.
 
 class HandoverTest : public DLGProductosTest {
 protected:
@@ -617,12 +605,14 @@ TEST_F(HandoverTest, DoesNotTakeOverOnAceptarWhatIsInTheBoxesAloneNorAnythingOnC
 }
 
 // As a teacher does it: out of the shopping window, a product more, and into the shop that sells it.
-TEST_F(HandoverTest, ShopsWithTheNewCatalogueAtOnce)
+TEST_F(HandoverTest, TakesThePlaceOfTheShoppingWindowWhichThenShopsWithTheNewCatalogue)
 {
     ShowShopping(before_, clock_, shop_, true);
-    onlyWindow("Form7");
+    const QPointer<QWidget> first = &onlyWindow("Form7");
+    EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);
     Press(Qt::Key_F3);
     deleteClosedWindows();
+    EXPECT_TRUE(first.isNull());
     QWidget& editor = onlyWindow("DLGProductos");
     ExpectNewProduct({ "Una barra de pan", "0,85", "Panadería" });
     Click(editor, QStringLiteral("CBAdd"));

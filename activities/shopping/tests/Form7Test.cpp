@@ -47,17 +47,6 @@ void answer(const Form7& form, const QString& result)
     PressContinue(form);
 }
 
-template <typename Form>
-Form* openWindow()
-{
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* form = dynamic_cast<Form*>(window); form != nullptr && form->isVisible()) {
-            return form;
-        }
-    }
-    return nullptr;
-}
-
 class Form7Test : public ::testing::Test {
 protected:
     Form7& open(const ProductTable& table)
@@ -78,7 +67,7 @@ protected:
     Form7* openToBeGone()
     {
         ShowShopping(before_, clock_, shop_, true);
-        return openWindow<Form7>();
+        return dynamic_cast<Form7*>(shop_.Window.data());
     }
 
     static bool isGone(const QPointer<Form7>& form)
@@ -601,26 +590,7 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
     EXPECT_TRUE(form_->Timer1->isActive());
 }
 
-TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
-{
-    Form7& form = open(NumberedTable(4));
-    for (const char* name : { "Un diamante", "Otro diamante" }) {
-        ExpectNewProduct({ name, "3e38", "Panadería" });
-        Choose(form, QStringLiteral("MnuOpcAdd"));
-    }
-    EXPECT_TRUE(form.Timer1->isActive());
-    expectLength(QStringLiteral("6"));
-    ExpectMessage(QStringLiteral("Numbrela"),
-        QStringLiteral("La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
-                       "Corrige los precios del catálogo desde el menú Opciones."));
-    Choose(form, QStringLiteral("MnuOpcNum"));
-    EXPECT_EQ(form.List1->LineCount(), 0);
-    EXPECT_FALSE(form.Timer1->isActive());
-    EXPECT_EQ(form.TBDinero->Text(), "05€");
-    EXPECT_EQ(form.TBTiempo->Text(), "10 : 00");
-}
-
-TEST_F(Form7Test, TooFewProductsAreSaidOnce)
+TEST_F(Form7Test, TooFewProductsAreSaidOnceAndAListThatCostsTooMuchIsEmptyAndStopsTheClock)
 {
     SaveCatalogue(path_, NumberedTable(3));
     form_ = std::make_unique<Form7>(clock_, shop_);
@@ -631,6 +601,21 @@ TEST_F(Form7Test, TooFewProductsAreSaidOnce)
     EXPECT_EQ(form_->List1->LineCount(), 3);
     form_->hide();
     ShowAndActivate(*form_);
+    EXPECT_TRUE(form_->Timer1->isActive());
+
+    for (const char* name : { "Un diamante", "Otro diamante" }) {
+        ExpectNewProduct({ name, "3e38", "Panadería" });
+        Choose(*form_, QStringLiteral("MnuOpcAdd"));
+    }
+    expectLength(QStringLiteral("5"));
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral("La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
+                       "Corrige los precios del catálogo desde el menú Opciones."));
+    Choose(*form_, QStringLiteral("MnuOpcNum"));
+    EXPECT_EQ(form_->List1->LineCount(), 0);
+    EXPECT_FALSE(form_->Timer1->isActive());
+    EXPECT_EQ(form_->TBDinero->Text(), "05€");
+    EXPECT_EQ(form_->TBTiempo->Text(), "10 : 00");
 }
 
 TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
@@ -657,25 +642,6 @@ TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
     EXPECT_EQ(KindThrownBy([this] { const Form7 form(clock_, shop_); }), RunTimeError::Kind::Overflow);
 }
 
-TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)
-{
-    for (const auto& [price, units, kind] :
-        { std::tuple(1000.0F, 1, RunTimeError::Kind::InvalidArgument), { 1.0F, 115, RunTimeError::Kind::Overflow } }) {
-        Form7& form = open(TableOf({ { "Una barra de pan", price }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
-        fillBasket(form, units);
-        EXPECT_EQ(KindThrownBy([&form = form] { form.CbContinuar_Click(); }), kind);
-    }
-}
-
-TEST_F(Form7Test, AShopOfThousandsIsOfferedWhole)
-{
-    const Form7& form = open(NumberedTable(3000));
-    GoInto(form, QStringLiteral("Panadería"));
-    EXPECT_EQ(form.LIDisponibles->LineCount(), 3000);
-    TakeFromShelf(form, QStringLiteral("Producto 2999"));
-    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
-}
-
 TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
 {
     const Form7& form = open(TableOf(std::vector<ProductRow>(300, { std::string(90, 'm'), 1 })));
@@ -688,32 +654,6 @@ TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
     GoInto(form, QStringLiteral("Panadería"));
     QCoreApplication::processEvents();
     EXPECT_GE(form.LIDisponibles->visualRect(form.LIDisponibles->model()->index(0, 0)).top(), 0);
-}
-
-TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
-{
-    AcceptAnyBox(); // there are no products
-    const QPointer<Form7> first = openToBeGone();
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);
-    ShowAndAnswerBoxes(*first);
-    Press(Qt::Key_F3);
-    EXPECT_TRUE(isGone(first));
-    const auto* editor = openWindow<DLGProductos>();
-    ASSERT_NE(editor, nullptr);
-    EXPECT_EQ(editor->Ruta, path_);
-    EXPECT_EQ(editor->List1->LineCount(), 1) << "the one empty entry";
-
-    SaveCatalogue(path_, NumberedTable(1)); // what another teacher has saved meanwhile
-    AcceptAnyBox();
-    Click(*editor, QStringLiteral("CancelButton"));
-    EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
-    const QPointer<Form7> second = openWindow<Form7>();
-    ASSERT_NE(second, nullptr);
-    EXPECT_EQ(second->windowModality(), Qt::NonModal);
-    EXPECT_EQ(second->List1->LineCount(), 1) << "the catalogue has been read anew";
-    second->close();
-    EXPECT_TRUE(isGone(second));
 }
 
 } // namespace

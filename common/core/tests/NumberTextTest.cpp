@@ -37,8 +37,6 @@ std::string repeated(std::string_view text, int times)
     return repeated;
 }
 
-// --- Plain decimal text ----------------------------------------------------------------------------------------------
-
 TEST(PlainDecimalText, WritesADecimalCommaNoGroupsNoExponentAndAtMost15Digits)
 {
     const std::pair<double, std::string> cases[] = {
@@ -111,8 +109,6 @@ TEST(PlainDecimalText, OverflowsForWhatIsNotFinite)
     }
 }
 
-// --- Digits with points and commas -----------------------------------------------------------------------------------
-
 // A sign counts as a character.
 TEST(FormatDisplayNumber, GroupsThousandsByARuleThatRepeatsADigitFromSevenOn)
 {
@@ -162,8 +158,6 @@ TEST(GroupThousands, PutsAPointBeforeEveryGroupLeftOfTheComma)
         EXPECT_EQ(GroupThousands(number), grouped);
     }
 }
-
-// --- Readers ---------------------------------------------------------------------------------------------------------
 
 struct Readings {
     const char* Text;
@@ -324,8 +318,6 @@ TEST(ParseDisplayNumber, ReadsTextsOfUpTo32767CharactersAndOverflowsForLongerOne
     }
 }
 
-// --- Characters ------------------------------------------------------------------------------------------------------
-
 TEST(LengthInCharacters, CountsCharactersAndNotBytes)
 {
     EXPECT_EQ(LengthInCharacters(""), 0);
@@ -355,8 +347,6 @@ TEST(Trimmed, TakesTheBlanksOfBothEndsAway)
         EXPECT_EQ(Trimmed(text), trimmed);
     }
 }
-
-// --- Locale ----------------------------------------------------------------------------------------------------------
 
 // One line for each function, so that a test can compare all of them at once.
 std::string everythingWritten()

@@ -50,8 +50,6 @@ protected:
     TextBox& other_ = *AddTextBox(form_.Area(), QStringLiteral("Other"), { 300, 1000, 1500, 495 }, boxFont);
 };
 
-// Text, caret, highlight.
-
 TEST_F(TextBoxTest, HoldsUtf8TextWithItsBlanksAndLosesTheSelectionWhenAProgramWrites)
 {
     for (const char* text : { "1,5 € ñ 12·3", "  12  3 ", "  12  3 ", "" }) {
@@ -110,8 +108,6 @@ TEST_F(TextBoxTest, StepsLeftFromItsCaretOrTheStartOfTheSelectionAndStaysAtTheFi
     box_.StepCaretLeft();
     EXPECT_EQ(box_.selectedText().toStdString(), "12345") << "there is no step left";
 }
-
-// Where the focus goes, and the highlight stays.
 
 class HighlightTest : public TextBoxTest {
 protected:
@@ -248,8 +244,6 @@ TEST_F(TextBoxTest, TellsWheneverTheFocusComes)
     EXPECT_EQ(FocusName(), "Other") << "it can be passed on as soon as it comes";
 }
 
-// The length that can be typed.
-
 TEST_F(TextBoxTest, TakesNoMoreTypingOrPastingThanItsLimit)
 {
     box_.SetMaximumTypedLength(3);
@@ -340,8 +334,6 @@ TEST_F(TextBoxTest, KeepsCaretAndHighlightWhenItsLimitOrATextLongerThanTheLimitI
     box_.SetMaximumTypedLength(7);
     EXPECT_EQ(box_.selectedText().toStdString(), "956");
 }
-
-// A text too wide for the box.
 
 class FittingTest : public TextBoxTest {
 protected:
