@@ -20,7 +20,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
-#include <string>
 #include <tuple>
 
 namespace numbrela {

@@ -29,7 +29,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace numbrela {
 

@@ -3,7 +3,6 @@
 #include "activities/shopping/core/Money.h"
 #include "activities/shopping/screen/Beep.h"
 #include "activities/shopping/screen/ColumnArea.h"
-#include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
@@ -17,7 +16,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDialog>
 #include <QFrame>
 #include <QLabel>

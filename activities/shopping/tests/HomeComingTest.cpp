@@ -1,5 +1,4 @@
 #include "activities/shopping/core/ShoppingTask.h"
-#include "activities/shopping/tests/TestTables.h"
 
 #include <gtest/gtest.h>
 

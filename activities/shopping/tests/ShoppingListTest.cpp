@@ -131,7 +131,7 @@ TEST(ShoppingListTest, DrawingEndsForEveryCatalogueAndEveryLength)
     }
 }
 
-TEST(ShoppingListTest, ACatalogueWithTooFewProductsGivesAListOfAllOfThem)
+TEST(ShoppingListTest, ACatalogueWithTooFewProductsGivesAListOfAllOfThemAndSaysSo)
 {
     ShoppingTask task = taskWith(NumberedTable(3), 4);
     SeededRandom random(7);
@@ -145,12 +145,8 @@ TEST(ShoppingListTest, ACatalogueWithTooFewProductsGivesAListOfAllOfThem)
     EXPECT_EQ(task.NewShoppingTask(random),
         "El catálogo solo tiene 1 producto, así que la lista de la compra es de 1 producto en lugar de 10.");
     EXPECT_EQ(productsOf(task), std::vector<int> { 0 });
-}
 
-TEST(ShoppingListTest, AnEmptyCatalogueGivesAnEmptyListAndSaysSo)
-{
-    ShoppingTask task;
-    ScriptedRandom random {};
+    task = ShoppingTask();
     EXPECT_EQ(task.NewShoppingTask(random),
         "El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
         "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una lista nueva.");

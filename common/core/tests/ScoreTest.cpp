@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <locale>
-#include <optional>
 #include <string>
 #include <tuple>
 #include <utility>

@@ -2,7 +2,6 @@
 
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
-#include "common/screen/KeyCodes.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Driver.h"
 

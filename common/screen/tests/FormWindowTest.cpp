@@ -212,18 +212,14 @@ TEST(FormWindowTest, OpensAsLargeAsTheWindowThatItIsOpenedFromAndHasItsDesignSiz
     EXPECT_EQ(form.AreaPixels(), designPixels);
 }
 
-TEST(FormWindowTest, GoesThroughItsControlsWithTabInTheOrderGiven)
+TEST_F(ShownFormTest, GoesThroughItsControlsWithTabInTheOrderGiven)
 {
-    TestForm form;
-    TestForm::SetTabSequence({ form.Second, form.Box, form.First });
-    ShowAndActivate(form);
-    form.Second->setFocus();
-    std::vector<std::string> names;
-    for (int i = 0; i < 3; ++i) {
+    TestForm::SetTabSequence({ form_.Second, form_.Box, form_.First });
+    form_.Second->setFocus();
+    for (const char* next : { "Box", "First", "Second" }) {
         Press(Qt::Key_Tab);
-        names.push_back(FocusName());
+        EXPECT_EQ(FocusName(), next);
     }
-    EXPECT_EQ(names, (std::vector<std::string> { "Box", "First", "Second" }));
     Press(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(FocusName(), "First");
 }
