@@ -128,7 +128,8 @@ TEST_F(Form1Test, HasItsNameItsCaptionItsHeightAndAMenuItemThatSaysWhoMadeIt)
 // Whatever the activity, its button opens one window of its own, with the menu inert behind it.
 TEST_F(Form1Test, EveryActivityOpensItsOwnWindowByMouseAndKeysAndReturnsToTheMenu)
 {
-    constexpr Qt::Key none {}; // two buttons share theirs, and the shop has something to say before a key is let go
+    constexpr Qt::Key
+        none {}; // two buttons share theirs; the shop says before a key is let go that it has no catalogue
     const std::pair<const char*, Qt::Key> windows[]
         = { { "Form2", Qt::Key_S }, { "Form3", Qt::Key_R }, { "Form4", none }, { "Form5", Qt::Key_D },
               { "Form6", none }, { "FrmUnidad", Qt::Key_1 }, { "FormColoSuma", Qt::Key_C }, { "Form7", none } };
@@ -155,7 +156,7 @@ TEST_F(Form1Test, EveryActivityOpensItsOwnWindowByMouseAndKeysAndReturnsToTheMen
             EXPECT_EQ(OpenWindows(), 1U);
             EXPECT_TRUE(Menu().isVisible());
             if (index == 7) {
-                break;
+                break; // by mouse alone
             }
         }
         ++index;
