@@ -1,5 +1,6 @@
 #include "activities/powers10/core/PowersOfTen.h"
 
+#include "tests/support/ExpectError.h"
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/OptionCaptions.h"

@@ -2,6 +2,7 @@
 
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
+#include "tests/support/ExpectError.h"
 #include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
-#include "tests/support/KindThrownBy.h"
+#include "tests/support/ExpectError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "common/core/Int16.h"
 
+#include "tests/support/ExpectError.h"
 #include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>

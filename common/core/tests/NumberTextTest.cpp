@@ -2,6 +2,7 @@
 
 #include "common/core/RunTimeError.h"
 
+#include "tests/support/ExpectError.h"
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
