@@ -20,7 +20,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
-#include <string>
+#include <tuple>
 
 namespace numbrela {
 
@@ -29,13 +29,9 @@ namespace {
 using namespace testing;
 using Kind = RunTimeError::Kind;
 
-TEST(Application, IsCalledNumbrela)
+TEST(Application, IsCalledNumbrelaAndLetsEventsWithoutErrorsPass)
 {
     EXPECT_EQ(QApplication::applicationName().toStdString(), "Numbrela");
-}
-
-TEST(Application, EventsWithoutErrorsPassThrough)
-{
     int timeouts = 0;
     QTimer::singleShot(0, qApp, [&timeouts] { ++timeouts; });
     QTimer::singleShot(0, qApp, [] { QApplication::exit(7); });
@@ -99,55 +95,27 @@ protected:
 
 constexpr int failure = 1;
 
-TEST_F(ApplicationDeathTest, AnErrorOutOfAClickIsToldAndEndsTheProgram)
+TEST_F(ApplicationDeathTest, AnErrorOutOfAClickAKeyATimerOrNoWindowIsToldAndEndsTheProgram)
 {
-    EXPECT_EXIT(
-        {
-            FragileWindow window;
-            window.OnClick = [] { failWith(Kind::Overflow, "El número 32768 no cabe."); };
-            ExpectMessage(QStringLiteral("Numbrela"),
-                textOf(QStringLiteral("Desbordamiento"), QStringLiteral("El número 32768 no cabe.")));
-            RunProgram(window, [&window] { QTest::mouseClick(&window, Qt::LeftButton); });
-        },
-        ::testing::ExitedWithCode(failure), "");
-}
-
-TEST_F(ApplicationDeathTest, AnErrorOutOfAKeyIsToldAndEndsTheProgram)
-{
-    EXPECT_EXIT(
-        {
-            FragileWindow window;
-            window.OnKey = [] { failWith(Kind::InvalidArgument, "El número 1000 no cabe en 3 caracteres."); };
-            ExpectMessage(QStringLiteral("Numbrela"),
-                textOf(
-                    QStringLiteral("Argumento no válido"), QStringLiteral("El número 1000 no cabe en 3 caracteres.")));
-            RunProgram(window, [] { Press(Qt::Key_7); });
-        },
-        ::testing::ExitedWithCode(failure), "");
-}
-
-TEST_F(ApplicationDeathTest, AnErrorOutOfATimerIsToldAndEndsTheProgram)
-{
-    EXPECT_EXIT(
-        {
-            FragileWindow window;
-            window.OnTick = [] { failWith(Kind::File, "No se puede leer."); };
-            ExpectMessage(QStringLiteral("Numbrela"),
-                textOf(QStringLiteral("Error de archivo"), QStringLiteral("No se puede leer.")));
-            RunProgram(window, [&window] { window.StartClock(); });
-        },
-        ::testing::ExitedWithCode(failure), "");
-}
-
-TEST_F(ApplicationDeathTest, AnErrorWithoutAWindowIsToldToo)
-{
-    EXPECT_EXIT(
-        {
-            ExpectMessage(QStringLiteral("Numbrela"),
-                textOf(QStringLiteral("El tipo de dato no coincide"), QStringLiteral("No es un número: «abc».")));
-            RunProgram([] { failWith(Kind::TypeMismatch, "No es un número: «abc»."); });
-        },
-        ::testing::ExitedWithCode(failure), "");
+    const std::tuple<Kind, const char*, void (*)(FragileWindow&)> errors[] = {
+        { Kind::Overflow, "Desbordamiento", [](FragileWindow& window) { QTest::mouseClick(&window, Qt::LeftButton); } },
+        { Kind::InvalidArgument, "Argumento no válido", [](FragileWindow&) { Press(Qt::Key_7); } },
+        { Kind::File, "Error de archivo", [](FragileWindow& window) { window.StartClock(); } },
+        { Kind::TypeMismatch, "El tipo de dato no coincide", [](FragileWindow& window) { window.OnClick(); } },
+    };
+    for (const auto& [kind, name, cause] : errors) {
+        EXPECT_EXIT(
+            {
+                FragileWindow window;
+                window.OnClick = window.OnKey = window.OnTick
+                    = [kind = kind] { failWith(kind, "El número 32768 no cabe."); };
+                ExpectMessage(QStringLiteral("Numbrela"),
+                    textOf(QString::fromUtf8(name), QStringLiteral("El número 32768 no cabe.")));
+                RunProgram(window, [&window, cause = cause] { cause(window); });
+            },
+            ::testing::ExitedWithCode(failure), "")
+            << name;
+    }
 }
 
 // A timer may fire and a click may arrive while the box is open. The box has already said that the program ends;

@@ -23,12 +23,14 @@ int nearestQuotient(int dividend, int divisor)
     return quotient;
 }
 
-TEST(ButtonColumn, PlacesTheNineButtonsOfTheMenu)
+// Every unit is rounded the same way, so the last margin takes all of the rounding: at most half a twip for each unit.
+TEST(ButtonColumn, PlacesTheNineButtonsOfTheMenuAndGivesTheRoundingOfAllUnitsToTheMarginBelow)
 {
     const ButtonColumn column = LayOutButtonColumn(8700, 9);
     EXPECT_EQ(column.Left, 1000);
     EXPECT_EQ(column.ButtonHeight, 405);
     EXPECT_EQ(column.Tops, (std::vector<Int16> { 905, 1715, 2525, 3335, 4145, 4955, 5765, 6575, 7385 }));
+    EXPECT_EQ(8700 - (column.Tops.back() + column.ButtonHeight), 910);
 }
 
 TEST(ButtonColumn, LeavesAGapOfOneButtonBelowEachButton)
@@ -53,13 +55,6 @@ TEST(ButtonColumn, LeavesTheSameMarginAboveAndBelowWhenTheRoomDividesEvenly)
         EXPECT_EQ(column.Tops.front(), 800);
         EXPECT_EQ(formHeight - (column.Tops.back() + column.ButtonHeight), 800);
     }
-}
-
-// Every unit is rounded the same way, so the last margin takes all of the rounding: at most half a twip for each unit.
-TEST(ButtonColumn, GivesTheRoundingOfAllUnitsToTheMarginBelow)
-{
-    const ButtonColumn column = LayOutButtonColumn(8700, 9);
-    EXPECT_EQ(8700 - (column.Tops.back() + column.ButtonHeight), 910);
 }
 
 // The number of units is odd, so a quotient never lies half-way between two whole numbers.
@@ -96,33 +91,15 @@ TEST(ButtonColumn, FillsTheHighestFormThatThereIs)
     EXPECT_EQ(column.Tops.back(), 16 * 1672 + 1672 + 500);
 }
 
-struct Overflow {
-    const char* What;
-    int FormHeight;
-    int ButtonCount;
-};
-
-class ButtonColumnOverflow : public ::testing::TestWithParam<Overflow> { };
-
-TEST_P(ButtonColumnOverflow, IsARunTimeError)
+TEST(ButtonColumn, WhatDoesNotFitInto16BitsIsARunTimeErrorAndTheValueBeforeIsGood)
 {
-    EXPECT_EQ(errorOf(GetParam().FormHeight, GetParam().ButtonCount), RunTimeError::Kind::Overflow);
-}
-
-INSTANTIATE_TEST_SUITE_P(ButtonColumn, ButtonColumnOverflow,
-    ::testing::Values(
-        // 1000 less than this is below -32768.
-        Overflow { "OfTheRoom", -31769, 9 },
-        // Twice the number of buttons and one more is 32769.
-        Overflow { "OfTheNumberOfUnits", 8700, 16384 },
-        // The unit, 1.6, is rounded up to 2, and the last button would stand at 2 × 2 × 9926 + 2 + 500 = 40206.
-        Overflow { "OfTheLastTop", 32767, 9927 }),
-    [](const auto& instance) { return instance.param.What; });
-
-TEST(ButtonColumn, TheLastValuesBeforeAnOverflowAreGood)
-{
+    constexpr auto overflow = RunTimeError::Kind::Overflow;
+    EXPECT_EQ(errorOf(-31769, 9), overflow) << "1000 less than this is below -32768";
     EXPECT_EQ(errorOf(-31768, 9), std::nullopt);
+    EXPECT_EQ(errorOf(8700, 16384), overflow) << "twice the number of buttons and one more is 32769";
     EXPECT_EQ(errorOf(8700, 16383), std::nullopt);
+    // The unit, 1.6, is rounded up to 2, and the last button would stand at 2 × 2 × 9926 + 2 + 500 = 40206.
+    EXPECT_EQ(errorOf(32767, 9927), overflow);
 }
 
 } // namespace

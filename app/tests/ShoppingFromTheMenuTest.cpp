@@ -49,10 +49,15 @@ protected:
     std::unique_ptr<Form1> menu_ = std::make_unique<Form1>(run_);
 };
 
-TEST_F(ShoppingFromTheMenuTest, ItsButtonOpensTheWindowWithTheCatalogueOfTheRun)
+// The second window is opened before the first, which the person has closed, is destroyed.
+TEST_F(ShoppingFromTheMenuTest, ItsButtonOpensTheWindowWithTheCatalogueOfTheRunAndNoneThatWasClosed)
 {
+    const QPointer<Form7> left = leaveShoppingBesideTheMenu();
+    ASSERT_NE(left, nullptr);
+    left->close();
     Click(*menu_, laCompra);
     ASSERT_NE(shopping(), nullptr);
+    EXPECT_NE(shopping(), left);
     EXPECT_EQ(shopping()->windowModality(), Qt::ApplicationModal);
     EXPECT_EQ(shopping()->Task().Catalogue.size(), 7U);
     shopping()->close();
@@ -85,31 +90,13 @@ TEST_F(ShoppingFromTheMenuTest, AWindowThatIsOpenedBesideAMaximisedMenuIsMaximis
     EXPECT_TRUE(menu_->isMaximized());
 }
 
-// Closed by the person, and opened again before it is destroyed.
-TEST_F(ShoppingFromTheMenuTest, AWindowThatWasClosedIsNotOpenedAgain)
-{
-    const QPointer<Form7> left = leaveShoppingBesideTheMenu();
-    ASSERT_NE(left, nullptr);
-    left->close();
-    Click(*menu_, laCompra);
-    ASSERT_NE(shopping(), nullptr);
-    EXPECT_NE(shopping(), left);
-    EXPECT_EQ(shopping()->windowModality(), Qt::ApplicationModal);
-    shopping()->close();
-}
-
 TEST_F(ShoppingFromTheMenuTest, TheProgramEndsWithTheMenuAlsoWhenAWindowIsOpenBesideIt)
 {
     for (const bool bySalir : { true, false }) {
         const QPointer<Form7> left = leaveShoppingBesideTheMenu();
         ASSERT_NE(left, nullptr);
-        QTimer::singleShot(0, menu_.get(), [&] {
-            if (bySalir) {
-                Click(*menu_, QStringLiteral("Command1(8)"));
-            } else {
-                menu_->close();
-            }
-        });
+        QTimer::singleShot(0, menu_.get(),
+            [&] { bySalir ? Click(*menu_, QStringLiteral("Command1(8)")) : static_cast<void>(menu_->close()); });
         EXPECT_EQ(QApplication::exec(), 0);
         EXPECT_FALSE(menu_->isVisible());
         EXPECT_TRUE(left == nullptr || !left->isVisible());
@@ -117,7 +104,7 @@ TEST_F(ShoppingFromTheMenuTest, TheProgramEndsWithTheMenuAlsoWhenAWindowIsOpenBe
     }
 }
 
-TEST_F(ShoppingFromTheMenuTest, WindowsThatAreStillOpenEndWithTheMenu)
+TEST_F(ShoppingFromTheMenuTest, WindowsThatAreStillOpenAndTheEditorEndWithTheMenu)
 {
     const QPointer<Form7> left = leaveShoppingBesideTheMenu();
     Click(*menu_, QStringLiteral("Command1(0)"));
@@ -126,10 +113,9 @@ TEST_F(ShoppingFromTheMenuTest, WindowsThatAreStillOpenEndWithTheMenu)
     menu_.reset();
     EXPECT_EQ(left, nullptr);
     EXPECT_EQ(sums, nullptr);
-}
 
-TEST_F(ShoppingFromTheMenuTest, TheEditorEndsWithTheMenuToo)
-{
+    menu_ = std::make_unique<Form1>(run_);
+    ShowAndActivate(*menu_);
     Click(*menu_, laCompra);
     shopping()->MnuOpcPro_Click();
     const QPointer<FormWindow> editor = run_.Shopping.Window;

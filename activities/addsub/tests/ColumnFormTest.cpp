@@ -239,9 +239,9 @@ TEST_P(ColumnFormTest, DrawsFromTheTimeAtWhichItWasOpened)
 // The Tab key skips the operands, so a screen reader must speak them together with the answer.
 TEST_P(ColumnFormTest, SpeaksTheExerciseWhereItsAnswerIsWritten)
 {
-    const std::string sign = IsAddition() ? " + " : " - ";
+    const std::string sign = IsAddition() ? " más " : " menos ";
     const auto expectSpoken = [this](const std::string& exercise) {
-        EXPECT_EQ(Form().Text3->accessibleDescription().toStdString(), exercise);
+        EXPECT_EQ(DescriptionOf(*Form().Text3).toStdString(), exercise);
     };
     expectSpoken(ShownOperands().first + sign + ShownOperands().second);
     ClickOn(continuar);

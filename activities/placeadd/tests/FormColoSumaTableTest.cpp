@@ -12,6 +12,7 @@
 #include <QLabel>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace numbrela {
@@ -105,12 +106,6 @@ TEST(FormColoSumaTable, EverythingStandsInItsPlace)
         EXPECT_EQ(box->maxLength(), 8);
     }
     EXPECT_EQ(form.TbResultado->maxLength(), 7);
-}
-
-TEST(FormColoSumaTable, TheMenuOffersAddendsDigitsAndTheWayOut)
-{
-    const FixedClock clock;
-    const FormColoSuma form(clock);
     ExpectMenus(form,
         {
             "MnuOpc &Opciones",
@@ -120,24 +115,16 @@ TEST(FormColoSumaTable, TheMenuOffersAddendsDigitsAndTheWayOut)
         });
 }
 
-struct RowsCase {
-    int AddendCount;
-    std::vector<int> Tops;
-    int Line;
-    int Sum;
-};
-
-// Worked out by hand: rows of 6000 / (addends + 1) twips each, from 1500 on.
-const RowsCase rowsCases[] = {
-    { 2, { 2200, 4200 }, 5600, 6400 },
-    { 3, { 1950, 3450, 4950 }, 6100, 6650 },
-    { 4, { 1800, 3000, 4200, 5400 }, 6400, 6800 },
-    { 5, { 1700, 2700, 3700, 4700, 5700 }, 6600, 6900 },
-    { 6, { 1629, 2486, 3343, 4200, 5057, 5914 }, 6743, 6971 },
-};
-
 TEST(FormColoSumaTable, RowsShareTheHeightAndEveryOneButTheFirstHasASign)
 {
+    const std::tuple<int, std::vector<int>, int, int> rowsCases[] = {
+        // Worked out by hand: rows of 6000 / (addends + 1) twips each, from 1500 on.
+        { 2, { 2200, 4200 }, 5600, 6400 },
+        { 3, { 1950, 3450, 4950 }, 6100, 6650 },
+        { 4, { 1800, 3000, 4200, 5400 }, 6400, 6800 },
+        { 5, { 1700, 2700, 3700, 4700, 5700 }, 6600, 6900 },
+        { 6, { 1629, 2486, 3343, 4200, 5057, 5914 }, 6743, 6971 },
+    };
     for (const auto& [addendCount, tops, line, sum] : rowsCases) {
         SCOPED_TRACE(addendCount);
         const FixedClock clock;

@@ -77,21 +77,6 @@ TEST(FrmUnidadTable, EverythingStandsInItsPlace)
         });
 }
 
-TEST(FrmUnidadTable, TheMenuOffersDigitsFactorsAndTheWayOut)
-{
-    const FixedClock clock;
-    FrmUnidad form(clock);
-    ExpectMenus(form,
-        {
-            "MnuOpc &Opciones",
-            "  MnuOpcCi1 &Cifras factor 1: &1 &2* &3 &4",
-            "  MnuOpcCi2 &Cifras factor 2: &2 &3 &4* &5",
-            "  MnuOpcIn1 &Insertar factor 1... [F2]",
-            "  MnuOpcIn2 &Insertar factor 2 ... [F3]",
-            "  MnuOpcSal &Salir Alt + F4",
-        });
-}
-
 } // namespace
 
 } // namespace numbrela

@@ -15,6 +15,7 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -103,13 +104,9 @@ protected:
     PowersOfTen expected_ { random_ };
 };
 
-TEST_F(FrmUnidadTest, OpensWithAnExerciseAndTheFocusInTheAnswer)
+TEST_F(FrmUnidadTest, OpensWithAnExerciseOfWhichEnterChecksARightAnswerAndASecondOneContinues)
 {
     expectFreshExercise();
-}
-
-TEST_F(FrmUnidadTest, EnterChecksARightAnswerAndASecondOneContinues)
-{
     for (int exercise = 0; exercise < 3; ++exercise) {
         typeRightAnswer();
         EXPECT_EQ(answer(), expected_.Solution()) << "written from left to right";
@@ -161,21 +158,17 @@ TEST_F(FrmUnidadTest, TheButtonChecksAsEnterDoes)
 TEST_F(FrmUnidadTest, WhatWritesClearsTheVerdictAndNothingElseDoes)
 {
     QGuiApplication::clipboard()->setText(QStringLiteral("12"));
-    const struct {
-        int Key;
-        Qt::KeyboardModifiers Held;
-        const char* Answer; // of 7, highlighted
-        bool Clears = true;
-    } strokes[] = {
-        { Qt::Key_8, {}, "8" },
-        { Qt::Key_Comma, {}, "," },
-        { Qt::Key_Space, {}, " " },
-        { Qt::Key_A, {}, "a" },
-        { Qt::Key_Backspace, {}, "" },
-        { Qt::Key_Escape, {}, "7" },
-        { Qt::Key_V, Qt::ControlModifier, "12" },
-        { Qt::Key_X, Qt::ControlModifier, "" },
-        { Qt::Key_Delete, {}, "" },
+    const std::tuple<int, Qt::KeyboardModifiers, const char*, bool> strokes[] = {
+        // on a highlighted 7
+        { Qt::Key_8, {}, "8", true },
+        { Qt::Key_Comma, {}, ",", true },
+        { Qt::Key_Space, {}, " ", true },
+        { Qt::Key_A, {}, "a", true },
+        { Qt::Key_Backspace, {}, "", true },
+        { Qt::Key_Escape, {}, "7", true },
+        { Qt::Key_V, Qt::ControlModifier, "12", true },
+        { Qt::Key_X, Qt::ControlModifier, "", true },
+        { Qt::Key_Delete, {}, "", true },
         { Qt::Key_Left, {}, "7", false },
         { Qt::Key_Right, {}, "7", false },
         { Qt::Key_Home, {}, "7", false },
@@ -213,22 +206,6 @@ TEST_F(FrmUnidadTest, ClearingAndTheSolutionLeaveTheVerdict)
     EXPECT_EQ(verdict(), "Resultado correcto ");
 }
 
-TEST_F(FrmUnidadTest, OnlyTheAnswerCanBeTypedInto)
-{
-    const std::string before = line();
-    for (const char* name : { "TbInstruc", "TBDatos(0)", "TBDatos(1)", "TBDatos(2)", "TBDatos(3)", "TBResultado" }) {
-        Click(form_, QString::fromLatin1(name));
-        Type(QStringLiteral("7"));
-        Press(Qt::Key_Backspace);
-    }
-    EXPECT_EQ(form_.TbInstruc->Text(), "Resuelve la operación");
-    EXPECT_EQ(line(), before);
-    EXPECT_EQ(verdict(), "");
-    EXPECT_EQ(answer(), "");
-}
-
-// ------------------------------------------------------------------------------------------------------------ options
-
 TEST_F(FrmUnidadTest, ChoosingDigitsDrawsSuchNumbersAndMovesNeitherMarkNorFocus)
 {
     const std::pair<int, const char*> choices[]
@@ -265,15 +242,11 @@ TEST_F(FrmUnidadTest, ChoosingDigitsOfThePowerDoesNothing)
         EXPECT_EQ(CheckedItems(*form_.MnuOpcCi1), std::vector { 1 });
         EXPECT_EQ(CheckedItems(*form_.MnuOpcCi2), std::vector { 2 });
     }
-    std::set<std::string> powers;
-    for (int i = 0; i < 60; ++i) {
-        Click(form_, QStringLiteral("Command2(0)"));
-        powers.insert(form_.TBDatos[2]->Text());
+    for (int i = 0; i < 20; ++i) {
+        continueOnce();
+        ASSERT_EQ(line(), expectedLine()) << "powers up to 1000";
     }
-    EXPECT_EQ(powers, (std::set<std::string> { "10", "100", "1000" }));
 }
-
-// ------------------------------------------------------------------------------------------------------ typed factors
 
 TEST_F(FrmUnidadTest, TypedFactorsDoNotShowButCount)
 {
@@ -324,43 +297,14 @@ TEST_F(FrmUnidadTest, ATypedFactorMovesNeitherFocusNorHighlight)
     EXPECT_EQ(FocusName(), "Command2(0)");
 }
 
-// A number is written with 15 digits, while the check compares all that it has.
-TEST_F(FrmUnidadTest, ASolutionOfMoreThan15DigitsIsWrittenRoundedAndThenJudgedWrong)
-{
-    continueUntil(" × ");
-    enterFactor2("1000");
-    const struct {
-        const char* Factor1;
-        const char* Solution;
-        const char* Verdict;
-    } cases[] = {
-        { "123456789012,345", "123456789012345", "Resultado correcto " },
-        { "1234567890123,4567", "1234567890123460", "Resultado incorrecto " },
-        { "123,4567890123456", "123456,789012346", "Resultado correcto " }, // rounded by less than 10^-8
-    };
-    for (const auto& [factor1, solution, expectedVerdict] : cases) {
-        SCOPED_TRACE(factor1);
-        enterFactor1(factor1);
-        Click(form_, QStringLiteral("Command2(2)"));
-        EXPECT_EQ(answer(), solution);
-        EXPECT_TRUE(IsWhollySelected(*form_.TBRespuesta));
-        Click(form_, QStringLiteral("Command1"));
-        EXPECT_EQ(verdict(), expectedVerdict);
-    }
-}
-
 // What reaches the application when a person types this as a factor of 3,8 ÷ 10, or leaves the input box by "Cancelar".
 TEST(FrmUnidadFactorEntry, AFactorThatCannotBeTakenEndsTheProgram)
 {
     constexpr const char* cancelled = nullptr;
     using Kind = RunTimeError::Kind;
-    const struct {
-        int Factor;
-        const char* Typed;
-        RunTimeError::Kind Error;
-    } cases[] = { { 1, "", Kind::TypeMismatch }, { 2, "hola", Kind::TypeMismatch },
-        { 1, cancelled, Kind::TypeMismatch }, { 2, cancelled, Kind::TypeMismatch }, { 2, "0", Kind::InvalidArgument },
-        { 1, "1e400", Kind::Overflow }, { 2, "1e-308", Kind::Overflow } };
+    const std::tuple<int, const char*, Kind> cases[] = { { 1, "", Kind::TypeMismatch },
+        { 2, "hola", Kind::TypeMismatch }, { 1, cancelled, Kind::TypeMismatch }, { 2, cancelled, Kind::TypeMismatch },
+        { 2, "0", Kind::InvalidArgument }, { 1, "1e400", Kind::Overflow }, { 2, "1e-308", Kind::Overflow } };
     for (const auto& [factor, typed, error] : cases) {
         SCOPED_TRACE(typed == cancelled ? "cancelled" : typed);
         const std::vector<RunTimeError> errors = RunTimeErrorsOf([factor = factor, typed = typed] {
@@ -382,20 +326,11 @@ TEST(FrmUnidadFactorEntry, AFactorThatCannotBeTakenEndsTheProgram)
     }
 }
 
-// ---------------------------------------------------------------------------------------------------------- lifecycle
-
-TEST_F(FrmUnidadTest, TheNextOpeningHasTwoDigitNumbersAgain)
+TEST_F(FrmUnidadTest, TheNextOpeningHasTwoDigitNumbersAgainOfItsFractionOfASecond)
 {
     Choose(form_, QStringLiteral("MnuOpcCi1Lis(3)"));
     Choose(form_, QStringLiteral("MnuOpcSal"));
     EXPECT_FALSE(form_.isVisible());
-    FrmUnidad again(clock_);
-    ShowAndActivate(again);
-    EXPECT_EQ(lineOf(again), expectedLine());
-}
-
-TEST_F(FrmUnidadTest, TheFractionOfTheSecondIsPartOfTheSeed)
-{
     std::set<std::string> lines;
     for (const double fraction : { 0.0, 0.25, 0.5, 0.75 }) {
         const FixedClock clock({ 10, 20, 30, 37230 + fraction });

@@ -1,26 +1,26 @@
 #include "activities/powers10/core/PowersOfTen.h"
 
+#include "tests/support/ExpectError.h"
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/OptionCaptions.h"
+#include "tests/support/Schoolbook.h"
 #include "tests/support/ScriptedRandom.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace numbrela {
 
 namespace {
 
-using numbrela::testing::DrawOf;
-using numbrela::testing::ForeignLocale;
-using numbrela::testing::KindThrownBy;
-using numbrela::testing::OptionCaptions;
-using numbrela::testing::ScriptedRandom;
-using numbrela::testing::StrangePunctuation;
+using namespace testing;
 
 constexpr double multiply = 0.25;
 constexpr double divide = 0.75;
@@ -42,63 +42,26 @@ PowersOfTen drawn(ScriptedRandom& random, int digits1 = 2, int digits2 = 3)
     return exercise;
 }
 
-// A decimal number moved by so many places, on its text: how a pupil does it.
-std::string movedComma(std::string text, int places)
+// So many units of a decimal place, counted from the comma; of tens, hundreds, …, where it is below zero.
+std::string unitsAt(int decimals, int units)
 {
-    std::size_t comma = text.find(',');
-    if (comma == std::string::npos) {
-        comma = text.size();
-    } else {
-        text.erase(comma, 1);
-    }
-    const int target = static_cast<int>(comma) + places;
-    if (target <= 0) {
-        text.insert(0, static_cast<std::size_t>(1 - target), '0');
-    } else if (static_cast<std::size_t>(target) > text.size()) {
-        text.append(static_cast<std::size_t>(target) - text.size(), '0');
-    }
-    text.insert(static_cast<std::size_t>(target <= 0 ? 1 : target), ",");
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.back() == ',') {
-        text.pop_back();
-    }
-    while (text.size() > 1 && text[0] == '0' && text[1] != ',') {
-        text.erase(0, 1);
-    }
-    return text;
+    return WithoutLastZeros(CommaText(units * PowerOfTenOnPaper(std::max(-decimals, 0)), std::max(decimals, 0)));
 }
 
-// ----------------------------------------------------------------------------------------------------------- at load
-
-TEST(PowersOfTen, StartsWithTwoDigitsAndPowersUpTo1000)
+TEST(PowersOfTen, StartsWithTwoDigitsAndPowersUpTo1000AndOffersOneToFourAndTwoToFiveDigits)
 {
     ScriptedRandom random {};
     const PowersOfTen exercise(random);
     EXPECT_EQ(exercise.Digits1, 2);
     EXPECT_EQ(exercise.Digits2, 3);
     EXPECT_EQ(exercise.Digits2Shown(), 4);
-}
-
-TEST(PowersOfTen, OffersOneToFourDigitsAndPowersOfTwoToFiveDigits)
-{
     EXPECT_EQ(OptionCaptions(PowersOfTen::Digits1Choices), "&1&2&3&4");
     EXPECT_EQ(OptionCaptions(PowersOfTen::Digits2Choices), "&2&3&4&5");
 }
 
-// ----------------------------------------------------------------------------------------------------------- drawing
-
-struct DrawCase {
-    const char* What;
-    int Digits1;
-    int Digits2;
-    ScriptedRandom Random;
-    const char* Line;
-    const char* Solution;
-};
-
 TEST(PowersOfTen, DrawsNumberDecimalsPowerAndSignInThisOrder)
 {
-    DrawCase cases[] = {
+    std::tuple<const char*, int, int, ScriptedRandom, const char*, const char*> cases[] = {
         { "the least draws of all", 2, 3, { 0, 0, 0, 0 }, "0,1 × 10", "1" },
         { "a sign draw of exactly a half", 2, 3, { 0, 0, 0, 0.5 }, "0,1 ÷ 10", "0,01" },
         { "a sign draw just below a half", 2, 3, { 0, 0, 0, std::nextafter(0.5, 0) }, "0,1 × 10", "1" },
@@ -125,11 +88,7 @@ TEST(PowersOfTen, DrawsNumberDecimalsPowerAndSignInThisOrder)
 
 TEST(PowersOfTen, ANumberOneDigitTooLongIsMovedDownBy8)
 {
-    const struct {
-        int Digits;
-        const char* Number; // with as many decimals as digits
-    } cases[] = { { 1, "0,2" }, { 2, "0,92" }, { 3, "0,992" }, { 4, "0,9992" } };
-    for (const auto& [digits, number] : cases) {
+    for (const auto& [digits, number] : { std::pair(1, "0,2"), { 2, "0,92" }, { 3, "0,992" }, { 4, "0,9992" } }) {
         const double count = std::pow(10, digits);
         ScriptedRandom tooLong { DrawOf(count, count), greatestDraw, 0, multiply };
         EXPECT_EQ(drawn(tooLong, digits).Factor1Text(), number);
@@ -150,13 +109,14 @@ TEST(PowersOfTen, EverySolutionIsTheNumberWithItsCommaMoved)
                         ScriptedRandom random { DrawOf(number, count), DrawOf(decimals, digits), DrawOf(exponent, 3),
                             sign };
                         const PowersOfTen exercise = drawn(random, digits);
-                        const std::string factor = movedComma(std::to_string(number), -decimals);
-                        const std::string solution = movedComma(factor, sign == multiply ? exponent : -exponent);
+                        const int moved = decimals + (sign == multiply ? -exponent : exponent);
+                        const std::string factor = unitsAt(decimals, number);
+                        const std::string solution = unitsAt(moved, number);
                         ASSERT_EQ(exercise.Factor1Text(), factor);
                         ASSERT_EQ(exercise.Solution(), solution) << factor << exercise.Sign() << exercise.Factor2Text();
                         ASSERT_TRUE(exercise.Judge(solution).Right);
-                        ASSERT_FALSE(exercise.Judge(movedComma(solution, 1)).Right);
-                        ASSERT_FALSE(exercise.Judge(movedComma(solution, -1)).Right);
+                        ASSERT_FALSE(exercise.Judge(unitsAt(moved - 1, number)).Right);
+                        ASSERT_FALSE(exercise.Judge(unitsAt(moved + 1, number)).Right);
                     }
                 }
             }
@@ -203,8 +163,6 @@ TEST(PowersOfTen, NumbersHaveADecimalCommaInEveryCountry)
     EXPECT_TRUE(exercise.Judge("0,00057").Right);
 }
 
-// ---------------------------------------------------------------------------------------------------------- checking
-
 // Factors that were typed reach every product; the sign is a multiplication's.
 PowersOfTen withProduct(RandomSource& random, const char* product)
 {
@@ -216,24 +174,21 @@ PowersOfTen withProduct(RandomSource& random, const char* product)
 
 TEST(PowersOfTen, JudgesAnswersAsNumbers)
 {
-    const struct {
-        const char* Product;
-        const char* Answer;
-        bool Right;
-    } cases[] = { // What follows a number is not read, and the point is a decimal one here.
-        { "5,7", "5,7", true }, { "5,7", "5,70", true }, { "5,7", "05,7", true }, { "5,7", "+5,7", true },
-        { "5,7", "5.7", true }, { "5,7", " 5,7 ", true }, { "5,7", "5 , 7", true }, { "5,7", "57e-1", true },
-        { "5,7", "5,7 metros", true }, { "5,7", "5,7,1", true }, { "5,7", "x5,7", false }, { "5,7", "5,6", false },
-        { "5,7", "-5,7", false }, { "5,7", "57", false }, { "5,7", "", false }, { "5,7", ",", false },
-        { "5,7", "1e999", false }, { "5700", "5700", true }, { "5700", "5.700", false }, { "5700", "5 700", true },
-        { "0,00057", "0,00057", true }, { "0,00057", ",00057", true }, { "0,00057", "0,0005", false },
-        { "0,00057", "0,00057001", false }, { "0,00057", "0,00057000999", true },
-        // Nothing counts as 0, and 10^-8 itself is off.
-        { "0", "", true }, { "0", "0", true }, { "0", "hola", true }, { "0", "   ", true },
-        { "0", "0,000000009", true }, { "0", "0,00000001", false }, { "0", "-0,00000001", false },
-        { "0", "-0,000000009999999", true }, { "570", "570,000000005", true }, { "570", "570,00000002", false },
-        { "570", "569,99999998", false }, { "570", "569,999999995", true }
-    };
+    const std::tuple<const char*, const char*, bool> cases[]
+        = { // What follows a number is not read, and the point is a decimal one here.
+              { "5,7", "5,7", true }, { "5,7", "5,70", true }, { "5,7", "05,7", true }, { "5,7", "+5,7", true },
+              { "5,7", "5.7", true }, { "5,7", " 5,7 ", true }, { "5,7", "5 , 7", true }, { "5,7", "57e-1", true },
+              { "5,7", "5,7 metros", true }, { "5,7", "5,7,1", true }, { "5,7", "x5,7", false },
+              { "5,7", "5,6", false }, { "5,7", "-5,7", false }, { "5,7", "57", false }, { "5,7", "", false },
+              { "5,7", ",", false }, { "5,7", "1e999", false }, { "5700", "5700", true }, { "5700", "5.700", false },
+              { "5700", "5 700", true }, { "0,00057", "0,00057", true }, { "0,00057", ",00057", true },
+              { "0,00057", "0,0005", false }, { "0,00057", "0,00057001", false }, { "0,00057", "0,00057000999", true },
+              // Nothing counts as 0, and 10^-8 itself is off.
+              { "0", "", true }, { "0", "0", true }, { "0", "hola", true }, { "0", "   ", true },
+              { "0", "0,000000009", true }, { "0", "0,00000001", false }, { "0", "-0,00000001", false },
+              { "0", "-0,000000009999999", true }, { "570", "570,000000005", true }, { "570", "570,00000002", false },
+              { "570", "569,99999998", false }, { "570", "569,999999995", true }
+          };
     ScriptedRandom random {};
     for (const auto& [product, answer, right] : cases) {
         SCOPED_TRACE(std::string(product) + ", answered " + answer);
@@ -242,15 +197,6 @@ TEST(PowersOfTen, JudgesAnswersAsNumbers)
         EXPECT_EQ(verdict.Text, right ? "Resultado correcto " : "Resultado incorrecto ");
     }
 }
-
-// ----------------------------------------------------------------------------------------------------- typed factors
-
-struct EntryCase {
-    double Sign;
-    int Factor;
-    const char* Typed;
-    const char* Solution;
-};
 
 void expectUnchanged(const PowersOfTen& exercise, double sign)
 {
@@ -266,7 +212,7 @@ void enter(PowersOfTen& exercise, int factor, const char* typed)
 
 TEST(PowersOfTen, ATypedFactorMakesANewProduct)
 {
-    const EntryCase cases[] = {
+    const std::tuple<double, int, const char*, const char*> cases[] = {
         // of 5,7 and 100
         { multiply, 1, "3,2", "320" },
         { multiply, 2, "10", "57" },
@@ -319,58 +265,57 @@ TEST(PowersOfTen, WhatIsNoNumberIsATypeMismatchThatQuotesItUnlessThereIsNothingT
             SCOPED_TRACE(typed + " as factor " + std::to_string(factor));
             ScriptedRandom random = drawsOf(57, 1, 2, multiply);
             PowersOfTen exercise = drawn(random);
-            try {
-                enter(exercise, factor, typed.c_str());
-                ADD_FAILURE() << exercise.Solution();
-            } catch (const RunTimeError& error) {
-                EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::TypeMismatch);
-                EXPECT_EQ(error.what(),
-                    typed.find_first_not_of(' ') == std::string::npos
-                        ? "No se ha escrito ningún número."
-                        : "«" + typed + "» no es un número que sirva de factor.");
-            }
+            const bool isEmpty = typed.find_first_not_of(' ') == std::string::npos;
+            ExpectError(RunTimeError::Kind::TypeMismatch,
+                isEmpty ? "No se ha escrito ningún número." : "«" + typed + "» no es un número que sirva de factor.",
+                [&] { enter(exercise, factor, typed.c_str()); });
             EXPECT_EQ(exercise.Solution(), "570");
         }
     }
 }
 
-TEST(PowersOfTen, NoNumberHoldsAProductTooLarge)
+TEST(PowersOfTen, NoNumberHoldsAProductTooLargeAndNothingCanBeDividedByZero)
 {
-    const struct {
-        double Sign;
-        int Factor;
-        const char* Typed;
-    } cases[] = { // of 5,7 and 100
-        { multiply, 1, "1e400" }, { multiply, 1, "1e308" }, { multiply, 1, "-1e308" }, { multiply, 2, "1e400" },
-        { multiply, 2, "1e308" }, { multiply, 2, "-1e308" }, { divide, 1, "1e400" }, { divide, 2, "1e-308" },
-        { divide, 2, "-1e-308" }
+    using Kind = RunTimeError::Kind;
+    const std::tuple<double, int, const char*, Kind> cases[] = {
+        // of 5,7 and 100
+        { multiply, 1, "1e400", Kind::Overflow },
+        { multiply, 1, "1e308", Kind::Overflow },
+        { multiply, 1, "-1e308", Kind::Overflow },
+        { multiply, 2, "1e400", Kind::Overflow },
+        { multiply, 2, "1e308", Kind::Overflow },
+        { multiply, 2, "-1e308", Kind::Overflow },
+        { divide, 1, "1e400", Kind::Overflow },
+        { divide, 2, "1e-308", Kind::Overflow },
+        { divide, 2, "-1e-308", Kind::Overflow },
+        { divide, 2, "0", Kind::InvalidArgument },
     };
-    for (const auto& [sign, factor, typed] : cases) {
+    for (const auto& [sign, factor, typed, error] : cases) {
         SCOPED_TRACE(std::string(typed) + " as factor " + std::to_string(factor));
         ScriptedRandom random = drawsOf(57, 1, 2, sign);
         PowersOfTen exercise = drawn(random);
-        EXPECT_EQ(KindThrownBy([&, factor = factor, typed = typed] { enter(exercise, factor, typed); }),
-            RunTimeError::Kind::Overflow);
+        EXPECT_EQ(KindThrownBy([&, factor = factor, typed = typed] { enter(exercise, factor, typed); }), error);
         expectUnchanged(exercise, sign);
     }
 }
 
-TEST(PowersOfTen, TheLargestProductsAreHeld)
+// A number is written with 15 digits, while the check compares all that it has.
+TEST(PowersOfTen, ProductsOfMoreThan15DigitsAreWrittenRoundedAndThenJudgedWrong)
 {
-    ScriptedRandom random = drawsOf(57, 1, 2, multiply);
-    PowersOfTen exercise = drawn(random);
-    exercise.EnterFactor1("1e306");
-    EXPECT_EQ(exercise.Solution(), "1" + std::string(308, '0'));
-    exercise.EnterFactor1("-1e306");
-    EXPECT_EQ(exercise.Solution(), "-1" + std::string(308, '0'));
-}
-
-TEST(PowersOfTen, NothingCanBeDividedByZero)
-{
-    ScriptedRandom random = drawsOf(57, 1, 2, divide);
-    PowersOfTen exercise = drawn(random);
-    EXPECT_EQ(KindThrownBy([&] { exercise.EnterFactor2("0"); }), RunTimeError::Kind::InvalidArgument);
-    expectUnchanged(exercise, divide);
+    const std::tuple<const char*, std::string, bool> cases[] = {
+        { "123456789012,345", "123456789012345", true },
+        { "1234567890123,4567", "1234567890123460", false },
+        { "123,4567890123456", "123456,789012346", true }, // rounded by less than 10^-8
+        { "1e305", "1" + std::string(308, '0'), true },
+        { "-1e305", "-1" + std::string(308, '0'), true },
+    };
+    for (const auto& [factor, solution, right] : cases) {
+        ScriptedRandom random = drawsOf(57, 1, 3, multiply);
+        PowersOfTen exercise = drawn(random);
+        exercise.EnterFactor1(factor);
+        EXPECT_EQ(exercise.Solution(), solution);
+        EXPECT_EQ(exercise.Judge(solution).Right, right) << factor;
+    }
 }
 
 } // namespace

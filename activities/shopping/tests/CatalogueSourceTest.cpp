@@ -1,7 +1,8 @@
 #include "activities/shopping/catalogue/CatalogueSource.h"
 
 #include "activities/shopping/tests/TemporaryFolder.h"
-#include "common/core/RunTimeError.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "tests/support/ExpectError.h"
 
 #include <gtest/gtest.h>
 
@@ -32,20 +33,10 @@ ProductTable shipped()
 const std::set<std::string> shops { "Carnicería", "Charcutería", "Frutería", "Kiosko", "Librería", "Panadería",
     "Papelería", "Pastelería", "Pescadería", "Supermercado" };
 
-TEST(CatalogueSource, ReadsAProductFromEachLine)
+TEST(CatalogueSource, ReadsAProductFromEachLineAndTheEmptyEntryFromATextWithoutProducts)
 {
-    const ProductTable table = read("# remark\n\nPanadería; Una barra de pan; 0,85\n  Kiosko;Un tebeo;3  \n   \n");
-    ASSERT_EQ(table.size(), 2U);
-    EXPECT_EQ(table[0].Tienda.Trimmed(), "Panadería");
-    EXPECT_EQ(table[0].Nombre.Trimmed(), "Una barra de pan");
-    EXPECT_EQ(table[0].Precio, 0.85F);
-    EXPECT_EQ(table[1].Tienda.Trimmed(), "Kiosko");
-    EXPECT_EQ(table[1].Nombre.Trimmed(), "Un tebeo");
-    EXPECT_EQ(table[1].Precio, 3);
-}
-
-TEST(CatalogueSource, GivesTheEmptyEntryForATextWithoutProducts)
-{
+    EXPECT_EQ(read("# remark\n\nPanadería; Una barra de pan; 0,85\n  Kiosko;Un tebeo;3  \n   \n"),
+        (ProductTable { ProductOf("Una barra de pan", "Panadería", 0.85F), ProductOf("Un tebeo", "Kiosko", 3) }));
     EXPECT_TRUE(IsEmpty(read("# nothing\n")));
     EXPECT_TRUE(IsEmpty(read("")));
 }
@@ -54,22 +45,26 @@ TEST(CatalogueSource, NamesTheLineThatIsNoProduct)
 {
     for (const char* line : { "Kiosko; Un tebeo", "Kiosko", "Kiosko; Un tebeo; mucho", "Kiosko; Un tebeo; 0",
              "Kiosko; Un tebeo; -1", "; Un tebeo; 1", "Kiosko; ; 1", "Kiosko; Un tebeo; 1; 2" }) {
-        try {
-            read("# remark\nKiosko; Un periódico; 2\n" + std::string(line) + "\n");
-            ADD_FAILURE() << line;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::InvalidArgument);
-            EXPECT_EQ(error.what(), "La línea 3 no es un producto: " + std::string(line));
-        }
+        ExpectError(RunTimeError::Kind::InvalidArgument, "La línea 3 no es un producto: " + std::string(line),
+            [line] { read("# remark\nKiosko; Un periódico; 2\n" + std::string(line) + "\n"); });
     }
 }
 
-TEST(ShippedCatalogue, OffersAtLeastADozenProductsInEachShopAndInNoOtherPlace)
+TEST(ShippedCatalogue, OffersAtLeastADozenProductsInEachShopAndInNoOtherPlaceAtEverydayPricesInWholeCents)
 {
     std::map<std::string, int> counts;
-    for (const Product& product : shipped()) {
+    int withCents = 0;
+    const ProductTable table = shipped();
+    for (const Product& product : table) {
         ++counts[product.Tienda.Trimmed()];
+        SCOPED_TRACE(product.Nombre.Trimmed());
+        EXPECT_GE(product.Precio, 0.3F);
+        EXPECT_LT(product.Precio, 50);
+        const double cents = std::round(product.Precio * 100.0);
+        EXPECT_EQ(product.Precio, static_cast<float>(cents / 100));
+        withCents += std::fmod(cents, 100) != 0 ? 1 : 0;
     }
+    EXPECT_GT(withCents, static_cast<int>(table.size()) * 9 / 10);
     EXPECT_EQ(counts.size(), shops.size());
     for (const auto& [shop, count] : counts) {
         EXPECT_TRUE(shops.count(shop) == 1) << shop;
@@ -77,50 +72,19 @@ TEST(ShippedCatalogue, OffersAtLeastADozenProductsInEachShopAndInNoOtherPlace)
     }
 }
 
-TEST(ShippedCatalogue, NamesEachProductOnceAndSoThatAListShowsItWhole)
+TEST(ShippedCatalogue, NamesEachProductOnceAsAPupilWouldAndSoThatAListShowsItWhole)
 {
+    const std::set<std::string> beginnings { "Un", "Una", "Unas", "Unos", "Medio", "Media", "Dos", "Tres", "Cuatro",
+        "Seis", "Ocho" };
     std::set<std::string> names;
     for (const Product& product : shipped()) {
         const std::string name = product.Nombre.Trimmed();
         EXPECT_TRUE(names.insert(name).second) << name;
+        EXPECT_EQ(beginnings.count(name.substr(0, name.find(' '))), 1U) << name;
         EXPECT_LE(Windows1252FromUtf8(name).size(), 30U) << name;
         EXPECT_EQ(name.find('?'), std::string::npos) << name;
     }
 }
-
-TEST(ShippedCatalogue, CallsEachProductAsAPupilWould)
-{
-    const std::set<std::string> beginnings { "Un", "Una", "Unas", "Unos", "Medio", "Media", "Dos", "Tres", "Cuatro",
-        "Seis", "Ocho" };
-    for (const Product& product : shipped()) {
-        const std::string name = product.Nombre.Trimmed();
-        EXPECT_TRUE(beginnings.count(name.substr(0, name.find(' '))) == 1) << name;
-    }
-}
-
-TEST(ShippedCatalogue, AsksEverydayPricesInWholeCents)
-{
-    int withCents = 0;
-    const ProductTable table = shipped();
-    for (const Product& product : table) {
-        EXPECT_GE(product.Precio, 0.3F) << product.Nombre.Trimmed();
-        EXPECT_LT(product.Precio, 50) << product.Nombre.Trimmed();
-        const double cents = std::round(product.Precio * 100.0);
-        EXPECT_EQ(product.Precio, static_cast<float>(cents / 100)) << product.Nombre.Trimmed();
-        withCents += std::fmod(cents, 100) != 0 ? 1 : 0;
-    }
-    EXPECT_GT(withCents, static_cast<int>(table.size()) * 9 / 10);
-}
-
-TEST(ShippedCatalogue, IsLoadedAsItWasWritten)
-{
-    const TemporaryFolder folder;
-    const ProductTable table = shipped();
-    SaveCatalogue(folder / "productos.dat", table);
-    EXPECT_EQ(LoadCatalogue(folder / "productos.dat"), table);
-}
-
-// The tool that a build runs.
 
 int runTool(const std::filesystem::path& text, const std::filesystem::path& catalogue)
 {
@@ -129,32 +93,22 @@ int runTool(const std::filesystem::path& text, const std::filesystem::path& cata
     return std::system(command.c_str()); // NOLINT(cert-env33-c): as a build does it
 }
 
-TEST(CatalogueTool, MakesTheCatalogueAndItsFolder)
+TEST(CatalogueTool, MakesTheCatalogueAndItsFolderAndLeavesACatalogueThatIsThere)
 {
     const TemporaryFolder folder;
     const std::filesystem::path catalogue = folder / "Recursos" / "productos.dat";
     EXPECT_EQ(runTool(SHOPPING_CATALOGUE_SOURCE, catalogue), 0);
     EXPECT_EQ(LoadCatalogue(catalogue), shipped());
-}
-
-TEST(CatalogueTool, LeavesACatalogueThatIsThere)
-{
-    const TemporaryFolder folder;
-    const std::filesystem::path catalogue = folder / "productos.dat";
     WriteBytes(catalogue, "mine");
     EXPECT_EQ(runTool(SHOPPING_CATALOGUE_SOURCE, catalogue), 0);
     EXPECT_EQ(ReadBytes(catalogue), "mine");
 }
 
-TEST(CatalogueTool, FailsForWantOfACatalogueToMake)
-{
-    EXPECT_NE(std::system("'" SHOPPING_CATALOGUE_TOOL "' text 2>/dev/null"), 0); // NOLINT(cert-env33-c)
-}
-
-TEST(CatalogueTool, FailsForATextThatIsNoCatalogueAndMakesNone)
+TEST(CatalogueTool, FailsForWantOfACatalogueToMakeAndForATextThatIsNoneAndMakesNone)
 {
     const TemporaryFolder folder;
     WriteBytes(folder / "bad.txt", "Kiosko\n");
+    EXPECT_NE(std::system("'" SHOPPING_CATALOGUE_TOOL "' text 2>/dev/null"), 0); // NOLINT(cert-env33-c)
     EXPECT_NE(runTool(folder / "bad.txt", folder / "productos.dat"), 0);
     EXPECT_NE(runTool(folder / "missing.txt", folder / "productos.dat"), 0);
     EXPECT_EQ(folder.Names(), std::vector<std::string> { "bad.txt" });

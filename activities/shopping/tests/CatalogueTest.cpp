@@ -2,7 +2,8 @@
 
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
-#include "common/core/RunTimeError.h"
+#include "tests/support/ExpectError.h"
+#include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +11,9 @@
 
 #include <sys/stat.h>
 
-#include <functional>
+#include <string>
+#include <tuple>
+#include <utility>
 
 namespace numbrela {
 
@@ -43,20 +46,6 @@ std::string bytes(std::initializer_list<int> values)
 
 const std::string one = bytes({ 0x00, 0x00, 0x80, 0x3F });
 const std::string zero = bytes({ 0, 0, 0, 0 });
-
-RunTimeError::Kind kindOf(const std::function<void()>& action, std::string* text = nullptr)
-{
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        if (text != nullptr) {
-            *text = error.what();
-        }
-        return error.ErrorKind();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return RunTimeError::Kind::TypeMismatch;
-}
 
 class CatalogueTest : public ::testing::Test {
 protected:
@@ -113,7 +102,7 @@ TEST_F(CatalogueTest, WritesTheEmptyEntryAndReadsNoneAndCreatesAMissingFileEmpty
     expectEmpty(LoadCatalogue(path_));
 }
 
-TEST_F(CatalogueTest, IgnoresAPartOfARecordAtTheEnd)
+TEST_F(CatalogueTest, IgnoresAPartOfARecordAtTheEndButGivesWhatItHasReadWhole)
 {
     const std::string two = record("Un limón", one, "Frutería") + record("Una piña", one, "Frutería");
     for (const std::size_t length : { 0, 1, 153, 154, 155, 307, 308 }) {
@@ -122,17 +111,17 @@ TEST_F(CatalogueTest, IgnoresAPartOfARecordAtTheEnd)
         EXPECT_EQ(IsEmpty(table), length < recordSize);
         EXPECT_EQ(table.size(), length < 2 * recordSize ? 1U : 2U);
     }
-    EXPECT_EQ(load(two + "x").size(), 2U);
+    WriteBytes(path_, two + "x");
+    CatalogueContent read;
+    EXPECT_EQ(LoadCatalogue(path_, read).size(), 2U);
+    EXPECT_EQ(read, two + "x");
+    EXPECT_TRUE(IsEmpty(LoadCatalogue(folder_ / "otro.dat", read)));
+    EXPECT_EQ(read, std::string()) << "it has been created empty";
 }
 
 TEST_F(CatalogueTest, PassesOverPricesThatAreNotAboveZero)
 {
-    struct Case {
-        const char* Name;
-        std::string Bytes;
-        bool Loaded;
-    };
-    const std::vector<Case> rows {
+    const std::tuple<const char*, std::string, bool> prices[] = {
         { "zero", zero, false },
         { "minus zero", bytes({ 0, 0, 0, 0x80 }), false },
         { "minus one", bytes({ 0, 0, 0x80, 0xBF }), false },
@@ -144,30 +133,21 @@ TEST_F(CatalogueTest, PassesOverPricesThatAreNotAboveZero)
         { "largest", bytes({ 0xFF, 0xFF, 0x7F, 0x7F }), true },
         { "infinity", bytes({ 0, 0, 0x80, 0x7F }), true },
     };
-    for (const Case& row : rows) {
-        SCOPED_TRACE(row.Name);
-        const std::string content = record("x", row.Bytes, "y");
+    for (const auto& [name, price, isLoaded] : prices) {
+        SCOPED_TRACE(name);
+        const std::string content = record("x", price, "y");
         const ProductTable table = load(content);
-        EXPECT_EQ(IsEmpty(table), !row.Loaded);
-        if (row.Loaded) {
+        EXPECT_EQ(IsEmpty(table), !isLoaded);
+        if (isLoaded) {
             EXPECT_EQ(saved(table), content);
         }
+        const ProductTable withoutGaps = load(content + record("a", one, "x") + content + record("b", one, "y"));
+        EXPECT_EQ(withoutGaps.size(), isLoaded ? 4U : 2U);
+        EXPECT_EQ(withoutGaps.back(), ProductOf("b", "y"));
     }
 }
 
-TEST_F(CatalogueTest, ClosesTheGapsThatPassedOverRecordsLeave)
-{
-    const std::string none = record("nada", zero, "x");
-    const std::string debt = record("deuda", bytes({ 0, 0, 0x80, 0xBF }), "x");
-    const ProductTable table
-        = load(none + record("a", one, "x") + none + debt + none + record("b", one, "y") + none + debt);
-    ASSERT_EQ(table.size(), 2U);
-    EXPECT_EQ(table[0].Nombre.Trimmed(), "a");
-    EXPECT_EQ(table[1].Nombre.Trimmed(), "b");
-    EXPECT_EQ(saved(table), record("a", one, "x") + record("b", one, "y"));
-}
-
-TEST_F(CatalogueTest, KeepsEveryByteOfNamesAndShops)
+TEST_F(CatalogueTest, KeepsEveryByteOfNamesAndShopsCutsLongTextsAndLoadsEmptyOnes)
 {
     std::string content;
     for (int first = 0; first < 256; ++first) {
@@ -181,18 +161,14 @@ TEST_F(CatalogueTest, KeepsEveryByteOfNamesAndShops)
     ASSERT_EQ(table.size(), 256U);
     EXPECT_EQ(saved(table), content);
     EXPECT_EQ(table[0xE1].Tienda.Text().substr(0, 2), "á");
-}
 
-TEST_F(CatalogueTest, StoresLongTextsCutAndLoadsEmptyOnes)
-{
-    SaveCatalogue(path_, { ProductOf(std::string(101, 'n'), std::string(51, 't')) });
-    EXPECT_EQ(ReadBytes(path_), record(std::string(100, 'n'), one, std::string(50, 't')));
+    EXPECT_EQ(saved({ ProductOf(std::string(101, 'n'), std::string(51, 't')) }),
+        record(std::string(100, 'n'), one, std::string(50, 't')));
     EXPECT_EQ(load(record("", one, "")), ProductTable { ProductOf("", "") });
 }
 
 TEST_F(CatalogueTest, HoldsAsManyProductsAsA16BitCountCounts)
 {
-    const std::string last = record("z", one, "z");
     std::string content;
     for (int i = 0; i < 32767; ++i) {
         content += record(std::to_string(i), one, "x");
@@ -201,11 +177,9 @@ TEST_F(CatalogueTest, HoldsAsManyProductsAsA16BitCountCounts)
     ASSERT_EQ(table.size(), 32767U);
     EXPECT_EQ(table.back().Nombre.Trimmed(), "32766");
     EXPECT_EQ(saved(table), content);
-
     EXPECT_EQ(load(content + record("", zero, "")).size(), 32767U);
-    std::string text;
-    EXPECT_EQ(kindOf([&] { load(content + last); }, &text), RunTimeError::Kind::Overflow);
-    EXPECT_EQ(text, "El catálogo «" + path_.string() + "» tiene más de 32767 productos.");
+    ExpectError(RunTimeError::Kind::Overflow, "El catálogo «" + path_.string() + "» tiene más de 32767 productos.",
+        [&] { load(content + record("z", one, "z")); });
 }
 
 TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCouldLoadAgain)
@@ -214,10 +188,9 @@ TEST_F(CatalogueTest, AddsIntoTheEmptyEntryFirstThenAtTheEndAndNotBeyondWhatItCo
     EXPECT_EQ(AddProduct(table, ProductOf("a", "x")), 0);
     EXPECT_EQ(AddProduct(table, ProductOf("b", "y", 2)), 1);
     EXPECT_EQ(table, (ProductTable { ProductOf("a", "x"), ProductOf("b", "y", 2) }));
-
     table.resize(32766, table.front());
     EXPECT_EQ(AddProduct(table, ProductOf("b", "x")), 32766);
-    EXPECT_EQ(kindOf([&] { AddProduct(table, ProductOf("c", "x")); }), RunTimeError::Kind::Overflow);
+    EXPECT_EQ(KindThrownBy([&] { AddProduct(table, ProductOf("c", "x")); }), RunTimeError::Kind::Overflow);
     EXPECT_EQ(table.size(), 32767U);
 }
 
@@ -229,31 +202,21 @@ TEST_F(CatalogueTest, AddsIntoAFirstEntryWhoseNameBeginsAsTheEmptyOneAlsoWhenOth
     EXPECT_EQ(table, (ProductTable { ProductOf("a", "x"), ProductOf("b", "y") }));
 }
 
-// What cannot be read or written.
-
 TEST_F(CatalogueTest, NamesTheFileThatCannotBeReadOrWrittenAndTheReason)
 {
-    struct Case {
-        std::filesystem::path Path;
-        const char* Reason;
-    };
     WriteBytes(folder_ / "file", "");
     std::filesystem::create_directory(folder_ / "folder");
     ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0); // nobody writes into it; reading must not wait for it
     const std::vector<std::string> names = folder_.Names();
-    for (const Case& c : {
-             Case { folder_ / "missing" / "productos.dat", "la carpeta no existe" },
-             { folder_ / "file" / "productos.dat", "la carpeta no existe" },
-             { folder_ / "folder", "es una carpeta" },
-             { folder_ / "pipe", "no es un archivo de datos" },
-             { folder_ / std::string(300, 'n').c_str(), "el nombre es demasiado largo" },
-         }) {
-        const std::string rest = " el archivo «" + c.Path.string() + "»: " + c.Reason + ".";
-        std::string said;
-        EXPECT_EQ(kindOf([&] { LoadCatalogue(c.Path); }, &said), RunTimeError::Kind::File);
-        EXPECT_EQ(said, "No se puede leer" + rest);
-        EXPECT_EQ(kindOf([&] { SaveCatalogue(c.Path, ProductTable(1)); }, &said), RunTimeError::Kind::File);
-        EXPECT_EQ(said, "No se puede escribir" + rest);
+    for (const auto& [name, reason] :
+        { std::pair<std::string, std::string>("missing/productos.dat", "la carpeta no existe"),
+            { "file/productos.dat", "la carpeta no existe" }, { "folder", "es una carpeta" },
+            { "pipe", "no es un archivo de datos" }, { std::string(300, 'n'), "el nombre es demasiado largo" } }) {
+        const std::filesystem::path path = folder_ / name.c_str();
+        const std::string rest = " el archivo «" + path.string() + "»: " + reason + ".";
+        ExpectError(RunTimeError::Kind::File, "No se puede leer" + rest, [&path = path] { LoadCatalogue(path); });
+        ExpectError(RunTimeError::Kind::File, "No se puede escribir" + rest,
+            [&path = path] { SaveCatalogue(path, ProductTable(1)); });
         EXPECT_EQ(folder_.Names(), names);
     }
 }
@@ -263,40 +226,29 @@ TEST_F(CatalogueTest, DoesNotWriteAFileThatIsForReadingAlone)
     WriteBytes(path_, "");
     std::filesystem::permissions(path_, std::filesystem::perms(0444));
     expectEmpty(LoadCatalogue(path_));
-    std::string said;
-    EXPECT_EQ(kindOf([this] { SaveCatalogue(path_, { ProductOf("a", "x") }); }, &said), RunTimeError::Kind::File);
-    EXPECT_EQ(said, "No se puede escribir el archivo «" + path_.string() + "»: el archivo es de solo lectura.");
+    ExpectError(RunTimeError::Kind::File,
+        "No se puede escribir el archivo «" + path_.string() + "»: el archivo es de solo lectura.",
+        [this] { SaveCatalogue(path_, { ProductOf("a", "x") }); });
     EXPECT_EQ(ReadBytes(path_), "");
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
-// Saving over what somebody else may have saved.
-
-TEST_F(CatalogueTest, GivesWhatItHasReadWholeAlsoWhatIsNoProduct)
-{
-    const std::string content = record("a", one, "x") + record("b", zero, "y") + "part";
-    WriteBytes(path_, content);
-    CatalogueContent read;
-    EXPECT_EQ(LoadCatalogue(path_, read).size(), 1U);
-    EXPECT_EQ(read, content);
-
-    EXPECT_TRUE(IsEmpty(LoadCatalogue(folder_ / "otro.dat", read)));
-    EXPECT_EQ(read, std::string()) << "it has been created empty";
-}
-
-TEST_F(CatalogueTest, SavesOverWhatIsExpected)
+TEST_F(CatalogueTest, SavesOverWhatIsExpectedOrIsAlreadyAsItIsToBe)
 {
     const ProductTable table { ProductOf("a", "x") };
+    const std::string wanted = record("a", one, "x");
     for (const std::string& content : { std::string(), record("b", one, "y"), std::string(3'000'000, 'z') }) {
         WriteBytes(path_, content);
         const SaveOutcome outcome = SaveCatalogueIfUnchanged(path_, table, content);
         EXPECT_TRUE(outcome.Saved);
-        EXPECT_EQ(outcome.Content, record("a", one, "x"));
-        EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
+        EXPECT_EQ(outcome.Content, wanted);
+        EXPECT_EQ(ReadBytes(path_), wanted);
     }
+    EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, table, record("b", one, "y")).Saved)
+        << "the program itself may have saved it and then failed to flush the folder";
     std::filesystem::remove(path_);
     EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, table, std::nullopt).Saved);
-    EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
+    EXPECT_EQ(ReadBytes(path_), wanted);
 }
 
 TEST_F(CatalogueTest, LeavesWhatIsNotExpectedAndTellsWhatItIs)
@@ -319,15 +271,6 @@ TEST_F(CatalogueTest, LeavesWhatIsNotExpectedAndTellsWhatItIs)
     EXPECT_EQ(outcome.Content, std::nullopt);
     EXPECT_TRUE(folder_.Names().empty());
 }
-
-// The program itself may have saved it and then failed to flush the folder.
-TEST_F(CatalogueTest, SavesOverWhatIsAlreadyAsItIsToBe)
-{
-    WriteBytes(path_, record("a", one, "x"));
-    EXPECT_TRUE(SaveCatalogueIfUnchanged(path_, { ProductOf("a", "x") }, record("b", one, "y")).Saved);
-}
-
-// The file that is replaced.
 
 mode_t permissionsOf(const std::filesystem::path& path)
 {
@@ -352,7 +295,7 @@ TEST_F(CatalogueTest, KeepsThePermissionsOfTheFileAndGivesANewOneThoseThatTheUse
     EXPECT_EQ(permissionsOf(folder_ / "otro.dat"), 0640U);
 }
 
-TEST_F(CatalogueTest, WritesThroughALinkThatHasTheNameOfTheFile)
+TEST_F(CatalogueTest, WritesThroughALinkThatHasTheNameOfTheFileAndBesideAFileThatIsNamedWithoutAFolder)
 {
     std::filesystem::create_directory(folder_ / "elsewhere");
     const std::filesystem::path target = folder_ / "elsewhere" / "real.dat";
@@ -362,24 +305,21 @@ TEST_F(CatalogueTest, WritesThroughALinkThatHasTheNameOfTheFile)
     EXPECT_TRUE(std::filesystem::is_symlink(path_));
     EXPECT_EQ(ReadBytes(target), record("a", one, "x"));
     EXPECT_EQ(folder_.Names(), (std::vector<std::string> { "elsewhere", "productos.dat" }));
-}
 
-TEST_F(CatalogueTest, SavesBesideAFileThatIsNamedWithoutAFolder)
-{
     const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(folder_.Path());
-    SaveCatalogue("productos.dat", { ProductOf("a", "x") });
-    EXPECT_EQ(LoadCatalogue("productos.dat").size(), 1U);
+    std::filesystem::current_path(folder_ / "elsewhere");
+    SaveCatalogue("otro.dat", { ProductOf("b", "y") });
+    EXPECT_EQ(LoadCatalogue("otro.dat").size(), 1U);
     std::filesystem::current_path(before);
-    EXPECT_EQ(ReadBytes(path_), record("a", one, "x"));
+    EXPECT_EQ(ReadBytes(target.parent_path() / "otro.dat"), record("b", one, "y"));
 }
 
 TEST_F(CatalogueTest, RemovesWhatStoppedSavesHaveLeftAndNothingElse)
 {
-    for (const std::string& name : { std::string("productos.dat.nuevo-4194304"), // above the highest of a process
-             "productos.dat.nuevo-" + std::to_string(::getpid()), std::string("productos.dat.nuevo-"),
-             std::string("productos.dat.nuevo-1x"), std::string("productos.dat.copia"),
-             std::string("otros.dat.nuevo-4194304"), std::string("productos.dat.nuevo-1") }) {
+    const std::string ofThisProcess = "productos.dat.nuevo-" + std::to_string(::getpid());
+    for (const std::string name : { "productos.dat.nuevo-4194304", // above the highest of a process
+             "productos.dat.nuevo-", "productos.dat.nuevo-1x", "productos.dat.copia", "otros.dat.nuevo-4194304",
+             "productos.dat.nuevo-1", ofThisProcess.c_str() }) {
         WriteBytes(folder_ / name.c_str(), "half");
     }
     SaveCatalogue(path_, ProductTable(1));

@@ -50,21 +50,32 @@ ControlRow button(const char* name, const char* caption, TwipsRect place, QColor
     return { .Name = name, .Text = caption, .Place = place, .Font = arial12, .BackColour = colour };
 }
 
-class Form7TableTest : public ::testing::Test {
-protected:
-    Form7TableTest() { SaveCatalogue(path_, TableOf({ { "Pan", 1 }, { "Leche", 1 }, { "Sal", 1 }, { "Ajo", 1 } })); }
-
-    const TemporaryFolder folder_;
-    const std::filesystem::path path_ = folder_ / "productos.dat";
-    Shop shop_ { path_ };
-    const FixedClock clock_;
-    const StillClocks stillClocks_;
-};
-
-TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
+TEST(Form7TableTest, EveryControlStandsInItsPlace)
 {
-    Form7 form(clock_, shop_);
+    const TemporaryFolder folder;
+    Shop mall { folder / "productos.dat" };
+    SaveCatalogue(mall.Catalogue, TableOf({ { "Pan", 1 }, { "Leche", 1 }, { "Sal", 1 }, { "Ajo", 1 } }));
+    const FixedClock clock;
+    const StillClocks stillClocks;
+    Form7 form(clock, mall);
     ShowAndActivate(form);
+    ExpectMenus(form,
+        {
+            "MnuOpc &Opciones",
+            "  MnuOpcNum &Número de productos",
+            "  MnuOpcUni Nú&mero de unidades",
+            "  MnuOpcPro &Productos... [F3]",
+            "  MnuOpcAdd &Añadir producto [F2]",
+            "  MnuOpcSal &Salir (Alt - f4)",
+        });
+    const std::pair<const QLabel*, const char*> captions[]
+        = { { form.Label1[0], "List1" }, { form.Label1[1], "TBTiempo" }, { form.Label1[2], "TBDinero" },
+              { form.Label2, "CBTienda(0)" }, { form.LBDisponibles, "LIDisponibles" }, { form.LbCesta, "LICesta" } };
+    for (const auto& [caption, control] : captions) {
+        ASSERT_NE(caption->buddy(), nullptr) << control;
+        EXPECT_EQ(caption->buddy()->objectName().toStdString(), control) << "what its access key leads to";
+    }
+
     Click(form, QStringLiteral("CBTienda(5)"));
     const std::string purse = PurseText(form.Task().MoneyGiven);
     ExpectControls(form,
@@ -112,52 +123,6 @@ TEST_F(Form7TableTest, EveryControlStandsInItsPlace)
                 .AccessibleName = "Resultado" },
             button("CbContinuar", "&Continuar", { 240, 7620, 4440, 540 }, Qt::cyan),
         });
-}
-
-TEST_F(Form7TableTest, TheMenuOffersNumberProductsAndExit)
-{
-    const Form7 form(clock_, shop_);
-    ExpectMenus(form,
-        {
-            "MnuOpc &Opciones",
-            "  MnuOpcNum &Número de productos",
-            "  MnuOpcUni Nú&mero de unidades",
-            "  MnuOpcPro &Productos... [F3]",
-            "  MnuOpcAdd &Añadir producto [F2]",
-            "  MnuOpcSal &Salir (Alt - f4)",
-        });
-}
-
-TEST_F(Form7TableTest, AccessKeysLeadToTheBoxesBelowTheirCaptions)
-{
-    Form7 form(clock_, shop_);
-    const std::vector<std::pair<const QLabel*, const char*>> captions {
-        { form.Label1[0], "List1" },
-        { form.Label1[1], "TBTiempo" },
-        { form.Label1[2], "TBDinero" },
-        { form.Label2, "CBTienda(0)" },
-        { form.LBDisponibles, "LIDisponibles" },
-        { form.LbCesta, "LICesta" },
-    };
-    for (const auto& [caption, control] : captions) {
-        ASSERT_NE(caption->buddy(), nullptr) << control;
-        EXPECT_EQ(caption->buddy()->objectName().toStdString(), control);
-    }
-}
-
-TEST_F(Form7TableTest, TheNamesOfAllShopsAreSeenWholeAtEverySize)
-{
-    Form7 form(clock_, shop_);
-    ShowAndActivate(form);
-    for (const QSize size : { form.size(), QSize(1280, 800), QSize(800, 600), QSize(640, 480) }) {
-        form.resize(size);
-        QCoreApplication::processEvents();
-        for (const CommandButton* button : form.CBTienda) {
-            constexpr int border = 3;
-            EXPECT_LE(QFontMetrics(button->font()).horizontalAdvance(button->text()), button->width() - 2 * border)
-                << button->text().toStdString() << " at " << size.width();
-        }
-    }
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "activities/shopping/core/Money.h"
 #include "activities/shopping/screen/Beep.h"
 #include "activities/shopping/screen/ColumnArea.h"
-#include "activities/shopping/screen/DLGProductos.h"
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
@@ -17,7 +16,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDialog>
 #include <QFrame>
 #include <QLabel>
@@ -41,32 +39,10 @@ void expectLength(const QString& answer, int present = 4)
         QStringLiteral("Número de productos a mostrar (1 - 10):"), answer, QString::number(present));
 }
 
-void expectAgain(const QString& answer)
-{
-    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
-        { QStringLiteral("Sí"), QStringLiteral("No") }, answer);
-}
-
-void acceptAnyBox()
-{
-    ExpectDialog([](QDialog& box) { box.accept(); });
-}
-
 void answer(const Form7& form, const QString& result)
 {
     TypeResult(result);
     PressContinue(form);
-}
-
-template <typename Form>
-Form* openWindow()
-{
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* form = dynamic_cast<Form*>(window); form != nullptr && form->isVisible()) {
-            return form;
-        }
-    }
-    return nullptr;
 }
 
 class Form7Test : public ::testing::Test {
@@ -89,7 +65,7 @@ protected:
     Form7* openToBeGone()
     {
         ShowShopping(before_, clock_, shop_, true);
-        return openWindow<Form7>();
+        return dynamic_cast<Form7*>(shop_.Window.data());
     }
 
     static bool isGone(const QPointer<Form7>& form)
@@ -191,7 +167,7 @@ TEST_F(Form7Test, TheSameSecondDrawsTheSameListAndAnotherOneAnother)
     EXPECT_NE(linesAt({ 10, 20, 31, 37'231 }), lines);
 }
 
-TEST_F(Form7Test, EveryNewTaskTakesItsSeedFromTheClockAndARefusedNumberLeavesTheTaskAsItIs)
+TEST_F(Form7Test, EveryNewTaskTakesItsSeedFromTheClockAndARefusedOrCancelledNumberLeavesTheTaskAsItIs)
 {
     Form7& form = open(NumberedTable(500));
     const auto lines = form.Task().ListLines();
@@ -202,14 +178,24 @@ TEST_F(Form7Test, EveryNewTaskTakesItsSeedFromTheClockAndARefusedNumberLeavesThe
     form.Timer1_Timer();
     const std::string time = form.TBTiempo->Text();
     clock_.Time = { 11, 20, 30, 40'830 };
-    for (const char* typed : { "1", "11", "" }) {
+    for (const char* typed : { "1", "11", "", "cinco" }) {
         expectLength(QString::fromUtf8(typed));
         Choose(form, QStringLiteral("MnuOpcNum"));
         EXPECT_EQ(LinesOf(*form.List1), lines) << typed;
         EXPECT_EQ(form.TBTiempo->Text(), time) << typed;
     }
-    expectLength(QStringLiteral("4"));
+    ExpectInputCancelled(QStringLiteral("¿Cuántos productos incluir en la lista?"),
+        QStringLiteral("Número de productos a mostrar (1 - 10):"), QStringLiteral("7"));
     Choose(form, QStringLiteral("MnuOpcNum"));
+    Choose(form, QStringLiteral("MnuOpcUni")); // does nothing
+    EXPECT_EQ(LinesOf(*form.List1), lines);
+
+    int present = 4;
+    for (const auto& [typed, length] : { std::pair("10", 10), { "2.5", 2 }, { "4", 4 } }) {
+        expectLength(QString::fromUtf8(typed), present);
+        Choose(form, QStringLiteral("MnuOpcNum"));
+        EXPECT_EQ(form.List1->LineCount(), present = length);
+    }
     EXPECT_NE(LinesOf(*form.List1), lines);
 }
 
@@ -270,7 +256,7 @@ TEST_F(Form7Test, WithNoLineSelectedNothingIsTakenOrPutBack)
     EXPECT_EQ(form.LICesta->LineCount(), 1) << "the current line is not a selected one";
 }
 
-TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDelete)
+TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDeleteHoweverLongItIsHeld)
 {
     const Form7& form = openBakery();
     GoInto(form, QStringLiteral("Panadería"));
@@ -282,28 +268,16 @@ TEST_F(Form7Test, AProductIsPutBackByDoubleClickEnterOrDelete)
     EXPECT_EQ(form.LICesta->SelectedLine(), 0);
     Press(Qt::Key_Return);
     EXPECT_EQ(LinesOf(*form.LICesta).front(), "(1) Un bollo 1,2");
-    Press(Qt::Key_Delete);
+    HoldDown(Qt::Key_Delete);
+    Repeat(Qt::Key_Delete);
+    RepeatMarked(Qt::Key_Delete);
+    LetGo(Qt::Key_Delete);
     EXPECT_EQ(LinesOf(*form.LICesta), (std::vector<std::string> { "(1) Una barra de pan 0,85", "(1) Pan de ñora 2" }));
     EXPECT_EQ(form.LICesta->SelectedLine(), 0);
     DoubleClickLine(*form.LICesta, 1);
     EXPECT_EQ(form.LICesta->SelectedLine(), 0) << "the first one follows the last";
     Press(Qt::Key_Delete);
     EXPECT_EQ(form.LICesta->LineCount(), 0);
-}
-
-TEST_F(Form7Test, AHeldDeletePutsOneProductBack)
-{
-    const Form7& form = openBakery();
-    GoInto(form, QStringLiteral("Panadería"));
-    for (int taken = 0; taken < 4; ++taken) {
-        TakeFromShelf(form, QStringLiteral("Un bollo"));
-    }
-    form.LICesta->setFocus();
-    HoldDown(Qt::Key_Delete);
-    Repeat(Qt::Key_Delete);
-    RepeatMarked(Qt::Key_Delete);
-    LetGo(Qt::Key_Delete);
-    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(3) Un bollo 1,2" });
 }
 
 TEST_F(Form7Test, TheAccessKeyOfTheCentreLeadsToTheFirstShopAndPressesNothing)
@@ -329,6 +303,13 @@ TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText(),
         QStringLiteral("Sume los precios y escriba el resultado debajo, después pulse continuar."));
 
+    AcceptAnyBox();
+    answer(form, QStringLiteral("999")); // more than there is: back to the shelf
+    expectInShop(form, true);
+    EXPECT_EQ(FocusIn(form), "LICesta");
+    expectPlaces(form, atTheShelf);
+    PressContinue(form);
+
     answer(form, QStringLiteral("2,55"));
     EXPECT_EQ(form.TBCantidades->Text(), "  5,00\n-  2,55");
     EXPECT_EQ(placeOf(*form.TBCantidades), (TwipsRect { 6240, 7540 - 570, 1800, 570 }));
@@ -347,17 +328,6 @@ TEST_F(Form7Test, PayingHidesTheShelfAndShowsTheColumn)
             + "\nSu precio es de 2,55€ y has pagado 2,55€ por ellos.\nPulsa el botón salir.");
     EXPECT_EQ(form.TbInstrucciones->textCursor().selectedText().size(), form.TbInstrucciones->toPlainText().size());
     expectPlaces(form, withTheReceipt);
-}
-
-TEST_F(Form7Test, WhoCannotPayIsBackAtTheShelf)
-{
-    Form7& form = openBakery();
-    addUp(form, 3);
-    acceptAnyBox();
-    answer(form, QStringLiteral("999"));
-    expectInShop(form, true);
-    EXPECT_EQ(FocusIn(form), "LICesta");
-    expectPlaces(form, atTheShelf);
 }
 
 TEST_F(Form7Test, AColumnGrowsPastTheSignCoversNothingAndIsShownWhole)
@@ -416,18 +386,6 @@ TEST_F(Form7Test, TheResultIsWrittenFromRightToLeftAlsoWithTheCommaOfTheKeypad)
     EXPECT_EQ(form.TbResultado->Text(), "4,5");
 }
 
-TEST_F(Form7Test, LeavingAShopIsSeenOnTheClockAtItsNextTick)
-{
-    Form7& form = openBakery();
-    const int timeGiven = form.Task().TimeLeft;
-    GoInto(form, QStringLiteral("Kiosko"));
-    PressContinue(form);
-    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180);
-    EXPECT_EQ(form.TBTiempo->Text(), std::to_string(timeGiven / 60) + " : 00");
-    form.Timer1_Timer();
-    EXPECT_EQ(form.TBTiempo->Text(), TimeText(timeGiven - 181));
-}
-
 TEST_F(Form7Test, TheClockRunsWhileABoxIsOpen)
 {
     Form7& form = openBakery();
@@ -440,17 +398,6 @@ TEST_F(Form7Test, TheClockRunsWhileABoxIsOpen)
     });
     Click(form, QStringLiteral("CBVolver"));
     form.Timer1->stop();
-}
-
-TEST_F(Form7Test, WhoWantsToGoHomeTooEarlyStaysInTheShop)
-{
-    Form7& form = open(TableOf({ { "Una barra de pan", 500 }, { "a", 500 }, { "b", 500 }, { "c", 500 } }));
-    addUp(form, 1);
-    ExpectMessage(
-        QStringLiteral("Todavía no has terminado tu tarea"), QStringLiteral("Aún puedes comprar algún producto más"));
-    Click(form, QStringLiteral("CBVolver"));
-    EXPECT_TRUE(form.Frame3->isVisible());
-    EXPECT_EQ(form.Task().PayStep, 2);
 }
 
 TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsItAsItWasAndGoesOnPaying)
@@ -485,7 +432,7 @@ TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsItAsItWasAndGoesOnPaying)
             EXPECT_FALSE(form.Timer1->isActive()) << "no second goes by while the verdict is read";
             verdict.accept();
         });
-        expectAgain(QStringLiteral("Sí"));
+        ExpectAgain(QStringLiteral("Sí"));
         Click(form, QStringLiteral("CBVolver"));
         EXPECT_EQ(form.Task().PayStep, step);
         EXPECT_TRUE(form.Frame3->isVisible());
@@ -505,7 +452,7 @@ TEST_F(Form7Test, WhoBeginsAgainFromAShopFindsItAsItWasAndGoesOnPaying)
     }
 }
 
-TEST_F(Form7Test, AMistakeIsToldBeforeTheShopIsLeft)
+TEST_F(Form7Test, AMistakeIsToldBeforeTheShopIsLeftAndLeavingItIsSeenOnTheClockAtItsNextTick)
 {
     Form7& form = openBakery();
     const int timeGiven = form.Task().TimeLeft;
@@ -522,6 +469,9 @@ TEST_F(Form7Test, AMistakeIsToldBeforeTheShopIsLeft)
     EXPECT_FALSE(form.Frame3->isVisible());
     EXPECT_TRUE(form.Frame2->isVisible());
     EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180);
+    EXPECT_EQ(form.TBTiempo->Text(), TimeText(timeGiven));
+    form.Timer1_Timer();
+    EXPECT_EQ(form.TBTiempo->Text(), TimeText(timeGiven - 181));
 }
 
 TEST_F(Form7Test, TheWarningOfAPaymentIsToldAlsoWhereItsNotesEndTheProgram)
@@ -539,41 +489,19 @@ TEST_F(Form7Test, TheWarningOfAPaymentIsToldAlsoWhereItsNotesEndTheProgram)
     EXPECT_EQ(errors.front().ErrorKind(), RunTimeError::Kind::InvalidArgument);
 }
 
-TEST_F(Form7Test, ANewTaskLeavesTheShopAsItIs)
+TEST_F(Form7Test, WhoWantsToGoHomeTooEarlyStaysInTheShopAndANewTaskLeavesItAsItIs)
 {
     Form7& form = openBakery();
     addUp(form, 2);
+    ExpectMessage(
+        QStringLiteral("Todavía no has terminado tu tarea"), QStringLiteral("Aún puedes comprar algún producto más"));
+    Click(form, QStringLiteral("CBVolver"));
     expectLength(QStringLiteral("6"));
     Choose(form, QStringLiteral("MnuOpcNum"));
     EXPECT_EQ(form.List1->LineCount(), 6);
     EXPECT_TRUE(form.Frame3->isVisible());
     EXPECT_EQ(form.TBCantidades->Text(), "  0,85\n+  0,85");
     EXPECT_EQ(form.Task().PayStep, 2);
-}
-
-TEST_F(Form7Test, TheNumberOfProductsIsTakenOrSilentlyRefused)
-{
-    struct Case {
-        QString Typed;
-        int Count; // 4: refused
-    };
-    Form7& form = open(NumberedTable(200));
-    for (const Case& c : { Case { QStringLiteral("10"), 10 }, { QStringLiteral("2"), 2 },
-             { QStringLiteral("10,5"), 10 }, { QStringLiteral("2.5"), 2 }, { QStringLiteral("1,5"), 4 },
-             { QStringLiteral("1"), 4 }, { QStringLiteral("0"), 4 }, { QStringLiteral("-1"), 4 },
-             { QStringLiteral("11"), 4 }, { QStringLiteral("1e3"), 4 }, { QStringLiteral("cinco"), 4 },
-             { QString(), 4 }, { QStringLiteral("1") + QString(400, u'0'), 4 } }) {
-        expectLength(QStringLiteral("4"), form.Task().ListLength);
-        Choose(form, QStringLiteral("MnuOpcNum"));
-        expectLength(c.Typed);
-        Choose(form, QStringLiteral("MnuOpcNum"));
-        EXPECT_EQ(form.List1->LineCount(), c.Count) << c.Typed.toStdString();
-    }
-    ExpectInputCancelled(QStringLiteral("¿Cuántos productos incluir en la lista?"),
-        QStringLiteral("Número de productos a mostrar (1 - 10):"), QStringLiteral("7"));
-    Choose(form, QStringLiteral("MnuOpcNum"));
-    Choose(form, QStringLiteral("MnuOpcUni")); // does nothing
-    EXPECT_EQ(form.List1->LineCount(), 4);
 }
 
 TEST_F(Form7Test, AProductIsAddedUntilTheCatalogueIsReadAgain)
@@ -589,17 +517,7 @@ TEST_F(Form7Test, AProductIsAddedUntilTheCatalogueIsReadAgain)
     EXPECT_EQ(form.Task().Catalogue.size(), 7U);
 }
 
-TEST_F(Form7Test, ThePriceOfANewProductIsReadAsANumberOfTheCountry)
-{
-    const Form7& form = openBakery();
-    for (const auto& [typed, price] : { std::pair("1,5", 1.5F), { "1e3", 1000.0F }, { "2.5", 25.0F } }) {
-        ExpectNewProduct({ "Una empanada", typed, "Panadería" });
-        Choose(form, QStringLiteral("MnuOpcAdd"));
-        EXPECT_EQ(form.Task().Catalogue.back().Precio, price) << typed;
-    }
-}
-
-TEST_F(Form7Test, AnIncompleteProductIsNotAdded)
+TEST_F(Form7Test, AProductIsAddedAtAPriceReadAsANumberOfTheCountryAndAnIncompleteOneIsNot)
 {
     const Form7& form = openBakery();
     for (const std::vector<const char*>& answers : IncompleteProducts()) {
@@ -608,6 +526,11 @@ TEST_F(Form7Test, AnIncompleteProductIsNotAdded)
         EXPECT_EQ(PendingBoxes(), 0);
     }
     EXPECT_EQ(form.Task().Catalogue.size(), 6U);
+    for (const auto& [typed, price] : { std::pair("1,5", 1.5F), { "1e3", 1000.0F }, { "2.5", 25.0F } }) {
+        ExpectNewProduct({ "Una empanada", typed, "Panadería" });
+        Choose(form, QStringLiteral("MnuOpcAdd"));
+        EXPECT_EQ(form.Task().Catalogue.back().Precio, price) << typed;
+    }
 }
 
 TEST_F(Form7Test, AFullCatalogueTakesNoProductAndSaysSo)
@@ -624,15 +547,15 @@ TEST_F(Form7Test, AFullCatalogueTakesNoProductAndSaysSo)
 TEST_F(Form7Test, TheWindowIsClosedByItsLastMenuItemAndForWhoDoesNotBeginAgain)
 {
     for (const bool byMenu : { false, true }) {
-        acceptAnyBox(); // there are no products
+        AcceptAnyBox(); // there are no products
         const QPointer<Form7> form = openToBeGone();
         ASSERT_NE(form, nullptr);
         ShowAndAnswerBoxes(*form);
         if (byMenu) {
             Choose(*form, QStringLiteral("MnuOpcSal"));
         } else {
-            acceptAnyBox(); // the verdict
-            expectAgain(QStringLiteral("No"));
+            AcceptAnyBox(); // the verdict
+            ExpectAgain(QStringLiteral("No"));
             Click(*form, QStringLiteral("CBVolver"));
         }
         EXPECT_TRUE(isGone(form));
@@ -665,26 +588,7 @@ TEST_F(Form7Test, AnEmptyCatalogueLeavesAnEmptyListAndAStillClock)
     EXPECT_TRUE(form_->Timer1->isActive());
 }
 
-TEST_F(Form7Test, AListThatCostsTooMuchIsEmptyAndStopsTheClock)
-{
-    Form7& form = open(NumberedTable(4));
-    for (const char* name : { "Un diamante", "Otro diamante" }) {
-        ExpectNewProduct({ name, "3e38", "Panadería" });
-        Choose(form, QStringLiteral("MnuOpcAdd"));
-    }
-    EXPECT_TRUE(form.Timer1->isActive());
-    expectLength(QStringLiteral("6"));
-    ExpectMessage(QStringLiteral("Numbrela"),
-        QStringLiteral("La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
-                       "Corrige los precios del catálogo desde el menú Opciones."));
-    Choose(form, QStringLiteral("MnuOpcNum"));
-    EXPECT_EQ(form.List1->LineCount(), 0);
-    EXPECT_FALSE(form.Timer1->isActive());
-    EXPECT_EQ(form.TBDinero->Text(), "05€");
-    EXPECT_EQ(form.TBTiempo->Text(), "10 : 00");
-}
-
-TEST_F(Form7Test, TooFewProductsAreSaidOnce)
+TEST_F(Form7Test, TooFewProductsAreSaidOnceAndAListThatCostsTooMuchIsEmptyAndStopsTheClock)
 {
     SaveCatalogue(path_, NumberedTable(3));
     form_ = std::make_unique<Form7>(clock_, shop_);
@@ -695,6 +599,21 @@ TEST_F(Form7Test, TooFewProductsAreSaidOnce)
     EXPECT_EQ(form_->List1->LineCount(), 3);
     form_->hide();
     ShowAndActivate(*form_);
+    EXPECT_TRUE(form_->Timer1->isActive());
+
+    for (const char* name : { "Un diamante", "Otro diamante" }) {
+        ExpectNewProduct({ name, "3e38", "Panadería" });
+        Choose(*form_, QStringLiteral("MnuOpcAdd"));
+    }
+    expectLength(QStringLiteral("5"));
+    ExpectMessage(QStringLiteral("Numbrela"),
+        QStringLiteral("La lista de la compra costaría más de lo que se puede contar, así que está vacía.\n"
+                       "Corrige los precios del catálogo desde el menú Opciones."));
+    Choose(*form_, QStringLiteral("MnuOpcNum"));
+    EXPECT_EQ(form_->List1->LineCount(), 0);
+    EXPECT_FALSE(form_->Timer1->isActive());
+    EXPECT_EQ(form_->TBDinero->Text(), "05€");
+    EXPECT_EQ(form_->TBTiempo->Text(), "10 : 00");
 }
 
 TEST_F(Form7Test, ACatalogueThatCannotBeReadIsToldWithItsNameAndTheReason)
@@ -727,25 +646,6 @@ TEST_F(Form7Test, ACatalogueOfMoreProductsThanCanBeCountedEndsTheProgram)
     }
 }
 
-TEST_F(Form7Test, WhatHasNoRoomInTheColumnEndsTheProgram)
-{
-    for (const auto& [price, units, kind] :
-        { std::tuple(1000.0F, 1, RunTimeError::Kind::InvalidArgument), { 1.0F, 115, RunTimeError::Kind::Overflow } }) {
-        Form7& form = open(TableOf({ { "Una barra de pan", price }, { "a", 1 }, { "b", 1 }, { "c", 1 } }));
-        fillBasket(form, units);
-        EXPECT_EQ(KindThrownBy([&form = form] { form.CbContinuar_Click(); }), kind);
-    }
-}
-
-TEST_F(Form7Test, AShopOfThousandsIsOfferedWhole)
-{
-    const Form7& form = open(NumberedTable(3000));
-    GoInto(form, QStringLiteral("Panadería"));
-    EXPECT_EQ(form.LIDisponibles->LineCount(), 3000);
-    TakeFromShelf(form, QStringLiteral("Producto 2999"));
-    EXPECT_EQ(LinesOf(*form.LICesta), std::vector<std::string> { "(1) Producto 2999 1" });
-}
-
 TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
 {
     const Form7& form = open(TableOf(std::vector<ProductRow>(300, { std::string(90, 'm'), 1 })));
@@ -758,32 +658,6 @@ TEST_F(Form7Test, AShelfOfLongNamesBeginsAtItsFirstLineAtEveryVisit)
     GoInto(form, QStringLiteral("Panadería"));
     QCoreApplication::processEvents();
     EXPECT_GE(form.LIDisponibles->visualRect(form.LIDisponibles->model()->index(0, 0)).top(), 0);
-}
-
-TEST_F(Form7Test, TheEditorTakesTheWindowsPlaceAndGivesItBack)
-{
-    acceptAnyBox(); // there are no products
-    const QPointer<Form7> first = openToBeGone();
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first->windowModality(), Qt::ApplicationModal);
-    ShowAndAnswerBoxes(*first);
-    Press(Qt::Key_F3);
-    EXPECT_TRUE(isGone(first));
-    const auto* editor = openWindow<DLGProductos>();
-    ASSERT_NE(editor, nullptr);
-    EXPECT_EQ(editor->Ruta, path_);
-    EXPECT_EQ(editor->List1->LineCount(), 1) << "the one empty entry";
-
-    SaveCatalogue(path_, NumberedTable(1)); // what another teacher has saved meanwhile
-    acceptAnyBox();
-    Click(*editor, QStringLiteral("CancelButton"));
-    EXPECT_TRUE(QTest::qWaitFor([] { return PendingBoxes() == 0; }));
-    const QPointer<Form7> second = openWindow<Form7>();
-    ASSERT_NE(second, nullptr);
-    EXPECT_EQ(second->windowModality(), Qt::NonModal);
-    EXPECT_EQ(second->List1->LineCount(), 1) << "the catalogue has been read anew";
-    second->close();
-    EXPECT_TRUE(isGone(second));
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "activities/shopping/core/ShoppingTask.h"
-#include "activities/shopping/tests/TestTables.h"
 
 #include <gtest/gtest.h>
 
@@ -37,7 +36,7 @@ protected:
 };
 
 // The money is compared exactly, without a tolerance.
-TEST_F(HomeComingTest, WhoBoughtAllHearsOfMoneyAndTime)
+TEST_F(HomeComingTest, WhoBoughtAllHearsOfMoneyAndTimeAlsoWhereThereWasNothingToBuy)
 {
     const float exact = 25 - 23.4F;
     const char* justEnough = "\nHas gastado justo el dinero necesario.";
@@ -52,43 +51,24 @@ TEST_F(HomeComingTest, WhoBoughtAllHearsOfMoneyAndTime)
             EXPECT_EQ(home.Message, allBought + std::string(verdict) + (time > 0 ? inTime : tooLate));
         }
     }
-}
-
-TEST_F(HomeComingTest, WhoHadNothingToBuyHasBoughtItAll)
-{
     task_.ShoppingList.clear();
     task_.ListCost = 0;
-    task_.MoneyGiven = 5;
-    task_.MoneyLeft = 5;
-    const HomeComing home = task_.GoHome();
-    EXPECT_TRUE(home.Ended);
-    EXPECT_EQ(home.Title, "Vuelves a casa con tu compra");
-    EXPECT_EQ(home.Message, allBought + std::string("\nHas gastado justo el dinero necesario.") + inTime);
+    task_.MoneyGiven = task_.MoneyLeft = 5;
+    EXPECT_EQ(task_.GoHome().Message, allBought + std::string(justEnough) + tooLate);
 }
 
 TEST_F(HomeComingTest, WhoCanStillBuySomethingDoesNotGoHomeYet)
 {
-    task_.ShoppingList[0].Units = 1;
-    const HomeComing home = task_.GoHome();
-    EXPECT_FALSE(home.Ended);
-    EXPECT_EQ(home.Message, "Aún puedes comprar algún producto más");
-    EXPECT_EQ(home.Title, "Todavía no has terminado tu tarea");
-}
-
-TEST_F(HomeComingTest, APriceOfAllTheMoneyLeftCanStillBePaid)
-{
-    task_.ShoppingList[0] = item(0, 1, 1.5F);
     task_.MoneyLeft = 1.5F;
-    EXPECT_FALSE(task_.GoHome().Ended);
+    for (const int units : { 1, 3 }) { // the price of one unit counts
+        task_.ShoppingList[0] = item(0, units, 1.5F);
+        const HomeComing home = task_.GoHome();
+        EXPECT_FALSE(home.Ended);
+        EXPECT_EQ(home.Message, "Aún puedes comprar algún producto más");
+        EXPECT_EQ(home.Title, "Todavía no has terminado tu tarea");
+    }
     task_.MoneyLeft = std::nextafter(1.5F, 0.0F);
     EXPECT_TRUE(task_.GoHome().Ended);
-}
-
-TEST_F(HomeComingTest, OnlyThePriceOfOneUnitCounts)
-{
-    task_.ShoppingList[0] = item(0, 3, 1.5F);
-    task_.MoneyLeft = 2;
-    EXPECT_FALSE(task_.GoHome().Ended);
 }
 
 TEST_F(HomeComingTest, WhoCannotPayForTheRestHasNotDoneIt)

@@ -111,20 +111,15 @@ TEST_F(ListBoxTest, SortsAsASpanishDictionaryDoesAndKnowsWhatEachLineIsAbout)
     }
 }
 
-TEST_F(ListBoxTest, LeavesEqualLinesInTheirOrder)
+TEST_F(ListBoxTest, LeavesEqualLinesInTheirOrderAndARewrittenOneWhereItIsUntilAllAreSortedAgain)
 {
     list_.SetSortedLines({ { "b", 0 }, { "a", 1 }, { "b", 2 }, { "a", 3 }, { "A", 4 } });
     for (const auto& [line, data] : { std::pair(0, 1), { 1, 3 }, { 2, 4 }, { 3, 0 }, { 4, 2 } }) {
         EXPECT_EQ(list_.DataOf(line), data);
     }
-}
-
-TEST_F(ListBoxTest, ARewrittenLineStaysWhereItIsUntilAllAreSortedAgain)
-{
-    list_.SetSortedLines({ { "a", 0 }, { "b", 1 }, { "c", 2 } });
     list_.RewriteLine(0, "z");
-    EXPECT_EQ(LinesOf(list_), (Lines { "z", "b", "c" }));
-    EXPECT_EQ(list_.LineOf(0), 0);
+    EXPECT_EQ(LinesOf(list_), (Lines { "z", "a", "A", "b", "b" }));
+    EXPECT_EQ(list_.LineOf(1), 0);
     list_.SetSortedLines({ { "z", 0 }, { "b", 1 }, { "c", 2 } });
     EXPECT_EQ(LinesOf(list_), (Lines { "b", "c", "z" }));
     EXPECT_EQ(list_.LineOf(0), 2);

@@ -31,24 +31,21 @@ const QString inTime = QStringLiteral("Has realizado la compra dentro del tiempo
 // that what is left in the purse is exact, in whatever order it was spent.
 class PlayedGameTest : public ::testing::Test {
 protected:
-    PlayedGameTest()
+    PlayedGameTest() { ShowAndActivate(form_); }
+
+    static Shop stocked(const std::filesystem::path& catalogue)
     {
-        SaveCatalogue(path_,
+        SaveCatalogue(catalogue,
             TableOf({ { "Una barra de pan", 0.75F, "Panadería" }, { "Un bollo", 1.25F, "Panadería" },
                 { "Un periódico", 1.5F, "Kiosko" }, { "Una trucha", 4.25F, "Pescadería" },
                 { "Un lápiz", 0.5F, "Papelería" }, { "Un libro", 12.75F, "Librería" } }));
+        return { catalogue };
     }
 
-    static void expectQuestion(const QString& answer)
-    {
-        ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
-            { QStringLiteral("Sí"), QStringLiteral("No") }, answer);
-    }
-
-    static std::set<QString> shopsOnTheList(const Form7& form)
+    std::set<QString> shopsOnTheList() const
     {
         std::set<QString> shops;
-        for (const ShoppingItem& wanted : form.Task().ShoppingList) {
+        for (const ShoppingItem& wanted : form_.Task().ShoppingList) {
             if (wanted.Units > 0) {
                 shops.insert(QString::fromStdString(wanted.Tienda.Trimmed()));
             }
@@ -57,16 +54,16 @@ protected:
     }
 
     // Goes into a shop and takes all that the list wants of it; returns what that costs.
-    static float fillBasket(const Form7& form, const QString& shop)
+    float fillBasket(const QString& shop)
     {
-        GoInto(form, shop);
-        EXPECT_EQ(FocusIn(form), "LIDisponibles");
+        GoInto(form_, shop);
+        EXPECT_EQ(FocusIn(form_), "LIDisponibles");
         float cost = 0;
-        for (const ShoppingItem& wanted : form.Task().ShoppingList) {
+        for (const ShoppingItem& wanted : form_.Task().ShoppingList) {
             if (QString::fromStdString(wanted.Tienda.Trimmed()) != shop) {
                 continue;
             }
-            TakeFromShelf(form, QString::fromStdString(wanted.Nombre.Trimmed()));
+            TakeFromShelf(form_, QString::fromStdString(wanted.Nombre.Trimmed()));
             cost += wanted.Precio;
             for (int unit = 1; unit < wanted.Units; ++unit) {
                 Press(Qt::Key_Return);
@@ -77,91 +74,87 @@ protected:
     }
 
     // Pays a filled basket as it should be paid, and leaves the shop.
-    static void payRight(const Form7& form, float cost)
+    void payRight(float cost)
     {
-        PressContinue(form);
-        EXPECT_EQ(FocusIn(form), "TbResultado");
+        PressContinue(form_);
+        EXPECT_EQ(FocusIn(form_), "TbResultado");
         TypeResult(Written(cost));
-        EXPECT_EQ(form.TbResultado->text(), Written(cost));
-        PressContinue(form);
-        EXPECT_EQ(FocusIn(form), "TbResultado");
+        EXPECT_EQ(form_.TbResultado->text(), Written(cost));
+        PressContinue(form_);
+        EXPECT_EQ(FocusIn(form_), "TbResultado");
         TypeResult(Written(NotesAbove(cost) - cost));
-        PressContinue(form);
-        EXPECT_EQ(FocusIn(form), "CbContinuar");
-        EXPECT_EQ(form.CbContinuar->text(), QStringLiteral("&Salir"));
+        PressContinue(form_);
+        EXPECT_EQ(FocusIn(form_), "CbContinuar");
+        EXPECT_EQ(form_.CbContinuar->text(), QStringLiteral("&Salir"));
         Press(Qt::Key_Return);
-        EXPECT_EQ(FocusIn(form), "List1");
-        EXPECT_TRUE(form.Frame2->isVisible());
-        EXPECT_FALSE(form.Frame3->isVisible());
+        EXPECT_EQ(FocusIn(form_), "List1");
+        EXPECT_TRUE(form_.Frame2->isVisible());
+        EXPECT_FALSE(form_.Frame3->isVisible());
     }
 
     // What is told behind the last purchase, when list and purse show it already.
-    static void expectAllBought(const Form7& form)
+    void expectAllBought()
     {
-        ExpectDialog([&form](QDialog& dialog) {
+        ExpectDialog([this](QDialog& dialog) {
             const auto& box = dynamic_cast<QMessageBox&>(dialog);
             EXPECT_EQ(box.windowTitle(), QStringLiteral("Compra terminada"));
             EXPECT_EQ(box.text(), QStringLiteral("Pulse el botón Volver a casa"));
-            expectAllCrossedOff(form);
-            EXPECT_EQ(form.TBDinero->Text(), RemainderText(form.Task().MoneyLeft));
-            EXPECT_TRUE(form.Frame2->isVisible());
+            expectAllCrossedOff();
+            EXPECT_EQ(form_.TBDinero->Text(), RemainderText(form_.Task().MoneyLeft));
+            EXPECT_TRUE(form_.Frame2->isVisible());
             dialog.accept();
         });
     }
 
-    static void expectAllCrossedOff(const Form7& form)
+    void expectAllCrossedOff()
     {
-        for (const std::string& line : LinesOf(*form.List1)) {
+        for (const std::string& line : LinesOf(*form_.List1)) {
             EXPECT_EQ(line.substr(0, 4), "(X) ") << line;
         }
     }
 
-    static void buyTheRest(const Form7& form)
+    void buyTheRest()
     {
-        for (std::set<QString> shops = shopsOnTheList(form); !shops.empty(); shops = shopsOnTheList(form)) {
-            const float cost = fillBasket(form, *shops.begin());
+        for (std::set<QString> shops = shopsOnTheList(); !shops.empty(); shops = shopsOnTheList()) {
+            const float cost = fillBasket(*shops.begin());
             if (shops.size() == 1) {
-                expectAllBought(form);
+                expectAllBought();
             }
-            payRight(form, cost);
+            payRight(cost);
         }
     }
 
     const TemporaryFolder folder_;
-    const std::filesystem::path path_ = folder_ / "productos.dat";
-    Shop shop_ { path_ };
+    Shop shop_ = stocked(folder_ / "productos.dat");
     const FixedClock clock_;
     const StillClocks stillClocks_;
+    Form7 form_ { clock_, shop_ };
 };
 
 TEST_F(PlayedGameTest, AListIsBoughtWithoutAMistake)
 {
-    Form7 form(clock_, shop_);
-    ShowAndActivate(form);
-    ASSERT_EQ(form.List1->LineCount(), 4);
-    const std::size_t shops = shopsOnTheList(form).size();
-    const int timeGiven = form.Task().TimeLeft;
-    const float moneyGiven = form.Task().MoneyGiven;
+    ASSERT_EQ(form_.List1->LineCount(), 4);
+    const std::size_t shops = shopsOnTheList().size();
+    const int timeGiven = form_.Task().TimeLeft;
+    const float moneyGiven = form_.Task().MoneyGiven;
 
-    buyTheRest(form);
-    expectAllCrossedOff(form);
-    EXPECT_EQ(form.Task().TimeLeft, timeGiven - 180 * static_cast<int>(shops));
-    EXPECT_EQ(form.TBDinero->Text(), RemainderText(moneyGiven - form.Task().ListCost));
+    buyTheRest();
+    expectAllCrossedOff();
+    EXPECT_EQ(form_.Task().TimeLeft, timeGiven - 180 * static_cast<int>(shops));
+    EXPECT_EQ(form_.TBDinero->Text(), RemainderText(moneyGiven - form_.Task().ListCost));
 
     ExpectMessage(homeTitle, bought + QStringLiteral("Has gastado justo el dinero necesario.\n") + inTime);
-    expectQuestion(QStringLiteral("No"));
-    Click(form, QStringLiteral("CBVolver"));
-    EXPECT_FALSE(form.isVisible());
+    ExpectAgain(QStringLiteral("No"));
+    Click(form_, QStringLiteral("CBVolver"));
+    EXPECT_FALSE(form_.isVisible());
 }
 
 // The sentences are tested with the task. Here each mistake leads to a message, and the game goes on from the right
 // step.
 TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
 {
-    Form7 form(clock_, shop_);
-    ShowAndActivate(form);
-    const QString shop = *shopsOnTheList(form).begin();
-    int timeLeft = form.Task().TimeLeft;
+    const QString shop = *shopsOnTheList().begin();
+    int timeLeft = form_.Task().TimeLeft;
     const auto expectError = [](const QString& end) {
         ExpectDialog([end](QDialog& dialog) {
             const auto& box = dynamic_cast<QMessageBox&>(dialog);
@@ -170,115 +163,111 @@ TEST_F(PlayedGameTest, EveryMistakeIsToldAndTheTaskGoesOn)
             dialog.accept();
         });
     };
-    const auto answer = [&form](const QString& result) {
+    const auto answer = [this](const QString& result) {
         TypeResult(result);
-        PressContinue(form);
+        PressContinue(form_);
     };
     const auto expectSentOut = [&] {
         timeLeft -= 180;
-        EXPECT_TRUE(form.Frame2->isVisible());
-        EXPECT_EQ(FocusIn(form), "List1");
-        EXPECT_EQ(form.Task().TimeLeft, timeLeft);
-        EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven) << "nothing has been bought";
+        EXPECT_TRUE(form_.Frame2->isVisible());
+        EXPECT_EQ(FocusIn(form_), "List1");
+        EXPECT_EQ(form_.Task().TimeLeft, timeLeft);
+        EXPECT_EQ(form_.Task().MoneyLeft, form_.Task().MoneyGiven) << "nothing has been bought";
     };
 
     ExpectMessage(
         QStringLiteral("Todavía no has terminado tu tarea"), QStringLiteral("Aún puedes comprar algún producto más"));
-    Click(form, QStringLiteral("CBVolver"));
-    EXPECT_TRUE(form.Timer1->isActive());
+    Click(form_, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(form_.Timer1->isActive());
 
-    GoInto(form, shop);
-    PressContinue(form); // out again with nothing
+    GoInto(form_, shop);
+    PressContinue(form_); // out again with nothing
     expectSentOut();
 
-    const float cost = fillBasket(form, shop);
+    const float cost = fillBasket(shop);
     const QString total = QString::fromStdString(PlainDecimalText(cost));
-    PressContinue(form);
+    PressContinue(form_);
     expectError(QStringLiteral("(tu precio: 0,25 / precio real %1)").arg(total));
     answer(QStringLiteral("0,25"));
     expectSentOut();
 
-    fillBasket(form, shop);
-    const std::vector<std::string> taken = LinesOf(*form.LICesta);
-    PressContinue(form);
+    fillBasket(shop);
+    const std::vector<std::string> taken = LinesOf(*form_.LICesta);
+    PressContinue(form_);
     expectError(QStringLiteral("para comprar las cosas que necesitas."));
     answer(QStringLiteral("900"));
-    EXPECT_EQ(FocusIn(form), "LICesta");
-    EXPECT_EQ(LinesOf(*form.LICesta), taken);
+    EXPECT_EQ(FocusIn(form_), "LICesta");
+    EXPECT_EQ(LinesOf(*form_.LICesta), taken);
 
-    PressContinue(form);
+    PressContinue(form_);
     answer(Written(cost));
     expectError(QStringLiteral("(90 / %1)").arg(QString::fromStdString(PlainDecimalText(NotesAbove(cost) - cost))));
     answer(QStringLiteral("90,00"));
     expectSentOut();
 
     // Paid with 25 cents too much, and with the change taken for nothing.
-    fillBasket(form, shop);
-    PressContinue(form);
+    fillBasket(shop);
+    PressContinue(form_);
     const float paid = cost + 0.25F;
     expectError(QStringLiteral("(%1 / %2)").arg(QString::fromStdString(PlainDecimalText(paid)), total));
     answer(Written(paid));
     expectError(QStringLiteral("(0 / %1)").arg(QString::fromStdString(PlainDecimalText(NotesAbove(paid) - paid))));
     answer(QStringLiteral("0"));
-    PressContinue(form);
-    EXPECT_EQ(form.Task().MoneyLeft, form.Task().MoneyGiven - paid);
+    PressContinue(form_);
+    EXPECT_EQ(form_.Task().MoneyLeft, form_.Task().MoneyGiven - paid);
 
-    buyTheRest(form);
+    buyTheRest();
     ExpectMessage(homeTitle, bought + QStringLiteral("pero has gastado más dinero del necesario\n") + inTime);
-    expectQuestion(QStringLiteral("Sí"));
-    Click(form, QStringLiteral("CBVolver"));
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_TRUE(form.Timer1->isActive());
-    EXPECT_TRUE(form.Task().IsListOpen()) << "a new task";
+    ExpectAgain(QStringLiteral("Sí"));
+    Click(form_, QStringLiteral("CBVolver"));
+    EXPECT_TRUE(form_.isVisible());
+    EXPECT_TRUE(form_.Timer1->isActive());
+    EXPECT_TRUE(form_.Task().IsListOpen()) << "a new task";
 }
 
 TEST_F(PlayedGameTest, ATaskGoesOnWhenItsTimeIsOverAndIsJudgedSo)
 {
-    Form7 form(clock_, shop_);
-    ShowAndActivate(form);
-    for (int second = form.Task().TimeLeft; second > 1; --second) {
-        form.Timer1_Timer();
+    for (int second = form_.Task().TimeLeft; second > 1; --second) {
+        form_.Timer1_Timer();
     }
-    EXPECT_EQ(form.TBTiempo->Text(), "0 : 01");
-    form.Timer1_Timer();
-    EXPECT_EQ(form.TBTiempo->Text(), "");
-    form.Timer1_Timer();
-    EXPECT_EQ(form.TBTiempo->Text(), "");
-    EXPECT_EQ(form.Task().TimeLeft, -1);
-    EXPECT_TRUE(form.Timer1->isActive());
+    EXPECT_EQ(form_.TBTiempo->Text(), "0 : 01");
+    form_.Timer1_Timer();
+    EXPECT_EQ(form_.TBTiempo->Text(), "");
+    form_.Timer1_Timer();
+    EXPECT_EQ(form_.TBTiempo->Text(), "");
+    EXPECT_EQ(form_.Task().TimeLeft, -1);
+    EXPECT_TRUE(form_.Timer1->isActive());
 
-    buyTheRest(form);
+    buyTheRest();
     ExpectMessage(homeTitle,
         bought
             + QStringLiteral("Has gastado justo el dinero necesario.\nHas tardado demasiado en realizar la compra."));
-    expectQuestion(QStringLiteral("No"));
-    Click(form, QStringLiteral("CBVolver"));
+    ExpectAgain(QStringLiteral("No"));
+    Click(form_, QStringLiteral("CBVolver"));
 }
 
 TEST_F(PlayedGameTest, WhoHasPaidAllForLittleCannotBuyTheRest)
 {
-    Form7 form(clock_, shop_);
-    ShowAndActivate(form);
-    ASSERT_GT(shopsOnTheList(form).size(), 1U);
-    const float money = form.Task().MoneyLeft;
-    fillBasket(form, *shopsOnTheList(form).begin());
-    PressContinue(form);
+    ASSERT_GT(shopsOnTheList().size(), 1U);
+    const float money = form_.Task().MoneyLeft;
+    fillBasket(*shopsOnTheList().begin());
+    PressContinue(form_);
     TypeResult(Written(money));
-    ExpectDialog([](QDialog& box) { box.accept(); }); // far too much, and paid
-    PressContinue(form);
+    AcceptAnyBox(); // far too much, and paid
+    PressContinue(form_);
     TypeResult(QStringLiteral("5"));
-    PressContinue(form);
-    PressContinue(form);
-    EXPECT_EQ(form.TBDinero->Text(), "0 €");
+    PressContinue(form_);
+    PressContinue(form_);
+    EXPECT_EQ(form_.TBDinero->Text(), "0 €");
 
     ExpectMessage(homeTitle,
         QStringLiteral("No has conseguido comprar todos los productos pedidos, gastando el dinero en otros no "
                        "necesarios o pagando más de lo debido por ellos.\n")
             + inTime);
-    expectQuestion(QStringLiteral("No"));
-    Click(form, QStringLiteral("CBVolver"));
-    EXPECT_FALSE(form.Timer1->isActive());
-    EXPECT_FALSE(form.isVisible());
+    ExpectAgain(QStringLiteral("No"));
+    Click(form_, QStringLiteral("CBVolver"));
+    EXPECT_FALSE(form_.Timer1->isActive());
+    EXPECT_FALSE(form_.isVisible());
 }
 
 } // namespace

@@ -2,11 +2,12 @@
 
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
-#include "common/core/RunTimeError.h"
+#include "tests/support/ExpectError.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 namespace numbrela {
 
@@ -18,6 +19,8 @@ const Product bread = ProductOf("Una barra de pan", "Panadería", 0.85F);
 const Product paper = ProductOf("Un periódico", "Kiosko", 2);
 const Product fish = ProductOf("Una trucha", "Pescadería", 3.45F);
 
+constexpr float infinity = std::numeric_limits<float>::infinity();
+
 ProductEditor editorOf(const ProductTable& table)
 {
     ProductEditor editor;
@@ -25,20 +28,9 @@ ProductEditor editorOf(const ProductTable& table)
     return editor;
 }
 
-TEST(ProductEditor, BeginsWithoutProductsAndWithoutASelection)
-{
-    const ProductEditor editor;
-    EXPECT_TRUE(IsEmpty(editor.Table));
-    EXPECT_FALSE(editor.Editing);
-}
-
 TEST(CatalogueLine, ShowsShopNameAndPriceInColumns)
 {
-    struct Row {
-        Product Entry;
-        const char* Line;
-    };
-    const std::vector<Row> rows {
+    const std::pair<Product, const char*> lines[] = {
         { bread, "Panadería         Una barra de pan               0,85€" },
         { paper, "Kiosko            Un periódico                   2€" },
         { ProductOf("Una caja de lápices de colores", "Supermercado y más", 1234.5F),
@@ -50,24 +42,22 @@ TEST(CatalogueLine, ShowsShopNameAndPriceInColumns)
         { Product(), "                                                 0€" },
         { ProductOf("a\tb\nc\rd\u00ADe", "x\ty"), "x y               a b c d e                      1€" },
         { ProductOf("y", "x", 12345678), "x                 y                              12345680€" },
-        { ProductOf("y", "x", std::numeric_limits<float>::infinity()),
-            "x                 y                              infinito€" },
+        { ProductOf("y", "x", infinity), "x                 y                              infinito€" },
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(editorOf({ row.Entry }).LineText(0), row.Line);
+    for (const auto& [product, line] : lines) {
+        EXPECT_EQ(editorOf({ product }).LineText(0), line);
     }
 }
 
-TEST(EditBoxes, ShowAProductTrimmed)
+TEST(EditBoxes, ShowAProductTrimmedAndAreWrittenBackIntoItAlone)
 {
-    const ProductEditor editor = editorOf({ ProductOf(" Una barra  de pan", "  Panadería ", 0.85F), Product() });
+    ProductEditor editor = editorOf({ ProductOf(" Una barra  de pan", "  Panadería ", 0.85F), Product() });
     EXPECT_EQ(editor.TextsOf(0), (ProductTexts { "Panadería", "Una barra  de pan", "0,85" }));
     EXPECT_EQ(editor.TextsOf(1), (ProductTexts { "", "", "0" }));
-}
 
-TEST(EditBoxes, AreWrittenBackIntoTheProductThatTheyShow)
-{
-    ProductEditor editor = editorOf({ bread, paper });
+    editor = editorOf({ bread, paper });
+    EXPECT_TRUE(editor.WriteBack({ "Kiosko", "Un tebeo", "nada" }));
+    EXPECT_EQ(editor.Table, (ProductTable { bread, paper })) << "they show no product yet";
     editor.Select(1);
     EXPECT_EQ(editor.SelectedProduct, 1);
     EXPECT_TRUE(editor.Editing);
@@ -75,14 +65,7 @@ TEST(EditBoxes, AreWrittenBackIntoTheProductThatTheyShow)
     EXPECT_EQ(editor.Table, (ProductTable { bread, ProductOf("Un cuento", "Librería", 12.95F) }));
 }
 
-TEST(EditBoxes, AreNotWrittenBackBeforeTheyShowAProduct)
-{
-    ProductEditor editor = editorOf({ bread });
-    EXPECT_TRUE(editor.WriteBack({ "Kiosko", "Un tebeo", "nada" }));
-    EXPECT_EQ(editor.Table, ProductTable { bread });
-}
-
-TEST(EditBoxes, AreRefusedWholeWhenTheirPriceIsNoNumber)
+TEST(EditBoxes, TakeAnyNumberAsAPriceAndAreElseRefusedWhole)
 {
     ProductEditor editor = editorOf({ bread, paper });
     editor.Select(0);
@@ -91,21 +74,14 @@ TEST(EditBoxes, AreRefusedWholeWhenTheirPriceIsNoNumber)
         EXPECT_EQ(editor.Table, (ProductTable { bread, paper })) << price;
         EXPECT_TRUE(editor.Editing);
     }
-}
-
-TEST(EditBoxes, TakeAnyNumberAsAPrice)
-{
-    ProductEditor editor = editorOf({ bread });
-    editor.Select(0);
     EXPECT_TRUE(editor.WriteBack({ "", "", "-3" }));
-    EXPECT_EQ(editor.Table, ProductTable { ProductOf("", "", -3) });
+    EXPECT_EQ(editor.Table[0], ProductOf("", "", -3));
     EXPECT_TRUE(editor.WriteBack({ "a", "b", "0" }));
-    EXPECT_EQ(editor.Table, ProductTable { ProductOf("b", "a", 0) });
+    EXPECT_EQ(editor.Table[0], ProductOf("b", "a", 0));
 }
 
 TEST(EditBoxes, LeaveAnInfinitePriceThatNobodyTouched)
 {
-    const float infinity = std::numeric_limits<float>::infinity();
     ProductEditor editor = editorOf({ ProductOf("b", "a", infinity) });
     editor.Select(0);
     EXPECT_TRUE(editor.WriteBack(editor.TextsOf(0)));
@@ -118,6 +94,8 @@ TEST(EditBoxes, LeaveAnInfinitePriceThatNobodyTouched)
 TEST(Adding, KeepsWhatTheBoxesShowUnlessItWasTheEmptyEntry)
 {
     ProductEditor editor;
+    EXPECT_TRUE(IsEmpty(editor.Table));
+    EXPECT_FALSE(editor.Editing);
     editor.Select(0);
     editor.Add(bread);
     EXPECT_FALSE(editor.Editing); // else the texts of the empty entry would be written into the new product
@@ -152,11 +130,7 @@ TEST(Adding, StopsWhenTheCatalogueIsFullAndKeepsTheSelection)
 
 TEST(Changing, TakesOverTheAnswersThatAreNotEmpty)
 {
-    struct Row {
-        ProductTexts Answers;
-        Product Changed;
-    };
-    const std::vector<Row> rows {
+    const std::pair<ProductTexts, Product> changes[] = {
         { { "", "", "" }, bread },
         { { "Panadería", " Una barra de pan", "0.85" }, bread },
         { { " Kiosko ", "", "" }, ProductOf("Una barra de pan", "Kiosko", 0.85F) },
@@ -165,64 +139,41 @@ TEST(Changing, TakesOverTheAnswersThatAreNotEmpty)
         { { "Kiosko", "Un tebeo", "2.5" }, ProductOf("Un tebeo", "Kiosko", 2.5F) },
         { { " ", " ", " " }, ProductOf("", "", 0) },
     };
-    for (const Row& row : rows) {
+    for (const auto& [answers, changed] : changes) {
         ProductEditor editor = editorOf({ paper, bread, fish });
-        EXPECT_EQ(editor.Change(1, row.Answers), row.Changed != bread);
-        EXPECT_EQ(editor.Table, (ProductTable { paper, row.Changed, fish }));
+        EXPECT_EQ(editor.Change(1, answers), changed != bread);
+        EXPECT_EQ(editor.Table, (ProductTable { paper, changed, fish }));
     }
 }
 
-TEST(Changing, ReadsThePriceWithAPointAlone)
+TEST(Changing, ReadsThePriceWithAPointAloneAndChangesNothingWhenItIsTooLarge)
 {
-    struct Row {
-        const char* Answer;
-        float Price;
-    };
-    for (const Row& row :
-        { Row { "1,25", 1 }, Row { "1.25", 1.25F }, Row { "abc", 0 }, Row { "0,85", 0 }, Row { "1.250,5", 1.25F },
-            Row { " 4 5 ", 45 }, Row { "-2", -2 }, Row { "1e2", 100 }, Row { "3 euros", 3 }, Row { ".5", 0.5F } }) {
+    for (const auto& [answer, price] :
+        { std::pair("1,25", 1.0F), { "1.25", 1.25F }, { "abc", 0.0F }, { "0,85", 0.0F }, { "1.250,5", 1.25F },
+            { " 4 5 ", 45.0F }, { "-2", -2.0F }, { "1e2", 100.0F }, { "3 euros", 3.0F }, { ".5", 0.5F } }) {
         ProductEditor editor = editorOf({ bread });
-        editor.Change(0, { "", "", row.Answer });
-        EXPECT_EQ(editor.Table[0].Precio, row.Price) << row.Answer;
+        editor.Change(0, { "", "", answer });
+        EXPECT_EQ(editor.Table[0].Precio, price) << answer;
     }
-}
-
-TEST(Changing, ChangesNothingWhenThePriceIsTooLarge)
-{
     for (const char* price : { "1e39", "1e400", "-1e39" }) {
         ProductEditor editor = editorOf({ bread });
-        try {
+        ExpectError(RunTimeError::Kind::Overflow, "El precio «" + std::string(price) + "» es demasiado grande.", [&] {
             editor.Change(0, { "Kiosko", "Un tebeo", price });
-            ADD_FAILURE() << price;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::Overflow);
-            EXPECT_EQ(error.what(), "El precio «" + std::string(price) + "» es demasiado grande.");
-        }
+        });
         EXPECT_EQ(editor.Table, ProductTable { bread });
     }
 }
 
-TEST(Deleting, MovesTheLaterProductsOnePlaceUp)
+TEST(Deleting, MovesTheLaterProductsOnePlaceUpAndGoesOnWithTheLineAboveOrTheFirst)
 {
-    struct Row {
-        int Deleted;
-        ProductTable Left;
-    };
-    for (const Row& row : { Row { 0, { paper, fish } }, Row { 1, { bread, fish } }, Row { 2, { bread, paper } } }) {
-        ProductEditor editor = editorOf({ bread, paper, fish });
-        editor.Delete(row.Deleted, 0);
-        EXPECT_EQ(editor.Table, row.Left);
-    }
-}
-
-TEST(Deleting, GoesOnWithTheLineAboveOrTheFirst)
-{
-    struct Row {
-        int Line;
-        int Next;
-    };
-    for (const Row& row : { Row { 0, 0 }, Row { 1, 0 }, Row { 2, 1 } }) {
-        EXPECT_EQ(editorOf({ bread, paper, fish }).Delete(1, row.Line), row.Next) << row.Line;
+    const std::pair<int, ProductTable> left[]
+        = { { 0, { paper, fish } }, { 1, { bread, fish } }, { 2, { bread, paper } } };
+    for (const auto& [product, table] : left) {
+        for (const auto& [line, next] : { std::pair(0, 0), { 1, 0 }, { 2, 1 } }) {
+            ProductEditor editor = editorOf({ bread, paper, fish });
+            EXPECT_EQ(editor.Delete(product, line), next);
+            EXPECT_EQ(editor.Table, table);
+        }
     }
     EXPECT_EQ(editorOf({ bread, paper }).Delete(1, 1), 0);
     EXPECT_EQ(editorOf({ bread }).Delete(0, 0), 0);
@@ -244,18 +195,10 @@ TEST(Deleting, LeavesTheOnlyProductWithThePriceZeroUntilTheCatalogueIsLoadedAgai
     ProductEditor editor = editorOf({ bread });
     editor.Delete(0, 0);
     EXPECT_EQ(editor.Table, ProductTable { ProductOf("Una barra de pan", "Panadería", 0) });
-    EXPECT_EQ(editor.LineText(0), "Panadería         Una barra de pan               0€");
-
     SaveCatalogue(folder / "productos.dat", editor.Table);
     EXPECT_EQ(ReadBytes(folder / "productos.dat").size(), 154U);
     EXPECT_TRUE(IsEmpty(LoadCatalogue(folder / "productos.dat")));
-}
-
-TEST(Deleting, LeavesAProductWithThePriceZeroThatIsNotTheEmptyEntryAndTheEmptyEntryEmpty)
-{
-    ProductEditor editor = editorOf({ bread });
-    editor.Delete(0, 0);
-    EXPECT_EQ(editor.Add(paper), 1);
+    EXPECT_EQ(editor.Add(paper), 1) << "it is not the empty entry";
     EXPECT_EQ(editor.Table.size(), 2U);
 
     ProductEditor empty;
@@ -284,36 +227,23 @@ protected:
     ProductEditor others_;
 };
 
-TEST_F(SavingTest, GoesOnFromWhatWasSavedLast)
-{
-    EXPECT_TRUE(mine_.Save(path_));
-    mine_.Add(fish);
-    EXPECT_TRUE(mine_.Save(path_));
-    EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper, fish }));
-}
-
-TEST_F(SavingTest, StopsAtWhatSomebodyElseHasSavedHoweverOftenItIsTried)
+TEST_F(SavingTest, StopsAtWhatSomebodyElseHasSavedHoweverOftenItIsTriedOrReplacesItAndGoesOnFromThere)
 {
     ASSERT_TRUE(others_.Save(path_));
     EXPECT_FALSE(mine_.Save(path_));
     EXPECT_FALSE(mine_.Save(path_));
     EXPECT_EQ(onTheDisk(), (ProductTable { bread, fish }));
     EXPECT_EQ(mine_.Table, (ProductTable { bread, paper }));
-}
-
-TEST_F(SavingTest, ReplacesWhatSomebodyElseHasSavedAndGoesOnFromThere)
-{
-    ASSERT_TRUE(others_.Save(path_));
-    ASSERT_FALSE(mine_.Save(path_));
     EXPECT_TRUE(mine_.SaveOverOthers(path_));
     EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper }));
     mine_.Add(fish);
     EXPECT_TRUE(mine_.Save(path_));
+    EXPECT_EQ(onTheDisk(), (ProductTable { bread, paper, fish }));
 }
 
 TEST_F(SavingTest, ReplacesNothingButWhatItHasFound)
 {
-    ASSERT_TRUE(others_.Save(path_));
+    EXPECT_TRUE(others_.Save(path_));
     ASSERT_FALSE(mine_.Save(path_));
     others_.Add(paper);
     ASSERT_TRUE(others_.Save(path_));

@@ -42,6 +42,15 @@ TEST_F(ShopVisitTest, AShopOffersAllItsProductsInCatalogueOrder)
 
 TEST_F(ShopVisitTest, ShopNamesAreComparedWithoutRegardToCaseInAllLettersOfTheEncoding)
 {
+    task_.Catalogue = TableOf({});
+    for (const char* shop : ShoppingTask::ShopNames) {
+        AddProduct(task_.Catalogue, ProductOf(shop, shop));
+    }
+    for (const char* shop : ShoppingTask::ShopNames) {
+        const std::vector<ShelfProduct> shelf = task_.EnterShop(shop);
+        ASSERT_EQ(shelf.size(), 1U);
+        EXPECT_EQ(shelf[0].Name, shop);
+    }
     for (const char* name : { "CARNICERÍA", "carnicería", "CaRnIcErÍa", "  Carnicería  " }) {
         task_.Catalogue = TableOf({ { "Carne", 1, name } });
         EXPECT_EQ(task_.EnterShop("Carnicería").size(), 1U) << name;
@@ -53,20 +62,6 @@ TEST_F(ShopVisitTest, ShopNamesAreComparedWithoutRegardToCaseInAllLettersOfTheEn
     task_.Catalogue = TableOf({ { "x", 1, "azñàáâãäåæçèéêëìíîïðòóôõöøùúûüýþšœžÿ÷×ß" } });
     EXPECT_EQ(task_.EnterShop("AZÑÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ÷×ß").size(), 1U);
     EXPECT_TRUE(task_.EnterShop("AZÑÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ××ß").empty()) << "÷ is no small ×";
-}
-
-TEST_F(ShopVisitTest, EachOfTheTenShopsSellsItsOwn)
-{
-    std::vector<ProductRow> rows;
-    for (const char* shop : ShoppingTask::ShopNames) {
-        rows.push_back({ shop, 1, shop });
-    }
-    task_.Catalogue = TableOf(rows);
-    for (const char* shop : ShoppingTask::ShopNames) {
-        const std::vector<ShelfProduct> shelf = task_.EnterShop(shop);
-        ASSERT_EQ(shelf.size(), 1U);
-        EXPECT_EQ(shelf[0].Name, shop);
-    }
 }
 
 TEST_F(ShopVisitTest, EnteringAShopEmptiesTheBasket)
@@ -81,66 +76,47 @@ TEST_F(ShopVisitTest, EnteringAShopEmptiesTheBasket)
     EXPECT_EQ(task_.Basket[0].Product, -1);
 }
 
-TEST_F(ShopVisitTest, AProductTakenAgainCountsInItsLine)
+TEST_F(ShopVisitTest, AProductTakenAgainCountsInItsLineUpTo32767Units)
 {
-    EXPECT_EQ(task_.TakeProduct(0), 0);
-    EXPECT_EQ(task_.TakeProduct(2), 1);
-    EXPECT_EQ(task_.TakeProduct(0), 0);
-    EXPECT_EQ(task_.TakeProduct(0), 0);
-    EXPECT_EQ(task_.TakeProduct(5), 2);
-    EXPECT_EQ(task_.TakeProduct(2), 1);
+    for (const auto& [product, line] : { std::pair(0, 0), { 2, 1 }, { 0, 0 }, { 0, 0 }, { 5, 2 }, { 2, 1 } }) {
+        EXPECT_EQ(task_.TakeProduct(product), line);
+    }
     EXPECT_EQ(task_.BasketLines(),
         (Lines { "(3) Una barra de pan 0,85", "(2) Una docena de huevos 2,25", "(1) Un bollo 10" }));
+    task_.Basket[0].Units = 32'767;
+    EXPECT_EQ(KindThrownBy([this] { task_.TakeProduct(0); }), RunTimeError::Kind::Overflow);
 }
 
-TEST_F(ShopVisitTest, AProductOfInfinitePriceIsTakenAndPutBackAsAnyOther)
+TEST_F(ShopVisitTest, AProductAddedLaterIsOfferedAtTheNextVisitAlsoAtAnInfinitePrice)
 {
-    task_.Catalogue[0].Precio = std::numeric_limits<float>::infinity();
-    task_.TakeProduct(0);
-    task_.TakeProduct(0);
-    EXPECT_EQ(task_.BasketLines(), Lines { "(2) Una barra de pan infinito" });
+    AddProduct(task_.Catalogue, ProductOf("Una torta", "Panadería", std::numeric_limits<float>::infinity()));
+    EXPECT_EQ(task_.EnterShop("Panadería").back().Name, "Una torta");
+    task_.TakeProduct(7);
+    task_.TakeProduct(7);
+    EXPECT_EQ(task_.BasketLines(), Lines { "(2) Una torta infinito" });
     task_.PutBack(0);
-    EXPECT_EQ(task_.BasketLines(), Lines { "(1) Una barra de pan infinito" });
+    EXPECT_EQ(task_.BasketLines(), Lines { "(1) Una torta infinito" });
 }
 
 TEST_F(ShopVisitTest, PuttingBackTakesOneUnitAtATimeAndSelectsTheSamePlaceOrTheFirst)
 {
-    struct Case {
-        int Line;
-        std::optional<int> Selected;
-        Lines Left;
-    };
     for (const int product : { 0, 2, 5, 0 }) {
         task_.TakeProduct(product);
     }
-    for (const Case& c : std::vector<Case> {
-             { 0, 0, { "(1) Una barra de pan 0,85", "(1) Una docena de huevos 2,25", "(1) Un bollo 10" } },
-             { 1, 1, { "(1) Una barra de pan 0,85", "(1) Un bollo 10" } },
-             { 1, 0, { "(1) Una barra de pan 0,85" } },
-             { 0, std::nullopt, {} },
-         }) {
-        EXPECT_EQ(task_.PutBack(c.Line), c.Selected);
-        EXPECT_EQ(task_.BasketLines(), c.Left);
+    const std::tuple<int, std::optional<int>, Lines> cases[] = {
+        { 0, 0, { "(1) Una barra de pan 0,85", "(1) Una docena de huevos 2,25", "(1) Un bollo 10" } },
+        { 1, 1, { "(1) Una barra de pan 0,85", "(1) Un bollo 10" } },
+        { 1, 0, { "(1) Una barra de pan 0,85" } },
+        { 0, std::nullopt, {} },
+    };
+    for (const auto& [line, selected, left] : cases) {
+        EXPECT_EQ(task_.PutBack(line), selected);
+        EXPECT_EQ(task_.BasketLines(), left);
     }
     ASSERT_EQ(task_.Basket.size(), 1U);
     EXPECT_EQ(task_.Basket[0].Product, -1);
     EXPECT_EQ(task_.TakeProduct(0), 0);
     EXPECT_EQ(task_.BasketLines(), Lines { "(1) Una barra de pan 0,85" });
-}
-
-TEST_F(ShopVisitTest, ABasketHoldsNoMoreThan32767UnitsOfAProduct)
-{
-    task_.TakeProduct(0);
-    task_.Basket[0].Units = 32'767;
-    EXPECT_EQ(KindThrownBy([this] { task_.TakeProduct(0); }), RunTimeError::Kind::Overflow);
-}
-
-TEST_F(ShopVisitTest, AProductAddedLaterIsOfferedAtTheNextVisit)
-{
-    AddProduct(task_.Catalogue, { std::string_view("Una torta"), 2.5F, std::string_view("Panadería") });
-    EXPECT_EQ(task_.EnterShop("Panadería").back().Name, "Una torta");
-    task_.TakeProduct(7);
-    EXPECT_EQ(task_.BasketLines(), Lines { "(1) Una torta 2,5" });
 }
 
 TEST_F(ShopVisitTest, TheClockRunsOnBelowZero)

@@ -7,6 +7,7 @@
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 
+#include <QDialog>
 #include <QTest>
 
 #include <algorithm>
@@ -81,6 +82,18 @@ inline void GoInto(const Form7& form, const QString& shop)
 inline void PressContinue(const Form7& form)
 {
     Click(form, QStringLiteral("CbContinuar"));
+}
+
+// The question behind a task that has ended.
+inline void ExpectAgain(const QString& answer)
+{
+    ExpectMessage(QStringLiteral("Actividad terminada"), QStringLiteral("¿Deseas realizar de nuevo la actividad?"),
+        { QStringLiteral("Sí"), QStringLiteral("No") }, answer);
+}
+
+inline void AcceptAnyBox()
+{
+    ExpectDialog([](QDialog& box) { box.accept(); });
 }
 
 // The questions after a new product, which both windows ask: answers for as many of them as are asked. A null one is

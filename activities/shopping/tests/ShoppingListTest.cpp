@@ -9,6 +9,8 @@
 #include <limits>
 #include <map>
 #include <set>
+#include <tuple>
+#include <utility>
 
 namespace numbrela {
 
@@ -68,22 +70,18 @@ TEST(ShoppingListTest, DrawsProductsAndUnits)
 
 TEST(ShoppingListTest, AnIndexRulesOutItselfAndThoseWrittenInsideItAndNothingLonger)
 {
-    struct Case {
-        int Products;
-        std::vector<int> Drawn;
-        std::vector<int> List;
+    const std::tuple<int, std::vector<int>, std::vector<int>> cases[] = {
+        { 4, { 3, 3, 3, 1, 3, 1, 2, 0 }, { 3, 1, 2, 0 } },
+        { 30, { 12, 1, 2, 12, 21, 22, 2, 1, 0 }, { 12, 21, 22, 0 } },
+        { 30, { 1, 12, 21, 10 }, { 1, 12, 21, 10 } },
     };
-    for (const Case& c : std::vector<Case> {
-             { 4, { 3, 3, 3, 1, 3, 1, 2, 0 }, { 3, 1, 2, 0 } },
-             { 30, { 12, 1, 2, 12, 21, 22, 2, 1, 0 }, { 12, 21, 22, 0 } },
-             { 30, { 1, 12, 21, 10 }, { 1, 12, 21, 10 } },
-         }) {
-        ShoppingTask task = taskWith(NumberedTable(c.Products), 4);
+    for (const auto& [products, drawn, list] : cases) {
+        ShoppingTask task = taskWith(NumberedTable(products), 4);
         std::vector<double> draws;
         std::size_t listed = 0;
-        for (const int index : c.Drawn) {
-            draws.push_back(drawOf(index, c.Products));
-            if (listed < c.List.size() && c.List[listed] == index) {
+        for (const int index : drawn) {
+            draws.push_back(drawOf(index, products));
+            if (listed < list.size() && list[listed] == index) {
                 draws.push_back(oneUnit);
                 ++listed;
             }
@@ -91,7 +89,7 @@ TEST(ShoppingListTest, AnIndexRulesOutItselfAndThoseWrittenInsideItAndNothingLon
         ScriptedRandom random(draws);
         task.NewShoppingTask(random);
         EXPECT_TRUE(random.AllDrawn());
-        EXPECT_EQ(productsOf(task), c.List);
+        EXPECT_EQ(productsOf(task), list);
     }
 }
 
@@ -100,13 +98,8 @@ TEST(ShoppingListTest, AListThatHasRunIntoADeadEndIsDrawnAgain)
     // 0 to 10: once 10 is drawn, 0 and 1 are ruled out, and only nine of the ten can be found.
     ShoppingTask task = taskWith(NumberedTable(11), 10);
     std::vector<double> draws;
-    const auto add = [&draws](int index) { draws.insert(draws.end(), { drawOf(index, 11), oneUnit }); };
-    add(10);
-    for (int index = 2; index < 10; ++index) {
-        add(index);
-    }
-    for (int index = 0; index < 10; ++index) {
-        add(index);
+    for (const int index : { 10, 2, 3, 4, 5, 6, 7, 8, 9, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9 }) {
+        draws.insert(draws.end(), { drawOf(index, 11), oneUnit });
     }
     ScriptedRandom random(draws);
     EXPECT_EQ(task.NewShoppingTask(random), "");
@@ -138,7 +131,7 @@ TEST(ShoppingListTest, DrawingEndsForEveryCatalogueAndEveryLength)
     }
 }
 
-TEST(ShoppingListTest, ACatalogueWithTooFewProductsGivesAListOfAllOfThem)
+TEST(ShoppingListTest, ACatalogueWithTooFewProductsGivesAListOfAllOfThemAndSaysSo)
 {
     ShoppingTask task = taskWith(NumberedTable(3), 4);
     SeededRandom random(7);
@@ -152,12 +145,8 @@ TEST(ShoppingListTest, ACatalogueWithTooFewProductsGivesAListOfAllOfThem)
     EXPECT_EQ(task.NewShoppingTask(random),
         "El catálogo solo tiene 1 producto, así que la lista de la compra es de 1 producto en lugar de 10.");
     EXPECT_EQ(productsOf(task), std::vector<int> { 0 });
-}
 
-TEST(ShoppingListTest, AnEmptyCatalogueGivesAnEmptyListAndSaysSo)
-{
-    ShoppingTask task;
-    ScriptedRandom random {};
+    task = ShoppingTask();
     EXPECT_EQ(task.NewShoppingTask(random),
         "El catálogo no tiene productos, así que la lista de la compra está vacía.\n"
         "Añade productos desde el menú Opciones y elige después «Número de productos», que hace una lista nueva.");
@@ -166,84 +155,55 @@ TEST(ShoppingListTest, AnEmptyCatalogueGivesAnEmptyListAndSaysSo)
     EXPECT_FALSE(task.IsListOpen());
 }
 
-TEST(ShoppingListTest, UnitsAreOneInHalfOfTheCasesTwoInThreeTenthsAndThreeInTheRest)
-{
-    ShoppingTask task = taskWith(NumberedTable(1), 1);
-    SeededRandom random(1);
-    std::map<int, int> counts;
-    constexpr int draws = 20'000;
-    for (int i = 0; i < draws; ++i) {
-        task.NewShoppingTask(random);
-        ++counts[task.ShoppingList[0].Units];
-    }
-    EXPECT_EQ(counts.size(), 3U);
-    EXPECT_NEAR(counts[1], draws * 0.5, draws * 0.02);
-    EXPECT_NEAR(counts[2], draws * 0.3, draws * 0.02);
-    EXPECT_NEAR(counts[3], draws * 0.2, draws * 0.02);
-}
-
-TEST(ShoppingListTest, EveryProductIsDrawnAboutEquallyOftenInTheFirstPlace)
+TEST(ShoppingListTest, EveryProductComesFirstEquallyOftenOnceInHalfOfTheCasesTwiceInThreeTenthsAndElseThreeTimes)
 {
     ShoppingTask task = taskWith(NumberedTable(20), 4);
-    std::map<int, int> counts;
+    std::map<int, int> products;
+    std::map<int, int> units;
     SeededRandom random(99);
     constexpr int draws = 20'000;
     for (int i = 0; i < draws; ++i) {
         task.NewShoppingTask(random);
-        ++counts[task.ShoppingList[0].Product];
+        ++products[task.ShoppingList[0].Product];
+        ++units[task.ShoppingList[0].Units];
     }
-    EXPECT_EQ(counts.size(), 20U);
-    for (const auto& [product, count] : counts) {
+    EXPECT_EQ(products.size(), 20U);
+    for (const auto& [product, count] : products) {
         EXPECT_NEAR(count, draws / 20, draws / 20 * 0.2) << product;
+    }
+    EXPECT_EQ(units.size(), 3U);
+    for (const auto& [count, share] : { std::pair(1, 0.5), { 2, 0.3 }, { 3, 0.2 } }) {
+        EXPECT_NEAR(units[count], draws * share, draws * 0.02);
     }
 }
 
 TEST(ShoppingListTest, TimeIsTenMinutesAndFiveForEachDifferentShop)
 {
-    struct Case {
-        std::vector<ProductRow> Rows;
-        int Minutes;
+    const std::tuple<const char*, const char*, const char*, int> cases[] = {
+        { "Kiosko", "Kiosko", "Kiosko", 15 }, { "Kiosko", "Librería", "Kiosko", 20 },
+        { "Kiosko", "Librería", "Frutería", 25 }, { "Kiosko", "kiosko", "KIOSKO", 25 }, // the field as it stands
+        { "Ninguna", "Ninguna", "Frutería", 20 },
+        // The fields of the shops seen are written one behind the other, blanks included.
+        { "x", " y", "", 20 }, // 49 blanks behind the x and one before the y: an empty field
+        { "x", "y", "", 25 }, // nowhere more than 49 blanks
     };
-    const std::vector<Case> cases {
-        { { { "a", 1, "Kiosko" }, { "b", 1, "Kiosko" }, { "c", 1, "Kiosko" } }, 15 },
-        { { { "a", 1, "Kiosko" }, { "b", 1, "Librería" }, { "c", 1, "Kiosko" } }, 20 },
-        { { { "a", 1, "Kiosko" }, { "b", 1, "Librería" }, { "c", 1, "Frutería" } }, 25 },
-        { { { "a", 1, "Kiosko" }, { "b", 1, "kiosko" }, { "c", 1, "KIOSKO" } }, 25 }, // the field as it stands
-        { { { "a", 1, "Ninguna" }, { "b", 1, "Ninguna" }, { "c", 1, "Frutería" } }, 20 },
-    };
-    for (const Case& c : cases) {
-        ShoppingTask task = taskWith(TableOf(c.Rows), 3);
-        SeededRandom random(3);
-        task.NewShoppingTask(random);
-        EXPECT_EQ(task.TimeLeft, c.Minutes * 60);
-    }
-}
-
-// The fields of the shops seen are written one behind the other, blanks included.
-TEST(ShoppingListTest, AShopWhoseFieldStandsAcrossTwoOthersCountsAsSeen)
-{
-    const auto minutesFor = [](const char* second) {
-        ShoppingTask task = taskWith(TableOf({ { "a", 1, "x" }, { "b", 1, second }, { "c", 1, "" } }), 3);
+    for (const auto& [first, second, third, minutes] : cases) {
+        ShoppingTask task = taskWith(TableOf({ { "a", 1, first }, { "b", 1, second }, { "c", 1, third } }), 3);
         ScriptedRandom random { drawOf(0, 3), oneUnit, drawOf(1, 3), oneUnit, drawOf(2, 3), oneUnit };
         task.NewShoppingTask(random);
-        return task.TimeLeft / 60;
-    };
-    EXPECT_EQ(minutesFor(" y"), 20) << "49 blanks behind the x and one before the y: an empty field";
-    EXPECT_EQ(minutesFor("y"), 25) << "nowhere more than 49 blanks";
+        EXPECT_EQ(task.TimeLeft, minutes * 60) << first << second << third;
+    }
 }
 
 TEST(ShoppingListTest, MoneyIsTheNextMultipleOfFiveAboveTheCost)
 {
-    struct Case {
-        float Price;
-        float Money;
-    };
-    for (const Case& c : { Case { 25, 30 }, { 4.4F, 5 }, { 23.4F, 25 }, { 24.6F, 30 }, { 24.5F, 25 }, { 0.01F, 5 } }) {
-        ShoppingTask task = taskWith(TableOf({ { "a", c.Price } }), 1);
+    for (const auto& [price, money] : { std::pair(25.0F, 30.0F), { 4.4F, 5.0F }, { 23.4F, 25.0F }, { 24.6F, 30.0F },
+             { 24.5F, 25.0F }, { 0.01F, 5.0F } }) {
+        ShoppingTask task = taskWith(TableOf({ { "a", price } }), 1);
         ScriptedRandom random { 0, oneUnit };
         task.NewShoppingTask(random);
-        EXPECT_EQ(task.MoneyGiven, c.Money) << c.Price;
-        EXPECT_EQ(task.MoneyLeft, c.Money) << c.Price;
+        EXPECT_EQ(task.MoneyGiven, money) << price;
+        EXPECT_EQ(task.MoneyLeft, money) << price;
     }
 }
 
@@ -273,19 +233,18 @@ TEST(ShoppingListTest, ANewTaskLeavesBasketAndStepAsTheyAre)
 
 TEST(ShoppingListTest, TheLengthOfTheListIsTakenAboveOneAndBelowEleven)
 {
-    struct Case {
-        const char* Typed;
-        int Length; // 4: refused
-    };
-    for (const Case& c : { Case { "2", 2 }, { "10", 10 }, { "1", 4 }, { "11", 4 }, { "0", 4 }, { "-1", 4 }, { "", 4 },
-             { "tres", 4 }, { "1e3", 4 }, { "1e1", 10 }, { "1,5", 4 }, { "10,5", 10 }, { "2.5", 2 }, { "3.5", 4 },
-             { "1.2", 1 }, { "1.5", 2 }, { "10.6", 11 }, { "10.5", 10 }, { "7 productos", 7 }, { " 8 ", 8 } }) {
+    for (const auto& [typed, length] :
+        { std::pair("2", 2), { "10", 10 }, { "1e1", 10 }, { "10,5", 10 }, { "2.5", 2 }, { "3.5", 4 }, { "1.2", 1 },
+            { "1.5", 2 }, { "10.6", 11 }, { "10.5", 10 }, { "7 productos", 7 }, { " 8 ", 8 } }) {
         ShoppingTask task;
-        EXPECT_EQ(task.SetListLength(c.Typed), c.Length != 4 || std::string(c.Typed) == "3.5") << c.Typed;
-        EXPECT_EQ(task.ListLength, c.Length) << c.Typed;
+        EXPECT_TRUE(task.SetListLength(typed)) << typed;
+        EXPECT_EQ(task.ListLength, length) << typed;
     }
-    ShoppingTask task;
-    EXPECT_FALSE(task.SetListLength("1" + std::string(400, '0')));
+    for (const std::string typed : { "1", "11", "0", "-1", "", "tres", "1e3", "1,5", "1e400" }) {
+        ShoppingTask task;
+        EXPECT_FALSE(task.SetListLength(typed)) << typed;
+        EXPECT_EQ(task.ListLength, 4) << typed;
+    }
 }
 
 // A catalogue with a price that no purse can hold must not keep its owner out of the activity, and so out of the

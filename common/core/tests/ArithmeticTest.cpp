@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace numbrela {
 
@@ -17,22 +18,12 @@ TEST(PowerOfTen, IsExactAsFarAsADoubleIs)
     }
 }
 
-TEST(RoundHalfToEven, TakesTheEvenOneOfTwoEquallyNearNumbers)
+TEST(RoundHalfToEven, TakesTheNearestNumberAndTheEvenOneOfTwoEquallyNear)
 {
-    EXPECT_EQ(RoundHalfToEven(0.5), 0);
-    EXPECT_EQ(RoundHalfToEven(1.5), 2);
-    EXPECT_EQ(RoundHalfToEven(2.5), 2);
-    EXPECT_EQ(RoundHalfToEven(-0.5), 0);
-    EXPECT_EQ(RoundHalfToEven(-1.5), -2);
-    EXPECT_EQ(RoundHalfToEven(24.5), 24);
-}
-
-TEST(RoundHalfToEven, TakesTheNearestNumberOtherwise)
-{
-    EXPECT_EQ(RoundHalfToEven(2.4999999), 2);
-    EXPECT_EQ(RoundHalfToEven(2.5000001), 3);
-    EXPECT_EQ(RoundHalfToEven(-2.5000001), -3);
-    EXPECT_EQ(RoundHalfToEven(7), 7);
+    for (const auto& [number, rounded] : { std::pair(0.5, 0), { 1.5, 2 }, { 2.5, 2 }, { -0.5, 0 }, { -1.5, -2 },
+             { 24.5, 24 }, { 2.4999999, 2 }, { 2.5000001, 3 }, { -2.5000001, -3 }, { 7.0, 7 } }) {
+        EXPECT_EQ(RoundHalfToEven(number), rounded);
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "common/core/Int16.h"
 
+#include "tests/support/ExpectError.h"
 #include "tests/support/KindThrownBy.h"
 
 #include <gtest/gtest.h>
@@ -14,12 +15,7 @@ namespace numbrela {
 
 namespace {
 
-using numbrela::testing::KindThrownBy;
-
-TEST(Int16, IsZeroAtFirst)
-{
-    EXPECT_EQ(Int16(), 0);
-}
+using namespace testing;
 
 TEST(Int16, HoldsEveryNumberOf16BitsAndNoOther)
 {
@@ -34,10 +30,7 @@ TEST(Int16, HoldsEveryNumberOf16BitsAndNoOther)
             ASSERT_EQ(holder, 0) << number;
         }
     }
-}
-
-TEST(Int16, RefusesNumbersWhoseLow16BitsWouldFit)
-{
+    // The low 16 bits of these would fit.
     for (const long long number : { 65536LL, 65537LL, 4294967296LL, 4294967297LL, -65536LL, LLONG_MAX, LLONG_MIN }) {
         EXPECT_EQ(KindThrownBy([&] { Int16 holder(number); }), RunTimeError::Kind::Overflow) << number;
     }
@@ -77,6 +70,8 @@ TEST(Int16, KeepsTheOldNumberWhenASumOrADifferenceDoesNotFit)
 
 TEST(Int16, ComputesAsAnIntAndIsCheckedWhenTheResultIsStored)
 {
+    constexpr Int16 three = 3;
+    static_assert(three + 2 == 5 && three > 2);
     const Int16 large = 30000;
     static_assert(std::is_same_v<decltype(large + large), int>);
     EXPECT_EQ(large + large, 60000);
@@ -90,23 +85,10 @@ TEST(Int16, ComputesAsAnIntAndIsCheckedWhenTheResultIsStored)
     EXPECT_EQ(stored, 29999);
 }
 
-TEST(Int16, WorksInConstantExpressions)
-{
-    constexpr Int16 three = 3;
-    static_assert(three + 2 == 5);
-    static_assert(three > 2);
-    EXPECT_EQ(three, 3);
-}
-
 TEST(Int16, SaysInSpanishWhichNumberDoesNotFit)
 {
-    try {
-        const Int16 holder = 32768;
-        FAIL() << "stored as " << holder;
-    } catch (const RunTimeError& error) {
-        EXPECT_STREQ(error.KindName(), "Desbordamiento");
-        EXPECT_STREQ(error.what(), "El número 32768 no cabe en un contador de 16 bits.");
-    }
+    ExpectError(RunTimeError::Kind::Overflow, "El número 32768 no cabe en un contador de 16 bits.",
+        [] { return Int16(32768); });
 }
 
 TEST(RunTimeError, NamesEveryKindInSpanish)

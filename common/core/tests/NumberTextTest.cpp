@@ -2,6 +2,7 @@
 
 #include "common/core/RunTimeError.h"
 
+#include "tests/support/ExpectError.h"
 #include "tests/support/ForeignLocale.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
@@ -17,19 +18,14 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 namespace numbrela {
 
 namespace {
 
-using numbrela::testing::CommaText;
-using numbrela::testing::DisplayedByTheRule;
-using numbrela::testing::ForeignLocale;
-using numbrela::testing::KindThrownBy;
-using numbrela::testing::RoundedText;
-using numbrela::testing::StrangePunctuation;
-using numbrela::testing::WithoutLastZeros;
+using namespace testing;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
@@ -42,17 +38,12 @@ std::string repeated(std::string_view text, int times)
     return repeated;
 }
 
-// --- Plain decimal text ----------------------------------------------------------------------------------------------
-
 TEST(PlainDecimalText, WritesADecimalCommaNoGroupsNoExponentAndAtMost15Digits)
 {
     const std::pair<double, std::string> cases[] = {
-        { 0, "0" }, { -0.0, "0" }, { 1, "1" }, { 5, "5" }, { 10, "10" }, { 1200, "1200" }, { -3, "-3" },
-        { 0.25, "0,25" }, { -0.25, "-0,25" }, { 1234.5, "1234,5" }, { -1234.5, "-1234,5" }, { 482.37, "482,37" },
-        { 1.0 / 3, "0,333333333333333" }, { -200.0 / 3, "-66,6666666666667" }, { 0.1 + 0.2, "0,3" },
-        { 999.9999999999999, "1000" }, { 1234567.654321, "1234567,654321" },
-        { 0.00001234567890123456, "0,0000123456789012346" }, { 0.0000000001, "0,0000000001" }, { 100000, "100000" },
-        { 999999999999999, "999999999999999" }, { 1234567890123456.0, "1234567890123460" },
+        { 0, "0" }, { -0.0, "0" }, { 10, "10" }, { -1234.5, "-1234,5" }, { 1.0 / 3, "0,333333333333333" },
+        { -200.0 / 3, "-66,6666666666667" }, { 0.1 + 0.2, "0,3" }, { 999.9999999999999, "1000" },
+        { 0.00001234567890123456, "0,0000123456789012346" }, { 999999999999999, "999999999999999" },
         { 123456789012345678.0, "123456789012346000" }, { 9999999999999999.0, "10000000000000000" },
         { 1e15, "1" + repeated("0", 15) }, { -1.5e300, "-15" + repeated("0", 299) },
         { std::numeric_limits<double>::max(), "179769313486232" + repeated("0", 294) },
@@ -69,13 +60,11 @@ TEST(PlainDecimalText, WritesADecimalCommaNoGroupsNoExponentAndAtMost15Digits)
 
 TEST(PlainDecimalText, WritesAtMost7DigitsOfASingle)
 {
-    const std::pair<float, std::string> cases[] = { { 0.0F, "0" }, { -0.0F, "0" }, { 1.0F, "1" }, { -3.0F, "-3" },
-        { 1200.0F, "1200" }, { 0.1F, "0,1" }, { 0.2F, "0,2" }, { 19.99F, "19,99" }, { -19.99F, "-19,99" },
-        { 1234.5F, "1234,5" }, { 1.0F / 3, "0,3333333" }, { 2.0F / 3, "0,6666667" }, { 200.0F / 3, "66,66666" },
-        { 0.1F + 0.2F, "0,3" }, { 1234567.0F, "1234567" }, { 9999999.0F, "9999999" }, { 16777216.0F, "16777220" },
-        { 0.000001F, "0,000001" }, { 1e10F, "1" + repeated("0", 10) }, { 1e38F, "1" + repeated("0", 38) },
-        { std::numeric_limits<float>::max(), "3402823" + repeated("0", 32) }, { -1e30F, "-1" + repeated("0", 30) },
-        { 1e-10F, "0," + repeated("0", 9) + "1" },
+    const std::pair<float, std::string> cases[] = { { 0.0F, "0" }, { -0.0F, "0" }, { -1234.5F, "-1234,5" },
+        { 1.0F / 3, "0,3333333" }, { 200.0F / 3, "66,66666" }, { 0.1F + 0.2F, "0,3" }, { 9999999.0F, "9999999" },
+        { 16777216.0F, "16777220" }, { 0.000001F, "0,000001" }, { 1e10F, "1" + repeated("0", 10) },
+        { 1e38F, "1" + repeated("0", 38) }, { std::numeric_limits<float>::max(), "3402823" + repeated("0", 32) },
+        { -1e30F, "-1" + repeated("0", 30) }, { 1e-10F, "0," + repeated("0", 9) + "1" },
         { std::numeric_limits<float>::min(), "0," + repeated("0", 37) + "1175494" },
         { std::numeric_limits<float>::denorm_min(), "0," + repeated("0", 44) + "1401298" } };
     for (const auto& [value, text] : cases) {
@@ -121,22 +110,14 @@ TEST(PlainDecimalText, OverflowsForWhatIsNotFinite)
     }
 }
 
-// --- Digits with points and commas -----------------------------------------------------------------------------------
-
 // A sign counts as a character.
 TEST(FormatDisplayNumber, GroupsThousandsByARuleThatRepeatsADigitFromSevenOn)
 {
-    const std::pair<double, const char*> cases[] = { { 5, "5" }, { 42, "42" }, { 999, "999" }, { 1000, "1.000" },
-        { 1234.5, "1.234,5" }, { 12345, "12.345" }, { 100000, "100.000" }, { 123456.78, "123.456,78" },
-        { 999999.999999, "999.999,999999" }, { 1387.53, "1.387,53" }, { 0.123456789012, "0,123456789012" },
-        { 1234.5678901, "1.234,5678901" }, { 1234567, "1.123.567" }, { 12345678, "12.234.678" },
-        { 123456789, "123.345.789" }, { 1234567890, "1.123.456.890" }, { 1234567.25, "1.123.567,25" },
-        { 1000000, "1.100.000" }, { 9876543, "9.987.543" }, { 12345678901, "12.234.567.901" },
-        { 123456789012, "123.345.678.012" }, { 1234567890123, "1.123.456.789.123" },
-        { 123456789012345, "123.345.678.901.345" }, { 1111567, "1.111.567" }, { 7777000.5, "7.777.000,5" },
-        { -0.0, "0" }, { -1, "-1" }, { -12, "-12" }, { -12.5, "-12,5" }, { -123, "-.123" }, { -123.75, "-.123,75" },
-        { -1234, "-1.234" }, { -12345, "-12.345" }, { -12345.678, "-12.345,678" }, { -123456, "-.-12.456" },
-        { -1234567, "-1.123.567" } };
+    const std::pair<double, const char*> cases[] = { { 999, "999" }, { 1000, "1.000" },
+        { 999999.999999, "999.999,999999" }, { 0.123456789012, "0,123456789012" }, { 1234567, "1.123.567" },
+        { 12345678, "12.234.678" }, { 123456789, "123.345.789" }, { 1234567.25, "1.123.567,25" },
+        { 123456789012345, "123.345.678.901.345" }, { -0.0, "0" }, { -1, "-1" }, { -12.5, "-12,5" }, { -123, "-.123" },
+        { -123.75, "-.123,75" }, { -1234, "-1.234" }, { -123456, "-.-12.456" }, { -1234567, "-1.123.567" } };
     for (const auto& [value, text] : cases) {
         EXPECT_EQ(FormatDisplayNumber(value), text);
     }
@@ -144,10 +125,7 @@ TEST(FormatDisplayNumber, GroupsThousandsByARuleThatRepeatsADigitFromSevenOn)
 
 TEST(FormatDisplayNumber, MakesNoMoreThanSixGroupsBehindTheFirst)
 {
-    EXPECT_EQ(FormatDisplayNumber(123456789012345e3), "123.345.678.901.234.000"); // 18 digits
-    EXPECT_EQ(FormatDisplayNumber(123456789012345e4), "1.123.456.789.012.345.000"); // 19 digits
     EXPECT_EQ(FormatDisplayNumber(123456789012345e7), "1234.456.789.012.345.000.000"); // 22 digits
-    EXPECT_EQ(FormatDisplayNumber(1e22), "10000.000.000.000.000.000.000");
     EXPECT_EQ(FormatDisplayNumber(1e300), "1" + repeated("0", 282) + repeated(".000", 6));
 }
 
@@ -165,13 +143,11 @@ TEST(FormatDisplayNumber, FollowsTheRuleForEveryLength)
 
 TEST(DecimalText, PutsTheCommaBeforeTheDecimals)
 {
-    EXPECT_EQ(DecimalText("1200", 2), "12,00");
-    EXPECT_EQ(DecimalText("120", 2), "1,20");
-    EXPECT_EQ(DecimalText("50", 2), "0,50");
-    EXPECT_EQ(DecimalText("5", 2), "0,05");
-    EXPECT_EQ(DecimalText("0", 1), "0,0");
-    EXPECT_EQ(DecimalText("0", 0), "0");
-    EXPECT_EQ(DecimalText("861", 0), "861");
+    for (int units = 0; units <= 1200; ++units) {
+        for (int decimals = 0; decimals <= 4; ++decimals) {
+            ASSERT_EQ(DecimalText(std::to_string(units), decimals), CommaText(units, decimals));
+        }
+    }
 }
 
 TEST(GroupThousands, PutsAPointBeforeEveryGroupLeftOfTheComma)
@@ -183,8 +159,6 @@ TEST(GroupThousands, PutsAPointBeforeEveryGroupLeftOfTheComma)
         EXPECT_EQ(GroupThousands(number), grouped);
     }
 }
-
-// --- Readers ---------------------------------------------------------------------------------------------------------
 
 struct Readings {
     const char* Text;
@@ -212,7 +186,6 @@ TEST(NumberReaders, EachReadsByItsOwnRule)
         { "", 0, 0, 0, 0, none },
         { "   ", 0, 0, 0, 0, none },
         { "0", 0, 0, 0, 0, 0 },
-        { "7", 7, 7, 7, 7, 7 },
         { "-0", 0, 0, 0, 0, 0 },
         { "+12,5", 12.5, 12, 12.5, 0, 12.5 },
         { "-12,5", -12.5, -12, -12.5, -12, -12.5 },
@@ -221,9 +194,7 @@ TEST(NumberReaders, EachReadsByItsOwnRule)
         { "+-1", 0, 0, 0, 0, none },
         { "-", 0, 0, 0, 0, none },
         { ",", 0, 0, 0, 0, none },
-        { ".", 0, 0, 0, 0, none },
         { "-,", 0, 0, 0, 0, none },
-        { "-.", 0, 0, 0, 0, none },
         { "...5", 5, 0, 0, 0, none },
         { ".5", 5, 0.5, 0.5, 0, none },
         { ",5", 0.5, 0, 0.5, 0, 0.5 },
@@ -235,7 +206,6 @@ TEST(NumberReaders, EachReadsByItsOwnRule)
         { "1.5", 15, 1.5, 1.5, 1, 15 },
         { "1.234,5", 1234.5, 1.234, 1.234, 1, 1234.5 },
         { "1.234.567", 1234567, 1.234, 1.234, 1, 1234567 },
-        { "1234.5", 12345, 1234.5, 1234.5, 1234, 12345 },
         { "1,2,3", 1.2, 1, 1.2, 1, none },
         { "1.2.3", 123, 1.2, 1.2, 1, 123 },
         { "1..5", 15, 1, 1, 1, none },
@@ -251,27 +221,22 @@ TEST(NumberReaders, EachReadsByItsOwnRule)
         { "\t1\t2", 12, 12, 12, 0, none },
         { "12,5a", 12.5, 12, 12.5, 12, none },
         { "12 r 3", 12, 12, 12, 12, none },
-        { "12-3", 12, 12, 12, 12, none },
         { "5 €", 5, 5, 5, 5, none },
         { "5\n6", 5, 5, 5, 5, none },
         { "1e", 1, 1, 1, 1, none },
-        { "1e+", 1, 1, 1, 1, none },
         { "1e3", 1000, 1000, 1000, 1, 1000 },
         { "1E3", 1000, 1000, 1000, 1, 1000 },
         { "1,5E-2", 0.015, 1, 0.015, 1, 0.015 },
         { "1.5e-2", 0.15, 0.015, 0.015, 1, 0.15 },
         { ",5e1", 5, 0, 5, 0, 5 },
         { ".e5", 0, 0, 0, 0, none },
-        { "e5", 0, 0, 0, 0, none },
         { "1e2,5", 100, 100, 100, 1, none },
         { "1 e 3", 1000, 1000, 1000, 1, none },
         { "1.000e-3", 1, 0.001, 0.001, 1, 1 },
         { "0e999", 0, 0, 0, 0, 0 },
         { "€5", 0, 0, 0, 0, none },
-        { "ocho", 0, 0, 0, 0, none },
         { "inf", 0, 0, 0, 0, none },
         { "0x1F", 0, 0, 0, 0, none },
-        { "0,1", 0.1, 0, 0.1, 0, 0.1 },
         { "9007199254740993", 9007199254740992, 9007199254740992, 9007199254740992, 9007199254740992,
             9007199254740992 },
         { "9007199254740993,0000000000000000000001", 9007199254740994, 9007199254740992, 9007199254740994,
@@ -282,10 +247,8 @@ TEST(NumberReaders, EachReadsByItsOwnRule)
         { "1e309", infinity, infinity, infinity, 1, infinity },
         { "1,8E308", infinity, 1, infinity, 1, infinity },
         { "1e-400", 0, 0, 0, 1, 0 },
-        { "-1e-400", 0, 0, 0, -1, 0 },
         { "2e-324", 0, 0, 0, 2, 0 },
         { "100e-400", 0, 0, 0, 100, 0 },
-        { "0e400", 0, 0, 0, 0, 0 },
     };
     for (const Readings& expected : cases) {
         SCOPED_TRACE(expected.Text);
@@ -295,15 +258,10 @@ TEST(NumberReaders, EachReadsByItsOwnRule)
 
 TEST(NumberReaders, StopAtANullCharacter)
 {
-    expectReadings(std::string_view("1\0"
-                                    "2",
-                       3),
-        { "", 1, 1, 1, 1, std::nullopt });
-    expectReadings(std::string_view("1,5\0", 4), { "", 1.5, 1, 1.5, 1, std::nullopt });
-    expectReadings(std::string_view("\0"
-                                    "1",
-                       2),
-        { "", 0, 0, 0, 0, std::nullopt });
+    using namespace std::literals;
+    expectReadings("1\0x"sv, { "", 1, 1, 1, 1, std::nullopt });
+    expectReadings("1,5\0"sv, { "", 1.5, 1, 1.5, 1, std::nullopt });
+    expectReadings("\0x1"sv, { "", 0, 0, 0, 0, std::nullopt });
 }
 
 TEST(NumberReaders, ReadWhatIsTooLargeAsAnInfinityAndWhatIsTooSmallAsZero)
@@ -324,12 +282,12 @@ TEST(NumberReaders, ReadWhatIsTooLargeAsAnInfinityAndWhatIsTooSmallAsZero)
         EXPECT_EQ(ParseCommaNumber(text), value);
         EXPECT_EQ(ParseTypedNumber(text), value);
     }
-    EXPECT_EQ(LeadingNumber("0." + repeated("0", 400) + "1"), 0);
-    EXPECT_EQ(LeadingNumber("0." + repeated("0", 400) + "1e50"), 0);
-    EXPECT_EQ(LeadingNumber("0." + repeated("0", 400) + "1e401"), 1);
-    EXPECT_EQ(LeadingNumber("0." + repeated("0", 400) + "1e800"), infinity);
-    EXPECT_EQ(LeadingNumber("0.001e400"), infinity);
-    EXPECT_EQ(LeadingNumber("0.001e-9223372036854775808"), 0);
+    const std::string withZeros = "0." + repeated("0", 400);
+    for (const auto& [text, value] :
+        { std::pair(withZeros + "1", 0.0), { withZeros + "1e50", 0.0 }, { withZeros + "1e401", 1.0 },
+            { withZeros + "1e800", infinity }, { "0.001e400", infinity }, { "0.001e-9223372036854775808", 0.0 } }) {
+        EXPECT_EQ(LeadingNumber(text), value) << text;
+    }
     EXPECT_EQ(LeadingWholeNumber(repeated("9", 310)), infinity);
 }
 
@@ -361,8 +319,6 @@ TEST(ParseDisplayNumber, ReadsTextsOfUpTo32767CharactersAndOverflowsForLongerOne
     }
 }
 
-// --- Characters ------------------------------------------------------------------------------------------------------
-
 TEST(LengthInCharacters, CountsCharactersAndNotBytes)
 {
     EXPECT_EQ(LengthInCharacters(""), 0);
@@ -370,41 +326,28 @@ TEST(LengthInCharacters, CountsCharactersAndNotBytes)
     EXPECT_EQ(LengthInCharacters("señal"), 5);
 }
 
-TEST(PadLeft, PutsBlanksBeforeTheTextUpToTheWidth)
+TEST(PadLeft, PutsBlanksBeforeTheTextUpToTheWidthAndRefusesALongerOneAndSaysWhich)
 {
-    EXPECT_EQ(PadLeft("7", 3), "  7");
-    EXPECT_EQ(PadLeft("12", 3), " 12");
-    EXPECT_EQ(PadLeft("100", 3), "100");
-    EXPECT_EQ(PadLeft("", 2), "  ");
-    EXPECT_EQ(PadLeft("", 0), "");
-    EXPECT_EQ(PadLeft(" 7", 4), "   7");
-}
-
-TEST(PadLeft, RefusesATextThatIsLongerThanTheWidthAndSaysWhich)
-{
-    const std::pair<std::string, int> cases[] = { { "1000", 3 }, { "1", 0 }, { "1", -1 }, { "", -1 } };
-    for (const auto& [text, width] : cases) {
-        try {
-            ADD_FAILURE() << "padded to " << PadLeft(text, width);
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::InvalidArgument);
-            EXPECT_EQ(error.what(), "El número " + text + " no cabe en " + std::to_string(width) + " caracteres.");
-        }
+    const std::tuple<const char*, int, const char*> padded[]
+        = { { "7", 3, "  7" }, { "100", 3, "100" }, { "", 2, "  " }, { "", 0, "" }, { " 7", 4, "   7" } };
+    for (const auto& [text, width, result] : padded) {
+        EXPECT_EQ(PadLeft(text, width), result);
+    }
+    const std::pair<std::string, int> tooLong[] = { { "1000", 3 }, { "1", 0 }, { "1", -1 }, { "", -1 } };
+    for (const auto& [text, width] : tooLong) {
+        ExpectError(RunTimeError::Kind::InvalidArgument,
+            "El número " + text + " no cabe en " + std::to_string(width) + " caracteres.",
+            [&, text = text, width = width] { PadLeft(text, width); });
     }
 }
 
 TEST(Trimmed, TakesTheBlanksOfBothEndsAway)
 {
-    EXPECT_EQ(Trimmed("  905,16"), "905,16");
-    EXPECT_EQ(Trimmed("1.234,5 "), "1.234,5");
-    EXPECT_EQ(Trimmed("   a  b   "), "a  b");
-    EXPECT_EQ(Trimmed("a"), "a");
-    EXPECT_EQ(Trimmed(" "), "");
-    EXPECT_EQ(Trimmed("    "), "");
-    EXPECT_EQ(Trimmed(""), "");
+    for (const auto& [text, trimmed] : { std::pair("  905,16", "905,16"), { "1.234,5 ", "1.234,5" },
+             { "   a  b   ", "a  b" }, { "a", "a" }, { " ", "" }, { "    ", "" }, { "", "" } }) {
+        EXPECT_EQ(Trimmed(text), trimmed);
+    }
 }
-
-// --- Locale ----------------------------------------------------------------------------------------------------------
 
 // One line for each function, so that a test can compare all of them at once.
 std::string everythingWritten()

@@ -8,17 +8,15 @@
 #include <gtest/gtest.h>
 
 #include <locale>
-#include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace numbrela {
 
 namespace {
 
-using numbrela::testing::ForeignLocale;
-using numbrela::testing::KindThrownBy;
-using numbrela::testing::StrangePunctuation;
+using namespace testing;
 
 Score scoreOf(int exercises, int errors)
 {
@@ -37,18 +35,9 @@ TEST(Score, StartsAtNoExerciseAndNoErrorAndIsScorable)
     EXPECT_EQ(score.Line(), "Ejercicios:  0; Errores:  0");
 }
 
-struct CountCase {
-    int Exercises;
-    int Errors;
-    bool Scorable;
-    bool Right;
-    const char* Line; // afterwards
-    bool ScorableAfterwards;
-};
-
 TEST(Score, CountsEveryWrongAnswerAndARightOneOnce)
 {
-    const CountCase cases[] = {
+    const std::tuple<int, int, bool, bool, const char*, bool> cases[] = {
         { 0, 0, true, true, "Ejercicios:  1; Errores:  0", false },
         { 0, 0, true, false, "Ejercicios:  1; Errores:  1", true },
         { 2, 2, true, false, "Ejercicios:  3; Errores:  3", true },
@@ -68,13 +57,13 @@ TEST(Score, CountsEveryWrongAnswerAndARightOneOnce)
     }
 }
 
-TEST(Score, LineAlignsEachCountRightInThreeCharacters)
+TEST(Score, LineAlignsEachCountRightInThreeCharactersUnderEveryLocale)
 {
-    EXPECT_EQ(scoreOf(7, 12).Line(), "Ejercicios:  7; Errores: 12");
     const auto aligned = [](int count) {
         const std::string digits = std::to_string(count);
         return std::string(3 - digits.size(), ' ') + digits;
     };
+    const ForeignLocale foreign("", std::locale(std::locale::classic(), new StrangePunctuation));
     for (int count = 0; count <= 999; ++count) {
         ASSERT_EQ(
             scoreOf(count, 999 - count).Line(), "Ejercicios:" + aligned(count) + "; Errores:" + aligned(999 - count));
@@ -83,11 +72,9 @@ TEST(Score, LineAlignsEachCountRightInThreeCharacters)
 
 TEST(Score, LineRefusesCountsOfFourDigits)
 {
-    for (const auto& [exercises, errors] :
-        { std::pair { 1000, 0 }, { 0, 1000 }, { 1000, 1000 }, { 1000, 999 }, { 999, 1000 }, { 32767, 32767 } }) {
+    for (const auto& [exercises, errors] : { std::pair(1000, 0), { 0, 1000 }, { 1000, 999 }, { 32767, 32767 } }) {
         const Score score = scoreOf(exercises, errors);
-        EXPECT_EQ(KindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument)
-            << exercises << " " << errors;
+        EXPECT_EQ(KindThrownBy([&] { score.Line(); }), RunTimeError::Kind::InvalidArgument) << exercises;
     }
 }
 
@@ -110,23 +97,14 @@ TEST(Score, AnAnswerThatHasNoLineIsNotCounted)
 
 TEST(Score, CountsPastTheLast16BitNumberOverflow)
 {
-    for (const bool right : { true, false }) {
-        Score score = scoreOf(32767, 0);
-        EXPECT_EQ(KindThrownBy([&] { score.Count(right); }), RunTimeError::Kind::Overflow) << right;
-        EXPECT_EQ(score.ExerciseCount, 32767);
-        EXPECT_EQ(score.ErrorCount, 0);
+    for (const auto& [exercises, errors, right] :
+        { std::tuple(32767, 0, true), { 32767, 0, false }, { 0, 32767, false } }) {
+        Score score = scoreOf(exercises, errors);
+        EXPECT_EQ(KindThrownBy([&score, right = right] { score.Count(right); }), RunTimeError::Kind::Overflow);
+        EXPECT_EQ(score.ExerciseCount, exercises);
+        EXPECT_EQ(score.ErrorCount, errors);
         EXPECT_TRUE(score.Scorable);
     }
-    Score errors = scoreOf(0, 32767);
-    EXPECT_EQ(KindThrownBy([&] { errors.Count(false); }), RunTimeError::Kind::Overflow);
-    EXPECT_EQ(errors.ExerciseCount, 0);
-    EXPECT_EQ(errors.ErrorCount, 32767);
-}
-
-TEST(Score, LineIsTheSameUnderEveryLocale)
-{
-    const ForeignLocale foreign("", std::locale(std::locale::classic(), new StrangePunctuation));
-    EXPECT_EQ(scoreOf(999, 123).Line(), "Ejercicios:999; Errores:123");
 }
 
 } // namespace

@@ -1,15 +1,15 @@
 #include "common/core/TimeOfDay.h"
 
-#include "tests/support/FixedClock.h"
-
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <ctime>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace numbrela {
 
@@ -17,37 +17,18 @@ namespace {
 
 TEST(TimeOfDay, SeedIsTheProductOfHourMinuteAndSecondEachOneMore)
 {
-    const struct {
-        int Hour;
-        int Minute;
-        int Second;
-        int Seed;
-    } cases[] = { { 0, 0, 0, 1 }, { 0, 0, 1, 2 }, { 0, 1, 0, 2 }, { 1, 0, 0, 2 }, { 10, 20, 30, 7161 },
-        { 12, 0, 59, 780 }, { 23, 59, 58, 84960 }, { 23, 59, 59, 86400 } };
-    for (const auto& [hour, minute, second, seed] : cases) {
+    EXPECT_EQ(TimeOfDay().SeedProduct(), 1) << "midnight until it is set";
+    EXPECT_EQ(TimeOfDay().SecondsSinceMidnight, 0);
+    for (const auto& [hour, minute, second, seed] : { std::array { 0, 0, 1, 2 }, { 0, 1, 0, 2 }, { 1, 0, 0, 2 },
+             { 10, 20, 30, 7161 }, { 12, 0, 59, 780 }, { 23, 59, 58, 84960 }, { 23, 59, 59, 86400 } }) {
         EXPECT_EQ((TimeOfDay { hour, minute, second, 0 }.SeedProduct()), seed);
         EXPECT_EQ((TimeOfDay { hour, minute, second, 37230.999 }.SeedProduct()), seed) << "with a fraction";
     }
 }
 
-TEST(TimeOfDay, IsMidnightUntilItIsSet)
+double universalSeconds()
 {
-    const TimeOfDay time;
-    EXPECT_EQ(time.Hour, 0);
-    EXPECT_EQ(time.Minute, 0);
-    EXPECT_EQ(time.Second, 0);
-    EXPECT_EQ(time.SecondsSinceMidnight, 0);
-}
-
-TEST(FixedClock, TellsTheTimeItWasSetTo)
-{
-    numbrela::testing::FixedClock fixed;
-    const Clock& clock = fixed;
-    EXPECT_EQ(clock.Now().SeedProduct(), 7161);
-    EXPECT_EQ(clock.Now().SecondsSinceMidnight, 37230);
-    fixed.Time = { 1, 2, 3, 3723.5 };
-    EXPECT_EQ(clock.Now().SeedProduct(), 24);
-    EXPECT_EQ(clock.Now().SecondsSinceMidnight, 3723.5);
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
 TEST(SystemClock, TellsHourMinuteAndSecondOfADayAndTheirSecondsSinceMidnightWithAFraction)
@@ -65,8 +46,6 @@ TEST(SystemClock, TellsHourMinuteAndSecondOfADayAndTheirSecondsSinceMidnightWith
 TEST(SystemClock, TellsTheFractionOfTheSecond)
 {
     const SystemClock clock;
-    const auto universalSeconds
-        = [] { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); };
     const auto fractionOf = [](double seconds) { return seconds - std::floor(seconds); };
     // The second may end, or the machine may set its clock, between two readings; hardly a hundred times in a row.
     bool seenBetween = false;
@@ -107,17 +86,10 @@ private:
     std::optional<std::string> before_;
 };
 
-struct ZoneCase {
-    const char* Zone;
-    double SecondsAheadOfUniversalTime;
-};
-
 TEST(SystemClock, TellsTheLocalTime)
 {
-    const auto universalSeconds
-        = [] { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); };
-    const ZoneCase cases[] = { { "UTC0", 0 }, { "<+0530>-5:30", 19800 }, { "<-11>11", -39600 }, { "<+14>-14", 50400 } };
-    for (const auto& [zone, ahead] : cases) {
+    for (const auto& [zone, ahead] : // in seconds
+        { std::pair("UTC0", 0), { "<+0530>-5:30", 19800 }, { "<-11>11", -39600 }, { "<+14>-14", 50400 } }) {
         const TimeZone moved(zone);
         const double before = universalSeconds();
         const double local = SystemClock().Now().SecondsSinceMidnight;

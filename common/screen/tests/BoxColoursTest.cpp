@@ -78,49 +78,33 @@ TYPED_TEST(BoxColoursTest, ABoxForReadingAloneHasAPaleGreyGround)
     }
 }
 
-TYPED_TEST(BoxColoursTest, AVerdictStandsOnGreenOrOnRed)
+TYPED_TEST(BoxColoursTest, AVerdictStandsOnGreenOrOnRedAndAnotherTextOnThePlainGroundAgain)
 {
-    this->box_.ShowVerdict(right);
-    EXPECT_EQ(this->box_.Text(), right.Text);
-    EXPECT_TRUE(isGreen(paintedBesideText(this->box_)));
-    this->box_.ShowVerdict(wrong);
-    EXPECT_EQ(this->box_.Text(), wrong.Text);
-    EXPECT_TRUE(isRed(paintedBesideText(this->box_)));
+    const QColor plain = paintedBesideText(this->box_);
+    for (const Verdict& verdict : { right, wrong }) {
+        this->box_.ShowVerdict(verdict);
+        EXPECT_EQ(this->box_.Text(), verdict.Text);
+        EXPECT_TRUE((verdict.Right ? isGreen : isRed)(paintedBesideText(this->box_)));
+        this->box_.SelectWholeText();
+        this->box_.ShowVerdict(verdict);
+        EXPECT_TRUE((verdict.Right ? isGreen : isRed)(paintedBesideText(this->box_))) << "no longer highlighted";
+        this->box_.SetText(verdict.Right ? "" : "84 ÷ 4");
+        EXPECT_EQ(paintedBesideText(this->box_), plain);
+    }
 }
 
 TYPED_TEST(BoxColoursTest, AHighlightedVerdictHasAGreenOrARedHighlightInstead)
 {
     const QColor plainHighlight = this->box_.palette().color(QPalette::Highlight);
-    this->box_.ShowVerdict(right);
-    this->box_.SelectWholeText();
-    EXPECT_TRUE(isGreen(paintedHighlight(this->box_)));
-    EXPECT_TRUE(isPaleGrey(paintedBesideText(this->box_)));
-    this->box_.ShowVerdict(wrong);
-    this->box_.SelectWholeText();
-    EXPECT_TRUE(isRed(paintedHighlight(this->box_)));
-    EXPECT_TRUE(isPaleGrey(paintedBesideText(this->box_)));
+    for (const Verdict& verdict : { right, wrong }) {
+        this->box_.ShowVerdict(verdict);
+        this->box_.SelectWholeText();
+        EXPECT_TRUE((verdict.Right ? isGreen : isRed)(paintedHighlight(this->box_)));
+        EXPECT_TRUE(isPaleGrey(paintedBesideText(this->box_)));
+    }
     this->box_.SetText("84 ÷ 4 es lo que se pide");
     this->box_.SelectWholeText();
     EXPECT_EQ(paintedHighlight(this->box_), plainHighlight);
-}
-
-TYPED_TEST(BoxColoursTest, AVerdictThatLosesItsHighlightKeepsItsColour)
-{
-    this->box_.ShowVerdict(right);
-    this->box_.SelectWholeText();
-    this->box_.ShowVerdict(right);
-    EXPECT_TRUE(isGreen(paintedBesideText(this->box_)));
-}
-
-TYPED_TEST(BoxColoursTest, AnotherTextHasThePlainGroundAgain)
-{
-    const QColor plain = paintedBesideText(this->box_);
-    for (const char* text : { "", "84 ÷ 4" }) {
-        this->box_.ShowVerdict(wrong);
-        EXPECT_NE(paintedBesideText(this->box_), plain);
-        this->box_.SetText(text);
-        EXPECT_EQ(paintedBesideText(this->box_), plain);
-    }
 }
 
 TYPED_TEST(BoxColoursTest, AVerdictLooksAlikeInEveryWindow)
@@ -135,21 +119,14 @@ TYPED_TEST(BoxColoursTest, AVerdictLooksAlikeInEveryWindow)
     }
 }
 
-TEST(BoxColours, ABoxThatTakesTypingIsWhite)
+TEST(BoxColours, ABoxThatTakesTypingIsWhiteUnlessItIsToLookReadOnly)
 {
     TextBox box;
     box.resize(240, 30);
-    EXPECT_EQ(paintedBesideText(box), QColor(Qt::white));
-    box.setReadOnly(true);
-    EXPECT_NE(paintedBesideText(box), QColor(Qt::white));
-    box.setReadOnly(false);
-    EXPECT_EQ(paintedBesideText(box), QColor(Qt::white));
-}
-
-TEST(BoxColours, ABoxWhoseFormLetsNothingBeWrittenCanLookReadOnly)
-{
-    TextBox box;
-    box.resize(240, 30);
+    for (const bool readOnly : { false, true, false }) {
+        box.setReadOnly(readOnly);
+        EXPECT_EQ(paintedBesideText(box) == QColor(Qt::white), !readOnly);
+    }
     box.LookReadOnly();
     EXPECT_FALSE(box.isReadOnly());
     EXPECT_TRUE(isPaleGrey(paintedBesideText(box)));

@@ -9,14 +9,17 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
-#include <QInputDialog>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QTest>
 
 #include <map>
+#include <tuple>
+#include <utility>
 
 namespace numbrela {
 
@@ -67,24 +70,14 @@ TEST_F(BoxesTest, AMessageHasItsTitleOrTheApplicationsItsPlainTextAndTheButtonAc
     EXPECT_EQ(PendingBoxes(), 0);
 }
 
-TEST_F(BoxesTest, AMessageHasNoIconsAndBelongsToItsWindow)
-{
-    ExpectDialog([this](QDialog& box) {
-        EXPECT_EQ(buttonsOf(box), (Buttons { { "Aceptar", false } }));
-        EXPECT_EQ(qobject_cast<QMessageBox*>(&box)->icon(), QMessageBox::NoIcon);
-        EXPECT_EQ(box.parentWidget(), &form_);
-        EXPECT_TRUE(box.isModal());
-        EXPECT_EQ(QApplication::activeModalWidget(), &box);
-        box.accept();
-    });
-    ShowMessage(&form_, "Hola");
-    EXPECT_EQ(PendingBoxes(), 0);
-}
-
-TEST_F(BoxesTest, AMessageIsAnsweredByEnterEscapeOrSpace)
+TEST_F(BoxesTest, AMessageHasNoIconsBelongsToItsWindowAndIsAnsweredByEnterEscapeOrSpace)
 {
     for (const auto key : { Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Space }) {
-        ExpectDialog([key](QDialog& box) {
+        ExpectDialog([this, key](QDialog& box) {
+            EXPECT_EQ(buttonsOf(box), (Buttons { { "Aceptar", false } }));
+            EXPECT_EQ(qobject_cast<QMessageBox*>(&box)->icon(), QMessageBox::NoIcon);
+            EXPECT_EQ(box.parentWidget(), &form_);
+            EXPECT_EQ(QApplication::activeModalWidget(), &box);
             activate(box);
             Press(key);
             EXPECT_FALSE(box.isVisible()) << key;
@@ -107,76 +100,60 @@ TEST_F(BoxesTest, AnInputBoxGivesWhatIsTypedAndNothingWhenItIsCancelled)
     EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "");
 }
 
-TEST_F(BoxesTest, AnInputBoxOffersItsDefaultTextSelectedSoThatTypingReplacesIt)
+TEST_F(BoxesTest, AnInputBoxOffersItsTextSelectedSoThatTypingReplacesItAndGivesNothingWhenItIsLeftByEscape)
 {
-    ExpectDialog([](QDialog& box) {
-        activate(box);
-        const auto* line = box.findChild<QLineEdit*>();
-        EXPECT_TRUE(line->hasFocus());
-        EXPECT_EQ(line->text().toStdString(), "100");
-        EXPECT_EQ(line->selectedText().toStdString(), "100");
-        Type(QStringLiteral("25"));
-        Press(Qt::Key_Return);
-    });
-    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "25");
+    for (const auto& [key, answer] : { std::pair(Qt::Key_Return, "25"), { Qt::Key_Escape, "" } }) {
+        ExpectDialog([key = key](QDialog& box) {
+            activate(box);
+            const auto* line = box.findChild<QLineEdit*>();
+            EXPECT_TRUE(line->hasFocus());
+            EXPECT_EQ(line->selectedText().toStdString(), "100");
+            Type(QStringLiteral("25"));
+            Press(key);
+        });
+        EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), answer);
+    }
 }
 
-TEST_F(BoxesTest, AnInputBoxGivesNothingWhenItIsLeftByEscape)
-{
-    ExpectDialog([](QDialog& box) {
-        activate(box);
-        Type(QStringLiteral("25"));
-        Press(Qt::Key_Escape);
-    });
-    EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "100"), "");
-}
-
-TEST_F(BoxesTest, AnInputBoxHasTheButtonsAceptarAndCancelarWithoutIcons)
+TEST_F(BoxesTest, AnInputBoxHasTheButtonsAceptarAndCancelarWithoutIconsAndKeepsBlanks)
 {
     ExpectDialog([this](QDialog& box) {
         EXPECT_EQ(buttonsOf(box), (Buttons { { "Aceptar", false }, { "Cancelar", false } }));
         EXPECT_EQ(box.parentWidget(), &form_);
         EXPECT_TRUE(box.isModal());
         EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
-        for (QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
-            if (button->text().remove(u'&') == QStringLiteral("Aceptar")) {
-                QTest::mouseClick(button, Qt::LeftButton);
-            }
-        }
+        QTest::mouseClick(box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
     });
     EXPECT_EQ(AskText(&form_, "Valor:", "Sumas", "  100 "), "  100 ");
 }
 
 TEST_F(BoxesTest, AnInputBoxIsSpokenByItsPromptOrWithoutOneByItsTitle)
 {
-    const auto expectName = [](const char* name) {
-        ExpectDialog([name](QDialog& box) {
+    for (const auto& [prompt, title, name] :
+        { std::tuple("Valor:", "Sumas", "Valor:"), { "", "Introducir divisor", "Introducir divisor" } }) {
+        ExpectDialog([name = name](QDialog& box) {
             QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(box.findChild<QLineEdit*>());
             EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), name);
             box.reject();
         });
-    };
-    expectName("Valor:");
-    AskText(&form_, "Valor:", "Sumas");
-    expectName("Introducir divisor");
-    AskText(&form_, "", "Introducir divisor");
-    EXPECT_EQ(PendingBoxes(), 0);
+        AskText(&form_, prompt, title);
+        EXPECT_EQ(PendingBoxes(), 0);
+    }
 }
 
-TEST_F(BoxesTest, AnInputBoxShowsTheWholeTextThatItOffers)
+TEST_F(BoxesTest, AnInputBoxShowsTheWholeTextThatItOffersAsFarAsTheScreenGoes)
 {
-    const std::string offered = "Un kilo de chuletas de cordero y otro de ternera";
-    ExpectDialog([](QDialog& box) {
-        const auto* line = box.findChild<QLineEdit*>();
-        EXPECT_GT(line->width(), line->fontMetrics().horizontalAdvance(line->text()));
-        box.reject();
-    });
-    AskText(&form_, "Nombre:", "Modificar producto", offered);
-    ExpectDialog([](QDialog& box) {
-        EXPECT_LE(box.width(), box.screen()->availableSize().width());
-        box.reject();
-    });
-    AskText(&form_, "Nombre:", "Modificar producto", std::string(1000, 'W'));
+    for (const std::string& offered :
+        { std::string("Un kilo de chuletas de cordero y otro de ternera"), std::string(1000, 'W') }) {
+        ExpectDialog([&](QDialog& box) {
+            const auto* line = box.findChild<QLineEdit*>();
+            const bool isShort = offered.size() < 1000;
+            EXPECT_EQ(line->width() > line->fontMetrics().horizontalAdvance(line->text()), isShort);
+            EXPECT_LE(box.width(), box.screen()->availableSize().width());
+            box.reject();
+        });
+        AskText(&form_, "Nombre:", "Modificar producto", offered);
+    }
     EXPECT_EQ(PendingBoxes(), 0);
 }
 
@@ -195,44 +172,30 @@ TEST_F(BoxesTest, AnInputBoxIsWiderThanItsTitle)
     EXPECT_EQ(PendingBoxes(), 0);
 }
 
-TEST_F(BoxesTest, AnInputBoxHasRoomForAnAnswerOfFortyCharactersAndGrowsWithItsWindow)
+TEST_F(BoxesTest, BoxesWriteInTheFontOfTheirWindowAndAnInputBoxHasRoomForAnAnswerOfFortyCharacters)
 {
     for (const int scale : { 1, 2 }) {
-        ExpectDialog([scale](QDialog& box) {
-            EXPECT_GE(box.width(), 400 * scale);
-            EXPECT_LE(box.width(), box.screen()->availableSize().width());
-            const auto* line = box.findChild<QLineEdit*>();
-            EXPECT_EQ(line->fontInfo().pixelSize(), 16 * scale);
-            EXPECT_GT(line->width(), line->fontMetrics().horizontalAdvance(QString(40, u'5')));
-            box.reject();
-        });
+        const auto expectFont = [scale](QDialog& box) {
+            for (const QWidget* part : box.findChildren<QWidget*>()) {
+                EXPECT_EQ(part->font().pixelSize(), 16 * scale) << part->metaObject()->className();
+            }
+            if (const auto* line = box.findChild<QLineEdit*>()) {
+                EXPECT_GE(box.width(), 400 * scale);
+                EXPECT_LE(box.width(), box.screen()->availableSize().width());
+                EXPECT_GT(line->width(), line->fontMetrics().horizontalAdvance(QString(40, u'5')));
+            }
+            box.accept();
+        };
+        ExpectDialog(expectFont);
+        ShowMessage(&form_, "Hola");
+        ExpectDialog(expectFont);
+        AskYesNo(&form_, "¿Otra vez?");
+        ExpectDialog(expectFont);
         AskText(&form_, "Valor:", "Sumas");
         EXPECT_EQ(PendingBoxes(), 0);
         form_.resize(2 * form_.size());
         QCoreApplication::processEvents();
     }
-}
-
-TEST_F(BoxesTest, BoxesWriteInTheFontOfTheirWindow)
-{
-    form_.resize(2 * form_.size());
-    QCoreApplication::processEvents();
-    const int pixels = form_.font().pixelSize();
-    EXPECT_EQ(pixels, 32); // 12 points, twice as large
-    const auto expectFont = [pixels](QDialog& box) {
-        EXPECT_EQ(box.font().pixelSize(), pixels);
-        for (const QWidget* part : box.findChildren<QWidget*>()) {
-            EXPECT_EQ(part->font().pixelSize(), pixels) << part->metaObject()->className();
-        }
-        box.accept();
-    };
-    ExpectDialog(expectFont);
-    ShowMessage(&form_, "Hola");
-    ExpectDialog(expectFont);
-    AskYesNo(&form_, "¿Otra vez?");
-    ExpectDialog(expectFont);
-    AskText(&form_, "Valor:", "Sumas");
-    EXPECT_EQ(PendingBoxes(), 0);
 }
 
 } // namespace

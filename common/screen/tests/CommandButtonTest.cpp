@@ -2,7 +2,6 @@
 
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
-#include "common/screen/KeyCodes.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Driver.h"
 
@@ -14,6 +13,7 @@
 #include <QTest>
 
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace numbrela {
@@ -43,56 +43,44 @@ protected:
     int timesNext_ = 0;
 };
 
-struct PressingKey {
-    const char* Name;
-    Qt::Key Key;
-    Qt::KeyboardModifiers Modifiers;
-};
+const std::pair<int, Qt::KeyboardModifiers> pressingKeys[]
+    = { { Qt::Key_Return, {} }, { Qt::Key_Enter, Qt::KeypadModifier }, { Qt::Key_Space, {} } };
 
-class PressingKeyTest : public CommandButtonTest, public ::testing::WithParamInterface<PressingKey> { };
-
-INSTANTIATE_TEST_SUITE_P(Keys, PressingKeyTest,
-    ::testing::Values(PressingKey { "Enter", Qt::Key_Return, Qt::NoModifier },
-        PressingKey { "KeypadEnter", Qt::Key_Enter, Qt::KeypadModifier },
-        PressingKey { "Space", Qt::Key_Space, Qt::NoModifier }),
-    [](const auto& row) { return row.param.Name; });
-
-TEST_P(PressingKeyTest, PressesTheFocusedButtonExactlyOnceHoweverLongItIsHeld)
+TEST_F(CommandButtonTest, AKeyPressesTheFocusedButtonExactlyOnceHoweverLongItIsHeldAndWhereverTheFocusGoesMeanwhile)
 {
-    box_.setFocus();
-    Press(GetParam().Key, GetParam().Modifiers);
-    EXPECT_EQ(timesNext_, 0) << "a text box has the focus";
-    next_.setFocus();
-    for (int times = 1; times <= 2; ++times) {
-        HoldDown(GetParam().Key, GetParam().Modifiers);
-        Repeat(GetParam().Key, GetParam().Modifiers);
-        Repeat(GetParam().Key, GetParam().Modifiers);
-        LetGo(GetParam().Key, GetParam().Modifiers);
-        EXPECT_EQ(timesNext_, times);
+    int times = 0;
+    for (const auto& [key, modifiers] : pressingKeys) {
+        SCOPED_TRACE(key);
+        for (QWidget* focused : { static_cast<QWidget*>(&box_), static_cast<QWidget*>(&next_) }) {
+            focused->setFocus();
+            HoldDown(key, modifiers);
+            next_.setFocus();
+            Repeat(key, modifiers);
+            Repeat(key, modifiers);
+            LetGo(key, modifiers);
+            times += focused == &next_ ? 1 : 0;
+            EXPECT_EQ(timesNext_, times);
+        }
+        Press(key, modifiers);
+        EXPECT_EQ(timesNext_, ++times);
         EXPECT_EQ(timesDone_, 0);
     }
 }
 
-TEST_P(PressingKeyTest, PressesNothingWhenItIsHeldFromAnotherControlOn)
+TEST_F(CommandButtonTest, NoKeyPressesADisabledButtonWhichGivesTheFocusAway)
 {
-    box_.setFocus();
-    HoldDown(GetParam().Key, GetParam().Modifiers);
-    next_.setFocus();
-    Repeat(GetParam().Key, GetParam().Modifiers);
-    Repeat(GetParam().Key, GetParam().Modifiers);
-    LetGo(GetParam().Key, GetParam().Modifiers);
-    EXPECT_EQ(timesNext_, 0);
-    EXPECT_EQ(timesDone_, 0);
-}
-
-TEST_P(PressingKeyTest, DoesNotPressADisabledButton)
-{
-    done_.setEnabled(false);
-    for (const auto type : { QEvent::KeyPress, QEvent::KeyRelease }) {
-        QKeyEvent event(type, GetParam().Key, GetParam().Modifiers);
-        QCoreApplication::sendEvent(&done_, &event);
+    for (const auto& [key, modifiers] : pressingKeys) {
+        next_.setFocus();
+        next_.setEnabled(false);
+        EXPECT_EQ(FocusName(), "Box");
+        Press(key, modifiers);
+        for (const auto type : { QEvent::KeyPress, QEvent::KeyRelease }) {
+            QKeyEvent event(type, key, modifiers);
+            QCoreApplication::sendEvent(&next_, &event);
+        }
+        EXPECT_EQ(timesNext_, 0);
+        next_.setEnabled(true);
     }
-    EXPECT_EQ(timesDone_, 0);
 }
 
 TEST_F(CommandButtonTest, ADoubleClickPressesItOnce)
@@ -108,15 +96,6 @@ TEST_F(CommandButtonTest, ADoubleClickPressesItOnce)
     EXPECT_FALSE(done_.isDown());
     QTest::mouseClick(&done_, Qt::LeftButton);
     EXPECT_EQ(timesDone_, 2);
-}
-
-TEST_F(CommandButtonTest, GivesTheFocusAwayWhenItIsDisabled)
-{
-    next_.setFocus();
-    next_.setEnabled(false);
-    EXPECT_EQ(FocusName(), "Box");
-    Press(Qt::Key_Return);
-    EXPECT_EQ(timesNext_, 0);
 }
 
 // A button that checks an answer would count a wrong one again and again.
@@ -178,14 +157,19 @@ std::set<QRgb> groundOf(CommandButton& button)
     return colours;
 }
 
-TEST_F(CommandButtonTest, IsPaintedFlatInExactlyItsColour)
+TEST_F(CommandButtonTest, IsPaintedFlatInExactlyItsColourAndInGreyWhileItIsDisabled)
 {
+    const QColor grey = QApplication::palette().color(QPalette::Disabled, QPalette::Button);
+    EXPECT_EQ(grey.saturation(), 0);
     for (const auto colour : { Qt::yellow, Qt::cyan, Qt::green, Qt::red, Qt::white, Qt::magenta }) {
         done_.SetBackColour(colour);
         EXPECT_EQ(groundOf(done_), std::set { QColor(colour).rgb() });
         done_.setFocus();
         EXPECT_EQ(groundOf(done_), std::set { QColor(colour).rgb() }) << "with the focus";
         box_.setFocus();
+        done_.setEnabled(false);
+        EXPECT_EQ(groundOf(done_), std::set { grey.rgb() });
+        done_.setEnabled(true);
     }
     EXPECT_EQ(groundOf(next_), std::set { QApplication::palette().color(QPalette::Button).rgb() });
     done_.SetBackColour(Qt::cyan);
@@ -194,17 +178,6 @@ TEST_F(CommandButtonTest, IsPaintedFlatInExactlyItsColour)
     const QColor down(*groundOf(done_).begin());
     EXPECT_LT(down.value(), QColor(Qt::cyan).value()) << "darker while it is down";
     EXPECT_EQ(down.hue(), QColor(Qt::cyan).hue());
-}
-
-TEST_F(CommandButtonTest, IsPaintedInGreyWhileItIsDisabled)
-{
-    done_.SetBackColour(Qt::red);
-    done_.setEnabled(false);
-    const QColor grey = QApplication::palette().color(QPalette::Disabled, QPalette::Button);
-    EXPECT_EQ(grey.saturation(), 0);
-    EXPECT_EQ(groundOf(done_), std::set { grey.rgb() });
-    done_.setEnabled(true);
-    EXPECT_EQ(groundOf(done_), std::set { QColor(Qt::red).rgb() });
 }
 
 // How many pixels of two pictures of equal size differ.
@@ -224,25 +197,23 @@ TEST_F(CommandButtonTest, LooksDifferentInEachOfItsStates)
     box_.setFocus();
     for (const QColor& colour : { QColor(Qt::red), QColor(Qt::green), QColor(Qt::white), next_.BackColour() }) {
         done_.SetBackColour(colour);
-        std::vector<QImage> states { done_.grab().toImage() };
-        const auto picture = [&] { states.push_back(done_.grab().toImage()); };
-        done_.setAttribute(Qt::WA_UnderMouse);
-        picture();
-        done_.setDown(true);
-        picture();
-        done_.setDown(false);
-        done_.setAttribute(Qt::WA_UnderMouse, false);
-        done_.setDefault(true);
-        picture();
-        done_.setDefault(false);
+        std::vector<QImage> states;
+        const auto picture = [&](bool underMouse, bool isDown, bool isDefault = false) {
+            done_.setAttribute(Qt::WA_UnderMouse, underMouse);
+            done_.setDown(isDown);
+            done_.setDefault(isDefault);
+            states.push_back(done_.grab().toImage());
+        };
+        picture(false, false);
+        picture(true, false);
+        picture(true, true);
+        picture(false, false, true);
         done_.setFocus();
-        picture();
-        done_.setDown(true);
-        picture();
-        done_.setDown(false);
+        picture(false, false);
+        picture(false, true);
         box_.setFocus();
         done_.setEnabled(false);
-        picture();
+        picture(false, false);
         done_.setEnabled(true);
         EXPECT_EQ(done_.grab().toImage(), states.front());
 

@@ -34,7 +34,7 @@ protected:
     TwipsLayout& area_ = *new TwipsLayout(&window_, { 4500, 3000 }, {});
 };
 
-TEST_F(ControlsTest, ATextBoxIsCentredUnlessItIsToldOtherwise)
+TEST_F(ControlsTest, ATextBoxIsCentredUnlessItIsToldOtherwiseAndOneForReadingAloneHasANameToBeSpoken)
 {
     const TextBox* box = AddTextBox(area_, QStringLiteral("Text1"), somewhere, someFont);
     expectFurnished(*box, "Text1");
@@ -42,11 +42,8 @@ TEST_F(ControlsTest, ATextBoxIsCentredUnlessItIsToldOtherwise)
     EXPECT_FALSE(box->isReadOnly());
     const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
     EXPECT_EQ(AddTextBox(area_, QStringLiteral("Text2"), somewhere, someFont, right)->alignment(), right);
-}
 
-TEST_F(ControlsTest, ABoxForReadingAloneHasANameToBeSpoken)
-{
-    const TextBox* box = AddReadOnlyBox(
+    box = AddReadOnlyBox(
         area_, QStringLiteral("tbResultados"), QStringLiteral("Marcador"), somewhere, someFont, Qt::AlignLeft);
     expectFurnished(*box, "tbResultados");
     EXPECT_TRUE(box->isReadOnly());
@@ -54,16 +51,12 @@ TEST_F(ControlsTest, ABoxForReadingAloneHasANameToBeSpoken)
     EXPECT_EQ(box->alignment(), Qt::AlignLeft);
 }
 
-TEST_F(ControlsTest, AButtonHasItsCaption)
+TEST_F(ControlsTest, AButtonAndALabelHaveTheirCaptions)
 {
     const CommandButton* button
         = AddButton(area_, QStringLiteral("Command2(0)"), QStringLiteral("&Continuar"), somewhere, someFont);
     expectFurnished(*button, "Command2(0)");
     EXPECT_EQ(button->text().toStdString(), "&Continuar");
-}
-
-TEST_F(ControlsTest, ALabelIsCentred)
-{
     const QLabel* label = AddLabel(area_, QStringLiteral("Label1"), QStringLiteral("+"), somewhere, someFont);
     expectFurnished(*label, "Label1");
     EXPECT_EQ(label->text().toStdString(), "+");

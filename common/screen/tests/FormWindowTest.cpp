@@ -107,7 +107,19 @@ void expectEverythingWhole(const TestForm& form)
     }
 }
 
-TEST(FormWindowTest, HasItsNameAndCaptionAndIsNoDialog)
+class ShownFormTest : public ::testing::Test {
+protected:
+    ShownFormTest()
+    {
+        ShowAndActivate(form_);
+        size_ = form_.size();
+    }
+
+    TestForm form_;
+    QSize size_; // as it opens
+};
+
+TEST(FormWindowTest, HasItsNameItsCaptionAndItsFontAndIsNoDialog)
 {
     TestForm form;
     EXPECT_EQ(form.objectName().toStdString(), "Form9");
@@ -118,32 +130,29 @@ TEST(FormWindowTest, HasItsNameAndCaptionAndIsNoDialog)
         form, { "MnuOpc &Opciones", "  MnuOpcUno &Uno [F2]", "  MnuOpcLis &Lista: &3 &4", "  MnuOpcSal &Salir" });
     Choose(form, QStringLiteral("MnuOpcLisLis(1)"));
     EXPECT_EQ(form.ListChoice, 1);
-}
-
-TEST(FormWindowTest, GivesItsFontToControlsThatNameNone)
-{
-    TestForm form;
     QWidget control;
     form.Area().Place(&control, { 0, 0, 300, 300 });
     EXPECT_EQ(control.font().family().toStdString(), "Verdana");
     EXPECT_EQ(control.font().pixelSize(), 16);
 }
 
-TEST(FormWindowTest, LeavesEnterAndEscapeToTheControlThatHasTheFocus)
+TEST_F(ShownFormTest, LeavesEnterAndEscapeToTheControlThatHasTheFocusAndHeedsAShortcutFromAnyOne)
 {
-    TestForm form;
-    ShowAndActivate(form);
-    form.Box->setFocus();
+    form_.Box->setFocus();
     for (const int key : { int { Qt::Key_Return }, int { Qt::Key_Enter }, int { Qt::Key_Escape } }) {
         Press(key);
-        EXPECT_EQ(form.Presses, 0) << key;
         EXPECT_EQ(FocusName(), "Box") << key;
-        EXPECT_TRUE(form.isVisible()) << key;
     }
-    form.First->setFocus();
+    Press(Qt::Key_F2);
+    EXPECT_EQ(form_.Choices, 1);
+    form_.First->setFocus();
+    Press(Qt::Key_F2);
+    EXPECT_EQ(form_.Choices, 2);
+    Choose(form_, QStringLiteral("MnuOpcUno"));
+    EXPECT_EQ(form_.Choices, 3);
     Press(Qt::Key_Escape);
-    EXPECT_EQ(form.Presses, 0);
-    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form_.Presses, 0);
+    EXPECT_TRUE(form_.isVisible());
 }
 
 TEST(FormWindowTest, MakesEveryOtherWindowInertWhileItIsShownModally)
@@ -175,33 +184,26 @@ TEST(FormWindowTest, MakesEveryOtherWindowInertWhileItIsShownModally)
     EXPECT_EQ(menu.Presses, 2);
 }
 
-class OpenLikeTest : public ::testing::TestWithParam<Qt::WindowState> { };
-
-TEST_P(OpenLikeTest, OpensAsLargeAsTheWindowThatItIsOpenedFromAndHasItsDesignSizeWhenItIsNoLongerSo)
+TEST(FormWindowTest, OpensAsLargeAsTheWindowThatItIsOpenedFromAndHasItsDesignSizeWhenItIsNoLongerSo)
 {
-    TestForm menu;
-    menu.setWindowState(GetParam());
-    ShowAndActivate(menu);
-    auto* form = new TestForm;
-    form->OpenLike(menu);
-    form->Show(true);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
-    EXPECT_EQ(form->windowState() & ~Qt::WindowActive, GetParam());
-    EXPECT_EQ(form->size(), menu.size());
+    for (const auto state : { Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen }) {
+        TestForm menu;
+        menu.setWindowState(state);
+        ShowAndActivate(menu);
+        auto* form = new TestForm;
+        form->OpenLike(menu);
+        form->Show(true);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+        EXPECT_EQ(form->windowState() & ~Qt::WindowActive, state);
+        EXPECT_EQ(form->size(), menu.size());
 
-    form->showNormal();
-    settle();
-    EXPECT_EQ(form->AreaPixels(), designPixels);
-    form->close();
-    destroyClosedWindows();
-    EXPECT_EQ(menu.windowState() & ~Qt::WindowActive, GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    States, OpenLikeTest, ::testing::Values(Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen));
-
-TEST(FormWindowTest, OpensAtItsDesignSizeFromAMinimisedWindow)
-{
+        form->showNormal();
+        settle();
+        EXPECT_EQ(form->AreaPixels(), designPixels);
+        form->close();
+        destroyClosedWindows();
+        EXPECT_EQ(menu.windowState() & ~Qt::WindowActive, state);
+    }
     TestForm menu;
     menu.setWindowState(Qt::WindowMinimized);
     TestForm form;
@@ -210,46 +212,16 @@ TEST(FormWindowTest, OpensAtItsDesignSizeFromAMinimisedWindow)
     EXPECT_EQ(form.AreaPixels(), designPixels);
 }
 
-TEST(FormWindowTest, GoesThroughItsControlsWithTabInTheOrderGiven)
+TEST_F(ShownFormTest, GoesThroughItsControlsWithTabInTheOrderGiven)
 {
-    TestForm form;
-    TestForm::SetTabSequence({ form.Second, form.Box, form.First });
-    ShowAndActivate(form);
-    form.Second->setFocus();
-    std::vector<std::string> names;
-    for (int i = 0; i < 3; ++i) {
+    TestForm::SetTabSequence({ form_.Second, form_.Box, form_.First });
+    form_.Second->setFocus();
+    for (const char* next : { "Box", "First", "Second" }) {
         Press(Qt::Key_Tab);
-        names.push_back(FocusName());
+        EXPECT_EQ(FocusName(), next);
     }
-    EXPECT_EQ(names, (std::vector<std::string> { "Box", "First", "Second" }));
     Press(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(FocusName(), "First");
-}
-
-TEST(FormWindowTest, LetsAMenuItemBeChosenFromAnyControlByItsShortcut)
-{
-    TestForm form;
-    ShowAndActivate(form);
-    form.Box->setFocus();
-    Press(Qt::Key_F2);
-    EXPECT_EQ(form.Choices, 1);
-    form.First->setFocus();
-    Press(Qt::Key_F2);
-    EXPECT_EQ(form.Choices, 2);
-    Choose(form, QStringLiteral("MnuOpcUno"));
-    EXPECT_EQ(form.Choices, 3);
-}
-
-TEST(FormWindowTest, ShowsAMenuBarOfItsOwnOnlyWhenItHasMenus)
-{
-    TestForm withMenu;
-    ShowAndActivate(withMenu);
-    EXPECT_TRUE(withMenu.MenuBar()->isVisible());
-    EXPECT_FALSE(withMenu.MenuBar()->isNativeMenuBar());
-    EXPECT_EQ(withMenu.MenuBar()->geometry().topLeft(), QPoint(0, 0));
-    TestForm without(designArea, false);
-    ShowAndActivate(without);
-    EXPECT_FALSE(without.MenuBar()->isVisible());
 }
 
 TEST(FormWindowTest, OpensInItsDesignSizeBelowTheMenuBar)
@@ -258,6 +230,9 @@ TEST(FormWindowTest, OpensInItsDesignSizeBelowTheMenuBar)
         TestForm form(designArea, withMenu);
         ShowAndActivate(form);
         EXPECT_EQ(form.AreaPixels(), designPixels);
+        EXPECT_EQ(form.MenuBar()->isVisible(), withMenu);
+        EXPECT_FALSE(form.MenuBar()->isNativeMenuBar());
+        EXPECT_EQ(form.MenuBar()->pos(), QPoint(0, 0));
         EXPECT_EQ(form.height() > designPixels.height(), withMenu);
         EXPECT_DOUBLE_EQ(form.Area().PixelsPerTwip(), 1.0 / 15);
         const QPoint origin(0, form.height() - designPixels.height());
@@ -266,15 +241,6 @@ TEST(FormWindowTest, OpensInItsDesignSizeBelowTheMenuBar)
         EXPECT_EQ(form.font().pixelSize(), 16);
         expectEverythingWhole(form);
     }
-}
-
-TEST(FormWindowTest, OpensWithRoomForAControlBeyondAnEdge)
-{
-    TestForm form;
-    form.Area().Move(form.Box, { -600, -300, 2000, 495 });
-    ShowAndActivate(form);
-    EXPECT_EQ(form.AreaPixels(), designPixels + QSize(40, 20));
-    expectEverythingWhole(form);
 }
 
 TEST(FormWindowTest, OpensSmallerWhenTheScreenHasNoRoomForIt)
@@ -314,24 +280,22 @@ TEST(FormWindowTest, KeepsTheSizeThatAPersonGaveItWhenItIsHiddenAndShown)
     expectEverythingWhole(maximised);
 }
 
-TEST(FormWindowTest, GrowsWithEverythingInIt)
+TEST_F(ShownFormTest, GrowsWithEverythingInIt)
 {
-    TestForm form;
-    ShowAndActivate(form);
-    const int menuHeight = form.MenuBar()->height();
-    form.resize(2 * form.size());
+    const int menuHeight = form_.MenuBar()->height();
+    form_.resize(2 * form_.size());
     settle();
-    const double scale = form.Area().PixelsPerTwip();
+    const double scale = form_.Area().PixelsPerTwip();
     EXPECT_NEAR(scale, 2.0 / 15, 0.002);
-    EXPECT_NEAR(form.Box->font().pixelSize(), 300 * scale, 1);
-    EXPECT_NEAR(form.First->font().pixelSize(), 240 * scale, 1);
-    EXPECT_GT(form.MenuBar()->height(), 3 * menuHeight / 2);
-    for (const QWidget* menu :
-        { static_cast<QWidget*>(&form), static_cast<QWidget*>(form.MenuBar()), static_cast<QWidget*>(form.Options) }) {
+    EXPECT_NEAR(form_.Box->font().pixelSize(), 300 * scale, 1);
+    EXPECT_NEAR(form_.First->font().pixelSize(), 240 * scale, 1);
+    EXPECT_GT(form_.MenuBar()->height(), 3 * menuHeight / 2);
+    for (const QWidget* menu : { static_cast<QWidget*>(&form_), static_cast<QWidget*>(form_.MenuBar()),
+             static_cast<QWidget*>(form_.Options) }) {
         EXPECT_NEAR(menu->font().pixelSize(), 240 * scale, 1);
         EXPECT_EQ(menu->font().family().toStdString(), "Arial");
     }
-    expectEverythingWhole(form);
+    expectEverythingWhole(form_);
 }
 
 TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
@@ -358,17 +322,15 @@ TEST(FormWindowTest, LooksAlikeInASizeWhateverSizeItHadBefore)
     }
 }
 
-TEST(FormWindowTest, ShrinksToHalfItsDesignSizeAtMost)
+TEST_F(ShownFormTest, ShrinksToHalfItsDesignSizeAtMost)
 {
-    TestForm form;
-    ShowAndActivate(form);
-    form.resize(1, 1);
+    form_.resize(1, 1);
     settle();
-    EXPECT_GE(form.AreaPixels().width(), designPixels.width() / 2);
-    EXPECT_GE(form.AreaPixels().height(), designPixels.height() / 2);
-    EXPECT_LE(form.AreaPixels().height(), designPixels.height() * 6 / 10);
-    EXPECT_LT(form.Box->font().pixelSize(), 12);
-    expectEverythingWhole(form);
+    EXPECT_GE(form_.AreaPixels().width(), designPixels.width() / 2);
+    EXPECT_GE(form_.AreaPixels().height(), designPixels.height() / 2);
+    EXPECT_LE(form_.AreaPixels().height(), designPixels.height() * 6 / 10);
+    EXPECT_LT(form_.Box->font().pixelSize(), 12);
+    expectEverythingWhole(form_);
 }
 
 struct BeyondEdge {
@@ -377,7 +339,7 @@ struct BeyondEdge {
     QSize Growth; // in pixels, at the design size
 };
 
-class BeyondEdgeTest : public ::testing::TestWithParam<BeyondEdge> {
+class BeyondEdgeTest : public ShownFormTest, public ::testing::WithParamInterface<BeyondEdge> {
 protected:
     void moveBox(TwipsRect rect)
     {
@@ -385,7 +347,6 @@ protected:
         settle();
     }
 
-    TestForm form_;
     const TwipsRect inside_ = form_.Area().RectOf(form_.Box);
 };
 
@@ -399,30 +360,33 @@ INSTANTIATE_TEST_SUITE_P(Edges, BeyondEdgeTest,
 
 TEST_P(BeyondEdgeTest, GrowsAtTheSameScaleAndShrinksBack)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
+    TestForm opened;
+    opened.Area().Move(opened.Box, GetParam().Place);
+    ShowAndActivate(opened);
+    EXPECT_EQ(opened.AreaPixels(), designPixels + GetParam().Growth);
+    expectEverythingWhole(opened);
+
     moveBox(GetParam().Place);
-    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    EXPECT_EQ(form_.size(), size_ + GetParam().Growth);
     EXPECT_DOUBLE_EQ(form_.Area().PixelsPerTwip(), 1.0 / 15);
     EXPECT_EQ(form_.First->size(), QSize(100, 33));
     EXPECT_EQ(form_.Box->font().pixelSize(), 20);
     expectEverythingWhole(form_);
     form_.Box->hide(); // only what is visible takes room
     settle();
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
     expectEverythingWhole(form_);
     form_.Box->show();
     settle();
-    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    EXPECT_EQ(form_.size(), size_ + GetParam().Growth);
     moveBox(inside_);
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
     EXPECT_EQ(form_.AreaPixels(), designPixels);
     expectEverythingWhole(form_);
 }
 
 TEST_P(BeyondEdgeTest, GrowsAtTheScaleThatAPersonGaveTheWindow)
 {
-    ShowAndActivate(form_);
     form_.resize(form_.size() * 5 / 4);
     settle();
     const double scale = form_.Area().PixelsPerTwip();
@@ -441,8 +405,6 @@ TEST_P(BeyondEdgeTest, GrowsAtTheScaleThatAPersonGaveTheWindow)
 
 TEST_P(BeyondEdgeTest, ShowsEverythingInAMaximisedWindow)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     form_.showMaximized();
     settle();
     const QSize maximised = form_.size();
@@ -455,30 +417,26 @@ TEST_P(BeyondEdgeTest, ShowsEverythingInAMaximisedWindow)
     moveBox(inside_);
     form_.showNormal();
     settle();
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
     moveBox(GetParam().Place);
-    EXPECT_EQ(form_.size(), size + GetParam().Growth);
+    EXPECT_EQ(form_.size(), size_ + GetParam().Growth);
     expectEverythingWhole(form_);
 }
 
 TEST_F(BeyondEdgeTest, KeepsItsSizeHoweverOftenAControlComesAndGoes)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     for (int i = 1; i <= 60; ++i) {
         moveBox({ -137 * i, 500, 2000, 495 });
         expectEverythingWhole(form_);
         moveBox({ 1500, -193 * i, 2000, 495 });
         expectEverythingWhole(form_);
         moveBox(inside_);
-        ASSERT_EQ(form_.size(), size) << i;
+        ASSERT_EQ(form_.size(), size_) << i;
     }
 }
 
 TEST_F(BeyondEdgeTest, GrowsNoLargerThanTheScreen)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     const QSize room = form_.screen()->availableSize();
     for (const TwipsRect far :
         { TwipsRect { -room.width() * 15, 500, 2000, 495 }, TwipsRect { 1500, room.height() * 15, 2000, 495 } }) {
@@ -487,27 +445,24 @@ TEST_F(BeyondEdgeTest, GrowsNoLargerThanTheScreen)
         EXPECT_LT(form_.height(), room.height());
         expectEverythingWhole(form_);
         moveBox(inside_);
-        EXPECT_EQ(form_.size(), size);
+        EXPECT_EQ(form_.size(), size_);
     }
 }
 
 TEST_F(BeyondEdgeTest, TakesTheSizeThatItsAreaIsGiven)
 {
-    ShowAndActivate(form_);
-    const QSize size = form_.size();
     form_.Area().SetDesignSize({ designArea.Width + 600, designArea.Height - 1500 });
     settle();
-    EXPECT_EQ(form_.size(), size + QSize(40, -100));
+    EXPECT_EQ(form_.size(), size_ + QSize(40, -100));
     EXPECT_DOUBLE_EQ(form_.Area().PixelsPerTwip(), 1.0 / 15);
     expectEverythingWhole(form_);
     form_.Area().SetDesignSize(designArea);
     settle();
-    EXPECT_EQ(form_.size(), size);
+    EXPECT_EQ(form_.size(), size_);
 }
 
 TEST_F(BeyondEdgeTest, ComesBackOntoTheScreenWhenItHasGrownOverItsEdge)
 {
-    ShowAndActivate(form_);
     const QRect room = form_.screen()->availableGeometry();
     const QPoint inMiddle(200, 100);
     form_.move(inMiddle);

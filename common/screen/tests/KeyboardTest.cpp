@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace numbrela {
@@ -93,33 +94,27 @@ TEST_F(KeyboardTest, AFormHearsOfAKeyBeforeItTypesAndAfterItIsLetGo)
             "press ñ", "text 56ñ", "up 192" }));
 }
 
-TEST_F(KeyboardTest, EnterBackspaceAndEscapeAreCharacters)
+TEST_F(KeyboardTest, EnterBackspaceAndEscapeAreCharactersAndKeysThatTypeNothingAreKeysAlone)
 {
+    const std::tuple<Qt::Key, const char*, int, Heard> keys[] = {
+        { Qt::Key_Return, "1234", 4, { "down 13", "press 13", "up 13" } },
+        { Qt::Key_Enter, "1234", 4, { "down 13", "press 13", "up 13" } },
+        { Qt::Key_Escape, "1234", 4, { "down 27", "press 27", "up 27" } },
+        { Qt::Key_Backspace, "123", 3, { "down 8", "press 8", "up 8" } },
+        { Qt::Key_Left, "123", 2, { "down 37", "up 37" } },
+        { Qt::Key_Delete, "12", 2, { "down 46", "up 46" } },
+        { Qt::Key_Home, "12", 0, { "down 36", "up 36" } },
+        { Qt::Key_F5, "12", 0, { "down 116", "up 116" } },
+    };
     listen();
-    box_.SetText("12");
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Enter, Qt::KeypadModifier);
-    Press(Qt::Key_Escape);
-    EXPECT_EQ(box_.Text(), "12");
-    Press(Qt::Key_Backspace);
-    EXPECT_EQ(box_.Text(), "1");
-    EXPECT_EQ(heard_,
-        (Heard { "down 13", "press 13", "up 13", "down 13", "press 13", "up 13", "down 27", "press 27", "up 27",
-            "down 8", "press 8", "up 8" }));
-}
-
-TEST_F(KeyboardTest, KeysThatTypeNothingAreHeardAsKeysAlone)
-{
-    listen();
-    box_.SetText("12");
-    Press(Qt::Key_Left);
-    EXPECT_EQ(box_.CaretPosition(), 1);
-    Press(Qt::Key_Delete);
-    EXPECT_EQ(box_.Text(), "1");
-    Press(Qt::Key_Home);
-    EXPECT_EQ(box_.CaretPosition(), 0);
-    Press(Qt::Key_F5);
-    EXPECT_EQ(heard_, (Heard { "down 37", "up 37", "down 46", "up 46", "down 36", "up 36", "down 116", "up 116" }));
+    box_.SetText("1234");
+    for (const auto& [key, text, caret, heard] : keys) {
+        heard_.clear();
+        Press(key, key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+        EXPECT_EQ(heard_, heard);
+        EXPECT_EQ(box_.Text(), text);
+        EXPECT_EQ(box_.CaretPosition(), caret);
+    }
 }
 
 TEST_F(KeyboardTest, EveryPrintableCharacterIsTyped)

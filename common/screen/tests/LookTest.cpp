@@ -68,12 +68,15 @@ TEST(LookTest, IsLightAndWritesDarkOnIt)
     }
 }
 
-TEST(LookTest, IsFusionWithoutIconsOnTheButtonsOfBoxes)
+// Pictures that were kept would be kept under names that are never forgotten.
+TEST(LookTest, IsFusionWithoutIconsOnTheButtonsOfBoxesAndKeepsNoPicturesOfWhatItDraws)
 {
     const auto* style = qobject_cast<const QProxyStyle*>(QApplication::style());
     ASSERT_NE(style, nullptr);
     EXPECT_TRUE(style->baseStyle()->inherits("QFusionStyle"));
     EXPECT_EQ(style->styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
+    QScrollBar().grab();
+    EXPECT_FALSE(QPixmapCache::insert(QStringLiteral("picture"), QPixmap(1, 1)));
 }
 
 TEST(LookTest, DrawsCheckMarksAsLargeAsTheWordsBesideThem)
@@ -141,14 +144,10 @@ TEST(LookTest, DrawsTheMarkOfMenusThatHaveNoRoom)
     EXPECT_LT(inked, 128);
 }
 
-TEST(LookTest, WritesInArialOfTwelvePoints)
+TEST(LookTest, WritesInArialOfTwelvePointsAndFindsAFontOfEqualColumnsForTheCouriersAlone)
 {
     EXPECT_EQ(QApplication::font().family().toStdString(), "Arial");
     EXPECT_EQ(QApplication::font().pointSize(), 12);
-}
-
-TEST(LookTest, FindsAFontOfEqualColumnsForTheCouriersAlone)
-{
     for (const char* family : { "Courier", "Courier New", "Arial", "Verdana" }) {
         const bool courier = std::string(family).starts_with("Courier");
         EXPECT_EQ(QFontInfo(fontOf(family)).fixedPitch(), courier) << family;
@@ -168,16 +167,6 @@ TEST(LookTest, SpeaksSpanishInTheContextMenuOfATextBox)
     for (const char* word : { "Deshacer", "Cortar", "Copiar", "Pegar", "Seleccionar todo" }) {
         EXPECT_TRUE(captions.contains(QString::fromLatin1(word))) << word << " in " << captions.toStdString();
     }
-}
-
-// The names that they are kept under would never be forgotten.
-TEST(LookTest, KeepsNoPicturesOfWhatItDraws)
-{
-    QScrollBar bar;
-    bar.grab();
-    EXPECT_FALSE(QPixmapCache::insert(QStringLiteral("picture"), QPixmap(1, 1)));
-    QPixmap found;
-    EXPECT_FALSE(QPixmapCache::find(QStringLiteral("picture"), &found));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
 namespace numbrela {
@@ -16,8 +17,9 @@ using namespace testing;
 class OptionMenuTest : public ::testing::Test {
 protected:
     std::vector<int> chosen_;
+    std::function<void(int)> answer_ = [this](int index) { chosen_.push_back(index); };
     OptionMenu menu_ { QStringLiteral("MnuOpcCif"), QStringLiteral("&Cifras"), CaptionsOf({ 3, 5 }),
-        [this](int index) { chosen_.push_back(index); }, nullptr };
+        [this](int index) { answer_(index); }, nullptr };
 };
 
 using Indexes = std::vector<int>;
@@ -62,19 +64,14 @@ TEST_F(OptionMenuTest, TellsOnceWhichItemHasBeenClickedAndMovesNoCheckMarkByIt)
 
 TEST_F(OptionMenuTest, ShowsTheMarksUnmovedToWhoAnswersTheClickAndKeepsWhatTheAnswerSets)
 {
-    OptionMenu* answered = nullptr;
-    OptionMenu menu(
-        QStringLiteral("Menu"), QStringLiteral("Menu"), CaptionsOf({ 0, 3 }),
-        [&](int index) {
-            EXPECT_EQ(CheckedItems(*answered), Indexes { 0 });
-            answered->CheckOnly(index);
-        },
-        nullptr);
-    answered = &menu;
-    for (const std::size_t index : { 2U, 0U }) {
-        menu.CheckOnly(0);
-        menu.Items()[index]->trigger();
-        EXPECT_EQ(CheckedItems(menu), Indexes { static_cast<int>(index) });
+    answer_ = [this](int index) {
+        EXPECT_EQ(CheckedItems(menu_), Indexes { 0 });
+        menu_.CheckOnly(index);
+    };
+    for (const int index : { 2, 0 }) {
+        menu_.CheckOnly(0);
+        menu_.Items()[static_cast<std::size_t>(index)]->trigger();
+        EXPECT_EQ(CheckedItems(menu_), Indexes { index });
     }
 }
 

@@ -31,83 +31,62 @@ void turnWheel(const TextArea& area, int eighthsOfADegree, Qt::KeyboardModifiers
     QCoreApplication::sendEvent(area.viewport(), &turn);
 }
 
-TEST(TextAreaTest, ShowsATextAndTakesNoTyping)
+// An area of two lines that has the focus, and a box.
+class TextAreaTest : public ::testing::Test {
+protected:
+    TextAreaTest()
+    {
+        area_.resize(200, 60);
+        ShowAndActivate(window_);
+        area_.setFocus();
+    }
+
+    QWidget window_;
+    TextArea& area_ = *new TextArea(&window_);
+    TextBox& box_ = *new TextBox(&window_);
+};
+
+TEST_F(TextAreaTest, ShowsATextTakesNoTypingAndIsLeftByTab)
 {
-    TextArea area;
-    area.SetText("(1) Un  bollo   \nPulsa");
-    EXPECT_EQ(area.Text(), "(1) Un  bollo   \nPulsa");
-    ShowAndActivate(area);
+    area_.SetText("(1) Un  bollo   \nPulsa");
+    EXPECT_EQ(area_.Text(), "(1) Un  bollo   \nPulsa");
     Type(QStringLiteral("x"));
     Press(Qt::Key_Delete);
-    EXPECT_EQ(area.Text(), "(1) Un  bollo   \nPulsa");
+    EXPECT_EQ(area_.Text(), "(1) Un  bollo   \nPulsa");
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(box_.hasFocus());
 }
 
-TEST(TextAreaTest, AHighlightStaysWhateverHasTheFocus)
+TEST_F(TextAreaTest, AHighlightIsMadeByKeysTooAndStaysWhateverHasTheFocus)
 {
-    QWidget window;
-    auto* area = new TextArea(&window);
-    auto* box = new TextBox(&window);
-    area->SetText("Sume los precios");
-    area->SelectWholeText();
-    ShowAndActivate(window);
-    area->setFocus();
-    box->setFocus();
-    EXPECT_EQ(area->textCursor().selectedText(), QStringLiteral("Sume los precios"));
-    area->SetText("otro");
-    EXPECT_FALSE(area->textCursor().hasSelection());
+    area_.SetText("Sume los precios");
+    for (const bool byKeys : { false, true }) {
+        area_.setFocus();
+        byKeys ? Press(Qt::Key_End, Qt::ShiftModifier) : area_.SelectWholeText();
+        box_.setFocus();
+        EXPECT_EQ(area_.textCursor().selectedText(), QStringLiteral("Sume los precios"));
+        area_.SetText("Sume los precios");
+        EXPECT_FALSE(area_.textCursor().hasSelection());
+    }
 }
 
-TEST(TextAreaTest, OfALongHighlightTheBeginningIsInView)
+TEST_F(TextAreaTest, OfALongHighlightTheBeginningIsInViewAndTheWheelScrollsIt)
 {
-    TextArea area;
-    area.resize(200, 60);
-    ShowAndActivate(area);
-    area.SetText(longText());
-    area.SelectWholeText();
-    EXPECT_EQ(area.verticalScrollBar()->value(), 0);
-    EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+    area_.SetText(longText());
+    area_.SelectWholeText();
+    EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
+    turnWheel(area_, -120, Qt::NoModifier);
+    EXPECT_GT(area_.verticalScrollBar()->value(), 0);
 }
 
-TEST(TextAreaTest, TheWheelScrollsIt)
+TEST_F(TextAreaTest, NoTurnOfTheWheelChangesItsFont)
 {
-    TextArea area;
-    area.resize(200, 60);
-    ShowAndActivate(area);
-    area.SetText(longText());
-    turnWheel(area, -120, Qt::NoModifier);
-    EXPECT_GT(area.verticalScrollBar()->value(), 0);
-}
-
-TEST(TextAreaTest, NoTurnOfTheWheelChangesItsFont)
-{
-    TextArea area;
     QFont font(QStringLiteral("Arial"));
     font.setPixelSize(13);
-    area.setFont(font);
-    area.SetText("Sume los precios");
-    ShowAndActivate(area);
-    turnWheel(area, 4 * 120, Qt::ControlModifier);
-    EXPECT_EQ(area.font(), font);
-}
-
-TEST(TextAreaTest, ItsTextIsSelectedByKeys)
-{
-    TextArea area;
-    area.SetText("Sume los precios");
-    ShowAndActivate(area);
-    Press(Qt::Key_End, Qt::ShiftModifier);
-    EXPECT_EQ(area.textCursor().selectedText(), QStringLiteral("Sume los precios"));
-}
-
-TEST(TextAreaTest, TabLeavesIt)
-{
-    QWidget window;
-    auto* area = new TextArea(&window);
-    auto* box = new TextBox(&window);
-    ShowAndActivate(window);
-    area->setFocus();
-    Press(Qt::Key_Tab);
-    EXPECT_TRUE(box->hasFocus());
+    area_.setFont(font);
+    area_.SetText("Sume los precios");
+    turnWheel(area_, 4 * 120, Qt::ControlModifier);
+    EXPECT_EQ(area_.font(), font);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
-#include "common/screen/KeyCodes.h"
 #include "tests/support/Driver.h"
 
 #include <gtest/gtest.h>
@@ -13,8 +12,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <algorithm>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace numbrela {
@@ -48,8 +48,6 @@ protected:
     TextBox& box_ = *AddTextBox(form_.Area(), QStringLiteral("Box"), boxPlace, boxFont, Qt::AlignLeft);
     TextBox& other_ = *AddTextBox(form_.Area(), QStringLiteral("Other"), { 300, 1000, 1500, 495 }, boxFont);
 };
-
-// Text, caret, highlight.
 
 TEST_F(TextBoxTest, HoldsUtf8TextWithItsBlanksAndLosesTheSelectionWhenAProgramWrites)
 {
@@ -110,8 +108,6 @@ TEST_F(TextBoxTest, StepsLeftFromItsCaretOrTheStartOfTheSelectionAndStaysAtTheFi
     EXPECT_EQ(box_.selectedText().toStdString(), "12345") << "there is no step left";
 }
 
-// Where the focus goes, and the highlight stays.
-
 class HighlightTest : public TextBoxTest {
 protected:
     void SetUp() override
@@ -148,13 +144,6 @@ protected:
     }
 };
 
-TEST_F(HighlightTest, IsSeenOnlyAsLongAsItIsThere)
-{
-    expectHighlight();
-    box_.SetCaretPosition(0);
-    EXPECT_FALSE(showsHighlight());
-}
-
 TEST_F(HighlightTest, StaysWhenTabLeavesAndComesBack)
 {
     const std::pair<Qt::KeyboardModifier, const char*> steps[] = { { Qt::NoModifier, "Other" },
@@ -164,28 +153,37 @@ TEST_F(HighlightTest, StaysWhenTabLeavesAndComesBack)
         EXPECT_EQ(FocusName(), name);
         expectHighlight();
     }
+    box_.setSelection(1, 2);
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(box_.selectedText().toStdString(), "23") << "a part stays too";
+    EXPECT_EQ(box_.CaretPosition(), 1);
+    box_.SetCaretPosition(0);
+    EXPECT_FALSE(showsHighlight());
 }
 
-TEST_F(HighlightTest, StaysWhereverTheMouseOrTheProgramPutsTheFocusAndWhateverIsDoneThere)
+TEST_F(HighlightTest, StaysWhateverIsDoneElsewhereAndInABoxForReadingAlone)
 {
-    Click(form_, QStringLiteral("Other"));
-    EXPECT_EQ(FocusName(), "Other");
-    expectHighlight();
-    Type(QStringLiteral("67"));
-    Press(Qt::Key_A, Qt::ControlModifier);
+    const std::function<void()> deeds[] = {
+        [this] { Click(form_, QStringLiteral("Other")); },
+        [] { Type(QStringLiteral("67")); },
+        [] { Press(Qt::Key_A, Qt::ControlModifier); },
+        [this] { Click(form_, QStringLiteral("Button")); },
+        [this] { QTest::mouseClick(&form_, Qt::LeftButton, {}, form_.rect().bottomRight() - QPoint(4, 4)); },
+        [this] { box_.setFocus(Qt::ShortcutFocusReason); },
+        [this] { box_.clearFocus(); },
+        [this] { form_.resize(2 * form_.size()); },
+        [this] { box_.setReadOnly(true); },
+        [this] { other_.setFocus(); },
+        [this] { box_.setFocus(Qt::TabFocusReason); },
+        [this] { box_.setEnabled(false); },
+    };
+    for (const auto& act : deeds) {
+        act();
+        box_.setEnabled(true);
+        expectHighlight();
+    }
     EXPECT_EQ(other_.selectedText().toStdString(), "67");
-    expectHighlight();
-    Click(form_, QStringLiteral("Button"));
-    EXPECT_EQ(FocusName(), "Button");
-    expectHighlight();
-    QTest::mouseClick(&form_, Qt::LeftButton, Qt::NoModifier, QPoint(form_.width() - 5, form_.height() - 5));
-    expectHighlight();
-    box_.setFocus(Qt::ShortcutFocusReason);
-    expectHighlight();
-    box_.clearFocus();
-    expectHighlight();
-    form_.resize(2 * form_.size());
-    expectHighlight();
 }
 
 TEST_F(HighlightTest, StaysWhenItsWindowIsLeftAndComesBack)
@@ -202,39 +200,16 @@ TEST_F(HighlightTest, StaysWhenItsWindowIsLeftAndComesBack)
     }
 }
 
-TEST_F(HighlightTest, StaysInABoxForReadingAlone)
-{
-    box_.setReadOnly(true);
-    other_.setFocus();
-    expectHighlight();
-    box_.setFocus(Qt::TabFocusReason);
-    expectHighlight();
-    box_.setEnabled(false);
-    box_.setEnabled(true);
-    expectHighlight();
-}
-
-TEST_F(HighlightTest, MayBeOfAPartOfTheText)
-{
-    box_.setSelection(1, 2);
-    Press(Qt::Key_Tab);
-    Press(Qt::Key_Tab, Qt::ShiftModifier);
-    EXPECT_EQ(box_.selectedText().toStdString(), "23");
-    EXPECT_EQ(box_.CaretPosition(), 1);
-}
-
 TEST_F(TextBoxTest, IsNotSelectedByTheTabKey)
 {
     box_.SetText("12345");
     box_.SetCaretPosition(2);
-    for (const auto& [away, back] :
-        { std::pair { Qt::NoModifier, Qt::ShiftModifier }, std::pair { Qt::ShiftModifier, Qt::NoModifier } }) {
-        Press(Qt::Key_Tab, away);
-        Press(Qt::Key_Tab, back);
-        EXPECT_EQ(FocusName(), "Box");
+    for (const auto modifier : { Qt::NoModifier, Qt::ShiftModifier, Qt::ShiftModifier, Qt::NoModifier }) {
+        Press(Qt::Key_Tab, modifier);
         EXPECT_FALSE(box_.hasSelectedText());
         EXPECT_EQ(box_.CaretPosition(), 2);
     }
+    EXPECT_EQ(FocusName(), "Box");
     Type(QStringLiteral("9"));
     EXPECT_EQ(box_.Text(), "129345");
 }
@@ -265,8 +240,6 @@ TEST_F(TextBoxTest, TellsWheneverTheFocusComes)
     box_.setFocus();
     EXPECT_EQ(FocusName(), "Other") << "it can be passed on as soon as it comes";
 }
-
-// The length that can be typed.
 
 TEST_F(TextBoxTest, TakesNoMoreTypingOrPastingThanItsLimit)
 {
@@ -314,64 +287,50 @@ TEST_F(TextBoxTest, TakesNoTypingIntoATextThatTheProgramWroteLongerThanTheLimitU
 TEST_F(TextBoxTest, MakesNoRoomByCuttingAwayByMouseEither)
 {
     box_.SetMaximumTypedLength(3);
-    const auto cutFirstThree = [this] { // as the context menu does
+    QApplication::clipboard()->setText(QStringLiteral("6789"));
+    for (const bool pasted : { true, false }) { // as the context menu does
         box_.SetText("12345");
         box_.setSelection(0, 3);
-        box_.cut();
+        pasted ? box_.del() : box_.cut();
         EXPECT_EQ(box_.Text(), "45");
-    };
-    cutFirstThree();
-    QApplication::clipboard()->setText(QStringLiteral("6789"));
-    box_.paste();
-    EXPECT_EQ(box_.Text(), "645");
-    cutFirstThree();
-    Type(QStringLiteral("6789"));
-    EXPECT_EQ(box_.Text(), "645");
+        pasted ? box_.paste() : Type(QStringLiteral("6789"));
+        EXPECT_EQ(box_.Text(), "645");
+    }
 }
 
 TEST_F(TextBoxTest, TellsOnceOfATextFromTheProgramWhateverTheLimit)
 {
     box_.SetMaximumTypedLength(3);
-    std::vector<std::string> texts;
-    QObject::connect(&box_, &TextBox::textChanged, &form_, [&] { texts.push_back(box_.Text()); });
-    box_.SetText("1234567");
-    box_.SetText("12");
-    box_.SetText("123456789");
-    box_.SetText("");
-    EXPECT_EQ(texts, (std::vector<std::string> { "1234567", "12", "123456789", "" }));
+    const std::vector<std::string> texts { "1234567", "12", "123456789", "" };
+    std::vector<std::string> told;
+    QObject::connect(&box_, &TextBox::textChanged, &form_, [&] { told.push_back(box_.Text()); });
+    for (const std::string& text : texts) {
+        box_.SetText(text);
+    }
+    EXPECT_EQ(told, texts);
 }
 
-TEST_F(TextBoxTest, KeepsCaretAndHighlightWhenItsLimitChanges)
+TEST_F(TextBoxTest, KeepsCaretAndHighlightWhenItsLimitOrATextLongerThanTheLimitIsChanged)
 {
-    box_.SetText("12345");
-    box_.SetCaretPosition(2);
-    box_.SetMaximumTypedLength(8);
-    EXPECT_EQ(box_.CaretPosition(), 2);
-    box_.SetMaximumTypedLength(3);
-    EXPECT_EQ(box_.CaretPosition(), 2);
-    box_.SelectWholeText();
-    box_.SetMaximumTypedLength(7);
-    EXPECT_EQ(box_.selectedText().toStdString(), "12345");
-}
-
-TEST_F(TextBoxTest, KeepsItsCaretWhereATextLongerThanTheLimitIsChanged)
-{
-    box_.SetMaximumTypedLength(2);
     box_.SetText("123456");
     box_.SetCaretPosition(3);
-    Press(Qt::Key_Backspace);
-    EXPECT_EQ(box_.Text(), "12456");
-    EXPECT_EQ(box_.CaretPosition(), 2);
-    Press(Qt::Key_Delete);
-    EXPECT_EQ(box_.Text(), "1256");
-    EXPECT_EQ(box_.CaretPosition(), 2);
+    for (const int limit : { 8, 2 }) {
+        box_.SetMaximumTypedLength(limit);
+        EXPECT_EQ(box_.CaretPosition(), 3);
+    }
+    for (const auto& [key, text] : { std::pair(Qt::Key_Backspace, "12456"), { Qt::Key_Delete, "1256" } }) {
+        Press(key);
+        EXPECT_EQ(box_.Text(), text);
+        EXPECT_EQ(box_.CaretPosition(), 2);
+    }
     box_.setSelection(0, 2);
     Type(QStringLiteral("9"));
     EXPECT_EQ(box_.Text(), "956");
     EXPECT_EQ(box_.CaretPosition(), 1);
+    box_.SelectWholeText();
+    box_.SetMaximumTypedLength(7);
+    EXPECT_EQ(box_.selectedText().toStdString(), "956");
 }
-
-// A text too wide for the box.
 
 class FittingTest : public TextBoxTest {
 protected:
@@ -467,7 +426,7 @@ TEST_F(FittingTest, StaysReadableAndScrollsALongerTextUnlessItIsACalculationThat
     EXPECT_TRUE(showsWholeText());
 }
 
-TEST_F(FittingTest, FitsAgainAndKeepsCaretAndHighlightWhenTheBoxIsResized)
+TEST_F(FittingTest, FitsAgainAndKeepsCaretAndHighlightWhenTheBoxIsResizedOrDressedAgain)
 {
     box_.SetText("12345678901");
     const int smaller = pixels();
@@ -481,28 +440,8 @@ TEST_F(FittingTest, FitsAgainAndKeepsCaretAndHighlightWhenTheBoxIsResized)
     EXPECT_EQ(box_.CaretPosition(), 3);
     EXPECT_EQ(pixels(), designPixels);
     EXPECT_TRUE(showsWholeText());
-}
 
-TEST_F(FittingTest, GrowsAndShrinksWithItsWindow)
-{
-    box_.SetText("123456789012");
-    const int smaller = pixels();
-    scale(2);
-    EXPECT_GT(pixels(), smaller * 3 / 2);
-    EXPECT_TRUE(showsWholeText());
-    box_.SetText("1");
-    EXPECT_EQ(pixels(), 2 * designPixels);
-    box_.SetText("123456789012");
-    scale(1);
-    EXPECT_EQ(pixels(), smaller);
-    EXPECT_TRUE(showsWholeText());
-    box_.SetText("1");
-    EXPECT_EQ(pixels(), designPixels);
-}
-
-TEST_F(FittingTest, KeepsItsDesignWhenItIsDressedAgain)
-{
-    box_.SetText("123456789012");
+    place(boxPlace);
     form_.Area().Place(&box_, boxPlace, { "Courier", 6 });
     EXPECT_EQ(pixels(), 8);
     form_.Area().Place(&box_, boxPlace, { "Courier", 18 });
@@ -530,17 +469,24 @@ TEST_F(FittingTest, WritesAShortTextAsSmallAsTheColumnsItStandsInAsk)
     EXPECT_EQ(pixels(), designPixels);
 }
 
-TEST_F(FittingTest, KeepsBoxesThatStandInColumnsAlikeAtAnySize)
+TEST_F(FittingTest, GrowsAndShrinksWithItsWindowAlikeWithOtherBoxesThatStandInColumns)
 {
-    box_.SetLeastColumns(12);
-    other_.SetLeastColumns(12);
     box_.SetText("123456789012");
+    const int smaller = pixels();
+    other_.SetLeastColumns(12);
     other_.SetText("7");
-    for (const double factor : { 1.0, 0.7, 1.6, 1.0 }) {
+    for (const double factor : { 1.0, 0.7, 1.6, 2.0, 1.0 }) {
         scale(factor);
+        EXPECT_NEAR(pixels(), smaller * factor, 2);
         EXPECT_EQ(other_.font().pixelSize(), pixels()) << factor;
         EXPECT_TRUE(showsWholeText()) << factor;
     }
+    EXPECT_EQ(pixels(), smaller);
+    scale(2);
+    box_.SetText("1");
+    EXPECT_EQ(pixels(), 2 * designPixels);
+    scale(1);
+    EXPECT_EQ(pixels(), designPixels);
 }
 
 TEST_F(TextBoxTest, ABlankAtEitherEndOfATextTakesItsPlaceHoweverTheTextIsAligned)

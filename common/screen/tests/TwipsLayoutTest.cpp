@@ -27,7 +27,7 @@ void settle()
 }
 
 // An area of 300 by 200 pixels at the design size, on a screen of 96 dots per inch.
-class TwipsLayoutTest : public ::testing::Test {
+class TwipsLayoutTest : public ::testing::Test, public QObject {
 protected:
     QLabel* place(TwipsRect rect)
     {
@@ -48,6 +48,13 @@ protected:
         settle();
     }
 
+    bool eventFilter(QObject* /*object*/, QEvent* event) override
+    {
+        layoutRequests_ += event->type() == QEvent::LayoutRequest ? 1 : 0;
+        return false;
+    }
+
+    int layoutRequests_ = 0; // since this was made the area's event filter
     QWidget area_;
     TwipsLayout& layout_ = *new TwipsLayout(&area_, { 4500, 3000 }, { "Verdana", 15 });
 };
@@ -85,45 +92,32 @@ TEST_F(TwipsLayoutTest, DressesAControlInItsFontOfSoManyPoints)
     EXPECT_STREQ(layout_.FontOf(&stranger).Family, "Verdana");
 }
 
-TEST_F(TwipsLayoutTest, MakesAControlFromElsewhereItsOwnAtThePresentScale)
-{
-    QWidget elsewhere;
-    auto* label = new QLabel(&elsewhere);
-    show({ 600, 400 });
-    layout_.Place(label, { 150, 300, 1500, 495 });
-    label->show();
-    EXPECT_EQ(label->font().pixelSize(), 40);
-    settle();
-    EXPECT_EQ(label->parentWidget(), &area_);
-    EXPECT_EQ(label->geometry(), QRect(20, 40, 200, 66));
-}
-
 TEST_F(TwipsLayoutTest, MovesAndDressesAgainAControlThatIsPlacedAgain)
 {
     QLabel* label = place({ 150, 300, 1500, 495 });
     show({ 300, 200 });
+    const auto expectFont = [label](const char* family, int pixels, bool bold) {
+        EXPECT_EQ(label->font().family().toStdString(), family);
+        EXPECT_EQ(label->font().pixelSize(), pixels);
+        EXPECT_EQ(label->font().bold(), bold);
+    };
     layout_.Place(label, { 300, 450, 750, 300 }, { "Arial", 12, true });
     settle();
     EXPECT_EQ(layout_.count(), 1);
     EXPECT_EQ(layout_.RectOf(label), (TwipsRect { 300, 450, 750, 300 }));
     EXPECT_EQ(label->geometry(), QRect(20, 30, 50, 20));
-    EXPECT_EQ(label->font().family().toStdString(), "Arial");
-    EXPECT_EQ(label->font().pixelSize(), 16);
-    EXPECT_TRUE(label->font().bold());
+    expectFont("Arial", 16, true);
     layout_.Place(label, { 300, 450, 750, 300 });
-    EXPECT_EQ(label->font().family().toStdString(), "Verdana");
-    EXPECT_EQ(label->font().pixelSize(), 20);
-    EXPECT_FALSE(label->font().bold());
+    expectFont("Verdana", 20, false);
     EXPECT_STREQ(layout_.FontOf(label).Family, "Verdana");
     layout_.Place(label, { 300, 450, 750, 300 }, { "Courier", 12, true });
     layout_.Move(label, { 0, 0, 300, 150 }); // without dressing it again
     settle();
     EXPECT_EQ(label->geometry(), QRect(0, 0, 20, 10));
-    EXPECT_EQ(label->font().family().toStdString(), "Courier");
-    EXPECT_EQ(label->font().pixelSize(), 16);
+    expectFont("Courier", 16, true);
 }
 
-TEST_F(TwipsLayoutTest, ScalesPlacesAndFontsWithTheArea)
+TEST_F(TwipsLayoutTest, ScalesPlacesAndFontsWithTheAreaAlsoOfAControlThatItMakesItsOwnLater)
 {
     QLabel* label = place({ 150, 300, 1500, 495 });
     show({ 600, 400 });
@@ -137,6 +131,16 @@ TEST_F(TwipsLayoutTest, ScalesPlacesAndFontsWithTheArea)
     resize({ 150, 100 });
     EXPECT_EQ(label->geometry(), QRect(5, 10, 50, 17));
     EXPECT_EQ(label->font().pixelSize(), 10);
+
+    resize({ 600, 400 });
+    QWidget elsewhere;
+    auto* later = new QLabel(&elsewhere);
+    layout_.Place(later, { 150, 300, 1500, 495 });
+    later->show();
+    EXPECT_EQ(later->font().pixelSize(), 40);
+    settle();
+    EXPECT_EQ(later->parentWidget(), &area_);
+    EXPECT_EQ(later->geometry(), QRect(20, 40, 200, 66));
 }
 
 TEST_F(TwipsLayoutTest, KeepsProportionsAndSharesWhatIsLeftOverBetweenBothSides)
@@ -279,18 +283,8 @@ TEST_F(TwipsLayoutTest, HoldsTheWindowAtHalfItsDesignSizeOrMore)
     EXPECT_EQ(layout_.expandingDirections(), Qt::Horizontal | Qt::Vertical);
 }
 
-class LayoutRequestCounter : public QObject {
-public:
-    bool eventFilter(QObject* /*object*/, QEvent* event) override
-    {
-        Requests += event->type() == QEvent::LayoutRequest ? 1 : 0;
-        return false;
-    }
-
-    int Requests = 0;
-};
-
-// A text box that writes smaller changes its own font, which asks for a new layout.
+// Its font is changed by the text box itself, which asks for a new layout, and may be the very one that it is then
+// given.
 TEST_F(TwipsLayoutTest, ComesToRestWithATextThatHasToBeWrittenSmaller)
 {
     auto* box = new TextBox(&area_);
@@ -299,14 +293,12 @@ TEST_F(TwipsLayoutTest, ComesToRestWithATextThatHasToBeWrittenSmaller)
     show({ 300, 200 });
     resize({ 600, 400 });
     EXPECT_LT(box->font().pixelSize(), 40);
-    LayoutRequestCounter counter;
-    area_.installEventFilter(&counter);
+    area_.installEventFilter(this);
     settle();
     settle();
-    EXPECT_LE(counter.Requests, 1);
+    EXPECT_LE(layoutRequests_, 1);
 }
 
-// The font that a text box has chosen by itself may be the very one that it is then given.
 TEST_F(TwipsLayoutTest, WritesNoLargerInASmallerAreaAfterATextThatHadToBeWrittenSmaller)
 {
     auto* box = new TextBox(&area_);
