@@ -1,6 +1,7 @@
 #include "activities/addsub/screen/ColumnForm.h"
 
 #include "common/core/NumberText.h"
+#include "common/screen/Announcement.h"
 #include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"

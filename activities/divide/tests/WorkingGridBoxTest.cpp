@@ -371,6 +371,19 @@ TEST_F(WorkingGridSpokenTest, TellsItsTextRowByRowAndWhereItsCharactersAre)
     }
 }
 
+TEST_F(WorkingGridSpokenTest, TellsTheRowAndTheColumnOfTheCaretAndWhatIsWrittenThere)
+{
+    QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&Box);
+    const auto placeOf = [&](int cell) {
+        Box.PutCaret(cell);
+        return spoken.text(QAccessible::Description);
+    };
+    const int width = Grid.LineWidth;
+    EXPECT_EQ(placeOf(0), QStringLiteral("fila 1, columna 1: en blanco"));
+    EXPECT_EQ(placeOf(1), QStringLiteral("fila 1, columna 2: ") + QChar(Grid.Text[1]));
+    EXPECT_EQ(placeOf(2 * width - 1), QStringLiteral("fila 2, columna %1: en blanco").arg(width));
+}
+
 TEST_F(WorkingGridSpokenTest, TellsAndTakesTheCaret)
 {
     EXPECT_EQ(text().cursorPosition(), 10);
