@@ -278,6 +278,8 @@ def shopping(pupil):
         bought = [product for product in shelf(pupil) if product in wanted]
         for product in bought:
             takes(pupil, product, int(wanted.pop(product)))
+        if not bought:
+            puts_back_what_is_not_wanted(pupil)
         pupil.presses("alt+c")
         if bought:
             price = pays(pupil)
@@ -329,10 +331,20 @@ def shelf(pupil):
 def takes(pupil, product, units):
     if not pupil.has_focus_on(product):
         pupil.presses("Home")
-        pupil.goes_to(re.escape(product), "Down")
+        if pupil.hears(".*").group() != product:
+            pupil.goes_to(re.escape(product), "Down")
     for unit in range(1, units + 1):
         pupil.presses("Return")
         pupil.hears(rf"Cesta de la compra: \({unit}\) {re.escape(product)} {NUMBER}")
+
+
+def puts_back_what_is_not_wanted(pupil):
+    pupil.presses("Return")
+    pupil.hears(rf"Cesta de la compra: \(1\) .* {NUMBER}")
+    pupil.presses("alt+e")
+    pupil.hears("Cesta de la compra")
+    pupil.presses("Delete")
+    pupil.hears("Cesta de la compra: vacía")
 
 
 def pays(pupil):

@@ -321,8 +321,8 @@ void Form7::showBasket(std::optional<int> selectedLine)
 void Form7::showChangedBasket(std::optional<int> changedLine)
 {
     showBasket(changedLine);
-    const std::string line = task_.BasketLines()[static_cast<std::size_t>(changedLine.value_or(0))];
-    Announce(*LICesta, LICesta->accessibleName() + QStringLiteral(": ") + QString::fromStdString(line));
+    const QString line = changedLine ? LICesta->TextOf(*changedLine) : QStringLiteral("vacía");
+    Announce(*LICesta, LICesta->accessibleName() + QStringLiteral(": ") + line);
 }
 
 void Form7::showShelves(bool shown)

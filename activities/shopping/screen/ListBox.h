@@ -34,6 +34,8 @@ public:
 
     int LineCount() const { return lines_.rowCount(); }
 
+    QString TextOf(int line) const { return lines_.stringList().at(line); }
+
     // The number of a line of a sorted list, and the line with a number.
     int DataOf(int line) const { return data_.at(static_cast<std::size_t>(line)); }
     int LineOf(int wanted) const;

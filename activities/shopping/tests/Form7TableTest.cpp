@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QFontMetrics>
+#include <QCoreApplication>
 #include <QLabel>
 
 namespace numbrela {
@@ -77,6 +77,7 @@ TEST(Form7TableTest, EveryControlStandsInItsPlace)
     }
 
     Click(form, QStringLiteral("CBTienda(5)"));
+    QCoreApplication::processEvents(); // lays out what is in the shop
     const std::string purse = PurseText(form.Task().MoneyGiven);
     ExpectControls(form,
         {
