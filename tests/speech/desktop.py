@@ -6,13 +6,14 @@ import shutil
 import subprocess
 import tempfile
 
-LIMIT = 150  # seconds for everything; each process is ended after them, whatever becomes of this one
 
 
 class Desktop:
     """Nothing of the person who runs this reaches the program, and nothing of the program that person."""
 
-    def __init__(self):
+    def __init__(self, limit=150):
+        """`limit`: seconds, after which each process is ended, whatever becomes of this one."""
+        self.limit = limit
         self.folder = tempfile.mkdtemp(prefix="numbrela-speech.")
         self.started = []
 
@@ -47,7 +48,7 @@ class Desktop:
 
     def start(self, *command, **options):
         process = subprocess.Popen(
-            ["timeout", "--kill-after=5", str(LIMIT), *command],
+            ["timeout", "--kill-after=5", str(self.limit), *command],
             stdout=self.log(command[0]),
             stderr=subprocess.STDOUT,
             **options,

@@ -18,7 +18,8 @@ class Deaf(AssertionError):
 class Pupil:
     """Hears what a screen reader would speak, sentence by sentence, each but once."""
 
-    def __init__(self):
+    def __init__(self, waits_after_a_key=lambda: None):
+        self.waits_after_a_key = waits_after_a_key
         self.sentences = []
         self.heard = 0  # of the sentences, so many have been listened to
         self.expected = []  # the sentences that were listened for, as they came
@@ -71,12 +72,13 @@ class Pupil:
 
     def presses(self, *keys):
         press(*keys)
+        self.waits_after_a_key()
 
     def goes_to(self, pattern, key="Tab", most=40):
         """Presses the key until what has the focus is called so."""
         for _ in range(most):
             before = len(self.sentences)
-            press(key)
+            self.presses(key)
             self._attend_until(lambda: len(self.sentences) > before)
             said = self.sentences[-1]
             match = re.fullmatch(pattern, said, re.DOTALL)
@@ -90,7 +92,7 @@ class Pupil:
         """From left to right."""
         names = {",": "comma", ".": "period", " ": "space", "-": "minus"}
         for character in text:
-            press(names.get(character, character))
+            self.presses(names.get(character, character))
 
     def writes_from_the_right(self, text):
         self.writes(text[::-1])
