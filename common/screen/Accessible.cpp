@@ -8,6 +8,10 @@
 #include <QAccessibleWidget>
 #include <QFrame>
 #include <QLineEdit>
+#include <QTextCursor>
+#include <QTextEdit>
+
+#include <algorithm>
 
 namespace numbrela {
 
@@ -109,6 +113,87 @@ private:
     QLineEdit& box_;
 };
 
+// A text of several lines that is read but not written.
+class TextAreaAccessible : public QAccessibleWidget, public SpokenText {
+public:
+    explicit TextAreaAccessible(QTextEdit& area)
+        : QAccessibleWidget(&area, QAccessible::EditableText)
+        , area_(area)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.readOnly = true;
+        state.multiLine = true;
+        state.selectableText = true;
+        return state;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? area_.toPlainText() : QAccessibleWidget::text(kind);
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
+                                                  : QAccessibleWidget::interface_cast(type);
+    }
+
+    void selection(int selectionIndex, int* startOffset, int* endOffset) const override
+    {
+        const QTextCursor cursor = area_.textCursor();
+        const bool exists = selectionIndex == 0 && cursor.hasSelection();
+        *startOffset = exists ? cursor.selectionStart() : 0;
+        *endOffset = exists ? cursor.selectionEnd() : 0;
+    }
+    int selectionCount() const override { return area_.textCursor().hasSelection() ? 1 : 0; }
+    void addSelection(int startOffset, int endOffset) override { setSelection(0, startOffset, endOffset); }
+    void removeSelection(int /*selectionIndex*/) override { setCursorPosition(cursorPosition()); }
+    void setSelection(int /*selectionIndex*/, int startOffset, int endOffset) override
+    {
+        QTextCursor cursor = cursorAt(startOffset);
+        cursor.setPosition(bounded(endOffset), QTextCursor::KeepAnchor);
+        area_.setTextCursor(cursor);
+    }
+
+    int cursorPosition() const override { return area_.textCursor().position(); }
+    void setCursorPosition(int position) override { area_.setTextCursor(cursorAt(position)); }
+
+    QString text(int startOffset, int endOffset) const override
+    {
+        return area_.toPlainText().mid(startOffset, endOffset - startOffset);
+    }
+    int characterCount() const override { return static_cast<int>(area_.toPlainText().size()); }
+
+    QRect characterRect(int offset) const override
+    {
+        const QRect start = area_.cursorRect(cursorAt(offset));
+        const QRect end = area_.cursorRect(cursorAt(offset + 1));
+        const int width = end.top() == start.top() ? end.left() - start.left() : start.width();
+        return { area_.viewport()->mapToGlobal(start.topLeft()), QSize(width, start.height()) };
+    }
+    int offsetAtPoint(const QPoint& point) const override
+    {
+        return area_.cursorForPosition(area_.viewport()->mapFromGlobal(point)).position();
+    }
+    void scrollToSubstring(int startIndex, int /*endIndex*/) override { setCursorPosition(startIndex); }
+
+private:
+    int bounded(int offset) const { return std::clamp(offset, 0, characterCount()); }
+
+    QTextCursor cursorAt(int offset) const
+    {
+        QTextCursor cursor(area_.document());
+        cursor.setPosition(bounded(offset));
+        return cursor;
+    }
+
+    QTextEdit& area_;
+};
+
 class AnnouncerAccessible : public QAccessibleObject {
 public:
     explicit AnnouncerAccessible(Announcer& announcer)
@@ -138,6 +223,9 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
 {
     if (className == QLatin1String("QLineEdit")) {
         return new LineEditAccessible(static_cast<QLineEdit&>(*object));
+    }
+    if (className == QLatin1String("QTextEdit")) {
+        return new TextAreaAccessible(static_cast<QTextEdit&>(*object));
     }
     if (className == QLatin1String("QFrame") && object->metaObject() == &QFrame::staticMetaObject) {
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Grouping);

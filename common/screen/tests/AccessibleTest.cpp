@@ -2,6 +2,7 @@
 
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/TextArea.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Driver.h"
 
@@ -150,6 +151,9 @@ TEST_F(SpokenBoxTest, TellsThePieceThatAPlaceIsIn)
     EXPECT_EQ(ask(at, -1, word), (Found { "7", 5, 6 })) << "at the end";
 }
 
+constexpr QAccessible::TextBoundaryType boundaries[] = { QAccessible::CharBoundary, QAccessible::WordBoundary,
+    QAccessible::SentenceBoundary, QAccessible::ParagraphBoundary, QAccessible::LineBoundary, QAccessible::NoBoundary };
+
 // Qt's own text boxes loop for ever on some of these.
 TEST_F(SpokenBoxTest, AnswersEveryQuestionAboutEveryText)
 {
@@ -160,9 +164,7 @@ TEST_F(SpokenBoxTest, AnswersEveryQuestionAboutEveryText)
             box->setText(QString::fromUtf8(written));
             const int end = static_cast<int>(box->text().size());
             QAccessibleTextInterface& asked = *spoken(*box).textInterface();
-            for (const auto kind :
-                { QAccessible::CharBoundary, QAccessible::WordBoundary, QAccessible::SentenceBoundary,
-                    QAccessible::ParagraphBoundary, QAccessible::LineBoundary, QAccessible::NoBoundary }) {
+            for (const auto kind : boundaries) {
                 for (int offset = -3; offset <= end + 2; ++offset) {
                     int start = 0;
                     int stop = 0;
@@ -181,6 +183,62 @@ TEST_F(SpokenBoxTest, AnswersEveryQuestionAboutEveryText)
                 }
             }
         }
+    }
+}
+
+// Qt itself would warn of places before the text.
+class SpokenAreaTest : public ::testing::Test {
+protected:
+    SpokenAreaTest()
+    {
+        area_.resize(300, 100);
+        area_.SetText("Sume. Pulse.\n 2,45\n+1,30");
+        ShowAndActivate(area_); // and so laid out
+    }
+
+    QAccessibleTextInterface& text() { return *spoken(area_).textInterface(); }
+
+    TextArea area_;
+};
+
+TEST_F(SpokenAreaTest, IsATextOfSeveralLinesForReading)
+{
+    EXPECT_EQ(spoken(area_).role(), QAccessible::EditableText);
+    EXPECT_TRUE(spoken(area_).state().readOnly);
+    EXPECT_TRUE(spoken(area_).state().multiLine);
+    EXPECT_EQ(spoken(area_).text(QAccessible::Value).toStdString(), area_.Text());
+    EXPECT_EQ(text().text(13, 18), QStringLiteral(" 2,45"));
+    int start = 0;
+    int end = 0;
+    EXPECT_EQ(text().textAtOffset(15, QAccessible::LineBoundary, &start, &end), QStringLiteral(" 2,45"));
+    EXPECT_EQ(text().textBeforeOffset(0, QAccessible::LineBoundary, &start, &end), QString());
+}
+
+TEST_F(SpokenAreaTest, TellsAndTakesCaretAndHighlight)
+{
+    text().setCursorPosition(2);
+    EXPECT_EQ(text().cursorPosition(), 2);
+    EXPECT_EQ(text().selectionCount(), 0);
+    text().addSelection(13, 1000);
+    int start = 0;
+    int end = 0;
+    text().selection(0, &start, &end);
+    EXPECT_EQ(std::pair(start, end), std::pair(13, 24));
+    EXPECT_EQ(text().selectionCount(), 1);
+    text().removeSelection(0);
+    EXPECT_EQ(text().selectionCount(), 0);
+    text().selection(0, &start, &end);
+    EXPECT_EQ(std::pair(start, end), std::pair(0, 0));
+    text().scrollToSubstring(20, 24);
+    EXPECT_EQ(text().cursorPosition(), 20);
+}
+
+TEST_F(SpokenAreaTest, TellsWhereItsCharactersAre)
+{
+    for (int offset = 0; offset < text().characterCount(); ++offset) {
+        const QRect place = text().characterRect(offset);
+        EXPECT_GT(place.width(), 0) << offset;
+        EXPECT_EQ(text().offsetAtPoint(place.topLeft() + QPoint(1, place.height() / 2)), offset);
     }
 }
 
