@@ -1,9 +1,9 @@
 #include "common/screen/Accessible.h"
 
-#include "common/screen/Announcement.h"
 #include "common/screen/Announcer.h"
 #include "common/screen/FormWindow.h"
 #include "common/screen/SpokenText.h"
+#include "common/screen/TextBox.h"
 
 #include <QAccessibleWidget>
 #include <QFrame>
@@ -17,6 +17,8 @@ namespace numbrela {
 
 namespace {
 
+// The highlight of a box without the focus is no selection to tools: nobody can do anything with it, and a reader would
+// read it out.
 class LineEditAccessible : public QAccessibleWidget, public SpokenText, public QAccessibleEditableTextInterface {
 public:
     explicit LineEditAccessible(QLineEdit& box)
@@ -40,10 +42,14 @@ public:
         case QAccessible::Value:
             return box_.text();
         case QAccessible::Description:
-            return DescriptionOf(box_);
+            if (const auto* box = qobject_cast<const TextBox*>(&box_)) {
+                return box->Description();
+            }
+            break;
         default:
-            return QAccessibleWidget::text(kind);
+            break;
         }
+        return QAccessibleWidget::text(kind);
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override
@@ -60,11 +66,11 @@ public:
 
     void selection(int selectionIndex, int* startOffset, int* endOffset) const override
     {
-        const bool exists = selectionIndex == 0 && box_.hasSelectedText();
+        const bool exists = selectionIndex < selectionCount();
         *startOffset = exists ? box_.selectionStart() : 0;
         *endOffset = exists ? box_.selectionEnd() : 0;
     }
-    int selectionCount() const override { return box_.hasSelectedText() ? 1 : 0; }
+    int selectionCount() const override { return box_.hasFocus() && box_.hasSelectedText() ? 1 : 0; }
     void addSelection(int startOffset, int endOffset) override { setSelection(0, startOffset, endOffset); }
     void removeSelection(int /*selectionIndex*/) override { box_.deselect(); }
     void setSelection(int /*selectionIndex*/, int startOffset, int endOffset) override
@@ -145,11 +151,11 @@ public:
     void selection(int selectionIndex, int* startOffset, int* endOffset) const override
     {
         const QTextCursor cursor = area_.textCursor();
-        const bool exists = selectionIndex == 0 && cursor.hasSelection();
+        const bool exists = selectionIndex < selectionCount();
         *startOffset = exists ? cursor.selectionStart() : 0;
         *endOffset = exists ? cursor.selectionEnd() : 0;
     }
-    int selectionCount() const override { return area_.textCursor().hasSelection() ? 1 : 0; }
+    int selectionCount() const override { return area_.hasFocus() && area_.textCursor().hasSelection() ? 1 : 0; }
     void addSelection(int startOffset, int endOffset) override { setSelection(0, startOffset, endOffset); }
     void removeSelection(int /*selectionIndex*/) override { setCursorPosition(cursorPosition()); }
     void setSelection(int /*selectionIndex*/, int startOffset, int endOffset) override

@@ -4,7 +4,6 @@
 
 #include <QAccessible>
 #include <QLineEdit>
-#include <QVariant>
 
 namespace numbrela {
 
@@ -25,24 +24,9 @@ void AnnounceContents(QLineEdit& box)
 {
     if (QAccessible::isActive()) {
         const QString name = QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name);
-        Announce(box, name + QStringLiteral(": ") + box.text().trimmed());
+        const QString contents = box.text().trimmed();
+        Announce(box, name + QStringLiteral(": ") + (contents.isEmpty() ? QStringLiteral("en blanco") : contents));
     }
-}
-
-namespace {
-
-constexpr const char* description = "spokenDescription";
-
-} // namespace
-
-void Describe(QLineEdit& box, const QString& text)
-{
-    box.setProperty(description, text);
-}
-
-QString DescriptionOf(const QLineEdit& box)
-{
-    return box.property(description).toString();
 }
 
 QString InWords(QString exercise)

@@ -12,13 +12,8 @@ namespace numbrela {
 // announced until then is said in one piece. Nothing is made as long as no assistive tool listens.
 void Announce(QWidget& control, const QString& text);
 
-// Announces what is written in a box, by the name of the box: "Cociente: 21".
+// Announces what is written in a box, by the name of the box: "Cociente: 21", "Suma: en blanco".
 void AnnounceContents(QLineEdit& box);
-
-// What a reader adds to the name of a box when the box gets the focus. Qt's own description of a widget will not do where
-// it changes: Qt 6.4 reports the change in a form that readers fail on.
-void Describe(QLineEdit& box, const QString& text);
-QString DescriptionOf(const QLineEdit& box);
 
 // An exercise with its signs, each between blanks, in words: "12 × 3,5" as "12 por 3,5".
 QString InWords(QString exercise);

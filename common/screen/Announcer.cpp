@@ -9,7 +9,7 @@ namespace numbrela {
 
 namespace {
 
-// A full stop after each sentence that lacks its end.
+// Ends each sentence with a full stop if it has no end of its own.
 QString oneText(const QStringList& sentences)
 {
     QString text;

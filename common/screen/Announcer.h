@@ -6,8 +6,8 @@
 
 namespace numbrela {
 
-// What a window announces. To assistive tools it is a notification that belongs to the window, is called what was
-// announced last, and appears on the screen again each time.
+// What a window announces. To assistive tools it is a notification in the window that appears anew each time, with the
+// text as its name.
 class Announcer : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ private:
 
     QWidget& window_;
     QStringList waiting_;
-    QTimer afterTheRest_;
+    QTimer afterTheRest_; // runs out when everything else that happens now has been told
     QString said_;
 };
 

@@ -34,6 +34,11 @@ public:
     // Colours the box as a read-only one, for a box whose form redirects what is typed into it to another box.
     void LookReadOnly();
 
+    // What a screen reader adds to the name of the box when the box gets the focus. Qt's own description of a widget
+    // will not do where it changes: Qt 6.4 reports the change in a form that readers fail on.
+    void Describe(const QString& description) { description_ = description; }
+    const QString& Description() const { return description_; }
+
     // The most characters that can be typed into the box.
     void SetMaximumTypedLength(int characters);
 
@@ -73,6 +78,7 @@ private:
     bool fits(const QFont& font) const;
 
     BoxColours colours_ { *this };
+    QString description_;
     int maximumTypedLength_;
     int leastColumns_ = 0;
     bool staysWhole_ = false;

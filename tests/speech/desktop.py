@@ -56,8 +56,12 @@ class Desktop:
         self.started.append(process)
         return process
 
-    def log(self, command):
-        return open(os.path.join(self.folder, os.path.basename(command) + ".log"), "a", encoding="utf-8")
+    def log(self, command, mode="a"):
+        return open(os.path.join(self.folder, os.path.basename(command) + ".log"), mode, encoding="utf-8")
+
+    def log_of(self, command):
+        with self.log(command, "r") as log:
+            return log.read()
 
     def logs(self):
         texts = []

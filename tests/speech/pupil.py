@@ -16,15 +16,17 @@ class Deaf(AssertionError):
 
 
 class Pupil:
-    """Hears what a screen reader would speak, sentence by sentence, each but once."""
+    """Hears what a screen reader would speak, sentence by sentence, each but once. What is announced must be expected."""
 
     def __init__(self, waits_after_a_key=lambda: None):
         self.waits_after_a_key = waits_after_a_key
         self.sentences = []
+        self.announced = set()  # which of them were announcements
         self.heard = 0  # of the sentences, so many have been listened to
         self.expected = []  # the sentences that were listened for, as they came
         self.focus = None
         self.written = []  # what came into the text that has the focus
+        self.caret = None  # the offset in that text
         self._listen("window:activate", self._on_window)
         self._listen("object:state-changed:focused", self._on_focus)
         self._listen("object:state-changed:showing", self._on_showing)
@@ -35,18 +37,28 @@ class Pupil:
     # ------------------------------------------------------------------------------------------------ what is heard
 
     def hears(self, pattern):
-        """Waits for a sentence that matches as a whole; what was said before it is forgotten."""
+        """Waits for a sentence that matches as a whole. What was said before it is forgotten, but for announcements."""
         deadline = time.monotonic() + PATIENCE
         while True:
             for place in range(self.heard, len(self.sentences)):
                 match = re.fullmatch(pattern, self.sentences[place], re.DOTALL)
                 if match:
-                    self.heard = place + 1
-                    self.expected.append(self.sentences[place])
+                    self._has_heard(place)
                     return match
             if time.monotonic() > deadline:
                 raise Deaf(f"waited in vain for {pattern!r}; heard: {self.sentences}")
             self._attend()
+
+    def _has_heard(self, place):
+        surprises = [one for one in range(self.heard, place) if one in self.announced]
+        if surprises:
+            raise Deaf(f"{self.sentences[surprises[0]]!r} was announced, and nobody expected it: {self.sentences}")
+        self.expected.append(self.sentences[place])
+        self.heard = place + 1
+
+    def finds_the_caret(self, offset):
+        """Waits until the reader knows that the caret is there."""
+        self._attend_until(lambda: self.caret == offset)
 
     def notices(self, inserted):
         """Waits until this has been written where the focus is."""
@@ -80,11 +92,9 @@ class Pupil:
             before = len(self.sentences)
             self.presses(key)
             self._attend_until(lambda: len(self.sentences) > before)
-            said = self.sentences[-1]
-            match = re.fullmatch(pattern, said, re.DOTALL)
+            match = re.fullmatch(pattern, self.sentences[-1], re.DOTALL)
             if match:
-                self.heard = len(self.sentences)
-                self.expected.append(said)
+                self._has_heard(len(self.sentences) - 1)
                 return match
         raise Deaf(f"{pattern!r} was not found by {key}; heard: {self.sentences}")
 
@@ -135,6 +145,7 @@ class Pupil:
 
     def _on_showing(self, event):
         if event.detail1 == 1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+            self.announced.add(len(self.sentences))
             self._say(event.source.name)
 
     def _on_insertion(self, event):
@@ -146,6 +157,7 @@ class Pupil:
         moves before its box gets the focus keeps the reader from saying that it has got it."""
         if event.source.getState().contains(pyatspi.STATE_FOCUSED):
             self.focus = event.source
+            self.caret = event.detail1
         event.source.queryText().getTextAtOffset(event.detail1, pyatspi.TEXT_BOUNDARY_WORD_START)
 
     def _on_descendant(self, event):

@@ -63,7 +63,8 @@ def column(pupil, button, title, result, sign, operation):
         pupil.writes_from_the_right("1" + right)
         pupil.presses("Return")
         pupil.hears("resultado incorrecto")
-    pupil.presses("ctrl+a", "BackSpace")
+    pupil.presses("alt+b")
+    pupil.hears(f"{result}: en blanco")
     pupil.writes_from_the_right(right)
     pupil.presses("ctrl+Left", "ctrl+Right", "Return")
     pupil.hears("Continuar")
@@ -84,7 +85,7 @@ def column(pupil, button, title, result, sign, operation):
 def multiplication(pupil):
     opens(pupil, "Multiplicaciones", "Multiplicaciones")
     pupil.hears(r"Producto parcial 1 \| unidades")
-    exercise = rf"(?:unidades\. )?({NUMBER}) por ({NUMBER})"
+    exercise = f"({NUMBER}) por ({NUMBER})"
     factor1, factor2 = map(value, pupil.hears(exercise).groups())
     digits1 = int(re.sub(r"\D", "", spanish(factor1)))
     for row, digit in enumerate(reversed(re.sub(r"\D", "", spanish(factor2)))):
@@ -121,7 +122,8 @@ def multiplication(pupil):
 
 def division(pupil):
     opens(pupil, "Divisiones", "DIVISIONES")
-    exercise = f"(?:fila.*: en blanco. )?({NUMBER}) entre ({NUMBER})"
+    exercise = rf"(?:fila.*: en blanco\. )?({NUMBER}) entre ({NUMBER})"
+    quotient_box = rf"Cociente \| (?:({NUMBER}) \| )?{NUMBER} entre {NUMBER}"
     paper = r"Dividendo y operaciones \| (.*) \| fila (\d+), columna (\d+): (.+)"
     pupil.hears(paper)
 
@@ -134,20 +136,22 @@ def division(pupil):
     quotient, remainder, dividend = solution()
     pupil.presses("Up")
     pupil.hears(f"fila 1, columna 2: {dividend[0]}")
+    pupil.finds_the_caret(1)
     pupil.presses("Down")
     pupil.hears("fila 2, columna 2: en blanco")
-    pupil.writes(remainder)
-    pupil.hears(r"fila 2, columna \d+: en blanco")
+    for digit in remainder:
+        pupil.writes(digit)
+        pupil.hears(rf"escrito {digit}\. fila 2, columna \d+: en blanco")
     pupil.notices(remainder[-1])
     pupil.presses("Left")
     pupil.hears(rf"fila 2, columna \d+: {remainder[-1]}")
-    pupil.goes_to("Cociente")
+    pupil.goes_to(quotient_box)
     pupil.writes("9" + quotient)
     for _ in range(2):
         pupil.goes_to("Hecho")
         pupil.presses("space")
         pupil.hears("Resultado incorrecto")
-        pupil.goes_to(r"Cociente \| .*", "shift+Tab")
+        pupil.goes_to(quotient_box, "shift+Tab")
     pupil.presses("ctrl+a", "BackSpace")
     pupil.writes(quotient)
     pupil.goes_to("Hecho")
@@ -163,7 +167,8 @@ def division(pupil):
     quotient, remainder, dividend = solution()
     pupil.goes_to("Ver solucióm")
     pupil.presses("space")
-    assert value(pupil.hears(f"Cociente: ({NUMBER})").group(1)) == value(quotient)
+    solved = pupil.hears(rf"Cociente: ({NUMBER})\. Operaciones: \d+ filas")
+    assert value(solved.group(1)) == value(quotient)
     worked = pupil.goes_to(paper, "shift+Tab").group(1).split("\n")
     assert worked[0].strip() == dividend, worked
     assert worked[-1].replace(" ", "").lstrip("0") == remainder.lstrip("0"), worked
@@ -194,7 +199,7 @@ def comparison(pupil):
 def powers_of_ten(pupil):
     opens(pupil, "10, 100, 1000", "multiplicar y dividir por 10, 100, 1000")
     exercise = f"({NUMBER}) (por|entre) (10+)"
-    pupil.hears("Resultado")
+    pupil.hears(rf"Resultado \| {exercise}")
 
     def solution():
         number, sign, power = pupil.hears(exercise).groups()
@@ -243,9 +248,11 @@ def place_and_add(pupil):
         pupil.writes(spanish(digits).rjust(4))
         pupil.presses("alt+h")  # which leaves the focus where it is
         pupil.hears("Resultado correcto" if digits == sum(addends) else "Resultado incorrecto")
-    pupil.goes_to("Ver solución")
-    pupil.presses("space")
-    assert value(pupil.hears(rf"Suma \| *({NUMBER}) *").group(1)) == sum(addends)
+    pupil.presses("alt+v")
+    assert value(pupil.hears(rf"Suma: ({NUMBER})").group(1)) == sum(addends)
+    pupil.presses("alt+b")
+    pupil.hears(empty_box)
+    pupil.hears("Sumando 1: en blanco")
     leaves(pupil, "Coloca y suma")
 
 
@@ -336,6 +343,7 @@ def takes(pupil, product, units):
     for unit in range(1, units + 1):
         pupil.presses("Return")
         pupil.hears(rf"Cesta de la compra: \({unit}\) {re.escape(product)} {NUMBER}")
+        assert pupil.has_focus_on(product)  # and not in the basket
 
 
 def puts_back_what_is_not_wanted(pupil):

@@ -174,7 +174,7 @@ void ColumnForm::showNewExercise(const OperandTexts& texts)
     Text4->SetText("");
     const QString exercise
         = InWords(Text2[0]->text().trimmed() + u' ' + Label1->text() + u' ' + Text2[1]->text().trimmed());
-    Describe(*Text3, exercise); // because the Tab key skips the operands
+    Text3->Describe(exercise); // because the Tab key skips the operands
     Announce(*Text3, exercise);
 }
 
@@ -202,6 +202,7 @@ void ColumnForm::Command2_Click(int index)
     case 1:
         Text3->setFocus();
         Text3->SetText("");
+        AnnounceContents(*Text3);
         break;
     case 2:
         Text3->SetText(exercise_.ShowSolution());

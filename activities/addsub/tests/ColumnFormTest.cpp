@@ -1,7 +1,6 @@
 #include "activities/addsub/screen/ColumnForm.h"
 
 #include "common/core/NumberText.h"
-#include "common/screen/Announcement.h"
 #include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
@@ -241,9 +240,8 @@ TEST_P(ColumnFormTest, DrawsFromTheTimeAtWhichItWasOpened)
 TEST_P(ColumnFormTest, SpeaksTheExerciseWhereItsAnswerIsWritten)
 {
     const std::string sign = IsAddition() ? " más " : " menos ";
-    const auto expectSpoken = [this](const std::string& exercise) {
-        EXPECT_EQ(DescriptionOf(*Form().Text3).toStdString(), exercise);
-    };
+    const auto expectSpoken
+        = [this](const std::string& exercise) { EXPECT_EQ(Form().Text3->Description().toStdString(), exercise); };
     expectSpoken(ShownOperands().first + sign + ShownOperands().second);
     ClickOn(continuar);
     expectSpoken(ShownOperands().first + sign + ShownOperands().second);

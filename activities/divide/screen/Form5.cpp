@@ -161,7 +161,9 @@ void Form5::GenerateDivision()
 void Form5::showStatement()
 {
     Text4->SetText(exercise_.Statement());
-    Announce(*Text4, InWords(Text4->toPlainText()));
+    const QString exercise = InWords(Text4->toPlainText());
+    Text3->Describe(exercise); // because visiting the quotient takes the statement away
+    Announce(*Text4, exercise);
 }
 
 // The grid ends just left of the bar, however wide it is.
@@ -200,6 +202,7 @@ void Form5::Command2_Click(int index)
         exercise_.ClearWorking();
         Text1->ShowGrid();
         Text1->setFocus();
+        AnnounceContents(*Text3);
         break;
     case 2:
         showErrorsAsMessages([this] { showSolution(); });
@@ -215,6 +218,7 @@ void Form5::showSolution()
     Text4->SetText("");
     Text1->ShowGrid();
     AnnounceContents(*Text3);
+    Announce(*Text1, QStringLiteral("Operaciones: %1 filas").arg(exercise_.Grid.WrittenRows() - 1));
     Buttons.Command2[0]->setFocus();
 }
 
@@ -287,6 +291,7 @@ void Form5::MnuOpcSal_Click()
 void Form5::Form_KeyDown()
 {
     Text4->SetText(std::to_string(exercise_.Grid.Caret) + " / " + std::to_string(exercise_.Grid.LineWidth));
+    Announce(*Text4, Text4->toPlainText());
 }
 
 KeyAnswer Form5::Text1_KeyDown(int keyCode)

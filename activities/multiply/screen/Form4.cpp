@@ -48,18 +48,13 @@ constexpr TwipsRect sidePlace(int top, int width)
     return { sideLeft + (sideWidth - width) / 2, top, width, buttonHeight };
 }
 
-// A row is written from right to left: how many digits stand behind the caret says which place is written next.
-void tellPlace(TextBox& row)
+// A row is written from right to left: how many digits, or the blanks that stand for them, are behind the caret says
+// which place is written next.
+void describePlace(TextBox& row)
 {
-    const auto behind = row.text().size() - row.CaretPosition();
-    const QString place = QString::fromStdString(PlaceName(static_cast<int>(behind)));
-    if (place == DescriptionOf(row)) {
-        return;
-    }
-    Describe(row, place);
-    if (row.hasFocus()) {
-        Announce(row, place);
-    }
+    const QString behind = row.text().mid(row.CaretPosition());
+    const auto digits = behind.size() - behind.count(u',') - behind.count(u'.');
+    row.Describe(QString::fromStdString(PlaceName(static_cast<int>(digits))));
 }
 
 } // namespace
@@ -175,10 +170,14 @@ void Form4::loadRow()
         = addColumnBox(QStringLiteral("TbParcial(%1)").arg(index), QStringLiteral("Producto parcial %1").arg(index + 1),
             { columnLeft, firstRowTop + rowHeight * index, columnWidth, rowHeight });
     connect(row, &TextBox::textEdited, this, [this, index] { TbParcial_Change(index); });
-    connect(row, &QLineEdit::cursorPositionChanged, this, [row] { tellPlace(*row); });
-    connect(row, &QLineEdit::textChanged, this, [row] { tellPlace(*row); });
-    tellPlace(*row);
-    HandleKeys(*row, { .KeyUp = [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); } });
+    connect(row, &QLineEdit::cursorPositionChanged, this, [row] { describePlace(*row); });
+    connect(row, &QLineEdit::textChanged, this, [row] { describePlace(*row); });
+    describePlace(*row);
+    HandleKeys(*row,
+        {
+            .KeyDown = [this, index](const Key& /*key*/) { return TbParcial_KeyDown(index); },
+            .KeyUp = [this, index](int keyCode) { TbParcial_KeyUp(index, keyCode); },
+        });
     row->show();
     TbParcial.push_back(row);
 }
@@ -303,6 +302,7 @@ void Form4::clearAnswer()
         row->SetText("");
     }
     TbResultado->SetText("");
+    AnnounceContents(*TbParcial[0]);
 }
 
 void Form4::showSolution()
@@ -410,10 +410,22 @@ void Form4::TbParcial_Change(int index)
     }
 }
 
+KeyAnswer Form4::TbParcial_KeyDown(int index)
+{
+    pressedIn_ = index;
+    placeAtPress_ = TbParcial[static_cast<std::size_t>(index)]->Description();
+    return KeyAnswer::GoesOn();
+}
+
+// A key that has moved the caret to another place is followed by the name of that place.
 void Form4::TbParcial_KeyUp(int index, int keyCode)
 {
+    TextBox& row = *TbParcial[static_cast<std::size_t>(index)];
     if (keyCode == KeyCode::Space || keyCode >= KeyCode::Digit0) {
-        TbParcial[static_cast<std::size_t>(index)]->StepCaretLeft();
+        row.StepCaretLeft();
+    }
+    if (index == pressedIn_ && row.Description() != placeAtPress_) {
+        Announce(row, row.Description());
     }
 }
 

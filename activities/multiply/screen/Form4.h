@@ -42,6 +42,7 @@ public:
     void MnuOpcSal_Click();
     KeyAnswer TbFactor_KeyPress(int index);
     void TbParcial_Change(int index);
+    KeyAnswer TbParcial_KeyDown(int index);
     void TbParcial_KeyUp(int index, int keyCode);
     KeyAnswer TbResultado_KeyDown(int keyCode);
     void TbResultado_KeyUp(int keyCode);
@@ -87,6 +88,8 @@ private:
     SeededRandom random_;
     Multiplication exercise_;
     std::unique_ptr<Dialog>& tables_;
+    int pressedIn_ = -1; // the row in which a key went down last, and the place that was to be written there
+    QString placeAtPress_;
 };
 
 } // namespace numbrela

@@ -2,7 +2,6 @@
 
 #include "activities/multiply/screen/Dialog.h"
 #include "common/core/NumberText.h"
-#include "common/screen/Announcement.h"
 #include "common/screen/OptionMenu.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
@@ -178,13 +177,13 @@ TEST_F(Form4Test, ARowTellsWhichPlaceIsWrittenNext)
 {
     TextBox& row = *form_.TbParcial[0];
     row.setFocus();
-    EXPECT_EQ(DescriptionOf(row), QStringLiteral("unidades"));
+    EXPECT_EQ(row.Description(), QStringLiteral("unidades"));
     TypeResult(QStringLiteral("123"));
-    EXPECT_EQ(DescriptionOf(row), QStringLiteral("unidades de millar"));
+    EXPECT_EQ(row.Description(), QStringLiteral("unidades de millar"));
     Press(Qt::Key_Right);
-    EXPECT_EQ(DescriptionOf(row), QStringLiteral("centenas"));
+    EXPECT_EQ(row.Description(), QStringLiteral("centenas"));
     click("Command2(1)");
-    EXPECT_EQ(DescriptionOf(row), QStringLiteral("unidades")) << "of an empty row";
+    EXPECT_EQ(row.Description(), QStringLiteral("unidades")) << "of an empty row";
 }
 
 TEST_F(Form4Test, TheOnlyRowOfAOneDigitFactorIsTheResultAndNoOtherRowIs)

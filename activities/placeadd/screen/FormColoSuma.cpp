@@ -271,6 +271,7 @@ void FormColoSuma::Command2_Click(int index)
             write(*box, blanks(addendLength));
         }
         write(*TbResultado, blanks(addendLength)); // one blank more than in a new exercise
+        AnnounceContents(*TbSumando[0]);
         break;
     case 2:
         showSolution();
@@ -291,6 +292,7 @@ void FormColoSuma::showSolution()
             write(*TbSumando[index], solution.Addends[index]);
         }
         write(*TbResultado, solution.Sum);
+        AnnounceContents(*TbResultado);
     } catch (const RunTimeError& error) {
         ShowMessage(this, error.what());
     }

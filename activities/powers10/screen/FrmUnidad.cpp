@@ -118,7 +118,9 @@ void FrmUnidad::showNewExercise()
     for (TextBox* box : TBDatos) {
         box->SelectWholeText();
     }
-    Announce(*TBRespuesta, InWords(TBDatos[0]->text() + TBDatos[1]->text() + TBDatos[2]->text()));
+    const QString exercise = InWords(TBDatos[0]->text() + TBDatos[1]->text() + TBDatos[2]->text());
+    TBRespuesta->Describe(exercise);
+    Announce(*TBRespuesta, exercise);
 }
 
 void FrmUnidad::Command1_Click()
@@ -143,6 +145,7 @@ void FrmUnidad::Command2_Click(int index)
     case 1:
         TBRespuesta->setFocus();
         TBRespuesta->SetText("");
+        AnnounceContents(*TBRespuesta);
         break;
     case 2:
         TBRespuesta->SetText(exercise_.Solution());

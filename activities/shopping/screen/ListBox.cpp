@@ -82,11 +82,13 @@ void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& prev
 void ListBox::focusInEvent(QFocusEvent* event)
 {
     QListView::focusInEvent(event);
-    QTimer::singleShot(0, this, &ListBox::tellSelectedLine); // after Qt has told of the list
+    if (QAccessible::isActive()) {
+        QTimer::singleShot(0, this, &ListBox::tellSelectedLine); // after Qt has told of the list
+    }
 }
 
-// Qt tells of a line when it becomes the current one, but not when the list gets the focus, nor when the current line is
-// selected.
+// Qt tells of a line when it becomes the current one, but not when the list gets the focus, nor when the current line
+// is selected.
 void ListBox::tellSelectedLine()
 {
     const std::optional<int> line = SelectedLine();

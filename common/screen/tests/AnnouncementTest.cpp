@@ -84,7 +84,8 @@ TEST_F(AnnouncerTest, IsANotificationOfItsWindow)
 TEST(AnnouncementTest, MakesNothingWhileNobodyListens)
 {
     FormWindow form { QStringLiteral("Form"), QStringLiteral("SUMAS"), { 6000, 3000 }, {} };
-    TextBox& box = *AddReadOnlyBox(form.Area(), QStringLiteral("Box"), QStringLiteral("Suma"), { 300, 300, 3000, 500 }, {});
+    TextBox& box
+        = *AddReadOnlyBox(form.Area(), QStringLiteral("Box"), QStringLiteral("Suma"), { 300, 300, 3000, 500 }, {});
     ShowAndActivate(form);
     box.ShowVerdict({ true, "CORRECTO" });
     AnnounceContents(box);
