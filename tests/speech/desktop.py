@@ -48,7 +48,7 @@ class Desktop:
 
     def start(self, *command, **options):
         process = subprocess.Popen(
-            ["timeout", "--kill-after=5", str(self.limit), *command],
+            ["timeout", "--kill-after=20", str(self.limit), *command],
             stdout=self.log(command[0]),
             stderr=subprocess.STDOUT,
             **options,
