@@ -4,11 +4,13 @@
 #include "common/core/RunTimeError.h"
 
 #include "tests/fuzz/FuzzInput.h"
+#include "tests/fuzz/TypedNumber.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -280,7 +282,7 @@ private:
         }
         const Verdict& verdict = *judged;
         exercise_.Score.Count(verdict.Right);
-        const long double product = static_cast<long double>(quotientValue(quotient)) * exercise_.Divisor;
+        const long double product = static_cast<long double>(FirstCommaNumberAtTheStart(quotient)) * exercise_.Divisor;
         const long double remainder = lastRemainder();
         const long double tolerance = powl(10, -(scale() + 1));
         const long double difference = fabsl(exercise_.Dividend - (product + remainder));
@@ -294,14 +296,6 @@ private:
         EXPECT_EQ(exercise_.Score.ExerciseCount, before.ExerciseCount + (before.Scorable ? 1 : 0));
         EXPECT_EQ(exercise_.Score.ErrorCount, before.ErrorCount + (before.Scorable && !verdict.Right ? 1 : 0));
         EXPECT_EQ(exercise_.Score.Scorable, before.Scorable && !verdict.Right);
-    }
-
-    static double quotientValue(std::string quotient)
-    {
-        if (const std::size_t comma = quotient.find(','); comma != std::string::npos) {
-            quotient[comma] = '.';
-        }
-        return NumberAtTheStart(quotient);
     }
 
     // What is divided: what stands behind the first cell of the dividend's row, as far as two cells before its end, and
@@ -327,28 +321,24 @@ private:
             return;
         }
         const auto divisor = static_cast<Whole>(exercise_.Divisor);
-        Whole dividend = 0;
-        bool fits = divisor <= INT32_MAX;
-        for (const char cell : cells) {
-            const int digit = cell >= '0' && cell <= '9' ? cell - '0' : 0;
-            fits = fits && dividend % divisor * 10 + digit <= INT32_MAX;
-            dividend = dividend * 10 + digit;
-        }
+        std::string digits = cells;
+        std::replace_if(
+            digits.begin(), digits.end(), [](char cell) { return cell < '0' || cell > '9'; }, '0');
+        const LongDivision paper(digits, divisor);
         const std::u16string before = grid().Text;
         std::string quotient;
         const auto kind = KindThrownBy([&] { quotient = exercise_.ShowDivisionSolution(); });
-        if (!fits) {
+        if (!paper.FitsIn32Bits) {
             EXPECT_EQ(kind, RunTimeError::Kind::Overflow);
             EXPECT_TRUE(stands(before));
             return;
         }
         EXPECT_EQ(kind, std::nullopt);
-        EXPECT_EQ(quotient, CommaText(dividend / divisor, scale())) << cells << " / " << DigitsOf(divisor);
+        EXPECT_EQ(quotient, CommaText(paper.Quotient, scale())) << cells << " / " << DigitsOf(divisor);
         EXPECT_FALSE(exercise_.Score.Scorable);
         // A blank is brought down as a zero, yet written as a blank; what stood left of the working stays there.
-        const bool allAreDigits = cells.find_first_not_of("0123456789") == std::string::npos;
-        if (drawn_ && blank_ && allAreDigits && dividend >= divisor) {
-            EXPECT_EQ(rowValue(grid().WrittenRows() - 1), static_cast<double>(dividend % divisor));
+        if (drawn_ && blank_ && cells == digits && paper.Quotient > 0) {
+            EXPECT_EQ(rowValue(grid().WrittenRows() - 1), static_cast<double>(paper.Remainder));
         }
         blank_ = false;
     }

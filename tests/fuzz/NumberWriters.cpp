@@ -42,11 +42,6 @@ void checkLooks(const std::string& text, int mostSignificant)
     EXPECT_LE(static_cast<int>(significant.size()), mostSignificant) << text;
 }
 
-double readBack(const std::string& plain)
-{
-    return NumberAtTheStart(Replaced(plain, ',', '.'));
-}
-
 void checkPlainText(double value)
 {
     const std::string plain = PlainDecimalText(value);
@@ -55,7 +50,7 @@ void checkPlainText(double value)
 
     // Rounding up may lead beyond the greatest double; otherwise what is written from what was read is the same.
     const double read = ParseDisplayNumber(plain);
-    EXPECT_EQ(read, readBack(plain));
+    EXPECT_EQ(read, CommaNumberAtTheStart(plain));
     if (std::isfinite(read)) {
         EXPECT_EQ(PlainDecimalText(read), plain);
         EXPECT_LE(std::fabs(read - value), std::fabs(value) * 0.6e-14 + DBL_TRUE_MIN);
@@ -183,7 +178,7 @@ void checkDecimal(std::int64_t units, int decimals)
 {
     constexpr std::int64_t tooLong = 1'000'000'000'000'000;
     units %= tooLong;
-    const auto value = static_cast<double>(units) / static_cast<double>(PowerOfTenOnPaper(decimals));
+    const auto value = ValueOf(units, decimals);
     const std::string plain = PlainDecimalText(value);
     EXPECT_EQ(plain, WithoutLastZeros(CommaText(units, decimals)));
     EXPECT_EQ(ParseDisplayNumber(plain), value);

@@ -7,8 +7,18 @@
 #include <string>
 #include <string_view>
 
-// Numbers as people type them into boxes that take the whole text or refuse it.
+// Numbers as people type them: into boxes that read them as far as they make sense, and into boxes that take the whole
+// text or refuse it.
 namespace numbrela::testing {
+
+// The number that a text begins with, of which only the first comma is a decimal one.
+inline double FirstCommaNumberAtTheStart(std::string text)
+{
+    if (const std::size_t comma = text.find(','); comma != std::string::npos) {
+        text[comma] = '.';
+    }
+    return NumberAtTheStart(text);
+}
 
 // Whether a whole text is a number as people type it, told by a table of states, one character after the other.
 class TypedNumberAutomaton {
@@ -81,7 +91,7 @@ inline std::optional<double> TypedNumberOnPaper(const std::string& text)
     if (!TypedNumberAutomaton().Accepts(trimmed)) {
         return std::nullopt;
     }
-    return NumberAtTheStart(Replaced(Without(trimmed, "."), ',', '.'));
+    return CommaNumberAtTheStart(Without(trimmed, "."));
 }
 
 // The same as a price is kept, which is nothing when it is too large.

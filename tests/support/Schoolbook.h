@@ -4,10 +4,13 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 // Numbers and their texts as they are worked out on paper, for tests to compare the program with. Nothing here asks the
 // program; numbers are converted by the C library, so a process that uses this keeps the locale "C".
@@ -23,6 +26,17 @@ inline Whole PowerOfTenOnPaper(int exponent)
         power *= 10;
     }
     return power;
+}
+
+// A number of so many decimals in units of its last one, and the double that is written like so many units.
+inline Whole UnitsOf(double value, int decimals)
+{
+    return static_cast<Whole>(std::llround(value * static_cast<double>(PowerOfTenOnPaper(decimals))));
+}
+
+inline double ValueOf(Whole units, int decimals)
+{
+    return static_cast<double>(units) / static_cast<double>(PowerOfTenOnPaper(decimals));
 }
 
 inline std::string DigitsOf(Whole number)
@@ -157,5 +171,70 @@ inline double NumberAtTheStart(std::string_view text)
     const std::size_t end = std::min(solid.find_first_not_of("+-0123456789.eE"), solid.size());
     return std::strtod(solid.substr(0, end).c_str(), nullptr);
 }
+
+// The same of a text with a decimal comma.
+inline double CommaNumberAtTheStart(std::string text)
+{
+    return NumberAtTheStart(Replaced(std::move(text), ',', '.'));
+}
+
+// The product of two whole numbers of any length, written with as many digits as both have: "12" and "5" make "060".
+inline std::string ProductOfDigits(std::string_view digits1, std::string_view digits2)
+{
+    std::string product(digits1.size() + digits2.size(), '0');
+    for (std::size_t i = digits1.size(); i-- > 0;) {
+        int carried = 0;
+        for (std::size_t j = digits2.size(); j-- > 0;) {
+            const int sum = (digits1[i] - '0') * (digits2[j] - '0') + (product[i + j + 1] - '0') + carried;
+            product[i + j + 1] = static_cast<char>('0' + sum % 10);
+            carried = sum / 10;
+        }
+        product[i] = static_cast<char>('0' + carried);
+    }
+    return product;
+}
+
+// "007" as "7", "000" as "0".
+inline std::string WithoutFirstZeros(const std::string& digits)
+{
+    return digits.substr(std::min(digits.find_first_not_of('0'), digits.size() - 1));
+}
+
+// The partial products of a written multiplication from the top, each of one digit of the second factor from its last
+// to its first, and a place further to the left than the one above. With hidden zeros a row is left out when a "0"
+// stands so far from the end of the factor with its comma; the comma counts as one. A sign counts as a zero.
+inline std::vector<std::string> PartialProducts(const std::string& factor1, const std::string& factor2, bool hideZeros)
+{
+    const std::string digits1 = Without(factor1, ",-");
+    const std::string digits2 = Replaced(Without(factor2, ","), '-', '0');
+    std::vector<std::string> rows;
+    for (std::size_t place = 0; place < digits2.size(); ++place) {
+        const char looked = factor2[factor2.size() - 1 - place];
+        if (!hideZeros || (looked >= '1' && looked <= '9')) {
+            const std::string row
+                = WithoutFirstZeros(ProductOfDigits(digits1, digits2.substr(digits2.size() - 1 - place, 1)));
+            rows.push_back((factor1.front() == '-' && row != "0" ? "-" : "") + row + std::string(place, ' '));
+        }
+    }
+    return rows;
+}
+
+// A whole number divided digit by digit, each being brought down behind the remainder so far.
+struct LongDivision {
+    LongDivision(std::string_view dividend, Whole divisor)
+        : FitsIn32Bits(divisor <= INT32_MAX)
+    {
+        for (const char digit : dividend) {
+            const Whole broughtDown = Remainder * 10 + (digit - '0');
+            FitsIn32Bits = FitsIn32Bits && broughtDown <= INT32_MAX;
+            Quotient = Quotient * 10 + broughtDown / divisor;
+            Remainder = broughtDown % divisor;
+        }
+    }
+
+    bool FitsIn32Bits; // the remainders on the way, with the next digit behind them
+    Whole Quotient = 0;
+    Whole Remainder = 0;
+};
 
 } // namespace numbrela::testing
