@@ -47,7 +47,7 @@ public:
     {
         generate();
         while (!input_.AtEnd()) {
-            act(input_.TakeByte());
+            act(static_cast<char>(input_.TakeByte()));
             EXPECT_TRUE(grid().Caret >= 0 && grid().Caret <= end());
             EXPECT_TRUE(grid().LineWidth > cellsBesideDigits && grid().LineWidth <= mostDigits + cellsBesideDigits);
         }
@@ -66,82 +66,79 @@ private:
 
     bool isCommaCell(int cell) { return grid().CommaColumn > -1 && cell % grid().LineWidth == grid().CommaColumn; }
 
-    void act(unsigned byte)
+    void act(char byte)
     {
-        switch (byte) {
-        case 'O':
-            exercise_.DividendDigits = input_.TakeChoice(DivisionExercise::DividendDigitChoices);
-            exercise_.DividendDecimals = input_.TakeChoice(DivisionExercise::DividendDecimalChoices);
-            exercise_.DivisorDigits = input_.TakeChoice(DivisionExercise::DivisorDigitChoices);
-            exercise_.QuotientDecimals = input_.TakeChoice(DivisionExercise::QuotientDecimalChoices);
-            exercise_.ShowSubtractions = input_.TakeIndex(2) == 1;
-            generate();
-            break;
-        case 'N':
-            generate();
-            break;
-        case 'D':
-            enterDividend(input_.TakeLine());
-            break;
-        case 'V':
-            enterDivisor(input_.TakeLine());
-            break;
-        case 'H':
-            check(input_.TakeLine());
-            break;
-        case 'S':
-            solve();
-            break;
-        case 'C':
-            exercise_.ClearWorking();
-            checkCleanSheet();
-            break;
-        default:
-            moveOrType(byte);
+        static constexpr std::array<Act<DivisionRun>, 12> acts { {
+            { 'O', [](auto& run) { run.chooseOptions(); } },
+            { 'N', [](auto& run) { run.generate(); } },
+            { 'D', [](auto& run) { run.enterDividend(run.input_.TakeLine()); } },
+            { 'V', [](auto& run) { run.enterDivisor(run.input_.TakeLine()); } },
+            { 'H', [](auto& run) { run.check(run.input_.TakeLine()); } },
+            { 'S', [](auto& run) { run.solve(); } },
+            { 'C', [](auto& run) { run.clear(); } },
+            { '<', [](auto& run) { run.stepLeft(); } },
+            { '>', [](auto& run) { run.stepRight(); } },
+            { '^', [](auto& run) { run.moveByRow(-1); } },
+            { '_', [](auto& run) { run.moveByRow(1); } },
+            { '@', [](auto& run) { run.moveToCell(); } },
+        } };
+        if (!Do(acts, byte, *this)) {
+            type(static_cast<unsigned char>(byte));
         }
     }
 
-    void moveOrType(unsigned byte)
+    void chooseOptions()
+    {
+        exercise_.DividendDigits = input_.TakeChoice(DivisionExercise::DividendDigitChoices);
+        exercise_.DividendDecimals = input_.TakeChoice(DivisionExercise::DividendDecimalChoices);
+        exercise_.DivisorDigits = input_.TakeChoice(DivisionExercise::DivisorDigitChoices);
+        exercise_.QuotientDecimals = input_.TakeChoice(DivisionExercise::QuotientDecimalChoices);
+        exercise_.ShowSubtractions = input_.TakeIndex(2) == 1;
+        generate();
+    }
+
+    void clear()
+    {
+        exercise_.ClearWorking();
+        checkCleanSheet();
+    }
+
+    void stepLeft()
     {
         const int before = grid().Caret;
-        switch (byte) {
-        case '<':
-            grid().StepLeft();
-            EXPECT_EQ(grid().Caret, std::max(before - (isCommaCell(std::max(before - 1, 0)) ? 2 : 1), 0));
-            break;
-        case '>':
-            grid().StepRight();
-            EXPECT_EQ(grid().Caret, steppedRight(before));
-            break;
-        case '^':
-        case '_':
-            grid().MoveCaretByRows(byte == '^' ? -1 : 1);
-            EXPECT_EQ(grid().Caret, movedByRow(before, byte == '^' ? -1 : 1));
-            break;
-        case '@': {
-            const int row = input_.TakeIndex(256);
-            const int cell = row * grid().LineWidth + input_.TakeIndex(256);
-            grid().MoveCaretTo(cell);
-            EXPECT_EQ(grid().Caret, std::min(cell, end()));
-            break;
-        }
-        default:
-            type(static_cast<char16_t>(byte));
-        }
+        grid().StepLeft();
+        EXPECT_EQ(grid().Caret, std::max(before - (isCommaCell(std::max(before - 1, 0)) ? 2 : 1), 0));
+    }
+
+    void stepRight()
+    {
+        const int expected = steppedRight(grid().Caret);
+        grid().StepRight();
+        EXPECT_EQ(grid().Caret, expected);
+    }
+
+    // In the same column, and not beyond the first row, the row of the end or the end itself.
+    void moveByRow(int step)
+    {
+        const int before = grid().Caret;
+        const int moved = before + step * grid().LineWidth;
+        const bool stays = moved < 0 || moved / grid().LineWidth > end() / grid().LineWidth;
+        grid().MoveCaretByRows(step);
+        EXPECT_EQ(grid().Caret, stays ? before : std::min(moved, end()));
+    }
+
+    void moveToCell()
+    {
+        const int row = input_.TakeIndex(256);
+        const int cell = row * grid().LineWidth + input_.TakeIndex(256);
+        grid().MoveCaretTo(cell);
+        EXPECT_EQ(grid().Caret, std::min(cell, end()));
     }
 
     int steppedRight(int caret)
     {
         const int next = std::min(caret + 1, end());
         return isCommaCell(next) ? std::min(next + 1, end()) : next;
-    }
-
-    // In the same column, and not beyond the first row, the row of the end or the end itself.
-    int movedByRow(int caret, int step)
-    {
-        const int width = grid().LineWidth;
-        const int moved = caret + step * width;
-        return moved < 0 || moved / width > end() / width ? caret : std::min(moved, end());
     }
 
     // One cell changes at most, never one of the dividend's row or of the comma's column.
@@ -353,11 +350,9 @@ private:
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
-    DivisionRun({ data, size }).Run();
-    return 0;
+    DivisionRun(input).Run();
 }
+
+} // namespace numbrela::testing

@@ -51,46 +51,34 @@ public:
     {
         draw();
         while (!input_.AtEnd()) {
-            act(input_.TakeByte());
+            act(static_cast<char>(input_.TakeByte()));
             checkLayout();
         }
     }
 
 private:
-    void act(unsigned byte)
+    void act(char byte)
     {
-        switch (byte) {
-        case 'O':
-            exercise_.Digits1 = input_.TakeChoice(Multiplication::DigitChoices);
-            exercise_.Digits2 = input_.TakeChoice(Multiplication::DigitChoices);
-            exercise_.Decimals1 = input_.TakeChoice(Multiplication::DecimalChoices);
-            exercise_.Decimals2 = input_.TakeChoice(Multiplication::DecimalChoices);
-            draw();
-            break;
-        case 'N':
-            draw();
-            break;
-        case 'Z':
-            exercise_.HideZeros = !exercise_.HideZeros;
-            break;
-        case 'T':
-            chooseTables(input_.TakeLine());
-            break;
-        case 'A':
-            enter(input_.TakeLine(), exercise_.Factor1, &Multiplication::EnterFactor1);
-            break;
-        case 'B':
-            enter(input_.TakeLine(), exercise_.Factor2, &Multiplication::EnterFactor2);
-            break;
-        case 'J':
-            judge(input_.TakeLine());
-            break;
-        case 'S':
-            solve();
-            break;
-        default:
-            break;
-        }
+        static constexpr std::array<Act<MultiplicationRun>, 8> acts { {
+            { 'O', [](auto& run) { run.chooseOptions(); } },
+            { 'N', [](auto& run) { run.draw(); } },
+            { 'Z', [](auto& run) { run.exercise_.HideZeros = !run.exercise_.HideZeros; } },
+            { 'T', [](auto& run) { run.chooseTables(run.input_.TakeLine()); } },
+            { 'A', [](auto& run) { run.enter(run.exercise_.Factor1, &Multiplication::EnterFactor1); } },
+            { 'B', [](auto& run) { run.enter(run.exercise_.Factor2, &Multiplication::EnterFactor2); } },
+            { 'J', [](auto& run) { run.judge(run.input_.TakeLine()); } },
+            { 'S', [](auto& run) { run.solve(); } },
+        } };
+        Do(acts, byte, *this);
+    }
+
+    void chooseOptions()
+    {
+        exercise_.Digits1 = input_.TakeChoice(Multiplication::DigitChoices);
+        exercise_.Digits2 = input_.TakeChoice(Multiplication::DigitChoices);
+        exercise_.Decimals1 = input_.TakeChoice(Multiplication::DecimalChoices);
+        exercise_.Decimals2 = input_.TakeChoice(Multiplication::DecimalChoices);
+        draw();
     }
 
     void draw()
@@ -123,9 +111,9 @@ private:
         draw();
     }
 
-    void enter(const std::string& typed, double& factor,
-        Multiplication::FactorEntry (Multiplication::*enterFactor)(std::string_view))
+    void enter(double& factor, Multiplication::FactorEntry (Multiplication::*enterFactor)(std::string_view))
     {
+        const std::string typed = input_.TakeLine();
         const double before = factor;
         const double productBefore = exercise_.Product;
         const double other = &factor == &exercise_.Factor1 ? exercise_.Factor2 : exercise_.Factor1;
@@ -195,11 +183,9 @@ private:
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
-    MultiplicationRun({ data, size }).Run();
-    return 0;
+    MultiplicationRun(input).Run();
 }
+
+} // namespace numbrela::testing

@@ -3,6 +3,7 @@
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 
+#include "tests/fuzz/FuzzInput.h"
 #include "tests/fuzz/TypedNumber.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
@@ -89,7 +90,7 @@ void checkWholeNumber(const std::string& text)
     EXPECT_EQ(LeadingWholeNumber(text), std::strtod(solid.c_str(), nullptr));
 }
 
-void check(const std::string& text)
+void checkText(const std::string& text)
 {
     EXPECT_EQ(LeadingNumber(text), NumberAtTheStart(text));
     checkWholeNumber(text);
@@ -103,13 +104,10 @@ void check(const std::string& text)
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
     constexpr std::string_view repetitionMark = "****";
-    const std::string text(data, data + size);
+    const std::string text = input.TakeAll();
     if (text.size() > repetitionMark.size() && text.starts_with(repetitionMark)) {
         std::string repeated;
         while (repeated.size() <= mostCharacters) {
@@ -117,7 +115,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         checkAnswerBoxReader(repeated);
     } else {
-        check(text);
+        checkText(text);
     }
-    return 0;
 }
+
+} // namespace numbrela::testing

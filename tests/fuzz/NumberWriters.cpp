@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
@@ -155,8 +156,9 @@ void checkTimeText(std::int32_t seconds)
 }
 
 // Both counts right-aligned in three characters, or none where one of them is longer.
-void checkScoreLine(std::int16_t exercises, std::int16_t errors)
+void checkScoreLine(std::array<std::int16_t, 2> counts)
 {
+    const auto [exercises, errors] = counts;
     constexpr std::size_t columnWidth = 3;
     numbrela::Score score;
     score.ExerciseCount = exercises;
@@ -188,12 +190,8 @@ void checkDecimal(std::int64_t units, int decimals)
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
-    FuzzInput input(data, size);
     constexpr int decimalsThatADoubleScalesExactly = 23;
     switch (const unsigned what = input.TakeByte()) {
     case 'd':
@@ -205,13 +203,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     case 's':
         checkTimeText(input.TakeNumber<std::int32_t>());
         break;
-    case 'c': {
-        const auto exercises = input.TakeNumber<std::int16_t>();
-        checkScoreLine(exercises, input.TakeNumber<std::int16_t>());
+    case 'c':
+        checkScoreLine(input.TakeNumber<std::array<std::int16_t, 2>>());
         break;
-    }
     default:
         checkDecimal(input.TakeNumber<std::int64_t>(), static_cast<int>(what) % decimalsThatADoubleScalesExactly);
     }
-    return 0;
 }
+
+} // namespace numbrela::testing
