@@ -239,11 +239,7 @@ private:
 
     double rowValue(int row)
     {
-        std::string digits;
-        for (const char16_t cell : grid().Row(row)) {
-            digits += cell < 0x80 ? static_cast<char>(cell) : '?';
-        }
-        digits = Without(digits, " ");
+        std::string digits = Without(narrowed(grid().Row(row)), " ");
         digits.resize(std::min(digits.find_first_not_of("-0123456789"), digits.size()));
         return std::strtod(digits.c_str(), nullptr);
     }
@@ -263,7 +259,7 @@ private:
     {
         std::string text;
         for (const char16_t cell : cells) {
-            text += static_cast<char>(cell);
+            text += cell < 0x80 ? static_cast<char>(cell) : '?';
         }
         return text;
     }

@@ -97,7 +97,7 @@ void tryColumns(Operation operation, RandomSource& random, Tally& tally)
     exercise.Digits = DrawChoice(ColumnExercise::DigitChoices, random);
     exercise.Decimals = DrawChoice(ColumnExercise::DecimalChoices, random);
     exercise.Generate();
-    tally.CountExercise(std::to_string(exercise.Digits) + "," + std::to_string(exercise.Decimals));
+    tally.CountExercise({ exercise.Digits, exercise.Decimals });
 
     const PaperExercise paper(exercise, operation);
     tally.Describe(paper.Description());

@@ -39,13 +39,13 @@ void TryComparison(RandomSource& random, Tally& tally)
 {
     Comparison exercise(random);
     exercise.NewComparison();
-    tally.CountExercise(exercise.Instruction);
     tally.Describe(exercise.Instruction + " " + exercise.Captions[0]);
     tally.Require(areDrawnWell(exercise.Captions), "the numbers are not of the kind asked for");
 
     // All are equally long, so that they stand in the order of their texts.
     const auto [least, greatest] = std::minmax_element(exercise.Captions.begin(), exercise.Captions.end());
     const bool asksForGreatest = exercise.Instruction == "Pulsa sobre el número MAYOR";
+    tally.CountExercise({ asksForGreatest });
     tally.Require(asksForGreatest || exercise.Instruction == "Pulsa sobre el número MENOR", "it asks something else");
     const auto right = (asksForGreatest ? greatest : least) - exercise.Captions.begin();
     tally.Require(exercise.CorrectButton == right, "the right button is another");

@@ -164,9 +164,8 @@ void TryDivision(RandomSource& random, Tally& tally)
     exercise.QuotientDecimals = DrawYes(random) ? 0 : DrawChoice(DivisionExercise::QuotientDecimalChoices, random);
     exercise.ShowSubtractions = DrawYes(random);
     exercise.GenerateDivision();
-    tally.CountExercise(std::to_string(exercise.DividendDigits) + "," + std::to_string(exercise.DividendDecimals) + ","
-        + std::to_string(exercise.DivisorDigits) + "," + std::to_string(exercise.QuotientDecimals)
-        + (exercise.ShowSubtractions ? " subtracting" : ""));
+    tally.CountExercise({ exercise.DividendDigits, exercise.DividendDecimals, exercise.DivisorDigits,
+        exercise.QuotientDecimals, exercise.ShowSubtractions });
 
     const PaperDivision paper(exercise);
     tally.Describe(paper.Description());

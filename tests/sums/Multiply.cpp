@@ -113,13 +113,6 @@ void setOptions(Multiplication& exercise, RandomSource& random)
     exercise.ChooseTables(tables);
 }
 
-std::string settingOf(const Multiplication& exercise)
-{
-    return std::to_string(exercise.Digits1) + "," + std::to_string(exercise.Digits2) + ","
-        + std::to_string(exercise.Decimals1) + "," + std::to_string(exercise.Decimals2)
-        + (exercise.HideZeros ? " hidden" : "") + (exercise.AnyDigits ? "" : " tables");
-}
-
 // Free digits never make a power of ten: its last digit is 0, and 1 is left out.
 bool isDrawnWell(Whole factor, int digits, bool fromTables, bool mayEndInZero)
 {
@@ -135,7 +128,8 @@ void TryMultiplication(RandomSource& random, Tally& tally)
     Multiplication exercise(random);
     setOptions(exercise, random);
     exercise.NewMultiplication();
-    tally.CountExercise(settingOf(exercise));
+    tally.CountExercise({ exercise.Digits1, exercise.Digits2, exercise.Decimals1, exercise.Decimals2,
+        exercise.HideZeros, exercise.AnyDigits });
 
     const PaperProduct paper(exercise);
     tally.Describe(paper.Text1 + " x " + paper.Text2);

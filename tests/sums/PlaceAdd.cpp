@@ -113,7 +113,7 @@ void TryPlaceAndAdd(RandomSource& random, Tally& tally)
     exercise.AddendCount = DrawChoice(PlaceAndAdd::AddendCountChoices, random);
     exercise.MaxDigits = DrawChoice(PlaceAndAdd::MaxDigitsChoices, random);
     exercise.NewPlaceAndAdd();
-    tally.CountExercise(std::to_string(exercise.AddendCount) + "," + std::to_string(exercise.MaxDigits));
+    tally.CountExercise({ exercise.AddendCount, exercise.MaxDigits });
 
     const PaperSum paper(exercise);
     tally.Describe(paper.Line());

@@ -55,7 +55,7 @@ void TryPowersOfTen(RandomSource& random, Tally& tally)
     PowersOfTen exercise(random);
     exercise.Digits1 = DrawChoice(PowersOfTen::Digits1Choices, random);
     exercise.NewPowerOfTenExercise();
-    tally.CountExercise(std::to_string(exercise.Digits1));
+    tally.CountExercise({ exercise.Digits1 });
 
     const PaperShift paper(exercise);
     tally.Describe(paper.Description());

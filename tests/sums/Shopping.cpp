@@ -47,7 +47,7 @@ public:
         checkPurse();
         for (const char* shop : ShoppingTask::ShopNames) {
             if (fillBasket(shop)) {
-                tally_.CountExercise("a list of " + std::to_string(task_.ListLength));
+                tally_.CountExercise({ task_.ListLength });
                 tally_.Describe("a basket of " + CommaText(cost_, 2));
                 if (!buy()) {
                     return;

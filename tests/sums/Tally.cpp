@@ -4,10 +4,10 @@
 
 namespace numbrela::testing {
 
-void Tally::CountExercise(const std::string& setting)
+void Tally::CountExercise(std::vector<int> setting)
 {
     ++exercises_;
-    settings_.insert(setting);
+    settings_.insert(std::move(setting));
 }
 
 void Tally::CountVerdict(const char* answer, bool accepted, bool toBeAccepted, const char* cause)

@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace numbrela::testing {
 
@@ -19,7 +20,7 @@ public:
     }
 
     // One exercise more, drawn with this setting of all options.
-    void CountExercise(const std::string& setting);
+    void CountExercise(std::vector<int> setting);
 
     // What is compared from now on, for whoever reads of a difference: "12,5 + 7".
     void Describe(std::string exercise) { exercise_ = std::move(exercise); }
@@ -46,7 +47,7 @@ private:
     std::string activity_;
     std::string exercise_;
     std::map<std::string, long> counts_;
-    std::set<std::string> settings_;
+    std::set<std::vector<int>> settings_;
     long exercises_ = 0;
     long differences_ = 0;
 };

@@ -179,17 +179,21 @@ inline double CommaNumberAtTheStart(std::string text)
 }
 
 // The product of two whole numbers of any length, written with as many digits as both have: "12" and "5" make "060".
+// The columns are added up first and carried over afterwards.
 inline std::string ProductOfDigits(std::string_view digits1, std::string_view digits2)
 {
-    std::string product(digits1.size() + digits2.size(), '0');
-    for (std::size_t i = digits1.size(); i-- > 0;) {
-        int carried = 0;
-        for (std::size_t j = digits2.size(); j-- > 0;) {
-            const int sum = (digits1[i] - '0') * (digits2[j] - '0') + (product[i + j + 1] - '0') + carried;
-            product[i + j + 1] = static_cast<char>('0' + sum % 10);
-            carried = sum / 10;
+    std::vector<int> columns(digits1.size() + digits2.size(), 0);
+    for (std::size_t i = 0; i < digits1.size(); ++i) {
+        for (std::size_t j = 0; j < digits2.size(); ++j) {
+            columns[i + j + 1] += (digits1[i] - '0') * (digits2[j] - '0');
         }
-        product[i] = static_cast<char>('0' + carried);
+    }
+    std::string product;
+    int carried = 0;
+    for (auto column = columns.rbegin(); column != columns.rend(); ++column) {
+        carried += *column;
+        product.insert(product.begin(), static_cast<char>('0' + carried % 10));
+        carried /= 10;
     }
     return product;
 }
@@ -219,22 +223,23 @@ inline std::vector<std::string> PartialProducts(const std::string& factor1, cons
     return rows;
 }
 
-// A whole number divided digit by digit, each being brought down behind the remainder so far.
+// A division of a number of up to 37 digits, with what a pupil meets who brings them down one by one.
 struct LongDivision {
-    LongDivision(std::string_view dividend, Whole divisor)
+    LongDivision(std::string_view digits, Whole divisor)
         : FitsIn32Bits(divisor <= INT32_MAX)
     {
-        for (const char digit : dividend) {
-            const Whole broughtDown = Remainder * 10 + (digit - '0');
-            FitsIn32Bits = FitsIn32Bits && broughtDown <= INT32_MAX;
-            Quotient = Quotient * 10 + broughtDown / divisor;
-            Remainder = broughtDown % divisor;
+        Whole dividend = 0;
+        for (const char digit : digits) {
+            FitsIn32Bits = FitsIn32Bits && dividend % divisor * 10 + (digit - '0') <= INT32_MAX;
+            dividend = dividend * 10 + (digit - '0');
         }
+        Quotient = dividend / divisor;
+        Remainder = dividend % divisor;
     }
 
     bool FitsIn32Bits; // the remainders on the way, with the next digit behind them
-    Whole Quotient = 0;
-    Whole Remainder = 0;
+    Whole Quotient;
+    Whole Remainder;
 };
 
 } // namespace numbrela::testing
