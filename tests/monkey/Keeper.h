@@ -10,7 +10,7 @@ namespace numbrela::testing {
 // events have happened; otherwise the program has ended. Returns whether all went well, and prints what happened.
 bool KeepWatch(const Order& order, bool (*play)(const Order&, Progress&));
 
-// Says that the process is alive. One that does not say so for longer than any event takes hangs, and is killed.
+// Says that the process has come to its next event. One that hangs longer than any event takes is killed.
 void SayAlive();
 
 } // namespace numbrela::testing

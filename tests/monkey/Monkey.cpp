@@ -74,7 +74,6 @@ bool Monkey::eventFilter(QObject* receiver, QEvent* event)
 // a new timer.
 void Monkey::timerEvent(QTimerEvent* /*event*/)
 {
-    SayAlive();
     killTimer(beat_);
     beat_ = startTimer(0);
     const int level = QThread::currentThread()->loopLevel();
@@ -144,6 +143,7 @@ void Monkey::step()
     constexpr int mostAway = 100; // events away from the window for each one at it
 
     ++progress_.Event;
+    SayAlive();
     if (isWantedThere()) {
         ++progress_.EventsThere;
     } else if (progress_.Event > mostAway + mostAway * progress_.EventsThere) {
