@@ -190,8 +190,8 @@ inline std::string ProductOfDigits(std::string_view digits1, std::string_view di
     }
     std::string product;
     int carried = 0;
-    for (auto column = columns.rbegin(); column != columns.rend(); ++column) {
-        carried += *column;
+    for (std::size_t column = columns.size(); column-- > 0;) {
+        carried += columns[column];
         product.insert(product.begin(), static_cast<char>('0' + carried % 10));
         carried /= 10;
     }
