@@ -3,6 +3,7 @@
 #include "activities/shopping/core/ProductEditor.h"
 #include "activities/shopping/core/ShoppingTask.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
+#include "tests/fuzz/FuzzInput.h"
 
 #include <algorithm>
 #include <cfloat>
@@ -132,16 +133,15 @@ void checkTask(const ProductTable& table, double seed)
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
     static const TemporaryFolder folder;
     const std::filesystem::path file = folder / "productos.dat";
-    checkLoading(std::string(data, data + size), file);
-    const numbrela::ProductTable table = numbrela::LoadCatalogue(file);
+    const std::string bytes = input.TakeAll();
+    checkLoading(bytes, file);
+    const ProductTable table = LoadCatalogue(file);
     checkEditing(table);
-    checkTask(table, static_cast<double>(size));
-    return 0;
+    checkTask(table, static_cast<double>(bytes.size()));
 }
+
+} // namespace numbrela::testing

@@ -4,11 +4,13 @@
 #include "common/core/RunTimeError.h"
 
 #include "tests/fuzz/FuzzInput.h"
+#include "tests/fuzz/TypedNumber.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -45,7 +47,7 @@ public:
     {
         generate();
         while (!input_.AtEnd()) {
-            act(input_.TakeByte());
+            act(static_cast<char>(input_.TakeByte()));
             EXPECT_TRUE(grid().Caret >= 0 && grid().Caret <= end());
             EXPECT_TRUE(grid().LineWidth > cellsBesideDigits && grid().LineWidth <= mostDigits + cellsBesideDigits);
         }
@@ -64,82 +66,79 @@ private:
 
     bool isCommaCell(int cell) { return grid().CommaColumn > -1 && cell % grid().LineWidth == grid().CommaColumn; }
 
-    void act(unsigned byte)
+    void act(char byte)
     {
-        switch (byte) {
-        case 'O':
-            exercise_.DividendDigits = input_.TakeChoice(DivisionExercise::DividendDigitChoices);
-            exercise_.DividendDecimals = input_.TakeChoice(DivisionExercise::DividendDecimalChoices);
-            exercise_.DivisorDigits = input_.TakeChoice(DivisionExercise::DivisorDigitChoices);
-            exercise_.QuotientDecimals = input_.TakeChoice(DivisionExercise::QuotientDecimalChoices);
-            exercise_.ShowSubtractions = input_.TakeIndex(2) == 1;
-            generate();
-            break;
-        case 'N':
-            generate();
-            break;
-        case 'D':
-            enterDividend(input_.TakeLine());
-            break;
-        case 'V':
-            enterDivisor(input_.TakeLine());
-            break;
-        case 'H':
-            check(input_.TakeLine());
-            break;
-        case 'S':
-            solve();
-            break;
-        case 'C':
-            exercise_.ClearWorking();
-            checkCleanSheet();
-            break;
-        default:
-            moveOrType(byte);
+        static constexpr std::array<Act<DivisionRun>, 12> acts { {
+            { 'O', [](auto& run) { run.chooseOptions(); } },
+            { 'N', [](auto& run) { run.generate(); } },
+            { 'D', [](auto& run) { run.enterDividend(run.input_.TakeLine()); } },
+            { 'V', [](auto& run) { run.enterDivisor(run.input_.TakeLine()); } },
+            { 'H', [](auto& run) { run.check(run.input_.TakeLine()); } },
+            { 'S', [](auto& run) { run.solve(); } },
+            { 'C', [](auto& run) { run.clear(); } },
+            { '<', [](auto& run) { run.stepLeft(); } },
+            { '>', [](auto& run) { run.stepRight(); } },
+            { '^', [](auto& run) { run.moveByRow(-1); } },
+            { '_', [](auto& run) { run.moveByRow(1); } },
+            { '@', [](auto& run) { run.moveToCell(); } },
+        } };
+        if (!Do(acts, byte, *this)) {
+            type(static_cast<unsigned char>(byte));
         }
     }
 
-    void moveOrType(unsigned byte)
+    void chooseOptions()
+    {
+        exercise_.DividendDigits = input_.TakeChoice(DivisionExercise::DividendDigitChoices);
+        exercise_.DividendDecimals = input_.TakeChoice(DivisionExercise::DividendDecimalChoices);
+        exercise_.DivisorDigits = input_.TakeChoice(DivisionExercise::DivisorDigitChoices);
+        exercise_.QuotientDecimals = input_.TakeChoice(DivisionExercise::QuotientDecimalChoices);
+        exercise_.ShowSubtractions = input_.TakeIndex(2) == 1;
+        generate();
+    }
+
+    void clear()
+    {
+        exercise_.ClearWorking();
+        checkCleanSheet();
+    }
+
+    void stepLeft()
     {
         const int before = grid().Caret;
-        switch (byte) {
-        case '<':
-            grid().StepLeft();
-            EXPECT_EQ(grid().Caret, std::max(before - (isCommaCell(std::max(before - 1, 0)) ? 2 : 1), 0));
-            break;
-        case '>':
-            grid().StepRight();
-            EXPECT_EQ(grid().Caret, steppedRight(before));
-            break;
-        case '^':
-        case '_':
-            grid().MoveCaretByRows(byte == '^' ? -1 : 1);
-            EXPECT_EQ(grid().Caret, movedByRow(before, byte == '^' ? -1 : 1));
-            break;
-        case '@': {
-            const int row = input_.TakeIndex(256);
-            const int cell = row * grid().LineWidth + input_.TakeIndex(256);
-            grid().MoveCaretTo(cell);
-            EXPECT_EQ(grid().Caret, std::min(cell, end()));
-            break;
-        }
-        default:
-            type(static_cast<char16_t>(byte));
-        }
+        grid().StepLeft();
+        EXPECT_EQ(grid().Caret, std::max(before - (isCommaCell(std::max(before - 1, 0)) ? 2 : 1), 0));
+    }
+
+    void stepRight()
+    {
+        const int expected = steppedRight(grid().Caret);
+        grid().StepRight();
+        EXPECT_EQ(grid().Caret, expected);
+    }
+
+    // In the same column, and not beyond the first row, the row of the end or the end itself.
+    void moveByRow(int step)
+    {
+        const int before = grid().Caret;
+        const int moved = before + step * grid().LineWidth;
+        const bool stays = moved < 0 || moved / grid().LineWidth > end() / grid().LineWidth;
+        grid().MoveCaretByRows(step);
+        EXPECT_EQ(grid().Caret, stays ? before : std::min(moved, end()));
+    }
+
+    void moveToCell()
+    {
+        const int row = input_.TakeIndex(256);
+        const int cell = row * grid().LineWidth + input_.TakeIndex(256);
+        grid().MoveCaretTo(cell);
+        EXPECT_EQ(grid().Caret, std::min(cell, end()));
     }
 
     int steppedRight(int caret)
     {
         const int next = std::min(caret + 1, end());
         return isCommaCell(next) ? std::min(next + 1, end()) : next;
-    }
-
-    // In the same column, and not beyond the first row, the row of the end or the end itself.
-    int movedByRow(int caret, int step)
-    {
-        const int width = grid().LineWidth;
-        const int moved = caret + step * width;
-        return moved < 0 || moved / width > end() / width ? caret : std::min(moved, end());
     }
 
     // One cell changes at most, never one of the dividend's row or of the comma's column.
@@ -240,11 +239,7 @@ private:
 
     double rowValue(int row)
     {
-        std::string digits;
-        for (const char16_t cell : grid().Row(row)) {
-            digits += cell < 0x80 ? static_cast<char>(cell) : '?';
-        }
-        digits = Without(digits, " ");
+        std::string digits = Without(narrowed(grid().Row(row)), " ");
         digits.resize(std::min(digits.find_first_not_of("-0123456789"), digits.size()));
         return std::strtod(digits.c_str(), nullptr);
     }
@@ -264,7 +259,7 @@ private:
     {
         std::string text;
         for (const char16_t cell : cells) {
-            text += static_cast<char>(cell);
+            text += cell < 0x80 ? static_cast<char>(cell) : '?';
         }
         return text;
     }
@@ -280,7 +275,7 @@ private:
         }
         const Verdict& verdict = *judged;
         exercise_.Score.Count(verdict.Right);
-        const long double product = static_cast<long double>(quotientValue(quotient)) * exercise_.Divisor;
+        const long double product = static_cast<long double>(FirstCommaNumberAtTheStart(quotient)) * exercise_.Divisor;
         const long double remainder = lastRemainder();
         const long double tolerance = powl(10, -(scale() + 1));
         const long double difference = fabsl(exercise_.Dividend - (product + remainder));
@@ -294,14 +289,6 @@ private:
         EXPECT_EQ(exercise_.Score.ExerciseCount, before.ExerciseCount + (before.Scorable ? 1 : 0));
         EXPECT_EQ(exercise_.Score.ErrorCount, before.ErrorCount + (before.Scorable && !verdict.Right ? 1 : 0));
         EXPECT_EQ(exercise_.Score.Scorable, before.Scorable && !verdict.Right);
-    }
-
-    static double quotientValue(std::string quotient)
-    {
-        if (const std::size_t comma = quotient.find(','); comma != std::string::npos) {
-            quotient[comma] = '.';
-        }
-        return NumberAtTheStart(quotient);
     }
 
     // What is divided: what stands behind the first cell of the dividend's row, as far as two cells before its end, and
@@ -327,28 +314,24 @@ private:
             return;
         }
         const auto divisor = static_cast<Whole>(exercise_.Divisor);
-        Whole dividend = 0;
-        bool fits = divisor <= INT32_MAX;
-        for (const char cell : cells) {
-            const int digit = cell >= '0' && cell <= '9' ? cell - '0' : 0;
-            fits = fits && dividend % divisor * 10 + digit <= INT32_MAX;
-            dividend = dividend * 10 + digit;
-        }
+        std::string digits = cells;
+        std::replace_if(
+            digits.begin(), digits.end(), [](char cell) { return cell < '0' || cell > '9'; }, '0');
+        const LongDivision paper(digits, divisor);
         const std::u16string before = grid().Text;
         std::string quotient;
         const auto kind = KindThrownBy([&] { quotient = exercise_.ShowDivisionSolution(); });
-        if (!fits) {
+        if (!paper.FitsIn32Bits) {
             EXPECT_EQ(kind, RunTimeError::Kind::Overflow);
             EXPECT_TRUE(stands(before));
             return;
         }
         EXPECT_EQ(kind, std::nullopt);
-        EXPECT_EQ(quotient, CommaText(dividend / divisor, scale())) << cells << " / " << DigitsOf(divisor);
+        EXPECT_EQ(quotient, CommaText(paper.Quotient, scale())) << cells << " / " << DigitsOf(divisor);
         EXPECT_FALSE(exercise_.Score.Scorable);
         // A blank is brought down as a zero, yet written as a blank; what stood left of the working stays there.
-        const bool allAreDigits = cells.find_first_not_of("0123456789") == std::string::npos;
-        if (drawn_ && blank_ && allAreDigits && dividend >= divisor) {
-            EXPECT_EQ(rowValue(grid().WrittenRows() - 1), static_cast<double>(dividend % divisor));
+        if (drawn_ && blank_ && cells == digits && paper.Quotient > 0) {
+            EXPECT_EQ(rowValue(grid().WrittenRows() - 1), static_cast<double>(paper.Remainder));
         }
         blank_ = false;
     }
@@ -363,11 +346,9 @@ private:
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
-    DivisionRun({ data, size }).Run();
-    return 0;
+    DivisionRun(input).Run();
 }
+
+} // namespace numbrela::testing

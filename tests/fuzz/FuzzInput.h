@@ -57,8 +57,37 @@ public:
         return std::bit_cast<Number>(bytes);
     }
 
+    // All bytes that are left.
+    std::string TakeAll()
+    {
+        std::string all(rest_.begin(), rest_.end());
+        rest_ = {};
+        return all;
+    }
+
 private:
     std::span<const std::uint8_t> rest_;
 };
+
+// One of the things that can be done in a run, and the byte that stands for it.
+template <typename Run>
+struct Act {
+    char Byte;
+    void (*Do)(Run& run);
+};
+
+// Does what the byte stands for; false when it stands for nothing.
+template <typename Run, std::size_t Count>
+bool Do(const std::array<Act<Run>, Count>& acts, char byte, Run& run)
+{
+    const auto found = std::find_if(acts.begin(), acts.end(), [byte](const Act<Run>& act) { return act.Byte == byte; });
+    if (found != acts.end()) {
+        found->Do(run);
+    }
+    return found != acts.end();
+}
+
+// What each fuzzer does with an input: checks what comes of it.
+void Check(FuzzInput input);
 
 } // namespace numbrela::testing

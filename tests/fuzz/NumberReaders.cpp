@@ -3,6 +3,7 @@
 #include "common/core/NumberText.h"
 #include "common/core/RunTimeError.h"
 
+#include "tests/fuzz/FuzzInput.h"
 #include "tests/fuzz/TypedNumber.h"
 #include "tests/support/KindThrownBy.h"
 #include "tests/support/Schoolbook.h"
@@ -61,7 +62,7 @@ void checkAnswerBoxReader(const std::string& text)
     if (CharactersIn(text) > mostCharacters) {
         EXPECT_EQ(KindThrownBy([&] { ParseDisplayNumber(text); }), RunTimeError::Kind::Overflow);
     } else {
-        EXPECT_EQ(ParseDisplayNumber(text), NumberAtTheStart(Replaced(Without(text, "."), ',', '.')));
+        EXPECT_EQ(ParseDisplayNumber(text), CommaNumberAtTheStart(Without(text, ".")));
     }
 }
 
@@ -73,14 +74,8 @@ void checkTypedNumber(const std::string& text)
 
 void checkCommaNumbers(const std::string& text)
 {
-    EXPECT_EQ(ParseCommaNumber(text), NumberAtTheStart(Replaced(text, ',', '.')));
-
-    std::string firstCommaAsPoint = text;
-    if (const std::size_t comma = text.find(','); comma != std::string::npos) {
-        firstCommaAsPoint[comma] = '.';
-    }
-    EXPECT_EQ(ParseFirstCommaNumber(text), NumberAtTheStart(firstCommaAsPoint));
-
+    EXPECT_EQ(ParseCommaNumber(text), CommaNumberAtTheStart(text));
+    EXPECT_EQ(ParseFirstCommaNumber(text), FirstCommaNumberAtTheStart(text));
     const std::string digits = DigitsOnly(text);
     EXPECT_EQ(digits.size(), text.size() - (text.find(',') == std::string::npos ? 0 : 1));
     EXPECT_EQ(Without(digits, ","), Without(text, ","));
@@ -95,7 +90,7 @@ void checkWholeNumber(const std::string& text)
     EXPECT_EQ(LeadingWholeNumber(text), std::strtod(solid.c_str(), nullptr));
 }
 
-void check(const std::string& text)
+void checkText(const std::string& text)
 {
     EXPECT_EQ(LeadingNumber(text), NumberAtTheStart(text));
     checkWholeNumber(text);
@@ -109,13 +104,10 @@ void check(const std::string& text)
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
     constexpr std::string_view repetitionMark = "****";
-    const std::string text(data, data + size);
+    const std::string text = input.TakeAll();
     if (text.size() > repetitionMark.size() && text.starts_with(repetitionMark)) {
         std::string repeated;
         while (repeated.size() <= mostCharacters) {
@@ -123,7 +115,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         checkAnswerBoxReader(repeated);
     } else {
-        check(text);
+        checkText(text);
     }
-    return 0;
 }
+
+} // namespace numbrela::testing

@@ -50,7 +50,7 @@ public:
     void Run()
     {
         while (!input_.AtEnd()) {
-            act(input_.TakeByte());
+            act(static_cast<char>(input_.TakeByte()));
             EXPECT_TRUE(task_.PayStep >= 1 && task_.PayStep <= 4);
             EXPECT_FALSE(task_.Basket.empty());
         }
@@ -74,33 +74,18 @@ private:
         }
     }
 
-    void act(unsigned byte)
+    void act(char byte)
     {
-        switch (byte) {
-        case 'N':
-            newTask(input_.TakeLine());
-            break;
-        case 'E':
-            enter(input_.TakeIndex(static_cast<int>(ShoppingTask::ShopNames.size())));
-            break;
-        case 'T':
-            take(input_.TakeIndex(256));
-            break;
-        case 'P':
-            putBack(input_.TakeIndex(256));
-            break;
-        case 'C':
-            proceed(input_.TakeLine());
-            break;
-        case 'R':
-            proceed(rightAnswer());
-            break;
-        case 'H':
-            goHome();
-            break;
-        default:
-            break;
-        }
+        static constexpr std::array<Act<Shopper>, 7> acts { {
+            { 'N', [](auto& shopper) { shopper.newTask(shopper.input_.TakeLine()); } },
+            { 'E', [](auto& shopper) { shopper.enter(shopper.input_.TakeIndex(ShoppingTask::ShopNames.size())); } },
+            { 'T', [](auto& shopper) { shopper.take(shopper.input_.TakeIndex(256)); } },
+            { 'P', [](auto& shopper) { shopper.putBack(shopper.input_.TakeIndex(256)); } },
+            { 'C', [](auto& shopper) { shopper.proceed(shopper.input_.TakeLine()); } },
+            { 'R', [](auto& shopper) { shopper.proceed(shopper.rightAnswer()); } },
+            { 'H', [](auto& shopper) { shopper.goHome(); } },
+        } };
+        Do(acts, byte, *this);
     }
 
     // The money is the next note above what the list costs, to the cent.
@@ -341,11 +326,9 @@ private:
 
 } // namespace
 
-} // namespace numbrela::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Check(FuzzInput input)
 {
-    using namespace numbrela::testing;
-    Shopper({ data, size }).Run();
-    return 0;
+    Shopper(input).Run();
 }
+
+} // namespace numbrela::testing

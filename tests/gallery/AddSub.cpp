@@ -25,11 +25,11 @@ void drawStates(Gallery& gallery, const QString& prefix, const QString& title, c
     ShowAndActivate(form);
     gallery.Draw(form, prefix + QStringLiteral("fresh"));
 
-    Type(QStringLiteral("5"));
+    Type("5");
     Press(Qt::Key_Return);
     gallery.Draw(form, prefix + QStringLiteral("wrong"));
 
-    Click(form, QStringLiteral("Command2(2)"));
+    Click(form, "Command2(2)");
     gallery.Draw(form, prefix + QStringLiteral("solution"));
 
     gallery.DrawNextBox(prefix + QStringLiteral("entry"));
@@ -37,15 +37,15 @@ void drawStates(Gallery& gallery, const QString& prefix, const QString& title, c
     typeOperands(title, QStringLiteral("1234,5"), QStringLiteral("905,16"));
     gallery.Draw(form, prefix + QStringLiteral("typed"));
 
-    Click(form, QStringLiteral("Text3"));
+    Click(form, "Text3");
     Type(rightToLeftAnswer);
     Press(Qt::Key_Return);
     gallery.Draw(form, prefix + QStringLiteral("right"));
     gallery.DrawMaximised(form, prefix + QStringLiteral("maximised"));
 
-    Choose(form, QStringLiteral("MnuOpcCifLis(6)"));
-    Choose(form, QStringLiteral("MnuOpcDecLis(6)"));
-    Click(form, QStringLiteral("Command2(2)"));
+    Choose(form, "MnuOpcCifLis(6)");
+    Choose(form, "MnuOpcDecLis(6)");
+    Click(form, "Command2(2)");
     gallery.Draw(form, prefix + QStringLiteral("longest"));
 }
 

@@ -50,50 +50,47 @@ void DrawDivide(Gallery& gallery)
     gallery.Draw(form, QStringLiteral("division-fresh"));
     gallery.DrawNextBox(QStringLiteral("division-entry"));
     Press(Qt::Key_F2);
-    Click(form, QStringLiteral("Command2(2)"));
+    Click(form, "Command2(2)");
     gallery.Draw(form, QStringLiteral("division-solution-decimals"));
 
     commaShift = false;
-    Choose(form, QStringLiteral("MnuOpcDeDLis(0)"));
-    Click(form, QStringLiteral("Command2(0)"));
+    Choose(form, "MnuOpcDeDLis(0)");
+    Click(form, "Command2(0)");
     enterDivision();
     typeRow(1, QStringLiteral("  27"));
     typeRow(2, QStringLiteral("   3"));
-    gallery.Draw(form, QStringLiteral("division-half"));
-    gallery.DrawMaximised(form, QStringLiteral("division-half-maximised"));
+    gallery.DrawBoth(form, QStringLiteral("division-half"));
 
     typeRow(2, QStringLiteral("   36"));
     typeRow(3, QStringLiteral("    1"));
     Press(Qt::Key_Tab);
     Press(Qt::Key_Tab);
-    Type(QStringLiteral("823"));
-    Click(form, QStringLiteral("Command1"));
+    Type("823");
+    Click(form, "Command1");
     gallery.Draw(form, QStringLiteral("division-wrong"));
 
-    Click(form, QStringLiteral("Text1"));
+    Click(form, "Text1");
     typeRow(3, QStringLiteral("    0"));
-    Click(form, QStringLiteral("Command1"));
+    Click(form, "Command1");
     gallery.Draw(form, QStringLiteral("division-right"));
 
-    Click(form, QStringLiteral("Command2(1)"));
-    Click(form, QStringLiteral("Command2(2)"));
+    Click(form, "Command2(1)");
+    Click(form, "Command2(2)");
     gallery.Draw(form, QStringLiteral("division-solution"));
-    Choose(form, QStringLiteral("MnuOpcRes"));
+    Choose(form, "MnuOpcRes");
     enterDivision();
-    Click(form, QStringLiteral("Command2(2)"));
+    Click(form, "Command2(2)");
     gallery.Draw(form, QStringLiteral("division-solution-subtractions"));
     gallery.DrawMaximised(form, QStringLiteral("division-solution-maximised"));
 
-    Choose(form, QStringLiteral("MnuOpcDivLis(8)"));
-    Choose(form, QStringLiteral("MnuOpcDeDLis(5)"));
-    Choose(form, QStringLiteral("MnuOpcDisLis(8)"));
-    gallery.Draw(form, QStringLiteral("division-longest"));
-    gallery.DrawMaximised(form, QStringLiteral("division-longest-maximised"));
-    Choose(form, QStringLiteral("MnuOpcDeCLis(5)"));
-    Choose(form, QStringLiteral("MnuOpcDisLis(1)"));
-    Click(form, QStringLiteral("Command2(2)"));
-    gallery.Draw(form, QStringLiteral("division-longest-solution"));
-    gallery.DrawMaximised(form, QStringLiteral("division-longest-solution-maximised"));
+    Choose(form, "MnuOpcDivLis(8)");
+    Choose(form, "MnuOpcDeDLis(5)");
+    Choose(form, "MnuOpcDisLis(8)");
+    gallery.DrawBoth(form, QStringLiteral("division-longest"));
+    Choose(form, "MnuOpcDeCLis(5)");
+    Choose(form, "MnuOpcDisLis(1)");
+    Click(form, "Command2(2)");
+    gallery.DrawBoth(form, QStringLiteral("division-longest-solution"));
 }
 
 } // namespace numbrela::testing

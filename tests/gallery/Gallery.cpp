@@ -18,6 +18,12 @@ const std::array<GalleryRoom, 9> galleryRooms { {
     { "PlaceAdd", &DrawPlaceAdd },
 } };
 
+void Gallery::DrawBoth(QWidget& window, const QString& name)
+{
+    Draw(window, name);
+    DrawMaximised(window, name + QStringLiteral("-maximised"));
+}
+
 void Gallery::DrawMaximised(QWidget& window, const QString& name)
 {
     const QSize before = window.size();

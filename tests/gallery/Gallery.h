@@ -14,6 +14,9 @@ public:
     // Takes the window as it stands; each state has a name of its own.
     virtual void Draw(QWidget& window, const QString& name) = 0;
 
+    // Takes it at both sizes, the second time with "-maximised" behind the name.
+    void DrawBoth(QWidget& window, const QString& name);
+
     // Takes it as it fills a projector of 1280 by 800 pixels.
     void DrawMaximised(QWidget& window, const QString& name);
 

@@ -12,7 +12,7 @@ void DrawMenu(Gallery& gallery)
     ShowAndActivate(menu);
     gallery.Draw(menu, QStringLiteral("menu"));
     gallery.DrawNextBox(QStringLiteral("menu-about"));
-    Choose(menu, QStringLiteral("MnuAce"));
+    Choose(menu, "MnuAce");
     gallery.DrawMaximised(menu, QStringLiteral("menu-maximised"));
 }
 

@@ -31,23 +31,23 @@ void drawWork(Gallery& gallery, Form4& form)
     Press(Qt::Key_F2);
     typeFactors(QStringLiteral("73,4"), QStringLiteral("4,6"));
     form.TbParcial[0]->setFocus();
-    Type(QStringLiteral("4044"));
+    Type("4044");
     Press(Qt::Key_Tab);
-    Type(QStringLiteral(" 63"));
+    Type(" 63");
     gallery.Draw(form, QStringLiteral("multiplication-half-worked"));
 
-    Type(QStringLiteral("92"));
+    Type("92");
     Press(Qt::Key_Tab);
-    Type(QStringLiteral("46,743"));
+    Type("46,743");
     Press(Qt::Key_Return);
     gallery.Draw(form, QStringLiteral("multiplication-wrong"));
 
     form.TbResultado->SetText("");
     form.TbResultado->setFocus();
-    Type(QStringLiteral("46,733"));
+    Type("46,733");
     Press(Qt::Key_Return);
     gallery.Draw(form, QStringLiteral("multiplication-right"));
-    Click(form, QStringLiteral("Command1"));
+    Click(form, "Command1");
     gallery.Draw(form, QStringLiteral("multiplication-right-again"));
     gallery.DrawMaximised(form, QStringLiteral("multiplication-maximised"));
 }
@@ -55,7 +55,7 @@ void drawWork(Gallery& gallery, Form4& form)
 void drawSolutions(Gallery& gallery, Form4& form)
 {
     const auto drawSolution = [&](const char* name) {
-        Click(form, QStringLiteral("Command2(2)"));
+        Click(form, "Command2(2)");
         gallery.Draw(form, QStringLiteral("multiplication-") + QString::fromLatin1(name));
     };
     typeFactors(QStringLiteral("7"), QStringLiteral("8"));
@@ -64,18 +64,18 @@ void drawSolutions(Gallery& gallery, Form4& form)
     typeFactors(QStringLiteral("987,65"), QStringLiteral("120,5"));
     drawSolution("solution");
 
-    Choose(form, QStringLiteral("MnuOpcOcu"));
+    Choose(form, "MnuOpcOcu");
     typeFactors(QStringLiteral("987,65"), QStringLiteral("12005"));
     typeFactors(QStringLiteral("987,65"), QStringLiteral("12005"));
     drawSolution("hidden-zeros");
-    Choose(form, QStringLiteral("MnuOpcOcu"));
+    Choose(form, "MnuOpcOcu");
 
     typeFactors(QStringLiteral("12345"), QStringLiteral("67891"));
     drawSolution("five-rows");
     typeFactors(QStringLiteral("1234567890"), QStringLiteral("9876543219"));
     drawSolution("ten-rows");
     for (const char* option : { "MnuOpcCi1Lis(9)", "MnuOpcCi2Lis(9)", "MnuOpcDe1Lis(5)", "MnuOpcDe2Lis(5)" }) {
-        Choose(form, QString::fromLatin1(option));
+        Choose(form, option);
     }
     gallery.Draw(form, QStringLiteral("multiplication-fifteen-rows-fresh"));
     drawSolution("fifteen-rows");
@@ -97,12 +97,12 @@ void drawTables(Gallery& gallery, Form4& form)
         });
     };
     tick(QStringLiteral("tables"));
-    Choose(form, QStringLiteral("MnuOpcSelLis(1)"));
+    Choose(form, "MnuOpcSelLis(1)");
     const QSize before = form.size();
     form.resize(1280, 800);
     QCoreApplication::processEvents();
     tick(QStringLiteral("tables-maximised"));
-    Choose(form, QStringLiteral("MnuOpcSelLis(1)"));
+    Choose(form, "MnuOpcSelLis(1)");
     form.resize(before);
 }
 

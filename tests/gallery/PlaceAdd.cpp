@@ -27,10 +27,10 @@ void drawFiveDigits(Gallery& gallery, const Clock& clock)
     SeededRandom random(clock.Now().SecondsSinceMidnight);
     PlaceAndAdd drawn(random);
     drawn.NewPlaceAndAdd();
-    Choose(form, QStringLiteral("MnuOpcSumLis(4)"));
+    Choose(form, "MnuOpcSumLis(4)");
     drawn.AddendCount = 6;
     drawn.NewPlaceAndAdd();
-    Choose(form, QStringLiteral("MnuOpcCifLis(3)"));
+    Choose(form, "MnuOpcCifLis(3)");
     drawn.MaxDigits = 5;
     drawn.NewPlaceAndAdd();
     const auto drawUntil = [&](auto wanted) {
@@ -60,33 +60,30 @@ void DrawPlaceAdd(Gallery& gallery)
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("placeadd-fresh"));
 
-    Type(QStringLiteral("  12,5"));
+    Type("  12,5");
     Press(Qt::Key_Tab);
-    Type(QStringLiteral("   7"));
-    Click(form, QStringLiteral("Command1"));
+    Type("   7");
+    Click(form, "Command1");
     gallery.Draw(form, QStringLiteral("placeadd-wrong"));
 
     showRightSum(form);
-    gallery.Draw(form, QStringLiteral("placeadd-right"));
-    gallery.DrawMaximised(form, QStringLiteral("placeadd-right-maximised"));
+    gallery.DrawBoth(form, QStringLiteral("placeadd-right"));
 
-    Choose(form, QStringLiteral("MnuOpcSumLis(4)"));
+    Choose(form, "MnuOpcSumLis(4)");
     form.Command2_Click(2);
-    gallery.Draw(form, QStringLiteral("placeadd-six-addends"));
-    gallery.DrawMaximised(form, QStringLiteral("placeadd-six-addends-maximised"));
+    gallery.DrawBoth(form, QStringLiteral("placeadd-six-addends"));
 
-    Choose(form, QStringLiteral("MnuOpcSumLis(0)"));
+    Choose(form, "MnuOpcSumLis(0)");
     form.Command2_Click(2);
     gallery.Draw(form, QStringLiteral("placeadd-two-after-six"));
 
     FormColoSuma two(clock);
     form.close();
     ShowAndActivate(two);
-    Choose(two, QStringLiteral("MnuOpcSumLis(0)"));
-    Choose(two, QStringLiteral("MnuOpcCifLis(2)"));
+    Choose(two, "MnuOpcSumLis(0)");
+    Choose(two, "MnuOpcCifLis(2)");
     two.Command2_Click(2);
-    gallery.Draw(two, QStringLiteral("placeadd-two-addends"));
-    gallery.DrawMaximised(two, QStringLiteral("placeadd-two-addends-maximised"));
+    gallery.DrawBoth(two, QStringLiteral("placeadd-two-addends"));
     two.close();
 
     drawFiveDigits(gallery, clock);

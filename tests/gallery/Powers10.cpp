@@ -34,20 +34,20 @@ void DrawPowers10(Gallery& gallery)
         box.findChild<QLineEdit*>()->setText(QStringLiteral("12,5")); // without a number the program would end
         box.accept();
     });
-    Choose(form, QStringLiteral("MnuOpcIn1"));
+    Choose(form, "MnuOpcIn1");
 
-    Type(QStringLiteral("12,5"));
+    Type("12,5");
     Press(Qt::Key_Return);
     gallery.Draw(form, QStringLiteral("powers10-wrong"));
 
-    Click(form, QStringLiteral("Command2(2)"));
+    Click(form, "Command2(2)");
     gallery.Draw(form, QStringLiteral("powers10-solution"));
 
-    Click(form, QStringLiteral("Command1"));
+    Click(form, "Command1");
     gallery.Draw(form, QStringLiteral("powers10-right"));
     gallery.DrawMaximised(form, QStringLiteral("powers10-maximised"));
 
-    Choose(form, QStringLiteral("MnuOpcCi1Lis(3)"));
+    Choose(form, "MnuOpcCi1Lis(3)");
     showLongest(form);
     gallery.Draw(form, QStringLiteral("powers10-longest"));
 }

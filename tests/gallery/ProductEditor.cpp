@@ -30,7 +30,7 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
     for (const char* detail : { "shop", "name", "price" }) {
         gallery.DrawNextBox(QStringLiteral("products-change-") + QString::fromLatin1(detail));
     }
-    Click(form, QStringLiteral("CBModif"));
+    Click(form, "CBModif");
 
     form.TbDatos[1]->SetText("Un nombre tan largo que se escribe más pequeño");
     form.TbDatos[2]->SetText("gratis");
@@ -44,7 +44,7 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
 
     SaveCatalogue(shop.Catalogue, ProductTable(1)); // as somebody else does
     gallery.DrawNextBox(QStringLiteral("products-changed-by-others"));
-    Click(form, QStringLiteral("OKButton"));
+    Click(form, "OKButton");
     form.hide();
 }
 

@@ -58,12 +58,10 @@ void pay(const Form7& form)
 void drawVisit(Gallery& gallery, Form7& form)
 {
     takeSomeBread(form);
-    gallery.Draw(form, QStringLiteral("shopping-shop"));
-    gallery.DrawMaximised(form, QStringLiteral("shopping-shop-maximised"));
+    gallery.DrawBoth(form, QStringLiteral("shopping-shop"));
     PressContinue(form);
-    TypeResult(QStringLiteral(",35"));
-    gallery.Draw(form, QStringLiteral("shopping-adding"));
-    gallery.DrawMaximised(form, QStringLiteral("shopping-adding-maximised"));
+    TypeResult(",35");
+    gallery.DrawBoth(form, QStringLiteral("shopping-adding"));
     Press(Qt::Key_Home);
     Press(Qt::Key_Delete);
     Press(Qt::Key_Delete);
@@ -71,11 +69,9 @@ void drawVisit(Gallery& gallery, Form7& form)
     TypeResult(Written(form.Task().BasketTotal));
     PressContinue(form);
     TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
-    gallery.Draw(form, QStringLiteral("shopping-change"));
-    gallery.DrawMaximised(form, QStringLiteral("shopping-change-maximised"));
+    gallery.DrawBoth(form, QStringLiteral("shopping-change"));
     PressContinue(form);
-    gallery.Draw(form, QStringLiteral("shopping-receipt"));
-    gallery.DrawMaximised(form, QStringLiteral("shopping-receipt-maximised"));
+    gallery.DrawBoth(form, QStringLiteral("shopping-receipt"));
     PressContinue(form);
 }
 
@@ -86,8 +82,7 @@ void drawLongColumn(Gallery& gallery, Form7& form)
         DoubleClickLine(*form.LIDisponibles, unit % 3);
     }
     PressContinue(form);
-    gallery.Draw(form, QStringLiteral("shopping-long-column"));
-    gallery.DrawMaximised(form, QStringLiteral("shopping-long-column-maximised"));
+    gallery.DrawBoth(form, QStringLiteral("shopping-long-column"));
     ExpectDialog([](QDialog& box) { box.accept(); });
     PressContinue(form);
 }
@@ -108,7 +103,7 @@ void drawVerdict(Gallery& gallery, Form7& form)
     gallery.Draw(form, QStringLiteral("shopping-bought"));
     gallery.DrawNextBox(QStringLiteral("shopping-verdict"));
     gallery.DrawNextBox(QStringLiteral("shopping-again"));
-    Click(form, QStringLiteral("CBVolver"));
+    Click(form, "CBVolver");
 }
 
 } // namespace
@@ -126,9 +121,9 @@ void DrawShopping(Gallery& gallery)
         gallery.Draw(form, QStringLiteral("shopping-centre"));
         gallery.DrawMaximised(form, QStringLiteral("shopping-maximised"));
         gallery.DrawNextBox(QStringLiteral("shopping-how-many"));
-        Choose(form, QStringLiteral("MnuOpcNum"));
+        Choose(form, "MnuOpcNum");
         gallery.DrawNextBox(QStringLiteral("shopping-new-product"));
-        Choose(form, QStringLiteral("MnuOpcAdd"));
+        Choose(form, "MnuOpcAdd");
         drawVisit(gallery, form);
         drawLongColumn(gallery, form);
     }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <random>
 #include <string_view>
+#include <vector>
 
 namespace numbrela::testing {
 
@@ -11,10 +12,16 @@ namespace numbrela::testing {
 // that an event draws the same whatever the events before it drew.
 class Chance {
 public:
-    Chance(std::int64_t seed, std::string_view window, std::int64_t event);
+    Chance(std::int64_t seed, std::string_view window, std::int64_t event)
+    {
+        std::vector<std::int64_t> numbers(window.begin(), window.end());
+        numbers.insert(numbers.end(), { seed, event });
+        std::seed_seq mixed(numbers.begin(), numbers.end());
+        engine_.seed(mixed);
+    }
 
     // A whole number from 0 on, below `end`.
-    int Below(int end);
+    int Below(int end) { return static_cast<int>(engine_() % static_cast<std::uint64_t>(end)); }
 
     // True this many times out of a hundred.
     bool Percent(int times) { return Below(100) < times; }

@@ -4,10 +4,14 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeySequence>
+#include <QPointer>
 #include <QTest>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 namespace numbrela::testing {
@@ -32,9 +36,52 @@ void mouse(QTest::MouseAction action, QWidget& widget, QPoint place, Qt::MouseBu
     }
 }
 
+// A text as it can be read in a log.
+QString shown(const QString& text)
+{
+    constexpr int most = 60; // characters
+    return text.size() > most ? QStringLiteral("«%1…» (%2)").arg(text.left(most)).arg(text.size())
+                              : QStringLiteral("«%1»").arg(text);
+}
+
+QString shown(const Key& key, Qt::KeyboardModifiers with = Qt::NoModifier)
+{
+    return QKeySequence(QKeyCombination(with, static_cast<Qt::Key>(key.Code))).toString() + u' ' + shown(key.Text)
+        + QLatin1String(key.Keypad ? " keypad" : "");
+}
+
+// Releases the button that is down in a widget, which may be gone by now.
+void release(
+    const QPointer<QWidget>& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers with = Qt::NoModifier)
+{
+    if (QWidget* under = widget != nullptr ? widget.data() : FrontWindow()) {
+        mouse(QTest::MouseRelease, *under, place, button, with);
+    }
+}
+
 } // namespace
 
-void Hands::send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated)
+QString NameOf(const QWidget& widget)
+{
+    const QString name
+        = widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className()) : widget.objectName();
+    return widget.isWindow() ? name : NameOf(*widget.window()) + u'/' + name;
+}
+
+void Hands::Say(const QString& what) const
+{
+    if (log_) {
+        std::printf("    %s\n", qUtf8Printable(what));
+        std::fflush(stdout);
+    }
+}
+
+void Hands::sayPlace(const char* what, const QWidget& widget, QPoint place) const
+{
+    Say(QStringLiteral("%1 %2 (%3, %4)").arg(QLatin1String(what), NameOf(widget)).arg(place.x()).arg(place.y()));
+}
+
+void Hands::send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated) const
 {
     constexpr int once = 1;
     if (QWindow* window = FocusWindow()) {
@@ -44,7 +91,7 @@ void Hands::send(bool down, const Key& key, Qt::KeyboardModifiers with, bool rep
     }
 }
 
-void Hands::sendModifiers(bool down, Qt::KeyboardModifiers with)
+void Hands::sendModifiers(bool down, Qt::KeyboardModifiers with) const
 {
     constexpr std::array<std::pair<Qt::KeyboardModifier, int>, 3> modifiers { {
         { Qt::ShiftModifier, Qt::Key_Shift },
@@ -58,7 +105,7 @@ void Hands::sendModifiers(bool down, Qt::KeyboardModifiers with)
     }
 }
 
-void Hands::Press(const Key& key, Qt::KeyboardModifiers with)
+void Hands::pressAndRelease(const Key& key, Qt::KeyboardModifiers with) const
 {
     sendModifiers(true, with);
     send(true, key, with);
@@ -66,8 +113,15 @@ void Hands::Press(const Key& key, Qt::KeyboardModifiers with)
     sendModifiers(false, with);
 }
 
+void Hands::Press(const Key& key, Qt::KeyboardModifiers with)
+{
+    Say(shown(key, with));
+    pressAndRelease(key, with);
+}
+
 void Hands::Hold(const Key& key)
 {
+    Say(shown(key));
     if (held_.size() == mostHeldKeys) {
         LetGo();
     }
@@ -95,51 +149,55 @@ void Hands::LetGo()
 
 void Hands::Type(const QString& text)
 {
+    Say(shown(text));
     for (const QChar character : text) {
-        Press(KeyFor(character));
+        pressAndRelease(KeyFor(character), Qt::NoModifier);
     }
 }
 
 void Hands::Paste(const QString& text)
 {
+    Say(shown(text));
     QGuiApplication::clipboard()->setText(text);
-    Press(KeyFor(u'v'), Qt::ControlModifier);
+    pressAndRelease(KeyFor(u'v'), Qt::ControlModifier);
 }
 
 void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers with)
 {
+    sayPlace(button == Qt::LeftButton ? "left" : button == Qt::RightButton ? "right" : "middle", widget, place);
     const QPointer<QWidget> alive = &widget;
     mouse(QTest::MousePress, widget, place, button, with);
-    if (QWidget* under = alive != nullptr ? alive.data() : FrontWindow()) {
-        mouse(QTest::MouseRelease, *under, place, button, with);
-    }
+    release(alive, place, button, with);
 }
 
 void Hands::DoubleClick(QWidget& widget, QPoint place)
 {
+    sayPlace("at", widget, place);
     mouse(QTest::MouseDClick, widget, place, Qt::LeftButton);
 }
 
 void Hands::Drag(QWidget& widget, QPoint from, QPoint to)
 {
     constexpr int steps = 4;
+    sayPlace("from", widget, from);
+    sayPlace("to", widget, to);
     const QPointer<QWidget> alive = &widget;
     mouse(QTest::MousePress, widget, from, Qt::LeftButton);
     for (int step = 1; step <= steps && alive != nullptr; ++step) {
         mouse(QTest::MouseMove, *alive, from + (to - from) * step / steps, Qt::NoButton);
     }
-    if (QWidget* under = alive != nullptr ? alive.data() : FrontWindow()) {
-        mouse(QTest::MouseRelease, *under, to, Qt::LeftButton);
-    }
+    release(alive, to, Qt::LeftButton);
 }
 
 void Hands::MoveTo(QWidget& widget, QPoint place)
 {
+    sayPlace("over", widget, place);
     mouse(QTest::MouseMove, widget, place, Qt::NoButton);
 }
 
 void Hands::Wheel(QWidget& widget, QPoint place, QPoint turn)
 {
+    sayPlace("over", widget, place);
     if (QWindow* window = widget.window()->windowHandle()) {
         const QPoint local = placeIn(*window, widget, place);
         QWheelEvent event(

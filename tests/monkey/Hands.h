@@ -3,8 +3,7 @@
 #include "tests/monkey/Texts.h"
 
 #include <QPoint>
-#include <QPointer>
-#include <QWindow>
+#include <QString>
 
 #include <vector>
 
@@ -12,10 +11,21 @@ class QWidget;
 
 namespace numbrela::testing {
 
+// A widget by its name and its window's: "Form2/Text3".
+QString NameOf(const QWidget& widget);
+
 // A keyboard and a mouse, whose events go the way of real ones: to the window that has the focus, to the window under
-// the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed.
+// the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed. What they do is said in
+// the log.
 class Hands {
 public:
+    explicit Hands(bool log)
+        : log_(log)
+    {
+    }
+
+    void Say(const QString& what) const;
+
     void Press(const Key& key, Qt::KeyboardModifiers with = Qt::NoModifier);
     void Hold(const Key& key); // presses it and lets it down
     void RepeatHeld(); // what the keyboard sends for the key held last
@@ -23,16 +33,20 @@ public:
     void Type(const QString& text);
     void Paste(const QString& text);
 
-    void Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers with = Qt::NoModifier);
+    void Click(QWidget& widget, QPoint place, Qt::MouseButton button = Qt::LeftButton,
+        Qt::KeyboardModifiers with = Qt::NoModifier);
     void DoubleClick(QWidget& widget, QPoint place);
     void Drag(QWidget& widget, QPoint from, QPoint to);
     void MoveTo(QWidget& widget, QPoint place);
     void Wheel(QWidget& widget, QPoint place, QPoint turn); // turn: eighths of a degree
 
 private:
-    void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false);
-    void sendModifiers(bool down, Qt::KeyboardModifiers with);
+    void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false) const;
+    void sendModifiers(bool down, Qt::KeyboardModifiers with) const;
+    void pressAndRelease(const Key& key, Qt::KeyboardModifiers with) const;
+    void sayPlace(const char* what, const QWidget& widget, QPoint place) const;
 
+    const bool log_;
     std::vector<Key> held_;
 };
 

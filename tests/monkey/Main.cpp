@@ -71,7 +71,7 @@ int main(int argc, char** argv)
             order.Window = route;
             order.Catalogue = folder / "productos.dat";
             SaveShippedCatalogue(order.Catalogue);
-            good = Keeper(order, play).Run() && good;
+            good = KeepWatch(order, play) && good;
             ++played;
         }
     }

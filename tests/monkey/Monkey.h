@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/monkey/Chance.h"
 #include "tests/monkey/Hands.h"
 #include "tests/monkey/Order.h"
 #include "tests/monkey/StoppedTimers.h"
@@ -7,11 +8,6 @@
 #include "tests/program/Program.h"
 
 #include <QObject>
-
-#include <functional>
-#include <string>
-
-class QDialog;
 
 namespace numbrela::testing {
 
@@ -32,15 +28,8 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    struct Act {
-        int Weight;
-        const char* Name;
-        void (Monkey::*Do)();
-    };
-
     void step();
     void drawBreath();
-    void letTimersFire(int longest = std::numeric_limits<int>::max());
     void windDown();
     void closeAll();
     void reopen();
@@ -48,47 +37,8 @@ private:
     void expectNothingLeft();
     void expectFelt() const;
     void noteEnd();
-    template <typename Acts>
-    void doOneOf(const Acts& acts);
-    void say(const QString& what) const;
     QString nameOfFront();
     bool isWantedThere();
-    QWidget* anyControl();
-    QPoint anyPlaceIn(const QWidget& widget);
-    template <typename Box>
-    Box* frontBox() const;
-
-    void press(const Key& key, Qt::KeyboardModifiers with = Qt::NoModifier);
-    void atAnyControl(const std::function<void(QWidget& control, QPoint place)>& act);
-    void pressKey();
-    void pressNavigationKey();
-    void pressAccessKey();
-    void typeNumber();
-    void typeWildly();
-    void paste();
-    void holdKey();
-    void repeatKey();
-    void letGoOfKey();
-    void clickControl();
-    void clickAnywhere();
-    void clickWithAnotherButton();
-    void doubleClick();
-    void drag();
-    void hover();
-    void turnWheel();
-    void chooseMenuItem();
-    void openMenu();
-    void clickMenuItem();
-    void resizeWindow();
-    void changeWindowState();
-    void closeWindow();
-    void goToAnotherWindow();
-    void letTimePass();
-    void shop();
-    void listen();
-    void answerSensibly();
-    void answerWildly();
-    void pressBoxButton();
 
     const Order order_;
     Progress& progress_;

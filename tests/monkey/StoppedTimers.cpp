@@ -1,5 +1,8 @@
 #include "tests/monkey/StoppedTimers.h"
 
+#include "tests/program/Program.h"
+#include "tests/support/Driver.h"
+
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QPointer>
@@ -31,12 +34,16 @@ StoppedTimers::StoppedTimers()
     qApp->installEventFilter(this);
 }
 
-void StoppedTimers::LetFire(QObject& window, int longest)
+void StoppedTimers::LetFire(int longest)
 {
-    std::vector<QPointer<QObject>> owners { &window };
-    for (QObject* object : window.findChildren<QObject*>()) {
-        owners.emplace_back(object);
+    std::vector<QPointer<QObject>> owners;
+    for (QWidget* window : WindowsOnScreen()) {
+        owners.emplace_back(window);
+        for (QObject* object : window->findChildren<QObject*>()) {
+            owners.emplace_back(object);
+        }
     }
+    owners.emplace_back(qApp); // tool tips
     for (const QPointer<QObject>& owner : owners) {
         for (const int timer : owner != nullptr ? timersOf(owner, longest) : std::vector<int>()) {
             if (owner != nullptr) {
@@ -46,6 +53,7 @@ void StoppedTimers::LetFire(QObject& window, int longest)
             }
         }
     }
+    Program::Settle();
 }
 
 bool StoppedTimers::eventFilter(QObject* receiver, QEvent* event)

@@ -12,9 +12,9 @@ class StoppedTimers : public QObject {
 public:
     StoppedTimers();
 
-    // Lets every timer of a window's, and of what is in it, fire once; of those with an interval up to `longest`
-    // milliseconds.
-    void LetFire(QObject& window, int longest = std::numeric_limits<int>::max());
+    // Lets every timer of the windows on the screen, of what is in them and of the application fire once; of those with
+    // an interval up to `longest` milliseconds.
+    void LetFire(int longest = std::numeric_limits<int>::max());
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 

@@ -21,19 +21,13 @@ class PaperExercise {
 public:
     PaperExercise(const ColumnExercise& exercise, Operation operation)
         : Decimals(exercise.Decimals)
-        , Operand1(unitsOf(exercise.Operand1))
-        , Operand2(unitsOf(exercise.Operand2))
+        , Operand1(UnitsOf(exercise.Operand1, Decimals))
+        , Operand2(UnitsOf(exercise.Operand2, Decimals))
         , Result(operation == Operation::Addition ? Operand1 + Operand2 : Operand1 - Operand2)
         , Computed(operation == Operation::Addition ? exercise.Operand1 + exercise.Operand2
                                                     : exercise.Operand1 - exercise.Operand2)
         , operation_(operation)
     {
-    }
-
-    // The double that is written like that.
-    double ValueOf(Whole units) const
-    {
-        return static_cast<double>(units) / static_cast<double>(PowerOfTenOnPaper(Decimals));
     }
 
     std::string TextOf(Whole units) const { return WithoutLastZeros(CommaText(units, Decimals)); }
@@ -50,18 +44,14 @@ public:
     double Computed; // the result as the doubles of both operands have it
 
 private:
-    Whole unitsOf(double operand) const
-    {
-        return static_cast<Whole>(std::llround(operand * static_cast<double>(PowerOfTenOnPaper(Decimals))));
-    }
-
     Operation operation_;
 };
 
-bool isDrawnWell(Whole operand, double value, const ColumnExercise& exercise, const PaperExercise& paper)
+bool isDrawnWell(Whole operand, double value, const ColumnExercise& exercise)
 {
     const std::string digits = DigitsOf(operand);
-    return value == paper.ValueOf(operand) && static_cast<int>(digits.size()) == exercise.Digits + exercise.Decimals
+    return value == ValueOf(operand, exercise.Decimals)
+        && static_cast<int>(digits.size()) == exercise.Digits + exercise.Decimals
         && (exercise.Decimals == 0 || digits.back() != '0');
 }
 
@@ -71,42 +61,34 @@ bool isMisread(const std::string& text)
     return Without(DisplayedByTheRule(text), ".") != text;
 }
 
-double readAsDisplayed(const std::string& text)
-{
-    return NumberAtTheStart(Replaced(Without(text, "."), ',', '.'));
-}
-
 void tallySolution(ColumnExercise& exercise, const PaperExercise& paper, Operation operation, Tally& tally)
 {
-    const auto describe = [&] { return paper.Description(); };
     const std::string plain = RoundedText(paper.Computed, 15);
     const std::string shown = exercise.ShowSolution();
-    tally.Compare("the solution", shown, DisplayedByTheRule(plain), describe);
+    tally.Compare("the solution", shown, DisplayedByTheRule(plain));
     if (plain != paper.TextOf(paper.Result)) {
         tally.Note("solution shown with what the doubles of its operands are off by");
-        tally.Require(operation == Operation::Subtraction, "a sum is shown inexactly", describe);
+        tally.Require(operation == Operation::Subtraction, "a sum is shown inexactly");
     }
 
     const bool misread = isMisread(plain);
-    const bool finer = std::fabs(readAsDisplayed(DisplayedByTheRule(plain)) - paper.Computed) >= tolerance;
-    tally.Require(!misread || finer, "another number is as good", describe);
-    tally.Require(
-        !finer || misread || exercise.Operand1 >= coarse || paper.Computed >= coarse, "doubles are fine", describe);
+    const bool finer
+        = std::fabs(CommaNumberAtTheStart(Without(DisplayedByTheRule(plain), ".")) - paper.Computed) >= tolerance;
+    tally.Require(!misread || finer, "another number is as good");
+    tally.Require(!finer || misread || exercise.Operand1 >= coarse || paper.Computed >= coarse, "doubles are fine");
     const char* cause = misread ? "from seven integer digits on a digit is repeated"
         : finer                 ? "from 524.288 on the tolerance is finer than doubles are"
                                 : nullptr;
-    tally.CountVerdict("solution", exercise.Judge(shown).Right, !finer, cause, describe);
+    tally.CountVerdict("solution", exercise.Judge(shown).Right, !finer, cause);
 }
 
 void tallyPaperAnswers(ColumnExercise& exercise, const PaperExercise& paper, Tally& tally)
 {
-    const auto describe = [&] { return paper.Description(); };
-    const bool finer = std::fabs(paper.ValueOf(paper.Result) - paper.Computed) >= tolerance;
-    tally.Require(!finer || exercise.Operand1 >= coarse || paper.Computed >= coarse, "doubles are fine", describe);
+    const bool finer = std::fabs(ValueOf(paper.Result, paper.Decimals) - paper.Computed) >= tolerance;
+    tally.Require(!finer || exercise.Operand1 >= coarse || paper.Computed >= coarse, "doubles are fine");
     tally.CountVerdict("answer on paper", exercise.Judge(paper.TextOf(paper.Result)).Right, !finer,
-        finer ? "from 524.288 on the tolerance is finer than doubles are" : nullptr, describe);
-    tally.CountVerdict(
-        "answer one unit off", exercise.Judge(paper.TextOf(paper.Result + 1)).Right, false, nullptr, describe);
+        finer ? "from 524.288 on the tolerance is finer than doubles are" : nullptr);
+    tally.CountVerdict("answer one unit off", exercise.Judge(paper.TextOf(paper.Result + 1)).Right, false);
 }
 
 void tryColumns(Operation operation, RandomSource& random, Tally& tally)
@@ -115,18 +97,16 @@ void tryColumns(Operation operation, RandomSource& random, Tally& tally)
     exercise.Digits = DrawChoice(ColumnExercise::DigitChoices, random);
     exercise.Decimals = DrawChoice(ColumnExercise::DecimalChoices, random);
     exercise.Generate();
-    tally.CountExercise(std::to_string(exercise.Digits) + "," + std::to_string(exercise.Decimals));
+    tally.CountExercise({ exercise.Digits, exercise.Decimals });
 
     const PaperExercise paper(exercise, operation);
-    const auto describe = [&] { return paper.Description(); };
-    tally.Require(isDrawnWell(paper.Operand1, exercise.Operand1, exercise, paper)
-            && isDrawnWell(paper.Operand2, exercise.Operand2, exercise, paper),
-        "an operand has other digits than asked for", describe);
-    tally.Require(paper.Result >= 0, "the subtrahend is the greater one", describe);
-    tally.Compare(
-        "the upper operand", exercise.DrawnTexts().Upper, DisplayedByTheRule(paper.TextOf(paper.Operand1)), describe);
-    tally.Compare(
-        "the lower operand", exercise.DrawnTexts().Lower, DisplayedByTheRule(paper.TextOf(paper.Operand2)), describe);
+    tally.Describe(paper.Description());
+    tally.Require(isDrawnWell(paper.Operand1, exercise.Operand1, exercise)
+            && isDrawnWell(paper.Operand2, exercise.Operand2, exercise),
+        "an operand has other digits than asked for");
+    tally.Require(paper.Result >= 0, "the subtrahend is the greater one");
+    tally.Compare("the upper operand", exercise.DrawnTexts().Upper, DisplayedByTheRule(paper.TextOf(paper.Operand1)));
+    tally.Compare("the lower operand", exercise.DrawnTexts().Lower, DisplayedByTheRule(paper.TextOf(paper.Operand2)));
     tallyPaperAnswers(exercise, paper, tally);
     tallySolution(exercise, paper, operation, tally);
 }

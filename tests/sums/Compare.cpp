@@ -39,24 +39,23 @@ void TryComparison(RandomSource& random, Tally& tally)
 {
     Comparison exercise(random);
     exercise.NewComparison();
-    tally.CountExercise(exercise.Instruction);
-    const auto describe = [&] { return exercise.Instruction + " " + exercise.Captions[0]; };
-    tally.Require(areDrawnWell(exercise.Captions), "the numbers are not of the kind asked for", describe);
+    tally.Describe(exercise.Instruction + " " + exercise.Captions[0]);
+    tally.Require(areDrawnWell(exercise.Captions), "the numbers are not of the kind asked for");
 
     // All are equally long, so that they stand in the order of their texts.
     const auto [least, greatest] = std::minmax_element(exercise.Captions.begin(), exercise.Captions.end());
     const bool asksForGreatest = exercise.Instruction == "Pulsa sobre el número MAYOR";
-    tally.Require(
-        asksForGreatest || exercise.Instruction == "Pulsa sobre el número MENOR", "it asks something else", describe);
+    tally.CountExercise({ asksForGreatest });
+    tally.Require(asksForGreatest || exercise.Instruction == "Pulsa sobre el número MENOR", "it asks something else");
     const auto right = (asksForGreatest ? greatest : least) - exercise.Captions.begin();
-    tally.Require(exercise.CorrectButton == right, "the right button is another", describe);
-    tally.CountVerdict("solution", exercise.Judge(exercise.CorrectButton).Right, true, nullptr, describe);
+    tally.Require(exercise.CorrectButton == right, "the right button is another");
+    tally.CountVerdict("solution", exercise.Judge(exercise.CorrectButton).Right, true);
     for (int button = 0; button < static_cast<int>(Comparison::ButtonCount); ++button) {
         if (button != right) {
-            tally.CountVerdict("other button", exercise.Judge(button).Right, false, nullptr, describe);
+            tally.CountVerdict("other button", exercise.Judge(button).Right, false);
         }
     }
-    tally.Compare("the score", exercise.ScoreLine(), "Aciertos: 1;   Errores: 5.", describe);
+    tally.Compare("the score", exercise.ScoreLine(), "Aciertos: 1;   Errores: 5.");
 }
 
 } // namespace numbrela::testing

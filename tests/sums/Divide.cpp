@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +20,7 @@ namespace {
 class PaperDivision {
 public:
     explicit PaperDivision(const DivisionExercise& exercise)
-        : Dividend(static_cast<Whole>(
-            std::llround(exercise.Dividend * static_cast<double>(PowerOfTenOnPaper(exercise.DividendDecimals)))))
+        : Dividend(UnitsOf(exercise.Dividend, exercise.DividendDecimals))
         , Divisor(static_cast<Whole>(exercise.Divisor))
         , Decimals(exercise.DividendDecimals)
         , Scale(std::max<int>(exercise.DividendDecimals, exercise.QuotientDecimals))
@@ -30,14 +28,11 @@ public:
     {
         // As many digits are divided as were asked for. A dividend that was drawn with one more loses its last.
         std::string digits = DigitsOf(Dividend);
-        const int steps = exercise.DividendDigits + Scale;
-        digits.resize(static_cast<std::size_t>(steps), '0');
-        for (const char digit : digits) {
-            FitsIn32Bits = FitsIn32Bits && divided_ % Divisor * 10 + (digit - '0') <= INT32_MAX;
-            divided_ = divided_ * 10 + (digit - '0');
-        }
-        Quotient = divided_ / Divisor;
-        Remainder = divided_ % Divisor;
+        digits.resize(static_cast<std::size_t>(exercise.DividendDigits + Scale), '0');
+        const LongDivision division(digits, Divisor);
+        FitsIn32Bits = division.FitsIn32Bits;
+        Quotient = division.Quotient; // in units of its last decimal
+        Remainder = division.Remainder;
         work(digits, exercise.ShowSubtractions);
     }
 
@@ -66,9 +61,9 @@ public:
     int Decimals;
     int Scale; // decimals that the quotient is worked to
     bool IsTooLong; // has one digit more than asked for
-    bool FitsIn32Bits = true; // the remainders on the way, with the next digit behind them
-    Whole Quotient = 0; // in units of its last decimal
-    Whole Remainder = 0;
+    bool FitsIn32Bits;
+    Whole Quotient;
+    Whole Remainder;
 
 private:
     // From left to right: a digit of the quotient takes its product away and leaves a remainder, behind which the next
@@ -93,7 +88,6 @@ private:
         }
     }
 
-    Whole divided_ = 0;
     std::vector<std::string> rows_;
 };
 
@@ -109,43 +103,41 @@ std::string workingIn(const WorkingGrid& grid)
 
 void tallyVerdicts(DivisionExercise& exercise, const std::string& quotient, const PaperDivision& paper, Tally& tally)
 {
-    const auto describe = [&] { return paper.Description() + " = " + quotient; };
     const bool fromTheDividend = !paper.HasWorking() && paper.Decimals > 0;
     const char* cause = paper.IsTooLong ? "the dividend was drawn with a digit more than is divided"
         : fromTheDividend               ? "without working the integer part of the dividend counts as the remainder"
                                         : nullptr;
-    tally.Require(paper.GivesBackTheDividend(paper.Quotient) == (cause == nullptr), "the cause is another", describe);
-    tally.CountVerdict("solution", exercise.Judge(quotient)->Right, cause == nullptr, cause, describe);
+    tally.Require(paper.GivesBackTheDividend(paper.Quotient) == (cause == nullptr), "the cause is another");
+    tally.CountVerdict("solution", exercise.Judge(quotient)->Right, cause == nullptr, cause);
 
     const bool accepted = paper.GivesBackTheDividend(paper.Quotient + 1);
-    tally.Require(!accepted || cause != nullptr, "the cause is another", describe);
+    tally.Require(!accepted || cause != nullptr, "the cause is another");
     tally.CountVerdict("quotient one unit off",
         exercise.Judge(WithoutLastZeros(CommaText(paper.Quotient + 1, paper.Scale)))->Right, accepted,
-        accepted ? "by chance it makes up for the remainder that is read" : nullptr, describe);
+        accepted ? "by chance it makes up for the remainder that is read" : nullptr);
 }
 
 void tallySolution(DivisionExercise& exercise, const PaperDivision& paper, Tally& tally)
 {
-    const auto describe = [&] { return paper.Description(); };
     std::string quotient;
     const auto kind = KindThrownBy([&] { quotient = exercise.ShowDivisionSolution(); });
     if (!paper.FitsIn32Bits) {
         tally.Note("no solution: a remainder with its next digit is beyond 32 bits");
-        tally.Require(kind == RunTimeError::Kind::Overflow, "there is a solution beyond 32 bits", describe);
+        tally.Require(kind == RunTimeError::Kind::Overflow, "there is a solution beyond 32 bits");
         return;
     }
-    tally.Require(!kind, "there is no solution", describe);
-    tally.Compare("the quotient", quotient, CommaText(paper.Quotient, paper.Scale), describe);
+    tally.Require(!kind, "there is no solution");
+    tally.Compare("the quotient", quotient, CommaText(paper.Quotient, paper.Scale));
     if (!paper.IsTooLong) { // what is not divided of such a dividend is in sight all the same
-        tally.Compare("the working", workingIn(exercise.Grid), paper.Working(), describe);
+        tally.Compare("the working", workingIn(exercise.Grid), paper.Working());
     }
     if (exercise.QuotientDecimals > 0) {
         tally.Note("solution not judged: the quotient was to have decimals of its own");
-        tally.Require(!exercise.Judge(quotient), "it is judged all the same", describe);
+        tally.Require(!exercise.Judge(quotient), "it is judged all the same");
         return;
     }
     tally.Require(exercise.Grid.RowValue(exercise.Grid.WrittenRows() - 1) == static_cast<double>(paper.LastRow()),
-        "the remainder is another", describe);
+        "the remainder is another");
     tallyVerdicts(exercise, quotient, paper, tally);
 }
 
@@ -172,15 +164,14 @@ void TryDivision(RandomSource& random, Tally& tally)
     exercise.QuotientDecimals = DrawYes(random) ? 0 : DrawChoice(DivisionExercise::QuotientDecimalChoices, random);
     exercise.ShowSubtractions = DrawYes(random);
     exercise.GenerateDivision();
-    tally.CountExercise(std::to_string(exercise.DividendDigits) + "," + std::to_string(exercise.DividendDecimals) + ","
-        + std::to_string(exercise.DivisorDigits) + "," + std::to_string(exercise.QuotientDecimals)
-        + (exercise.ShowSubtractions ? " subtracting" : ""));
+    tally.CountExercise({ exercise.DividendDigits, exercise.DividendDecimals, exercise.DivisorDigits,
+        exercise.QuotientDecimals, exercise.ShowSubtractions });
 
     const PaperDivision paper(exercise);
-    const auto describe = [&] { return paper.Description(); };
-    tally.Require(isDrawnWell(paper, exercise), "a number has other digits than asked for", describe);
+    tally.Describe(paper.Description());
+    tally.Require(isDrawnWell(paper, exercise), "a number has other digits than asked for");
     tally.Compare("the statement", exercise.Statement(),
-        CommaText(paper.Dividend, paper.Decimals) + " ÷ " + DigitsOf(paper.Divisor), describe);
+        CommaText(paper.Dividend, paper.Decimals) + " ÷ " + DigitsOf(paper.Divisor));
     tallySolution(exercise, paper, tally);
 }
 

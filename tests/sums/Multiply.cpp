@@ -20,8 +20,8 @@ constexpr double fine = 2'048;
 // The exercise on paper, in units of the last decimals.
 struct PaperProduct {
     explicit PaperProduct(const Multiplication& exercise)
-        : Factor1(unitsOf(exercise.Factor1, exercise.Decimals1))
-        , Factor2(unitsOf(exercise.Factor2, exercise.Decimals2))
+        : Factor1(UnitsOf(exercise.Factor1, exercise.Decimals1))
+        , Factor2(UnitsOf(exercise.Factor2, exercise.Decimals2))
         , Product(Factor1 * Factor2)
         , Decimals(exercise.Decimals1 + exercise.Decimals2)
         , Text1(CommaText(Factor1, exercise.Decimals1))
@@ -29,12 +29,10 @@ struct PaperProduct {
     {
     }
 
-    std::string Description() const { return Text1 + " x " + Text2; }
-
     // What the judge compares with a text, and whether that is near enough.
     bool IsAccepted(const std::string& text, const Multiplication& exercise) const
     {
-        return std::fabs(exercise.Factor2 * exercise.Factor1 - NumberAtTheStart(Replaced(text, ',', '.'))) < tolerance;
+        return std::fabs(exercise.Factor2 * exercise.Factor1 - CommaNumberAtTheStart(text)) < tolerance;
     }
 
     Whole Factor1;
@@ -43,29 +41,7 @@ struct PaperProduct {
     int Decimals;
     std::string Text1;
     std::string Text2;
-
-private:
-    static Whole unitsOf(double factor, int decimals)
-    {
-        return static_cast<Whole>(std::llround(factor * static_cast<double>(PowerOfTenOnPaper(decimals))));
-    }
 };
-
-// Partial rows from the top, each of one digit of the second factor, from its last to its first. With hidden zeros a
-// row is left out when a "0" stands so far from the end of the factor with its comma; the comma counts as one.
-std::vector<std::string> rowsOnPaper(const PaperProduct& paper, bool hideZeros)
-{
-    const std::string digits = Without(paper.Text2, ",");
-    std::vector<std::string> rows;
-    for (std::size_t place = 0; place < digits.size(); ++place) {
-        const char looked = paper.Text2[paper.Text2.size() - 1 - place];
-        if (!hideZeros || (looked != '0' && looked != ',')) {
-            const Whole digit = digits[digits.size() - 1 - place] - '0';
-            rows.push_back(DigitsOf(digit * paper.Factor1) + std::string(place, ' '));
-        }
-    }
-    return rows;
-}
 
 std::string joined(const std::vector<std::string>& rows)
 {
@@ -93,35 +69,32 @@ Whole sumOf(const std::vector<std::string>& rows)
 void tallyRows(
     const std::vector<std::string>& rows, const Multiplication& exercise, const PaperProduct& paper, Tally& tally)
 {
-    const auto describe = [&] { return paper.Description(); };
-    const std::vector<std::string> onPaper = rowsOnPaper(paper, exercise.HideZeros);
-    tally.Compare("the working", joined(rows), joined(onPaper), describe);
+    tally.Compare("the working", joined(rows), joined(PartialProducts(paper.Text1, paper.Text2, exercise.HideZeros)));
     if (sumOf(rows) == paper.Product) {
         return;
     }
     tally.Note("working without a row that the comma hides");
-    tally.Require(exercise.HideZeros && exercise.Decimals2 > 0, "the rows do not add up", describe);
+    tally.Require(exercise.HideZeros && exercise.Decimals2 > 0, "the rows do not add up");
 }
 
 void tallyAnswers(const std::string& shown, Multiplication& exercise, const PaperProduct& paper, Tally& tally)
 {
-    const auto describe = [&] { return paper.Description(); };
     const auto accepts = [&](const std::string& text) { return exercise.Judge(text, "").Right; };
     const bool grouped = paper.Product >= 1000 * PowerOfTenOnPaper(paper.Decimals);
     tally.CountVerdict("solution", accepts(shown), !grouped,
-        grouped ? "its point between thousands is read as a decimal point" : nullptr, describe);
+        grouped ? "its point between thousands is read as a decimal point" : nullptr);
 
     const std::string answer = CommaText(paper.Product, paper.Decimals);
     const bool near = paper.IsAccepted(answer, exercise);
-    tally.Require(near || exercise.Product >= fine, "doubles are fine", describe);
+    tally.Require(near || exercise.Product >= fine, "doubles are fine");
     tally.CountVerdict("answer on paper", accepts(answer), near,
-        near ? nullptr : "from 2.048 on the tolerance is finer than doubles are", describe);
+        near ? nullptr : "from 2.048 on the tolerance is finer than doubles are");
 
     const std::string wrong = CommaText(paper.Product + 1, paper.Decimals);
     const bool same = paper.IsAccepted(wrong, exercise);
-    tally.Require(!same || exercise.Product >= fine, "doubles are fine", describe);
-    tally.CountVerdict("answer one unit off", accepts(wrong), same,
-        same ? "doubles cannot tell it from the product" : nullptr, describe);
+    tally.Require(!same || exercise.Product >= fine, "doubles are fine");
+    tally.CountVerdict(
+        "answer one unit off", accepts(wrong), same, same ? "doubles cannot tell it from the product" : nullptr);
 }
 
 void setOptions(Multiplication& exercise, RandomSource& random)
@@ -140,13 +113,6 @@ void setOptions(Multiplication& exercise, RandomSource& random)
     exercise.ChooseTables(tables);
 }
 
-std::string settingOf(const Multiplication& exercise)
-{
-    return std::to_string(exercise.Digits1) + "," + std::to_string(exercise.Digits2) + ","
-        + std::to_string(exercise.Decimals1) + "," + std::to_string(exercise.Decimals2)
-        + (exercise.HideZeros ? " hidden" : "") + (exercise.AnyDigits ? "" : " tables");
-}
-
 // Free digits never make a power of ten: its last digit is 0, and 1 is left out.
 bool isDrawnWell(Whole factor, int digits, bool fromTables, bool mayEndInZero)
 {
@@ -162,23 +128,23 @@ void TryMultiplication(RandomSource& random, Tally& tally)
     Multiplication exercise(random);
     setOptions(exercise, random);
     exercise.NewMultiplication();
-    tally.CountExercise(settingOf(exercise));
+    tally.CountExercise({ exercise.Digits1, exercise.Digits2, exercise.Decimals1, exercise.Decimals2,
+        exercise.HideZeros, exercise.AnyDigits });
 
     const PaperProduct paper(exercise);
-    const auto describe = [&] { return paper.Description(); };
+    tally.Describe(paper.Text1 + " x " + paper.Text2);
     const bool endInZero = !exercise.AnyDigits && exercise.Decimals2 == 0;
     tally.Require(isDrawnWell(paper.Factor1, exercise.Digits1 + exercise.Decimals1, false, false)
             && isDrawnWell(paper.Factor2, exercise.Digits2 + exercise.Decimals2, !exercise.AnyDigits, endInZero),
-        "a factor has other digits than asked for", describe);
+        "a factor has other digits than asked for");
     tally.Require(exercise.AnyDigits
             || DigitsOf(paper.Factor2).find_first_not_of("0" + exercise.SelectedTables) == std::string::npos,
-        "a digit is of no chosen table", describe);
-    tally.Compare("the first factor", exercise.Factor1Text(), paper.Text1, describe);
-    tally.Compare("the second factor", exercise.Factor2Text(), paper.Text2, describe);
+        "a digit is of no chosen table");
+    tally.Compare("the first factor", exercise.Factor1Text(), paper.Text1);
+    tally.Compare("the second factor", exercise.Factor2Text(), paper.Text2);
 
     const Multiplication::WorkedSolution solution = exercise.ShowSolution();
-    tally.Compare(
-        "the solution", solution.Result, GroupedInThousands(CommaText(paper.Product, paper.Decimals)), describe);
+    tally.Compare("the solution", solution.Result, GroupedInThousands(CommaText(paper.Product, paper.Decimals)));
     tallyRows(solution.Rows, exercise, paper, tally);
     tallyAnswers(solution.Result, exercise, paper, tally);
 }

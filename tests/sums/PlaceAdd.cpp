@@ -7,7 +7,6 @@
 #include "tests/support/Schoolbook.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -16,7 +15,6 @@ namespace numbrela::testing {
 namespace {
 
 constexpr int mostDecimals = 4;
-constexpr double unit = 1e4;
 
 // The addends in units of the fourth decimal, added up on paper, and their sum as singles have it.
 struct PaperSum {
@@ -25,7 +23,7 @@ struct PaperSum {
         for (int index = 0; index < exercise.AddendCount; ++index) {
             const float addend = exercise.Addends.at(static_cast<std::size_t>(index));
             Addends.push_back(unitsOf(addend));
-            AreSingles = AreSingles && addend == static_cast<float>(static_cast<double>(Addends.back()) / unit);
+            AreSingles = AreSingles && addend == static_cast<float>(ValueOf(Addends.back(), mostDecimals));
             Sum += Addends.back();
             SingleSum += addend;
         }
@@ -69,8 +67,7 @@ private:
     // An addend is drawn with five digits at most; what a single has behind them is its own.
     static Whole unitsOf(float addend)
     {
-        const std::string text = RoundedText(static_cast<double>(addend), 5);
-        return static_cast<Whole>(std::llround(NumberAtTheStart(Replaced(text, ',', '.')) * unit));
+        return UnitsOf(CommaNumberAtTheStart(RoundedText(static_cast<double>(addend), 5)), mostDecimals);
     }
 };
 
@@ -85,30 +82,27 @@ const char* causeFor(const PaperSum& paper, bool accepted)
 
 void tallySolution(const PlaceAndAdd& exercise, const PaperSum& paper, Tally& tally)
 {
-    const auto describe = [&] { return paper.Line(); };
     const std::string shown = RoundedText(static_cast<double>(paper.SingleSum), 7);
     const bool fits = std::min(shown.find(','), shown.size()) <= 4;
     PlaceAndAdd::Placement placement;
     const auto kind = KindThrownBy([&] { placement = exercise.Solution(); });
     if (!fits) {
         tally.Note("no solution: the sum has more than four integer digits");
-        tally.Require(kind == RunTimeError::Kind::InvalidArgument, "there is a solution all the same", describe);
+        tally.Require(kind == RunTimeError::Kind::InvalidArgument, "there is a solution all the same");
         return;
     }
-    tally.Require(!kind, "there is no solution", describe);
+    tally.Require(!kind, "there is no solution");
     if (shown != PaperSum::TextOf(paper.Sum)) {
         tally.Note("solution shown with what singles are off by");
     }
     const auto inColumns
         = [](const std::string& text) { return std::string(4 - std::min(text.find(','), text.size()), ' ') + text; };
-    tally.Compare("the sum", placement.Sum, inColumns(shown), describe);
+    tally.Compare("the sum", placement.Sum, inColumns(shown));
     for (std::size_t index = 0; index < placement.Addends.size(); ++index) {
-        tally.Compare(
-            "an addend", placement.Addends[index], inColumns(PaperSum::TextOf(paper.Addends.at(index))), describe);
+        tally.Compare("an addend", placement.Addends[index], inColumns(PaperSum::TextOf(paper.Addends.at(index))));
     }
     const bool accepted = paper.IsAccepted(shown);
-    tally.CountVerdict(
-        "solution", exercise.Judge(placement.Sum, "").Right, accepted, causeFor(paper, accepted), describe);
+    tally.CountVerdict("solution", exercise.Judge(placement.Sum, "").Right, accepted, causeFor(paper, accepted));
 }
 
 } // namespace
@@ -119,23 +113,23 @@ void TryPlaceAndAdd(RandomSource& random, Tally& tally)
     exercise.AddendCount = DrawChoice(PlaceAndAdd::AddendCountChoices, random);
     exercise.MaxDigits = DrawChoice(PlaceAndAdd::MaxDigitsChoices, random);
     exercise.NewPlaceAndAdd();
-    tally.CountExercise(std::to_string(exercise.AddendCount) + "," + std::to_string(exercise.MaxDigits));
+    tally.CountExercise({ exercise.AddendCount, exercise.MaxDigits });
 
     const PaperSum paper(exercise);
-    const auto describe = [&] { return paper.Line(); };
-    tally.Require(paper.AreSingles, "an addend is not the single that is written so", describe);
-    tally.Require(exercise.AddendSum == paper.SingleSum, "the singles are added up otherwise", describe);
-    tally.Require(paper.HasShort(exercise.MaxDigits), "all addends are equally long", describe);
-    tally.Compare("the line", exercise.DataLine(), paper.Line(), describe);
+    tally.Describe(paper.Line());
+    tally.Require(paper.AreSingles, "an addend is not the single that is written so");
+    tally.Require(exercise.AddendSum == paper.SingleSum, "the singles are added up otherwise");
+    tally.Require(paper.HasShort(exercise.MaxDigits), "all addends are equally long");
+    tally.Compare("the line", exercise.DataLine(), paper.Line());
 
     const bool accepted = paper.IsAccepted(PaperSum::TextOf(paper.Sum));
     const auto isRight = [&](Whole sum) { return exercise.Judge(PaperSum::TextOf(sum), "").Right; };
-    tally.CountVerdict("answer on paper", isRight(paper.Sum), accepted, causeFor(paper, accepted), describe);
+    tally.CountVerdict("answer on paper", isRight(paper.Sum), accepted, causeFor(paper, accepted));
     const Whole wrong = paper.Sum + PowerOfTenOnPaper(mostDecimals);
     const bool same = paper.IsAccepted(PaperSum::TextOf(wrong));
-    tally.Require(!same || !paper.IsWhole(), "singles cannot tell one more", describe);
-    tally.CountVerdict("answer greater by one", isRight(wrong), same,
-        same ? "singles round the sum up to its whole part" : nullptr, describe);
+    tally.Require(!same || !paper.IsWhole(), "singles cannot tell one more");
+    tally.CountVerdict(
+        "answer greater by one", isRight(wrong), same, same ? "singles round the sum up to its whole part" : nullptr);
     tallySolution(exercise, paper, tally);
 }
 

@@ -4,7 +4,6 @@
 
 #include "tests/support/Schoolbook.h"
 
-#include <cmath>
 #include <string>
 
 namespace numbrela::testing {
@@ -16,8 +15,8 @@ constexpr int mostDecimals = 4; // of the number, as many as it has digits
 // The number in units of its fourth decimal; the comma of the result is that many places further on.
 struct PaperShift {
     explicit PaperShift(const PowersOfTen& exercise)
-        : Number(static_cast<Whole>(std::llround(exercise.Factor1 * 1e4)))
-        , Power(static_cast<Whole>(std::llround(exercise.Factor2)))
+        : Number(UnitsOf(exercise.Factor1, mostDecimals))
+        , Power(UnitsOf(exercise.Factor2, 0))
         , Multiplies(exercise.Sign() == " × ")
         , Places(static_cast<int>(DigitsOf(Power).size()) - 1)
         , Result(Multiplies ? Number * Power : Number)
@@ -43,7 +42,7 @@ bool isDrawnWell(const PaperShift& paper, const PowersOfTen& exercise)
     // With at least one decimal of its digits the number stays below the power with one zero less.
     const bool number = paper.Number >= 1 && paper.Number < PowerOfTenOnPaper(exercise.Digits1 - 1 + mostDecimals)
         && paper.Number % PowerOfTenOnPaper(mostDecimals - exercise.Digits1) == 0
-        && exercise.Factor1 == static_cast<double>(paper.Number) / 1e4;
+        && exercise.Factor1 == ValueOf(paper.Number, mostDecimals);
     const bool power
         = paper.Places >= 1 && paper.Places <= exercise.Digits2 && paper.Power == PowerOfTenOnPaper(paper.Places);
     return number && power && (paper.Multiplies || exercise.Sign() == " ÷ ");
@@ -56,21 +55,18 @@ void TryPowersOfTen(RandomSource& random, Tally& tally)
     PowersOfTen exercise(random);
     exercise.Digits1 = DrawChoice(PowersOfTen::Digits1Choices, random);
     exercise.NewPowerOfTenExercise();
-    tally.CountExercise(std::to_string(exercise.Digits1));
+    tally.CountExercise({ exercise.Digits1 });
 
     const PaperShift paper(exercise);
-    const auto describe = [&] { return paper.Description(); };
-    tally.Require(isDrawnWell(paper, exercise), "a factor is not of the kind asked for", describe);
+    tally.Describe(paper.Description());
+    tally.Require(isDrawnWell(paper, exercise), "a factor is not of the kind asked for");
     const std::string answer = WithoutLastZeros(CommaText(paper.Result, paper.Decimals));
-    tally.Compare(
-        "the number", exercise.Factor1Text(), WithoutLastZeros(CommaText(paper.Number, mostDecimals)), describe);
-    tally.Compare("the power", exercise.Factor2Text(), DigitsOf(paper.Power), describe);
-    tally.Compare("the solution", exercise.Solution(), answer, describe);
-    tally.CountVerdict("solution", exercise.Judge(exercise.Solution()).Right, true, nullptr, describe);
-    tally.CountVerdict("answer with all decimals", exercise.Judge(CommaText(paper.Result, paper.Decimals)).Right, true,
-        nullptr, describe);
-    tally.CountVerdict("answer one unit off", exercise.Judge(CommaText(paper.Result + 1, paper.Decimals)).Right, false,
-        nullptr, describe);
+    tally.Compare("the number", exercise.Factor1Text(), WithoutLastZeros(CommaText(paper.Number, mostDecimals)));
+    tally.Compare("the power", exercise.Factor2Text(), DigitsOf(paper.Power));
+    tally.Compare("the solution", exercise.Solution(), answer);
+    tally.CountVerdict("solution", exercise.Judge(exercise.Solution()).Right, true);
+    tally.CountVerdict("answer with all decimals", exercise.Judge(CommaText(paper.Result, paper.Decimals)).Right, true);
+    tally.CountVerdict("answer one unit off", exercise.Judge(CommaText(paper.Result + 1, paper.Decimals)).Right, false);
 }
 
 } // namespace numbrela::testing

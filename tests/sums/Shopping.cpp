@@ -47,7 +47,8 @@ public:
         checkPurse();
         for (const char* shop : ShoppingTask::ShopNames) {
             if (fillBasket(shop)) {
-                tally_.CountExercise("a list of " + std::to_string(task_.ListLength));
+                tally_.CountExercise({ task_.ListLength });
+                tally_.Describe("a basket of " + CommaText(cost_, 2));
                 if (!buy()) {
                     return;
                 }
@@ -72,8 +73,6 @@ private:
         }
     }
 
-    std::string describe() const { return "a basket of " + CommaText(cost_, 2); }
-
     long centsOf(const ShoppingItem& item) const { return cents_.at(static_cast<std::size_t>(item.Product)); }
 
     void checkPurse()
@@ -84,10 +83,11 @@ private:
             cost += item.Units * centsOf(item);
             asSingles += static_cast<float>(item.Units) * singleOf(centsOf(item));
         }
-        tally_.Require(task_.ListCost == asSingles, "the list costs otherwise", [&] { return describe(); });
+        tally_.Describe("a list of " + CommaText(cost, 2));
+        tally_.Require(task_.ListCost == asSingles, "the list costs otherwise");
         const bool asOnPaper = task_.MoneyGiven == singleOf(notesAbove(cost));
         const bool onTheEdge = cost % 100 == 50; // of which singles may be a little to one side
-        tally_.Require(asOnPaper || onTheEdge, "the purse holds another sum", [&] { return describe(); });
+        tally_.Require(asOnPaper || onTheEdge, "the purse holds another sum");
     }
 
     // Takes what the list wants of a shop; false when that is nothing.
@@ -122,10 +122,8 @@ private:
     void checkColumn(const std::string& column)
     {
         const PricesInColumn prices = AddUpColumn(column);
-        tally_.Require(prices.Cents == cost_ && prices.Count == rows_, "the column adds up to something else",
-            [&] { return describe() + "\n" + column; });
-        tally_.Require(
-            task_.BasketTotal == singleCost_, "the singles are added up otherwise", [&] { return describe(); });
+        tally_.Require(prices.Cents == cost_ && prices.Count == rows_, "the column adds up to something else");
+        tally_.Require(task_.BasketTotal == singleCost_, "the singles are added up otherwise");
     }
 
     bool judgeSum(const PayOutcome& outcome)
@@ -136,12 +134,11 @@ private:
                                            : nullptr;
         // Every price is off by half the distance of neighbouring singles at most, and so is every sum on the way.
         const float distance = std::nextafter(singleCost_, HUGE_VALF) - singleCost_;
-        tally_.Require(comparison == 0 || static_cast<float>(rows_ + 1) * distance >= 0.0001F,
-            "singles are fine enough for it", [&] { return describe(); });
+        tally_.Require(
+            comparison == 0 || static_cast<float>(rows_ + 1) * distance >= 0.0001F, "singles are fine enough for it");
         const bool accepted = outcome.Scene == ShopScene::Change;
-        tally_.CountVerdict("sum on paper", accepted, comparison >= 0, cause, [&] { return describe(); });
-        tally_.Require(outcome.Message.empty() == (cause == nullptr), "the message is another",
-            [&] { return describe() + " " + outcome.Message; });
+        tally_.CountVerdict("sum on paper", accepted, comparison >= 0, cause);
+        tally_.Require(outcome.Message.empty() == (cause == nullptr), "the message is another");
         return accepted;
     }
 
@@ -159,11 +156,10 @@ private:
         const long notes = notesAbove(cost_);
         if (notes >= 100'000) {
             tally_.Note("no change: notes of four digits have no room");
-            tally_.Require(kind == RunTimeError::Kind::InvalidArgument, "they have", [&] { return describe(); });
+            tally_.Require(kind == RunTimeError::Kind::InvalidArgument, "they have");
             return false;
         }
-        tally_.Compare(
-            "the subtraction", column, inColumn(notes) + "\n-" + inColumn(cost_), [&] { return describe(); });
+        tally_.Compare("the subtraction", column, inColumn(notes) + "\n-" + inColumn(cost_));
         return true;
     }
 
@@ -171,15 +167,14 @@ private:
     bool takeChange()
     {
         const long notes = notesAbove(cost_);
-        tally_.Require(task_.NotesGiven == singleOf(notes), "other notes are given", [&] { return describe(); });
+        tally_.Require(task_.NotesGiven == singleOf(notes), "other notes are given");
         const float due = singleOf(notes) - singleOf(cost_);
         const int comparison = ComparedAsSingles(singleOf(notes - cost_), due);
         const PayOutcome outcome = task_.Continue(CommaText(notes - cost_, 2));
         const bool accepted = outcome.Scene == ShopScene::Receipt;
-        tally_.CountVerdict("change on paper", accepted, comparison <= 0,
-            comparison == 0 ? nullptr : "singles take away otherwise", [&] { return describe(); });
-        tally_.Require(outcome.Message.empty() == (comparison == 0), "the message is another",
-            [&] { return describe() + " " + outcome.Message; });
+        tally_.CountVerdict(
+            "change on paper", accepted, comparison <= 0, comparison == 0 ? nullptr : "singles take away otherwise");
+        tally_.Require(outcome.Message.empty() == (comparison == 0), "the message is another");
         return accepted;
     }
 
@@ -187,8 +182,8 @@ private:
     {
         const float left = task_.MoneyLeft - singleOf(cost_);
         const PayOutcome outcome = task_.Continue("");
-        tally_.Require(outcome.Scene == ShopScene::CentreWithPurchase && task_.MoneyLeft == left,
-            "the purchase is not paid", [&] { return describe(); });
+        tally_.Require(
+            outcome.Scene == ShopScene::CentreWithPurchase && task_.MoneyLeft == left, "the purchase is not paid");
         return true;
     }
 
@@ -203,10 +198,9 @@ private:
         tally_.Note(ideal == task_.MoneyLeft ? "home with just the money spent"
                 : ideal > task_.MoneyLeft    ? "home with just the money spent, of which singles make more"
                                              : "home with just the money spent, of which singles make less");
-        tally_.Require(home.Ended && std::fabs(ideal - task_.MoneyLeft) < 0.01F, "the day is not over",
-            [&] { return describe(); });
+        tally_.Require(home.Ended && std::fabs(ideal - task_.MoneyLeft) < 0.01F, "the day is not over");
         tally_.Compare("the verdict", home.Message.substr(0, home.Message.rfind('\n')),
-            "Has conseguido comprar todos los productos pedidos" + verdict, [&] { return describe(); });
+            "Has conseguido comprar todos los productos pedidos" + verdict);
     }
 
     RandomSource& random_;

@@ -4,11 +4,40 @@
 
 namespace numbrela::testing {
 
-void Tally::differ(const std::string& what, const std::string& exercise)
+void Tally::CountExercise(std::vector<int> setting)
+{
+    ++exercises_;
+    settings_.insert(std::move(setting));
+}
+
+void Tally::CountVerdict(const char* answer, bool accepted, bool toBeAccepted, const char* cause)
+{
+    const std::string verdict = std::string(answer) + (toBeAccepted ? " accepted" : " refused");
+    ++counts_[cause == nullptr ? verdict : verdict + ": " + cause];
+    if (accepted != toBeAccepted) {
+        differ(std::string(answer) + (accepted ? " is accepted" : " is refused"));
+    }
+}
+
+void Tally::Compare(const char* what, const std::string& said, const std::string& onPaper)
+{
+    if (said != onPaper) {
+        differ(std::string(what) + " is \"" + said + "\", on paper \"" + onPaper + "\"");
+    }
+}
+
+void Tally::Require(bool holds, const char* what)
+{
+    if (!holds) {
+        differ(what);
+    }
+}
+
+void Tally::differ(const std::string& what)
 {
     constexpr long mostPrinted = 10;
     if (++differences_ <= mostPrinted) {
-        std::printf("%s: %s: %s\n", activity_.c_str(), exercise.c_str(), what.c_str());
+        std::printf("%s: %s: %s\n", activity_.c_str(), exercise_.c_str(), what.c_str());
     }
 }
 

@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace numbrela::testing {
 
@@ -19,40 +20,19 @@ public:
     }
 
     // One exercise more, drawn with this setting of all options.
-    void CountExercise(const std::string& setting)
-    {
-        ++exercises_;
-        settings_.insert(setting);
-    }
+    void CountExercise(std::vector<int> setting);
+
+    // What is compared from now on, for whoever reads of a difference: "12,5 + 7".
+    void Describe(std::string exercise) { exercise_ = std::move(exercise); }
 
     // The verdict on an answer, for example on "the solution". `cause` says why an answer on paper is to be judged
     // otherwise than it deserves; null when it is not.
-    template <typename Describe>
-    void CountVerdict(const char* answer, bool accepted, bool toBeAccepted, const char* cause, Describe describe)
-    {
-        ++counts_[std::string(answer) + (toBeAccepted ? " accepted" : " refused") + (cause ? ": " : "")
-            + (cause ? cause : "")];
-        if (accepted != toBeAccepted) {
-            differ(std::string(answer) + (accepted ? " is accepted" : " is refused"), describe());
-        }
-    }
+    void CountVerdict(const char* answer, bool accepted, bool toBeAccepted, const char* cause = nullptr);
 
     // What the program says, and what is to be said on paper.
-    template <typename Describe>
-    void Compare(const char* what, const std::string& said, const std::string& onPaper, Describe describe)
-    {
-        if (said != onPaper) {
-            differ(std::string(what) + " is \"" + said + "\", on paper \"" + onPaper + "\"", describe());
-        }
-    }
+    void Compare(const char* what, const std::string& said, const std::string& onPaper);
 
-    template <typename Describe>
-    void Require(bool holds, const char* what, Describe describe)
-    {
-        if (!holds) {
-            differ(what, describe());
-        }
-    }
+    void Require(bool holds, const char* what);
 
     // Counts what is neither right nor wrong.
     void Note(const char* what) { ++counts_[what]; }
@@ -62,11 +42,12 @@ public:
     void Print() const;
 
 private:
-    void differ(const std::string& what, const std::string& exercise);
+    void differ(const std::string& what);
 
     std::string activity_;
+    std::string exercise_;
     std::map<std::string, long> counts_;
-    std::set<std::string> settings_;
+    std::set<std::vector<int>> settings_;
     long exercises_ = 0;
     long differences_ = 0;
 };

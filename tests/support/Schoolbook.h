@@ -4,10 +4,13 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 // Numbers and their texts as they are worked out on paper, for tests to compare the program with. Nothing here asks the
 // program; numbers are converted by the C library, so a process that uses this keeps the locale "C".
@@ -23,6 +26,17 @@ inline Whole PowerOfTenOnPaper(int exponent)
         power *= 10;
     }
     return power;
+}
+
+// A number of so many decimals in units of its last one, and the double that is written like so many units.
+inline Whole UnitsOf(double value, int decimals)
+{
+    return static_cast<Whole>(std::llround(value * static_cast<double>(PowerOfTenOnPaper(decimals))));
+}
+
+inline double ValueOf(Whole units, int decimals)
+{
+    return static_cast<double>(units) / static_cast<double>(PowerOfTenOnPaper(decimals));
 }
 
 inline std::string DigitsOf(Whole number)
@@ -157,5 +171,75 @@ inline double NumberAtTheStart(std::string_view text)
     const std::size_t end = std::min(solid.find_first_not_of("+-0123456789.eE"), solid.size());
     return std::strtod(solid.substr(0, end).c_str(), nullptr);
 }
+
+// The same of a text with a decimal comma.
+inline double CommaNumberAtTheStart(std::string text)
+{
+    return NumberAtTheStart(Replaced(std::move(text), ',', '.'));
+}
+
+// The product of two whole numbers of any length, written with as many digits as both have: "12" and "5" make "060".
+// The columns are added up first and carried over afterwards.
+inline std::string ProductOfDigits(std::string_view digits1, std::string_view digits2)
+{
+    std::vector<int> columns(digits1.size() + digits2.size(), 0);
+    for (std::size_t i = 0; i < digits1.size(); ++i) {
+        for (std::size_t j = 0; j < digits2.size(); ++j) {
+            columns[i + j + 1] += (digits1[i] - '0') * (digits2[j] - '0');
+        }
+    }
+    std::string product;
+    int carried = 0;
+    for (std::size_t column = columns.size(); column-- > 0;) {
+        carried += columns[column];
+        product.insert(product.begin(), static_cast<char>('0' + carried % 10));
+        carried /= 10;
+    }
+    return product;
+}
+
+// "007" as "7", "000" as "0".
+inline std::string WithoutFirstZeros(const std::string& digits)
+{
+    return digits.substr(std::min(digits.find_first_not_of('0'), digits.size() - 1));
+}
+
+// The partial products of a written multiplication from the top, each of one digit of the second factor from its last
+// to its first, and a place further to the left than the one above. With hidden zeros a row is left out when a "0"
+// stands so far from the end of the factor with its comma; the comma counts as one. A sign counts as a zero.
+inline std::vector<std::string> PartialProducts(const std::string& factor1, const std::string& factor2, bool hideZeros)
+{
+    const std::string digits1 = Without(factor1, ",-");
+    const std::string digits2 = Replaced(Without(factor2, ","), '-', '0');
+    std::vector<std::string> rows;
+    for (std::size_t place = 0; place < digits2.size(); ++place) {
+        const char looked = factor2[factor2.size() - 1 - place];
+        if (!hideZeros || (looked >= '1' && looked <= '9')) {
+            const std::string row
+                = WithoutFirstZeros(ProductOfDigits(digits1, digits2.substr(digits2.size() - 1 - place, 1)));
+            rows.push_back((factor1.front() == '-' && row != "0" ? "-" : "") + row + std::string(place, ' '));
+        }
+    }
+    return rows;
+}
+
+// A division of a number of up to 37 digits, with what a pupil meets who brings them down one by one.
+struct LongDivision {
+    LongDivision(std::string_view digits, Whole divisor)
+        : FitsIn32Bits(divisor <= INT32_MAX)
+    {
+        Whole dividend = 0;
+        for (const char digit : digits) {
+            FitsIn32Bits = FitsIn32Bits && dividend % divisor * 10 + (digit - '0') <= INT32_MAX;
+            dividend = dividend * 10 + (digit - '0');
+        }
+        Quotient = dividend / divisor;
+        Remainder = dividend % divisor;
+    }
+
+    bool FitsIn32Bits; // the remainders on the way, with the next digit behind them
+    Whole Quotient;
+    Whole Remainder;
+};
 
 } // namespace numbrela::testing

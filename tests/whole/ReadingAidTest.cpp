@@ -56,10 +56,8 @@ std::vector<QWidget*> visibleControls(const QWidget& window)
 std::vector<QWidget*> focusableControls(const QWidget& window)
 {
     std::vector<QWidget*> controls = visibleControls(window);
-    controls.erase(
-        std::remove_if(controls.begin(), controls.end(),
-            [](const QWidget* control) { return control->focusPolicy() == Qt::NoFocus || !control->isEnabled(); }),
-        controls.end());
+    std::erase_if(controls,
+        [](const QWidget* control) { return control->focusPolicy() == Qt::NoFocus || !control->isEnabled(); });
     return controls;
 }
 
@@ -93,20 +91,6 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Rooms, ReadingAidTest, ::testing::ValuesIn(galleryRooms),
     [](const auto& instance) { return std::string(instance.param.Name); });
-
-// --- Names -----------------------------------------------------------------------------------------------------------
-
-TEST_P(ReadingAidTest, WhatTakesTheFocusHasANameToBeSpoken)
-{
-    inspectAll([](QWidget& window) {
-        EXPECT_FALSE(window.windowTitle().isEmpty());
-        for (QWidget* control : focusableControls(window)) {
-            QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
-            ASSERT_NE(spoken, nullptr) << fullNameOf(*control);
-            EXPECT_NE(spoken->text(QAccessible::Name).trimmed().toStdString(), "") << fullNameOf(*control);
-        }
-    });
-}
 
 // --- The Tab key -----------------------------------------------------------------------------------------------------
 
@@ -180,50 +164,55 @@ TEST_P(ReadingAidTest, WhatTakesTheFocusIsInSightInSomeState)
     EXPECT_EQ(unseen, std::set<std::string>());
 }
 
-// --- Seen whole ------------------------------------------------------------------------------------------------------
+// --- Heard and seen -------------------------------------------------------------------------------------------------
 
-TEST_P(ReadingAidTest, EveryTextIsSeenWhole)
+void expectName(QWidget& control)
 {
-    inspectAll([](QWidget& window) {
-        for (const QWidget* control : visibleControls(window)) {
-            EXPECT_EQ(CutOffText(*control), "") << fullNameOf(*control);
-        }
-    });
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&control);
+    ASSERT_NE(spoken, nullptr);
+    EXPECT_NE(spoken->text(QAccessible::Name).trimmed().toStdString(), "");
 }
 
 // A control with room for its text may still be beyond the edge of its parent. A scrolling area is covered by its
 // viewport, which is inspected instead.
-TEST_P(ReadingAidTest, EveryControlIsSeenWhole)
+void expectSeenWhole(const QWidget& control)
+{
+    EXPECT_EQ(CutOffText(control), "");
+    const QRect seen = control.visibleRegion().boundingRect();
+    EXPECT_TRUE(seen.contains(control.rect()) || control.inherits("QAbstractScrollArea"))
+        << control.width() << " x " << control.height() << " shows " << seen.width() << " x " << seen.height();
+}
+
+void expectContrast(const QWidget& control)
+{
+    constexpr double enough = 4.5;
+    for (const ColourPair& pair : ColourPairsOf(control)) {
+        EXPECT_GE(Contrast(pair.Text, pair.Ground), enough)
+            << pair.What << ": " << pair.Text.name().toStdString() << " on " << pair.Ground.name().toStdString();
+    }
+}
+
+TEST_P(ReadingAidTest, EveryControlHasANameToBeSpokenAndIsSeenWholeAndStandsOut)
 {
     inspectAll([](QWidget& window) {
+        EXPECT_FALSE(window.windowTitle().isEmpty());
+        for (QWidget* control : focusableControls(window)) {
+            SCOPED_TRACE(fullNameOf(*control));
+            expectName(*control);
+        }
         for (const QWidget* control : visibleControls(window)) {
-            const QRect seen = control->visibleRegion().boundingRect();
-            EXPECT_TRUE(seen.contains(control->rect()) || control->inherits("QAbstractScrollArea"))
-                << fullNameOf(*control) << " of " << control->width() << " x " << control->height() << " shows "
-                << seen.width() << " x " << seen.height();
+            SCOPED_TRACE(fullNameOf(*control));
+            expectSeenWhole(*control);
+            expectContrast(*control);
+        }
+        for (const QMenu* menu : window.findChildren<QMenu*>()) { // open in no state
+            SCOPED_TRACE(fullNameOf(*menu));
+            expectContrast(*menu);
         }
     });
 }
 
 // --- Colours ---------------------------------------------------------------------------------------------------------
-
-TEST_P(ReadingAidTest, TextStandsOutFromItsGround)
-{
-    inspectAll([](QWidget& window) {
-        constexpr double enough = 4.5;
-        std::vector<QWidget*> controls = visibleControls(window);
-        for (QMenu* menu : window.findChildren<QMenu*>()) {
-            controls.push_back(menu); // open in no state
-        }
-        for (const QWidget* control : controls) {
-            for (const ColourPair& pair : ColourPairsOf(*control)) {
-                EXPECT_GE(Contrast(pair.Text, pair.Ground), enough)
-                    << fullNameOf(*control) << ", " << pair.What << ": " << pair.Text.name().toStdString() << " on "
-                    << pair.Ground.name().toStdString();
-            }
-        }
-    });
-}
 
 // The boxes of a window that hold a text, and whether each takes typing.
 std::vector<std::pair<QWidget*, bool>> textBoxes(const QWidget& window)
@@ -269,32 +258,29 @@ Said saidByColour(const QColor& colour)
     return dominates(colour.red(), colour.green(), colour.blue()) ? Said::Wrong : Said::Nothing;
 }
 
-TEST_P(ReadingAidTest, WhatTakesTypingIsWhiteAndWhatDoesNotIsGrey)
+// What takes typing is white. What does not is grey, or green or red when it says so and is not highlighted.
+void expectGround(const QWidget& box, bool takesTyping, Said said)
 {
-    inspectAll([](QWidget& window) {
-        for (const auto& [box, takesTyping] : textBoxes(window)) {
-            const QColor ground = box->palette().color(QPalette::Base);
-            if (takesTyping) {
-                EXPECT_EQ(ground, QColor(Qt::white)) << fullNameOf(*box);
-            } else if (saidByColour(ground) == Said::Nothing) {
-                EXPECT_EQ(ground.saturation(), 0) << fullNameOf(*box);
-                EXPECT_LT(ground.lightness(), 240) << fullNameOf(*box);
-            }
-        }
-    });
+    const QColor ground = box.palette().color(QPalette::Base);
+    EXPECT_EQ(saidByColour(ground), isHighlighted(box) ? Said::Nothing : said);
+    if (takesTyping) {
+        EXPECT_EQ(ground, QColor(Qt::white));
+    } else if (saidByColour(ground) == Said::Nothing) {
+        EXPECT_EQ(ground.saturation(), 0);
+        EXPECT_LT(ground.lightness(), 240);
+    }
 }
 
-TEST_P(ReadingAidTest, ARightVerdictIsGreenAWrongOneRedAndNothingElseIs)
+TEST_P(ReadingAidTest, WhatTakesTypingIsWhiteARightVerdictGreenAWrongOneRedAndAllElseIsGrey)
 {
     std::set<Said> seen;
     inspectAll([&seen](QWidget& window) {
         for (const auto& [box, takesTyping] : textBoxes(window)) {
-            const bool highlighted = isHighlighted(*box);
+            SCOPED_TRACE(fullNameOf(*box));
             const Said said = saidBy(*box);
             seen.insert(said);
-            EXPECT_EQ(saidByColour(box->palette().color(QPalette::Highlight)), said) << fullNameOf(*box);
-            EXPECT_EQ(saidByColour(box->palette().color(QPalette::Base)), highlighted ? Said::Nothing : said)
-                << fullNameOf(*box);
+            expectGround(*box, takesTyping, said);
+            EXPECT_EQ(saidByColour(box->palette().color(QPalette::Highlight)), said);
         }
     });
     const std::set<std::string> judging { "AddSub", "Multiply", "Divide", "Compare", "PlaceAdd", "Powers10" };

@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <initializer_list>
 #include <stdexcept>
 
@@ -57,7 +58,7 @@ protected:
 
     // Opens each activity, lets the person work in it and leave it, and checks that the menu is usable again.
     template <typename Open>
-    void walk(Open open, const std::array<void (*)(), 8>& work)
+    void walk(Open open, const std::array<std::function<void()>, 8>& work)
     {
         const std::array<const char*, 8> captions { "SUMAS", "RESTAS", "Multiplicaciones", "DIVISIONES",
             "MAYOR Y MENOR", "multiplicar y dividir por 10, 100, 1000", "COLOCA Y SUMA", "La compra" };
@@ -128,6 +129,22 @@ protected:
     // "10€" after the start, "9 €" after a purchase
     static long long eurosInPurse() { return ReadDecimal(textOf("TBDinero").remove(u'€')).Digits; }
 
+    // An activity with a row of buttons, and what is worked out from what stands on its screen.
+    struct Exercise {
+        const char* Answer;
+        const char* Verdict;
+        Decimal (*Result)();
+        bool IsScored;
+    };
+
+    inline static const Exercise sums { "Text3", "Text4", [] { return numberIn("Text2(0)") + numberIn("Text2(1)"); },
+        true };
+    inline static const Exercise differences { "Text3", "Text4",
+        [] { return numberIn("Text2(0)") - numberIn("Text2(1)"); }, true };
+    inline static const Exercise products { "TbResultado", "Text1",
+        [] { return numberIn("TbFactor(0)") * numberIn("TbFactor(1)"); }, true };
+    inline static const Exercise shifts { "TBRespuesta", "TBResultado", resultOfPowers, false };
+
     // The window manager's own key, or its close box: what the program gets is a request to close.
     static void closeByWindowManager() { activity().windowHandle()->close(); }
 
@@ -173,32 +190,17 @@ void enter(Qt::Key shortcut, const QString& number)
 
 class KeyWalkTest : public WalkTest {
 protected:
-    static void addUp()
+    static void answer(const Exercise& exercise, Qt::Key leave)
     {
-        TypeResult(WriteDecimal(numberIn("Text2(0)") + numberIn("Text2(1)")));
+        TabTo(exercise.Answer);
+        const QString number = WriteDecimal(exercise.Result());
+        exercise.IsScored ? TypeResult(number) : Type(number);
         Press(Qt::Key_Return);
-        expectVerdict("Text4", right);
-        expectScore(oneRight);
-        chooseByKeys({ Qt::Key_S });
-    }
-
-    static void subtract()
-    {
-        TypeResult(WriteDecimal(numberIn("Text2(0)") - numberIn("Text2(1)")));
-        Press(Qt::Key_Return);
-        expectVerdict("Text4", right);
-        expectScore(oneRight);
-        chooseByKeys({ Qt::Key_S });
-    }
-
-    static void multiply()
-    {
-        TabTo("TbResultado");
-        TypeResult(WriteDecimal(numberIn("TbFactor(0)") * numberIn("TbFactor(1)")));
-        Press(Qt::Key_Return);
-        expectVerdict("Text1", right);
-        expectScore(oneRight);
-        chooseByKeys({ Qt::Key_A });
+        expectVerdict(exercise.Verdict, right);
+        if (exercise.IsScored) {
+            expectScore(oneRight);
+        }
+        chooseByKeys({ leave });
     }
 
     // 96 ÷ 8 = 12: under the dividend 16 and then the rest, 0.
@@ -230,15 +232,6 @@ protected:
         expectVerdict("Text3", QStringLiteral("correcto"));
         EXPECT_EQ(textOf("Text2").toStdString(), "Aciertos: 1;   Errores: 0.");
         closeByWindowManager();
-    }
-
-    static void shiftComma()
-    {
-        TabTo("TBRespuesta");
-        Type(WriteDecimal(resultOfPowers()));
-        Press(Qt::Key_Return);
-        expectVerdict("TBResultado", right);
-        chooseByKeys({ Qt::Key_S });
     }
 
     // Two addends of two digits, until their sum is whole: such sums are judged right.
@@ -296,12 +289,12 @@ TEST_F(KeyWalkTest, EveryActivityIsWorkedAndLeftByKeysAlone)
             Press(button % 2 == 0 ? Qt::Key_Return : Qt::Key_Space);
         },
         {
-            &KeyWalkTest::addUp,
-            &KeyWalkTest::subtract,
-            &KeyWalkTest::multiply,
+            [] { answer(sums, Qt::Key_S); },
+            [] { answer(differences, Qt::Key_S); },
+            [] { answer(products, Qt::Key_A); },
             &KeyWalkTest::divide,
             &KeyWalkTest::compare,
-            &KeyWalkTest::shiftComma,
+            [] { answer(shifts, Qt::Key_S); },
             &KeyWalkTest::placeAndAdd,
             &KeyWalkTest::buy,
         });
@@ -335,23 +328,21 @@ protected:
         }
     }
 
-    static void addUpOrSubtract()
+    // Chooses an option, with which one of the numbers is whole, and has nothing and then the solution judged.
+    static void judge(const Exercise& exercise, const char* list, const char* item, const char* whole)
     {
-        chooseByMouse({ "MnuOpc", "MnuOpcDec", "MnuOpcDecLis(0)" });
-        EXPECT_EQ(numberIn("Text2(0)").Places, 0);
-        judgeNothingAndTheSolution("Text3", "Text4");
-        expectScore(oneWrong);
-        leaveByMenu();
-    }
-
-    static void multiply()
-    {
-        chooseByMouse({ "MnuOpc", "MnuOpcDe2", "MnuOpcDe2Lis(0)" });
-        EXPECT_EQ(numberIn("TbFactor(1)").Places, 0);
-        const Decimal product = numberIn("TbFactor(0)") * numberIn("TbFactor(1)");
-        judgeNothingAndTheSolution("TbResultado", "Text1");
-        EXPECT_EQ(WithPlaces(numberIn("TbResultado"), product.Places).Digits, product.Digits);
-        expectScore(oneWrong);
+        chooseByMouse({ "MnuOpc", list, item });
+        EXPECT_EQ(numberIn(whole).Places, 0);
+        const Decimal result = exercise.Result();
+        click("Command1");
+        expectVerdict(exercise.Verdict, wrong);
+        click("Command2(2)");
+        EXPECT_EQ((numberIn(exercise.Answer) - result).Digits, 0);
+        click("Command1");
+        expectVerdict(exercise.Verdict, right);
+        if (exercise.IsScored) {
+            expectScore(oneWrong);
+        }
         leaveByMenu();
     }
 
@@ -376,17 +367,6 @@ protected:
         closeByWindowManager();
     }
 
-    static void shiftComma()
-    {
-        chooseByMouse({ "MnuOpc", "MnuOpcCi1", "MnuOpcCi1Lis(0)" });
-        const Decimal result = resultOfPowers();
-        judgeNothingAndTheSolution("TBRespuesta", "TBResultado");
-        const Decimal shown = numberIn("TBRespuesta");
-        const int places = std::max(result.Places, shown.Places);
-        EXPECT_EQ(WithPlaces(shown, places).Digits, WithPlaces(result, places).Digits);
-        leaveByMenu();
-    }
-
     static void placeAndAdd()
     {
         chooseByMouse({ "MnuOpc", "MnuOpcSum", "MnuOpcSumLis(4)" });
@@ -395,7 +375,7 @@ protected:
         click("Command1");
         expectVerdict("Text1", wrong);
         click("Command2(2)");
-        EXPECT_EQ(WithPlaces(numberIn("TbResultado"), sum.Places).Digits, sum.Digits);
+        EXPECT_EQ((numberIn("TbResultado") - sum).Digits, 0);
         click("Command2(1)");
         EXPECT_EQ(textOf("TbResultado").trimmed().toStdString(), "");
         leaveByMenu();
@@ -430,28 +410,18 @@ private:
         QTest::mouseMove(window.windowHandle(), menu.mapTo(&window, place.center()));
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, menu.mapTo(&window, place.center()));
     }
-
-    static void judgeNothingAndTheSolution(const char* answer, const char* verdict)
-    {
-        click("Command1");
-        expectVerdict(verdict, wrong);
-        click("Command2(2)");
-        EXPECT_NE(textOf(answer).toStdString(), "");
-        click("Command1");
-        expectVerdict(verdict, right);
-    }
 };
 
 TEST_F(MouseWalkTest, EveryActivityIsTriedAndLeftByMouseAlone)
 {
     walk([this](std::size_t button) { ClickOnScreen(*menu().Command1[button]); },
         {
-            &MouseWalkTest::addUpOrSubtract,
-            &MouseWalkTest::addUpOrSubtract,
-            &MouseWalkTest::multiply,
+            [] { judge(sums, "MnuOpcDec", "MnuOpcDecLis(0)", "Text2(0)"); },
+            [] { judge(differences, "MnuOpcDec", "MnuOpcDecLis(0)", "Text2(0)"); },
+            [] { judge(products, "MnuOpcDe2", "MnuOpcDe2Lis(0)", "TbFactor(1)"); },
             &MouseWalkTest::divide,
             &MouseWalkTest::compare,
-            &MouseWalkTest::shiftComma,
+            [] { judge(shifts, "MnuOpcCi1", "MnuOpcCi1Lis(0)", "TBDatos(2)"); },
             &MouseWalkTest::placeAndAdd,
             &MouseWalkTest::buy,
         });
