@@ -96,6 +96,9 @@ TEST_F(SpokenBoxTest, TellsAndTakesCaretAndHighlight)
     EXPECT_EQ(text().selectionCount(), 0);
     text().addSelection(1, 3);
     EXPECT_EQ(box_.selectedText(), QStringLiteral("23"));
+    EXPECT_EQ(text().selectionCount(), 0) << "a highlight of a box without the focus is not for readers";
+    ShowAndActivate(box_);
+    box_.setFocus();
     int start = 0;
     int end = 0;
     text().selection(0, &start, &end);
