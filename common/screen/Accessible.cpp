@@ -30,7 +30,7 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
-        state.editable = true;
+        state.editable = !box_.isReadOnly();
         state.readOnly = box_.isReadOnly();
         state.selectableText = true;
         return state;

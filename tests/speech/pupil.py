@@ -92,10 +92,11 @@ class Pupil:
             before = len(self.sentences)
             self.presses(key)
             self._attend_until(lambda: len(self.sentences) > before)
-            match = re.fullmatch(pattern, self.sentences[-1], re.DOTALL)
-            if match:
-                self._has_heard(len(self.sentences) - 1)
-                return match
+            for place in range(before, len(self.sentences)):
+                match = re.fullmatch(pattern, self.sentences[place], re.DOTALL)
+                if match:
+                    self._has_heard(place)
+                    return match
         raise Deaf(f"{pattern!r} was not found by {key}; heard: {self.sentences}")
 
     def writes(self, text):

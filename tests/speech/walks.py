@@ -26,12 +26,22 @@ def opens(pupil, button, title):
     pupil.hears(title)
 
 
-def chooses(pupil, option, choice):
+def goes_down_to(pupil, item, first):
+    """To an item of the menu that has just been opened, and of which the first item is being said."""
+    if pupil.hears(first).group() != item:
+        pupil.goes_to(item, "Down")
+
+
+def opens_options(pupil, item):
     pupil.presses("alt+o")
-    pupil.goes_to(option, "Down")
+    pupil.hears("Opciones")
+    goes_down_to(pupil, item, ".*")
+
+
+def chooses(pupil, option, choice):
+    opens_options(pupil, option)
     pupil.presses("Right")
-    pupil.hears(r"\d")
-    pupil.goes_to(choice, "Down")
+    goes_down_to(pupil, choice, r"\d")
     pupil.presses("Return")
 
 
@@ -143,6 +153,14 @@ def division(pupil):
         pupil.writes(digit)
         pupil.hears(rf"escrito {digit}\. fila 2, columna \d+: en blanco")
     pupil.notices(remainder[-1])
+    pupil.presses("End")
+    pupil.hears(r"fila 2, columna \d+: en blanco")
+    pupil.presses("BackSpace")  # into the last cell of a row, and where nothing was
+    pupil.hears(r"borrado\. fila 3, columna 1: en blanco")
+    pupil.presses("alt+b")
+    pupil.hears(r"fila 2, columna 2: en blanco\. Operaciones: en blanco\. Cociente: en blanco")
+    pupil.writes(remainder)
+    pupil.hears(rf".*escrito {remainder[-1]}\. fila 2, columna \d+: en blanco")
     pupil.presses("Left")
     pupil.hears(rf"fila 2, columna \d+: {remainder[-1]}")
     pupil.goes_to(quotient_box)
@@ -260,8 +278,7 @@ def shopping(pupil):
     opens(pupil, "La compra", "La compra")
     purse = rf"Dinero disponible: ({NUMBER}).*Tiempo disponible: .*"
     pupil.hears(purse)
-    pupil.presses("alt+o")
-    pupil.goes_to("Número de productos", "Down")
+    opens_options(pupil, "Número de productos")
     pupil.presses("Return")
     pupil.hears("¿Cuántos productos incluir en la lista.*")
     pupil.presses("ctrl+a")
@@ -314,10 +331,10 @@ def line_of_the_list(pupil):
 
 
 def goes_to_shop(pupil, number):
-    """The shops stand in a ring, and the Tab key goes round it."""
-    pupil.presses("alt+e")
-    shop = pupil.hears(".*").group()
-    for _ in range(number):
+    """The shops stand in a ring behind the way home, and the Tab key goes round it."""
+    pupil.goes_to("Volver a casa")
+    shop = ""
+    for _ in range(number + 1):
         shop = pupil.goes_to(".*").group()
     return shop
 
@@ -348,11 +365,11 @@ def takes(pupil, product, units):
 
 def puts_back_what_is_not_wanted(pupil):
     pupil.presses("Return")
-    pupil.hears(rf"Cesta de la compra: \(1\) .* {NUMBER}")
-    pupil.presses("alt+e")
-    pupil.hears("Cesta de la compra")
+    product = pupil.hears(rf"Cesta de la compra: \(1\) (.* {NUMBER})").group(1)
+    pupil.goes_to("Cesta de la compra")
+    pupil.hears(rf"\(1\) {re.escape(product)}")
     pupil.presses("Delete")
-    pupil.hears("Cesta de la compra: vacía")
+    pupil.hears(rf"Devuelto: {re.escape(product)}\. Cesta de la compra: vacía")
 
 
 def pays(pupil):

@@ -202,6 +202,7 @@ void Form5::Command2_Click(int index)
         exercise_.ClearWorking();
         Text1->ShowGrid();
         Text1->setFocus();
+        Announce(*Text1, QStringLiteral("Operaciones: en blanco"));
         AnnounceContents(*Text3);
         break;
     case 2:
@@ -321,7 +322,12 @@ KeyAnswer Form5::Text1_KeyPress(QChar character)
     if (!character.isPrint()) {
         return KeyAnswer::GoesOn();
     }
+    const int caret = exercise_.Grid.Caret;
     exercise_.Grid.TypeCharacter(character.unicode());
+    if (exercise_.Grid.Caret != caret) { // else the row of the dividend has refused it
+        const bool isBlank = character == u' ' || character == u'.';
+        Announce(*Text1, isBlank ? QStringLiteral("borrado") : QStringLiteral("escrito ") + character);
+    }
     Text1->ShowGrid();
     return KeyAnswer::Consumed();
 }

@@ -273,34 +273,21 @@ QString WorkingGridBox::SpokenPlace() const
         .arg(cell.isEmpty() ? QStringLiteral("en blanco") : cell);
 }
 
-// A key writes one cell; what changes more at once is announced by those who do it.
-QString WorkingGridBox::inWords(const SpokenChange& change)
-{
-    if (change.Inserted.size() != 1 || change.Removed.size() != 1) {
-        return {};
-    }
-    return change.Inserted == QStringLiteral(" ") ? QStringLiteral("borrado")
-                                                  : QStringLiteral("escrito ") + change.Inserted;
-}
-
 void WorkingGridBox::tellAssistiveTools()
 {
     if (!QAccessible::isActive()) {
         return;
     }
     const QString text = SpokenText();
-    QString written;
     if (text != toldText_) {
         const SpokenChange change = ChangeBetween(toldText_, text);
         QAccessibleTextUpdateEvent update(this, change.Position, change.Removed, change.Inserted);
         QAccessible::updateAccessibility(&update);
         toldText_ = text;
-        written = inWords(change);
     }
     if (hasFocus()) {
         QAccessibleTextCursorEvent move(this, SpokenOffset(grid_.Caret));
         QAccessible::updateAccessibility(&move);
-        Announce(*this, written);
         Announce(*this, SpokenPlace());
     }
 }

@@ -5,7 +5,6 @@
 namespace numbrela {
 
 class WorkingGrid;
-struct SpokenChange;
 
 // Shows a working grid as squared paper, a cell for each character and as many rows as there is room for, with a block
 // on the cell that is written next; scrolls with the caret and by the wheel. The mouse, and the keys that do so in any
@@ -64,7 +63,6 @@ private:
     int rowsInUse() const;
     void scrollTo(int row);
     bool moveCaretByKey(const QKeyEvent& event);
-    static QString inWords(const SpokenChange& change);
     void tellAssistiveTools();
     void paintPaper(QPainter& painter) const;
     void paintCaret(QPainter& painter) const;

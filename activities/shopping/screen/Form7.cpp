@@ -391,6 +391,8 @@ KeyAnswer Form7::LIDisponibles_KeyDown(const Key& key)
 void Form7::LICesta_DblClick()
 {
     if (const std::optional<int> line = LICesta->SelectedLine()) {
+        const QString product = LICesta->TextOf(*line).section(u' ', 1); // without its number
+        Announce(*LICesta, QStringLiteral("Devuelto: ") + product);
         showChangedBasket(task_.PutBack(*line));
     }
 }

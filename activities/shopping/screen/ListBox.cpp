@@ -69,10 +69,11 @@ std::optional<int> ListBox::SelectedLine() const
     return selected.isEmpty() ? std::nullopt : std::optional(selected.front().row());
 }
 
-// Qt would have a screen reader believe that a line of a list without the focus has got it.
+// Qt would have a screen reader believe that a line has the focus although the list has not, or although no line is
+// selected.
 void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    if (hasFocus()) {
+    if (hasFocus() && selectionModel()->isSelected(current)) {
         QListView::currentChanged(current, previous);
     } else {
         QAbstractItemView::currentChanged(current, previous);
