@@ -11,6 +11,15 @@ function(run_as_test name)
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
+# run_without_display(<target>)
+#
+# Where Qt is a part of the program, its platform without a display has to be, too.
+function(run_without_display target)
+  if(WIN32)
+    qt_import_plugins(${target} INCLUDE Qt6::QOffscreenIntegrationPlugin)
+  endif()
+endfunction()
+
 # add_project_test(<target> [QT [MAIN <source>]] SOURCES <sources>... LIBRARIES <targets>...)
 #
 # One test program, run by ctest in a shuffled order, so that no test can lean on the one before it. With QT its main
@@ -27,6 +36,7 @@ function(add_project_test target)
     endif()
     target_sources(${target} PRIVATE "${arg_MAIN}")
     target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} numbrela_screen_test_support)
+    run_without_display(${target})
   else()
     target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} numbrela_core_test_support GTest::gtest_main)
   endif()

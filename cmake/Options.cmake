@@ -9,6 +9,10 @@ target_compile_options(numbrela_options INTERFACE
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> # GCC 12 finds overlaps in the library's own strings that are none
   $<$<CXX_COMPILER_ID:GNU>:-Wno-dangling-reference> # GCC 14 takes a found control for a part of the name it is found by
 )
+if(MINGW) # no other file than the program is needed, and the same sources make the same program
+  target_compile_options(numbrela_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+  target_link_options(numbrela_options INTERFACE -static LINKER:--no-insert-timestamp,--gc-sections)
+endif()
 if(NUMBRELA_SANITIZE)
   target_compile_options(numbrela_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -92,7 +92,8 @@ HeadlessEnvironment::HeadlessEnvironment()
 {
     const QString screenFile = runtimeDirectory_.filePath(QStringLiteral("screen.json"));
     writeScreen(screenFile);
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screenFile));
+    const QString withoutDrive = screenFile.section(QLatin1Char(':'), -1); // Qt parts the arguments at each colon
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(withoutDrive));
     qputenv("XDG_RUNTIME_DIR", runtimeDirectory_.path().toLocal8Bit());
     qputenv("LC_ALL", "C.UTF-8"); // newer versions of Qt warn of a language whose texts are not UTF-8
 }

@@ -13,7 +13,8 @@ namespace numbrela {
 // All bytes of a catalogue file; nothing when there is no such file.
 using CatalogueContent = std::optional<std::string>;
 
-// A file descriptor that closes itself.
+// An open file that closes itself. The number is its file descriptor or, on Windows, its handle, of which the system
+// uses 32 bits.
 class Descriptor {
 public:
     explicit Descriptor(int number)
@@ -70,15 +71,9 @@ public:
     void Commit();
 
 private:
-    void keepOthersOut() const;
-    int openNewFile() const;
-    void removeLeftovers() const;
-    void keepOwnerAndPermissions() const;
-    [[noreturn]] void fail() const;
-
     std::filesystem::path path_;
-    std::string newName_; // in the same folder, until the new file takes over the name of the old one
-    Descriptor folder_;
+    std::filesystem::path newName_; // in the same folder, until the new file takes over the name of the old one
+    Descriptor folder_; // or what stands for it: it is locked as long as this is open
     Descriptor file_;
     bool committed_ = false;
 };

@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -18,9 +17,11 @@ class TemporaryFolder {
 public:
     TemporaryFolder()
     {
-        std::string name = (std::filesystem::temp_directory_path() / "numbrela-XXXXXX").string();
-        EXPECT_NE(::mkdtemp(name.data()), nullptr);
-        path_ = std::filesystem::canonical(name);
+        std::random_device chance;
+        do {
+            path_ = std::filesystem::canonical(std::filesystem::temp_directory_path())
+                / ("numbrela-" + std::to_string(chance()));
+        } while (!std::filesystem::create_directory(path_));
     }
     ~TemporaryFolder()
     {

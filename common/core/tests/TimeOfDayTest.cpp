@@ -1,5 +1,7 @@
 #include "common/core/TimeOfDay.h"
 
+#include "tests/support/Environment.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -14,6 +16,8 @@
 namespace numbrela {
 
 namespace {
+
+using namespace testing;
 
 TEST(TimeOfDay, SeedIsTheProductOfHourMinuteAndSecondEachOneMore)
 {
@@ -67,16 +71,12 @@ public:
         if (const char* before = std::getenv("TZ")) {
             before_ = before;
         }
-        setenv("TZ", zone, 1);
+        SetEnvironment("TZ", zone);
         tzset();
     }
     ~TimeZone()
     {
-        if (before_) {
-            setenv("TZ", before_->c_str(), 1);
-        } else {
-            unsetenv("TZ");
-        }
+        SetEnvironment("TZ", before_ ? before_->c_str() : nullptr);
         tzset();
     }
     TimeZone(const TimeZone&) = delete;
@@ -89,7 +89,7 @@ private:
 TEST(SystemClock, TellsTheLocalTime)
 {
     for (const auto& [zone, ahead] : // in seconds
-        { std::pair("UTC0", 0), { "<+0530>-5:30", 19800 }, { "<-11>11", -39600 }, { "<+14>-14", 50400 } }) {
+        { std::pair("UTC0", 0), { "IST-5:30", 19800 }, { "SST11", -39600 }, { "LIT-14", 50400 } }) {
         const TimeZone moved(zone);
         const double before = universalSeconds();
         const double local = SystemClock().Now().SecondsSinceMidnight;

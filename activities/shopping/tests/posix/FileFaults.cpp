@@ -1,4 +1,4 @@
-#include "activities/shopping/tests/FileFaults.h"
+#include "activities/shopping/tests/posix/FileFaults.h"
 
 #include <sys/types.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
 #include "activities/shopping/core/Catalogue.h"
 
-#include "activities/shopping/tests/FileFaults.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/posix/FileFaults.h"
 #include "common/core/RunTimeError.h"
 
 #include <gtest/gtest.h>

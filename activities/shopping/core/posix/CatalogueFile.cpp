@@ -1,0 +1,282 @@
+#include "activities/shopping/core/CatalogueFile.h"
+
+#include "activities/shopping/core/FileParts.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <thread>
+
+namespace numbrela {
+
+namespace {
+
+constexpr mode_t whatTheUmaskAllows = 0666;
+
+std::string reasonOf(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return "la carpeta no existe";
+    case EACCES:
+    case EPERM:
+        return "no hay permiso";
+    case EROFS:
+        return "el disco es de solo lectura";
+    case ENOSPC:
+    case EDQUOT:
+        return "el disco está lleno";
+    case EFBIG:
+        return "el archivo sería demasiado grande";
+    case EISDIR:
+        return "es una carpeta";
+    case EIO:
+        return "el disco falla";
+    case ENAMETOOLONG:
+        return "el nombre es demasiado largo";
+    case EINVAL:
+        return "no es un archivo de datos";
+    default:
+        return std::string("error ") + std::to_string(error) + " del sistema (" + std::strerror(error) + ")";
+    }
+}
+
+[[noreturn]] void failToWrite(const std::filesystem::path& path)
+{
+    FailAt(path, "escribir", reasonOf(errno));
+}
+
+// Repeats a call that a signal has interrupted.
+template <typename Call>
+auto untilDone(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+// Flushes to the disk what has been written. Some file systems have no such call for folders and need none.
+bool syncToDisk(const Descriptor& descriptor)
+{
+    return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+// Reads a part of the file into the buffer. Returns the number of bytes, or -1.
+ssize_t readFrom(const Descriptor& file, std::span<char> buffer)
+{
+    return untilDone([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
+}
+
+// A folder on a file system that has no locks is not locked.
+bool knowsNoLocks(int error)
+{
+    return error == EINVAL || error == ENOTSUP || error == ENOSYS || error == ENOLCK || error == EBADF;
+}
+
+// Follows links, so that a save replaces the file itself and a link to it stays a link.
+std::filesystem::path fileBehind(const std::filesystem::path& path)
+{
+    std::error_code unresolved;
+    const std::filesystem::path file = std::filesystem::canonical(path, unresolved);
+    return unresolved ? path : file;
+}
+
+// Whether another process with this id is running: it may still be writing its new file.
+bool isOfAnotherSave(const std::string& processNumber)
+{
+    pid_t process = 0;
+    const char* const end = processNumber.data() + processNumber.size();
+    const auto [stop, error] = std::from_chars(processNumber.data(), end, process);
+    return error == std::errc() && stop == end && process > 0 && process != ::getpid()
+        && (::kill(process, 0) == 0 || errno == EPERM);
+}
+
+int openOrCreate(const std::filesystem::path& path)
+{
+    const int found = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    return found >= 0 || errno != ENOENT ? found
+                                         : ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, whatTheUmaskAllows);
+}
+
+// A save takes only a fraction of the time that another one waits for it. When a process dies, the system releases its
+// lock.
+void keepOthersOut(const Descriptor& folder, const std::filesystem::path& path)
+{
+    constexpr int tries = 100;
+    constexpr std::chrono::milliseconds pause(20);
+    for (int left = tries; ::flock(folder.Number(), LOCK_EX | LOCK_NB) != 0 && !knowsNoLocks(errno); --left) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            failToWrite(path);
+        }
+        if (left == 0) {
+            FailAt(path, "escribir", "otro programa lo está guardando");
+        }
+        std::this_thread::sleep_for(pause);
+    }
+}
+
+// Removes new files left behind by saves that were killed or lost power. Any that cannot be removed do no harm.
+void removeLeftovers(const Descriptor& folder, const std::filesystem::path& path)
+{
+    ForEachNewFile(path, [&](const std::filesystem::path& file, const std::string& processNumber) {
+        if (!isOfAnotherSave(processNumber)) {
+            ::unlinkat(folder.Number(), file.filename().c_str(), 0);
+        }
+    });
+}
+
+// A renaming would replace even a write-protected file, because only the permissions of the folder count.
+int openNewFile(const Descriptor& folder, const std::filesystem::path& path, const std::filesystem::path& newName)
+{
+    struct stat old { };
+    if (!folder.IsOpen()) {
+        failToWrite(path);
+    }
+    keepOthersOut(folder, path);
+    if (::stat(path.c_str(), &old) == 0) {
+        constexpr mode_t anybodyMayWrite = 0222;
+        if (!S_ISREG(old.st_mode)) {
+            FailAt(path, "escribir", reasonOf(S_ISDIR(old.st_mode) ? EISDIR : EINVAL));
+        }
+        if ((old.st_mode & anybodyMayWrite) == 0) {
+            FailAt(path, "escribir", "el archivo es de solo lectura");
+        }
+        if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
+            failToWrite(path);
+        }
+    } else if (errno != ENOENT) {
+        failToWrite(path);
+    }
+    removeLeftovers(folder, path);
+    const int file
+        = ::openat(folder.Number(), newName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, whatTheUmaskAllows);
+    if (file < 0) {
+        failToWrite(path);
+    }
+    return file;
+}
+
+// Does as much as the system lets this user do: a file system without owners refuses, and needs none of it.
+void keepOwnerAndPermissions(const Descriptor& file, const std::filesystem::path& path)
+{
+    struct stat old { };
+    if (::stat(path.c_str(), &old) != 0) {
+        return;
+    }
+    bool kept = ::fchown(file.Number(), old.st_uid, old.st_gid) == 0;
+    kept = kept || ::fchown(file.Number(), static_cast<uid_t>(-1), old.st_gid) == 0;
+    constexpr mode_t permissions = 07777;
+    kept = ::fchmod(file.Number(), old.st_mode & permissions) == 0 && kept;
+    static_cast<void>(kept);
+}
+
+} // namespace
+
+Descriptor::~Descriptor()
+{
+    Close();
+}
+
+bool Descriptor::Close()
+{
+    const int number = number_;
+    number_ = -1;
+    return number < 0 || ::close(number) == 0 || errno == EINTR; // closed even when a signal has interrupted the call
+}
+
+CatalogueReader::CatalogueReader(const std::filesystem::path& path)
+    : path_(path)
+    , file_(openOrCreate(path))
+{
+    struct stat status { };
+    if (!file_.IsOpen() || ::fstat(file_.Number(), &status) != 0) {
+        FailAt(path_, "leer", reasonOf(errno));
+    }
+    if (!S_ISREG(status.st_mode)) {
+        FailAt(path_, "leer", reasonOf(S_ISDIR(status.st_mode) ? EISDIR : EINVAL));
+    }
+    size_ = static_cast<std::size_t>(status.st_size);
+}
+
+std::size_t CatalogueReader::Read(std::span<char> buffer)
+{
+    const std::optional<std::size_t> filled
+        = Fill(buffer, [this](std::span<char> rest) { return readFrom(file_, rest); });
+    if (!filled) {
+        FailAt(path_, "leer", reasonOf(errno));
+    }
+    return *filled;
+}
+
+CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
+    : path_(fileBehind(path))
+    , newName_(path_.filename().string() + NewNameMark + std::to_string(::getpid()))
+    , folder_(::open(FolderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    , file_(openNewFile(folder_, path_, newName_))
+{
+    keepOwnerAndPermissions(file_, path_);
+}
+
+CatalogueReplacement::~CatalogueReplacement()
+{
+    if (!committed_) {
+        ::unlinkat(folder_.Number(), newName_.c_str(), 0);
+    }
+}
+
+void CatalogueReplacement::Write(std::span<const char> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = untilDone([&] { return ::write(file_.Number(), bytes.data(), bytes.size()); });
+        if (count < 0) {
+            failToWrite(path_);
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    if (!syncToDisk(file_) || !file_.Close()) {
+        failToWrite(path_);
+    }
+}
+
+CatalogueContent CatalogueReplacement::Replaced() const
+{
+    const Descriptor old(
+        ::openat(folder_.Number(), path_.filename().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK, whatTheUmaskAllows));
+    if (!old.IsOpen()) {
+        if (errno != ENOENT) {
+            failToWrite(path_);
+        }
+        return std::nullopt;
+    }
+    std::optional<std::string> content = ReadToEnd([&](std::span<char> buffer) { return readFrom(old, buffer); });
+    if (!content) {
+        failToWrite(path_);
+    }
+    return content;
+}
+
+// The new file is completely on the disk before it takes over the name, and the folder is flushed before the save
+// counts as done.
+void CatalogueReplacement::Commit()
+{
+    if (::renameat(folder_.Number(), newName_.c_str(), folder_.Number(), path_.filename().c_str()) != 0) {
+        failToWrite(path_);
+    }
+    committed_ = true;
+    if (!syncToDisk(folder_)) {
+        failToWrite(path_);
+    }
+}
+
+} // namespace numbrela

@@ -1,0 +1,89 @@
+#include "activities/shopping/core/Catalogue.h"
+
+#include "activities/shopping/tests/TemporaryFolder.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "tests/support/ExpectError.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <sys/stat.h>
+
+#include <string>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+class CatalogueFileTest : public ::testing::Test {
+protected:
+    TemporaryFolder folder_;
+    std::filesystem::path path_ = folder_ / "productos.dat";
+};
+
+TEST_F(CatalogueFileTest, NamesAPipeAsNoFileAndDoesNotWaitForIt)
+{
+    ASSERT_EQ(::mkfifo(path_.c_str(), 0600), 0); // nobody writes into it
+    const std::string rest = " el archivo «" + path_.string() + "»: no es un archivo de datos.";
+    ExpectError(RunTimeError::Kind::File, "No se puede leer" + rest, [this] { LoadCatalogue(path_); });
+    ExpectError(
+        RunTimeError::Kind::File, "No se puede escribir" + rest, [this] { SaveCatalogue(path_, ProductTable(1)); });
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+mode_t permissionsOf(const std::filesystem::path& path)
+{
+    struct stat status { };
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777;
+}
+
+TEST_F(CatalogueFileTest, KeepsThePermissionsOfTheFileAndGivesANewOneThoseThatTheUserGives)
+{
+    for (const mode_t permissions : { 0600, 0640, 0664, 0666 }) {
+        WriteBytes(path_, "");
+        ASSERT_EQ(::chmod(path_.c_str(), permissions), 0);
+        SaveCatalogue(path_, ProductTable(1));
+        EXPECT_EQ(permissionsOf(path_), permissions);
+    }
+    const mode_t before = ::umask(027);
+    SaveCatalogue(folder_ / "nuevo.dat", ProductTable(1));
+    LoadCatalogue(folder_ / "otro.dat");
+    ::umask(before);
+    EXPECT_EQ(permissionsOf(folder_ / "nuevo.dat"), 0640U);
+    EXPECT_EQ(permissionsOf(folder_ / "otro.dat"), 0640U);
+}
+
+TEST_F(CatalogueFileTest, WritesThroughALinkThatHasTheNameOfTheFile)
+{
+    std::filesystem::create_directory(folder_ / "elsewhere");
+    const std::filesystem::path target = folder_ / "elsewhere" / "real.dat";
+    WriteBytes(target, "");
+    std::filesystem::create_symlink(target, path_);
+    SaveCatalogue(path_, { ProductOf("a", "x") });
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+    EXPECT_EQ(LoadCatalogue(target), (ProductTable { ProductOf("a", "x") }));
+    EXPECT_EQ(folder_.Names(), (std::vector<std::string> { "elsewhere", "productos.dat" }));
+}
+
+TEST_F(CatalogueFileTest, RemovesWhatStoppedSavesHaveLeftAndNothingElse)
+{
+    const std::string ofThisProcess = "productos.dat.nuevo-" + std::to_string(::getpid());
+    for (const std::string name : { "productos.dat.nuevo-4194304", // above the highest of a process
+             "productos.dat.nuevo-", "productos.dat.nuevo-1x", "productos.dat.copia", "otros.dat.nuevo-4194304",
+             "productos.dat.nuevo-1", ofThisProcess.c_str() }) {
+        WriteBytes(folder_ / name.c_str(), "half");
+    }
+    SaveCatalogue(path_, ProductTable(1));
+    EXPECT_EQ(folder_.Names(),
+        (std::vector<std::string> {
+            "otros.dat.nuevo-4194304", "productos.dat", "productos.dat.copia", "productos.dat.nuevo-1" }))
+        << "the first process is still running";
+}
+
+} // namespace
+
+} // namespace numbrela
