@@ -36,24 +36,26 @@ class Pupil:
 
     # ------------------------------------------------------------------------------------------------ what is heard
 
-    def hears(self, pattern):
-        """Waits for a sentence that matches as a whole. What was said before it is forgotten, but for announcements."""
+    def hears(self, pattern, counts=True):
+        """Waits for a sentence that matches as a whole. What was said before it is forgotten, but for announcements.
+        One that does not count is on the bus, but a reader need not speak it."""
         deadline = time.monotonic() + PATIENCE
         while True:
             for place in range(self.heard, len(self.sentences)):
                 match = re.fullmatch(pattern, self.sentences[place], re.DOTALL)
                 if match:
-                    self._has_heard(place)
+                    self._has_heard(place, counts)
                     return match
             if time.monotonic() > deadline:
                 raise Deaf(f"waited in vain for {pattern!r}; heard: {self.sentences}")
             self._attend()
 
-    def _has_heard(self, place):
+    def _has_heard(self, place, counts=True):
         surprises = [one for one in range(self.heard, place) if one in self.announced]
         if surprises:
             raise Deaf(f"{self.sentences[surprises[0]]!r} was announced, and nobody expected it: {self.sentences}")
-        self.expected.append(self.sentences[place])
+        if counts:
+            self.expected.append(self.sentences[place])
         self.heard = place + 1
 
     def finds_the_caret(self, offset):

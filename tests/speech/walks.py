@@ -34,7 +34,7 @@ def goes_down_to(pupil, item, first):
 
 def opens_options(pupil, item):
     pupil.presses("alt+o")
-    pupil.hears("Opciones")
+    pupil.hears("Opciones", counts=False)  # a reader may go on to the first item at once
     goes_down_to(pupil, item, ".*")
 
 
