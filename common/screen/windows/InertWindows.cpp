@@ -41,16 +41,13 @@ private:
         }
     }
 
+    // An inert window is a disabled one, which is told of a press only to set the pointer's shape.
     bool turnsToWindow(const MSG& told) const
     {
         switch (told.message) {
-        case WM_LBUTTONDOWN:
-        case WM_RBUTTONDOWN:
-        case WM_NCLBUTTONDOWN:
-        case WM_NCRBUTTONDOWN:
-        case WM_POINTERDOWN:
-        case WM_NCPOINTERDOWN:
-            return true;
+        case WM_SETCURSOR:
+            return LOWORD(told.lParam) == static_cast<WORD>(HTERROR)
+                && (HIWORD(told.lParam) == WM_LBUTTONDOWN || HIWORD(told.lParam) == WM_RBUTTONDOWN);
         case WM_ACTIVATE:
             return LOWORD(told.wParam) != WA_INACTIVE && ::GetTickCount64() - lastMinimising_ > systemsDelay;
         default:
