@@ -1,6 +1,5 @@
 #include "common/screen/Accessible.h"
 
-#include "common/screen/Announcer.h"
 #include "common/screen/FormWindow.h"
 #include "common/screen/SpokenText.h"
 #include "common/screen/TextBox.h"
@@ -200,30 +199,6 @@ private:
     QTextEdit& area_;
 };
 
-class AnnouncerAccessible : public QAccessibleObject {
-public:
-    explicit AnnouncerAccessible(Announcer& announcer)
-        : QAccessibleObject(&announcer)
-        , announcer_(announcer)
-    {
-    }
-
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(announcer_.parent()); }
-    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-
-    QAccessible::Role role() const override { return QAccessible::Notification; }
-    QAccessible::State state() const override { return {}; }
-    QString text(QAccessible::Text kind) const override
-    {
-        return kind == QAccessible::Name ? announcer_.Said() : QString();
-    }
-
-private:
-    Announcer& announcer_;
-};
-
 // Asked for each class of an object in turn, the object's own first.
 QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
 {
@@ -238,9 +213,6 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
     }
     if (className == QLatin1String("QWidget") && dynamic_cast<FormWindow*>(object) != nullptr) {
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
-    }
-    if (auto* announcer = qobject_cast<Announcer*>(object)) {
-        return new AnnouncerAccessible(*announcer);
     }
     return nullptr;
 }

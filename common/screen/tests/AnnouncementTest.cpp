@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QCoreApplication>
 
 namespace numbrela {
@@ -63,22 +62,6 @@ TEST_F(AnnouncerTest, WaitsUntilABoxOfItsWindowIsClosed)
     box.close();
     ShowAndActivate(form_);
     EXPECT_EQ(said(), "Dinero disponible: 3 €");
-}
-
-TEST_F(AnnouncerTest, IsANotificationOfItsWindow)
-{
-    ShowAndActivate(form_);
-    announcer_.Announce(QStringLiteral("CORRECTO"));
-    ASSERT_EQ(said(), "CORRECTO");
-    QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&announcer_);
-    EXPECT_EQ(spoken.role(), QAccessible::Notification);
-    EXPECT_EQ(spoken.text(QAccessible::Name), QStringLiteral("CORRECTO"));
-    EXPECT_EQ(spoken.text(QAccessible::Description), QString());
-    EXPECT_EQ(spoken.parent(), QAccessible::queryAccessibleInterface(&form_));
-    EXPECT_EQ(spoken.childCount(), 0);
-    EXPECT_EQ(spoken.child(0), nullptr);
-    EXPECT_EQ(spoken.indexOfChild(spoken.parent()), -1);
-    EXPECT_FALSE(spoken.state().invisible);
 }
 
 TEST(AnnouncementTest, MakesNothingWhileNobodyListens)
