@@ -72,6 +72,12 @@ TEST(AnnouncementTest, MakesNothingWhileNobodyListens)
     ShowAndActivate(form);
     box.ShowVerdict({ true, "CORRECTO" });
     AnnounceContents(box);
+    bool isPutTogether = false;
+    Announce(box, [&isPutTogether] {
+        isPutTogether = true;
+        return QStringLiteral("12 más 3");
+    });
+    EXPECT_FALSE(isPutTogether);
     QCoreApplication::processEvents();
     EXPECT_EQ(form.findChild<Announcer*>(), nullptr);
 }
