@@ -1,6 +1,5 @@
 #include "common/screen/Accessible.h"
 
-#include "common/screen/Announcer.h"
 #include "common/screen/FormWindow.h"
 #include "common/screen/SpokenText.h"
 #include "common/screen/TextBox.h"
@@ -17,61 +16,35 @@ namespace numbrela {
 
 namespace {
 
-// The highlight of a box without the focus is no selection to tools: nobody can do anything with it, and a reader would
-// read it out.
-class LineEditAccessible : public QAccessibleWidget, public SpokenText, public QAccessibleEditableTextInterface {
+class LineEditAccessible : public SpokenText, public QAccessibleEditableTextInterface {
 public:
     explicit LineEditAccessible(QLineEdit& box)
-        : QAccessibleWidget(&box, QAccessible::EditableText)
+        : SpokenText(box, {})
         , box_(box)
     {
     }
 
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.editable = !box_.isReadOnly();
-        state.readOnly = box_.isReadOnly();
-        state.selectableText = true;
-        return state;
-    }
-
+    using SpokenText::text;
     QString text(QAccessible::Text kind) const override
     {
-        switch (kind) {
-        case QAccessible::Value:
-            return box_.text();
-        case QAccessible::Description:
-            if (const auto* box = qobject_cast<const TextBox*>(&box_)) {
-                return box->Description();
-            }
-            break;
-        default:
-            break;
+        const auto* box = qobject_cast<const TextBox*>(&box_);
+        return kind == QAccessible::Description && box != nullptr ? box->Description() : SpokenText::text(kind);
+    }
+
+    // On Windows, a tool writes the whole text or nothing.
+    void setText(QAccessible::Text kind, const QString& text) override
+    {
+        if (kind == QAccessible::Value) {
+            replaceText(0, characterCount(), text);
         }
-        return QAccessibleWidget::text(kind);
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override
     {
-        switch (type) {
-        case QAccessible::TextInterface:
-            return static_cast<QAccessibleTextInterface*>(this);
-        case QAccessible::EditableTextInterface:
-            return static_cast<QAccessibleEditableTextInterface*>(this);
-        default:
-            return QAccessibleWidget::interface_cast(type);
-        }
+        return type == QAccessible::EditableTextInterface ? static_cast<QAccessibleEditableTextInterface*>(this)
+                                                          : SpokenText::interface_cast(type);
     }
 
-    void selection(int selectionIndex, int* startOffset, int* endOffset) const override
-    {
-        const bool exists = selectionIndex < selectionCount();
-        *startOffset = exists ? box_.selectionStart() : 0;
-        *endOffset = exists ? box_.selectionEnd() : 0;
-    }
-    int selectionCount() const override { return box_.hasFocus() && box_.hasSelectedText() ? 1 : 0; }
-    void addSelection(int startOffset, int endOffset) override { setSelection(0, startOffset, endOffset); }
     void removeSelection(int /*selectionIndex*/) override { box_.deselect(); }
     void setSelection(int /*selectionIndex*/, int startOffset, int endOffset) override
     {
@@ -80,12 +53,6 @@ public:
 
     int cursorPosition() const override { return box_.cursorPosition(); }
     void setCursorPosition(int position) override { box_.setCursorPosition(position); }
-
-    QString text(int startOffset, int endOffset) const override
-    {
-        return box_.text().mid(startOffset, endOffset - startOffset);
-    }
-    int characterCount() const override { return static_cast<int>(box_.text().size()); }
 
     // A line edit knows where its caret is, and which character is at a point.
     QRect characterRect(int offset) const override
@@ -109,54 +76,29 @@ public:
     void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
     void replaceText(int startOffset, int endOffset, const QString& text) override
     {
-        if (!box_.isReadOnly()) {
+        if (takesTyping()) {
             box_.setSelection(startOffset, endOffset - startOffset);
             box_.insert(text);
         }
     }
 
 private:
+    QString contents() const override { return box_.text(); }
+    bool takesTyping() const override { return !box_.isReadOnly(); }
+    Range highlight() const override { return { box_.selectionStart(), box_.selectionEnd() }; }
+
     QLineEdit& box_;
 };
 
 // A text of several lines that is read but not written.
-class TextAreaAccessible : public QAccessibleWidget, public SpokenText {
+class TextAreaAccessible : public SpokenText {
 public:
     explicit TextAreaAccessible(QTextEdit& area)
-        : QAccessibleWidget(&area, QAccessible::EditableText)
+        : SpokenText(area, { .HasLines = true })
         , area_(area)
     {
     }
 
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.readOnly = true;
-        state.multiLine = true;
-        state.selectableText = true;
-        return state;
-    }
-
-    QString text(QAccessible::Text kind) const override
-    {
-        return kind == QAccessible::Value ? area_.toPlainText() : QAccessibleWidget::text(kind);
-    }
-
-    void* interface_cast(QAccessible::InterfaceType type) override
-    {
-        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
-                                                  : QAccessibleWidget::interface_cast(type);
-    }
-
-    void selection(int selectionIndex, int* startOffset, int* endOffset) const override
-    {
-        const QTextCursor cursor = area_.textCursor();
-        const bool exists = selectionIndex < selectionCount();
-        *startOffset = exists ? cursor.selectionStart() : 0;
-        *endOffset = exists ? cursor.selectionEnd() : 0;
-    }
-    int selectionCount() const override { return area_.hasFocus() && area_.textCursor().hasSelection() ? 1 : 0; }
-    void addSelection(int startOffset, int endOffset) override { setSelection(0, startOffset, endOffset); }
     void removeSelection(int /*selectionIndex*/) override { setCursorPosition(cursorPosition()); }
     void setSelection(int /*selectionIndex*/, int startOffset, int endOffset) override
     {
@@ -167,12 +109,6 @@ public:
 
     int cursorPosition() const override { return area_.textCursor().position(); }
     void setCursorPosition(int position) override { area_.setTextCursor(cursorAt(position)); }
-
-    QString text(int startOffset, int endOffset) const override
-    {
-        return area_.toPlainText().mid(startOffset, endOffset - startOffset);
-    }
-    int characterCount() const override { return static_cast<int>(area_.toPlainText().size()); }
 
     QRect characterRect(int offset) const override
     {
@@ -188,6 +124,14 @@ public:
     void scrollToSubstring(int startIndex, int /*endIndex*/) override { setCursorPosition(startIndex); }
 
 private:
+    QString contents() const override { return area_.toPlainText(); }
+    bool takesTyping() const override { return false; }
+    Range highlight() const override
+    {
+        const QTextCursor cursor = area_.textCursor();
+        return { cursor.selectionStart(), cursor.selectionEnd() };
+    }
+
     int bounded(int offset) const { return std::clamp(offset, 0, characterCount()); }
 
     QTextCursor cursorAt(int offset) const
@@ -198,30 +142,6 @@ private:
     }
 
     QTextEdit& area_;
-};
-
-class AnnouncerAccessible : public QAccessibleObject {
-public:
-    explicit AnnouncerAccessible(Announcer& announcer)
-        : QAccessibleObject(&announcer)
-        , announcer_(announcer)
-    {
-    }
-
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(announcer_.parent()); }
-    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-
-    QAccessible::Role role() const override { return QAccessible::Notification; }
-    QAccessible::State state() const override { return {}; }
-    QString text(QAccessible::Text kind) const override
-    {
-        return kind == QAccessible::Name ? announcer_.Said() : QString();
-    }
-
-private:
-    Announcer& announcer_;
 };
 
 // Asked for each class of an object in turn, the object's own first.
@@ -238,9 +158,6 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
     }
     if (className == QLatin1String("QWidget") && dynamic_cast<FormWindow*>(object) != nullptr) {
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
-    }
-    if (auto* announcer = qobject_cast<Announcer*>(object)) {
-        return new AnnouncerAccessible(*announcer);
     }
     return nullptr;
 }

@@ -2,7 +2,6 @@
 
 #include "common/screen/Announcer.h"
 
-#include <QAccessible>
 #include <QLineEdit>
 
 namespace numbrela {
@@ -22,11 +21,11 @@ void Announce(QWidget& control, const QString& text)
 
 void AnnounceContents(QLineEdit& box)
 {
-    if (QAccessible::isActive()) {
+    Announce(box, [&box] {
         const QString name = QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Name);
         const QString contents = box.text().trimmed();
-        Announce(box, name + QStringLiteral(": ") + (contents.isEmpty() ? QStringLiteral("en blanco") : contents));
-    }
+        return name + QStringLiteral(": ") + (contents.isEmpty() ? QStringLiteral("en blanco") : contents);
+    });
 }
 
 QString InWords(QString exercise)

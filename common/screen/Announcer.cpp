@@ -1,6 +1,7 @@
 #include "common/screen/Announcer.h"
 
-#include <QAccessible>
+#include "common/screen/NativeAnnouncement.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QWidget>
@@ -62,10 +63,7 @@ void Announcer::say()
     }
     said_ = oneText(waiting_);
     waiting_.clear();
-    QAccessibleEvent renamed(this, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&renamed);
-    QAccessibleEvent shown(this, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&shown);
+    TellAssistiveTools(*this);
 }
 
 } // namespace numbrela

@@ -6,8 +6,8 @@
 
 namespace numbrela {
 
-// What a window announces. To assistive tools it is a notification in the window that appears anew each time, with the
-// text as its name.
+// What a window announces, when everything else has been told. How it gets to assistive tools is the operating system's
+// (NativeAnnouncement.h).
 class Announcer : public QObject {
     Q_OBJECT
 
@@ -17,6 +17,7 @@ public:
     void Announce(const QString& text);
 
     const QString& Said() const { return said_; }
+    QWidget& Window() const { return window_; }
 
 protected:
     bool eventFilter(QObject* window, QEvent* event) override;

@@ -1,6 +1,7 @@
 #include "common/screen/SpokenText.h"
 
 #include <QTextBoundaryFinder>
+#include <QWidget>
 
 #include <algorithm>
 #include <vector>
@@ -69,6 +70,56 @@ Pieces piecesOf(const QString& text, QAccessible::TextBoundaryType kind)
 
 } // namespace
 
+SpokenText::SpokenText(QWidget& box, Traits traits)
+    : QAccessibleWidget(&box, QAccessible::EditableText)
+    , traits_(traits)
+{
+}
+
+QAccessible::State SpokenText::state() const
+{
+    QAccessible::State state = QAccessibleWidget::state();
+    state.editable = takesTyping();
+    state.readOnly = !takesTyping();
+    state.multiLine = traits_.HasLines;
+    state.selectableText = traits_.IsSelectable;
+    return state;
+}
+
+QString SpokenText::text(QAccessible::Text kind) const
+{
+    return kind == QAccessible::Value ? contents() : QAccessibleWidget::text(kind);
+}
+
+void* SpokenText::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
+                                              : QAccessibleWidget::interface_cast(type);
+}
+
+void SpokenText::selection(int selectionIndex, int* startOffset, int* endOffset) const
+{
+    const Range selected = selectionIndex < selectionCount() ? highlight() : Range();
+    *startOffset = selected.Start;
+    *endOffset = selected.End;
+}
+
+int SpokenText::selectionCount() const
+{
+    const Range selected = highlight();
+    return widget()->hasFocus() && selected.Start < selected.End ? 1 : 0;
+}
+
+QString SpokenText::text(int startOffset, int endOffset) const
+{
+    return contents().mid(startOffset, endOffset - startOffset);
+}
+
+int SpokenText::characterCount() const
+{
+    return static_cast<int>(contents().size());
+}
+
 QString SpokenText::textBeforeOffset(
     int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const
 {
@@ -91,7 +142,7 @@ QString SpokenText::textAfterOffset(
 QString SpokenText::piece(
     int steps, int offset, QAccessible::TextBoundaryType kind, int* startOffset, int* endOffset) const
 {
-    const QString all = text(0, characterCount());
+    const QString all = contents();
     const int end = static_cast<int>(all.size());
     const int place = offset == -1 ? end : offset == -2 ? cursorPosition() : offset;
     *startOffset = -1;

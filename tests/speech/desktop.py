@@ -16,6 +16,7 @@ class Desktop:
         self.limit = limit
         self.folder = tempfile.mkdtemp(prefix="numbrela-speech.")
         self.started = []
+        self.at_the_end = []  # what is to be done before the processes end
 
     def __enter__(self):
         foreign = re.compile("QT_|XDG_|WAYLAND_DISPLAY|XAUTHORITY|XMODIFIERS|DBUS_|AT_SPI_|GTK_|DISPLAY|LC_|LANG")
@@ -41,6 +42,8 @@ class Desktop:
         return self
 
     def __exit__(self, *_):
+        for task in self.at_the_end:
+            task()
         for process in reversed(self.started):
             process.terminate()
             process.wait()
@@ -55,6 +58,14 @@ class Desktop:
         )
         self.started.append(process)
         return process
+
+    def run(self, *command):
+        with self.log(command[0]) as log:
+            subprocess.run(command, stdout=log, stderr=subprocess.STDOUT, check=True, timeout=self.limit)
+
+    def start_program(self, program):
+        """A program for Windows runs under wine."""
+        return self.start(*(["wine"] if program.endswith(".exe") else []), program)
 
     def log(self, command, mode="a"):
         return open(os.path.join(self.folder, os.path.basename(command) + ".log"), mode, encoding="utf-8")
@@ -88,9 +99,8 @@ class Desktop:
         return line
 
 
-def press(*keys):
-    """As fast as quick fingers. While a reader listens, Qt asks it about each key before the key goes on: of two keys
-    pressed within a millisecond, an access key would open its menu before Alt arrives and closes it again."""
-    subprocess.run(["xdotool", "key", "--delay", "60", *keys], check=True, timeout=10)
+def press(*keys, delay):
+    """With so many milliseconds for each key."""
+    subprocess.run(["xdotool", "key", "--delay", str(delay), *keys], check=True, timeout=10)
 
 

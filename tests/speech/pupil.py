@@ -1,10 +1,7 @@
-"""A pupil who does not see: presses keys, and knows only what the accessibility bus says."""
+"""A pupil who does not see: presses keys, and knows only what is heard."""
 
 import re
 import time
-
-import pyatspi
-from gi.repository import GLib
 
 from desktop import press
 
@@ -16,7 +13,11 @@ class Deaf(AssertionError):
 
 
 class Pupil:
-    """Hears what a screen reader would speak, sentence by sentence, each but once. What is announced must be expected."""
+    """Hears what a screen reader would speak, sentence by sentence, each but once. What is announced must be expected.
+    How it gets to the ears depends on the operating system: a deriving class says it by _say, _announce, focus, written
+    and caret, and lets it come in _attend."""
+
+    KEY_DELAY = 60  # milliseconds: as fast as quick fingers
 
     def __init__(self, waits_after_a_key=lambda: None):
         self.waits_after_a_key = waits_after_a_key
@@ -27,12 +28,6 @@ class Pupil:
         self.focus = None
         self.written = []  # what came into the text that has the focus
         self.caret = None  # the offset in that text
-        self._listen("window:activate", self._on_window)
-        self._listen("object:state-changed:focused", self._on_focus)
-        self._listen("object:state-changed:showing", self._on_showing)
-        self._listen("object:text-changed:insert", self._on_insertion)
-        self._listen("object:text-caret-moved", self._on_caret)
-        self._listen("object:active-descendant-changed", self._on_descendant)
 
     # ------------------------------------------------------------------------------------------------ what is heard
 
@@ -74,19 +69,14 @@ class Pupil:
         """As a reader does that has been started last: looks which window is in front, and what has the focus there."""
         self._attend_until(lambda: self.focus is not None or self._looks_around())
 
-    def _looks_around(self):
-        for window in (window for program in pyatspi.Registry.getDesktop(0) for window in program or []):
-            if window.getState().contains(pyatspi.STATE_ACTIVE):
-                self.focus = pyatspi.findDescendant(
-                    window, lambda one: one.getState().contains(pyatspi.STATE_FOCUSED)
-                )
-        return self.focus is not None
-
     # --------------------------------------------------------------------------------------------- what the hands do
 
     def presses(self, *keys):
-        press(*keys)
+        press(*keys, delay=self.KEY_DELAY)
         self.waits_after_a_key()
+
+    def faces(self, window):
+        """Turns to a window that is in front; wherever that gives it the focus, there is nothing to do."""
 
     def goes_to(self, pattern, key="Tab", most=40):
         """Presses the key until what has the focus is called so."""
@@ -110,21 +100,7 @@ class Pupil:
     def writes_from_the_right(self, text):
         self.writes(text[::-1])
 
-    # --------------------------------------------------------------------------------------------------- the bus
-
-    def _listen(self, kind, handler):
-        def unless_it_is_gone(event):
-            try:
-                handler(event)
-            except GLib.GError:  # what the event is about is gone by now
-                pass
-
-        pyatspi.Registry.registerEventListener(unless_it_is_gone, kind)
-
-    def _attend(self):
-        """Lets one event come, or a tenth of a second go by."""
-        GLib.timeout_add(100, lambda: False)
-        GLib.MainContext.default().iteration(True)
+    # ------------------------------------------------------------------------------------------- how it is listened to
 
     def _attend_until(self, condition):
         deadline = time.monotonic() + PATIENCE
@@ -136,48 +112,6 @@ class Pupil:
     def _say(self, *parts):
         self.sentences.append(" | ".join(part for part in parts if part))
 
-    def _on_window(self, event):
-        self.focus = None
-        self._say(event.source.name, *texts_of_dialog(event.source))
-
-    def _on_focus(self, event):
-        if event.detail1 == 1 and event.source != self.focus:
-            sentence = described(event.source)
-            self.focus = event.source
-            self._say(*sentence)
-
-    def _on_showing(self, event):
-        if event.detail1 == 1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
-            self.announced.add(len(self.sentences))
-            self._say(event.source.name)
-
-    def _on_insertion(self, event):
-        if event.source == self.focus:
-            self.written.append(event.any_data)
-
-    def _on_caret(self, event):
-        """A reader asks for the word at the caret, wherever that is, and takes the focus to be there: so a caret that
-        moves before its box gets the focus keeps the reader from saying that it has got it."""
-        if event.source.getState().contains(pyatspi.STATE_FOCUSED):
-            self.focus = event.source
-            self.caret = event.detail1
-        event.source.queryText().getTextAtOffset(event.detail1, pyatspi.TEXT_BOUNDARY_WORD_START)
-
-    def _on_descendant(self, event):
-        self._say(event.any_data.name)
-
-
-def texts_of_dialog(window):
-    """A reader says what is asked in a box, but not the labels in an ordinary window."""
-    if window.getRole() not in (pyatspi.ROLE_DIALOG, pyatspi.ROLE_ALERT):
-        return []
-    return [label.name for label in window if label.getRole() == pyatspi.ROLE_LABEL]
-
-
-def described(accessible):
-    """What a reader says of what has the focus: its name, what is written in it, and its description."""
-    written = ""
-    if accessible.getRole() in (pyatspi.ROLE_TEXT, pyatspi.ROLE_ENTRY):
-        text = accessible.queryText()
-        written = text.getText(0, text.characterCount)
-    return accessible.name, written, accessible.description
+    def _announce(self, text):
+        self.announced.add(len(self.sentences))
+        self._say(text)

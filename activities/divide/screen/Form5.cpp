@@ -219,7 +219,7 @@ void Form5::showSolution()
     Text4->SetText("");
     Text1->ShowGrid();
     AnnounceContents(*Text3);
-    Announce(*Text1, QStringLiteral("Operaciones: %1 filas").arg(exercise_.Grid.WrittenRows() - 1));
+    Announce(*Text1, [this] { return QStringLiteral("Operaciones: %1 filas").arg(exercise_.Grid.WrittenRows() - 1); });
     Buttons.Command2[0]->setFocus();
 }
 
@@ -325,8 +325,10 @@ KeyAnswer Form5::Text1_KeyPress(QChar character)
     const int caret = exercise_.Grid.Caret;
     exercise_.Grid.TypeCharacter(character.unicode());
     if (exercise_.Grid.Caret != caret) { // else the row of the dividend has refused it
-        const bool isBlank = character == u' ' || character == u'.';
-        Announce(*Text1, isBlank ? QStringLiteral("borrado") : QStringLiteral("escrito ") + character);
+        Announce(*Text1, [character] {
+            const bool isBlank = character == u' ' || character == u'.';
+            return isBlank ? QStringLiteral("borrado") : QStringLiteral("escrito ") + character;
+        });
     }
     Text1->ShowGrid();
     return KeyAnswer::Consumed();

@@ -21,88 +21,52 @@ void WorkingGridAccessible::Install()
 {
     QAccessible::installFactory([](const QString& /*className*/, QObject* object) -> QAccessibleInterface* {
         auto* box = qobject_cast<WorkingGridBox*>(object);
-        return box == nullptr ? nullptr : new WorkingGridAccessible(box);
+        return box == nullptr ? nullptr : new WorkingGridAccessible(*box);
     });
 }
 
-WorkingGridAccessible::WorkingGridAccessible(WorkingGridBox* box)
-    : QAccessibleWidget(box, QAccessible::EditableText)
+WorkingGridAccessible::WorkingGridAccessible(WorkingGridBox& box)
+    : SpokenText(box, { .HasLines = true, .IsSelectable = false })
+    , box_(box)
 {
-}
-
-WorkingGridBox& WorkingGridAccessible::box() const
-{
-    return *static_cast<WorkingGridBox*>(widget());
-}
-
-QAccessible::State WorkingGridAccessible::state() const
-{
-    QAccessible::State state = QAccessibleWidget::state();
-    state.editable = true;
-    state.multiLine = true;
-    return state;
 }
 
 QString WorkingGridAccessible::text(QAccessible::Text kind) const
 {
-    switch (kind) {
-    case QAccessible::Value:
-        return box().SpokenText();
-    case QAccessible::Description:
-        return box().SpokenPlace();
-    default:
-        return QAccessibleWidget::text(kind);
-    }
+    return kind == QAccessible::Description ? box_.SpokenPlace() : SpokenText::text(kind);
 }
 
-void* WorkingGridAccessible::interface_cast(QAccessible::InterfaceType type)
+QString WorkingGridAccessible::contents() const
 {
-    return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
-                                              : QAccessibleWidget::interface_cast(type);
-}
-
-void WorkingGridAccessible::selection(int /*selectionIndex*/, int* startOffset, int* endOffset) const
-{
-    *startOffset = 0;
-    *endOffset = 0;
+    return box_.SpokenText();
 }
 
 int WorkingGridAccessible::cursorPosition() const
 {
-    return box().SpokenOffset(box().Grid().Caret);
+    return box_.SpokenOffset(box_.Grid().Caret);
 }
 
 void WorkingGridAccessible::setCursorPosition(int position)
 {
-    box().PutCaret(box().CellAtSpokenOffset(position));
-}
-
-QString WorkingGridAccessible::text(int startOffset, int endOffset) const
-{
-    return box().SpokenText().mid(startOffset, endOffset - startOffset);
-}
-
-int WorkingGridAccessible::characterCount() const
-{
-    return static_cast<int>(box().SpokenText().size());
+    box_.PutCaret(box_.CellAtSpokenOffset(position));
 }
 
 QRect WorkingGridAccessible::characterRect(int offset) const
 {
-    const QRect cell = box().CellRect(box().CellAtSpokenOffset(offset));
-    return { box().mapToGlobal(cell.topLeft()), cell.size() };
+    const QRect cell = box_.CellRect(box_.CellAtSpokenOffset(offset));
+    return { box_.mapToGlobal(cell.topLeft()), cell.size() };
 }
 
 int WorkingGridAccessible::offsetAtPoint(const QPoint& point) const
 {
-    return box().SpokenOffset(box().CellAt(box().mapFromGlobal(point)));
+    return box_.SpokenOffset(box_.CellAt(box_.mapFromGlobal(point)));
 }
 
 // Of what is longer than the box, the beginning.
 void WorkingGridAccessible::scrollToSubstring(int startIndex, int endIndex)
 {
-    box().ShowCell(box().CellAtSpokenOffset(endIndex));
-    box().ShowCell(box().CellAtSpokenOffset(startIndex));
+    box_.ShowCell(box_.CellAtSpokenOffset(endIndex));
+    box_.ShowCell(box_.CellAtSpokenOffset(startIndex));
 }
 
 } // namespace numbrela

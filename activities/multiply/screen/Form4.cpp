@@ -250,7 +250,8 @@ void Form4::showFactors()
         TbFactor[i]->SetText(texts[i]);
         TbFactor[i]->SelectWholeText();
     }
-    Announce(*TbFactor[0], InWords(TbFactor[0]->text() + QStringLiteral(" × ") + TbFactor[1]->text()));
+    Announce(
+        *TbFactor[0], [this] { return InWords(TbFactor[0]->text() + QStringLiteral(" × ") + TbFactor[1]->text()); });
 }
 
 void Form4::checkOptions()

@@ -211,7 +211,7 @@ void FormColoSuma::showNewPlaceAndAdd()
 {
     exercise_.NewPlaceAndAdd();
     TBDatos->SetText(exercise_.DataLine());
-    Announce(*TBDatos, InWords(TBDatos->text()));
+    Announce(*TBDatos, [this] { return InWords(TBDatos->text()); });
     placeBoxes();
     placeSigns();
 }

@@ -321,8 +321,10 @@ void Form7::showBasket(std::optional<int> selectedLine)
 void Form7::showChangedBasket(std::optional<int> changedLine)
 {
     showBasket(changedLine);
-    const QString line = changedLine ? LICesta->TextOf(*changedLine) : QStringLiteral("vacía");
-    Announce(*LICesta, LICesta->accessibleName() + QStringLiteral(": ") + line);
+    Announce(*LICesta, [this, changedLine] {
+        const QString line = changedLine ? LICesta->TextOf(*changedLine) : QStringLiteral("vacía");
+        return LICesta->accessibleName() + QStringLiteral(": ") + line;
+    });
 }
 
 void Form7::showShelves(bool shown)
@@ -391,8 +393,10 @@ KeyAnswer Form7::LIDisponibles_KeyDown(const Key& key)
 void Form7::LICesta_DblClick()
 {
     if (const std::optional<int> line = LICesta->SelectedLine()) {
-        const QString product = LICesta->TextOf(*line).section(u' ', 1); // without its number
-        Announce(*LICesta, QStringLiteral("Devuelto: ") + product);
+        Announce(*LICesta, [this, line] {
+            const QString product = LICesta->TextOf(*line).section(u' ', 1); // without its number
+            return QStringLiteral("Devuelto: ") + product;
+        });
         showChangedBasket(task_.PutBack(*line));
     }
 }
@@ -453,7 +457,7 @@ void Form7::askForResult(const PayOutcome& outcome)
     placeInShop(*this, TBCantidades, { columnLeft, columnBottom - height, columnWidth, height });
     TBCantidades->SetText(column.Text);
     showInstructions(outcome.Instructions);
-    Announce(*TBCantidades, spokenColumn(column));
+    Announce(*TBCantidades, [&column] { return spokenColumn(column); });
     TbResultado->setFocus();
     TbResultado->SetText("");
 }

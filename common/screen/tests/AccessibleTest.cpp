@@ -119,6 +119,13 @@ TEST_F(SpokenBoxTest, IsEditedByAssistiveTools)
     EXPECT_EQ(box_.Text(), "2,34");
     edited.replaceText(0, 2, QStringLiteral("98"));
     EXPECT_EQ(box_.Text(), "9834");
+    spoken(box_).setText(QAccessible::Value, QStringLiteral("7,5"));
+    EXPECT_EQ(box_.Text(), "7,5");
+    spoken(box_).setText(QAccessible::Name, QStringLiteral("8"));
+    EXPECT_EQ(box_.Text(), "7,5") << "which is what is written in it alone";
+    box_.setReadOnly(true);
+    spoken(box_).setText(QAccessible::Value, QStringLiteral("8"));
+    EXPECT_EQ(box_.Text(), "7,5");
 }
 
 TEST_F(SpokenBoxTest, TellsWhereItsCharactersAre)
