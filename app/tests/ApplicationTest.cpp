@@ -73,7 +73,7 @@ protected:
     // with another one if something was not as expected.
     [[noreturn]] static void RunProgram(const std::function<void()>& act)
     {
-        QTimer::singleShot(0, qApp, act);
+        DoSoon(*qApp, act);
         const int status = Application::exec();
         FailForPendingBoxes();
         const auto& result = *::testing::UnitTest::GetInstance()->current_test_info()->result();

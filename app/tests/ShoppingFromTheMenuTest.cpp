@@ -12,7 +12,6 @@
 #include <QApplication>
 #include <QPointer>
 #include <QTest>
-#include <QTimer>
 
 #include <memory>
 
@@ -95,7 +94,7 @@ TEST_F(ShoppingFromTheMenuTest, TheProgramEndsWithTheMenuAlsoWhenAWindowIsOpenBe
     for (const bool bySalir : { true, false }) {
         const QPointer<Form7> left = leaveShoppingBesideTheMenu();
         ASSERT_NE(left, nullptr);
-        QTimer::singleShot(0, menu_.get(),
+        DoSoon(*menu_,
             [&] { bySalir ? Click(*menu_, QStringLiteral("Command1(8)")) : static_cast<void>(menu_->close()); });
         EXPECT_EQ(QApplication::exec(), 0);
         EXPECT_FALSE(menu_->isVisible());

@@ -12,6 +12,8 @@
 #include <QTranslator>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace numbrela {
 
 namespace {
@@ -172,11 +174,13 @@ public:
 
 private:
     // Pixels for the frame, one outside it, and the part of an accent on a capital letter that rises above the height
-    // of the font: at most a twentieth of that height.
+    // of the font: about a twentieth of that height, and more where hinting moves it up.
     static int roomForLineFocus(const QFontMetrics& font)
     {
         constexpr int frame = 2;
-        return frame + 1 + font.height() / 20;
+        constexpr QChar highLetter(0xC1); // Á
+        const int rise = -font.boundingRect(highLetter).top() - font.ascent();
+        return frame + std::max(1 + font.height() / 20, rise);
     }
 
     // Only a frame: the style itself shows the focus as a pale bar, as if the line were selected.

@@ -1,5 +1,7 @@
 #include "tests/support/Boxes.h"
 
+#include "tests/support/Driver.h"
+
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -11,7 +13,6 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
-#include <QTimer>
 
 #include <deque>
 
@@ -60,7 +61,7 @@ public:
     {
         if (event->type() == QEvent::Show) {
             if (const QPointer<QDialog> box = qobject_cast<QDialog*>(object)) {
-                QTimer::singleShot(0, box, [box] { answer(*box); });
+                DoSoon(*box, [box] { answer(*box); });
             }
         }
         return false;

@@ -1,6 +1,7 @@
 #include "tests/support/Driver.h"
 
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -8,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextEdit>
+#include <QTimer>
 #include <QWindow>
 
 #include <stdexcept>
@@ -32,6 +34,14 @@ void sendMarkedKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers)
 }
 
 } // namespace
+
+void DoSoon(QObject& context, const std::function<void()>& act)
+{
+    QTimer::singleShot(0, &context, [act] {
+        act();
+        QAbstractEventDispatcher::instance()->wakeUp();
+    });
+}
 
 void ShowAndActivate(QWidget& window)
 {

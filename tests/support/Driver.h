@@ -6,12 +6,17 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <string>
 #include <vector>
 
 // What a person does with a window: shows it, clicks, presses keys on whatever has the focus, chooses menu items.
 // Controls are found by their names.
 namespace numbrela::testing {
+
+// Does this as soon as an event loop runs, and wakes that loop afterwards: what is pressed meanwhile lets events pass,
+// also the one that tells the loop to end, and without it Qt's loop on Windows goes to sleep.
+void DoSoon(QObject& context, const std::function<void()>& act);
 
 // Shows the window and waits until it has the focus.
 void ShowAndActivate(QWidget& window);

@@ -17,7 +17,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -152,7 +151,7 @@ protected:
     template <typename Act>
     void endProgram(Act act) const
     {
-        QTimer::singleShot(0, qApp, act);
+        DoSoon(*qApp, act);
         EXPECT_EQ(Application::exec(), 0);
         EXPECT_FALSE(menu_.isVisible());
     }

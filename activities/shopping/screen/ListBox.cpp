@@ -31,19 +31,22 @@ void ListBox::SetLines(const std::vector<std::string>& lines)
 
 void ListBox::SetSortedLines(const std::vector<ListLine>& lines)
 {
-    QCollator spanish(QLocale(QLocale::Spanish, QLocale::Spain));
+    // On Windows, Qt takes the Spanish of Spain for the order that dictionaries had until 1994, in which CH and LL are
+    // letters of their own. Its sort keys are not in the order of its comparisons there, so none are made.
+    QCollator spanish(QLocale(QLocale::Spanish, QLocale::Mexico));
     spanish.setCaseSensitivity(Qt::CaseInsensitive);
-    std::vector<std::pair<QCollatorSortKey, const ListLine*>> sorted;
+    std::vector<std::pair<QString, int>> sorted;
     for (const ListLine& line : lines) {
-        sorted.emplace_back(spanish.sortKey(QString::fromStdString(line.Text)), &line);
+        sorted.emplace_back(QString::fromStdString(line.Text), line.Data);
     }
-    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::stable_sort(sorted.begin(), sorted.end(),
+        [&spanish](const auto& a, const auto& b) { return spanish.compare(a.first, b.first) < 0; });
 
     QStringList texts;
     data_.clear();
-    for (const auto& [key, line] : sorted) {
-        texts << QString::fromStdString(line->Text);
-        data_.push_back(line->Data);
+    for (const auto& [text, about] : sorted) {
+        texts << text;
+        data_.push_back(about);
     }
     lines_.setStringList(texts);
 }

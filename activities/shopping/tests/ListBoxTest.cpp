@@ -97,10 +97,10 @@ TEST_F(ListBoxTest, OnlyTheLeftButtonDoubleClicksWhereverInTheList)
 
 TEST_F(ListBoxTest, SortsAsASpanishDictionaryDoesAndKnowsWhatEachLineIsAbout)
 {
-    const Lines sorted { "Ámbar", "ANÍS", "árbol", "azúcar", "chorizo", "cruasán", "dátil", "nuez", "Nuez moscada",
-        "ñora", "oca", "papa", "papá", "zumo" };
+    const Lines sorted { "12 huevos", "6 huevos", "Ámbar", "Ámbar gris", "ANÍS", "árbol", "azúcar", "chorizo",
+        "cruasán", "dátil", "nuez", "Nuez moscada", "ñora", "oca", "papa", "papá", "zumo" };
     std::vector<ListLine> lines;
-    for (const int place : { 9, 13, 7, 8, 10, 0, 3, 1, 2, 5, 4, 6, 12, 11 }) {
+    for (const int place : { 12, 16, 1, 10, 3, 11, 13, 0, 2, 6, 4, 5, 8, 7, 9, 15, 14 }) {
         lines.push_back({ sorted[static_cast<std::size_t>(place)], 100 + place });
     }
     list_.SetSortedLines(lines);

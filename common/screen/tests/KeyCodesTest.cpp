@@ -84,22 +84,33 @@ TEST(KeyCodesTest, GivesAKeyTheSameCodeWithShiftControlAndAltWhateverItWrites)
     }
 }
 
-// As an X server reports the row from 1 to 0 and the key right of M, whatever they write.
+// An X server reports where a key is: the row from 1 to 0 begins with 10, the key right of M is 59. Windows reports the
+// code itself.
 TEST(KeyCodesTest, KnowsTheKeysOfNumbersByTheirPlaceWhateverTheyWrite)
 {
-    const auto codeAt = [](quint32 scanCode, int key, const QString& text) {
-        return KeyCodeOf(QKeyEvent(QEvent::KeyPress, key, Qt::ShiftModifier, scanCode, 0, 0, text));
+    const auto expectCode = [](int code, quint32 scanCode, int key, const QString& text) {
+        const QKeyEvent event(QEvent::KeyPress, key, Qt::ShiftModifier, scanCode, static_cast<quint32>(code), 0, text);
+        EXPECT_EQ(KeyCodeOf(event), code) << key;
     };
     const QString writtenWithShift = QStringLiteral("!\"·$%&/()=");
     for (int place = 0; place < 10; ++place) {
         const QChar character = writtenWithShift[place];
-        EXPECT_EQ(codeAt(10 + static_cast<quint32>(place), character.unicode(), character), 48 + (place + 1) % 10);
+        expectCode(48 + (place + 1) % 10, 10 + static_cast<quint32>(place), character.unicode(), character);
     }
-    EXPECT_EQ(codeAt(59, Qt::Key_Semicolon, QStringLiteral(";")), 188);
-    EXPECT_EQ(codeAt(9, Qt::Key_Escape, {}), 27) << "its neighbours are known by what they are";
-    EXPECT_EQ(codeAt(20, Qt::Key_Apostrophe, QStringLiteral("'")), 219);
-    EXPECT_EQ(codeAt(58, Qt::Key_M, QStringLiteral("M")), 77);
-    EXPECT_EQ(codeAt(60, Qt::Key_Colon, QStringLiteral(":")), 190);
+    expectCode(188, 59, Qt::Key_Semicolon, QStringLiteral(";"));
+    expectCode(27, 9, Qt::Key_Escape, {}); // its neighbours are known by what they are
+    expectCode(219, 20, Qt::Key_Apostrophe, QStringLiteral("'"));
+    expectCode(77, 58, Qt::Key_M, QStringLiteral("M"));
+    expectCode(190, 60, Qt::Key_Colon, QStringLiteral(":"));
+}
+
+// Windows has codes for keys that say no more than that there is a character: those of a touch keyboard and of input
+// methods.
+TEST(KeyCodesTest, KnowsAKeyThatOnlyBringsACharacterByThatCharacter)
+{
+    for (const quint32 bringing : { 0xE5U, 0xE7U }) {
+        EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, 0, bringing, 0, QStringLiteral("7"))), 55);
+    }
 }
 
 TEST(KeyCodesTest, GivesOtherKeysNoCode)

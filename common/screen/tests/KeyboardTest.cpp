@@ -350,12 +350,13 @@ TEST_P(HeldKeyTest, ChoosesNothingInTheMenuThatItHasOpened)
     EXPECT_EQ(chosen, 1);
 }
 
-// An X server numbers the keys, and Qt names them by what they write with Shift or without.
+// An X server and Windows number the keys, and Qt names them by what they write with Shift or without.
 TEST_F(KeyboardTest, AKeyIsTheSameKeyWhenShiftIsLetGoWhileItIsHeld)
 {
-    constexpr quint32 scanCodeOf7 = 16;
+    constexpr quint32 scanCodeOf7 = 16; // on X11
+    constexpr quint32 virtualKeyOf7 = 55; // on Windows
     const auto send = [this](QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-        QKeyEvent event(type, key, modifiers, scanCodeOf7, 0, 0, text);
+        QKeyEvent event(type, key, modifiers, scanCodeOf7, virtualKeyOf7, 0, text);
         QCoreApplication::sendEvent(form_.windowHandle(), &event);
     };
     listen();

@@ -1,10 +1,8 @@
-#include "activities/shopping/tests/windows/FileFaults.h"
+#include "activities/shopping/tests/FileFaults.h"
+
+#include "activities/shopping/tests/OtherProcess.h"
 
 #include <windows.h>
-
-#include <algorithm>
-#include <optional>
-#include <utility>
 
 // The names are the linker's. A function of a DLL is called through a pointer whose name begins with __imp_: the
 // program takes __wrap___imp_ReadFile for that pointer, and __real___imp_ReadFile is the pointer itself.
@@ -23,97 +21,60 @@ extern decltype(&Sleep) __real___imp_Sleep;
 
 namespace numbrela::testing {
 
-namespace {
-
-std::optional<Fault> armed;
-std::vector<std::string> calls;
-
-void killThisProcess()
+void KillThisProcess()
 {
     ::TerminateProcess(::GetCurrentProcess(), KilledStatus);
 }
 
-bool isTheOne()
+void SetError(int error)
 {
-    return armed && std::cmp_equal(calls.size(), armed->Call);
+    ::SetLastError(static_cast<DWORD>(error));
 }
 
-bool fails(const char* name)
-{
-    const bool isLater = armed->Kind == FaultKind::KeepFailing && std::cmp_greater(calls.size(), armed->Call)
-        && calls[static_cast<std::size_t>(armed->Call)] == name;
-    return isLater || (isTheOne() && (armed->Kind == FaultKind::Fail || armed->Kind == FaultKind::KeepFailing));
-}
+namespace {
 
-// Makes a call, or makes it fail with this value if it is the one chosen.
-template <typename Real, typename Value>
-auto pass(const char* name, Value failure, Real real) -> decltype(real())
-{
-    if (!armed) {
-        return real();
-    }
-    const bool chosen = isTheOne();
-    const bool failing = fails(name);
-    calls.emplace_back(name);
-    if (failing) {
-        ::SetLastError(armed->Error);
-        return failure;
-    }
-    if (chosen && (armed->Kind == FaultKind::KillBefore || armed->Kind == FaultKind::KillHalfway)) {
-        killThisProcess();
-    }
-    const auto result = real();
-    if (chosen && armed->Kind == FaultKind::KillAfter) {
-        killThisProcess();
-    }
-    return result;
-}
-
-// As many bytes as a read or write may pass.
 DWORD allowed(DWORD count)
 {
-    constexpr DWORD fewBytes = 1000;
-    const bool stutters
-        = armed && armed->Kind == FaultKind::Stutter && std::cmp_greater_equal(calls.size(), armed->Call);
-    return stutters ? std::min(count, fewBytes) : count;
+    return static_cast<DWORD>(AllowedBytes(count));
 }
 
 HANDLE WINAPI createFile(
     LPCWSTR name, DWORD access, DWORD shared, LPSECURITY_ATTRIBUTES rights, DWORD creation, DWORD flags, HANDLE model)
 {
-    return pass("CreateFileW", INVALID_HANDLE_VALUE,
+    return PassCall("CreateFileW", INVALID_HANDLE_VALUE,
         [=] { return __real___imp_CreateFileW(name, access, shared, rights, creation, flags, model); });
 }
 
 DWORD WINAPI getFileAttributes(LPCWSTR name)
 {
-    return pass("GetFileAttributesW", INVALID_FILE_ATTRIBUTES, [=] { return __real___imp_GetFileAttributesW(name); });
+    return PassCall(
+        "GetFileAttributesW", INVALID_FILE_ATTRIBUTES, [=] { return __real___imp_GetFileAttributesW(name); });
 }
 
 BOOL WINAPI readFile(HANDLE file, LPVOID bytes, DWORD count, LPDWORD done, LPOVERLAPPED overlapped)
 {
-    return pass("ReadFile", FALSE,
-        [=, few = allowed(count)] { return __real___imp_ReadFile(file, bytes, few, done, overlapped); });
+    return PassCall(
+        "ReadFile", FALSE, [=] { return __real___imp_ReadFile(file, bytes, allowed(count), done, overlapped); });
 }
 
 BOOL WINAPI writeFile(HANDLE file, LPCVOID bytes, DWORD count, LPDWORD done, LPOVERLAPPED overlapped)
 {
-    if (isTheOne() && armed->Kind == FaultKind::KillHalfway) {
+    if (IsKilledHalfway()) {
         __real___imp_WriteFile(file, bytes, count / 2, done, overlapped);
     }
-    return pass("WriteFile", FALSE,
-        [=, few = allowed(count)] { return __real___imp_WriteFile(file, bytes, few, done, overlapped); });
+    return PassCall(
+        "WriteFile", FALSE, [=] { return __real___imp_WriteFile(file, bytes, allowed(count), done, overlapped); });
 }
 
 BOOL WINAPI flushFileBuffers(HANDLE file)
 {
-    return pass("FlushFileBuffers", FALSE, [=] { return __real___imp_FlushFileBuffers(file); });
+    return PassCall("FlushFileBuffers", FALSE, [=] { return __real___imp_FlushFileBuffers(file); });
 }
 
 // A file is closed even where that fails.
 BOOL WINAPI closeHandle(HANDLE file)
 {
-    const BOOL result = pass("CloseHandle", FALSE, [=] { return __real___imp_CloseHandle(file); });
+    const BOOL result = PassCall("CloseHandle", FALSE, [=] { return __real___imp_CloseHandle(file); });
     if (result == FALSE) {
         const DWORD error = ::GetLastError();
         __real___imp_CloseHandle(file);
@@ -124,34 +85,23 @@ BOOL WINAPI closeHandle(HANDLE file)
 
 BOOL WINAPI deleteFile(LPCWSTR name)
 {
-    return pass("DeleteFileW", FALSE, [=] { return __real___imp_DeleteFileW(name); });
+    return PassCall("DeleteFileW", FALSE, [=] { return __real___imp_DeleteFileW(name); });
 }
 
 BOOL WINAPI moveFile(LPCWSTR from, LPCWSTR to, DWORD how)
 {
-    return pass("MoveFileExW", FALSE, [=] { return __real___imp_MoveFileExW(from, to, how); });
+    return PassCall("MoveFileExW", FALSE, [=] { return __real___imp_MoveFileExW(from, to, how); });
 }
 
+// Waiting takes no time while calls are counted.
 void WINAPI sleepNot(DWORD milliseconds)
 {
-    if (!armed) {
+    if (!IsArmed()) {
         __real___imp_Sleep(milliseconds);
     }
 }
 
 } // namespace
-
-void ArmFault(Fault fault)
-{
-    calls.clear();
-    armed = fault;
-}
-
-std::vector<std::string> DisarmFault()
-{
-    armed.reset();
-    return std::exchange(calls, {});
-}
 
 } // namespace numbrela::testing
 

@@ -1,0 +1,243 @@
+#include "activities/shopping/tests/CatalogueFaultTest.h"
+
+#include "activities/shopping/tests/OtherProcess.h"
+#include "activities/shopping/tests/TestTables.h"
+#include "common/core/RunTimeError.h"
+
+#include <algorithm>
+#include <set>
+#include <sstream>
+
+namespace numbrela::testing {
+
+namespace {
+
+ProductTable products(int count, float price)
+{
+    ProductTable table(1);
+    for (int i = 0; i < count; ++i) {
+        AddProduct(table, ProductOf("Producto " + std::to_string(i), "Frutería", price));
+    }
+    return table;
+}
+
+CatalogueContent contentOf(const std::filesystem::path& path)
+{
+    return std::filesystem::exists(path) ? CatalogueContent(ReadBytes(path)) : std::nullopt;
+}
+
+bool savesOver(const std::filesystem::path& path, const CatalogueContent& expected)
+{
+    return SaveCatalogueIfUnchanged(path, NewTable(), expected).Saved;
+}
+
+// The tasks of other processes.
+
+std::string saveTask(Fault fault, const std::filesystem::path& path)
+{
+    return "save " + std::to_string(fault.Call) + ' ' + std::to_string(static_cast<int>(fault.Kind)) + ' '
+        + path.string();
+}
+
+int doSave(Fault fault, const std::filesystem::path& path)
+{
+    const CatalogueContent expected = contentOf(path);
+    ArmFault(fault);
+    return savesOver(path, expected) ? 0 : 1;
+}
+
+std::string addTask(int teacher, int count, const std::filesystem::path& path)
+{
+    return "add " + std::to_string(teacher) + ' ' + std::to_string(count) + ' ' + path.string();
+}
+
+// A teacher adds products one by one, and starts again from the new file when another teacher was faster.
+int doAdd(int teacher, int count, const std::filesystem::path& path)
+{
+    for (int added = 0; added < count;) {
+        CatalogueContent read;
+        ProductTable table = LoadCatalogue(path, read);
+        AddProduct(table, ProductOf(std::to_string(teacher) + "-" + std::to_string(added), "Kiosko"));
+        added += SaveCatalogueIfUnchanged(path, table, read).Saved ? 1 : 0;
+    }
+    return 0;
+}
+
+} // namespace
+
+int DoTask(const std::string& task)
+{
+    std::istringstream words(task);
+    std::string what;
+    int first = 0;
+    int second = 0;
+    std::string path;
+    words >> what >> first >> second >> std::ws;
+    std::getline(words, path);
+    return what == "save" ? doSave({ first, static_cast<FaultKind>(second) }, path) : doAdd(first, second, path);
+}
+
+const ProductTable& OldTable()
+{
+    static const ProductTable table = products(2500, 1);
+    return table;
+}
+
+const ProductTable& NewTable()
+{
+    static const ProductTable table = products(3000, 2);
+    return table;
+}
+
+std::string FailureOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.ErrorKind(), RunTimeError::Kind::File);
+        return error.what();
+    }
+    return "nothing";
+}
+
+CatalogueContent CatalogueFaultTest::contentNow() const
+{
+    return contentOf(path_);
+}
+
+void CatalogueFaultTest::putOldFile() const
+{
+    std::filesystem::remove_all(path_);
+    SaveCatalogue(path_, OldTable());
+}
+
+void CatalogueFaultTest::save(const CatalogueContent& expected) const
+{
+    EXPECT_TRUE(savesOver(path_, expected));
+}
+
+std::vector<std::string> CatalogueFaultTest::callsOfASave() const
+{
+    const CatalogueContent expected = contentNow();
+    ArmFault({ -1, FaultKind::Fail });
+    save(expected);
+    return DisarmFault();
+}
+
+std::string CatalogueFaultTest::failureWith(Fault fault) const
+{
+    putOldFile();
+    const CatalogueContent expected = contentNow();
+    ArmFault(fault);
+    const std::string said = FailureOf([&] { save(expected); });
+    DisarmFault();
+    return said;
+}
+
+void CatalogueFaultTest::expectStaysWholeWhenKilled(
+    FaultKind kind, const std::function<void()>& prepare, const ProductTable& before) const
+{
+    prepare();
+    const std::vector<std::string> calls = callsOfASave();
+    const auto replacing = std::find(calls.begin(), calls.end(), ReplacingCall) - calls.begin();
+    for (int call = 0; std::cmp_less(call, calls.size()); ++call) {
+        SCOPED_TRACE("call " + std::to_string(call) + ", " + calls[static_cast<std::size_t>(call)]);
+        prepare();
+        ASSERT_EQ(OtherProcess(saveTask({ call, kind }, path_)).ExitStatus(), KilledStatus);
+
+        const bool isReplaced = call > replacing || (call == replacing && kind == FaultKind::KillAfter);
+        EXPECT_TRUE(LoadCatalogue(path_) == (isReplaced ? NewTable() : before));
+        save();
+        expectOnly(NewTable());
+    }
+}
+
+void CatalogueFaultTest::expectOnly(const ProductTable& table) const
+{
+    EXPECT_TRUE(LoadCatalogue(path_) == table);
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+std::string CatalogueFaultTest::unwritable(const std::string& reason) const
+{
+    return "No se puede escribir el archivo «" + path_.string() + "»: " + reason + ".";
+}
+
+namespace {
+
+// The old file is read immediately before the new one takes its place, and nobody else can save in between.
+TEST_F(CatalogueFaultTest, LocksThenPutsTheNewFileOnTheDiskThenLooksAtTheOldOneThenReplacesIt)
+{
+    putOldFile();
+    EXPECT_EQ(callsOfASave(), CallsOfASave());
+}
+
+class CatalogueKillTest : public CatalogueFaultTest, public ::testing::WithParamInterface<FaultKind> { };
+
+TEST_P(CatalogueKillTest, LeavesTheOldFileOrNoneOrTheNewOneWholeWhereverItIsStopped)
+{
+    expectStaysWholeWhenKilled(
+        GetParam(), [this] { putOldFile(); }, OldTable());
+    expectStaysWholeWhenKilled(
+        GetParam(), [this] { std::filesystem::remove(path_); }, ProductTable(1));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Moments, CatalogueKillTest, ::testing::Values(FaultKind::KillBefore, FaultKind::KillHalfway, FaultKind::KillAfter));
+
+TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
+{
+    putOldFile();
+    const CatalogueContent old = contentNow();
+    const std::vector<std::string> calls = callsOfASave();
+    const auto replacing = std::find(calls.begin(), calls.end(), ReplacingCall) - calls.begin();
+    for (const auto& [error, reason] : FailuresOfTheDisk()) {
+        for (int call = 0; std::cmp_less(call, calls.size()); ++call) {
+            const auto index = static_cast<std::size_t>(call);
+            if (IsHarmless(calls, index)) {
+                continue;
+            }
+            SCOPED_TRACE(reason + " at call " + std::to_string(call) + ", " + calls[index]);
+            EXPECT_EQ(failureWith({ call, FaultKind::Fail, error }), unwritable(reason));
+            expectOnly(call > replacing ? NewTable() : OldTable());
+            save(old); // also where the new file has taken the name already
+            expectOnly(NewTable());
+        }
+    }
+}
+
+TEST_F(CatalogueFaultTest, GoesOnAfterAPartialReadOrWrite)
+{
+    const std::size_t parts = NewTable().size() * 154 / 1000;
+    ArmFault({ 0, FaultKind::Stutter });
+    SaveCatalogue(path_, NewTable());
+    EXPECT_GT(DisarmFault().size(), parts);
+    ArmFault({ 0, FaultKind::Stutter });
+    const ProductTable loaded = LoadCatalogue(path_);
+    EXPECT_GT(DisarmFault().size(), parts);
+    EXPECT_TRUE(loaded == NewTable());
+    EXPECT_TRUE(LoadCatalogue(path_) == NewTable());
+}
+
+TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesSaveAtOnce)
+{
+    constexpr int teachers = 4;
+    constexpr int productsOfEach = 25;
+    std::vector<OtherProcess> processes;
+    for (int teacher = 0; teacher < teachers; ++teacher) {
+        processes.emplace_back(addTask(teacher, productsOfEach, path_));
+    }
+    for (OtherProcess& process : processes) {
+        EXPECT_EQ(process.ExitStatus(), 0);
+    }
+    std::set<std::string> names;
+    for (const Product& product : LoadCatalogue(path_)) {
+        names.insert(product.Nombre.Trimmed());
+    }
+    EXPECT_EQ(names.size(), static_cast<std::size_t>(teachers) * productsOfEach);
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+}
+
+} // namespace
+
+} // namespace numbrela::testing

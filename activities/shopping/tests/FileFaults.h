@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+// Stands between the program and the operating system wherever a catalogue is opened, read, written, brought to the
+// disk, closed, locked, removed or put in its place. The linker redirects those calls (--wrap) to the FileFaults.cpp of
+// the system, so that a test can really end the process at any of them.
+namespace numbrela::testing {
+
+enum class FaultKind {
+    KillBefore, // the process ends as it makes the call
+    KillHalfway, // it ends when half of a write is done; at other calls as before them
+    KillAfter, // it ends as the call returns
+    Fail, // the call does nothing and fails
+    KeepFailing, // and so do all later calls of its name
+    Stutter, // this and all later reads and writes pass a few bytes only
+};
+
+struct Fault {
+    int Call; // counted from 0
+    FaultKind Kind;
+    int Error = 0; // the system's number for why a call fails
+};
+
+// From now on calls are counted, and the fault happens at the call that it names.
+void ArmFault(Fault fault);
+
+// Lets all calls through again, and returns the names of those that were made meanwhile.
+std::vector<std::string> DisarmFault();
+
+// What the two systems' calls share; tests use only what is above.
+
+bool IsArmed();
+
+// Whether the next call is a read or write that passes a few bytes only, or a write that is killed halfway.
+bool Stutters();
+bool IsKilledHalfway();
+
+// How many bytes of so many a read or write may pass.
+std::size_t AllowedBytes(std::size_t count);
+
+// Counts a call, and returns the fault that happens at it.
+std::optional<Fault> CountCall(const char* name);
+
+// The system's own.
+void KillThisProcess();
+void SetError(int error);
+
+// Makes a call, or makes it fail with this value if it is the one chosen.
+template <typename Value, typename Real>
+Value PassCall(const char* name, Value failure, Real real)
+{
+    const std::optional<Fault> fault = CountCall(name);
+    if (!fault || fault->Kind == FaultKind::Stutter) {
+        return real();
+    }
+    if (fault->Kind == FaultKind::Fail || fault->Kind == FaultKind::KeepFailing) {
+        SetError(fault->Error);
+        return failure;
+    }
+    if (fault->Kind == FaultKind::KillAfter) {
+        real();
+    }
+    KillThisProcess();
+    return failure;
+}
+
+} // namespace numbrela::testing
