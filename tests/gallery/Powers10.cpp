@@ -21,6 +21,16 @@ void showLongest(FrmUnidad& form)
     } while (form.TBRespuesta->text().size() < 9);
 }
 
+// The same exercise in a new window, worked by the numbers that are seen.
+void drawWorked(Gallery& gallery, const Clock& clock)
+{
+    FrmUnidad form(clock);
+    ShowAndActivate(form);
+    Click(form, "Command2(2)");
+    Click(form, "Command1");
+    gallery.Draw(form, QStringLiteral("powers10-worked"));
+}
+
 } // namespace
 
 void DrawPowers10(Gallery& gallery)
@@ -50,6 +60,9 @@ void DrawPowers10(Gallery& gallery)
     Choose(form, "MnuOpcCi1Lis(3)");
     showLongest(form);
     gallery.Draw(form, QStringLiteral("powers10-longest"));
+    form.close();
+
+    drawWorked(gallery, clock);
 }
 
 } // namespace numbrela::testing

@@ -1,0 +1,89 @@
+#include "tests/manual/Pages.h"
+#include "tests/manual/ProgramTexts.h"
+
+#include <gtest/gtest.h>
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <set>
+#include <string>
+
+namespace numbrela::testing {
+
+namespace {
+
+// What Qt itself writes on the buttons of boxes.
+std::set<std::string> buttonsOfBoxes()
+{
+    std::set<std::string> captions;
+    QMessageBox box;
+    for (const auto button : { QMessageBox::Ok, QMessageBox::Cancel, QMessageBox::Yes, QMessageBox::No }) {
+        captions.insert(box.addButton(button)->text().remove(QChar(u'&')).toStdString());
+    }
+    return captions;
+}
+
+// Texts that nobody reads on the screen: names of fonts, what Qt's readers of the keyboard and the maker of the
+// catalogue say to those who build the program, and the places of digits of thousands of millions and more, which a
+// reader puts together as everybody counts.
+bool isForNobody(const ProgramText& text)
+{
+    static const std::set<std::string> files { "Look.cpp", "main.cpp", "CatalogueSource.cpp", "NativeKeys.cpp",
+        "PlaceName.cpp", "productos.txt" };
+    static const std::set<std::string> fonts { "Courier New" };
+    return files.contains(text.File) || fonts.contains(text.Text);
+}
+
+bool hasLetter(const std::string& text)
+{
+    return text.find_first_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ") != std::string::npos;
+}
+
+std::set<std::string> quotedParts()
+{
+    std::set<std::string> parts;
+    for (const Page& page : Pages()) {
+        for (const std::string& quote : page.Quotes) {
+            parts.merge([&] {
+                const std::vector<std::string> list = PartsOf(quote);
+                return std::set<std::string>(list.begin(), list.end());
+            }());
+        }
+    }
+    return parts;
+}
+
+TEST(ManualTextsTest, EachQuoteIsATextOfTheProgram)
+{
+    std::set<std::string> said = buttonsOfBoxes();
+    for (const ProgramText& text : ProgramTexts()) {
+        said.insert(text.Text);
+    }
+    for (const Page& page : Pages()) {
+        EXPECT_TRUE(page.Name == "README.md" || page.Name == "administracion.md" || !page.Quotes.empty()) << page.Name;
+        for (const std::string& quote : page.Quotes) {
+            for (const std::string& part : PartsOf(quote)) {
+                EXPECT_TRUE(said.contains(part)) << page.Name << " quotes «" << part << "»";
+            }
+        }
+    }
+}
+
+TEST(ManualTextsTest, EachCaptionAndEachMessageStandsInTheManual)
+{
+    const std::set<std::string> quoted = quotedParts();
+    int looked = 0;
+    for (const ProgramText& text : ProgramTexts()) {
+        const bool isShown = text.IsCaption || text.Text.find(' ') != std::string::npos;
+        if (isShown && hasLetter(text.Text) && !isForNobody(text)) {
+            ++looked;
+            EXPECT_TRUE(quoted.contains(text.Text)) << text.File << " says «" << text.Text << "»";
+        }
+    }
+    EXPECT_GT(looked, 150) << "hardly any text of the program has been found";
+}
+
+} // namespace
+
+} // namespace numbrela::testing
