@@ -54,7 +54,8 @@ std::string behindSign(const std::string& line)
 
 // Amounts under each other, right-aligned behind a place for the sign, with rules between them. The numbers of lines
 // above which there is a rule are given.
-std::string inColumns(const Lines& texts, const std::string& sign, std::size_t lineOfSign, const std::set<std::size_t>& rules)
+std::string inColumns(
+    const Lines& texts, const std::string& sign, std::size_t lineOfSign, const std::set<std::size_t>& rules)
 {
     int width = 0;
     for (const std::string& text : texts) {
@@ -150,7 +151,9 @@ std::string division(const Example& example)
     for (int row = 0; row < std::max(2, exercise.Grid.WrittenRows()); ++row) {
         const std::u16string_view cells = exercise.Grid.Row(row);
         lines.push_back(std::string(cells.begin(), cells.end())
-            + (row == 0 ? "| " + divisor : row == 1 ? "| " + quotient : std::string()));
+            + (row == 0        ? "| " + divisor
+                    : row == 1 ? "| " + quotient
+                               : std::string()));
     }
     return joined(lines);
 }
@@ -171,8 +174,8 @@ std::string shopping(const Example& example)
         }
         const std::string price = behindSign(line);
         if (!products.contains(price)) {
-            products[price] = AddProduct(
-                task.Catalogue, { std::string_view(price), ParsePrice(price).value_or(0.0F), std::string_view("Kiosko") });
+            products[price] = AddProduct(task.Catalogue,
+                { std::string_view(price), ParsePrice(price).value_or(0.0F), std::string_view("Kiosko") });
         }
         task.TakeProduct(products[price]);
     }
@@ -245,7 +248,8 @@ std::string comparison(const Example& example)
         Comparison question(random);
         question.NewComparison();
         const auto& numbers = question.Captions;
-        lines = { numbers[0] + "   " + numbers[2] + "   " + numbers[4], numbers[1] + "   " + numbers[3] + "   " + numbers[5] };
+        lines = { numbers[0] + "   " + numbers[2] + "   " + numbers[4],
+            numbers[1] + "   " + numbers[3] + "   " + numbers[5] };
         const std::string& answer = numbers[static_cast<std::size_t>(static_cast<int>(question.CorrectButton))];
         answers += '\n' + question.Instruction.substr(question.Instruction.rfind(' ') + 1) + ": " + answer;
     }
@@ -327,8 +331,8 @@ TEST(ManualExamplesTest, EachWorkedExampleIsWhatTheProgramWorksOut)
             if (example.Kind == "text") {
                 continue; // what is pasted into a terminal or a register
             }
-            const auto kind = std::find_if(kinds().begin(), kinds().end(),
-                [&](const Kind& each) { return example.Kind.starts_with(each.Name); });
+            const auto kind = std::find_if(
+                kinds().begin(), kinds().end(), [&](const Kind& each) { return example.Kind.starts_with(each.Name); });
             ASSERT_NE(kind, kinds().end()) << example.Place << " is of an unknown kind: " << example.Kind;
             ++seen[kind->Name];
             EXPECT_EQ(example.Text, kind->Write(example)) << example.Place;

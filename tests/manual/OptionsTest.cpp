@@ -87,8 +87,7 @@ TEST(ManualOptionsTest, EachOptionOfEachWindowStandsInItsTableWithItsValues)
             continue;
         }
         const std::string button = "Command1(" + std::to_string(route.MenuButton) + ")";
-        const std::string heading
-            = TextOf(Find<QWidget>(program.Menu(), button)).remove(QChar(u'&')).toStdString();
+        const std::string heading = TextOf(Find<QWidget>(program.Menu(), button)).remove(QChar(u'&')).toStdString();
         program.Open(route);
         const std::vector<Row> options = optionsOf(*Program::Window(QString::fromLatin1(route.Window)));
         program.CloseAll();
