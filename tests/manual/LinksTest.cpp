@@ -75,6 +75,18 @@ TEST(ManualLinksTest, PicturesAreThoseThatThePagesShowAndNoOthers)
     }
 }
 
+TEST(ManualLinksTest, TheOtherDocumentsLeadToFilesAsWell)
+{
+    for (const Page& document : OtherDocuments()) {
+        for (const auto& addresses : { document.Links, document.Pictures }) {
+            for (const std::string& address : addresses) {
+                EXPECT_TRUE(exists(targetOf(document, address))) << document.Name << " leads to " << address;
+            }
+        }
+    }
+    EXPECT_GE(OtherDocuments().front().Pictures.size(), 3U);
+}
+
 } // namespace
 
 } // namespace numbrela::testing

@@ -136,19 +136,25 @@ private:
     bool inTable_ = false;
 };
 
+Page read(const std::filesystem::path& path, const std::filesystem::path& folder)
+{
+    Page page { .Path = path,
+        .Name = std::filesystem::relative(path, folder).generic_string(),
+        .Examples = {},
+        .Tables = {},
+        .Quotes = {},
+        .Links = {},
+        .Pictures = {} };
+    Reader(page).Read();
+    return page;
+}
+
 std::vector<Page> readPages()
 {
     std::vector<Page> pages;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(ManualFolder())) {
         if (entry.path().extension() == ".md") {
-            pages.push_back({ .Path = entry.path(),
-                .Name = std::filesystem::relative(entry.path(), ManualFolder()).generic_string(),
-                .Examples = {},
-                .Tables = {},
-                .Quotes = {},
-                .Links = {},
-                .Pictures = {} });
-            Reader(pages.back()).Read();
+            pages.push_back(read(entry.path(), ManualFolder()));
         }
     }
     std::sort(pages.begin(), pages.end(), [](const Page& a, const Page& b) { return a.Name < b.Name; });
@@ -160,6 +166,16 @@ std::vector<Page> readPages()
 std::filesystem::path ManualFolder()
 {
     return MANUAL_FOLDER;
+}
+
+std::vector<Page> OtherDocuments()
+{
+    const std::filesystem::path top = PROGRAM_FOLDER;
+    std::vector<Page> documents;
+    for (const char* name : { "README.md", "CONTRIBUTING.md", "docs/architecture.md", "docs/quality.md" }) {
+        documents.push_back(read(top / name, top));
+    }
+    return documents;
 }
 
 const std::vector<Page>& Pages()

@@ -33,6 +33,9 @@ struct Page {
 
 std::filesystem::path ManualFolder();
 
+// The other documents of the project that are read in its repository.
+std::vector<Page> OtherDocuments();
+
 // All pages, sorted by name.
 const std::vector<Page>& Pages();
 
