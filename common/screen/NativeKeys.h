@@ -20,4 +20,10 @@ void AskForRealReleasesOnly();
 // The scan codes of the keys that are down at this moment; empty if the system does not report them.
 std::vector<quint32> KeysDown();
 
+// This moment, by which the age of a press can be told.
+quint32 Now();
+
+// Whether a press that is not marked as a repetition was made before that moment.
+bool WasPressedBefore(const QKeyEvent& press, quint32 moment);
+
 } // namespace numbrela

@@ -39,4 +39,15 @@ std::vector<quint32> KeysDown()
     return { keys.begin(), keys.end() };
 }
 
+quint32 Now()
+{
+    return ::GetTickCount();
+}
+
+// Windows marks every repetition, so that what is not marked is new, however late the program hears of it.
+bool WasPressedBefore(const QKeyEvent& /*press*/, quint32 /*moment*/)
+{
+    return true;
+}
+
 } // namespace numbrela
