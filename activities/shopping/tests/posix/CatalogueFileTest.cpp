@@ -57,6 +57,19 @@ TEST_F(CatalogueFileTest, KeepsThePermissionsOfTheFileAndGivesANewOneThoseThatTh
     EXPECT_EQ(permissionsOf(folder_ / "otro.dat"), 0640U);
 }
 
+TEST_F(CatalogueFileTest, GivesANewFileTheRightsOfAFolderThatAGroupShares)
+{
+    const auto shared = folder_ / "shared";
+    std::filesystem::create_directory(shared);
+    ASSERT_EQ(::chmod(shared.c_str(), 02775), 0);
+    const mode_t before = ::umask(077);
+    SaveCatalogue(shared / "nuevo.dat", ProductTable(1));
+    LoadCatalogue(shared / "otro.dat");
+    ::umask(before);
+    EXPECT_EQ(permissionsOf(shared / "nuevo.dat"), 0664U);
+    EXPECT_EQ(permissionsOf(shared / "otro.dat"), 0664U);
+}
+
 TEST_F(CatalogueFileTest, WritesThroughALinkThatHasTheNameOfTheFile)
 {
     std::filesystem::create_directory(folder_ / "elsewhere");
