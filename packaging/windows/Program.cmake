@@ -22,4 +22,6 @@ target_sources(numbrela PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc")
 set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc" PROPERTIES
   OBJECT_DEPENDS "${icon};${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest")
 set_target_properties(numbrela PROPERTIES WIN32_EXECUTABLE ON)
-target_link_options(numbrela PRIVATE -s)
+if(MINGW)
+  target_link_options(numbrela PRIVATE -s)
+endif()
