@@ -17,7 +17,7 @@ add_custom_command(OUTPUT "${icon}" COMMAND "${iconBinder}" --create --output "$
   DEPENDS ${pictures} COMMENT "Binding the icon" VERBATIM)
 
 configure_file("${CMAKE_CURRENT_LIST_DIR}/numbrela.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc" @ONLY)
-configure_file("${CMAKE_CURRENT_LIST_DIR}/numbrela.exe.manifest" "${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest" COPYONLY)
+configure_file("${CMAKE_CURRENT_LIST_DIR}/numbrela.exe.manifest.in" "${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest" @ONLY)
 target_sources(numbrela PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc")
 set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc" PROPERTIES
   OBJECT_DEPENDS "${icon};${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest")
@@ -25,3 +25,5 @@ set_target_properties(numbrela PROPERTIES WIN32_EXECUTABLE ON)
 if(MINGW)
   target_link_options(numbrela PRIVATE -s)
 endif()
+add_custom_command(TARGET numbrela POST_BUILD
+  COMMAND "${CMAKE_CURRENT_LIST_DIR}/run_from_memory.py" $<TARGET_FILE:numbrela> VERBATIM)
