@@ -11,9 +11,11 @@ import tempfile
 class Desktop:
     """Nothing of the person who runs this reaches the program, and nothing of the program that person."""
 
-    def __init__(self, limit=150):
-        """`limit`: seconds, after which each process is ended, whatever becomes of this one."""
+    def __init__(self, limit=150, display=()):
+        """`limit`: seconds, after which each process is ended, whatever becomes of this one. `display`: the name of the
+        X server's display, unless the server looks for one itself."""
         self.limit = limit
+        self.display = display
         self.folder = tempfile.mkdtemp(prefix="numbrela-speech.")
         self.started = []
         self.at_the_end = []  # what is to be done before the processes end
@@ -33,7 +35,7 @@ class Desktop:
             GIO_USE_VFS="local",
         )
         os.environ["DISPLAY"] = ":" + self.start_and_read(
-            "Xvfb", "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset", "-displayfd", "{out}"
+            "Xvfb", *self.display, "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset", "-displayfd", "{out}"
         )
         self.start("openbox", "--sm-disable")
         self.start_bus()
