@@ -16,8 +16,9 @@ endforeach()
 add_custom_command(OUTPUT "${icon}" COMMAND "${iconBinder}" --create --output "${icon}" ${bound}
   DEPENDS ${pictures} COMMENT "Binding the icon" VERBATIM)
 
-configure_file("${CMAKE_CURRENT_LIST_DIR}/numbrela.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc" @ONLY)
-configure_file("${CMAKE_CURRENT_LIST_DIR}/numbrela.exe.manifest.in" "${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest" @ONLY)
+foreach(file numbrela.rc numbrela.exe.manifest)
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/${file}.in" "${CMAKE_CURRENT_BINARY_DIR}/${file}" @ONLY)
+endforeach()
 target_sources(numbrela PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc")
 set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc" PROPERTIES
   OBJECT_DEPENDS "${icon};${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest")
