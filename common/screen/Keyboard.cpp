@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -248,11 +249,14 @@ private:
         if (focused != nullptr && focused->type() == Qt::Popup) {
             return;
         }
+        std::vector<quint32> known;
+        std::transform(
+            down_.begin(), down_.end(), std::back_inserter(known), [](const Down& down) { return down.Key.ScanCode; });
         std::vector<Down> stillDown;
-        for (const quint32 scanCode : KeysDown()) {
+        for (const quint32 scanCode : KeysDown(known)) {
             const PhysicalKey key(scanCode);
-            const auto known = find(key);
-            stillDown.push_back(known != down_.end() ? *known : Down { key, nullptr, Now() });
+            const auto before = find(key);
+            stillDown.push_back(before != down_.end() ? *before : Down { key, nullptr, Now() });
         }
         down_ = std::move(stillDown);
     }

@@ -52,7 +52,7 @@ void AskForRealReleasesOnly()
     }
 }
 
-std::vector<quint32> KeysDown()
+std::vector<quint32> KeysDown(const std::vector<quint32>& /*known*/)
 {
     std::vector<quint32> keys;
     xcb_connection_t* server = XConnection();
