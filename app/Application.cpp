@@ -5,12 +5,29 @@
 #include "common/screen/StartUp.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QIcon>
 
 namespace numbrela {
+
+namespace {
+
+// With its size named, a picture is read only when a window asks for it.
+QIcon icon()
+{
+    QIcon icon;
+    for (const int size : { 16, 24, 32, 48, 64, 128 }) {
+        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), QSize(size, size));
+    }
+    return icon;
+}
+
+} // namespace
 
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv)
 {
+    setDesktopFileName(QStringLiteral("numbrela")); // by which a desktop knows whose windows these are
+    setWindowIcon(icon());
     inertWindows_ = StartUp(*this);
 }
 

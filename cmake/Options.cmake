@@ -13,6 +13,12 @@ if(MINGW) # no other file than the program is needed, and the same sources make 
   target_compile_options(numbrela_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
   target_link_options(numbrela_options INTERFACE -static LINKER:--no-insert-timestamp,--gc-sections)
 endif()
+if((NUMBRELA_SANITIZE OR NUMBRELA_COVERAGE) AND NOT CMAKE_CXX_COMPILER_ID MATCHES "^(GNU|Clang|AppleClang)$")
+  message(FATAL_ERROR "GCC and clang alone have the sanitizers, and count what tests reach, by these options.")
+endif()
+if(NUMBRELA_FUZZ AND NOT CMAKE_CXX_COMPILER_ID MATCHES "^(Clang|AppleClang)$")
+  message(FATAL_ERROR "Clang alone has libFuzzer.")
+endif()
 if(NUMBRELA_SANITIZE)
   target_compile_options(numbrela_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

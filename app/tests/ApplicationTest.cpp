@@ -11,6 +11,8 @@
 
 #include <QDialog>
 #include <QDir>
+#include <QIcon>
+#include <QImage>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QTest>
@@ -37,6 +39,20 @@ TEST(Application, IsCalledNumbrelaAndLetsEventsWithoutErrorsPass)
     QTimer::singleShot(0, qApp, [] { QApplication::exit(7); });
     EXPECT_EQ(Application::exec(), 7);
     EXPECT_EQ(timeouts, 1);
+}
+
+TEST(Application, IsKnownToDesktopsByItsDesktopEntryAndShowsItsIconInEverySizeThatTheyAskFor)
+{
+    EXPECT_EQ(QGuiApplication::desktopFileName().toStdString(), "numbrela");
+    const QIcon icon = QApplication::windowIcon();
+    EXPECT_EQ(icon.availableSizes().size(), 6);
+    for (const int size : { 16, 24, 32, 48, 64, 128 }) {
+        const QImage picture = icon.pixmap(QSize(size, size), 1).toImage();
+        EXPECT_EQ(picture.size(), QSize(size, size));
+        EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "the corner of " << size;
+        const QColor cloth = picture.pixelColor(size * 4 / 16, size * 7 / 16);
+        EXPECT_GT(cloth.blue(), cloth.red() + 100) << "the umbrella of " << size;
+    }
 }
 
 // A window in which every user event, and a timer, does what a test says.

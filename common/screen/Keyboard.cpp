@@ -9,6 +9,8 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -149,6 +151,7 @@ private:
     struct Down {
         PhysicalKey Key;
         const QObject* Place; // where the key went down; only compared, never used
+        std::optional<quint32> Found; // the moment of looking at the keyboard, for a key whose press was not seen
     };
 
     std::vector<Down>::iterator find(const PhysicalKey& key)
@@ -159,11 +162,21 @@ private:
     void noteDown(const PhysicalKey& key)
     {
         if (find(key) == down_.end()) {
-            down_.push_back({ key, placeOfTyping() });
+            down_.push_back({ key, placeOfTyping(), std::nullopt });
         }
     }
 
-    bool isRepeated(const QKeyEvent& press) { return press.isAutoRepeat() || find(PhysicalKey(press)) != down_.end(); }
+    // A key that was found down may have been pressed in another program. But if it was pressed in this one, which only
+    // hears of it now, this is the press that was not seen, and not a repetition.
+    bool isRepeated(const QKeyEvent& press)
+    {
+        const auto down = find(PhysicalKey(press));
+        if (down != down_.end() && down->Found && !press.isAutoRepeat() && WasPressedBefore(press, *down->Found)) {
+            down_.erase(down);
+            return false;
+        }
+        return press.isAutoRepeat() || down != down_.end();
+    }
 
     // Claims a repeated key, so that it is not used as a shortcut.
     bool claimRepeated(QKeyEvent& question)
@@ -236,11 +249,14 @@ private:
         if (focused != nullptr && focused->type() == Qt::Popup) {
             return;
         }
+        std::vector<quint32> known;
+        std::transform(
+            down_.begin(), down_.end(), std::back_inserter(known), [](const Down& down) { return down.Key.ScanCode; });
         std::vector<Down> stillDown;
-        for (const quint32 scanCode : KeysDown()) {
+        for (const quint32 scanCode : KeysDown(known)) {
             const PhysicalKey key(scanCode);
-            const auto known = find(key);
-            stillDown.push_back(known != down_.end() ? *known : Down { key, nullptr });
+            const auto before = find(key);
+            stillDown.push_back(before != down_.end() ? *before : Down { key, nullptr, Now() });
         }
         down_ = std::move(stillDown);
     }

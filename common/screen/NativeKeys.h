@@ -17,7 +17,15 @@ int NativeKeyCode(const QKeyEvent& event);
 // Asks the system not to send releases while a key is held: they could not be told from real ones.
 void AskForRealReleasesOnly();
 
-// The scan codes of the keys that are down at this moment; empty if the system does not report them.
-std::vector<quint32> KeysDown();
+// The scan codes of the keys that are down at this moment; empty if the system does not report them. A system that
+// tells two keys with one meaning apart in an event only, such as the two of Enter, reports the one of them that is
+// known to have been pressed.
+std::vector<quint32> KeysDown(const std::vector<quint32>& known);
+
+// This moment, by which the age of a press can be told.
+quint32 Now();
+
+// Whether a press that is not marked as a repetition was made before that moment.
+bool WasPressedBefore(const QKeyEvent& press, quint32 moment);
 
 } // namespace numbrela

@@ -1,27 +1,30 @@
 # What makes numbrela.exe a program of the Windows desktop: no console, an icon, a version and a manifest.
-find_program(iconDrawer rsvg-convert REQUIRED NO_CACHE)
 find_program(iconBinder icotool REQUIRED NO_CACHE)
 
-set(drawing "${CMAKE_CURRENT_LIST_DIR}/numbrela.svg")
 set(icon "${CMAKE_CURRENT_BINARY_DIR}/numbrela.ico")
 set(pictures)
-set(draw)
+set(bound)
 foreach(size 16 20 24 32 40 48 64 256)
-  set(picture "${CMAKE_CURRENT_BINARY_DIR}/numbrela-${size}.png")
-  list(APPEND draw COMMAND "${iconDrawer}" --width ${size} --height ${size} --output "${picture}" "${drawing}")
+  icon_picture(${size} picture)
+  list(APPEND pictures "${picture}")
   if(size EQUAL 256)
-    list(APPEND pictures "--raw=${picture}") # as Windows wants the largest, or else it would be 256 KiB
+    list(APPEND bound "--raw=${picture}") # as Windows wants the largest, or else it would be 256 KiB
   else()
-    list(APPEND pictures "${picture}")
+    list(APPEND bound "${picture}")
   endif()
 endforeach()
-add_custom_command(OUTPUT "${icon}" ${draw} COMMAND "${iconBinder}" --create --output "${icon}" ${pictures}
-  DEPENDS "${drawing}" COMMENT "Drawing the icon" VERBATIM)
+add_custom_command(OUTPUT "${icon}" COMMAND "${iconBinder}" --create --output "${icon}" ${bound}
+  DEPENDS ${pictures} COMMENT "Binding the icon" VERBATIM)
 
-configure_file("${CMAKE_CURRENT_LIST_DIR}/numbrela.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc" @ONLY)
-configure_file("${CMAKE_CURRENT_LIST_DIR}/numbrela.exe.manifest" "${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest" COPYONLY)
+foreach(file numbrela.rc numbrela.exe.manifest)
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/${file}.in" "${CMAKE_CURRENT_BINARY_DIR}/${file}" @ONLY)
+endforeach()
 target_sources(numbrela PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc")
 set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/numbrela.rc" PROPERTIES
   OBJECT_DEPENDS "${icon};${CMAKE_CURRENT_BINARY_DIR}/numbrela.exe.manifest")
 set_target_properties(numbrela PROPERTIES WIN32_EXECUTABLE ON)
-target_link_options(numbrela PRIVATE -s)
+if(MINGW)
+  target_link_options(numbrela PRIVATE -s)
+endif()
+add_custom_command(TARGET numbrela POST_BUILD
+  COMMAND "${CMAKE_CURRENT_LIST_DIR}/run_from_memory.py" $<TARGET_FILE:numbrela> VERBATIM)

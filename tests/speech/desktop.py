@@ -1,5 +1,6 @@
 """A desktop of its own for the program: an X server without a screen, a window manager and an accessibility bus."""
 
+import contextlib
 import os
 import re
 import shutil
@@ -7,13 +8,14 @@ import subprocess
 import tempfile
 
 
-
 class Desktop:
     """Nothing of the person who runs this reaches the program, and nothing of the program that person."""
 
-    def __init__(self, limit=150):
-        """`limit`: seconds, after which each process is ended, whatever becomes of this one."""
+    def __init__(self, limit=150, display=()):
+        """`limit`: seconds, after which each process is ended, whatever becomes of this one. `display`: the name of the
+        X server's display, unless the server looks for one itself."""
         self.limit = limit
+        self.display = display
         self.folder = tempfile.mkdtemp(prefix="numbrela-speech.")
         self.started = []
         self.at_the_end = []  # what is to be done before the processes end
@@ -32,22 +34,26 @@ class Desktop:
             GSETTINGS_BACKEND="memory",
             GIO_USE_VFS="local",
         )
-        os.environ["DISPLAY"] = ":" + self._start_and_read(
-            "Xvfb", "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset", "-displayfd", "{out}"
+        os.environ["DISPLAY"] = ":" + self.start_and_read(
+            "Xvfb", *self.display, "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset", "-displayfd", "{out}"
         )
         self.start("openbox", "--sm-disable")
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read(
-            "dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address={out}"
-        )
+        self.start_bus()
         return self
 
     def __exit__(self, *_):
-        for task in self.at_the_end:
-            task()
-        for process in reversed(self.started):
-            process.terminate()
-            process.wait()
-        shutil.rmtree(self.folder)
+        with contextlib.ExitStack() as last:  # all of it is done, whatever fails
+            last.callback(shutil.rmtree, self.folder)
+            for process in self.started:
+                last.callback(process.wait)
+                last.callback(process.terminate)
+            for task in reversed(self.at_the_end):
+                last.callback(task)
+
+    def start_bus(self):
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_and_read(
+            "dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address={out}"
+        )
 
     def start(self, *command, **options):
         process = subprocess.Popen(
@@ -66,6 +72,17 @@ class Desktop:
     def start_program(self, program):
         """A program for Windows runs under wine."""
         return self.start(*(["wine"] if program.endswith(".exe") else []), program)
+
+    def start_and_read(self, *command):
+        """The first line that the command writes to the file descriptor that it is given as {out}."""
+        reading, writing = os.pipe()
+        self.start(*[word.format(out=writing) for word in command], pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading, encoding="utf-8") as lines:
+            line = lines.readline().strip()
+        if not line:
+            raise RuntimeError(f"{command[0]} has ended\n{self.logs()}")
+        return line
 
     def log(self, command, mode="a"):
         return open(os.path.join(self.folder, os.path.basename(command) + ".log"), mode, encoding="utf-8")
@@ -86,17 +103,6 @@ class Desktop:
         path = os.path.join(self.folder, name)
         os.mkdir(path, 0o700)
         return path
-
-    def _start_and_read(self, *command):
-        """The first line that the command writes to the file descriptor that it is given as {out}."""
-        reading, writing = os.pipe()
-        self.start(*[word.format(out=writing) for word in command], pass_fds=[writing])
-        os.close(writing)
-        with os.fdopen(reading, encoding="utf-8") as lines:
-            line = lines.readline().strip()
-        if not line:
-            raise RuntimeError(f"{command[0]} has ended\n{self.logs()}")
-        return line
 
 
 def press(*keys, delay):

@@ -7,8 +7,9 @@ from pupil import Pupil
 
 
 class LinuxPupil(Pupil):
-    """While a reader listens, Qt asks it about each key before the key goes on: of two keys pressed within a millisecond,
-    an access key would open its menu before Alt arrives and closes it again. So the hands are no faster than a person's."""
+    """While a reader listens, Qt asks it about each key before the key goes on: of two keys pressed within a
+    millisecond, an access key would open its menu before Alt arrives and closes it again. So the hands are no faster than
+    a person's."""
 
     def __init__(self, waits_after_a_key=lambda: None):
         super().__init__(waits_after_a_key)

@@ -6,6 +6,14 @@ from decimal import Decimal
 PLACES = ("unidades", "decenas", "centenas", "unidades de millar", "decenas de millar", "centenas de millar")
 NUMBER = r"[\d.]+(?:,\d+)?"
 
+WALKS = {}  # by the names of the activities
+
+
+def walk(function):
+    """Marks a walk through an activity; ctest runs whatever has this mark."""
+    WALKS[function.__name__] = function
+    return function
+
 
 def value(text):
     return Decimal(text.replace(".", "").replace(",", "."))
@@ -51,10 +59,12 @@ def leaves(pupil, button):
     pupil.hears(button)
 
 
+@walk
 def sums(pupil):
     column(pupil, "Sumas", "SUMAS", "Suma", "más", lambda upper, lower: upper + lower)
 
 
+@walk
 def differences(pupil):
     column(pupil, "Restas", "RESTAS", "Diferencia", "menos", lambda upper, lower: upper - lower)
 
@@ -93,6 +103,7 @@ def column(pupil, button, title, result, sign, operation):
     leaves(pupil, button)
 
 
+@walk
 def multiplication(pupil):
     opens(pupil, "Multiplicaciones", "Multiplicaciones")
     pupil.hears(r"Producto parcial 1 \| unidades")
@@ -131,6 +142,7 @@ def multiplication(pupil):
     leaves(pupil, "Multiplicaciones")
 
 
+@walk
 def division(pupil):
     opens(pupil, "Divisiones", "DIVISIONES")
     exercise = rf"(?:fila.*: en blanco\. )?({NUMBER}) entre ({NUMBER})"
@@ -194,6 +206,7 @@ def division(pupil):
     leaves(pupil, "Divisiones")
 
 
+@walk
 def comparison(pupil):
     opens(pupil, "Mayor y menor", "MAYOR Y MENOR")
     numbers = [pupil.hears(NUMBER).group()]
@@ -215,6 +228,7 @@ def comparison(pupil):
     leaves(pupil, "Mayor y menor")
 
 
+@walk
 def powers_of_ten(pupil):
     opens(pupil, "10, 100, 1000", "multiplicar y dividir por 10, 100, 1000")
     exercise = f"({NUMBER}) (por|entre) (10+)"
@@ -244,6 +258,7 @@ def powers_of_ten(pupil):
     leaves(pupil, "10, 100, 1000")
 
 
+@walk
 def place_and_add(pupil):
     opens(pupil, "Coloca y suma", "COLOCA Y SUMA")
     exercise = f"{NUMBER}(?: más {NUMBER})+"
@@ -275,6 +290,7 @@ def place_and_add(pupil):
     leaves(pupil, "Coloca y suma")
 
 
+@walk
 def shopping(pupil):
     opens(pupil, "La compra", "La compra")
     purse = rf"Dinero disponible: ({NUMBER}).*Tiempo disponible: .*"
@@ -388,11 +404,3 @@ def pays(pupil):
     pupil.hears(r"Has comprado los siguientes productos:.*Pulsa el botón salir\.")
     pupil.presses("Return")
     return price
-
-
-WALKS = {
-    walk.__name__: walk
-    for walk in (
-        sums, differences, multiplication, division, comparison, powers_of_ten, place_and_add, shopping
-    )
-}

@@ -2,11 +2,25 @@
 
 import collections
 import os
+import re
 import shutil
 import subprocess
 import time
 
-from pupil import Pupil
+from pupil import Deaf, Pupil
+
+# What UI Automation calls the types of controls.
+BUTTON, EDIT, LIST_ITEM, LIST, MENU_ITEM = 50000, 50004, 50007, 50008, 50011
+
+# The type that a control must have whose name matches. What matches nothing is a shop or a line of a list.
+TYPES = {
+    "Sumas|Restas|Multiplicaciones|Divisiones|Mayor y menor|10, 100, 1000|Coloca y suma|La compra|Salir": BUTTON,
+    "Continuar|Hecho|Borrar|Ver solució[nm]|Volver a casa|Aceptar|Sí": BUTTON,
+    r"Opciones|Cifras( .*)?|Número de (sumandos|productos)|\d": MENU_ITEM,
+    "(Lista|Cesta) de la compra|Productos disponibles": LIST,
+    r"Suma|Diferencia|Resultado|Cociente|Divisor|Dividendo y operaciones|(Producto parcial|Sumando) \d": EDIT,
+    "Marcador|Veredicto|Enunciado y veredicto|Instrucción|(Dinero|Tiempo) disponible|Número de productos a .*": EDIT,
+}
 
 Focused = collections.namedtuple("Focused", ["id", "name"])
 
@@ -75,7 +89,10 @@ class WindowsPupil(Pupil):
         self.focus = None
         self._say(name, *texts)
 
-    def _on_focus(self, number, name, text, description):
+    def _on_focus(self, number, kind, name, text, description):
+        possible = [EDIT] if text else [wanted for names, wanted in TYPES.items() if re.fullmatch(names, name)]
+        if int(kind) not in (possible or [BUTTON, LIST_ITEM]):
+            raise Deaf(f"{name!r}, with the text {text!r}, is told to be a control of the type {kind}")
         if self.focus is None or self.focus.id != number:
             self.focus = Focused(number, name)
             self._say(name, text, description)

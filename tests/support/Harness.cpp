@@ -1,6 +1,7 @@
 #include "tests/support/Harness.h"
 
 #include "tests/support/Boxes.h"
+#include "tests/support/Sanitizer.h"
 
 #include <gtest/gtest.h>
 
@@ -11,10 +12,6 @@
 #include <cstdlib>
 #include <stdexcept>
 #include <utility>
-
-#if defined(SANITIZED)
-#include <sanitizer/common_interface_defs.h>
-#endif
 
 namespace numbrela::testing {
 
@@ -40,9 +37,7 @@ void abortOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const
 {
     if (isSeriousWarning(type, message)) {
         std::fprintf(stderr, "Qt warns: %s\n", qUtf8Printable(message));
-#if defined(SANITIZED)
-        __sanitizer_print_stack_trace();
-#endif
+        PrintStack();
         std::abort();
     }
 }

@@ -10,10 +10,6 @@ namespace numbrela {
 
 namespace {
 
-// Milliseconds. When a window is minimised, the system gives the focus to the next one within this time; a person who
-// chooses a window takes longer.
-constexpr ULONGLONG systemsDelay = 200;
-
 // Looks at each message of the system before Qt does, and lets all of them pass.
 class InertWindowsFilter : public QAbstractNativeEventFilter {
 public:
@@ -49,7 +45,7 @@ private:
             return LOWORD(told.lParam) == static_cast<WORD>(HTERROR)
                 && (HIWORD(told.lParam) == WM_LBUTTONDOWN || HIWORD(told.lParam) == WM_RBUTTONDOWN);
         case WM_ACTIVATE:
-            return LOWORD(told.wParam) != WA_INACTIVE && ::GetTickCount64() - lastMinimising_ > systemsDelay;
+            return LOWORD(told.wParam) != WA_INACTIVE && ::GetTickCount64() - lastMinimising_ > SystemsFocusDelay;
         default:
             return false;
         }

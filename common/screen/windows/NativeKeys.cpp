@@ -1,10 +1,10 @@
 #include "common/screen/NativeKeys.h"
 
+#include "common/screen/windows/ScanCodes.h"
+
 #include <QKeyEvent>
 
 #include <windows.h>
-
-#include <set>
 
 namespace numbrela {
 
@@ -19,24 +19,28 @@ int NativeKeyCode(const QKeyEvent& event)
 // Windows repeats only the press of a held key, and says that it is a repetition.
 void AskForRealReleasesOnly() { }
 
-std::vector<quint32> KeysDown()
+std::vector<quint32> KeysDown(const std::vector<quint32>& known)
 {
-    constexpr UINT firstKey = VK_BACK; // before it are the buttons of the mouse
-    constexpr UINT lastKey = VK_OEM_CLEAR;
-    constexpr UINT laterKeys = 0xE0; // the prefix of the keys that later keyboards have added,
-    constexpr quint32 laterKey = 0x100; // and how a key event marks one
-    std::set<quint32> keys; // several virtual keys may be on one key of the keyboard
-    for (UINT key = firstKey; key <= lastKey; ++key) {
-        const UINT scanCode = ::MapVirtualKeyW(key, MAPVK_VK_TO_VSC_EX);
-        const UINT prefix = scanCode >> 8U;
-        const bool isEitherOfTwo
-            = key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU; // which have codes of their own
-        const bool isDown = ::GetAsyncKeyState(static_cast<int>(key)) < 0; // the highest bit
-        if (isDown && !isEitherOfTwo && scanCode != 0 && (prefix == 0 || prefix == laterKeys)) {
-            keys.insert((scanCode & 0xFFU) | (prefix == laterKeys ? laterKey : 0));
+    constexpr int firstKey = VK_BACK; // before it are the buttons of the mouse
+    constexpr int lastKey = VK_OEM_CLEAR;
+    std::vector<int> down;
+    for (int key = firstKey; key <= lastKey; ++key) {
+        if (::GetAsyncKeyState(key) < 0) { // the highest bit
+            down.push_back(key);
         }
     }
-    return { keys.begin(), keys.end() };
+    return ScanCodesOf(down, known);
+}
+
+quint32 Now()
+{
+    return ::GetTickCount();
+}
+
+// Windows marks every repetition, so that what is not marked is new, however late the program hears of it.
+bool WasPressedBefore(const QKeyEvent& /*press*/, quint32 /*moment*/)
+{
+    return true;
 }
 
 } // namespace numbrela

@@ -1,5 +1,7 @@
 #include "common/screen/windows/UiAutomation.h"
 
+#include "common/screen/windows/ComObject.h"
+
 #include <atomic>
 #include <memory>
 
@@ -72,10 +74,6 @@ private:
     std::atomic<ULONG> users_ = 1;
 };
 
-struct Release {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-
 struct FreeString {
     void operator()(OLECHAR* text) const { ::SysFreeString(text); }
 };
@@ -114,7 +112,7 @@ void Notify(const UiAutomation& system, HWND window, const QString& text)
     if (!isComplete || system.ClientsAreListening() == FALSE) {
         return;
     }
-    const std::unique_ptr<Sender, Release> sender(new Sender(system, window));
+    const ComObject<Sender> sender(new Sender(system, window));
     const String said = stringOf(text);
     const String activity = stringOf(QStringLiteral("Numbrela"));
     // All: with any of the processings by which a newer notification takes the place of an older one, a reader falls

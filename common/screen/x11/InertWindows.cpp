@@ -15,10 +15,6 @@ namespace numbrela {
 
 namespace {
 
-// Milliseconds of the X server's clock. When a window is minimised, the window manager gives the focus to the next one
-// within this time; a person who chooses a window takes longer.
-constexpr std::int32_t windowManagerDelay = 200;
-
 // Presses arrive as events of the X Input extension, whose header is not installed everywhere: the types of these
 // events, and the offset in bytes of the window they belong to.
 constexpr std::uint16_t xinputButtonPress = 4;
@@ -82,7 +78,7 @@ private:
         // Signed, because the focus may have been given just before; correct even when the server's clock wraps.
         const auto since = static_cast<std::int32_t>(event.data.data32[1] - lastStateChange_);
         const bool isGiven = event.type == protocols_ && event.data.data32[0] == takeFocus_;
-        return isGiven && since > windowManagerDelay ? std::optional(event.window) : std::nullopt;
+        return isGiven && since > SystemsFocusDelay ? std::optional(event.window) : std::nullopt;
     }
 
     static std::optional<xcb_window_t> windowPressed(const char* event)

@@ -9,6 +9,8 @@
 #include <xcb/xkb.h>
 #undef explicit
 
+#include <chrono>
+
 namespace numbrela {
 
 namespace {
@@ -50,7 +52,7 @@ void AskForRealReleasesOnly()
     }
 }
 
-std::vector<quint32> KeysDown()
+std::vector<quint32> KeysDown(const std::vector<quint32>& /*known*/)
 {
     std::vector<quint32> keys;
     xcb_connection_t* server = XConnection();
@@ -66,6 +68,18 @@ std::vector<quint32> KeysDown()
         }
     }
     return keys;
+}
+
+// Milliseconds of the clock by which an X server on this machine stamps what happens; they start anew after 49 days.
+quint32 Now()
+{
+    const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<quint32>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
+}
+
+bool WasPressedBefore(const QKeyEvent& press, quint32 moment)
+{
+    return static_cast<qint32>(moment - static_cast<quint32>(press.timestamp())) >= 0;
 }
 
 } // namespace numbrela

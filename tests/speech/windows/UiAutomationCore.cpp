@@ -2,12 +2,14 @@
 // reader in it that listens. What a program raises is written to the file that the environment names in NUMBRELA_HEARD,
 // as records that end with RS and have fields that end with US, in UTF-8:
 //   window  NAME TEXT...                  the window that has the focus now, and of a box the texts in it
-//   focus   ID NAME TEXT DESCRIPTION      what has the focus now
+//   focus   ID TYPE NAME TEXT DESCRIPTION what has the focus now, with the number of its control type
 //   caret   ID OFFSET                     the caret has moved
 //   text    ID TEXT                       the text has changed
 //   said    TEXT                          an announcement
 // Whatever is not in the event itself is asked of the program when it takes messages again: a reader is another process
 // and can't ask earlier.
+
+#include "common/screen/windows/ComObject.h"
 
 #include <windows.h>
 
@@ -31,20 +33,16 @@
 
 namespace {
 
-struct Release {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-template <typename Interface>
-using Object = std::unique_ptr<Interface, Release>;
+using numbrela::ComObject;
 
 template <typename Interface>
-Object<Interface> as(IUnknown* object)
+ComObject<Interface> as(IUnknown* object)
 {
     void* found = nullptr;
     if (object == nullptr || object->QueryInterface(__uuidof(Interface), &found) != S_OK) {
         return nullptr;
     }
-    return Object<Interface>(static_cast<Interface*>(found));
+    return ComObject<Interface>(static_cast<Interface*>(found));
 }
 
 std::string utf8(BSTR text)
@@ -111,24 +109,24 @@ std::string idOf(IRawElementProviderFragment& element)
     return std::to_string(number);
 }
 
-Object<ITextRangeProvider> wholeTextOf(ITextProvider& text)
+ComObject<ITextRangeProvider> wholeTextOf(ITextProvider& text)
 {
     ITextRangeProvider* range = nullptr;
     text.get_DocumentRange(&range);
-    return Object<ITextRangeProvider>(range);
+    return ComObject<ITextRangeProvider>(range);
 }
 
-Object<ITextProvider> textPatternOf(IRawElementProviderSimple& element)
+ComObject<ITextProvider> textPatternOf(IRawElementProviderSimple& element)
 {
     IUnknown* pattern = nullptr;
     element.GetPatternProvider(UIA_TextPatternId, &pattern);
-    const Object<IUnknown> held(pattern);
+    const ComObject<IUnknown> held(pattern);
     return as<ITextProvider>(pattern);
 }
 
 std::string contentsOf(IRawElementProviderSimple& element)
 {
-    const Object<ITextProvider> pattern = textPatternOf(element);
+    const ComObject<ITextProvider> pattern = textPatternOf(element);
     if (pattern == nullptr) {
         return {};
     }
@@ -145,18 +143,18 @@ int caretOffsetIn(ITextProvider& text)
     IUnknown* found = nullptr;
     ::SafeArrayGetElement(selected, &first, &found);
     ::SafeArrayDestroy(selected);
-    const Object<IUnknown> held(found);
+    const ComObject<IUnknown> held(found);
     int offset = -1;
     as<ITextRangeProvider>(found)->CompareEndpoints(
         TextPatternRangeEndpoint_Start, wholeTextOf(text).get(), TextPatternRangeEndpoint_Start, &offset);
     return offset;
 }
 
-Object<IRawElementProviderFragment> next(IRawElementProviderFragment& element, NavigateDirection direction)
+ComObject<IRawElementProviderFragment> next(IRawElementProviderFragment& element, NavigateDirection direction)
 {
     IRawElementProviderFragment* found = nullptr;
     element.Navigate(direction, &found);
-    return Object<IRawElementProviderFragment>(found);
+    return ComObject<IRawElementProviderFragment>(found);
 }
 
 // What is asked in a box; the labels of an ordinary window are not read out.
@@ -207,7 +205,7 @@ void noticeListOf(IRawElementProviderFragment& element)
     const std::string id
         = list != nullptr && controlTypeOf(*list) == UIA_ListControlTypeId ? idOf(*around) : std::string();
     if (!id.empty() && id != last) {
-        write({ "focus", id, textOf(*list, UIA_NamePropertyId), {}, {} });
+        write({ "focus", id, std::to_string(UIA_ListControlTypeId), textOf(*list, UIA_NamePropertyId), {}, {} });
     }
     last = id;
 }
@@ -216,8 +214,8 @@ void noticeFocusOn(IRawElementProviderSimple& element, IRawElementProviderFragme
 {
     noticeWindowOf(fragment);
     noticeListOf(fragment);
-    write({ "focus", idOf(fragment), textOf(element, UIA_NamePropertyId), contentsOf(element),
-        textOf(element, UIA_FullDescriptionPropertyId) });
+    write({ "focus", idOf(fragment), std::to_string(controlTypeOf(element)), textOf(element, UIA_NamePropertyId),
+        contentsOf(element), textOf(element, UIA_FullDescriptionPropertyId) });
 }
 
 void notice(EVENTID event, IRawElementProviderSimple& element)
@@ -294,7 +292,7 @@ __declspec(dllexport) LRESULT WINAPI UiaReturnRawElementProvider(
     if (const auto root = as<IRawElementProviderFragmentRoot>(provider)) {
         IRawElementProviderFragment* found = nullptr;
         root->GetFocus(&found);
-        const Object<IRawElementProviderFragment> focus(found);
+        const ComObject<IRawElementProviderFragment> focus(found);
         if (const auto element = as<IRawElementProviderSimple>(found)) {
             noticeFocusOn(*element, *focus);
         }

@@ -102,11 +102,27 @@ bool isOfAnotherSave(const std::string& processNumber)
         && (::kill(process, 0) == 0 || errno == EPERM);
 }
 
+// In a folder that gives its group to new files, the group's members share what is in it: a new file gets the rights of
+// the folder, whatever the umask of the member who makes it. A file system without rights needs none.
+void shareAsTheFolderIs(int file, const std::filesystem::path& path)
+{
+    struct stat folder { };
+    if (::stat(FolderOf(path).c_str(), &folder) == 0 && (folder.st_mode & S_ISGID) != 0) {
+        static_cast<void>(::fchmod(file, folder.st_mode & whatTheUmaskAllows));
+    }
+}
+
 int openOrCreate(const std::filesystem::path& path)
 {
     const int found = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    return found >= 0 || errno != ENOENT ? found
-                                         : ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, whatTheUmaskAllows);
+    if (found >= 0 || errno != ENOENT) {
+        return found;
+    }
+    const int created = ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, whatTheUmaskAllows);
+    if (created >= 0) {
+        shareAsTheFolderIs(created, path);
+    }
+    return created;
 }
 
 // A save takes only a fraction of the time that another one waits for it. When a process dies, the system releases its
@@ -172,6 +188,7 @@ void keepOwnerAndPermissions(const Descriptor& file, const std::filesystem::path
 {
     struct stat old { };
     if (::stat(path.c_str(), &old) != 0) {
+        shareAsTheFolderIs(file.Number(), path);
         return;
     }
     bool kept = ::fchown(file.Number(), old.st_uid, old.st_gid) == 0;

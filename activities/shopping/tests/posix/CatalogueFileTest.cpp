@@ -18,8 +18,28 @@ namespace {
 
 using namespace testing;
 
+mode_t permissionsOf(const std::filesystem::path& path)
+{
+    struct stat status { };
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777;
+}
+
 class CatalogueFileTest : public ::testing::Test {
 protected:
+    // Makes the catalogue by a save and, when it is gone, by reading it, with this umask.
+    void ExpectNewFilesToHave(mode_t permissions, mode_t mask) const
+    {
+        std::filesystem::remove(path_);
+        const mode_t before = ::umask(mask);
+        SaveCatalogue(path_, ProductTable(1));
+        EXPECT_EQ(permissionsOf(path_), permissions);
+        std::filesystem::remove(path_);
+        LoadCatalogue(path_);
+        EXPECT_EQ(permissionsOf(path_), permissions);
+        ::umask(before);
+    }
+
     TemporaryFolder folder_;
     std::filesystem::path path_ = folder_ / "productos.dat";
 };
@@ -34,13 +54,6 @@ TEST_F(CatalogueFileTest, NamesAPipeAsNoFileAndDoesNotWaitForIt)
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
-mode_t permissionsOf(const std::filesystem::path& path)
-{
-    struct stat status { };
-    EXPECT_EQ(::stat(path.c_str(), &status), 0);
-    return status.st_mode & 07777;
-}
-
 TEST_F(CatalogueFileTest, KeepsThePermissionsOfTheFileAndGivesANewOneThoseThatTheUserGives)
 {
     for (const mode_t permissions : { 0600, 0640, 0664, 0666 }) {
@@ -49,12 +62,15 @@ TEST_F(CatalogueFileTest, KeepsThePermissionsOfTheFileAndGivesANewOneThoseThatTh
         SaveCatalogue(path_, ProductTable(1));
         EXPECT_EQ(permissionsOf(path_), permissions);
     }
-    const mode_t before = ::umask(027);
-    SaveCatalogue(folder_ / "nuevo.dat", ProductTable(1));
-    LoadCatalogue(folder_ / "otro.dat");
-    ::umask(before);
-    EXPECT_EQ(permissionsOf(folder_ / "nuevo.dat"), 0640U);
-    EXPECT_EQ(permissionsOf(folder_ / "otro.dat"), 0640U);
+    ExpectNewFilesToHave(0640, 027);
+}
+
+TEST_F(CatalogueFileTest, GivesANewFileTheRightsOfAFolderThatAGroupShares)
+{
+    path_ = folder_ / "shared" / "productos.dat";
+    std::filesystem::create_directory(path_.parent_path());
+    ASSERT_EQ(::chmod(path_.parent_path().c_str(), 02775), 0);
+    ExpectNewFilesToHave(0664, 077);
 }
 
 TEST_F(CatalogueFileTest, WritesThroughALinkThatHasTheNameOfTheFile)
