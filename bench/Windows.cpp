@@ -5,6 +5,7 @@
 #include "bench/WindowTimes.h"
 #include "common/screen/FormWindow.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QLineEdit>
 #include <QLoggingCategory>
@@ -33,16 +34,40 @@ QWidget* openPlainTextBox()
     return window;
 }
 
-// From the press of a digit key to the picture of the box with the digit.
-double timeKeyPress(const QWidget* box)
+// Presses and releases a key that writes a 7.
+struct SevenKey {
+    std::function<void(QWindow& window)> Press;
+    std::function<void(QWindow& window)> Release;
+};
+
+// Both go the way of a real key, and let the event loop run.
+const SevenKey sevenOfKeyboard {
+    [](QWindow& window) { QTest::keyPress(&window, Qt::Key_7); },
+    [](QWindow& window) { QTest::keyRelease(&window, Qt::Key_7); },
+};
+
+QPoint placeOnKeypad(const QWindow& window)
 {
-    QWindow* window = box->window()->windowHandle();
+    const QWidget* root = QWidget::find(window.winId());
+    const auto* key = root->findChild<QWidget*>(QStringLiteral("Tecla(7)"));
+    return key->mapTo(root, key->rect().center());
+}
+
+const SevenKey sevenOfKeypad {
+    [](QWindow& window) { QTest::mousePress(&window, Qt::LeftButton, {}, placeOnKeypad(window)); },
+    [](QWindow& window) { QTest::mouseRelease(&window, Qt::LeftButton, {}, placeOnKeypad(window)); },
+};
+
+// From the press of a digit key to the picture of the box with the digit.
+double timeKeyPress(const QWidget* box, const SevenKey& seven)
+{
+    QWindow& window = *box->window()->windowHandle();
     const PaintWatch watch;
     const auto start = std::chrono::steady_clock::now();
-    QTest::keyPress(window, Qt::Key_7); // goes the way of a real key, and lets the event loop run
+    seven.Press(window);
     watch.WaitFor(box);
     const double milliseconds = MillisecondsSince(start);
-    QTest::keyRelease(window, Qt::Key_7);
+    seven.Release(window);
     return milliseconds;
 }
 
@@ -70,7 +95,8 @@ void goToFirstRow(QWidget& window)
 }
 
 // Types where the focus is when the window opens: ten digits, and then the same again after `makeRoom`.
-std::vector<double> timeKeyPresses(const OpenWindow& open, void (*makeRoom)(QWidget& window) = &emptyBox)
+std::vector<double> timeKeyPresses(
+    const OpenWindow& open, void (*makeRoom)(QWidget& window) = &emptyBox, const SevenKey& seven = sevenOfKeyboard)
 {
     const PaintWatch watch;
     QWidget* window = open();
@@ -80,7 +106,7 @@ std::vector<double> timeKeyPresses(const OpenWindow& open, void (*makeRoom)(QWid
     for (int row = 0; row < Rounds(rows); ++row) {
         makeRoom(*window);
         for (int digit = 0; digit < digits; ++digit) {
-            times.push_back(timeKeyPress(box));
+            times.push_back(timeKeyPress(box, seven));
         }
     }
     const QString written = QAccessible::queryAccessibleInterface(box)->text(QAccessible::Value);
@@ -116,6 +142,16 @@ OpenWindow activity(std::size_t index, ProgramRun& run)
     };
 }
 
+// The same with its keypad on the screen.
+OpenWindow withKeypad(OpenWindow open)
+{
+    return [open = std::move(open)] {
+        QWidget* window = open();
+        window->findChild<QAbstractButton*>(QStringLiteral("CbTeclado"))->click();
+        return window;
+    };
+}
+
 void run()
 {
     QApplication::setCursorFlashTime(0); // a caret that blinks is painted too, and is not what we wait for
@@ -141,9 +177,11 @@ void run()
 
     const double sums = Median(timeKeyPresses(activity(0, run)));
     const double product = Median(timeKeyPresses(activity(2, run)));
+    const double onKeypad = Median(timeKeyPresses(withKeypad(activity(0, run)), &emptyBox, sevenOfKeypad));
     const double grid = Median(timeKeyPresses(activity(3, run), &goToFirstRow));
     const double plain = Median(timeKeyPresses(openPlainTextBox));
     Print({ "type a digit in Sumas", "ms", sums, plain, 0, aimedKeyPress });
+    Print({ "type a digit on the keypad in Sumas", "ms", onKeypad, plain, 0, aimedKeyPress });
     Print({ "type a digit in Multiplicaciones", "ms", product, plain, 0, aimedKeyPress });
     Print({ "type a digit on the paper of Divisiones", "ms", grid, plain, 0, aimedKeyPress });
 }

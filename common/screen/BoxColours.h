@@ -19,6 +19,7 @@ public:
 
     // A box that takes typing is white, any other one pale grey.
     void SetTakesTyping(bool takesTyping);
+    bool TakesTyping() const { return takesTyping_; }
 
     // A right verdict is on green, a wrong one on red, in addition to its words: the highlight has that colour if the
     // verdict is highlighted, otherwise the background.

@@ -1,5 +1,7 @@
 #include "common/screen/Boxes.h"
 
+#include "common/screen/FormWindow.h"
+
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
@@ -80,6 +82,9 @@ std::string AskText(
         line.setAccessibleName(box.windowTitle());
     }
     line.setMinimumWidth(widthOfLine(line, box.windowTitle()));
+    if (const auto* form = dynamic_cast<const FormWindow*>(parent)) {
+        form->LendKeypad(box);
+    }
     return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 

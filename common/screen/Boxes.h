@@ -18,7 +18,7 @@ enum class Answer { Yes, No };
 // Returns whether the answer was yes.
 bool AskYesNo(QWidget* parent, const std::string& text, const std::string& title = {}, Answer onEnter = Answer::Yes);
 
-// A line of text that a person types; empty when they cancel.
+// A line of text that a person types, on the keypad of the window if they like; empty when they cancel.
 std::string AskText(
     QWidget* parent, const std::string& prompt, const std::string& title, const std::string& defaultText = {});
 

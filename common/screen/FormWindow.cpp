@@ -1,14 +1,18 @@
 #include "common/screen/FormWindow.h"
 
 #include "common/screen/OptionMenu.h"
+#include "common/screen/Screens.h"
+#include "common/screen/WindowKeypad.h"
 
 #include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace numbrela {
 
@@ -35,10 +39,18 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     menuBar_->setNativeMenuBar(false);
     menuBar_->hide();
     area_->setMenuBar(menuBar_);
+    connect(new QShortcut(Qt::Key_F11, this), &QShortcut::activated, this, &FormWindow::chooseFullScreen);
 }
 
-void FormWindow::OpenLike(const QWidget& opener)
+// The keypad looks at layout and menu bar, and goes before them.
+FormWindow::~FormWindow()
 {
+    delete std::exchange(keypad_, nullptr); // its end is an event of the window, too
+}
+
+void FormWindow::OpenLike(const FormWindow& opener)
+{
+    choices_ = opener.choices_;
     constexpr Qt::WindowStates large = Qt::WindowMaximized | Qt::WindowFullScreen;
     setWindowState(opener.windowState() & large);
 }
@@ -54,6 +66,33 @@ void FormWindow::SetTabSequence(const std::vector<QWidget*>& controls)
 {
     for (std::size_t i = 1; i < controls.size(); ++i) {
         setTabOrder(controls[i - 1], controls[i]);
+    }
+}
+
+void FormWindow::OfferKeypad(KeypadKeys keys)
+{
+    keypad_ = new WindowKeypad(*this, *menuBar_, keys);
+    menuBar_->show();
+}
+
+void FormWindow::LendKeypad(QInputDialog& box) const
+{
+    if (keypad_ != nullptr) {
+        keypad_->ServeBox(box);
+    }
+}
+
+// The state before, maximised or not, comes back with the next press.
+void FormWindow::chooseFullScreen()
+{
+    choices_->FullScreen = !isFullScreen();
+    followChoices();
+}
+
+void FormWindow::followChoices()
+{
+    if (choices_->FullScreen && *choices_->FullScreen != isFullScreen()) {
+        setWindowState(windowState() ^ Qt::WindowFullScreen);
     }
 }
 
@@ -88,7 +127,18 @@ bool FormWindow::event(QEvent* event)
     if (event->type() == QEvent::LayoutRequest) {
         showWholeExtent();
     }
-    return QWidget::event(event);
+    const QEvent::Type type = event->type();
+    const bool handled = QWidget::event(event);
+    if (type == QEvent::DeferredDelete) {
+        return handled; // the window is no more
+    }
+    if (type == QEvent::WindowActivate) {
+        followChoices();
+    }
+    if (keypad_ != nullptr) {
+        keypad_->WindowHas(type);
+    }
+    return handled;
 }
 
 // The size is taken before the window is shown for the first time: taken later, everything would be laid out twice.
@@ -109,7 +159,7 @@ void FormWindow::changeEvent(QEvent* event)
     if (event->type() == QEvent::WindowStateChange && isVisible() && !hasOwnSize_ && !isMaximized() && !isFullScreen()
         && !isMinimized()) {
         takeDesignSize();
-        moveOntoScreen();
+        MoveOntoScreen(*this);
     }
 }
 
@@ -168,20 +218,8 @@ void FormWindow::showWholeExtent()
         shownExtent_ = extent;
         if (!isMaximized() && !isFullScreen()) {
             takeScale(wantedScale_);
-            moveOntoScreen();
+            MoveOntoScreen(*this);
         }
-    }
-}
-
-// Moves a window that has grown beyond its screen back onto it; the upper left corner is always visible.
-void FormWindow::moveOntoScreen()
-{
-    const QRect room = screen()->availableGeometry();
-    const QRect frame = frameGeometry();
-    const QPoint wanted(std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width())),
-        std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height())));
-    if (wanted != frame.topLeft()) {
-        move(wanted);
     }
 }
 

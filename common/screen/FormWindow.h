@@ -1,31 +1,49 @@
 #pragma once
 
+#include "common/screen/Keypad.h"
 #include "common/screen/TwipsLayout.h"
 
 #include <QKeySequence>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <vector>
 
 class QAction;
+class QInputDialog;
 class QMenu;
 class QMenuBar;
 
 namespace numbrela {
 
 class OptionMenu;
+class WindowKeypad;
+
+// What a person has chosen in one window and finds in the others, until the program ends.
+struct PersonsChoices {
+    bool KeypadShown = false;
+    std::optional<bool> FullScreen; // nothing as long as nobody has pressed F11
+};
 
 // A window of the program: a caption, a menu bar, and below it an area whose controls are placed in twips and grow with
 // the window. It is a plain widget, not a dialog: Enter goes to the control that has the focus, and Escape closes
-// nothing. Its contents and behaviour belong to the form that derives from it.
+// nothing. F11 makes it fill the screen, and back again. Its contents and behaviour belong to the form that derives
+// from it.
 class FormWindow : public QWidget {
 public:
     // `area` is the design size below the menu bar, in twips; `font` the font of controls that do not name one.
     FormWindow(const QString& name, const QString& caption, TwipsSize area, FontSpec font);
+    ~FormWindow() override;
 
-    // Makes this window open maximised or full-screen if `opener`, the window it is opened from or replaces, is.
-    void OpenLike(const QWidget& opener);
+    // Makes this window open maximised or full-screen if `opener`, the window it is opened from or replaces, is. From
+    // then on both have the same choices.
+    void OpenLike(const FormWindow& opener);
+    PersonsChoices& Choices() const { return *choices_; }
+
+    // Gives an input box of this window a keypad, if the window has one.
+    void LendKeypad(QInputDialog& box) const;
 
     // Shows the window, and destroys it when it is closed. If it is modal, every other one is inert until then.
     void Show(bool modally);
@@ -47,6 +65,9 @@ protected:
     OptionMenu* AddOptionMenu(QMenu* menu, const QString& name, const QString& caption,
         const std::vector<QString>& itemCaptions, const std::function<void(int)>& choose);
 
+    // Gives the window a keypad with the keys that it has a use for, and a button in its menu bar that shows it.
+    void OfferKeypad(KeypadKeys keys = {});
+
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -56,10 +77,13 @@ private:
     void takeDesignSize();
     void takeScale(double pixelsPerTwip);
     double largestScaleOnScreen() const;
-    void moveOntoScreen();
     void showWholeExtent();
     void scaleMenus(double pixelsPerTwip);
+    void chooseFullScreen();
+    void followChoices();
 
+    std::shared_ptr<PersonsChoices> choices_ = std::make_shared<PersonsChoices>();
+    WindowKeypad* keypad_ = nullptr;
     QMenuBar* menuBar_;
     TwipsLayout* area_;
     TwipsRect shownExtent_;

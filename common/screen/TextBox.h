@@ -34,6 +34,9 @@ public:
     // Colours the box as a read-only one, for a box whose form redirects what is typed into it to another box.
     void LookReadOnly();
 
+    // Whether what is typed into the box stays in it.
+    bool TakesTyping() const { return colours_.TakesTyping(); }
+
     // What a screen reader adds to the name of the box when the box gets the focus. Qt's own description of a widget
     // will not do where it changes: Qt 6.4 reports the change in a form that readers fail on.
     void Describe(const QString& description) { description_ = description; }

@@ -86,6 +86,15 @@ void TwipsLayout::SetMargin(int margin)
     invalidate();
 }
 
+void TwipsLayout::KeepRoomBeside(int pixels)
+{
+    if (pixels != roomBeside_) {
+        roomBeside_ = pixels;
+        invalidate();
+        activate();
+    }
+}
+
 TwipsRect TwipsLayout::Extent() const
 {
     int left = 0;
@@ -167,9 +176,13 @@ void TwipsLayout::setGeometry(const QRect& rect)
     QLayout::setGeometry(rect);
     const TwipsRect extent = Extent();
     pixelsPerTwip_ = scaleIn(rect.size());
-    const QSize spare = rect.size() - SizeAt(pixelsPerTwip_);
-    const double originX = rect.x() + spare.width() / 2 - extent.Left * pixelsPerTwip_;
-    const double originY = rect.y() + spare.height() / 2 - extent.Top * pixelsPerTwip_;
+    const QSize shown = SizeAt(pixelsPerTwip_);
+    const QSize spare = rect.size() - shown;
+    const int left
+        = roomBeside_ > 0 ? std::clamp(spare.width() - roomBeside_, 0, spare.width() / 2) : spare.width() / 2;
+    drawing_ = QRect(rect.topLeft() + QPoint(left, spare.height() / 2), shown);
+    const double originX = drawing_.x() - extent.Left * pixelsPerTwip_;
+    const double originY = drawing_.y() - extent.Top * pixelsPerTwip_;
     const auto toPixels = [this](double start, int twips) { return rounded(start + twips * pixelsPerTwip_); };
 
     for (Entry& entry : entries_) {

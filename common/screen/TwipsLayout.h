@@ -56,6 +56,12 @@ public:
     // Keeps this margin, in twips, between every control and the edges of what is shown. The default is none.
     void SetMargin(int margin);
 
+    // Keeps this many pixels free at the right of what is shown, as far as the area is wider than that.
+    void KeepRoomBeside(int pixels);
+
+    // Where in the area it is shown, in pixels.
+    QRect Drawing() const { return drawing_; }
+
     // What is shown: the design size, and every visible control whole.
     TwipsRect Extent() const;
 
@@ -96,6 +102,8 @@ private:
     TwipsSize designSize_;
     FontSpec defaultFont_;
     int margin_ = 0;
+    int roomBeside_ = 0; // pixels
+    QRect drawing_;
     double pixelsPerTwip_;
     std::vector<Entry> entries_;
 };

@@ -24,6 +24,7 @@ void drawStates(Gallery& gallery, const QString& prefix, const QString& title, c
     Form form(clock);
     ShowAndActivate(form);
     gallery.Draw(form, prefix + QStringLiteral("fresh"));
+    gallery.DrawWithKeypad(form, prefix + QStringLiteral("keypad"));
 
     Type("5");
     Press(Qt::Key_Return);
@@ -34,6 +35,10 @@ void drawStates(Gallery& gallery, const QString& prefix, const QString& title, c
 
     gallery.DrawNextBox(prefix + QStringLiteral("entry"));
     Press(Qt::Key_F2);
+    Click(form, "CbTeclado");
+    gallery.DrawNextBox(prefix + QStringLiteral("entry-keypad"));
+    Press(Qt::Key_F2);
+    Click(form, "CbTeclado");
     typeOperands(title, QStringLiteral("1234,5"), QStringLiteral("905,16"));
     gallery.Draw(form, prefix + QStringLiteral("typed"));
 

@@ -48,6 +48,7 @@ void DrawDivide(Gallery& gallery)
     Form5 form(clock, commaShift);
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("division-fresh"));
+    gallery.DrawWithKeypad(form, QStringLiteral("division-keypad"));
     gallery.DrawNextBox(QStringLiteral("division-entry"));
     Press(Qt::Key_F2);
     Click(form, "Command2(2)");
@@ -87,6 +88,7 @@ void DrawDivide(Gallery& gallery)
     Choose(form, "MnuOpcDeDLis(5)");
     Choose(form, "MnuOpcDisLis(8)");
     gallery.DrawBoth(form, QStringLiteral("division-longest"));
+    gallery.DrawWithKeypad(form, QStringLiteral("division-longest-keypad"));
     Choose(form, "MnuOpcDeCLis(5)");
     Choose(form, "MnuOpcDisLis(1)");
     Click(form, "Command2(2)");

@@ -1,6 +1,7 @@
 #include "tests/gallery/Gallery.h"
 
 #include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
 
 #include <QDialog>
 
@@ -30,6 +31,19 @@ void Gallery::DrawMaximised(QWidget& window, const QString& name)
     window.resize(1280, 800);
     Draw(window, name);
     window.resize(before);
+}
+
+void Gallery::DrawWithKeypad(QWidget& window, const QString& name)
+{
+    const QSize before = window.size();
+    Click(window, "CbTeclado");
+    Draw(window, name);
+    for (const QSize filled : { QSize(1280, 800), QSize(1920, 1080) }) {
+        window.resize(filled);
+        Draw(window, QStringLiteral("%1-%2x%3").arg(name).arg(filled.width()).arg(filled.height()));
+    }
+    window.resize(before);
+    Click(window, "CbTeclado");
 }
 
 void Gallery::DrawNextBox(const QString& name)

@@ -20,6 +20,10 @@ public:
     // Takes it as it fills a projector of 1280 by 800 pixels.
     void DrawMaximised(QWidget& window, const QString& name);
 
+    // Takes it with its keypad on the screen, which floats over the window or stands beside the calculation, at the
+    // present size and as it fills a projector and a panel.
+    void DrawWithKeypad(QWidget& window, const QString& name);
+
     // Takes the next box that opens, which is then left without an answer.
     void DrawNextBox(const QString& name);
 };

@@ -26,6 +26,7 @@ void typeFactors(const QString& first, const QString& second)
 void drawWork(Gallery& gallery, Form4& form)
 {
     gallery.Draw(form, QStringLiteral("multiplication-fresh"));
+    gallery.DrawWithKeypad(form, QStringLiteral("multiplication-keypad"));
     gallery.DrawNextBox(QStringLiteral("multiplication-entry"));
     gallery.DrawNextBox(QStringLiteral("multiplication-refused"));
     Press(Qt::Key_F2);

@@ -59,6 +59,7 @@ void DrawPlaceAdd(Gallery& gallery)
     FormColoSuma form(clock);
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("placeadd-fresh"));
+    gallery.DrawWithKeypad(form, QStringLiteral("placeadd-keypad"));
 
     Type("  12,5");
     Press(Qt::Key_Tab);

@@ -39,6 +39,7 @@ void DrawPowers10(Gallery& gallery)
     FrmUnidad form(clock);
     ShowAndActivate(form);
     gallery.Draw(form, QStringLiteral("powers10-fresh"));
+    gallery.DrawWithKeypad(form, QStringLiteral("powers10-keypad"));
     ExpectDialog([&gallery](QDialog& box) {
         gallery.Draw(box, QStringLiteral("powers10-entry"));
         box.findChild<QLineEdit*>()->setText(QStringLiteral("12,5")); // without a number the program would end

@@ -31,6 +31,8 @@ void drawShippedCatalogue(Gallery& gallery, const Clock& clock, Shop& shop)
         gallery.DrawNextBox(QStringLiteral("products-change-") + QString::fromLatin1(detail));
     }
     Click(form, "CBModif");
+    form.TbDatos[2]->setFocus();
+    gallery.DrawWithKeypad(form, QStringLiteral("products-keypad"));
 
     form.TbDatos[1]->SetText("Un nombre tan largo que se escribe más pequeño");
     form.TbDatos[2]->SetText("gratis");

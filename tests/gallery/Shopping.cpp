@@ -62,6 +62,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(",35");
     gallery.DrawBoth(form, QStringLiteral("shopping-adding"));
+    gallery.DrawWithKeypad(form, QStringLiteral("shopping-keypad"));
     Press(Qt::Key_Home);
     Press(Qt::Key_Delete);
     Press(Qt::Key_Delete);

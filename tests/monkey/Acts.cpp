@@ -131,6 +131,37 @@ void drag(Means means)
     });
 }
 
+void tap(Means means)
+{
+    atAnyControl(
+        means, [means](QWidget& control, QPoint /*place*/) { means.With.Tap(control, control.rect().center()); });
+}
+
+void dragByFinger(Means means)
+{
+    atAnyControl(means, [means](QWidget& control, QPoint from) {
+        means.With.DragByFinger(
+            control, from, control.mapFrom(control.window(), anyPlaceIn(*control.window(), means.Draw)));
+    });
+}
+
+// With the mouse or a finger, on a key of the keypad on the screen or on the button that shows it.
+void pressKeypad(Means means)
+{
+    constexpr int byFinger = 50; // times out of a hundred
+    const QWidget* front = FrontWindow();
+    const QWidget* pad = front == nullptr ? nullptr : front->findChild<QWidget*>(QStringLiteral("Teclado"));
+    std::vector<QAbstractButton*> keys = visibleIn<QAbstractButton>(front);
+    std::erase_if(keys, [pad](const QAbstractButton* key) {
+        return key->objectName() != QLatin1String("CbTeclado") && (pad == nullptr || key->parentWidget() != pad);
+    });
+    if (!keys.empty()) {
+        QAbstractButton& key = *means.Draw.OneOf(keys);
+        const QPoint place = key.rect().center();
+        means.Draw.Percent(byFinger) ? means.With.Tap(key, place) : means.With.Click(key, place);
+    }
+}
+
 void hover(Means means)
 {
     atAnyControl(means, [means](QWidget& control, QPoint place) { means.With.MoveTo(control, place); });
@@ -295,7 +326,7 @@ struct Act {
     void (*Do)(Means means);
 };
 
-constexpr std::array<Act, 29> acts { {
+constexpr std::array<Act, 32> acts { {
     { { 125, 20, 20 }, "press a key", pressKey },
     { { 35, 40, 15 }, "press a navigation key", [](Means means) { means.With.Press(NavigationKey(means.Draw)); } },
     { { 10, 0, 10 }, "press an access key", pressAccessKey },
@@ -310,6 +341,9 @@ constexpr std::array<Act, 29> acts { {
     { { 20, 5, 5 }, "click with another button", clickWithAnotherButton },
     { { 30, 0, 0 }, "double-click", doubleClick },
     { { 20, 0, 0 }, "drag", drag },
+    { { 60, 20, 10 }, "tap", tap },
+    { { 20, 0, 0 }, "drag by a finger", dragByFinger },
+    { { 60, 0, 20 }, "press the keypad", pressKeypad },
     { { 10, 10, 0 }, "hover", hover },
     { { 20, 5, 0 }, "turn the wheel", turnWheel },
     { { 60, 0, 0 }, "choose a menu item", chooseMenuItem },

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QKeySequence>
 #include <QPointer>
+#include <QPointingDevice>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
@@ -66,6 +67,12 @@ QString NameOf(const QWidget& widget)
     const QString name
         = widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className()) : widget.objectName();
     return widget.isWindow() ? name : NameOf(*widget.window()) + u'/' + name;
+}
+
+Hands::Hands(bool log)
+    : log_(log)
+    , panel_(QTest::createTouchDevice())
+{
 }
 
 void Hands::Say(const QString& what) const
@@ -193,6 +200,46 @@ void Hands::MoveTo(QWidget& widget, QPoint place)
 {
     sayPlace("over", widget, place);
     mouse(QTest::MouseMove, widget, place, Qt::NoButton);
+}
+
+// The finger stays in the window in which it came down, and is lifted there, or from the panel if that window is gone.
+void Hands::touch(QWidget& widget, const std::vector<QPoint>& way)
+{
+    constexpr int finger = 0;
+    QPointer<QWindow> window = widget.window()->windowHandle();
+    if (window == nullptr) {
+        return;
+    }
+    std::vector<QPoint> places;
+    for (const QPoint place : way) {
+        places.push_back(placeIn(*window, widget, place));
+    }
+    QTest::touchEvent(window, panel_).press(finger, places.front(), window);
+    for (const QPoint place : places) {
+        if (window != nullptr && window->isVisible()) {
+            QTest::touchEvent(window, panel_).move(finger, place, window);
+        }
+    }
+    QWindow* under = window;
+    if (under == nullptr) {
+        under = FrontWindow() == nullptr ? nullptr : FrontWindow()->window()->windowHandle();
+    }
+    if (under != nullptr) {
+        QTest::touchEvent(under, panel_).release(finger, places.back(), under);
+    }
+}
+
+void Hands::Tap(QWidget& widget, QPoint place)
+{
+    sayPlace("on", widget, place);
+    touch(widget, { place });
+}
+
+void Hands::DragByFinger(QWidget& widget, QPoint from, QPoint to)
+{
+    sayPlace("from", widget, from);
+    sayPlace("to", widget, to);
+    touch(widget, { from, from + (to - from) / 3, from + (to - from) * 2 / 3, to });
 }
 
 void Hands::Wheel(QWidget& widget, QPoint place, QPoint turn)

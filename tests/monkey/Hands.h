@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QPointingDevice;
 class QWidget;
 
 namespace numbrela::testing {
@@ -14,15 +15,12 @@ namespace numbrela::testing {
 // A widget by its name and its window's: "Form2/Text3".
 QString NameOf(const QWidget& widget);
 
-// A keyboard and a mouse, whose events go the way of real ones: to the window that has the focus, to the window under
-// the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed. What they do is said in
-// the log.
+// A keyboard, a mouse and a finger, whose events go the way of real ones: to the window that has the focus, to the
+// window under the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed. What they
+// do is said in the log.
 class Hands {
 public:
-    explicit Hands(bool log)
-        : log_(log)
-    {
-    }
+    explicit Hands(bool log);
 
     void Say(const QString& what) const;
 
@@ -38,15 +36,19 @@ public:
     void DoubleClick(QWidget& widget, QPoint place);
     void Drag(QWidget& widget, QPoint from, QPoint to);
     void MoveTo(QWidget& widget, QPoint place);
+    void Tap(QWidget& widget, QPoint place); // with a finger
+    void DragByFinger(QWidget& widget, QPoint from, QPoint to);
     void Wheel(QWidget& widget, QPoint place, QPoint turn); // turn: eighths of a degree
 
 private:
     void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false) const;
     void sendModifiers(bool down, Qt::KeyboardModifiers with) const;
     void pressAndRelease(const Key& key, Qt::KeyboardModifiers with) const;
+    void touch(QWidget& widget, const std::vector<QPoint>& way);
     void sayPlace(const char* what, const QWidget& widget, QPoint place) const;
 
     const bool log_;
+    QPointingDevice* const panel_;
     std::vector<Key> held_;
 };
 

@@ -6,12 +6,14 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
 
+#include <map>
 #include <stdexcept>
 
 namespace numbrela::testing {
@@ -24,6 +26,47 @@ QWindow& focusWindow()
         return *window;
     }
     throw std::logic_error("no window has the focus");
+}
+
+QPointingDevice* touchPanel()
+{
+    static QPointingDevice* const panel = QTest::createTouchDevice();
+    return panel;
+}
+
+// Fingers that are down and do not move are on the panel, too.
+std::map<int, QPoint>& fingers()
+{
+    static std::map<int, QPoint> down; // in their window
+    return down;
+}
+
+enum class FingerDoes { Press, Move, Release };
+
+void touch(const QWidget& control, int finger, FingerDoes what, QPoint place)
+{
+    QWindow* window = control.window()->windowHandle();
+    auto touches = QTest::touchEvent(window, touchPanel());
+    for (const auto& [other, where] : fingers()) {
+        if (other != finger) {
+            touches.stationary(other);
+        }
+    }
+    const QPoint inWindow = control.mapTo(control.window(), place);
+    switch (what) {
+    case FingerDoes::Press:
+        touches.press(finger, inWindow, window);
+        fingers()[finger] = inWindow;
+        break;
+    case FingerDoes::Move:
+        touches.move(finger, inWindow, window);
+        break;
+    case FingerDoes::Release:
+        touches.release(finger, inWindow, window);
+        fingers().erase(finger);
+        break;
+    }
+    touches.commit();
 }
 
 void sendMarkedKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers)
@@ -130,6 +173,37 @@ void ClickOnScreen(const QWidget& control)
 {
     const QWidget& window = *control.window();
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, control.mapTo(&window, control.rect().center()));
+}
+
+void Tap(const QWidget& control, QPoint place)
+{
+    touch(control, 0, FingerDoes::Press, place);
+    touch(control, 0, FingerDoes::Release, place);
+}
+
+void Tap(const QWidget& control)
+{
+    Tap(control, control.rect().center());
+}
+
+void FingerDown(const QWidget& control, int finger)
+{
+    touch(control, finger, FingerDoes::Press, control.rect().center());
+}
+
+void FingerUp(const QWidget& control, int finger)
+{
+    touch(control, finger, FingerDoes::Release, control.rect().center());
+}
+
+void DragByFinger(const QWidget& control, QPoint from, QPoint to)
+{
+    constexpr int steps = 4;
+    touch(control, 0, FingerDoes::Press, from);
+    for (int step = 1; step <= steps; ++step) {
+        touch(control, 0, FingerDoes::Move, from + (to - from) * step / steps);
+    }
+    touch(control, 0, FingerDoes::Release, to);
 }
 
 void Choose(const QWidget& window, QAnyStringView itemName)

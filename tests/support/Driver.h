@@ -51,6 +51,15 @@ void DoubleClick(const QWidget& window, QAnyStringView controlName);
 // Clicks at the place on the screen where the control is, so that anything in front of it gets the click instead.
 void ClickOnScreen(const QWidget& control);
 
+// Taps a control, or a place of it, with a finger on a touch panel; `FingerDown` leaves it there.
+void Tap(const QWidget& control);
+void Tap(const QWidget& control, QPoint place);
+void FingerDown(const QWidget& control, int finger = 0);
+void FingerUp(const QWidget& control, int finger = 0);
+
+// Moves a finger over a control, from one place of it to another.
+void DragByFinger(const QWidget& control, QPoint from, QPoint to);
+
 // Chooses a menu item, which must be enabled and visible.
 void Choose(const QWidget& window, QAnyStringView itemName);
 

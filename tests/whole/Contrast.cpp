@@ -126,7 +126,11 @@ std::vector<ColourPair> ColourPairsOf(const QWidget& control)
         addPieces(*area, pairs);
     }
     if (const auto* button = qobject_cast<const QPushButton*>(&control)) {
-        for (const auto state : { QStyle::State_Raised, QStyle::State_Sunken, QStyle::State_MouseOver }) {
+        std::vector<QStyle::StateFlag> states { QStyle::State_Raised };
+        if (button->isEnabled()) {
+            states.insert(states.end(), { QStyle::State_Sunken, QStyle::State_MouseOver });
+        }
+        for (const auto state : states) {
             for (const QColor& ground : paintedGround(*button, state)) {
                 pairs.push_back({ state == QStyle::State_Sunken ? "painted button, pressed" : "painted button",
                     palette.color(QPalette::ButtonText), ground });

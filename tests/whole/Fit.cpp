@@ -33,6 +33,9 @@ std::string lack(const QString& text, QSize needed, QSize room)
 
 std::string lackOfButton(const QAbstractButton& button, QStyle::SubElement contents)
 {
+    if (button.text().isEmpty()) {
+        return {}; // it has a sign, as large as there is room
+    }
     QStyleOptionButton option;
     option.initFrom(&button);
     const QSize room = button.style()->subElementRect(contents, &option, &button).size();

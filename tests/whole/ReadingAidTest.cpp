@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -200,8 +201,11 @@ TEST_P(ReadingAidTest, EveryControlHasANameToBeSpokenAndIsSeenWholeAndStandsOut)
             SCOPED_TRACE(fullNameOf(*control));
             expectName(*control);
         }
-        for (const QWidget* control : visibleControls(window)) {
+        for (QWidget* control : visibleControls(window)) {
             SCOPED_TRACE(fullNameOf(*control));
+            if (qobject_cast<const QAbstractButton*>(control) != nullptr) { // some never take the focus
+                expectName(*control);
+            }
             expectSeenWhole(*control);
             expectContrast(*control);
         }
@@ -210,6 +214,78 @@ TEST_P(ReadingAidTest, EveryControlHasANameToBeSpokenAndIsSeenWholeAndStandsOut)
             expectContrast(*menu);
         }
     });
+}
+
+// --- The keypad on the screen ----------------------------------------------------------------------------------------
+
+QRect placeIn(const QWidget& window, const QWidget& control)
+{
+    return { control.mapTo(&window, QPoint()), control.size() };
+}
+
+// As it is painted, which is not what the style paints for a button: the ink of the sign and the ground above it.
+void expectKeyStandsOut(QPushButton& key)
+{
+    for (const bool down : { false, true }) {
+        key.setDown(down);
+        const QImage picture = key.grab().toImage();
+        const QColor ground = picture.pixelColor(picture.width() / 2, picture.height() / 8);
+        double best = 1;
+        for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
+            for (int x = picture.width() / 4; x < picture.width() * 3 / 4; ++x) {
+                best = std::max(best, Contrast(picture.pixelColor(x, y), ground));
+            }
+        }
+        EXPECT_GE(best, 4.5) << (down ? "down" : "up");
+    }
+    key.setDown(false);
+}
+
+void expectKeypad(const QWidget& window, const QWidget& pad)
+{
+    const QWidget& around = *(window.isModal() && window.parentWidget() != nullptr ? window.parentWidget() : &window);
+    for (QPushButton* key : pad.findChildren<QPushButton*>()) {
+        SCOPED_TRACE(key->accessibleName().toStdString());
+        EXPECT_GE(std::min(key->width(), key->height()), std::max(48, around.height() / 15));
+        EXPECT_TRUE(window.rect().contains(placeIn(window, *key)));
+        EXPECT_EQ(key->focusPolicy(), Qt::NoFocus);
+        expectKeyStandsOut(*key);
+    }
+    const QWidget* box = window.focusWidget();
+    if (box != nullptr && box->testAttribute(Qt::WA_InputMethodEnabled)) {
+        EXPECT_FALSE(placeIn(window, pad).intersects(placeIn(window, *box)));
+    }
+}
+
+// And where the window leaves room beside its calculation, over nothing at all.
+void expectBesideCalculation(const FormWindow& form, const QWidget& pad)
+{
+    if (form.width() - form.Area().Drawing().width() > pad.width() * 5 / 4) {
+        for (const QWidget* control : form.findChildren<QWidget*>()) {
+            const bool isPart = control == &pad || pad.isAncestorOf(control);
+            EXPECT_FALSE(control->isVisible() && control->window() == &form && !isPart
+                && placeIn(form, pad).intersects(placeIn(form, *control)))
+                << fullNameOf(*control);
+        }
+    }
+}
+
+TEST_P(ReadingAidTest, TheKeypadIsMadeForFingersAndNeverLiesOverTheBoxThatIsWrittenIn)
+{
+    bool seen = false;
+    inspectAll([&seen](QWidget& window) {
+        const auto* pad = window.findChild<QWidget*>(QStringLiteral("Teclado"));
+        if (pad == nullptr || !pad->isVisible() || pad->window() != &window) {
+            return;
+        }
+        seen = true;
+        expectKeypad(window, *pad);
+        if (const auto* form = dynamic_cast<const FormWindow*>(&window)) {
+            expectBesideCalculation(*form, *pad);
+        }
+    });
+    const std::set<std::string> withoutBoxes { "Menu", "Compare" };
+    EXPECT_EQ(seen, withoutBoxes.count(GetParam().Name) == 0);
 }
 
 // --- Colours ---------------------------------------------------------------------------------------------------------

@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
@@ -156,7 +158,7 @@ protected:
         EXPECT_FALSE(menu_.isVisible());
     }
 
-    const Form1& menu() const { return menu_; }
+    Form1& menu() { return menu_; }
 
 private:
     const TemporaryFolder folder_;
@@ -302,15 +304,19 @@ TEST_F(KeyWalkTest, EveryActivityIsWorkedAndLeftByKeysAlone)
     endProgram([] { Press(Qt::Key_Return); });
 }
 
-// --- By mouse alone --------------------------------------------------------------------------------------------------
+// --- By a hand that points -------------------------------------------------------------------------------------------
 
-class MouseWalkTest : public WalkTest {
+class PointingWalkTest : public WalkTest {
 protected:
-    static void click(const QString& name) { ClickOnScreen(Find<QWidget>(activity(), name)); }
+    explicit PointingWalkTest(void (*hand)(const QWidget& control, QPoint place)) { press_ = hand; }
+
+    static void press(const QWidget& control) { press_(control, control.rect().center()); }
+    static void press(const QWidget& control, QPoint place) { press_(control, place); }
+    static void click(const QString& name) { press(Find<QWidget>(activity(), name)); }
     static void click(const char* name) { click(QString::fromUtf8(name)); }
 
     // Opens the menus on the way to an item, one after the other, and clicks it.
-    static void chooseByMouse(std::initializer_list<const char*> names)
+    static void choose(std::initializer_list<const char*> names)
     {
         QWidget* menu = activity().findChild<QMenuBar*>();
         for (const char* name : names) {
@@ -322,15 +328,51 @@ protected:
             }
             ASSERT_NE(wanted, nullptr) << name;
             QWidget* next = wanted->menu();
-            clickItem(*menu, *wanted); // the last one may close the window, and with it its menus
+            press(*menu, placeOf(*menu, *wanted)); // the last one may close the window, and with it its menus
             menu = next;
         }
+    }
+
+    static void leaveByMenu() { choose({ "MnuOpc", "MnuOpcSal" }); }
+
+    static void compare()
+    {
+        click(nameOfAskedNumber());
+        expectVerdict("Text3", QStringLiteral("correcto"));
+        closeByWindowManager();
+    }
+
+private:
+    static QPoint placeOf(const QWidget& menu, QAction& item)
+    {
+        const auto* bar = qobject_cast<const QMenuBar*>(&menu);
+        return (bar != nullptr ? bar->actionGeometry(&item) : qobject_cast<const QMenu*>(&menu)->actionGeometry(&item))
+            .center();
+    }
+
+    inline static void (*press_)(const QWidget& control, QPoint place) = nullptr;
+};
+
+// --- By mouse alone --------------------------------------------------------------------------------------------------
+
+void clickAt(const QWidget& control, QPoint place)
+{
+    QWidget& window = *control.window();
+    QTest::mouseMove(window.windowHandle(), control.mapTo(&window, place));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, control.mapTo(&window, place));
+}
+
+class MouseWalkTest : public PointingWalkTest {
+protected:
+    MouseWalkTest()
+        : PointingWalkTest(&clickAt)
+    {
     }
 
     // Chooses an option, with which one of the numbers is whole, and has nothing and then the solution judged.
     static void judge(const Exercise& exercise, const char* list, const char* item, const char* whole)
     {
-        chooseByMouse({ "MnuOpc", list, item });
+        choose({ "MnuOpc", list, item });
         EXPECT_EQ(numberIn(whole).Places, 0);
         const Decimal result = exercise.Result();
         click("Command1");
@@ -347,7 +389,7 @@ protected:
 
     static void divide()
     {
-        chooseByMouse({ "MnuOpc", "MnuOpcDiv", "MnuOpcDivLis(2)" });
+        choose({ "MnuOpc", "MnuOpcDiv", "MnuOpcDivLis(2)" });
         EXPECT_EQ(textOf("Text4").indexOf(u','), 3); // "123,45 ÷ 6"
         click("Command1");
         expectVerdict("Text4", wrong);
@@ -359,16 +401,9 @@ protected:
         leaveByMenu();
     }
 
-    static void compare()
-    {
-        click(nameOfAskedNumber());
-        expectVerdict("Text3", QStringLiteral("correcto"));
-        closeByWindowManager();
-    }
-
     static void placeAndAdd()
     {
-        chooseByMouse({ "MnuOpc", "MnuOpcSum", "MnuOpcSumLis(4)" });
+        choose({ "MnuOpc", "MnuOpcSum", "MnuOpcSumLis(4)" });
         EXPECT_EQ(textOf("TBDatos").count(u'+'), 5);
         const Decimal sum = sumOfAddends();
         click("Command1");
@@ -393,27 +428,11 @@ protected:
         EXPECT_TRUE(Find<QWidget>(activity(), QStringLiteral("TBCantidades")).isVisible());
         leaveByMenu();
     }
-
-private:
-    static void leaveByMenu() { chooseByMouse({ "MnuOpc", "MnuOpcSal" }); }
-
-    static void clickItem(const QWidget& menu, QAction& item)
-    {
-        QRect place;
-        if (auto* bar = qobject_cast<const QMenuBar*>(&menu)) {
-            place = bar->actionGeometry(&item);
-        } else {
-            place = qobject_cast<const QMenu*>(&menu)->actionGeometry(&item);
-        }
-        const QWidget& window = *menu.window();
-        QTest::mouseMove(window.windowHandle(), menu.mapTo(&window, place.center()));
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, menu.mapTo(&window, place.center()));
-    }
 };
 
 TEST_F(MouseWalkTest, EveryActivityIsTriedAndLeftByMouseAlone)
 {
-    walk([this](std::size_t button) { ClickOnScreen(*menu().Command1[button]); },
+    walk([this](std::size_t button) { press(*menu().Command1[button]); },
         {
             [] { judge(sums, "MnuOpcDec", "MnuOpcDecLis(0)", "Text2(0)"); },
             [] { judge(differences, "MnuOpcDec", "MnuOpcDecLis(0)", "Text2(0)"); },
@@ -424,7 +443,162 @@ TEST_F(MouseWalkTest, EveryActivityIsTriedAndLeftByMouseAlone)
             &MouseWalkTest::placeAndAdd,
             &MouseWalkTest::buy,
         });
-    endProgram([this] { ClickOnScreen(*menu().Command1[8]); });
+    endProgram([this] { press(*menu().Command1[8]); });
+}
+
+// --- By fingers alone ------------------------------------------------------------------------------------------------
+
+class FingerWalkTest : public PointingWalkTest {
+protected:
+    FingerWalkTest()
+        : PointingWalkTest([](const QWidget& control, QPoint place) { Tap(control, place); })
+    {
+        menu().showMaximized(); // as on a panel; all that is opened from it is as large
+        QApplication::setDoubleClickInterval(0); // no two taps are as quick as these
+    }
+    ~FingerWalkTest() override { QApplication::setDoubleClickInterval(interval_); }
+
+    // On the keypad of a window or a box.
+    static void tapKeys(const QWidget& window, const QString& characters)
+    {
+        for (const QChar character : characters) {
+            const QString key = character == u',' ? QStringLiteral("Coma")
+                : character == u' '               ? QStringLiteral("Espacio")
+                                                  : QString(character);
+            press(Find<QWidget>(window, QStringLiteral("Tecla(%1)").arg(key)));
+        }
+    }
+
+    static void tapKey(const QWidget& window, const char* name)
+    {
+        press(Find<QWidget>(window, QStringLiteral("Tecla(%1)").arg(QString::fromUtf8(name))));
+    }
+
+    static QString fromTheRight(QString text)
+    {
+        std::reverse(text.begin(), text.end());
+        return text;
+    }
+
+    static void answer(const Exercise& exercise)
+    {
+        click(exercise.Answer);
+        const QString number = WriteDecimal(exercise.Result());
+        tapKeys(activity(), exercise.IsScored ? fromTheRight(number) : number);
+        click("Command1");
+        expectVerdict(exercise.Verdict, right);
+        if (exercise.IsScored) {
+            expectScore(oneRight);
+        }
+        leaveByMenu();
+    }
+
+    // Writes a number into the box that the menu item opens, in place of what stands there.
+    static void enter(const char* item, const QString& number)
+    {
+        ExpectDialog([number](QDialog& box) {
+            box.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+            auto& line = *box.findChild<QLineEdit*>();
+            press(line, { line.width() - 3, line.height() / 2 }); // behind the last digit
+            while (!line.text().isEmpty()) {
+                tapKey(box, "Borrar cifra");
+            }
+            tapKeys(box, number);
+            press(*box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok));
+        });
+        choose({ "MnuOpc", item });
+        EXPECT_EQ(PendingBoxes(), 0);
+    }
+
+    // 96 ÷ 8 = 12: under the dividend 16 and then the rest, 0, which are reached by the arrows of the keypad.
+    static void divide()
+    {
+        enter("MnuOpcInt", QStringLiteral("96"));
+        enter("MnuOpcInd", QStringLiteral("8"));
+        click("Command2(1)");
+        tapKeys(activity(), QStringLiteral("16"));
+        for (const char* arrow : { "Flecha abajo", "Flecha izquierda" }) {
+            tapKey(activity(), arrow);
+        }
+        tapKeys(activity(), QStringLiteral("0"));
+        click("Text3");
+        tapKeys(activity(), QStringLiteral("12"));
+        click("Command1");
+        expectVerdict("Text4", right);
+        expectScore(oneRight);
+        leaveByMenu();
+    }
+
+    // Two addends, until their sum is whole: such sums are judged right.
+    static void placeAndAdd()
+    {
+        choose({ "MnuOpc", "MnuOpcSum", "MnuOpcSumLis(0)" });
+        constexpr int morePressesThanNeeded = 1000;
+        Decimal sum = sumOfAddends();
+        for (int presses = 0; presses < morePressesThanNeeded && WithPlaces(sum, 2).Digits % 100 != 0; ++presses) {
+            click("Command2(0)");
+            sum = sumOfAddends();
+        }
+        auto& box = Find<QWidget>(activity(), QStringLiteral("TbResultado"));
+        press(box, { 3, box.height() / 2 }); // over the first of its blanks
+        tapKeys(activity(), QString::number(WithPlaces(sum, 2).Digits / 100));
+        click("Command1");
+        expectVerdict("Text1", right);
+        leaveByMenu();
+    }
+
+    // A first tap selects a loaf, a second one takes it; it costs 1 € and is paid with a note of 5 €.
+    static void buy()
+    {
+        const long long euros = eurosInPurse();
+        click("CBTienda(5)");
+        auto& shelf = Find<QListView>(activity(), QStringLiteral("LIDisponibles"));
+        auto& basket = Find<QListView>(activity(), QStringLiteral("LICesta"));
+        const QPoint line = shelf.visualRect(shelf.model()->index(2, 0)).center();
+        press(*shelf.viewport(), line);
+        EXPECT_EQ(basket.model()->rowCount(), 0);
+        EXPECT_FALSE(showsKeypad()); // nothing is to be typed yet
+        press(*shelf.viewport(), line);
+        EXPECT_EQ(basket.model()->index(0, 0).data().toString().toStdString(), "(1) Producto 2 1");
+        click("CbContinuar");
+        click("TbResultado");
+        EXPECT_TRUE(showsKeypad());
+        for (const char* amount : { "1,00", "4,00" }) {
+            tapKeys(activity(), fromTheRight(QString::fromLatin1(amount)));
+            click("CbContinuar");
+        }
+        click("CbContinuar");
+        EXPECT_EQ(eurosInPurse(), euros - 1);
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(showsKeypad());
+        leaveByMenu();
+    }
+
+    static bool showsKeypad()
+    {
+        const auto* pad = activity().findChild<QWidget*>(QStringLiteral("Teclado"));
+        return pad != nullptr && pad->isVisible();
+    }
+
+private:
+    const int interval_ = QApplication::doubleClickInterval();
+};
+
+TEST_F(FingerWalkTest, EveryActivityIsWorkedAndLeftByFingersAlone)
+{
+    walk([this](std::size_t button) { press(*menu().Command1[button]); },
+        {
+            [] { answer(sums); },
+            [] { answer(differences); },
+            [] { answer(products); },
+            &FingerWalkTest::divide,
+            &FingerWalkTest::compare,
+            [] { answer(shifts); },
+            &FingerWalkTest::placeAndAdd,
+            &FingerWalkTest::buy,
+        });
+    endProgram([this] { press(*menu().Command1[8]); });
 }
 
 } // namespace

@@ -79,6 +79,7 @@ ColumnForm::ColumnForm(const ColumnFormDesign& design, const Clock& clock)
 {
     buildControls();
     buildMenus();
+    OfferKeypad();
     Form_Load();
 }
 

@@ -68,6 +68,7 @@ Form4::Form4(const Clock& clock, std::unique_ptr<Dialog>& tables)
     buildCalculation();
     buildSideColumn();
     buildMenus();
+    OfferKeypad({ .Blank = true });
     Form_Load();
 }
 

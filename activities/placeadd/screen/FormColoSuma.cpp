@@ -126,6 +126,7 @@ FormColoSuma::FormColoSuma(const Clock& clock)
 {
     buildControls();
     buildMenus();
+    OfferKeypad({ .Blank = true });
     Form_Load();
 }
 

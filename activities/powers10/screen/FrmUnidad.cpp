@@ -28,6 +28,7 @@ FrmUnidad::FrmUnidad(const Clock& clock)
 {
     buildControls();
     buildMenus();
+    OfferKeypad();
     Form_Load();
 }
 

@@ -164,6 +164,7 @@ Form7::Form7(const Clock& clock, Shop& shop)
     buildFrame2();
     buildFrame3();
     buildMenus();
+    OfferKeypad();
     Form_Load();
 }
 

@@ -15,7 +15,7 @@ FormWindow* makeShopping(const Clock& clock, Shop& shop)
 }
 
 // The window deletes itself when it is closed.
-void showInPlaceOf(const QWidget& before, FormWindow& window, bool modally)
+void showInPlaceOf(const FormWindow& before, FormWindow& window, bool modally)
 {
     window.OpenLike(before);
     window.Show(modally);
@@ -28,12 +28,12 @@ FormWindow* OpenOrMakeShopping(const Clock& clock, Shop& shop)
     return shop.Window != nullptr && shop.Window->isVisible() ? shop.Window.data() : makeShopping(clock, shop);
 }
 
-void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool modally)
+void ShowShopping(const FormWindow& before, const Clock& clock, Shop& shop, bool modally)
 {
     showInPlaceOf(before, *makeShopping(clock, shop), modally);
 }
 
-void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop)
+void ShowEditor(const FormWindow& before, const Clock& clock, Shop& shop)
 {
     try {
         shop.Window = new DLGProductos(clock, shop);

@@ -25,11 +25,11 @@ FormWindow* OpenOrMakeShopping(const Clock& clock, Shop& shop);
 
 // Opens the shopping window with a fresh task in place of the window `before`. If it is not modal, the main menu can be
 // used beside it.
-void ShowShopping(const QWidget& before, const Clock& clock, Shop& shop, bool modally);
+void ShowShopping(const FormWindow& before, const Clock& clock, Shop& shop, bool modally);
 
 // Opens the editor of the catalogue in place of the window `before`, modally. When the catalogue cannot be read, says
 // why and opens the shopping window.
-void ShowEditor(const QWidget& before, const Clock& clock, Shop& shop);
+void ShowEditor(const FormWindow& before, const Clock& clock, Shop& shop);
 
 // Destroys the window of the shop, if there is one.
 void EndShop(Shop& shop);

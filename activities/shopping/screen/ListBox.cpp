@@ -1,10 +1,13 @@
 #include "activities/shopping/screen/ListBox.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QCollator>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTimer>
+#include <QTouchEvent>
 
 #include <algorithm>
 #include <utility>
@@ -18,6 +21,7 @@ ListBox::ListBox(QWidget* parent)
     setEditTriggers(NoEditTriggers);
     setWordWrap(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
 }
 
 void ListBox::SetLines(const std::vector<std::string>& lines)
@@ -137,6 +141,79 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
         Q_EMIT doubleClicked(currentIndex());
+    }
+}
+
+// ------------------------------------------------------------------------------------------------------------- fingers
+
+bool ListBox::viewportEvent(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+        touch(*static_cast<QTouchEvent*>(event));
+        return true;
+    case QEvent::TouchCancel:
+        endDragging();
+        return true;
+    default:
+        return QListView::viewportEvent(event);
+    }
+}
+
+// The first finger counts.
+void ListBox::touch(const QTouchEvent& event)
+{
+    const QPoint place = event.points().front().position().toPoint();
+    if (event.type() == QEvent::TouchBegin) {
+        touched_ = place;
+        setFocus(Qt::MouseFocusReason);
+        return;
+    }
+    const int way = place.y() - touched_.y();
+    if (!dragging_ && std::abs(way) >= QApplication::startDragDistance()) {
+        dragging_ = true;
+        setVerticalScrollMode(ScrollPerPixel); // so that the lines stay under the finger
+        scrolledAtTouch_ = verticalScrollBar()->value();
+    }
+    if (dragging_) {
+        verticalScrollBar()->setValue(scrolledAtTouch_ - way);
+    }
+    if (event.type() == QEvent::TouchEnd) {
+        if (dragging_) {
+            endDragging();
+        } else {
+            tap(place, event.timestamp());
+        }
+    }
+}
+
+// The list goes to the beginning of the line at its top, except at its end, whose last line would then be cut off.
+void ListBox::endDragging()
+{
+    const bool atTheEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+    dragging_ = false;
+    setVerticalScrollMode(ScrollPerItem);
+    if (atTheEnd) {
+        scrollToBottom();
+    }
+}
+
+void ListBox::tap(QPoint place, quint64 time)
+{
+    const QModelIndex line = indexAt(place);
+    if (!line.isValid()) {
+        return;
+    }
+    const auto interval = static_cast<quint64>(QApplication::doubleClickInterval());
+    const auto timeOfLastOne = std::exchange(timeOfDoubleClick_, std::nullopt);
+    if (!selectionModel()->isSelected(line)) {
+        SelectLine(line.row());
+        tellSelectedLine();
+    } else if (!timeOfLastOne || time - *timeOfLastOne >= interval) {
+        timeOfDoubleClick_ = time;
+        Q_EMIT doubleClicked(line);
     }
 }
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+class QTouchEvent;
+
 namespace numbrela {
 
 // A line of a sorted list, and a number by which the form knows what the line is about.
@@ -18,6 +20,8 @@ struct ListLine {
 // A list of lines of which at most one is selected, for mouse and keyboard. The keys that move the selection begin at
 // the first line, or the last one, when none is selected. A line too long for the list is wrapped, so that it can be
 // read whole. The form decides what a key or a double click does.
+// A finger that drags the list scrolls it. One that taps a line selects it, and a tap on the selected line is a double
+// click; the tap right behind it is a part of it, so that whoever taps twice out of habit takes one thing.
 class ListBox : public QListView {
 public:
     explicit ListBox(QWidget* parent = nullptr);
@@ -51,13 +55,22 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     std::optional<int> lineToBeginAt(int key) const;
     void tellSelectedLine();
+    void touch(const QTouchEvent& event);
+    void endDragging();
+    void tap(QPoint place, quint64 time);
 
     QStringListModel lines_;
     std::vector<int> data_; // the number of each line of a sorted list
+
+    QPoint touched_; // where the finger came down
+    int scrolledAtTouch_ = 0;
+    bool dragging_ = false;
+    std::optional<quint64> timeOfDoubleClick_; // in milliseconds; nothing unless the last tap was one
 };
 
 } // namespace numbrela

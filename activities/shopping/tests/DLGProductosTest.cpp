@@ -560,7 +560,8 @@ protected:
         EXPECT_EQ(ReadBytes(path_).size(), 19U * 154);
     }
 
-    QWidget before_; // the window whose place is taken
+    FormWindow before_ { QStringLiteral("Before"), QStringLiteral("Antes"), { 3000, 3000 },
+        {} }; // whose place is taken
     const ProductTable twentyProducts_ = longTable(20);
     std::string saved_;
 };

@@ -132,7 +132,8 @@ protected:
     Shop shop_ { path_ };
     FixedClock clock_;
     const StillClocks stillClocks_;
-    QWidget before_; // the window whose place is taken
+    FormWindow before_ { QStringLiteral("Before"), QStringLiteral("Antes"), { 3000, 3000 },
+        {} }; // whose place is taken
     std::unique_ptr<Form7> form_;
 };
 

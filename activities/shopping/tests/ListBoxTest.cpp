@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+
 namespace numbrela {
 
 namespace {
@@ -93,6 +95,94 @@ TEST_F(ListBoxTest, OnlyTheLeftButtonDoubleClicksWhereverInTheList)
     QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, placeOf(2).bottomLeft() + QPoint(5, 20));
     EXPECT_EQ(doubleClicks, 2) << "below the lines, too";
     EXPECT_EQ(list_.SelectedLine(), 1);
+}
+
+// --- Fingers ---------------------------------------------------------------------------------------------------------
+
+class TouchedListBoxTest : public ListBoxTest {
+protected:
+    TouchedListBoxTest()
+    {
+        std::vector<std::string> lines;
+        for (int line = 0; line < lineCount; ++line) {
+            lines.push_back("Producto " + std::to_string(line));
+        }
+        list_.SetLines(lines);
+        list_.resize(300, 200);
+        QObject::connect(&list_, &ListBox::doubleClicked, &list_, [this] { ++doubleClicks_; });
+        ShowAndActivate(list_);
+    }
+    ~TouchedListBoxTest() override { QApplication::setDoubleClickInterval(interval_); }
+
+    void tap(int line) const { Tap(*list_.viewport(), placeOf(line).center()); }
+
+    // From now on every tap is one by itself.
+    static void tapSlowly() { QApplication::setDoubleClickInterval(0); }
+    static void tapQuickly() { QApplication::setDoubleClickInterval(1'000'000); }
+
+    static constexpr int lineCount = 60;
+    int doubleClicks_ = 0;
+
+private:
+    const int interval_ = QApplication::doubleClickInterval();
+};
+
+TEST_F(TouchedListBoxTest, ATapSelectsALineAndEachFurtherOneIsADoubleClick)
+{
+    tapSlowly();
+    tap(2);
+    EXPECT_TRUE(list_.hasFocus());
+    EXPECT_EQ(list_.SelectedLine(), 2);
+    EXPECT_EQ(doubleClicks_, 0);
+    tap(2);
+    EXPECT_EQ(doubleClicks_, 1);
+    tap(2);
+    EXPECT_EQ(doubleClicks_, 2);
+    tap(3);
+    EXPECT_EQ(list_.SelectedLine(), 3);
+    EXPECT_EQ(doubleClicks_, 2);
+}
+
+TEST_F(TouchedListBoxTest, ADoubleTapIsOneDoubleClickWhetherTheLineWasSelectedOrNot)
+{
+    tapQuickly();
+    tap(1);
+    tap(1);
+    EXPECT_EQ(doubleClicks_, 1);
+    tap(1);
+    tap(1);
+    EXPECT_EQ(doubleClicks_, 2);
+    tap(4);
+    EXPECT_EQ(list_.SelectedLine(), 4);
+    tap(4);
+    EXPECT_EQ(doubleClicks_, 3);
+}
+
+TEST_F(TouchedListBoxTest, ATapBelowTheLinesDoesNothing)
+{
+    list_.SetLines({ "uno" });
+    Tap(*list_.viewport(), list_.viewport()->rect().bottomLeft() + QPoint(5, -5));
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    EXPECT_EQ(doubleClicks_, 0);
+}
+
+TEST_F(TouchedListBoxTest, AFingerThatDragsItScrollsItAndSelectsNothing)
+{
+    const QPoint middle = list_.viewport()->rect().center();
+    DragByFinger(*list_.viewport(), middle, middle - QPoint(0, 4 * placeOf(0).height()));
+    EXPECT_FALSE(isSeen(0));
+    EXPECT_TRUE(isSeen(5));
+    EXPECT_EQ(placeOf(4).top(), 0); // from the beginning of a line
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    EXPECT_EQ(doubleClicks_, 0);
+    for (int times = 0; times < 20; ++times) {
+        DragByFinger(*list_.viewport(), middle, middle - QPoint(0, middle.y()));
+    }
+    EXPECT_TRUE(isSeen(lineCount - 1));
+    for (int times = 0; times < 20; ++times) {
+        DragByFinger(*list_.viewport(), middle, middle + QPoint(0, middle.y()));
+    }
+    EXPECT_TRUE(isSeen(0));
 }
 
 TEST_F(ListBoxTest, SortsAsASpanishDictionaryDoesAndKnowsWhatEachLineIsAbout)

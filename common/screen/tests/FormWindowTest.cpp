@@ -212,6 +212,46 @@ TEST(FormWindowTest, OpensAsLargeAsTheWindowThatItIsOpenedFromAndHasItsDesignSiz
     EXPECT_EQ(form.AreaPixels(), designPixels);
 }
 
+// --- The whole screen ------------------------------------------------------------------------------------------------
+
+TEST(FullScreenTest, F11FillsTheScreenAndTheNextPressBringsTheWindowBackAsItWas)
+{
+    for (const auto state : { Qt::WindowNoState, Qt::WindowMaximized }) {
+        TestForm form;
+        form.setWindowState(state);
+        ShowAndActivate(form);
+        const QRect before = form.geometry();
+        Press(Qt::Key_F11);
+        EXPECT_TRUE(form.isFullScreen());
+        EXPECT_EQ(form.size(), form.screen()->size());
+        EXPECT_TRUE(form.MenuBar()->isVisible());
+        Press(Qt::Key_F11);
+        EXPECT_EQ(form.windowState() & ~Qt::WindowActive, state);
+        EXPECT_EQ(form.geometry(), before);
+    }
+}
+
+TEST(FullScreenTest, WhatWasChosenLastHoldsForEveryWindow)
+{
+    TestForm menu;
+    ShowAndActivate(menu);
+    const auto pressIn = [&menu](bool before, bool after) {
+        auto* form = new TestForm;
+        form->OpenLike(menu);
+        form->Show(true);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+        EXPECT_EQ(form->isFullScreen(), before);
+        Press(Qt::Key_F11);
+        EXPECT_EQ(form->isFullScreen(), after);
+        form->close();
+        destroyClosedWindows();
+        menu.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&menu, after] { return menu.isFullScreen() == after; }));
+    };
+    pressIn(false, true);
+    pressIn(true, false);
+}
+
 TEST_F(ShownFormTest, GoesThroughItsControlsWithTabInTheOrderGiven)
 {
     TestForm::SetTabSequence({ form_.Second, form_.Box, form_.First });

@@ -1,0 +1,214 @@
+#include "common/screen/Keypad.h"
+
+#include "common/screen/KeypadKey.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWindow>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace numbrela {
+
+// What a key does, looks like and is called, and where it stands.
+struct KeyDesign {
+    Qt::Key Code;
+    QString Text; // that it writes
+    KeySign Sign;
+    QString SpokenName;
+    QRect Cells; // column, row, columns, rows
+};
+
+namespace {
+
+KeyDesign digit(int digit, int column, int row)
+{
+    const QString text = QString::number(digit);
+    return { static_cast<Qt::Key>(Qt::Key_0 + digit), text, KeySign::None, text, { column, row, 1, 1 } };
+}
+
+// As on a keyboard, and below them what not every window has.
+const std::array<KeyDesign, 11> numberKeys { {
+    digit(7, 0, 0),
+    digit(8, 1, 0),
+    digit(9, 2, 0),
+    digit(4, 0, 1),
+    digit(5, 1, 1),
+    digit(6, 2, 1),
+    digit(1, 0, 2),
+    digit(2, 1, 2),
+    digit(3, 2, 2),
+    { Qt::Key_Comma, QStringLiteral(","), KeySign::None, QStringLiteral("Coma"), { 0, 3, 1, 1 } },
+    digit(0, 1, 3),
+} };
+const KeyDesign backspace { Qt::Key_Backspace, QStringLiteral("\b"), KeySign::Erase, QStringLiteral("Borrar cifra"),
+    { 2, 3, 1, 1 } };
+const KeyDesign forwardDelete { Qt::Key_Delete, QStringLiteral("\x7f"), KeySign::None, {}, {} };
+const KeyDesign blank { Qt::Key_Space, QStringLiteral(" "), KeySign::Blank, QStringLiteral("Espacio"), { 0, 4, 3, 1 } };
+const std::array<KeyDesign, 4> arrows { {
+    { Qt::Key_Up, {}, KeySign::Up, QStringLiteral("Flecha arriba"), { 1, 5, 1, 1 } },
+    { Qt::Key_Left, {}, KeySign::Left, QStringLiteral("Flecha izquierda"), { 0, 6, 1, 1 } },
+    { Qt::Key_Down, {}, KeySign::Down, QStringLiteral("Flecha abajo"), { 1, 6, 1, 1 } },
+    { Qt::Key_Right, {}, KeySign::Right, QStringLiteral("Flecha derecha"), { 2, 6, 1, 1 } },
+} };
+
+// In pixels, for keys of a size.
+int gapBetween(int key)
+{
+    return std::max(4, key / 9);
+}
+
+int gripFor(int key)
+{
+    return key * 2 / 5;
+}
+
+} // namespace
+
+Keypad::Keypad(KeypadKeys keys, QWidget* parent)
+    : QFrame(parent)
+{
+    setObjectName(QStringLiteral("Teclado"));
+    setAccessibleName(QStringLiteral("Teclado en pantalla"));
+    for (const KeyDesign& design : numberKeys) {
+        add(design);
+    }
+    add(backspace);
+    if (keys.Blank) {
+        add(blank);
+    }
+    if (keys.Arrows) {
+        for (const KeyDesign& design : arrows) {
+            add(design);
+        }
+    }
+}
+
+int Keypad::KeySizeIn(int windowHeight)
+{
+    constexpr int leastPixels = 48;
+    constexpr int keysInAHeight = 15;
+    return std::max(leastPixels, (windowHeight + keysInAHeight - 1) / keysInAHeight);
+}
+
+void Keypad::SetKeySize(int pixels)
+{
+    constexpr double writing = 0.5; // of the height of a key
+    const int gap = gapBetween(pixels);
+    const int pitch = pixels + gap;
+    gripHeight_ = drag_ ? gripFor(pixels) : 0;
+    const int top = drag_ ? gripHeight_ : gap;
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(static_cast<int>(pixels * writing));
+    QRect cells;
+    for (const Placed& each : keys_) {
+        const QRect& at = each.Cells;
+        each.Key->setFont(font);
+        each.Key->setGeometry(
+            gap + at.x() * pitch, top + at.y() * pitch, at.width() * pitch - gap, at.height() * pitch - gap);
+        cells |= at;
+    }
+    setFixedSize(gap + cells.width() * pitch, top + cells.height() * pitch);
+}
+
+void Keypad::LetDrag(std::function<void(QPoint place)> drag)
+{
+    drag_ = std::move(drag);
+    setCursor(Qt::SizeAllCursor);
+    for (const Placed& each : keys_) {
+        each.Key->setCursor(Qt::ArrowCursor);
+    }
+}
+
+void Keypad::add(const KeyDesign& design)
+{
+    const bool writesItsName = design.Sign == KeySign::None;
+    auto* key = new KeypadKey(writesItsName ? design.Text : QString(), design.Sign, design.SpokenName, this);
+    key->setObjectName(QStringLiteral("Tecla(%1)").arg(design.SpokenName));
+    if (design.Sign == KeySign::Erase) {
+        key->OnDown = [this](bool repeated) {
+            if (repeated) {
+                send(QEvent::KeyPress, *erasingBy_, true);
+            } else {
+                erase();
+            }
+        };
+        key->OnUp = [this] { send(QEvent::KeyRelease, *erasingBy_); };
+    } else {
+        key->OnDown = [this, &design](bool repeated) { send(QEvent::KeyPress, design, repeated); };
+        key->OnUp = [this, &design] { send(QEvent::KeyRelease, design); };
+    }
+    keys_.push_back({ key, design.Cells });
+}
+
+// Where a result is written from its last digit to its first, the caret is before the digit that was written last.
+// Backspace finds nothing to erase there, so Delete does it.
+void Keypad::erase()
+{
+    const auto* box = qobject_cast<const QLineEdit*>(window()->focusWidget());
+    const QString before = box != nullptr ? box->text() : QString();
+    erasingBy_ = &backspace;
+    send(QEvent::KeyPress, backspace);
+    if (box != nullptr && box == window()->focusWidget() && box->text() == before && box->cursorPosition() == 0) {
+        send(QEvent::KeyRelease, backspace);
+        erasingBy_ = &forwardDelete;
+        send(QEvent::KeyPress, forwardDelete);
+    }
+}
+
+// Where a platform's own keys arrive, so that everything that looks at keys on their way sees these, too.
+void Keypad::send(QEvent::Type type, const KeyDesign& design, bool repeated) const
+{
+    if (QWindow* window = this->window()->windowHandle()) {
+        QKeyEvent event(type, design.Code, Qt::NoModifier, design.Text, repeated);
+        QCoreApplication::sendEvent(window, &event);
+    }
+}
+
+// ---------------------------------------------------------------------------------------------------------- the ground
+
+void Keypad::paintEvent(QPaintEvent* /*event*/)
+{
+    constexpr double radius = 8; // pixels
+    constexpr QColor ground(0xb9, 0xc9, 0xda);
+    constexpr QColor edge(0x6d, 0x84, 0x9c);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(edge);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    if (drag_) { // a grip of two lines
+        painter.setPen(QPen(edge, 2, Qt::SolidLine, Qt::RoundCap));
+        const int half = width() / 8;
+        for (const int y : { gripHeight_ / 2 - 3, gripHeight_ / 2 + 3 }) {
+            painter.drawLine(width() / 2 - half, y, width() / 2 + half, y);
+        }
+    }
+}
+
+// What misses the keys must not reach the window below.
+void Keypad::mousePressEvent(QMouseEvent* event)
+{
+    grip_ = event->pos();
+    event->accept();
+}
+
+void Keypad::mouseMoveEvent(QMouseEvent* event)
+{
+    if (drag_ && event->buttons().testFlag(Qt::LeftButton)) {
+        drag_(mapToParent(event->pos() - grip_));
+    }
+    event->accept();
+}
+
+void Keypad::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+} // namespace numbrela

@@ -1,0 +1,173 @@
+#include "common/screen/KeypadKey.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QTimerEvent>
+
+namespace numbrela {
+
+namespace {
+
+// Milliseconds. Slower than a keyboard, because a finger on a wall rests longer than one on a desk.
+constexpr int untilItRepeats = 600;
+constexpr int betweenRepeats = 100;
+
+// Signs are drawn in a square of this many units, whose middle is the origin, to be scaled to the key.
+constexpr double unitsOfASign = 24;
+
+QPainterPath blankSign()
+{
+    QPainterPath path({ -8, 0 });
+    path.lineTo(-8, 4);
+    path.lineTo(8, 4);
+    path.lineTo(8, 0);
+    return path;
+}
+
+QPainterPath eraseSign()
+{
+    QPainterPath path({ -9, 0 });
+    path.lineTo(-3, -6);
+    path.lineTo(9, -6);
+    path.lineTo(9, 6);
+    path.lineTo(-3, 6);
+    path.closeSubpath();
+    path.moveTo(0, -2.5);
+    path.lineTo(5, 2.5);
+    path.moveTo(5, -2.5);
+    path.lineTo(0, 2.5);
+    return path;
+}
+
+// Points to the right, and is turned.
+QPainterPath arrowSign()
+{
+    QPainterPath path({ -7, 0 });
+    path.lineTo(7, 0);
+    path.moveTo(1, -6);
+    path.lineTo(7, 0);
+    path.lineTo(1, 6);
+    return path;
+}
+
+int quarterTurnsOf(KeySign sign)
+{
+    switch (sign) {
+    case KeySign::Down:
+        return 1;
+    case KeySign::Left:
+        return 2;
+    case KeySign::Up:
+        return 3;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+KeypadKey::KeypadKey(const QString& caption, KeySign sign, const QString& spokenName, QWidget* parent)
+    : QPushButton(caption, parent)
+    , sign_(sign)
+{
+    setAccessibleName(spokenName);
+    setFocusPolicy(Qt::NoFocus);
+    setAutoDefault(false);
+    setAttribute(Qt::WA_AcceptTouchEvents); // a mouse is made of the first finger only, and two hands write faster
+    if (sign == KeySign::None) {
+        QPalette paper = palette();
+        paper.setColor(QPalette::Button, Qt::white);
+        setPalette(paper);
+    }
+    connect(this, &QPushButton::pressed, this, &KeypadKey::goDown);
+    connect(this, &QPushButton::released, this, &KeypadKey::comeUp);
+}
+
+bool KeypadKey::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+        setDown(true);
+        goDown();
+        return true;
+    case QEvent::TouchUpdate:
+        return true;
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        setDown(false);
+        comeUp();
+        return true;
+    default:
+        return QPushButton::event(event);
+    }
+}
+
+void KeypadKey::hideEvent(QHideEvent* event)
+{
+    setDown(false);
+    comeUp();
+    QPushButton::hideEvent(event);
+}
+
+void KeypadKey::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != repeating_.timerId()) {
+        QPushButton::timerEvent(event);
+        return;
+    }
+    repeating_.start(betweenRepeats, this);
+    OnDown(true);
+}
+
+void KeypadKey::goDown()
+{
+    if (!held_) {
+        held_ = true;
+        repeating_.start(untilItRepeats, this);
+        OnDown(false);
+    }
+}
+
+void KeypadKey::comeUp()
+{
+    repeating_.stop();
+    if (held_) {
+        held_ = false;
+        OnUp();
+    }
+}
+
+void KeypadKey::paintEvent(QPaintEvent* /*event*/)
+{
+    constexpr int edgeShade = 160; // per cent
+    constexpr int pressedShade = 125;
+    constexpr double roundness = 0.16; // of the height
+    const QColor ground = palette().color(QPalette::Button);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(isDown() ? palette().color(QPalette::Highlight) : ground.darker(edgeShade), isDown() ? 3 : 1));
+    painter.setBrush(isDown() ? ground.darker(pressedShade) : ground);
+    const double radius = height() * roundness;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+    painter.setPen(palette().color(QPalette::ButtonText));
+    if (sign_ == KeySign::None) {
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    } else {
+        paintSign(painter);
+    }
+}
+
+void KeypadKey::paintSign(QPainter& painter) const
+{
+    constexpr double lineWidth = 1.6; // units
+    const double scale = height() / (2 * unitsOfASign) * 1.2;
+    painter.translate(QRectF(rect()).center());
+    painter.rotate(90.0 * quarterTurnsOf(sign_));
+    painter.scale(scale, scale);
+    painter.setPen(QPen(palette().color(QPalette::ButtonText), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(sign_ == KeySign::Blank ? blankSign() : sign_ == KeySign::Erase ? eraseSign() : arrowSign());
+}
+
+} // namespace numbrela

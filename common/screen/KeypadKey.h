@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QPushButton>
+
+#include <functional>
+
+namespace numbrela {
+
+// The sign of a key that writes no character.
+enum class KeySign { None, Blank, Erase, Left, Up, Right, Down };
+
+// A key of the keypad on the screen. It goes down under the mouse, the pen or a finger and up again, several of them at
+// a time, repeats itself while it is held as a keyboard's does, and never takes the focus. What it does is up to the
+// keypad.
+class KeypadKey : public QPushButton {
+public:
+    KeypadKey(const QString& caption, KeySign sign, const QString& spokenName, QWidget* parent);
+
+    // Called when the key goes down, or repeats itself, and when it comes up.
+    std::function<void(bool repeated)> OnDown;
+    std::function<void()> OnUp;
+
+protected:
+    bool event(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void goDown();
+    void comeUp();
+    void paintSign(QPainter& painter) const;
+
+    KeySign sign_;
+    QBasicTimer repeating_;
+    bool held_ = false;
+};
+
+} // namespace numbrela

@@ -1,0 +1,522 @@
+#include "common/screen/Keypad.h"
+
+#include "common/screen/Boxes.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/Controls.h"
+#include "common/screen/FormWindow.h"
+#include "common/screen/KeyCodes.h"
+#include "common/screen/Keyboard.h"
+#include "common/screen/TextBox.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Driver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTest>
+
+namespace numbrela {
+
+namespace {
+
+using namespace testing;
+
+constexpr TwipsSize portrait { 4875, 7695 }; // 325 by 513 pixels
+
+QWidget* padIn(const QWidget& window)
+{
+    return window.findChild<QWidget*>(QStringLiteral("Teclado"));
+}
+
+// An answer that is written from its last digit to its first, a box that only shows, and a button below them.
+class Exercise : public FormWindow {
+public:
+    explicit Exercise(TwipsSize area = portrait, KeypadKeys keys = { .Blank = true })
+        : FormWindow(QStringLiteral("Form9"), QStringLiteral("PRUEBAS"), area, {})
+    {
+        Answer = AddTextBox(Area(), QStringLiteral("Answer"), { 500, 2000, 3500, 495 }, {}, Qt::AlignRight);
+        Answer->setAccessibleName(QStringLiteral("Resultado"));
+        HandleKeys(*Answer,
+            {
+                .KeyDown =
+                    [this](const Key& key) {
+                        Pressed.push_back(key.Code);
+                        Repeats += key.Repeated ? 1 : 0;
+                        return KeyAnswer::GoesOn();
+                    },
+                .KeyUp =
+                    [this](int code) {
+                        Released.push_back(code);
+                        if (WritesDigitOrComma(code)) {
+                            Answer->StepCaretLeft();
+                        }
+                    },
+            });
+        Operand = AddReadOnlyBox(
+            Area(), QStringLiteral("Operand"), QStringLiteral("Sumando"), { 500, 1000, 3500, 495 }, {});
+        Done = AddButton(Area(), QStringLiteral("Done"), QStringLiteral("&Hecho"), { 500, 3000, 1500, 495 }, {});
+        QObject::connect(Done, &QPushButton::clicked, this, [this] { ++Clicks; });
+        AddMenuItem(AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones")), QStringLiteral("MnuOpcUno"),
+            QStringLiteral("&Uno"), [this] { ++Clicks; });
+        OfferKeypad(keys);
+    }
+
+    using FormWindow::MenuBar;
+
+    QAbstractButton& Switch() const { return Find<QAbstractButton>(*this, "CbTeclado"); }
+    QWidget* Pad() const { return padIn(*this); }
+    bool ShowsPad() const { return Pad() != nullptr && Pad()->isVisible(); }
+    QAbstractButton& KeyNamed(const QString& name) const
+    {
+        return Find<QAbstractButton>(*this, QStringLiteral("Tecla(%1)").arg(name));
+    }
+    void PressKeys(const QStringList& names) const
+    {
+        for (const QString& name : names) {
+            ClickOnScreen(KeyNamed(name));
+        }
+    }
+
+    TextBox* Answer = nullptr;
+    TextBox* Operand = nullptr;
+    CommandButton* Done = nullptr;
+    std::vector<int> Pressed;
+    std::vector<int> Released;
+    int Repeats = 0;
+    int Clicks = 0;
+};
+
+QRect onScreen(const QWidget& control)
+{
+    return { control.mapToGlobal(QPoint()), control.size() };
+}
+
+class KeypadTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ShowAndActivate(form_);
+        form_.Answer->setFocus();
+    }
+
+    void showPad() const { ClickOnScreen(form_.Switch()); }
+
+    Exercise form_;
+};
+
+// --- The button ------------------------------------------------------------------------------------------------------
+
+TEST_F(KeypadTest, AButtonAtTheRightEndOfTheMenuBarShowsItAndHidesItAndLeavesTheFocusWhereItIs)
+{
+    const QAbstractButton& button = form_.Switch();
+    EXPECT_TRUE(form_.MenuBar()->geometry().contains(button.geometry()));
+    EXPECT_GE(button.geometry().right(), form_.width() - 10);
+    EXPECT_EQ(form_.Pad(), nullptr);
+    ClickOnScreen(button);
+    EXPECT_TRUE(form_.ShowsPad());
+    EXPECT_TRUE(form_.Answer->hasFocus());
+    ClickOnScreen(button);
+    EXPECT_FALSE(form_.ShowsPad());
+    EXPECT_TRUE(form_.Answer->hasFocus());
+}
+
+TEST_F(KeypadTest, TheButtonIsSpokenWithItsStateAndIsPressedByAssistiveToolsToo)
+{
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&form_.Switch());
+    EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), "Teclado en pantalla");
+    EXPECT_GE(QAccessible::queryAccessibleInterface(&form_)->indexOfChild(spoken), 0);
+    EXPECT_TRUE(spoken->state().checkable);
+    EXPECT_FALSE(spoken->state().checked);
+    spoken->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(spoken->state().checked);
+    EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST(KeypadSwitchTest, TheMenuBarIsNoHigherThanWithoutIt)
+{
+    for (const int width : { 325, 800, 1920 }) {
+        Exercise form;
+        form.resize(width, width);
+        ShowAndActivate(form);
+        const int with = form.MenuBar()->height();
+        form.MenuBar()->setCornerWidget(nullptr);
+        EXPECT_EQ(with, form.MenuBar()->heightForWidth(width)) << width;
+    }
+}
+
+TEST_F(KeypadTest, WhatWasChosenLastHoldsForTheWindowsThatAreOpenedFromThisOneAndForThisOneAgain)
+{
+    showPad();
+    Exercise next;
+    next.OpenLike(form_);
+    ShowAndActivate(next);
+    EXPECT_TRUE(next.ShowsPad());
+    EXPECT_TRUE(next.Switch().isChecked());
+    ClickOnScreen(next.Switch());
+    next.close();
+    form_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !form_.ShowsPad(); }));
+    EXPECT_FALSE(form_.Switch().isChecked());
+
+    Exercise stranger;
+    ShowAndActivate(stranger);
+    EXPECT_FALSE(stranger.ShowsPad());
+}
+
+TEST_F(KeypadTest, WhereNothingTakesTypingThereIsNoneAndItComesWithTheBox)
+{
+    showPad();
+    form_.Answer->hide();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !form_.ShowsPad(); }));
+    EXPECT_FALSE(form_.Switch().isChecked());
+    form_.Answer->show();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return form_.ShowsPad(); }));
+    EXPECT_TRUE(form_.Switch().isChecked());
+}
+
+// It may be wanted for an input box that the window is going to open.
+TEST_F(KeypadTest, TheButtonShowsItEvenWhereNothingTakesTypingUntilABoxHasComeAndGone)
+{
+    form_.Answer->hide();
+    showPad();
+    EXPECT_TRUE(form_.ShowsPad());
+    form_.Answer->show();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(form_.ShowsPad());
+    form_.Answer->hide();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !form_.ShowsPad(); }));
+    showPad();
+    showPad();
+    EXPECT_FALSE(form_.ShowsPad());
+}
+
+// --- Fingers and pens ------------------------------------------------------------------------------------------------
+
+TEST_F(KeypadTest, AFingerOnABoxThatTakesTypingShowsIt)
+{
+    Tap(*form_.Answer);
+    EXPECT_TRUE(form_.ShowsPad());
+    EXPECT_TRUE(form_.Switch().isChecked());
+    EXPECT_TRUE(form_.Answer->hasFocus());
+}
+
+TEST_F(KeypadTest, APenOnABoxThatTakesTypingShowsIt)
+{
+    const QPointF middle = form_.Answer->rect().center();
+    QMouseEvent fromPen(QEvent::MouseButtonPress, middle, middle, form_.Answer->mapToGlobal(middle), Qt::LeftButton,
+        Qt::LeftButton, Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
+    QCoreApplication::sendEvent(form_.Answer, &fromPen);
+    EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST_F(KeypadTest, NothingElseShowsIt)
+{
+    Tap(*form_.Operand);
+    Tap(*form_.Done);
+    Tap(form_, QPoint(5, form_.height() - 5));
+    ClickOnScreen(*form_.Answer);
+    Press(Qt::Key_1);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(form_.Clicks, 1);
+    EXPECT_FALSE(form_.ShowsPad());
+    EXPECT_FALSE(form_.Switch().isChecked());
+}
+
+TEST_F(KeypadTest, TwoFingersPressTwoKeysAtATime)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("4")), 1);
+    FingerDown(form_.KeyNamed(QStringLiteral("2")), 2);
+    EXPECT_EQ(form_.Released, std::vector<int>());
+    FingerUp(form_.KeyNamed(QStringLiteral("4")), 1);
+    FingerUp(form_.KeyNamed(QStringLiteral("2")), 2);
+    EXPECT_EQ(form_.Pressed, std::vector<int>({ '4', '2' }));
+    EXPECT_EQ(form_.Released, std::vector<int>({ '4', '2' }));
+    EXPECT_TRUE(form_.Answer->hasFocus());
+}
+
+TEST_F(KeypadTest, AMenuAndAButtonAreWorkedByAFingerToo)
+{
+    Tap(*form_.Done);
+    EXPECT_EQ(form_.Clicks, 1);
+    QMenuBar& bar = *form_.MenuBar();
+    Tap(bar, bar.actionGeometry(bar.actions().front()).center());
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    Tap(*menu, menu->actionGeometry(menu->actions().front()).center());
+    EXPECT_EQ(form_.Clicks, 2);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+// --- The keys --------------------------------------------------------------------------------------------------------
+
+TEST_F(KeypadTest, HasTheKeysThatItsWindowHasAUseForAndNoneToHaveTheAnswerChecked)
+{
+    const auto names = [](KeypadKeys keys) {
+        const Keypad pad(keys, nullptr);
+        QStringList all;
+        for (const QAbstractButton* key : pad.findChildren<QAbstractButton*>()) {
+            all << key->accessibleName();
+        }
+        return all.join(u' ').toStdString();
+    };
+    const std::string numbers = "7 8 9 4 5 6 1 2 3 Coma 0 Borrar cifra";
+    EXPECT_EQ(names({}), numbers);
+    EXPECT_EQ(names({ .Blank = true }), numbers + " Espacio");
+    EXPECT_EQ(names({ .Blank = true, .Arrows = true }),
+        numbers + " Espacio Flecha arriba Flecha izquierda Flecha abajo Flecha derecha");
+}
+
+TEST_F(KeypadTest, ItsKeysHaveTheCodesOfAKeyboards)
+{
+    Exercise form(portrait, { .Blank = true, .Arrows = true });
+    ShowAndActivate(form);
+    form.resize(1280, 800);
+    form.Answer->setFocus();
+    ClickOnScreen(form.Switch());
+    form.PressKeys({ QStringLiteral("0"), QStringLiteral("9"), QStringLiteral("Coma"), QStringLiteral("Espacio"),
+        QStringLiteral("Flecha arriba"), QStringLiteral("Flecha izquierda"), QStringLiteral("Flecha abajo"),
+        QStringLiteral("Flecha derecha") });
+    const std::vector<int> codes { '0', '9', KeyCode::Comma, KeyCode::Space, KeyCode::Up, KeyCode::Left, KeyCode::Down,
+        KeyCode::Right };
+    EXPECT_EQ(form.Pressed, codes);
+    EXPECT_EQ(form.Released, codes);
+    EXPECT_TRUE(form.Answer->hasFocus());
+}
+
+TEST_F(KeypadTest, TheCaretStepsWhenTheKeyIsReleased)
+{
+    showPad();
+    const QAbstractButton& five = form_.KeyNamed(QStringLiteral("5"));
+    QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, five.mapTo(&form_, five.rect().center()));
+    EXPECT_EQ(form_.Answer->Text(), "5");
+    EXPECT_EQ(form_.Answer->CaretPosition(), 1);
+    QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, five.mapTo(&form_, five.rect().center()));
+    EXPECT_EQ(form_.Answer->CaretPosition(), 0);
+    form_.PressKeys({ QStringLiteral("7"), QStringLiteral("Coma"), QStringLiteral("1"), QStringLiteral("1") });
+    EXPECT_EQ(form_.Answer->Text(), "11,75");
+}
+
+TEST_F(KeypadTest, AHeldKeyRepeatsItselfAndIsReleasedOnce)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return form_.Repeats >= 2; }));
+    EXPECT_EQ(form_.Released.size(), 0U);
+    FingerUp(form_.KeyNamed(QStringLiteral("5")));
+    EXPECT_EQ(form_.Released.size(), 1U);
+    EXPECT_EQ(form_.Answer->Text(), std::string(form_.Pressed.size(), '5'));
+}
+
+TEST_F(KeypadTest, AKeyThatIsHeldWhenTheKeypadGoesIsReleased)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    form_.Answer->hide();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !form_.ShowsPad(); }));
+    FingerUp(form_);
+    form_.Answer->show();
+    form_.Answer->setFocus();
+    form_.Repeats = 0;
+    Press(Qt::Key_5); // of the keyboard, which is no repetition
+    EXPECT_EQ(form_.Repeats, 0);
+}
+
+// What was typed last is behind the caret in an answer that is written from the right, and before it in any other.
+TEST_F(KeypadTest, TheEraserTakesAwayWhatWasTypedLast)
+{
+    showPad();
+    form_.PressKeys({ QStringLiteral("5"), QStringLiteral("7"), QStringLiteral("Borrar cifra") });
+    EXPECT_EQ(form_.Answer->Text(), "5");
+    form_.PressKeys({ QStringLiteral("Borrar cifra"), QStringLiteral("Borrar cifra") });
+    EXPECT_EQ(form_.Answer->Text(), "");
+    form_.Answer->SetText("123");
+    form_.Answer->SetCaretPosition(3);
+    form_.PressKeys({ QStringLiteral("Borrar cifra") });
+    EXPECT_EQ(form_.Answer->Text(), "12");
+    EXPECT_EQ(form_.Pressed.back(), KeyCode::Backspace);
+}
+
+TEST_F(KeypadTest, AnAssistiveToolPressesItsKeysWithoutTakingTheFocus)
+{
+    showPad();
+    QAccessibleInterface* key = QAccessible::queryAccessibleInterface(&form_.KeyNamed(QStringLiteral("8")));
+    EXPECT_EQ(key->text(QAccessible::Name).toStdString(), "8");
+    key->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !form_.Released.empty(); }));
+    EXPECT_EQ(form_.Answer->Text(), "8");
+    EXPECT_TRUE(form_.Answer->hasFocus());
+}
+
+// --- Its place -------------------------------------------------------------------------------------------------------
+
+TEST_F(KeypadTest, ItsKeysAreAFifteenthOfTheHeightOfTheWindowAndNeverBelow48Pixels)
+{
+    showPad();
+    for (const int height : { 600, 720, 800, 1080, 2160 }) {
+        form_.resize(height, height);
+        const QSize key = form_.KeyNamed(QStringLiteral("5")).size();
+        EXPECT_GE(std::min(key.width(), key.height()), std::max(48, height / 15)) << height;
+    }
+}
+
+TEST_F(KeypadTest, StandsBesideTheCalculationWhereTheWindowHasRoom)
+{
+    const int before = form_.Answer->x();
+    form_.resize(1280, 800);
+    showPad();
+    const QRect pad = form_.Pad()->geometry();
+    EXPECT_GT(pad.left(), form_.Area().Drawing().right());
+    EXPECT_LT(pad.right(), form_.width());
+    EXPECT_NEAR(pad.center().y(), form_.rect().center().y(), 20);
+    EXPECT_GT(form_.Answer->x(), before);
+}
+
+// There is room for it, but not in the middle of what is left free on both sides.
+TEST_F(KeypadTest, TheCalculationMovesAsideAsFarAsItHasToAndBackAgain)
+{
+    form_.resize(700, 800);
+    const QRect alone = form_.Area().Drawing();
+    showPad();
+    const QRect beside = form_.Area().Drawing();
+    EXPECT_EQ(beside.size(), alone.size());
+    EXPECT_LT(beside.left(), alone.left());
+    EXPECT_GE(beside.left(), 0);
+    EXPECT_GT(form_.Pad()->x(), beside.right());
+    showPad();
+    EXPECT_EQ(form_.Area().Drawing(), alone);
+}
+
+TEST_F(KeypadTest, FloatsWhereThereIsNoRoomBesideAndNeverLiesOverTheBoxThatIsWrittenIn)
+{
+    showPad();
+    EXPECT_TRUE(form_.rect().contains(form_.Pad()->geometry()));
+    EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*form_.Answer)));
+
+    TextBox* other = AddTextBox(form_.Area(), QStringLiteral("Other"), { 500, 5000, 3500, 1500 }, {}, Qt::AlignRight);
+    other->show();
+    QCoreApplication::processEvents();
+    const QRect before = onScreen(*form_.Pad());
+    ASSERT_TRUE(before.intersects(onScreen(*other)));
+    other->setFocus();
+    EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
+}
+
+TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRoom)
+{
+    showPad();
+    form_.setMinimumSize(100, 100);
+    form_.resize(165, 260);
+    EXPECT_FALSE(form_.ShowsPad());
+    form_.resize(325, 540);
+    EXPECT_TRUE(form_.ShowsPad());
+}
+
+class KeypadDragTest : public KeypadTest {
+protected:
+    // By its grip, at the upper edge.
+    void drag(QPoint by) const
+    {
+        const QPoint from = form_.Pad()->mapTo(&form_, QPoint(form_.Pad()->width() / 2, 5));
+        QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, from + by, from + by, form_.mapToGlobal(from + by), Qt::NoButton,
+            Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(form_.windowHandle(), &move);
+        QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, from);
+    }
+};
+
+TEST_F(KeypadDragTest, AHandDragsItWithinTheWindowAndItStaysThere)
+{
+    form_.resize(1280, 800);
+    showPad();
+    const QPoint before = form_.Pad()->pos();
+    drag({ -30, 60 });
+    EXPECT_EQ(form_.Pad()->pos(), before + QPoint(-30, 60));
+    showPad();
+    showPad();
+    EXPECT_EQ(form_.Pad()->pos(), before + QPoint(-30, 60));
+    drag({ 5000, 5000 });
+    EXPECT_TRUE(form_.rect().contains(form_.Pad()->geometry()));
+    form_.resize(1000, 700);
+    EXPECT_TRUE(form_.rect().contains(form_.Pad()->geometry()));
+    EXPECT_TRUE(form_.Answer->hasFocus());
+}
+
+TEST_F(KeypadDragTest, CannotBeDraggedOverTheBoxThatIsWrittenIn)
+{
+    form_.resize(1280, 800);
+    showPad();
+    const QPoint before = form_.Pad()->pos();
+    drag(form_.Answer->pos() - before);
+    EXPECT_EQ(form_.Pad()->pos(), before);
+}
+
+// --- Boxes -----------------------------------------------------------------------------------------------------------
+
+void pressInBox(const QDialog& box, const QString& key)
+{
+    ClickOnScreen(Find<QAbstractButton>(box, QStringLiteral("Tecla(%1)").arg(key)));
+}
+
+TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
+{
+    showPad();
+    ExpectDialog([this](QDialog& box) {
+        box.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        for (const char* key : { "1", "2", "Coma", "5", "5", "Borrar cifra" }) {
+            pressInBox(box, QString::fromLatin1(key));
+        }
+        const auto& line = *box.findChild<QLineEdit*>();
+        const QWidget& pad = *padIn(box);
+        EXPECT_EQ(line.text().toStdString(), "12,5");
+        EXPECT_TRUE(line.hasFocus());
+        EXPECT_GE(pad.y(), line.geometry().bottom());
+        EXPECT_TRUE(box.screen()->availableGeometry().contains(onScreen(pad)));
+        EXPECT_GE(pad.findChild<QAbstractButton*>()->height(), Keypad::KeySizeIn(form_.height()));
+        box.accept();
+    });
+    EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "12,5");
+    EXPECT_EQ(form_.Answer->Text(), "");
+}
+
+TEST_F(KeypadTest, AFingerOnTheLineOfAnInputBoxShowsItThereAndFromThenOnEverywhere)
+{
+    form_.move(0, form_.screen()->availableGeometry().bottom() - form_.height());
+    ExpectDialog([](QDialog& box) {
+        EXPECT_EQ(padIn(box), nullptr);
+        Tap(*box.findChild<QLineEdit*>());
+        pressInBox(box, QStringLiteral("7"));
+        EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
+        box.accept();
+    });
+    EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "7");
+    form_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return form_.ShowsPad(); }));
+}
+
+TEST_F(KeypadTest, WhileAMessageIsOpenItWritesNothingAndAfterwardsItGoesOn)
+{
+    showPad();
+    ExpectDialog([this](QDialog& box) {
+        form_.PressKeys({ QStringLiteral("1") });
+        EXPECT_TRUE(box.isVisible());
+        box.accept();
+    });
+    ShowMessage(&form_, "Pulse el botón Volver a casa");
+    EXPECT_EQ(form_.Answer->Text(), "");
+    form_.PressKeys({ QStringLiteral("2") });
+    EXPECT_EQ(form_.Answer->Text(), "2");
+}
+
+} // namespace
+
+} // namespace numbrela
