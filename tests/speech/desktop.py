@@ -1,6 +1,5 @@
 """A desktop of its own for the program: an X server without a screen, a window manager and an accessibility bus."""
 
-import contextlib
 import os
 import re
 import shutil
@@ -42,13 +41,14 @@ class Desktop:
         return self
 
     def __exit__(self, *_):
-        with contextlib.ExitStack() as last:  # all of it is done, whatever fails
-            last.callback(shutil.rmtree, self.folder)
-            for process in self.started:
-                last.callback(process.wait)
-                last.callback(process.terminate)
-            for task in reversed(self.at_the_end):
-                last.callback(task)
+        try:
+            for task in self.at_the_end:
+                task()
+        finally:
+            for process in reversed(self.started):
+                process.terminate()
+                process.wait()
+            shutil.rmtree(self.folder)
 
     def start_bus(self):
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_and_read(
