@@ -11,7 +11,12 @@
 // What the files behind CatalogueFile.h for the different systems share.
 namespace numbrela {
 
-inline constexpr const char* NewNameMark = ".nuevo-"; // behind the name of a catalogue; followed by the process id
+// What stands behind the name of a catalogue while its successor is not yet in its place. Not every file system puts
+// one file into the place of another in one step: on a stick with FAT, the old file may be gone before the new one has
+// its name. So the new file first gets a name that says that it is whole, and is read by that name when the old one is
+// gone.
+inline constexpr const char* NewNameMark = ".nuevo-"; // being written; followed by the process id
+inline constexpr const char* CompleteNameMark = ".completo"; // whole and on the disk
 
 [[noreturn]] inline void FailAt(const std::filesystem::path& path, const char* action, const std::string& reason)
 {
@@ -22,6 +27,11 @@ inline constexpr const char* NewNameMark = ".nuevo-"; // behind the name of a ca
 inline std::filesystem::path FolderOf(const std::filesystem::path& path)
 {
     return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+}
+
+inline std::filesystem::path CompleteNameOf(const std::filesystem::path& path)
+{
+    return std::filesystem::path(path) += CompleteNameMark;
 }
 
 // Calls the action with each entry of the folder that a save of this file has made for its new file.

@@ -45,9 +45,9 @@ bool Stutters()
     return armed && armed->Kind == FaultKind::Stutter && std::cmp_greater_equal(calls.size(), armed->Call);
 }
 
-bool IsKilledHalfway()
+bool StopsHalfway()
 {
-    return isTheOne() && armed->Kind == FaultKind::KillHalfway;
+    return isTheOne() && (armed->Kind == FaultKind::KillHalfway || armed->Kind == FaultKind::FailHalfway);
 }
 
 std::size_t AllowedBytes(std::size_t count)

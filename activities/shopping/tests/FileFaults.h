@@ -12,9 +12,10 @@ namespace numbrela::testing {
 
 enum class FaultKind {
     KillBefore, // the process ends as it makes the call
-    KillHalfway, // it ends when half of a write is done; at other calls as before them
+    KillHalfway, // it ends when half of a write is done, or the file that is to be replaced is gone; else as before
     KillAfter, // it ends as the call returns
     Fail, // the call does nothing and fails
+    FailHalfway, // it fails when as much is done as with KillHalfway
     KeepFailing, // and so do all later calls of its name
     Stutter, // this and all later reads and writes pass a few bytes only
 };
@@ -35,9 +36,9 @@ std::vector<std::string> DisarmFault();
 
 bool IsArmed();
 
-// Whether the next call is a read or write that passes a few bytes only, or a write that is killed halfway.
+// Whether the next call is a read or write that passes a few bytes only, or is stopped halfway.
 bool Stutters();
-bool IsKilledHalfway();
+bool StopsHalfway();
 
 // How many bytes of so many a read or write may pass.
 std::size_t AllowedBytes(std::size_t count);
@@ -57,14 +58,13 @@ Value PassCall(const char* name, Value failure, Real real)
     if (!fault || fault->Kind == FaultKind::Stutter) {
         return real();
     }
-    if (fault->Kind == FaultKind::Fail || fault->Kind == FaultKind::KeepFailing) {
-        SetError(fault->Error);
-        return failure;
-    }
     if (fault->Kind == FaultKind::KillAfter) {
         real();
     }
-    KillThisProcess();
+    if (fault->Kind <= FaultKind::KillAfter) {
+        KillThisProcess();
+    }
+    SetError(fault->Error);
     return failure;
 }
 

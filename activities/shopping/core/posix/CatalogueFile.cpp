@@ -84,12 +84,19 @@ bool knowsNoLocks(int error)
     return error == EINVAL || error == ENOTSUP || error == ENOSYS || error == ENOLCK || error == EBADF;
 }
 
-// Follows links, so that a save replaces the file itself and a link to it stays a link.
-std::filesystem::path fileBehind(const std::filesystem::path& path)
+// Follows links, also to a file that is gone, so that a save replaces the file itself and a link to it stays a link.
+std::filesystem::path fileBehind(std::filesystem::path path)
 {
-    std::error_code unresolved;
-    const std::filesystem::path file = std::filesystem::canonical(path, unresolved);
-    return unresolved ? path : file;
+    constexpr int mostLinks = 40; // as many as the system follows
+    std::error_code isNoLink;
+    for (int links = 0; links < mostLinks; ++links) {
+        const std::filesystem::path target = std::filesystem::read_symlink(path, isNoLink);
+        if (isNoLink) {
+            break;
+        }
+        path = FolderOf(path) / target;
+    }
+    return path;
 }
 
 // Whether another process with this id is running: it may still be writing its new file.
@@ -102,9 +109,17 @@ bool isOfAnotherSave(const std::string& processNumber)
         && (::kill(process, 0) == 0 || errno == EPERM);
 }
 
+int openToRead(const std::filesystem::path& path)
+{
+    return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+}
+
 int openOrCreate(const std::filesystem::path& path)
 {
-    const int found = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    int found = openToRead(path);
+    if (found < 0 && errno == ENOENT) {
+        found = openToRead(CompleteNameOf(fileBehind(path)));
+    }
     return found >= 0 || errno != ENOENT ? found
                                          : ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, whatTheUmaskAllows);
 }
@@ -136,6 +151,16 @@ void removeLeftovers(const Descriptor& folder, const std::filesystem::path& path
     });
 }
 
+// Ends what a stopped save had begun when the old file was gone already.
+void putTheCompleteFileInPlace(const Descriptor& folder, const std::filesystem::path& path)
+{
+    const std::filesystem::path name = path.filename();
+    if (::renameat(folder.Number(), CompleteNameOf(name).c_str(), folder.Number(), name.c_str()) != 0
+        && errno != ENOENT) {
+        failToWrite(path);
+    }
+}
+
 // A renaming would replace even a write-protected file, because only the permissions of the folder count.
 int openNewFile(const Descriptor& folder, const std::filesystem::path& path, const std::filesystem::path& newName)
 {
@@ -157,6 +182,8 @@ int openNewFile(const Descriptor& folder, const std::filesystem::path& path, con
         }
     } else if (errno != ENOENT) {
         failToWrite(path);
+    } else {
+        putTheCompleteFileInPlace(folder, path);
     }
     removeLeftovers(folder, path);
     const int file
@@ -183,16 +210,13 @@ void keepOwnerAndPermissions(const Descriptor& file, const std::filesystem::path
 
 } // namespace
 
-Descriptor::~Descriptor()
+// Whatever close() answers, the file is closed then, and what was written has been flushed before.
+void Descriptor::Close()
 {
-    Close();
-}
-
-bool Descriptor::Close()
-{
-    const int number = number_;
-    number_ = -1;
-    return number < 0 || ::close(number) == 0 || errno == EINTR; // closed even when a signal has interrupted the call
+    if (IsOpen()) {
+        ::close(number_);
+        number_ = -1;
+    }
 }
 
 CatalogueReader::CatalogueReader(const std::filesystem::path& path)
@@ -221,17 +245,21 @@ std::size_t CatalogueReader::Read(std::span<char> buffer)
 
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
     : path_(fileBehind(path))
-    , newName_(path_.filename().string() + NewNameMark + std::to_string(::getpid()))
+    , nameNow_(path_.filename().string() + NewNameMark + std::to_string(::getpid()))
     , folder_(::open(FolderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-    , file_(openNewFile(folder_, path_, newName_))
+    , file_(openNewFile(folder_, path_, nameNow_))
 {
     keepOwnerAndPermissions(file_, path_);
 }
 
 CatalogueReplacement::~CatalogueReplacement()
 {
-    if (!committed_) {
-        ::unlinkat(folder_.Number(), newName_.c_str(), 0);
+    // A complete file is all that there is when the old one went and the new one could not take its name.
+    const std::filesystem::path name = path_.filename();
+    struct stat old { };
+    if (nameNow_ != name
+        && (nameNow_ != CompleteNameOf(name) || ::fstatat(folder_.Number(), name.c_str(), &old, 0) == 0)) {
+        ::unlinkat(folder_.Number(), nameNow_.c_str(), 0);
     }
 }
 
@@ -244,7 +272,7 @@ void CatalogueReplacement::Write(std::span<const char> bytes)
         }
         bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
-    if (!syncToDisk(file_) || !file_.Close()) {
+    if (!syncToDisk(file_)) {
         failToWrite(path_);
     }
 }
@@ -266,15 +294,23 @@ CatalogueContent CatalogueReplacement::Replaced() const
     return content;
 }
 
-// The new file is completely on the disk before it takes over the name, and the folder is flushed before the save
-// counts as done.
+// The new file is completely on the disk before it takes a name that says so, and has that name on the disk before the
+// old file is touched.
 void CatalogueReplacement::Commit()
 {
-    if (::renameat(folder_.Number(), newName_.c_str(), folder_.Number(), path_.filename().c_str()) != 0) {
+    const std::filesystem::path name = path_.filename();
+    takeName(CompleteNameOf(name));
+    takeName(name);
+}
+
+// With FAT, the place and the length of a file stand beside its name, and flushing the folder alone leaves them behind.
+void CatalogueReplacement::takeName(const std::filesystem::path& name)
+{
+    if (::renameat(folder_.Number(), nameNow_.c_str(), folder_.Number(), name.c_str()) != 0) {
         failToWrite(path_);
     }
-    committed_ = true;
-    if (!syncToDisk(folder_)) {
+    nameNow_ = name;
+    if (!syncToDisk(file_) || !syncToDisk(folder_)) {
         failToWrite(path_);
     }
 }

@@ -165,7 +165,14 @@ int openToRead(const std::filesystem::path& path)
     if (isFolder(path)) {
         FailAt(path, "leer", "es una carpeta");
     }
-    return openWithin(forOthers, path, GENERIC_READ, sharedWithAll, OPEN_ALWAYS);
+    const auto open = [](const std::filesystem::path& name, DWORD creation) {
+        return openWithin(forOthers, name, GENERIC_READ, sharedWithAll, creation);
+    };
+    int file = open(path, OPEN_EXISTING);
+    if (file < 0 && ::GetLastError() == ERROR_FILE_NOT_FOUND) {
+        file = open(CompleteNameOf(path), OPEN_EXISTING);
+    }
+    return file >= 0 || ::GetLastError() != ERROR_FILE_NOT_FOUND ? file : open(path, OPEN_ALWAYS);
 }
 
 // Windows cannot lock a folder. A file that only one process can have open stands for it; the system removes the file
@@ -186,6 +193,26 @@ int lockFolderOf(const std::filesystem::path& path)
     return lock;
 }
 
+// Gives a file another name, over one that has it, and comes back when this is on the disk. Answers whether it could.
+bool isRenamed(const std::filesystem::path& from, const std::filesystem::path& to)
+{
+    constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return succeedsWithin(forOthers, [&] { return ::MoveFileExW(from.c_str(), to.c_str(), how) != 0; });
+}
+
+bool isThere(const std::filesystem::path& path)
+{
+    return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// Ends what a stopped save had begun when the old file was gone already.
+void putTheCompleteFileInPlace(const std::filesystem::path& path)
+{
+    if (!isRenamed(CompleteNameOf(path), path) && ::GetLastError() != ERROR_FILE_NOT_FOUND) {
+        failToWrite(path, ::GetLastError());
+    }
+}
+
 // A new file takes the place of the old one whatever the rights to that are, so they are looked at first.
 void seeThatItMayBeWritten(const std::filesystem::path& path)
 {
@@ -194,6 +221,7 @@ void seeThatItMayBeWritten(const std::filesystem::path& path)
         if (::GetLastError() != ERROR_FILE_NOT_FOUND) {
             failToWrite(path, ::GetLastError());
         }
+        putTheCompleteFileInPlace(path);
         return;
     }
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
@@ -241,17 +269,12 @@ DWORD errorOfReplacing(const std::filesystem::path& path)
 
 } // namespace
 
-Descriptor::~Descriptor()
+void Descriptor::Close()
 {
-    Close();
-}
-
-bool Descriptor::Close()
-{
-    const HANDLE handle = handleOf(*this);
-    const bool wasOpen = IsOpen();
-    number_ = -1;
-    return !wasOpen || ::CloseHandle(handle) != 0;
+    if (IsOpen()) {
+        ::CloseHandle(handleOf(*this)); // what was written has been flushed before
+        number_ = -1;
+    }
 }
 
 CatalogueReader::CatalogueReader(const std::filesystem::path& path)
@@ -283,17 +306,18 @@ std::size_t CatalogueReader::Read(std::span<char> buffer)
 
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
     : path_(path)
-    , newName_((std::filesystem::path(path_) += NewNameMark) += std::to_string(::GetCurrentProcessId()))
+    , nameNow_((std::filesystem::path(path_) += NewNameMark) += std::to_string(::GetCurrentProcessId()))
     , folder_(lockFolderOf(path_))
-    , file_(openNewFile(path_, newName_))
+    , file_(openNewFile(path_, nameNow_))
 {
 }
 
 CatalogueReplacement::~CatalogueReplacement()
 {
     file_.Close();
-    if (!committed_) {
-        ::DeleteFileW(newName_.c_str());
+    // A complete file is all that there is when the old one went and the new one could not take its name.
+    if (nameNow_ != path_ && (nameNow_ != CompleteNameOf(path_) || isThere(path_))) {
+        ::DeleteFileW(nameNow_.c_str());
     }
 }
 
@@ -306,9 +330,10 @@ void CatalogueReplacement::Write(std::span<const char> bytes)
         }
         bytes = bytes.subspan(count);
     }
-    if (::FlushFileBuffers(handleOf(file_)) == 0 || !file_.Close()) {
+    if (::FlushFileBuffers(handleOf(file_)) == 0) {
         failToWrite(path_, ::GetLastError());
     }
+    file_.Close();
 }
 
 CatalogueContent CatalogueReplacement::Replaced() const
@@ -327,15 +352,20 @@ CatalogueContent CatalogueReplacement::Replaced() const
     return content;
 }
 
-// The new file is completely on the disk before it takes over the name. The call comes back when that, too, is on the
-// disk.
+// The new file is completely on the disk before it takes a name that says so, and has that name on the disk before the
+// old file is touched.
 void CatalogueReplacement::Commit()
 {
-    constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    committed_ = succeedsWithin(forOthers, [&] { return ::MoveFileExW(newName_.c_str(), path_.c_str(), how) != 0; });
-    if (!committed_) {
-        failToWrite(path_, errorOfReplacing(path_));
+    takeName(CompleteNameOf(path_));
+    takeName(path_);
+}
+
+void CatalogueReplacement::takeName(const std::filesystem::path& name)
+{
+    if (!isRenamed(nameNow_, name)) {
+        failToWrite(path_, errorOfReplacing(name));
     }
+    nameNow_ = name;
 }
 
 } // namespace numbrela

@@ -66,6 +66,12 @@ TEST_F(CatalogueFileTest, WritesThroughALinkThatHasTheNameOfTheFile)
     SaveCatalogue(path_, { ProductOf("a", "x") });
     EXPECT_TRUE(std::filesystem::is_symlink(path_));
     EXPECT_EQ(LoadCatalogue(target), (ProductTable { ProductOf("a", "x") }));
+
+    std::filesystem::rename(target, target.string() + ".completo");
+    EXPECT_EQ(LoadCatalogue(path_), (ProductTable { ProductOf("a", "x") }));
+    SaveCatalogue(path_, { ProductOf("b", "y") });
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+    EXPECT_EQ(LoadCatalogue(target), (ProductTable { ProductOf("b", "y") }));
     EXPECT_EQ(folder_.Names(), (std::vector<std::string> { "elsewhere", "productos.dat" }));
 }
 

@@ -59,7 +59,7 @@ BOOL WINAPI readFile(HANDLE file, LPVOID bytes, DWORD count, LPDWORD done, LPOVE
 
 BOOL WINAPI writeFile(HANDLE file, LPCVOID bytes, DWORD count, LPDWORD done, LPOVERLAPPED overlapped)
 {
-    if (IsKilledHalfway()) {
+    if (StopsHalfway()) {
         __real___imp_WriteFile(file, bytes, count / 2, done, overlapped);
     }
     return PassCall(
@@ -90,6 +90,9 @@ BOOL WINAPI deleteFile(LPCWSTR name)
 
 BOOL WINAPI moveFile(LPCWSTR from, LPCWSTR to, DWORD how)
 {
+    if (StopsHalfway()) {
+        __real___imp_DeleteFileW(to);
+    }
     return PassCall("MoveFileExW", FALSE, [=] { return __real___imp_MoveFileExW(from, to, how); });
 }
 
