@@ -2,6 +2,8 @@
 
 #include "common/core/RunTimeError.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
@@ -34,17 +36,27 @@ inline std::filesystem::path CompleteNameOf(const std::filesystem::path& path)
     return std::filesystem::path(path) += CompleteNameMark;
 }
 
-// Calls the action with each entry of the folder that a save of this file has made for its new file.
-template <typename Action>
-void ForEachNewFile(const std::filesystem::path& path, Action action)
+// Removes the new files that stopped saves of this file have left, besides the one that is about to be written. A file
+// younger than a minute may be another system's, which does not see the lock. What cannot be removed does no harm.
+inline void RemoveLeftovers(const std::filesystem::path& path, const std::filesystem::path& newName)
 {
-    const std::filesystem::path::string_type beginning = (path.filename() += NewNameMark).native();
-    std::error_code ends; // set when the folder or an entry cannot be read, which ends the loop
-    for (std::filesystem::directory_iterator entry(FolderOf(path), ends), end; !ends && entry != end;
-         entry.increment(ends)) {
-        const std::filesystem::path::string_type name = entry->path().filename().native();
-        if (name.compare(0, beginning.size(), beginning) == 0) {
-            action(entry->path(), std::filesystem::path(name.substr(beginning.size())).string());
+    constexpr std::chrono::minutes longestSave(1);
+    using Text = std::filesystem::path::string_type;
+    const auto isDigit = [](auto character) { return character >= '0' && character <= '9'; };
+    const Text beginning = (path.filename() += NewNameMark).native();
+    std::error_code fails; // ends the loop when the folder or an entry cannot be read
+    for (std::filesystem::directory_iterator entry(FolderOf(path), fails), end; !fails && entry != end;
+         entry.increment(fails)) {
+        const std::filesystem::path name = entry->path().filename();
+        const bool isNewFile = name.native().size() > beginning.size()
+            && name.native().compare(0, beginning.size(), beginning) == 0
+            && std::all_of(
+                name.native().begin() + static_cast<std::ptrdiff_t>(beginning.size()), name.native().end(), isDigit);
+        std::error_code ignored;
+        if (isNewFile
+            && (name == newName.filename()
+                || std::filesystem::file_time_type::clock::now() - entry->last_write_time(ignored) > longestSave)) {
+            std::filesystem::remove(entry->path(), ignored);
         }
     }
 }

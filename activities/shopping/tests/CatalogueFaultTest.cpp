@@ -5,6 +5,7 @@
 #include "common/core/RunTimeError.h"
 
 #include <algorithm>
+#include <chrono>
 #include <set>
 #include <sstream>
 
@@ -35,6 +36,15 @@ CatalogueContent contentOf(const std::filesystem::path& path)
         }
     }
     return std::nullopt;
+}
+
+// For all that is in the folder.
+void letTwoMinutesPass(const TemporaryFolder& folder)
+{
+    constexpr std::chrono::minutes passed(2);
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+        std::filesystem::last_write_time(entry, std::filesystem::file_time_type::clock::now() - passed);
+    }
 }
 
 // The places of the last two calls of this name.
@@ -178,6 +188,7 @@ void CatalogueFaultTest::expectStaysWholeWhenKilled(
         const bool isNew = isThere ? call > replacing || (call == replacing && kind != FaultKind::KillBefore)
                                    : call > completing || (call == completing && kind == FaultKind::KillAfter);
         EXPECT_TRUE(LoadCatalogue(path_) == (isNew ? NewTable() : before));
+        letTwoMinutesPass(folder_);
         save();
         expectOnly(NewTable());
     }
@@ -300,6 +311,26 @@ TEST_F(CatalogueFaultTest, SavesOverTheCompleteFileOnlyWhenThatIsExpectedAndPuts
     EXPECT_FALSE(outcome.Saved);
     EXPECT_EQ(outcome.Content, old);
     expectOnly(OldTable());
+}
+
+// Somebody's own copy may have a name like theirs; and a young one may be the file of a save in another system.
+TEST_F(CatalogueFaultTest, RemovesWhatStoppedSavesHaveLeftLongAgoAndNothingElse)
+{
+    const std::vector<const char*> kept { "otros.dat.nuevo-4", "productos.dat.copia", "productos.dat.nuevo-",
+        "productos.dat.nuevo-1x", "productos.dat.nuevo-curso" };
+    for (const char* name : kept) {
+        WriteBytes(folder_ / name, "mine");
+    }
+    for (const char* name : { "productos.dat.nuevo-1", "productos.dat.nuevo-4194304" }) {
+        WriteBytes(folder_ / name, "half");
+    }
+    letTwoMinutesPass(folder_);
+    WriteBytes(folder_ / "productos.dat.nuevo-5", "being written");
+    SaveCatalogue(path_, ProductTable(1));
+    std::vector<std::string> names(kept.begin(), kept.end());
+    names.insert(names.end(), { "productos.dat", "productos.dat.nuevo-5" });
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(folder_.Names(), names);
 }
 
 TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesSaveAtOnce)

@@ -8,9 +8,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <thread>
@@ -99,16 +97,6 @@ std::filesystem::path fileBehind(std::filesystem::path path)
     return path;
 }
 
-// Whether another process with this id is running: it may still be writing its new file.
-bool isOfAnotherSave(const std::string& processNumber)
-{
-    pid_t process = 0;
-    const char* const end = processNumber.data() + processNumber.size();
-    const auto [stop, error] = std::from_chars(processNumber.data(), end, process);
-    return error == std::errc() && stop == end && process > 0 && process != ::getpid()
-        && (::kill(process, 0) == 0 || errno == EPERM);
-}
-
 int openToRead(const std::filesystem::path& path)
 {
     return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -139,16 +127,6 @@ void keepOthersOut(const Descriptor& folder, const std::filesystem::path& path)
         }
         std::this_thread::sleep_for(pause);
     }
-}
-
-// Removes new files left behind by saves that were killed or lost power. Any that cannot be removed do no harm.
-void removeLeftovers(const Descriptor& folder, const std::filesystem::path& path)
-{
-    ForEachNewFile(path, [&](const std::filesystem::path& file, const std::string& processNumber) {
-        if (!isOfAnotherSave(processNumber)) {
-            ::unlinkat(folder.Number(), file.filename().c_str(), 0);
-        }
-    });
 }
 
 // Ends what a stopped save had begun when the old file was gone already.
@@ -185,7 +163,7 @@ int openNewFile(const Descriptor& folder, const std::filesystem::path& path, con
     } else {
         putTheCompleteFileInPlace(folder, path);
     }
-    removeLeftovers(folder, path);
+    RemoveLeftovers(path, newName);
     const int file
         = ::openat(folder.Number(), newName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, whatTheUmaskAllows);
     if (file < 0) {

@@ -239,8 +239,7 @@ void seeThatItMayBeWritten(const std::filesystem::path& path)
 int openNewFile(const std::filesystem::path& path, const std::filesystem::path& newName)
 {
     seeThatItMayBeWritten(path);
-    // Whoever saves has the lock, so what other saves have left is nobody's. What cannot be removed does no harm.
-    ForEachNewFile(path, [](const std::filesystem::path& file, const std::string&) { ::DeleteFileW(file.c_str()); });
+    RemoveLeftovers(path, newName);
     const int file = openWithin(forOthers, newName, GENERIC_WRITE, sharedWithNobody, CREATE_ALWAYS);
     if (file < 0) {
         failToWrite(path, ::GetLastError());

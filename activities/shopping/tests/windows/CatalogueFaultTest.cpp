@@ -82,17 +82,6 @@ TEST_F(WindowsCatalogueFaultTest, NamesADeviceAsNoFile)
     EXPECT_EQ(FailureOf([] { LoadCatalogue("NUL"); }), "No se puede leer el archivo «NUL»: no es un archivo de datos.");
 }
 
-TEST_F(WindowsCatalogueFaultTest, RemovesWhatStoppedSavesHaveLeftAndNothingElse)
-{
-    for (const char* name :
-        { "productos.dat.nuevo-4", "productos.dat.guardando", "productos.dat.copia", "otros.dat.nuevo-4" }) {
-        WriteBytes(folder_ / name, "half");
-    }
-    SaveCatalogue(path_, ProductTable(1));
-    EXPECT_EQ(
-        folder_.Names(), (std::vector<std::string> { "otros.dat.nuevo-4", "productos.dat", "productos.dat.copia" }));
-}
-
 TEST_F(WindowsCatalogueFaultTest, ReadsAndWritesInAFolderWhoseNameHasAccentsAndBlanks)
 {
     const std::filesystem::path path = folder_.Path() / u8"Aula 3º" / u8"productos ñ.dat";
