@@ -13,6 +13,9 @@ namespace numbrela {
 // All bytes of a catalogue file; nothing when there is no such file.
 using CatalogueContent = std::optional<std::string>;
 
+// The name of a file as people read it, in UTF-8, with a mark in the place of what is no text.
+std::string TextOf(const std::filesystem::path& path);
+
 // An open file that closes itself. The number is its file descriptor or, on Windows, its handle, of which the system
 // uses 32 bits.
 class Descriptor {

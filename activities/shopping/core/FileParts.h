@@ -1,12 +1,12 @@
 #pragma once
 
+#include "activities/shopping/core/CatalogueFile.h"
 #include "common/core/RunTimeError.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <span>
 #include <string>
 
@@ -20,10 +20,33 @@ namespace numbrela {
 inline constexpr const char* NewNameMark = ".nuevo-"; // being written; followed by the process id
 inline constexpr const char* CompleteNameMark = ".completo"; // whole and on the disk
 
+// Why something cannot be done, as far as both systems can say it.
+namespace Reason {
+
+inline constexpr const char* NoFolder = "la carpeta no existe";
+inline constexpr const char* NoRight = "no hay permiso";
+inline constexpr const char* ReadOnlyFile = "el archivo es de solo lectura";
+inline constexpr const char* ReadOnlyDisk = "el disco es de solo lectura";
+inline constexpr const char* DiskFull = "el disco está lleno";
+inline constexpr const char* DiskFails = "el disco falla";
+inline constexpr const char* TooLarge = "el archivo sería demasiado grande";
+inline constexpr const char* IsFolder = "es una carpeta";
+inline constexpr const char* NoDataFile = "no es un archivo de datos";
+inline constexpr const char* NameTooLong = "el nombre es demasiado largo";
+inline constexpr const char* BeingSaved = "otro programa lo está guardando";
+
+// The words are the system's own; it may have none.
+inline std::string Unknown(long long number, const std::string& words)
+{
+    return "error " + std::to_string(number) + " del sistema" + (words.empty() ? "" : " (" + words + ")");
+}
+
+} // namespace Reason
+
 [[noreturn]] inline void FailAt(const std::filesystem::path& path, const char* action, const std::string& reason)
 {
     throw RunTimeError(RunTimeError::Kind::File,
-        std::string("No se puede ") + action + " el archivo «" + path.string() + "»: " + reason + ".");
+        std::string("No se puede ") + action + " el archivo «" + TextOf(path) + "»: " + reason + ".");
 }
 
 inline std::filesystem::path FolderOf(const std::filesystem::path& path)
@@ -61,41 +84,32 @@ inline void RemoveLeftovers(const std::filesystem::path& path, const std::filesy
     }
 }
 
-// Fills the buffer as far as the file reaches. `read` fills a part of it and returns the number of bytes, 0 at the end
-// of the file, or less if the system cannot read. Returns the number of all bytes, or nothing if the system cannot
-// read.
+// Fills the buffer as far as the file reaches, and returns the number of bytes. `read` fills a part of it and returns
+// the number of bytes, 0 at the end of the file.
 template <typename Read>
-std::optional<std::size_t> Fill(std::span<char> buffer, Read read)
+std::size_t Fill(std::span<char> buffer, Read read)
 {
     std::size_t filled = 0;
-    while (filled < buffer.size()) {
-        const auto count = read(buffer.subspan(filled));
-        if (count < 0) {
-            return std::nullopt;
-        }
-        if (count == 0) {
-            break;
-        }
-        filled += static_cast<std::size_t>(count);
+    std::size_t count = 1;
+    while (filled < buffer.size() && count > 0) {
+        count = read(buffer.subspan(filled));
+        filled += count;
     }
     return filled;
 }
 
-// All bytes of a file up to its end, or nothing if the system cannot read.
+// All bytes of a file up to its end.
 template <typename Read>
-std::optional<std::string> ReadToEnd(Read read)
+std::string ReadToEnd(Read read)
 {
     constexpr std::size_t atATime = 1U << 20U;
     std::string content;
-    std::optional<std::size_t> filled = atATime;
+    std::size_t filled = atATime;
     while (filled == atATime) {
         const std::size_t before = content.size();
         content.resize(before + atATime);
         filled = Fill(std::span(content).subspan(before), read);
-        if (!filled) {
-            return std::nullopt;
-        }
-        content.resize(before + *filled);
+        content.resize(before + filled);
     }
     return content;
 }

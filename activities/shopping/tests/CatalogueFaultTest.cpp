@@ -222,6 +222,26 @@ std::string CatalogueFaultTest::unwritable(const std::string& reason) const
     return "No se puede escribir el archivo «" + path_.string() + "»: " + reason + ".";
 }
 
+std::string CatalogueFaultTest::unreadable(const std::filesystem::path& path, const std::string& reason)
+{
+    return "No se puede leer el archivo «" + path.string() + "»: " + reason + ".";
+}
+
+std::string CatalogueFaultTest::failureToReadWith(Fault fault) const
+{
+    ArmFault(fault);
+    const std::string said = FailureOf([this] { LoadCatalogue(path_); });
+    DisarmFault();
+    return said;
+}
+
+std::vector<std::string> CatalogueFaultTest::callsOfReading() const
+{
+    ArmFault({ -1, FaultKind::Fail });
+    LoadCatalogue(path_);
+    return DisarmFault();
+}
+
 namespace {
 
 // The old file is read immediately before the new one takes its place, and nobody else can save in between.
@@ -276,6 +296,22 @@ TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
             expectOnly(NewTable());
         }
     }
+}
+
+TEST_F(CatalogueFaultTest, SaysWhyAFileCannotBeReadWhicheverCallFails)
+{
+    putOldFile();
+    const std::vector<std::string> calls = callsOfReading();
+    EXPECT_TRUE(std::find(calls.begin(), calls.end(), ReadingCall) != calls.end());
+    for (const auto& [error, reason] : FailuresOfTheDisk()) {
+        for (int call = 0; std::cmp_less(call, calls.size()); ++call) {
+            const auto index = static_cast<std::size_t>(call);
+            SCOPED_TRACE(reason + " at call " + std::to_string(call) + ", " + calls[index]);
+            EXPECT_EQ(failureToReadWith({ call, FaultKind::Fail, error }),
+                IsHarmless(calls, index) ? "nothing" : unreadable(path_, reason));
+        }
+    }
+    expectOnly(OldTable());
 }
 
 TEST_F(CatalogueFaultTest, GoesOnAfterAPartialReadOrWrite)

@@ -16,6 +16,7 @@ namespace numbrela::testing {
 // What a test of faults has to know of the system.
 
 std::vector<std::string> CallsOfASave(); // over an old file, in their order
+extern const char* const ReadingCall;
 extern const char* const RenamingCall; // tells that the new file is whole and, the last one, puts it over the old one
 std::vector<std::pair<int, std::string>> FailuresOfTheDisk(); // the system's number, and what the program says
 
@@ -57,6 +58,11 @@ protected:
     void expectOnly(const ProductTable& table) const;
 
     std::string unwritable(const std::string& reason) const;
+    static std::string unreadable(const std::filesystem::path& path, const std::string& reason);
+
+    // What is said when a call of reading the file fails.
+    std::string failureToReadWith(Fault fault) const;
+    std::vector<std::string> callsOfReading() const;
 
     TemporaryFolder folder_;
     std::filesystem::path path_ = folder_ / "productos.dat";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +25,7 @@ struct Fault {
     int Call; // counted from 0
     FaultKind Kind;
     int Error = 0; // the system's number for why a call fails
+    int Milliseconds = std::numeric_limits<int>::max(); // how long a call keeps failing, by the clock of PassTime()
 };
 
 // From now on calls are counted, and the fault happens at the call that it names.
@@ -32,7 +34,12 @@ void ArmFault(Fault fault);
 // Lets all calls through again, and returns the names of those that were made meanwhile.
 std::vector<std::string> DisarmFault();
 
+// The time that the program has waited since then, in milliseconds. Waiting takes no time of the test's.
+int TimePassed();
+
 // What the two systems' calls share; tests use only what is above.
+
+void PassTime(int milliseconds);
 
 bool IsArmed();
 

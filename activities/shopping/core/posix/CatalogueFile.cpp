@@ -24,33 +24,38 @@ std::string reasonOf(int error)
     switch (error) {
     case ENOENT:
     case ENOTDIR:
-        return "la carpeta no existe";
+        return Reason::NoFolder;
     case EACCES:
     case EPERM:
-        return "no hay permiso";
+        return Reason::NoRight;
     case EROFS:
-        return "el disco es de solo lectura";
+        return Reason::ReadOnlyDisk;
     case ENOSPC:
     case EDQUOT:
-        return "el disco está lleno";
+        return Reason::DiskFull;
     case EFBIG:
-        return "el archivo sería demasiado grande";
+        return Reason::TooLarge;
     case EISDIR:
-        return "es una carpeta";
+        return Reason::IsFolder;
     case EIO:
-        return "el disco falla";
+        return Reason::DiskFails;
     case ENAMETOOLONG:
-        return "el nombre es demasiado largo";
+        return Reason::NameTooLong;
     case EINVAL:
-        return "no es un archivo de datos";
+        return Reason::NoDataFile;
     default:
-        return std::string("error ") + std::to_string(error) + " del sistema (" + std::strerror(error) + ")";
+        return Reason::Unknown(error, std::strerror(error));
     }
+}
+
+[[noreturn]] void failTo(const char* action, const std::filesystem::path& path)
+{
+    FailAt(path, action, reasonOf(errno));
 }
 
 [[noreturn]] void failToWrite(const std::filesystem::path& path)
 {
-    FailAt(path, "escribir", reasonOf(errno));
+    failTo("escribir", path);
 }
 
 // Repeats a call that a signal has interrupted.
@@ -70,10 +75,16 @@ bool syncToDisk(const Descriptor& descriptor)
     return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-// Reads a part of the file into the buffer. Returns the number of bytes, or -1.
-ssize_t readFrom(const Descriptor& file, std::span<char> buffer)
+// What reads a part of the file and can say that this is a part of the action.
+auto readerOf(const Descriptor& file, const char* action, const std::filesystem::path& path)
 {
-    return untilDone([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
+    return [&file, action, &path](std::span<char> buffer) {
+        const ssize_t count = untilDone([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
+        if (count < 0) {
+            failTo(action, path);
+        }
+        return static_cast<std::size_t>(count);
+    };
 }
 
 // A folder on a file system that has no locks is not locked.
@@ -123,7 +134,7 @@ void keepOthersOut(const Descriptor& folder, const std::filesystem::path& path)
             failToWrite(path);
         }
         if (left == 0) {
-            FailAt(path, "escribir", "otro programa lo está guardando");
+            FailAt(path, "escribir", Reason::BeingSaved);
         }
         std::this_thread::sleep_for(pause);
     }
@@ -153,7 +164,7 @@ int openNewFile(const Descriptor& folder, const std::filesystem::path& path, con
             FailAt(path, "escribir", reasonOf(S_ISDIR(old.st_mode) ? EISDIR : EINVAL));
         }
         if ((old.st_mode & anybodyMayWrite) == 0) {
-            FailAt(path, "escribir", "el archivo es de solo lectura");
+            FailAt(path, "escribir", Reason::ReadOnlyFile);
         }
         if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
             failToWrite(path);
@@ -188,6 +199,11 @@ void keepOwnerAndPermissions(const Descriptor& file, const std::filesystem::path
 
 } // namespace
 
+std::string TextOf(const std::filesystem::path& path)
+{
+    return path.string();
+}
+
 // Whatever close() answers, the file is closed then, and what was written has been flushed before.
 void Descriptor::Close()
 {
@@ -203,7 +219,7 @@ CatalogueReader::CatalogueReader(const std::filesystem::path& path)
 {
     struct stat status { };
     if (!file_.IsOpen() || ::fstat(file_.Number(), &status) != 0) {
-        FailAt(path_, "leer", reasonOf(errno));
+        failTo("leer", path_);
     }
     if (!S_ISREG(status.st_mode)) {
         FailAt(path_, "leer", reasonOf(S_ISDIR(status.st_mode) ? EISDIR : EINVAL));
@@ -213,12 +229,7 @@ CatalogueReader::CatalogueReader(const std::filesystem::path& path)
 
 std::size_t CatalogueReader::Read(std::span<char> buffer)
 {
-    const std::optional<std::size_t> filled
-        = Fill(buffer, [this](std::span<char> rest) { return readFrom(file_, rest); });
-    if (!filled) {
-        FailAt(path_, "leer", reasonOf(errno));
-    }
-    return *filled;
+    return Fill(buffer, readerOf(file_, "leer", path_));
 }
 
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
@@ -265,11 +276,7 @@ CatalogueContent CatalogueReplacement::Replaced() const
         }
         return std::nullopt;
     }
-    std::optional<std::string> content = ReadToEnd([&](std::span<char> buffer) { return readFrom(old, buffer); });
-    if (!content) {
-        failToWrite(path_);
-    }
-    return content;
+    return ReadToEnd(readerOf(old, "escribir", path_));
 }
 
 // The new file is completely on the disk before it takes a name that says so, and has that name on the disk before the

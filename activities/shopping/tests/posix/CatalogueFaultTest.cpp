@@ -14,6 +14,7 @@
 
 namespace numbrela::testing {
 
+const char* const ReadingCall = "read";
 const char* const RenamingCall = "renameat";
 
 std::vector<std::string> CallsOfASave()
@@ -50,11 +51,6 @@ protected:
         std::vector<std::string> calls = DisarmFault();
         EXPECT_TRUE(LoadCatalogue(path_) == NewTable());
         return calls;
-    }
-
-    static std::string unreadable(const std::filesystem::path& path, const std::string& reason)
-    {
-        return "No se puede leer el archivo «" + path.string() + "»: " + reason + ".";
     }
 };
 
@@ -93,15 +89,6 @@ TEST_F(PosixCatalogueFaultTest, GoesOnAfterAnInterruptionAndWhereAFolderCannotBe
     for (const int error : { EINVAL, ENOTSUP }) {
         callsOfASaveThatSucceedsAlthough({ flushOfFolder, FaultKind::Fail, error });
     }
-}
-
-TEST_F(PosixCatalogueFaultTest, SaysWhyAFileCannotBeRead)
-{
-    putOldFile();
-    ArmFault({ 0, FaultKind::Fail, EIO });
-    const std::string said = FailureOf([&] { LoadCatalogue(path_); });
-    EXPECT_EQ(DisarmFault().front(), "read");
-    EXPECT_EQ(said, unreadable(path_, "el disco falla"));
 }
 
 TEST_F(PosixCatalogueFaultTest, KeepsTheOldFileWhenTheSystemTakesNoMoreBytes)
