@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     }
     try {
         std::filesystem::create_directories(catalogue.parent_path());
-        numbrela::SaveCatalogue(catalogue, numbrela::ReadCatalogueSource(text));
+        numbrela::SaveCatalogueIfUnchanged(catalogue, numbrela::ReadCatalogueSource(text), std::nullopt);
     } catch (const std::exception& error) {
         std::cerr << argv[1] << ": " << error.what() << '\n';
         return 1;

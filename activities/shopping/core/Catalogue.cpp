@@ -78,7 +78,7 @@ ProductTable loadRecords(const std::filesystem::path& path, HandOn handOn)
             if (priceOf(record) > 0) {
                 if (isFull(table)) {
                     throw RunTimeError(RunTimeError::Kind::Overflow,
-                        "El catálogo «" + path.string() + "» tiene más de " + std::to_string(MostProducts)
+                        "El catálogo «" + TextOf(path) + "» tiene más de " + std::to_string(MostProducts)
                             + " productos.");
                 }
                 readRecord(record, table.emplace_back());

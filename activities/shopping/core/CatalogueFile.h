@@ -13,6 +13,9 @@ namespace numbrela {
 // All bytes of a catalogue file; nothing when there is no such file.
 using CatalogueContent = std::optional<std::string>;
 
+// The name of a file as people read it, in UTF-8, with a mark in the place of what is no text.
+std::string TextOf(const std::filesystem::path& path);
+
 // An open file that closes itself. The number is its file descriptor or, on Windows, its handle, of which the system
 // uses 32 bits.
 class Descriptor {
@@ -21,21 +24,21 @@ public:
         : number_(number)
     {
     }
-    ~Descriptor();
+    ~Descriptor() { Close(); }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
 
     int Number() const { return number_; }
     bool IsOpen() const { return number_ >= 0; }
 
-    // Returns false if what was written may be lost.
-    bool Close();
+    void Close();
 
 private:
     int number_;
 };
 
-// Reads the file from its beginning. One that is missing is created empty.
+// Reads the file from its beginning, or in its stead the one that a save had put whole beside it when it was stopped
+// and the old one was gone. If there is neither, an empty file is created.
 class CatalogueReader {
 public:
     explicit CatalogueReader(const std::filesystem::path& path);
@@ -54,7 +57,8 @@ private:
 
 // Writes a new file beside the old one and, when it is all on the disk, puts it into the old one's place. Until then
 // the old file is untouched; a replacement that is never committed leaves nothing behind. It locks the folder as long
-// as it lives, so no other process can replace the file between the call of Replaced() and the end of Commit().
+// as it lives, so no other process can replace the file between the call of Replaced() and the end of Commit(). What a
+// stopped save had put whole beside a file that is gone takes the place of that file first.
 class CatalogueReplacement {
 public:
     explicit CatalogueReplacement(const std::filesystem::path& path);
@@ -71,11 +75,13 @@ public:
     void Commit();
 
 private:
+    // Renames the new file, over one of that name, and brings this to the disk.
+    void takeName(const std::filesystem::path& name);
+
     std::filesystem::path path_;
-    std::filesystem::path newName_; // in the same folder, until the new file takes over the name of the old one
+    std::filesystem::path nameNow_; // of the new file, which at last takes over the name of the old one
     Descriptor folder_; // or what stands for it: it is locked as long as this is open
     Descriptor file_;
-    bool committed_ = false;
 };
 
 } // namespace numbrela

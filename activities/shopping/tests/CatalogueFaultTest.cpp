@@ -5,6 +5,7 @@
 #include "common/core/RunTimeError.h"
 
 #include <algorithm>
+#include <chrono>
 #include <set>
 #include <sstream>
 
@@ -21,15 +22,47 @@ ProductTable products(int count, float price)
     return table;
 }
 
+std::filesystem::path completeNameOf(const std::filesystem::path& path)
+{
+    return std::filesystem::path(path) += ".completo";
+}
+
+// What a reader finds.
 CatalogueContent contentOf(const std::filesystem::path& path)
 {
-    return std::filesystem::exists(path) ? CatalogueContent(ReadBytes(path)) : std::nullopt;
+    for (const std::filesystem::path& name : { path, completeNameOf(path) }) {
+        if (std::filesystem::exists(name)) {
+            return ReadBytes(name);
+        }
+    }
+    return std::nullopt;
+}
+
+// For all that is in the folder.
+void letTwoMinutesPass(const TemporaryFolder& folder)
+{
+    constexpr std::chrono::minutes passed(2);
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+        std::filesystem::last_write_time(entry, std::filesystem::file_time_type::clock::now() - passed);
+    }
+}
+
+// The places of the last two calls of this name.
+std::pair<std::ptrdiff_t, std::ptrdiff_t> lastTwo(const std::vector<std::string>& calls, const char* name)
+{
+    const auto last = std::find(calls.rbegin(), calls.rend(), name);
+    const auto before = std::find(std::next(last), calls.rend(), name);
+    return { calls.rend() - before - 1, calls.rend() - last - 1 };
 }
 
 bool savesOver(const std::filesystem::path& path, const CatalogueContent& expected)
 {
     return SaveCatalogueIfUnchanged(path, NewTable(), expected).Saved;
 }
+
+constexpr int teachers = 4;
+constexpr int productsOfEach = 25;
+constexpr std::size_t addedAtOnce = teachers * productsOfEach;
 
 // The tasks of other processes.
 
@@ -111,6 +144,12 @@ void CatalogueFaultTest::putOldFile() const
     SaveCatalogue(path_, OldTable());
 }
 
+void CatalogueFaultTest::putOldFileAsComplete() const
+{
+    putOldFile();
+    std::filesystem::rename(path_, completeNameOf(path_));
+}
+
 void CatalogueFaultTest::save(const CatalogueContent& expected) const
 {
     EXPECT_TRUE(savesOver(path_, expected));
@@ -138,15 +177,18 @@ void CatalogueFaultTest::expectStaysWholeWhenKilled(
     FaultKind kind, const std::function<void()>& prepare, const ProductTable& before) const
 {
     prepare();
+    const bool isThere = contentNow().has_value();
     const std::vector<std::string> calls = callsOfASave();
-    const auto replacing = std::find(calls.begin(), calls.end(), ReplacingCall) - calls.begin();
+    const auto [completing, replacing] = lastTwo(calls, RenamingCall);
     for (int call = 0; std::cmp_less(call, calls.size()); ++call) {
         SCOPED_TRACE("call " + std::to_string(call) + ", " + calls[static_cast<std::size_t>(call)]);
         prepare();
         ASSERT_EQ(OtherProcess(saveTask({ call, kind }, path_)).ExitStatus(), KilledStatus);
 
-        const bool isReplaced = call > replacing || (call == replacing && kind == FaultKind::KillAfter);
-        EXPECT_TRUE(LoadCatalogue(path_) == (isReplaced ? NewTable() : before));
+        const bool isNew = isThere ? call > replacing || (call == replacing && kind != FaultKind::KillBefore)
+                                   : call > completing || (call == completing && kind == FaultKind::KillAfter);
+        EXPECT_TRUE(LoadCatalogue(path_) == (isNew ? NewTable() : before));
+        letTwoMinutesPass(folder_);
         save();
         expectOnly(NewTable());
     }
@@ -158,9 +200,46 @@ void CatalogueFaultTest::expectOnly(const ProductTable& table) const
     EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
+std::size_t CatalogueFaultTest::productsAfterSavesAtOnce() const
+{
+    std::vector<OtherProcess> processes;
+    for (int teacher = 0; teacher < teachers; ++teacher) {
+        processes.emplace_back(addTask(teacher, productsOfEach, path_));
+    }
+    for (OtherProcess& process : processes) {
+        EXPECT_EQ(process.ExitStatus(), 0);
+    }
+    std::set<std::string> names;
+    for (const Product& product : LoadCatalogue(path_)) {
+        names.insert(product.Nombre.Trimmed());
+    }
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+    return names.size();
+}
+
 std::string CatalogueFaultTest::unwritable(const std::string& reason) const
 {
     return "No se puede escribir el archivo «" + path_.string() + "»: " + reason + ".";
+}
+
+std::string CatalogueFaultTest::unreadable(const std::filesystem::path& path, const std::string& reason)
+{
+    return "No se puede leer el archivo «" + path.string() + "»: " + reason + ".";
+}
+
+std::string CatalogueFaultTest::failureToReadWith(Fault fault) const
+{
+    ArmFault(fault);
+    const std::string said = FailureOf([this] { LoadCatalogue(path_); });
+    DisarmFault();
+    return said;
+}
+
+std::vector<std::string> CatalogueFaultTest::callsOfReading() const
+{
+    ArmFault({ -1, FaultKind::Fail });
+    LoadCatalogue(path_);
+    return DisarmFault();
 }
 
 namespace {
@@ -182,6 +261,19 @@ TEST_P(CatalogueKillTest, LeavesTheOldFileOrNoneOrTheNewOneWholeWhereverItIsStop
         GetParam(), [this] { std::filesystem::remove(path_); }, ProductTable(1));
 }
 
+TEST_P(CatalogueKillTest, LosesNothingWhereAnotherSaveHasBeenStoppedBefore)
+{
+    expectStaysWholeWhenKilled(
+        GetParam(), [this] { putOldFileAsComplete(); }, OldTable());
+    expectStaysWholeWhenKilled(
+        GetParam(),
+        [this] {
+            putOldFile();
+            SaveCatalogue(completeNameOf(path_), ProductTable(1)); // whole, but never put into its place
+        },
+        OldTable());
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Moments, CatalogueKillTest, ::testing::Values(FaultKind::KillBefore, FaultKind::KillHalfway, FaultKind::KillAfter));
 
@@ -190,7 +282,7 @@ TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
     putOldFile();
     const CatalogueContent old = contentNow();
     const std::vector<std::string> calls = callsOfASave();
-    const auto replacing = std::find(calls.begin(), calls.end(), ReplacingCall) - calls.begin();
+    const std::ptrdiff_t replacing = lastTwo(calls, RenamingCall).second;
     for (const auto& [error, reason] : FailuresOfTheDisk()) {
         for (int call = 0; std::cmp_less(call, calls.size()); ++call) {
             const auto index = static_cast<std::size_t>(call);
@@ -206,6 +298,22 @@ TEST_F(CatalogueFaultTest, KeepsAFileWholeAndNothingBesideItWhenACallFails)
     }
 }
 
+TEST_F(CatalogueFaultTest, SaysWhyAFileCannotBeReadWhicheverCallFails)
+{
+    putOldFile();
+    const std::vector<std::string> calls = callsOfReading();
+    EXPECT_TRUE(std::find(calls.begin(), calls.end(), ReadingCall) != calls.end());
+    for (const auto& [error, reason] : FailuresOfTheDisk()) {
+        for (int call = 0; std::cmp_less(call, calls.size()); ++call) {
+            const auto index = static_cast<std::size_t>(call);
+            SCOPED_TRACE(reason + " at call " + std::to_string(call) + ", " + calls[index]);
+            EXPECT_EQ(failureToReadWith({ call, FaultKind::Fail, error }),
+                IsHarmless(calls, index) ? "nothing" : unreadable(path_, reason));
+        }
+    }
+    expectOnly(OldTable());
+}
+
 TEST_F(CatalogueFaultTest, GoesOnAfterAPartialReadOrWrite)
 {
     const std::size_t parts = NewTable().size() * 154 / 1000;
@@ -219,23 +327,57 @@ TEST_F(CatalogueFaultTest, GoesOnAfterAPartialReadOrWrite)
     EXPECT_TRUE(LoadCatalogue(path_) == NewTable());
 }
 
+TEST_F(CatalogueFaultTest, KeepsTheNewFileWhenReplacingTheOldOneFailsHalfway)
+{
+    putOldFile();
+    const int replacing = static_cast<int>(lastTwo(callsOfASave(), RenamingCall).second);
+    const auto [error, reason] = FailuresOfTheDisk().front();
+    EXPECT_EQ(failureWith({ replacing, FaultKind::FailHalfway, error }), unwritable(reason));
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat.completo" });
+    EXPECT_TRUE(LoadCatalogue(path_) == NewTable());
+    save();
+    expectOnly(NewTable());
+}
+
+TEST_F(CatalogueFaultTest, SavesOverTheCompleteFileOnlyWhenThatIsExpectedAndPutsItInPlaceInAnyCase)
+{
+    putOldFileAsComplete();
+    const CatalogueContent old = contentNow();
+    const SaveOutcome outcome = SaveCatalogueIfUnchanged(path_, NewTable(), std::nullopt);
+    EXPECT_FALSE(outcome.Saved);
+    EXPECT_EQ(outcome.Content, old);
+    expectOnly(OldTable());
+}
+
+// Somebody's own copy may have a name like theirs; and a young one may be the file of a save in another system.
+TEST_F(CatalogueFaultTest, RemovesWhatStoppedSavesHaveLeftLongAgoAndNothingElse)
+{
+    const std::vector<const char*> kept { "otros.dat.nuevo-4", "productos.dat.copia", "productos.dat.nuevo-",
+        "productos.dat.nuevo-1x", "productos.dat.nuevo-curso" };
+    for (const char* name : kept) {
+        WriteBytes(folder_ / name, "mine");
+    }
+    for (const char* name : { "productos.dat.nuevo-1", "productos.dat.nuevo-4194304" }) {
+        WriteBytes(folder_ / name, "half");
+    }
+    letTwoMinutesPass(folder_);
+    WriteBytes(folder_ / "productos.dat.nuevo-5", "being written");
+    SaveCatalogue(path_, ProductTable(1));
+    std::vector<std::string> names(kept.begin(), kept.end());
+    names.insert(names.end(), { "productos.dat", "productos.dat.nuevo-5" });
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(folder_.Names(), names);
+}
+
 TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesSaveAtOnce)
 {
-    constexpr int teachers = 4;
-    constexpr int productsOfEach = 25;
-    std::vector<OtherProcess> processes;
-    for (int teacher = 0; teacher < teachers; ++teacher) {
-        processes.emplace_back(addTask(teacher, productsOfEach, path_));
-    }
-    for (OtherProcess& process : processes) {
-        EXPECT_EQ(process.ExitStatus(), 0);
-    }
-    std::set<std::string> names;
-    for (const Product& product : LoadCatalogue(path_)) {
-        names.insert(product.Nombre.Trimmed());
-    }
-    EXPECT_EQ(names.size(), static_cast<std::size_t>(teachers) * productsOfEach);
-    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
+    EXPECT_EQ(productsAfterSavesAtOnce(), addedAtOnce);
+}
+
+TEST_F(CatalogueFaultTest, LosesNothingWhenSeveralProcessesFindTheFileGoneAndTheNextOneComplete)
+{
+    putOldFileAsComplete();
+    EXPECT_EQ(productsAfterSavesAtOnce(), OldTable().size() + addedAtOnce);
 }
 
 } // namespace

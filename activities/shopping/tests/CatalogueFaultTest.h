@@ -16,7 +16,8 @@ namespace numbrela::testing {
 // What a test of faults has to know of the system.
 
 std::vector<std::string> CallsOfASave(); // over an old file, in their order
-extern const char* const ReplacingCall; // puts the new file into the place of the old one
+extern const char* const ReadingCall;
+extern const char* const RenamingCall; // tells that the new file is whole and, the last one, puts it over the old one
 std::vector<std::pair<int, std::string>> FailuresOfTheDisk(); // the system's number, and what the program says
 
 // Whether nothing is lost when this call fails, so that the save goes on.
@@ -45,12 +46,23 @@ protected:
     // What is said when a call of a save over the old file fails.
     std::string failureWith(Fault fault) const;
 
+    // As on a file system that had not put the new file into the place of the old one when it was stopped.
+    void putOldFileAsComplete() const;
+
     void expectStaysWholeWhenKilled(
         FaultKind kind, const std::function<void()>& prepare, const ProductTable& before) const;
+
+    // Several processes add products at once. Returns how many there are then.
+    std::size_t productsAfterSavesAtOnce() const;
 
     void expectOnly(const ProductTable& table) const;
 
     std::string unwritable(const std::string& reason) const;
+    static std::string unreadable(const std::filesystem::path& path, const std::string& reason);
+
+    // What is said when a call of reading the file fails.
+    std::string failureToReadWith(Fault fault) const;
+    std::vector<std::string> callsOfReading() const;
 
     TemporaryFolder folder_;
     std::filesystem::path path_ = folder_ / "productos.dat";

@@ -9,6 +9,7 @@ namespace {
 
 std::optional<Fault> armed;
 std::vector<std::string> calls;
+int timePassed = 0;
 
 bool isTheOne()
 {
@@ -17,8 +18,8 @@ bool isTheOne()
 
 bool failsAgain(const char* name)
 {
-    return armed && armed->Kind == FaultKind::KeepFailing && std::cmp_greater(calls.size(), armed->Call)
-        && calls[static_cast<std::size_t>(armed->Call)] == name;
+    return armed && armed->Kind == FaultKind::KeepFailing && timePassed < armed->Milliseconds
+        && std::cmp_greater(calls.size(), armed->Call) && calls[static_cast<std::size_t>(armed->Call)] == name;
 }
 
 } // namespace
@@ -26,6 +27,7 @@ bool failsAgain(const char* name)
 void ArmFault(Fault fault)
 {
     calls.clear();
+    timePassed = 0;
     armed = fault;
 }
 
@@ -33,6 +35,16 @@ std::vector<std::string> DisarmFault()
 {
     armed.reset();
     return std::exchange(calls, {});
+}
+
+int TimePassed()
+{
+    return timePassed;
+}
+
+void PassTime(int milliseconds)
+{
+    timePassed += milliseconds;
 }
 
 bool IsArmed()
@@ -45,9 +57,9 @@ bool Stutters()
     return armed && armed->Kind == FaultKind::Stutter && std::cmp_greater_equal(calls.size(), armed->Call);
 }
 
-bool IsKilledHalfway()
+bool StopsHalfway()
 {
-    return isTheOne() && armed->Kind == FaultKind::KillHalfway;
+    return isTheOne() && (armed->Kind == FaultKind::KillHalfway || armed->Kind == FaultKind::FailHalfway);
 }
 
 std::size_t AllowedBytes(std::size_t count)

@@ -8,9 +8,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <thread>
@@ -26,33 +24,38 @@ std::string reasonOf(int error)
     switch (error) {
     case ENOENT:
     case ENOTDIR:
-        return "la carpeta no existe";
+        return Reason::NoFolder;
     case EACCES:
     case EPERM:
-        return "no hay permiso";
+        return Reason::NoRight;
     case EROFS:
-        return "el disco es de solo lectura";
+        return Reason::ReadOnlyDisk;
     case ENOSPC:
     case EDQUOT:
-        return "el disco está lleno";
+        return Reason::DiskFull;
     case EFBIG:
-        return "el archivo sería demasiado grande";
+        return Reason::TooLarge;
     case EISDIR:
-        return "es una carpeta";
+        return Reason::IsFolder;
     case EIO:
-        return "el disco falla";
+        return Reason::DiskFails;
     case ENAMETOOLONG:
-        return "el nombre es demasiado largo";
+        return Reason::NameTooLong;
     case EINVAL:
-        return "no es un archivo de datos";
+        return Reason::NoDataFile;
     default:
-        return std::string("error ") + std::to_string(error) + " del sistema (" + std::strerror(error) + ")";
+        return Reason::Unknown(error, std::strerror(error));
     }
+}
+
+[[noreturn]] void failTo(const char* action, const std::filesystem::path& path)
+{
+    FailAt(path, action, reasonOf(errno));
 }
 
 [[noreturn]] void failToWrite(const std::filesystem::path& path)
 {
-    FailAt(path, "escribir", reasonOf(errno));
+    failTo("escribir", path);
 }
 
 // Repeats a call that a signal has interrupted.
@@ -72,10 +75,16 @@ bool syncToDisk(const Descriptor& descriptor)
     return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-// Reads a part of the file into the buffer. Returns the number of bytes, or -1.
-ssize_t readFrom(const Descriptor& file, std::span<char> buffer)
+// What reads a part of the file and can say that this is a part of the action.
+auto readerOf(const Descriptor& file, const char* action, const std::filesystem::path& path)
 {
-    return untilDone([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
+    return [&file, action, &path](std::span<char> buffer) {
+        const ssize_t count = untilDone([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
+        if (count < 0) {
+            failTo(action, path);
+        }
+        return static_cast<std::size_t>(count);
+    };
 }
 
 // A folder on a file system that has no locks is not locked.
@@ -84,22 +93,24 @@ bool knowsNoLocks(int error)
     return error == EINVAL || error == ENOTSUP || error == ENOSYS || error == ENOLCK || error == EBADF;
 }
 
-// Follows links, so that a save replaces the file itself and a link to it stays a link.
-std::filesystem::path fileBehind(const std::filesystem::path& path)
+// Follows links, also to a file that is gone, so that a save replaces the file itself and a link to it stays a link.
+std::filesystem::path fileBehind(std::filesystem::path path)
 {
-    std::error_code unresolved;
-    const std::filesystem::path file = std::filesystem::canonical(path, unresolved);
-    return unresolved ? path : file;
+    constexpr int mostLinks = 40; // as many as the system follows
+    std::error_code isNoLink;
+    for (int links = 0; links < mostLinks; ++links) {
+        const std::filesystem::path target = std::filesystem::read_symlink(path, isNoLink);
+        if (isNoLink) {
+            break;
+        }
+        path = FolderOf(path) / target;
+    }
+    return path;
 }
 
-// Whether another process with this id is running: it may still be writing its new file.
-bool isOfAnotherSave(const std::string& processNumber)
+int openToRead(const std::filesystem::path& path)
 {
-    pid_t process = 0;
-    const char* const end = processNumber.data() + processNumber.size();
-    const auto [stop, error] = std::from_chars(processNumber.data(), end, process);
-    return error == std::errc() && stop == end && process > 0 && process != ::getpid()
-        && (::kill(process, 0) == 0 || errno == EPERM);
+    return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
 }
 
 // In a folder that gives its group to new files, the group's members share what is in it: a new file gets the rights of
@@ -114,7 +125,10 @@ void shareAsTheFolderIs(int file, const std::filesystem::path& path)
 
 int openOrCreate(const std::filesystem::path& path)
 {
-    const int found = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    int found = openToRead(path);
+    if (found < 0 && errno == ENOENT) {
+        found = openToRead(CompleteNameOf(fileBehind(path)));
+    }
     if (found >= 0 || errno != ENOENT) {
         return found;
     }
@@ -136,20 +150,20 @@ void keepOthersOut(const Descriptor& folder, const std::filesystem::path& path)
             failToWrite(path);
         }
         if (left == 0) {
-            FailAt(path, "escribir", "otro programa lo está guardando");
+            FailAt(path, "escribir", Reason::BeingSaved);
         }
         std::this_thread::sleep_for(pause);
     }
 }
 
-// Removes new files left behind by saves that were killed or lost power. Any that cannot be removed do no harm.
-void removeLeftovers(const Descriptor& folder, const std::filesystem::path& path)
+// Ends what a stopped save had begun when the old file was gone already.
+void putTheCompleteFileInPlace(const Descriptor& folder, const std::filesystem::path& path)
 {
-    ForEachNewFile(path, [&](const std::filesystem::path& file, const std::string& processNumber) {
-        if (!isOfAnotherSave(processNumber)) {
-            ::unlinkat(folder.Number(), file.filename().c_str(), 0);
-        }
-    });
+    const std::filesystem::path name = path.filename();
+    if (::renameat(folder.Number(), CompleteNameOf(name).c_str(), folder.Number(), name.c_str()) != 0
+        && errno != ENOENT) {
+        failToWrite(path);
+    }
 }
 
 // A renaming would replace even a write-protected file, because only the permissions of the folder count.
@@ -166,15 +180,17 @@ int openNewFile(const Descriptor& folder, const std::filesystem::path& path, con
             FailAt(path, "escribir", reasonOf(S_ISDIR(old.st_mode) ? EISDIR : EINVAL));
         }
         if ((old.st_mode & anybodyMayWrite) == 0) {
-            FailAt(path, "escribir", "el archivo es de solo lectura");
+            FailAt(path, "escribir", Reason::ReadOnlyFile);
         }
         if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
             failToWrite(path);
         }
     } else if (errno != ENOENT) {
         failToWrite(path);
+    } else {
+        putTheCompleteFileInPlace(folder, path);
     }
-    removeLeftovers(folder, path);
+    RemoveLeftovers(path, newName);
     const int file
         = ::openat(folder.Number(), newName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, whatTheUmaskAllows);
     if (file < 0) {
@@ -200,16 +216,18 @@ void keepOwnerAndPermissions(const Descriptor& file, const std::filesystem::path
 
 } // namespace
 
-Descriptor::~Descriptor()
+std::string TextOf(const std::filesystem::path& path)
 {
-    Close();
+    return path.string();
 }
 
-bool Descriptor::Close()
+// Whatever close() answers, the file is closed then, and what was written has been flushed before.
+void Descriptor::Close()
 {
-    const int number = number_;
-    number_ = -1;
-    return number < 0 || ::close(number) == 0 || errno == EINTR; // closed even when a signal has interrupted the call
+    if (IsOpen()) {
+        ::close(number_);
+        number_ = -1;
+    }
 }
 
 CatalogueReader::CatalogueReader(const std::filesystem::path& path)
@@ -218,7 +236,7 @@ CatalogueReader::CatalogueReader(const std::filesystem::path& path)
 {
     struct stat status { };
     if (!file_.IsOpen() || ::fstat(file_.Number(), &status) != 0) {
-        FailAt(path_, "leer", reasonOf(errno));
+        failTo("leer", path_);
     }
     if (!S_ISREG(status.st_mode)) {
         FailAt(path_, "leer", reasonOf(S_ISDIR(status.st_mode) ? EISDIR : EINVAL));
@@ -228,27 +246,26 @@ CatalogueReader::CatalogueReader(const std::filesystem::path& path)
 
 std::size_t CatalogueReader::Read(std::span<char> buffer)
 {
-    const std::optional<std::size_t> filled
-        = Fill(buffer, [this](std::span<char> rest) { return readFrom(file_, rest); });
-    if (!filled) {
-        FailAt(path_, "leer", reasonOf(errno));
-    }
-    return *filled;
+    return Fill(buffer, readerOf(file_, "leer", path_));
 }
 
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
     : path_(fileBehind(path))
-    , newName_(path_.filename().string() + NewNameMark + std::to_string(::getpid()))
+    , nameNow_(path_.filename().string() + NewNameMark + std::to_string(::getpid()))
     , folder_(::open(FolderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-    , file_(openNewFile(folder_, path_, newName_))
+    , file_(openNewFile(folder_, path_, nameNow_))
 {
     keepOwnerAndPermissions(file_, path_);
 }
 
 CatalogueReplacement::~CatalogueReplacement()
 {
-    if (!committed_) {
-        ::unlinkat(folder_.Number(), newName_.c_str(), 0);
+    // A complete file is all that there is when the old one went and the new one could not take its name.
+    const std::filesystem::path name = path_.filename();
+    struct stat old { };
+    if (nameNow_ != name
+        && (nameNow_ != CompleteNameOf(name) || ::fstatat(folder_.Number(), name.c_str(), &old, 0) == 0)) {
+        ::unlinkat(folder_.Number(), nameNow_.c_str(), 0);
     }
 }
 
@@ -261,7 +278,7 @@ void CatalogueReplacement::Write(std::span<const char> bytes)
         }
         bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
-    if (!syncToDisk(file_) || !file_.Close()) {
+    if (!syncToDisk(file_)) {
         failToWrite(path_);
     }
 }
@@ -276,22 +293,26 @@ CatalogueContent CatalogueReplacement::Replaced() const
         }
         return std::nullopt;
     }
-    std::optional<std::string> content = ReadToEnd([&](std::span<char> buffer) { return readFrom(old, buffer); });
-    if (!content) {
-        failToWrite(path_);
-    }
-    return content;
+    return ReadToEnd(readerOf(old, "escribir", path_));
 }
 
-// The new file is completely on the disk before it takes over the name, and the folder is flushed before the save
-// counts as done.
+// The new file is completely on the disk before it takes a name that says so, and has that name on the disk before the
+// old file is touched.
 void CatalogueReplacement::Commit()
 {
-    if (::renameat(folder_.Number(), newName_.c_str(), folder_.Number(), path_.filename().c_str()) != 0) {
+    const std::filesystem::path name = path_.filename();
+    takeName(CompleteNameOf(name));
+    takeName(name);
+}
+
+// With FAT, the place and the length of a file stand beside its name, and flushing the folder alone leaves them behind.
+void CatalogueReplacement::takeName(const std::filesystem::path& name)
+{
+    if (::renameat(folder_.Number(), nameNow_.c_str(), folder_.Number(), name.c_str()) != 0) {
         failToWrite(path_);
     }
-    committed_ = true;
-    if (!syncToDisk(folder_)) {
+    nameNow_ = name;
+    if (!syncToDisk(file_) || !syncToDisk(folder_)) {
         failToWrite(path_);
     }
 }

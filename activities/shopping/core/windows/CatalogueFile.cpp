@@ -1,6 +1,7 @@
 #include "activities/shopping/core/CatalogueFile.h"
 
 #include "activities/shopping/core/FileParts.h"
+#include "activities/shopping/core/windows/ErrorNumbers.h"
 
 #include <windows.h>
 
@@ -14,9 +15,16 @@ constexpr const wchar_t* lockMark = L".guardando"; // behind the name of a catal
 constexpr DWORD sharedWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD sharedWithNobody = 0;
 
-// Errors that the compiler's headers have no names for.
-constexpr DWORD noSuchDevice = 433;
-constexpr DWORD diskQuotaExceeded = 1295;
+std::string utf8Of(std::wstring_view text)
+{
+    const auto convert = [&](char* buffer, int room) {
+        const auto length = static_cast<int>(text.size());
+        return ::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, buffer, room, nullptr, nullptr);
+    };
+    std::string converted(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+    convert(converted.data(), static_cast<int>(converted.size()));
+    return converted;
+}
 
 // What the system says itself, in its language and without the end of its line.
 std::string systemsOwnWords(DWORD error)
@@ -27,29 +35,30 @@ std::string systemsOwnWords(DWORD error)
     while (length > 0 && (text[length - 1] == L'\n' || text[length - 1] == L'\r' || text[length - 1] == L'.')) {
         --length;
     }
-    return std::filesystem::path(std::wstring(text, length)).string();
+    return utf8Of({ text, length });
 }
+
+constexpr const char* diskIsGone = "el disco ya no está conectado";
 
 std::string reasonOf(DWORD error)
 {
     switch (error) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_DRIVE:
     case ERROR_DIRECTORY:
-        return "la carpeta no existe";
+        return Reason::NoFolder;
     case ERROR_ACCESS_DENIED:
     case ERROR_NETWORK_ACCESS_DENIED:
     case ERROR_PRIVILEGE_NOT_HELD:
-        return "no hay permiso";
+        return Reason::NoRight;
     case ERROR_WRITE_PROTECT:
-        return "el disco es de solo lectura";
+        return Reason::ReadOnlyDisk;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-    case diskQuotaExceeded:
-        return "el disco está lleno";
+    case DiskQuotaExceeded:
+        return Reason::DiskFull;
     case ERROR_FILE_TOO_LARGE:
-        return "el archivo sería demasiado grande";
+        return Reason::TooLarge;
     case ERROR_CRC:
     case ERROR_SECTOR_NOT_FOUND:
     case ERROR_READ_FAULT:
@@ -57,17 +66,18 @@ std::string reasonOf(DWORD error)
     case ERROR_IO_DEVICE:
     case ERROR_FILE_CORRUPT:
     case ERROR_DISK_CORRUPT:
-        return "el disco falla";
+        return Reason::DiskFails;
+    case ERROR_INVALID_DRIVE:
     case ERROR_NOT_READY:
     case ERROR_GEN_FAILURE: // what the drivers of many sticks say when the stick is pulled out
     case ERROR_DEV_NOT_EXIST:
     case ERROR_WRONG_DISK:
     case ERROR_FILE_INVALID:
     case ERROR_NO_MEDIA_IN_DRIVE:
-    case noSuchDevice:
+    case NoSuchDevice:
     case ERROR_DEVICE_NOT_CONNECTED:
     case ERROR_DEVICE_REMOVED:
-        return "el disco ya no está conectado";
+        return diskIsGone;
     case ERROR_BAD_NETPATH:
     case ERROR_BAD_NET_NAME:
     case ERROR_NETNAME_DELETED:
@@ -79,24 +89,34 @@ std::string reasonOf(DWORD error)
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_USER_MAPPED_FILE:
+    case ERROR_DELETE_PENDING:
         return "otro programa lo tiene abierto";
     case ERROR_FILENAME_EXCED_RANGE:
     case ERROR_BUFFER_OVERFLOW:
-        return "el nombre es demasiado largo";
+        return Reason::NameTooLong;
     case ERROR_INVALID_NAME:
         return "el nombre no es válido";
     default:
-        return "error " + std::to_string(error) + " del sistema (" + systemsOwnWords(error) + ")";
+        return Reason::Unknown(error, systemsOwnWords(error));
     }
 }
 
+bool isOnADriveThatIsGone(const std::filesystem::path& path)
+{
+    std::error_code unknown;
+    const std::wstring drive = std::filesystem::absolute(path, unknown).root_name().native();
+    return drive.ends_with(L':') && ::GetDriveTypeW((drive + L'\\').c_str()) == DRIVE_NO_ROOT_DIR;
+}
+
+// Of a name that is too long and of a drive that is gone, the system says no more than that it cannot find the file.
 [[noreturn]] void failTo(const char* action, const std::filesystem::path& path, DWORD error)
 {
-    // Of a name that is too long the system says no more than that it cannot find it.
     const bool isNotFound
         = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME;
-    const bool isTooLong = isNotFound && path.native().size() >= MAX_PATH;
-    FailAt(path, action, reasonOf(isTooLong ? ERROR_FILENAME_EXCED_RANGE : error));
+    if (isNotFound && path.native().size() >= MAX_PATH) {
+        FailAt(path, action, Reason::NameTooLong);
+    }
+    FailAt(path, action, isNotFound && isOnADriveThatIsGone(path) ? diskIsGone : reasonOf(error));
 }
 
 [[noreturn]] void failToWrite(const std::filesystem::path& path, DWORD error)
@@ -109,42 +129,51 @@ HANDLE handleOf(const Descriptor& file)
     return LongToHandle(file.Number());
 }
 
-// A virus scanner, a backup or another program may hold a file open for a moment. A right that is missing is reported
-// in the same way as a file that is about to be deleted or is to be replaced while it is open.
+// A virus scanner, a backup or another program may hold a file open for a moment. Windows reports ERROR_ACCESS_DENIED
+// both for a missing right and for a file that is being deleted, or is open while it is to be replaced.
 bool mayPass(DWORD error)
 {
     return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_USER_MAPPED_FILE
         || error == ERROR_ACCESS_DENIED || error == ERROR_DELETE_PENDING;
 }
 
-// Makes a call, and makes it again for as long as somebody may be holding the file, but no longer than this. The call
-// answers whether it has succeeded.
-template <typename Call>
-bool succeedsWithin(DWORD milliseconds, Call call)
-{
-    constexpr DWORD pause = 20;
-    for (DWORD waited = 0; !call(); waited += pause) {
-        if (waited >= milliseconds || !mayPass(::GetLastError())) {
-            return false;
-        }
-        ::Sleep(pause);
-    }
-    return true;
-}
-
 constexpr DWORD forOthers = 1000; // milliseconds until somebody who only looks at a file has let it go
 constexpr DWORD forOtherSaves = 2000; // many times what a save takes
 
-// Returns the number of the open file, or -1 when the system knows the error.
-int openWithin(DWORD milliseconds, const std::filesystem::path& path, DWORD access, DWORD shared, DWORD creation,
-    DWORD flags = FILE_ATTRIBUTE_NORMAL)
+// Makes a call, and makes it again for as long as somebody may be holding the file. The call answers whether it has
+// succeeded. Returns the error of the last try.
+template <typename Call>
+DWORD errorOf(Call call, DWORD longestOpen = forOthers)
+{
+    constexpr DWORD pause = 20;
+    const ULONGLONG start = ::GetTickCount64();
+    while (!call()) {
+        const DWORD error = ::GetLastError();
+        const DWORD longest = error == ERROR_SHARING_VIOLATION ? longestOpen : forOthers;
+        if (!mayPass(error) || ::GetTickCount64() - start >= longest) {
+            return error;
+        }
+        ::Sleep(pause);
+    }
+    return NO_ERROR;
+}
+
+// The number of an open file, or -1 and why it could not be opened.
+struct Opened {
+    int Number;
+    DWORD Error;
+};
+
+Opened open(const std::filesystem::path& path, DWORD access, DWORD shared, DWORD creation,
+    DWORD flags = FILE_ATTRIBUTE_NORMAL, DWORD longestOpen = forOthers)
 {
     HANDLE file = INVALID_HANDLE_VALUE;
-    succeedsWithin(milliseconds, [&] {
+    const auto isOpened = [&] {
         file = ::CreateFileW(path.c_str(), access, shared, nullptr, creation, flags, nullptr);
         return file != INVALID_HANDLE_VALUE;
-    });
-    return HandleToLong(file);
+    };
+    const DWORD error = errorOf(isOpened, longestOpen);
+    return { .Number = HandleToLong(file), .Error = error };
 }
 
 // Without this, the system would show a box of its own for a stick that has been pulled out.
@@ -163,9 +192,22 @@ int openToRead(const std::filesystem::path& path)
 {
     reportMissingDisksToUsAlone();
     if (isFolder(path)) {
-        FailAt(path, "leer", "es una carpeta");
+        FailAt(path, "leer", Reason::IsFolder);
     }
-    return openWithin(forOthers, path, GENERIC_READ, sharedWithAll, OPEN_ALWAYS);
+    const auto openOne = [](const std::filesystem::path& name, DWORD creation) {
+        return open(name, GENERIC_READ, sharedWithAll, creation);
+    };
+    Opened file = openOne(path, OPEN_EXISTING);
+    if (file.Error == ERROR_FILE_NOT_FOUND) {
+        file = openOne(CompleteNameOf(path), OPEN_EXISTING);
+    }
+    if (file.Error == ERROR_FILE_NOT_FOUND) {
+        file = openOne(path, OPEN_ALWAYS);
+    }
+    if (file.Error != NO_ERROR) {
+        failTo("leer", path, file.Error);
+    }
+    return file.Number;
 }
 
 // Windows cannot lock a folder. A file that only one process can have open stands for it; the system removes the file
@@ -174,84 +216,120 @@ int lockFolderOf(const std::filesystem::path& path)
 {
     reportMissingDisksToUsAlone();
     constexpr DWORD flags = FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE;
-    const int lock = openWithin(forOtherSaves, std::filesystem::path(path) += lockMark, GENERIC_WRITE | DELETE,
-        sharedWithNobody, OPEN_ALWAYS, flags);
-    if (lock < 0) {
-        const DWORD error = ::GetLastError();
-        if (error == ERROR_SHARING_VIOLATION) {
-            FailAt(path, "escribir", "otro programa lo está guardando");
-        }
-        failToWrite(path, error);
+    const Opened lock = open(std::filesystem::path(path) += lockMark, GENERIC_WRITE | DELETE, sharedWithNobody,
+        OPEN_ALWAYS, flags, forOtherSaves);
+    if (lock.Error == ERROR_SHARING_VIOLATION) {
+        FailAt(path, "escribir", Reason::BeingSaved);
     }
-    return lock;
+    if (lock.Error != NO_ERROR) {
+        failToWrite(path, lock.Error);
+    }
+    return lock.Number;
 }
 
-// A new file takes the place of the old one whatever the rights to that are, so they are looked at first.
-void seeThatItMayBeWritten(const std::filesystem::path& path)
+// Gives a file another name, over one that has it, and comes back when this is on the disk.
+DWORD errorOfRenaming(const std::filesystem::path& from, const std::filesystem::path& to)
 {
-    const DWORD attributes = ::GetFileAttributesW(path.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) {
-        if (::GetLastError() != ERROR_FILE_NOT_FOUND) {
-            failToWrite(path, ::GetLastError());
-        }
-        return;
+    constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return errorOf([&] { return ::MoveFileExW(from.c_str(), to.c_str(), how) != 0; });
+}
+
+bool isThere(const std::filesystem::path& path)
+{
+    return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// Ends what a stopped save had begun when the old file was gone already.
+void putTheCompleteFileInPlace(const std::filesystem::path& path)
+{
+    const DWORD error = errorOfRenaming(CompleteNameOf(path), path);
+    if (error != NO_ERROR && error != ERROR_FILE_NOT_FOUND) {
+        failToWrite(path, error);
+    }
+}
+
+// A new file takes the place of the old one whatever the rights to that are, so they are looked at first. Returns the
+// attributes that it is to have.
+DWORD seeThatItMayBeWritten(const std::filesystem::path& path)
+{
+    DWORD attributes = INVALID_FILE_ATTRIBUTES;
+    const auto isSeen = [&] {
+        attributes = ::GetFileAttributesW(path.c_str());
+        return attributes != INVALID_FILE_ATTRIBUTES;
+    };
+    const DWORD error = errorOf(isSeen);
+    if (error == ERROR_FILE_NOT_FOUND) {
+        putTheCompleteFileInPlace(path);
+        return FILE_ATTRIBUTE_NORMAL;
+    }
+    if (error != NO_ERROR) {
+        failToWrite(path, error);
     }
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-        FailAt(path, "escribir", "es una carpeta");
+        FailAt(path, "escribir", Reason::IsFolder);
     }
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-        FailAt(path, "escribir", "el archivo es de solo lectura");
+        FailAt(path, "escribir", Reason::ReadOnlyFile);
     }
-    if (!Descriptor(openWithin(forOthers, path, GENERIC_WRITE, sharedWithAll, OPEN_EXISTING)).IsOpen()) {
-        failToWrite(path, ::GetLastError());
+    const Opened file = open(path, GENERIC_WRITE, sharedWithAll, OPEN_EXISTING);
+    const Descriptor closed(file.Number);
+    if (file.Error != NO_ERROR) {
+        failToWrite(path, file.Error);
     }
+    constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    return (attributes & kept) != 0 ? attributes & kept : FILE_ATTRIBUTE_NORMAL;
 }
 
 // Makes the new file, which belongs to whom saves and has the rights that the folder gives.
 int openNewFile(const std::filesystem::path& path, const std::filesystem::path& newName)
 {
-    seeThatItMayBeWritten(path);
-    // Whoever saves has the lock, so what other saves have left is nobody's. What cannot be removed does no harm.
-    ForEachNewFile(path, [](const std::filesystem::path& file, const std::string&) { ::DeleteFileW(file.c_str()); });
-    const int file = openWithin(forOthers, newName, GENERIC_WRITE, sharedWithNobody, CREATE_ALWAYS);
-    if (file < 0) {
-        failToWrite(path, ::GetLastError());
+    const DWORD attributes = seeThatItMayBeWritten(path);
+    RemoveLeftovers(path, newName);
+    const Opened file = open(newName, GENERIC_WRITE, sharedWithNobody, CREATE_ALWAYS, attributes);
+    if (file.Error != NO_ERROR) {
+        failToWrite(path, file.Error);
     }
-    return file;
+    return file.Number;
 }
 
-// Reads a part of the file into the buffer. Returns the number of bytes, or -1.
-long long readFrom(const Descriptor& file, std::span<char> buffer)
+// What reads a part of the file and can say that this is a part of the action.
+auto readerOf(const Descriptor& file, const char* action, const std::filesystem::path& path)
 {
-    DWORD count = 0;
-    const auto wanted = static_cast<DWORD>(buffer.size());
-    return ::ReadFile(handleOf(file), buffer.data(), wanted, &count, nullptr) != 0 ? static_cast<long long>(count) : -1;
+    return [&file, action, &path](std::span<char> buffer) {
+        DWORD count = 0;
+        const auto wanted = static_cast<DWORD>(buffer.size());
+        const DWORD error
+            = errorOf([&] { return ::ReadFile(handleOf(file), buffer.data(), wanted, &count, nullptr) != 0; });
+        if (error != NO_ERROR) {
+            failTo(action, path, error);
+        }
+        return static_cast<std::size_t>(count);
+    };
 }
 
-// Why a file could not be replaced. The system refuses a file that somebody has open as it does one without rights.
-DWORD errorOfReplacing(const std::filesystem::path& path)
+// Whether somebody has the file open, which the system refuses to replace then as if a right were missing.
+bool isHeldOpen(const std::filesystem::path& path)
 {
+    const HANDLE file
+        = ::CreateFileW(path.c_str(), DELETE, sharedWithNobody, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     const DWORD error = ::GetLastError();
-    if (error != ERROR_ACCESS_DENIED
-        || Descriptor(openWithin(0, path, DELETE, sharedWithNobody, OPEN_EXISTING)).IsOpen()) {
-        return error;
-    }
-    return ::GetLastError() == ERROR_SHARING_VIOLATION ? ERROR_SHARING_VIOLATION : error;
+    const bool isOpened = Descriptor(HandleToLong(file)).IsOpen();
+    return !isOpened && error == ERROR_SHARING_VIOLATION;
 }
 
 } // namespace
 
-Descriptor::~Descriptor()
+std::string TextOf(const std::filesystem::path& path)
 {
-    Close();
+    return utf8Of(path.native());
 }
 
-bool Descriptor::Close()
+void Descriptor::Close()
 {
-    const HANDLE handle = handleOf(*this);
-    const bool wasOpen = IsOpen();
-    number_ = -1;
-    return !wasOpen || ::CloseHandle(handle) != 0;
+    if (IsOpen()) {
+        ::CloseHandle(handleOf(*this)); // what was written has been flushed before
+        number_ = -1;
+    }
 }
 
 CatalogueReader::CatalogueReader(const std::filesystem::path& path)
@@ -259,11 +337,12 @@ CatalogueReader::CatalogueReader(const std::filesystem::path& path)
     , file_(openToRead(path))
 {
     LARGE_INTEGER size {};
-    if (!file_.IsOpen()) {
+    const DWORD type = ::GetFileType(handleOf(file_));
+    if (type == FILE_TYPE_UNKNOWN && ::GetLastError() != NO_ERROR) {
         failTo("leer", path_, ::GetLastError());
     }
-    if (::GetFileType(handleOf(file_)) != FILE_TYPE_DISK) {
-        FailAt(path_, "leer", "no es un archivo de datos");
+    if (type != FILE_TYPE_DISK) {
+        FailAt(path_, "leer", Reason::NoDataFile);
     }
     if (::GetFileSizeEx(handleOf(file_), &size) == 0) {
         failTo("leer", path_, ::GetLastError());
@@ -273,27 +352,23 @@ CatalogueReader::CatalogueReader(const std::filesystem::path& path)
 
 std::size_t CatalogueReader::Read(std::span<char> buffer)
 {
-    const std::optional<std::size_t> filled
-        = Fill(buffer, [this](std::span<char> rest) { return readFrom(file_, rest); });
-    if (!filled) {
-        failTo("leer", path_, ::GetLastError());
-    }
-    return *filled;
+    return Fill(buffer, readerOf(file_, "leer", path_));
 }
 
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
     : path_(path)
-    , newName_((std::filesystem::path(path_) += NewNameMark) += std::to_string(::GetCurrentProcessId()))
+    , nameNow_((std::filesystem::path(path_) += NewNameMark) += std::to_string(::GetCurrentProcessId()))
     , folder_(lockFolderOf(path_))
-    , file_(openNewFile(path_, newName_))
+    , file_(openNewFile(path_, nameNow_))
 {
 }
 
 CatalogueReplacement::~CatalogueReplacement()
 {
     file_.Close();
-    if (!committed_) {
-        ::DeleteFileW(newName_.c_str());
+    // A complete file is all that there is when the old one went and the new one could not take its name.
+    if (nameNow_ != path_ && (nameNow_ != CompleteNameOf(path_) || isThere(path_))) {
+        errorOf([this] { return ::DeleteFileW(nameNow_.c_str()) != 0; });
     }
 }
 
@@ -306,36 +381,40 @@ void CatalogueReplacement::Write(std::span<const char> bytes)
         }
         bytes = bytes.subspan(count);
     }
-    if (::FlushFileBuffers(handleOf(file_)) == 0 || !file_.Close()) {
+    if (::FlushFileBuffers(handleOf(file_)) == 0) {
         failToWrite(path_, ::GetLastError());
     }
+    file_.Close();
 }
 
 CatalogueContent CatalogueReplacement::Replaced() const
 {
-    const Descriptor old(openWithin(forOthers, path_, GENERIC_READ, sharedWithAll, OPEN_EXISTING));
-    if (!old.IsOpen()) {
-        if (::GetLastError() != ERROR_FILE_NOT_FOUND) {
-            failToWrite(path_, ::GetLastError());
-        }
+    const Opened opened = open(path_, GENERIC_READ, sharedWithAll, OPEN_EXISTING);
+    const Descriptor old(opened.Number);
+    if (opened.Error == ERROR_FILE_NOT_FOUND) {
         return std::nullopt;
     }
-    std::optional<std::string> content = ReadToEnd([&](std::span<char> buffer) { return readFrom(old, buffer); });
-    if (!content) {
-        failToWrite(path_, ::GetLastError());
+    if (opened.Error != NO_ERROR) {
+        failToWrite(path_, opened.Error);
     }
-    return content;
+    return ReadToEnd(readerOf(old, "escribir", path_));
 }
 
-// The new file is completely on the disk before it takes over the name. The call comes back when that, too, is on the
-// disk.
+// The new file is completely on the disk before it takes a name that says so, and has that name on the disk before the
+// old file is touched.
 void CatalogueReplacement::Commit()
 {
-    constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    committed_ = succeedsWithin(forOthers, [&] { return ::MoveFileExW(newName_.c_str(), path_.c_str(), how) != 0; });
-    if (!committed_) {
-        failToWrite(path_, errorOfReplacing(path_));
+    takeName(CompleteNameOf(path_));
+    takeName(path_);
+}
+
+void CatalogueReplacement::takeName(const std::filesystem::path& name)
+{
+    const DWORD error = errorOfRenaming(nameNow_, name);
+    if (error != NO_ERROR) {
+        failToWrite(path_, error == ERROR_ACCESS_DENIED && isHeldOpen(name) ? ERROR_SHARING_VIOLATION : error);
     }
+    nameNow_ = name;
 }
 
 } // namespace numbrela

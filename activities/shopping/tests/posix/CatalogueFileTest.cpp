@@ -82,22 +82,21 @@ TEST_F(CatalogueFileTest, WritesThroughALinkThatHasTheNameOfTheFile)
     SaveCatalogue(path_, { ProductOf("a", "x") });
     EXPECT_TRUE(std::filesystem::is_symlink(path_));
     EXPECT_EQ(LoadCatalogue(target), (ProductTable { ProductOf("a", "x") }));
+
+    std::filesystem::rename(target, target.string() + ".completo");
+    EXPECT_EQ(LoadCatalogue(path_), (ProductTable { ProductOf("a", "x") }));
+    SaveCatalogue(path_, { ProductOf("b", "y") });
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+    EXPECT_EQ(LoadCatalogue(target), (ProductTable { ProductOf("b", "y") }));
     EXPECT_EQ(folder_.Names(), (std::vector<std::string> { "elsewhere", "productos.dat" }));
 }
 
-TEST_F(CatalogueFileTest, RemovesWhatStoppedSavesHaveLeftAndNothingElse)
+TEST_F(CatalogueFileTest, WritesWhereAStoppedSaveOfAProcessWithTheSameNumberHasLeftItsFile)
 {
-    const std::string ofThisProcess = "productos.dat.nuevo-" + std::to_string(::getpid());
-    for (const std::string name : { "productos.dat.nuevo-4194304", // above the highest of a process
-             "productos.dat.nuevo-", "productos.dat.nuevo-1x", "productos.dat.copia", "otros.dat.nuevo-4194304",
-             "productos.dat.nuevo-1", ofThisProcess.c_str() }) {
-        WriteBytes(folder_ / name.c_str(), "half");
-    }
-    SaveCatalogue(path_, ProductTable(1));
-    EXPECT_EQ(folder_.Names(),
-        (std::vector<std::string> {
-            "otros.dat.nuevo-4194304", "productos.dat", "productos.dat.copia", "productos.dat.nuevo-1" }))
-        << "the first process is still running";
+    WriteBytes(path_.string() + ".nuevo-" + std::to_string(::getpid()), "half");
+    SaveCatalogue(path_, { ProductOf("a", "x") });
+    EXPECT_EQ(LoadCatalogue(path_), (ProductTable { ProductOf("a", "x") }));
+    EXPECT_EQ(folder_.Names(), std::vector<std::string> { "productos.dat" });
 }
 
 } // namespace

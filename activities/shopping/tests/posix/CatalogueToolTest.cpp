@@ -29,6 +29,9 @@ TEST(CatalogueTool, MakesTheCatalogueAndItsFolderAndLeavesACatalogueThatIsThere)
     WriteBytes(catalogue, "mine");
     EXPECT_EQ(runTool(SHOPPING_CATALOGUE_SOURCE, catalogue), 0);
     EXPECT_EQ(ReadBytes(catalogue), "mine");
+    std::filesystem::rename(catalogue, catalogue.string() + ".completo"); // as a save that was stopped may leave it
+    EXPECT_EQ(runTool(SHOPPING_CATALOGUE_SOURCE, catalogue), 0);
+    EXPECT_EQ(ReadBytes(catalogue), "mine");
 }
 
 TEST(CatalogueTool, FailsForWantOfACatalogueToMakeAndForATextThatIsNoneAndMakesNone)

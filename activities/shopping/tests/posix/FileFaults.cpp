@@ -69,7 +69,7 @@ ssize_t __wrap_read(int file, void* bytes, size_t count)
 
 ssize_t __wrap_write(int file, const void* bytes, size_t count)
 {
-    if (IsKilledHalfway()) {
+    if (StopsHalfway()) {
         __real_write(file, bytes, count / 2);
     }
     return passBytes("write", count, [=](size_t allowed) { return __real_write(file, bytes, allowed); });
@@ -94,6 +94,9 @@ int __wrap_close(int file)
 
 int __wrap_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName)
 {
+    if (StopsHalfway()) {
+        ::unlinkat(newFolder, newName, 0);
+    }
     return PassCall("renameat", -1, [=] { return __real_renameat(oldFolder, oldName, newFolder, newName); });
 }
 

@@ -10,12 +10,15 @@
 extern "C" {
 extern decltype(&CreateFileW) __real___imp_CreateFileW;
 extern decltype(&GetFileAttributesW) __real___imp_GetFileAttributesW;
+extern decltype(&GetFileType) __real___imp_GetFileType;
+extern decltype(&GetFileSizeEx) __real___imp_GetFileSizeEx;
 extern decltype(&ReadFile) __real___imp_ReadFile;
 extern decltype(&WriteFile) __real___imp_WriteFile;
 extern decltype(&FlushFileBuffers) __real___imp_FlushFileBuffers;
 extern decltype(&CloseHandle) __real___imp_CloseHandle;
 extern decltype(&DeleteFileW) __real___imp_DeleteFileW;
 extern decltype(&MoveFileExW) __real___imp_MoveFileExW;
+extern decltype(&GetTickCount64) __real___imp_GetTickCount64;
 extern decltype(&Sleep) __real___imp_Sleep;
 }
 
@@ -51,6 +54,17 @@ DWORD WINAPI getFileAttributes(LPCWSTR name)
         "GetFileAttributesW", INVALID_FILE_ATTRIBUTES, [=] { return __real___imp_GetFileAttributesW(name); });
 }
 
+DWORD WINAPI getFileType(HANDLE file)
+{
+    return PassCall(
+        "GetFileType", static_cast<DWORD>(FILE_TYPE_UNKNOWN), [=] { return __real___imp_GetFileType(file); });
+}
+
+BOOL WINAPI getFileSize(HANDLE file, PLARGE_INTEGER size)
+{
+    return PassCall("GetFileSizeEx", FALSE, [=] { return __real___imp_GetFileSizeEx(file, size); });
+}
+
 BOOL WINAPI readFile(HANDLE file, LPVOID bytes, DWORD count, LPDWORD done, LPOVERLAPPED overlapped)
 {
     return PassCall(
@@ -59,7 +73,7 @@ BOOL WINAPI readFile(HANDLE file, LPVOID bytes, DWORD count, LPDWORD done, LPOVE
 
 BOOL WINAPI writeFile(HANDLE file, LPCVOID bytes, DWORD count, LPDWORD done, LPOVERLAPPED overlapped)
 {
-    if (IsKilledHalfway()) {
+    if (StopsHalfway()) {
         __real___imp_WriteFile(file, bytes, count / 2, done, overlapped);
     }
     return PassCall(
@@ -90,13 +104,25 @@ BOOL WINAPI deleteFile(LPCWSTR name)
 
 BOOL WINAPI moveFile(LPCWSTR from, LPCWSTR to, DWORD how)
 {
+    if (StopsHalfway()) {
+        __real___imp_DeleteFileW(to);
+    }
     return PassCall("MoveFileExW", FALSE, [=] { return __real___imp_MoveFileExW(from, to, how); });
 }
 
-// Waiting takes no time while calls are counted.
-void WINAPI sleepNot(DWORD milliseconds)
+constexpr int oversleeping = 11; // milliseconds
+
+ULONGLONG WINAPI getTickCount()
 {
-    if (!IsArmed()) {
+    return IsArmed() ? static_cast<ULONGLONG>(TimePassed()) : __real___imp_GetTickCount64();
+}
+
+// Windows wakes nobody up between two ticks of its clock.
+void WINAPI sleepByTicks(DWORD milliseconds)
+{
+    if (IsArmed()) {
+        PassTime(static_cast<int>(milliseconds) + oversleeping);
+    } else {
         __real___imp_Sleep(milliseconds);
     }
 }
@@ -108,12 +134,15 @@ void WINAPI sleepNot(DWORD milliseconds)
 extern "C" {
 decltype(&CreateFileW) __wrap___imp_CreateFileW = &numbrela::testing::createFile;
 decltype(&GetFileAttributesW) __wrap___imp_GetFileAttributesW = &numbrela::testing::getFileAttributes;
+decltype(&GetFileType) __wrap___imp_GetFileType = &numbrela::testing::getFileType;
+decltype(&GetFileSizeEx) __wrap___imp_GetFileSizeEx = &numbrela::testing::getFileSize;
 decltype(&ReadFile) __wrap___imp_ReadFile = &numbrela::testing::readFile;
 decltype(&WriteFile) __wrap___imp_WriteFile = &numbrela::testing::writeFile;
 decltype(&FlushFileBuffers) __wrap___imp_FlushFileBuffers = &numbrela::testing::flushFileBuffers;
 decltype(&CloseHandle) __wrap___imp_CloseHandle = &numbrela::testing::closeHandle;
 decltype(&DeleteFileW) __wrap___imp_DeleteFileW = &numbrela::testing::deleteFile;
 decltype(&MoveFileExW) __wrap___imp_MoveFileExW = &numbrela::testing::moveFile;
-decltype(&Sleep) __wrap___imp_Sleep = &numbrela::testing::sleepNot;
+decltype(&GetTickCount64) __wrap___imp_GetTickCount64 = &numbrela::testing::getTickCount;
+decltype(&Sleep) __wrap___imp_Sleep = &numbrela::testing::sleepByTicks;
 }
 // NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
