@@ -181,15 +181,24 @@ TEST_F(WindowsCatalogueFaultTest, NamesAFileWhoseNameIsNoText)
         unreadable(folder_.Path() / u8"missing \uFFFD" / "productos.dat", "la carpeta no existe"));
 }
 
-// A file that somebody really holds: without sharing it for writing or for removal, as many programs do.
+// A file that somebody really holds: without sharing it for writing or for removal, as many programs do. Windows
+// refuses to replace it then as if a right were missing.
 TEST_F(WindowsCatalogueFaultTest, SaysThatAnotherProgramHasTheFileOpenAndKeepsIt)
 {
     putOldFile();
-    for (const DWORD shared : { 0UL, static_cast<unsigned long>(FILE_SHARE_READ) }) {
+    ArmFault({ -1, FaultKind::Fail });
+    SaveCatalogue(path_, OldTable());
+    const std::vector<std::string> calls = DisarmFault();
+    const auto last = std::find(calls.rbegin(), calls.rend(), RenamingCall);
+    const int replacing = static_cast<int>(calls.rend() - last) - 1;
+    constexpr DWORD sharedToRead = FILE_SHARE_READ;
+    constexpr DWORD sharedToWrite = FILE_SHARE_READ | FILE_SHARE_WRITE;
+    for (const DWORD shared : { DWORD(0), sharedToRead, sharedToWrite }) {
         const HANDLE held = ::CreateFileW(
             path_.c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         ASSERT_NE(held, INVALID_HANDLE_VALUE);
-        ArmFault({ -1, FaultKind::Fail });
+        ArmFault(shared == sharedToWrite ? Fault { replacing, FaultKind::KeepFailing, ERROR_ACCESS_DENIED }
+                                         : Fault { -1, FaultKind::Fail });
         EXPECT_EQ(FailureOf([&] { SaveCatalogue(path_, NewTable()); }), unwritable("otro programa lo tiene abierto"));
         DisarmFault();
         ::CloseHandle(held);
