@@ -24,17 +24,19 @@ foreach(size 16 22 24 32 48 64 128 256 512)
 endforeach()
 install(FILES "${PROJECT_SOURCE_DIR}/packaging/numbrela.svg" DESTINATION "${icons}/scalable/apps")
 
-install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION "${documents}")
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CONTRIBUTING.md" "${PROJECT_SOURCE_DIR}/LICENSE"
+  DESTINATION "${documents}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${documents}" PATTERN "manual" EXCLUDE)
 include("${PROJECT_SOURCE_DIR}/packaging/Manual.cmake")
 install(DIRECTORY "${manualPages}" DESTINATION "${documents}")
 
 # The catalogue as it is at first, for whoever wants it back.
+set(firstProducts "${PROJECT_SOURCE_DIR}/activities/shopping/catalogue/productos.txt")
 set(firstCatalogue "${CMAKE_CURRENT_BINARY_DIR}/productos.dat")
 add_custom_command(OUTPUT "${firstCatalogue}"
   COMMAND "${CMAKE_COMMAND}" -E rm -f "${firstCatalogue}" # the tool leaves a catalogue that is there as it is
-  COMMAND "${NUMBRELA_CATALOGUE_MAKER}" "${PROJECT_SOURCE_DIR}/activities/shopping/catalogue/productos.txt" "${firstCatalogue}"
-  DEPENDS "${PROJECT_SOURCE_DIR}/activities/shopping/catalogue/productos.txt" numbrela_make_catalogue
+  COMMAND "${NUMBRELA_CATALOGUE_MAKER}" "${firstProducts}" "${firstCatalogue}"
+  DEPENDS "${firstProducts}" numbrela_make_catalogue
   COMMENT "Making the catalogue of a new installation" VERBATIM)
 add_custom_target(numbrela_first_catalogue ALL DEPENDS "${firstCatalogue}")
 install(FILES "${firstCatalogue}" DESTINATION "${CMAKE_INSTALL_DATADIR}/numbrela")

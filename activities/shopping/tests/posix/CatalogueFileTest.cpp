@@ -25,19 +25,33 @@ mode_t permissionsOf(const std::filesystem::path& path)
     return status.st_mode & 07777;
 }
 
+// New files do not get these rights for as long as this lives, however that ends.
+class Umask {
+public:
+    explicit Umask(mode_t mask)
+        : before_(::umask(mask))
+    {
+    }
+    ~Umask() { ::umask(before_); }
+    Umask(const Umask&) = delete;
+    Umask& operator=(const Umask&) = delete;
+
+private:
+    const mode_t before_;
+};
+
 class CatalogueFileTest : public ::testing::Test {
 protected:
     // Makes the catalogue by a save and, when it is gone, by reading it, with this umask.
     void ExpectNewFilesToHave(mode_t permissions, mode_t mask) const
     {
         std::filesystem::remove(path_);
-        const mode_t before = ::umask(mask);
+        const Umask umask(mask);
         SaveCatalogue(path_, ProductTable(1));
         EXPECT_EQ(permissionsOf(path_), permissions);
         std::filesystem::remove(path_);
         LoadCatalogue(path_);
         EXPECT_EQ(permissionsOf(path_), permissions);
-        ::umask(before);
     }
 
     TemporaryFolder folder_;
