@@ -15,7 +15,7 @@ namespace {
 QIcon icon()
 {
     QIcon icon;
-    for (const int size : { 16, 24, 32, 48, 64, 128 }) {
+    for (const int size : { WINDOW_ICON_SIZES }) {
         icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), QSize(size, size));
     }
     return icon;
