@@ -89,6 +89,13 @@ Keypad::Keypad(KeypadKeys keys, QWidget* parent)
     }
 }
 
+void Keypad::LetGo()
+{
+    for (const Placed& each : keys_) {
+        each.Key->LetGo();
+    }
+}
+
 int Keypad::KeySizeIn(int windowHeight)
 {
     constexpr int leastPixels = 48;
@@ -161,12 +168,16 @@ void Keypad::erase()
     }
 }
 
-// Where a platform's own keys arrive, so that everything that looks at keys on their way sees these, too.
+// Where a platform's own keys arrive, so that everything that looks at keys on their way sees these, too. A disabled
+// keypad only lets go of the keys that are held: its window is blocked, and passes nothing on to the control.
 void Keypad::send(QEvent::Type type, const KeyDesign& design, bool repeated) const
 {
     if (QWindow* window = this->window()->windowHandle()) {
         QKeyEvent event(type, design.Code, Qt::NoModifier, design.Text, repeated);
         QCoreApplication::sendEvent(window, &event);
+        if (QWidget* control = this->window()->focusWidget(); control != nullptr && !isEnabled()) {
+            QCoreApplication::sendEvent(control, &event);
+        }
     }
 }
 

@@ -24,6 +24,9 @@ class Keypad : public QFrame {
 public:
     Keypad(KeypadKeys keys, QWidget* parent);
 
+    // Lets every key that is held come up.
+    void LetGo();
+
     // The size of a key, in pixels, that a finger meets in a window of this height.
     static int KeySizeIn(int windowHeight);
 

@@ -1,9 +1,12 @@
 #include "common/screen/KeypadKey.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTimerEvent>
+#include <QTouchEvent>
+
+#include <algorithm>
 
 namespace numbrela {
 
@@ -91,22 +94,43 @@ bool KeypadKey::event(QEvent* event)
         setDown(true);
         goDown();
         return true;
-    case QEvent::TouchUpdate:
+    case QEvent::TouchUpdate: {
+        const auto& points = static_cast<QTouchEvent*>(event)->points();
+        if (std::none_of(points.begin(), points.end(),
+                [this](const QEventPoint& point) { return rect().contains(point.position().toPoint()); })) {
+            LetGo();
+        }
         return true;
+    }
     case QEvent::TouchEnd:
     case QEvent::TouchCancel:
-        setDown(false);
-        comeUp();
+        LetGo();
         return true;
     default:
         return QPushButton::event(event);
     }
 }
 
+// A button would go down again when the mouse comes back.
+void KeypadKey::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!hitButton(event->pos())) {
+        LetGo();
+    }
+    event->accept();
+}
+
+void KeypadKey::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+        LetGo();
+    }
+    QPushButton::changeEvent(event);
+}
+
 void KeypadKey::hideEvent(QHideEvent* event)
 {
-    setDown(false);
-    comeUp();
+    LetGo();
     QPushButton::hideEvent(event);
 }
 
@@ -136,6 +160,12 @@ void KeypadKey::comeUp()
         held_ = false;
         OnUp();
     }
+}
+
+void KeypadKey::LetGo()
+{
+    setDown(false);
+    comeUp();
 }
 
 void KeypadKey::paintEvent(QPaintEvent* /*event*/)

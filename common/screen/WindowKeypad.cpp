@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -126,6 +127,12 @@ void WindowKeypad::WindowHas(QEvent::Type event)
     case QEvent::WindowActivate:
         update();
         break;
+    case QEvent::WindowBlocked:
+    case QEvent::WindowUnblocked:
+        if (keypad_ != nullptr) {
+            keypad_->setEnabled(event == QEvent::WindowUnblocked);
+        }
+        break;
     default:
         break;
     }
@@ -138,6 +145,9 @@ void WindowKeypad::ServeBox(QInputDialog& box)
 
 bool WindowKeypad::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::FocusAboutToChange && watched == window_.windowHandle() && keypad_ != nullptr) {
+        keypad_->LetGo(); // no release arrives once another window has the focus
+    }
     if (isTouch(*event) && watched->isWidgetType()) {
         const auto& control = static_cast<QWidget&>(*watched);
         if (control.window() == &window_ && takesTyping(control)) {

@@ -93,6 +93,13 @@ public:
     int Clicks = 0;
 };
 
+// With the mouse, whose button stays down.
+void pressAndHold(const QWidget& control)
+{
+    QTest::mousePress(
+        control.window()->windowHandle(), Qt::LeftButton, {}, control.mapTo(control.window(), control.rect().center()));
+}
+
 QRect onScreen(const QWidget& control)
 {
     return { control.mapToGlobal(QPoint()), control.size() };
@@ -327,6 +334,62 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenTheKeypadGoesIsReleased)
     form_.Repeats = 0;
     Press(Qt::Key_5); // of the keyboard, which is no repetition
     EXPECT_EQ(form_.Repeats, 0);
+}
+
+// A box or another program may come while a finger still lies on the key.
+TEST_F(KeypadTest, AKeyThatIsHeldWhenAnInputBoxOpensIsReleasedThen)
+{
+    showPad();
+    pressAndHold(form_.KeyNamed(QStringLiteral("5")));
+    ExpectDialog([this](QDialog& box) {
+        EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+        EXPECT_EQ(form_.Answer->CaretPosition(), 0);
+        QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton);
+        box.reject();
+    });
+    AskText(&form_, "Introduzca el nuevo valor:", "Sumas");
+    EXPECT_FALSE(form_.KeyNamed(QStringLiteral("5")).isDown());
+    EXPECT_EQ(form_.Released.size(), 1U);
+    form_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+    form_.PressKeys({ QStringLiteral("5") });
+    EXPECT_EQ(form_.Repeats, 0);
+    EXPECT_EQ(form_.Answer->Text(), "55");
+}
+
+TEST_F(KeypadTest, AKeyThatIsHeldWhenAnotherWindowTakesTheFocusIsReleasedThen)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    Exercise other;
+    ShowAndActivate(other);
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+    EXPECT_EQ(form_.Answer->CaretPosition(), 0);
+    FingerUp(form_.KeyNamed(QStringLiteral("5")));
+    EXPECT_EQ(form_.Released.size(), 1U);
+}
+
+TEST_F(KeypadTest, AMouseOrAFingerThatSlidesOffAKeyLetsItComeUpForGood)
+{
+    showPad();
+    const QAbstractButton& five = form_.KeyNamed(QStringLiteral("5"));
+    const QPoint off(-200, five.height() / 2);
+    pressAndHold(five);
+    for (const QPoint to : { off, five.rect().center() }) {
+        const QPointF at = five.mapTo(&form_, to);
+        QMouseEvent move(QEvent::MouseMove, at, at, form_.mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(form_.windowHandle(), &move);
+        EXPECT_FALSE(five.isDown());
+    }
+    QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, five.mapTo(&form_, five.rect().center()));
+    EXPECT_EQ(form_.Pressed.size(), 1U);
+
+    FingerDown(five);
+    MoveFinger(five, off);
+    EXPECT_FALSE(five.isDown());
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5', '5' }));
+    FingerUp(five);
+    EXPECT_EQ(form_.Released.size(), 2U);
 }
 
 // What was typed last is behind the caret in an answer that is written from the right, and before it in any other.
