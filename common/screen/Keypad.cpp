@@ -1,10 +1,10 @@
 #include "common/screen/Keypad.h"
 
 #include "common/screen/KeypadKey.h"
+#include "common/screen/TextBox.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindow>
@@ -157,11 +157,12 @@ void Keypad::add(const KeyDesign& design)
 // Backspace finds nothing to erase there, so Delete does it.
 void Keypad::erase()
 {
-    const auto* box = qobject_cast<const QLineEdit*>(window()->focusWidget());
+    const auto* box = qobject_cast<const TextBox*>(window()->focusWidget());
     const QString before = box != nullptr ? box->text() : QString();
     erasingBy_ = &backspace;
     send(QEvent::KeyPress, backspace);
-    if (box != nullptr && box == window()->focusWidget() && box->text() == before && box->cursorPosition() == 0) {
+    if (box != nullptr && box == window()->focusWidget() && box->IsWrittenFromTheRight() && box->text() == before
+        && box->CaretPosition() == 0) {
         send(QEvent::KeyRelease, backspace);
         erasingBy_ = &forwardDelete;
         send(QEvent::KeyPress, forwardDelete);

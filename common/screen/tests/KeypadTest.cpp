@@ -396,6 +396,11 @@ TEST_F(KeypadTest, AMouseOrAFingerThatSlidesOffAKeyLetsItComeUpForGood)
 TEST_F(KeypadTest, TheEraserTakesAwayWhatWasTypedLast)
 {
     showPad();
+    form_.Answer->SetText("34");
+    form_.Answer->SetCaretPosition(0); // in front of what was not written from the right
+    form_.PressKeys({ QStringLiteral("Borrar cifra") });
+    EXPECT_EQ(form_.Answer->Text(), "34");
+    form_.Answer->SetText("");
     form_.PressKeys({ QStringLiteral("5"), QStringLiteral("7"), QStringLiteral("Borrar cifra") });
     EXPECT_EQ(form_.Answer->Text(), "5");
     form_.PressKeys({ QStringLiteral("Borrar cifra"), QStringLiteral("Borrar cifra") });
