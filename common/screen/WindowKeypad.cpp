@@ -47,10 +47,9 @@ bool isTouch(const QEvent& event)
 // The keypad of an input box, which has room for it in its layout.
 class BoxKeypad : public QObject {
 public:
-    BoxKeypad(QInputDialog& box, KeypadKeys keys, int keySize, bool& chosen)
+    BoxKeypad(QInputDialog& box, int keySize, bool& chosen)
         : QObject(&box)
         , box_(box)
-        , keys_(keys)
         , keySize_(keySize)
         , chosen_(chosen)
     {
@@ -76,14 +75,13 @@ private:
     {
         static_cast<void>(box_.sizeHint()); // a box makes its layout when somebody asks for its size
         auto& layout = dynamic_cast<QBoxLayout&>(*box_.layout());
-        keypad_ = new Keypad(keys_, &box_);
+        keypad_ = new Keypad({}, &box_);
         keypad_->SetKeySize(keySize_);
         layout.insertWidget(layout.count() - 1, keypad_, 0, Qt::AlignHCenter); // above the buttons
         keypad_->show();
     }
 
     QInputDialog& box_;
-    const KeypadKeys keys_;
     const int keySize_;
     bool& chosen_;
     Keypad* keypad_ = nullptr;
@@ -140,7 +138,7 @@ void WindowKeypad::WindowHas(QEvent::Type event)
 
 void WindowKeypad::ServeBox(QInputDialog& box)
 {
-    new BoxKeypad(box, { .Blank = keys_.Blank }, Keypad::KeySizeIn(window_.height()), window_.Choices().KeypadShown);
+    new BoxKeypad(box, Keypad::KeySizeIn(window_.height()), window_.Choices().KeypadShown);
 }
 
 bool WindowKeypad::eventFilter(QObject* watched, QEvent* event)

@@ -30,7 +30,7 @@ public:
     // To be called after the window has handled an event of its own.
     void WindowHas(QEvent::Type event);
 
-    // Gives a box with a line to type into the same keypad, as a part of the box.
+    // Gives a box with a line to type into a keypad, too, as a part of the box and with the keys of a number.
     void ServeBox(QInputDialog& box);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -545,6 +545,7 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
         }
         const auto& line = *box.findChild<QLineEdit*>();
         const QWidget& pad = *padIn(box);
+        EXPECT_EQ(pad.findChild<QWidget*>(QStringLiteral("Tecla(Espacio)")), nullptr);
         EXPECT_EQ(line.text().toStdString(), "12,5");
         EXPECT_TRUE(line.hasFocus());
         EXPECT_GE(pad.y(), line.geometry().bottom());
