@@ -139,6 +139,15 @@ void WindowKeypad::WindowHas(QEvent::Type event)
 void WindowKeypad::ServeBox(QInputDialog& box)
 {
     new BoxKeypad(box, Keypad::KeySizeIn(window_.height()), window_.Choices().KeypadShown);
+    servesBox_ = true;
+    if (keypad_ != nullptr) {
+        keypad_->hide();
+    }
+    connect(&box, &QObject::destroyed, this, [this] {
+        servesBox_ = false;
+        wantedAnyway_ = false;
+        update();
+    });
 }
 
 bool WindowKeypad::eventFilter(QObject* watched, QEvent* event)
@@ -235,7 +244,7 @@ void WindowKeypad::tryPlaces()
         keypad_->move(*place);
         keypad_->raise();
     }
-    keypad_->setVisible(place.has_value());
+    keypad_->setVisible(place && !servesBox_);
 }
 
 void WindowKeypad::drag(QPoint place)

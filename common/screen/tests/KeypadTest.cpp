@@ -540,6 +540,7 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
     ExpectDialog([this](QDialog& box) {
         box.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        EXPECT_FALSE(form_.ShowsPad());
         for (const char* key : { "1", "2", "Coma", "5", "5", "Borrar cifra" }) {
             pressInBox(box, QString::fromLatin1(key));
         }
@@ -555,6 +556,20 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
     });
     EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "12,5");
     EXPECT_EQ(form_.Answer->Text(), "");
+    EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST_F(KeypadTest, WantedForAnInputBoxAloneItGoesWithTheBox)
+{
+    form_.Answer->hide();
+    showPad();
+    ExpectDialog([](QDialog& box) {
+        EXPECT_NE(padIn(box), nullptr);
+        box.reject();
+    });
+    AskText(&form_, "Introduzca el nuevo valor:", "Sumas");
+    EXPECT_FALSE(form_.ShowsPad());
+    EXPECT_FALSE(form_.Switch().isChecked());
 }
 
 TEST_F(KeypadTest, AFingerOnTheLineOfAnInputBoxShowsItThereAndFromThenOnEverywhere)
