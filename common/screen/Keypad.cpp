@@ -96,6 +96,17 @@ void Keypad::LetGo()
     }
 }
 
+// Keys that are held come up while there still is a keypad to send their releases.
+Keypad::~Keypad()
+{
+    hide();
+}
+
+bool Keypad::IsHeld() const
+{
+    return std::any_of(keys_.begin(), keys_.end(), [](const Placed& each) { return each.Key->IsHeld(); });
+}
+
 int Keypad::KeySizeIn(int windowHeight)
 {
     constexpr int leastPixels = 48;
@@ -145,12 +156,20 @@ void Keypad::add(const KeyDesign& design)
                 erase();
             }
         };
-        key->OnUp = [this] { send(QEvent::KeyRelease, *erasingBy_); };
+        key->OnUp = [this] { comeUp(*erasingBy_); };
     } else {
         key->OnDown = [this, &design](bool repeated) { send(QEvent::KeyPress, design, repeated); };
-        key->OnUp = [this, &design] { send(QEvent::KeyRelease, design); };
+        key->OnUp = [this, &design] { comeUp(design); };
     }
     keys_.push_back({ key, design.Cells });
+}
+
+void Keypad::comeUp(const KeyDesign& design) const
+{
+    send(QEvent::KeyRelease, design);
+    if (OnLetGo && !IsHeld()) {
+        OnLetGo();
+    }
 }
 
 // Where a result is written from its last digit to its first, the caret is before the digit that was written last.

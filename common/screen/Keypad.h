@@ -23,9 +23,14 @@ struct KeypadKeys {
 class Keypad : public QFrame {
 public:
     Keypad(KeypadKeys keys, QWidget* parent);
+    ~Keypad() override;
 
     // Lets every key that is held come up.
     void LetGo();
+
+    // Whether a key is held, and what is called when none is any more.
+    bool IsHeld() const;
+    std::function<void()> OnLetGo;
 
     // The size of a key, in pixels, that a finger meets in a window of this height.
     static int KeySizeIn(int windowHeight);
@@ -51,6 +56,7 @@ private:
     void add(const KeyDesign& design);
     void send(QEvent::Type type, const KeyDesign& design, bool repeated = false) const;
     void erase();
+    void comeUp(const KeyDesign& design) const;
 
     std::vector<Placed> keys_;
     std::function<void(QPoint place)> drag_;

@@ -21,6 +21,8 @@ public:
     // Lets the key come up if it is held.
     void LetGo();
 
+    bool IsHeld() const { return held_; }
+
     // Called when the key goes down, or repeats itself, and when it comes up.
     std::function<void(bool repeated)> OnDown;
     std::function<void()> OnUp;

@@ -199,11 +199,8 @@ void WindowKeypad::make()
         keypad_ = new Keypad(keys_, &window_);
         keypad_->LetDrag([this](QPoint place) { drag(place); });
         keypad_->hide();
-        connect(qApp, &QApplication::focusChanged, this, [this] {
-            if (!keypad_->isHidden()) {
-                goOutOfTheWay();
-            }
-        });
+        keypad_->OnLetGo = [this] { goOutOfTheWay(); };
+        connect(qApp, &QApplication::focusChanged, this, &WindowKeypad::goOutOfTheWay);
     }
 }
 
@@ -216,9 +213,12 @@ void WindowKeypad::placeAfresh()
     tryPlaces();
 }
 
-// The keypad stays where it is as long as it can.
+// The keypad stays where it is as long as it can, and under the finger that holds a key.
 void WindowKeypad::goOutOfTheWay()
 {
+    if (keypad_->isHidden() || keypad_->IsHeld()) {
+        return;
+    }
     keypad_->raise(); // controls that are new are in front
     if (!IsFree(keypad_->geometry(), room(), boxInUse())) {
         tryPlaces();

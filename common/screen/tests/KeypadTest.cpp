@@ -487,6 +487,21 @@ TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRo
     EXPECT_TRUE(form_.ShowsPad());
 }
 
+TEST_F(KeypadTest, StaysUnderTheFingerThatHoldsAKeyAndGetsOutOfTheWayAfterwards)
+{
+    showPad();
+    TextBox* other = AddTextBox(form_.Area(), QStringLiteral("Other"), { 500, 5000, 3500, 1500 }, {}, Qt::AlignRight);
+    other->show();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
+    const QPoint before = form_.Pad()->pos();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    other->setFocus();
+    EXPECT_EQ(form_.Pad()->pos(), before);
+    FingerUp(form_.KeyNamed(QStringLiteral("5")));
+    EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
+}
+
 class KeypadDragTest : public KeypadTest {
 protected:
     // By its grip, at the upper edge.
