@@ -68,6 +68,51 @@ int gripFor(int key)
     return key * 2 / 5;
 }
 
+constexpr QColor edge(0x6d, 0x84, 0x9c);
+
+// Where a hand takes the keypad to drag it: two lines at its upper edge.
+class Grip : public QWidget {
+public:
+    Grip(std::function<void(QPoint place)> drag, QWidget* keypad)
+        : QWidget(keypad)
+        , drag_(std::move(drag))
+    {
+        setCursor(Qt::SizeAllCursor);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(edge, 2, Qt::SolidLine, Qt::RoundCap));
+        const int half = width() / 8;
+        for (const int y : { height() / 2 - 3, height() / 2 + 3 }) {
+            painter.drawLine(width() / 2 - half, y, width() / 2 + half, y);
+        }
+    }
+
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        held_ = event->pos();
+        dragging_ = false;
+    }
+
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        const QPoint way = event->pos() - held_;
+        dragging_ = dragging_ || way.manhattanLength() >= QApplication::startDragDistance();
+        if (dragging_) {
+            drag_(parentWidget()->mapToParent(way));
+        }
+    }
+
+private:
+    std::function<void(QPoint place)> drag_;
+    QPoint held_; // where the hand holds the keypad
+    bool dragging_ = false;
+};
+
 } // namespace
 
 Keypad::Keypad(KeypadKeys keys, QWidget* parent)
@@ -75,6 +120,7 @@ Keypad::Keypad(KeypadKeys keys, QWidget* parent)
 {
     setObjectName(QStringLiteral("Teclado"));
     setAccessibleName(QStringLiteral("Teclado en pantalla"));
+    setAttribute(Qt::WA_NoMousePropagation); // what misses the keys must not reach the window below
     for (const KeyDesign& design : numberKeys) {
         add(design);
     }
@@ -119,28 +165,29 @@ void Keypad::SetKeySize(int pixels)
     constexpr double writing = 0.5; // of the height of a key
     const int gap = gapBetween(pixels);
     const int pitch = pixels + gap;
-    gripHeight_ = drag_ ? gripFor(pixels) : 0;
-    const int top = drag_ ? gripHeight_ : gap;
+    const int half = gap / 2;
+    const QMargins aroundKey(half, half, gap - half, gap - half);
+    const int top = grip_ != nullptr ? gripFor(pixels) : gap;
     QFont font(QStringLiteral("Arial"));
     font.setPixelSize(static_cast<int>(pixels * writing));
     QRect cells;
     for (const Placed& each : keys_) {
         const QRect& at = each.Cells;
         each.Key->setFont(font);
+        each.Key->setContentsMargins(aroundKey);
         each.Key->setGeometry(
-            gap + at.x() * pitch, top + at.y() * pitch, at.width() * pitch - gap, at.height() * pitch - gap);
+            gap - half + at.x() * pitch, top - half + at.y() * pitch, at.width() * pitch, at.height() * pitch);
         cells |= at;
     }
     setFixedSize(gap + cells.width() * pitch, top + cells.height() * pitch);
+    if (grip_ != nullptr) {
+        grip_->setGeometry(0, 0, width(), top - half);
+    }
 }
 
 void Keypad::LetDrag(std::function<void(QPoint place)> drag)
 {
-    drag_ = std::move(drag);
-    setCursor(Qt::SizeAllCursor);
-    for (const Placed& each : keys_) {
-        each.Key->setCursor(Qt::ArrowCursor);
-    }
+    grip_ = new Grip(std::move(drag), this);
 }
 
 void Keypad::add(const KeyDesign& design)
@@ -207,39 +254,11 @@ void Keypad::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr double radius = 8; // pixels
     constexpr QColor ground(0xb9, 0xc9, 0xda);
-    constexpr QColor edge(0x6d, 0x84, 0x9c);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(edge);
     painter.setBrush(ground);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    if (drag_) { // a grip of two lines
-        painter.setPen(QPen(edge, 2, Qt::SolidLine, Qt::RoundCap));
-        const int half = width() / 8;
-        for (const int y : { gripHeight_ / 2 - 3, gripHeight_ / 2 + 3 }) {
-            painter.drawLine(width() / 2 - half, y, width() / 2 + half, y);
-        }
-    }
-}
-
-// What misses the keys must not reach the window below.
-void Keypad::mousePressEvent(QMouseEvent* event)
-{
-    grip_ = event->pos();
-    event->accept();
-}
-
-void Keypad::mouseMoveEvent(QMouseEvent* event)
-{
-    if (drag_ && event->buttons().testFlag(Qt::LeftButton)) {
-        drag_(mapToParent(event->pos() - grip_));
-    }
-    event->accept();
-}
-
-void Keypad::mouseReleaseEvent(QMouseEvent* event)
-{
-    event->accept();
 }
 
 } // namespace numbrela

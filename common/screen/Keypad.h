@@ -35,7 +35,8 @@ public:
     // The size of a key, in pixels, that a finger meets in a window of this height.
     static int KeySizeIn(int windowHeight);
 
-    // Makes each key as large as this, and the keypad large enough for all of them.
+    // Makes each key look as large as this, reach to the middle of the gaps around it, and the keypad large enough for
+    // all of them.
     void SetKeySize(int pixels);
 
     // Gives the keypad a grip; `drag` is called with the place, in the parent, to which a hand wants to bring it.
@@ -43,9 +44,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     struct Placed {
@@ -59,9 +57,7 @@ private:
     void comeUp(const KeyDesign& design) const;
 
     std::vector<Placed> keys_;
-    std::function<void(QPoint place)> drag_;
-    QPoint grip_; // where the hand holds the keypad
-    int gripHeight_ = 0;
+    QWidget* grip_ = nullptr;
     const KeyDesign* erasingBy_ = nullptr; // the key that the one that erases stands for while it is held
 };
 

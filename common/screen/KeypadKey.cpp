@@ -178,11 +178,12 @@ void KeypadKey::paintEvent(QPaintEvent* /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(isDown() ? palette().color(QPalette::Highlight) : ground.darker(edgeShade), isDown() ? 3 : 1));
     painter.setBrush(isDown() ? ground.darker(pressedShade) : ground);
-    const double radius = height() * roundness;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+    const QRectF face = contentsRect();
+    const double radius = face.height() * roundness;
+    painter.drawRoundedRect(face.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
     painter.setPen(palette().color(QPalette::ButtonText));
     if (sign_ == KeySign::None) {
-        painter.drawText(rect(), Qt::AlignCenter, text());
+        painter.drawText(face, Qt::AlignCenter, text());
     } else {
         paintSign(painter);
     }
@@ -191,8 +192,9 @@ void KeypadKey::paintEvent(QPaintEvent* /*event*/)
 void KeypadKey::paintSign(QPainter& painter) const
 {
     constexpr double lineWidth = 1.6; // units
-    const double scale = height() / (2 * unitsOfASign) * 1.2;
-    painter.translate(QRectF(rect()).center());
+    const QRectF face = contentsRect();
+    const double scale = face.height() / (2 * unitsOfASign) * 1.2;
+    painter.translate(face.center());
     painter.rotate(90.0 * quarterTurnsOf(sign_));
     painter.scale(scale, scale);
     painter.setPen(QPen(palette().color(QPalette::ButtonText), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -502,12 +502,24 @@ TEST_F(KeypadTest, StaysUnderTheFingerThatHoldsAKeyAndGetsOutOfTheWayAfterwards)
     EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
 }
 
+TEST_F(KeypadTest, ANearMissPressesTheNearestKey)
+{
+    showPad();
+    const QRect five = form_.KeyNamed(QStringLiteral("5")).geometry();
+    const QRect six = form_.KeyNamed(QStringLiteral("6")).geometry();
+    const QPoint between((five.right() + six.left()) / 2, five.center().y());
+    QTest::mouseClick(form_.windowHandle(), Qt::LeftButton, {}, form_.Pad()->mapTo(&form_, between));
+    EXPECT_EQ(form_.Pressed.size(), 1U);
+}
+
 class KeypadDragTest : public KeypadTest {
 protected:
     // By its grip, at the upper edge.
-    void drag(QPoint by) const
+    void drag(QPoint by) const { dragFrom({ form_.Pad()->width() / 2, 5 }, by); }
+
+    void dragFrom(QPoint inPad, QPoint by) const
     {
-        const QPoint from = form_.Pad()->mapTo(&form_, QPoint(form_.Pad()->width() / 2, 5));
+        const QPoint from = form_.Pad()->mapTo(&form_, inPad);
         QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, from);
         QMouseEvent move(QEvent::MouseMove, from + by, from + by, form_.mapToGlobal(from + by), Qt::NoButton,
             Qt::LeftButton, Qt::NoModifier);
@@ -531,6 +543,17 @@ TEST_F(KeypadDragTest, AHandDragsItWithinTheWindowAndItStaysThere)
     form_.resize(1000, 700);
     EXPECT_TRUE(form_.rect().contains(form_.Pad()->geometry()));
     EXPECT_TRUE(form_.Answer->hasFocus());
+}
+
+TEST_F(KeypadDragTest, NeitherASlightMoveNorAMissedKeyDragsIt)
+{
+    form_.resize(1280, 800);
+    showPad();
+    const QPoint before = form_.Pad()->pos();
+    drag({ 3, 3 });
+    EXPECT_EQ(form_.Pad()->pos(), before);
+    dragFrom({ form_.Pad()->width() - 1, form_.Pad()->height() - 1 }, { -30, -60 });
+    EXPECT_EQ(form_.Pad()->pos(), before);
 }
 
 TEST_F(KeypadDragTest, CannotBeDraggedOverTheBoxThatIsWrittenIn)
