@@ -51,8 +51,8 @@ FormWindow::~FormWindow()
 void FormWindow::OpenLike(const FormWindow& opener)
 {
     choices_ = opener.choices_;
-    constexpr Qt::WindowStates large = Qt::WindowMaximized | Qt::WindowFullScreen;
-    setWindowState(opener.windowState() & large);
+    setWindowState(opener.windowState() & Qt::WindowMaximized);
+    followChoices();
 }
 
 void FormWindow::Show(bool modally)
@@ -85,14 +85,19 @@ void FormWindow::LendKeypad(QInputDialog& box) const
 // The state before, maximised or not, comes back with the next press.
 void FormWindow::chooseFullScreen()
 {
-    choices_->FullScreen = !isFullScreen();
-    followChoices();
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 
 void FormWindow::followChoices()
 {
-    if (choices_->FullScreen && *choices_->FullScreen != isFullScreen()) {
-        setWindowState(windowState() ^ Qt::WindowFullScreen);
+    setWindowState(windowState().setFlag(Qt::WindowFullScreen, choices_->FullScreen));
+}
+
+// However the window came to fill the screen or no longer to do so: a window manager has ways of its own.
+void FormWindow::takeChoice()
+{
+    if (!isMinimized()) {
+        choices_->FullScreen = isFullScreen();
     }
 }
 
@@ -149,6 +154,9 @@ void FormWindow::setVisible(bool visible)
         menuBar_->ensurePolished();
         takeDesignSize();
     }
+    if (visible) {
+        takeChoice();
+    }
     QWidget::setVisible(visible);
 }
 
@@ -156,8 +164,11 @@ void FormWindow::setVisible(bool visible)
 void FormWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange && isVisible() && !hasOwnSize_ && !isMaximized() && !isFullScreen()
-        && !isMinimized()) {
+    if (event->type() != QEvent::WindowStateChange || !isVisible()) {
+        return;
+    }
+    takeChoice();
+    if (!hasOwnSize_ && !isMaximized() && !isFullScreen() && !isMinimized()) {
         takeDesignSize();
         MoveOntoScreen(*this);
     }

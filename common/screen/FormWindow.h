@@ -8,7 +8,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 class QAction;
@@ -24,7 +23,7 @@ class WindowKeypad;
 // What a person has chosen in one window and finds in the others, until the program ends.
 struct PersonsChoices {
     bool KeypadShown = false;
-    std::optional<bool> FullScreen; // nothing as long as nobody has pressed F11
+    bool FullScreen = false;
 };
 
 // A window of the program: a caption, a menu bar, and below it an area whose controls are placed in twips and grow with
@@ -81,6 +80,7 @@ private:
     void scaleMenus(double pixelsPerTwip);
     void chooseFullScreen();
     void followChoices();
+    void takeChoice();
 
     std::shared_ptr<PersonsChoices> choices_ = std::make_shared<PersonsChoices>();
     WindowKeypad* keypad_ = nullptr;

@@ -1,10 +1,10 @@
 #include "common/screen/Keypad.h"
 
 #include "common/screen/KeypadKey.h"
+#include "common/screen/TextBox.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindow>
@@ -68,6 +68,51 @@ int gripFor(int key)
     return key * 2 / 5;
 }
 
+constexpr QColor edge(0x6d, 0x84, 0x9c);
+
+// Where a hand takes the keypad to drag it: two lines at its upper edge.
+class Grip : public QWidget {
+public:
+    Grip(std::function<void(QPoint place)> drag, QWidget* keypad)
+        : QWidget(keypad)
+        , drag_(std::move(drag))
+    {
+        setCursor(Qt::SizeAllCursor);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(edge, 2, Qt::SolidLine, Qt::RoundCap));
+        const int half = width() / 8;
+        for (const int y : { height() / 2 - 3, height() / 2 + 3 }) {
+            painter.drawLine(width() / 2 - half, y, width() / 2 + half, y);
+        }
+    }
+
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        held_ = event->pos();
+        dragging_ = false;
+    }
+
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        const QPoint way = event->pos() - held_;
+        dragging_ = dragging_ || way.manhattanLength() >= QApplication::startDragDistance();
+        if (dragging_) {
+            drag_(parentWidget()->mapToParent(way));
+        }
+    }
+
+private:
+    std::function<void(QPoint place)> drag_;
+    QPoint held_; // where the hand holds the keypad
+    bool dragging_ = false;
+};
+
 } // namespace
 
 Keypad::Keypad(KeypadKeys keys, QWidget* parent)
@@ -75,6 +120,7 @@ Keypad::Keypad(KeypadKeys keys, QWidget* parent)
 {
     setObjectName(QStringLiteral("Teclado"));
     setAccessibleName(QStringLiteral("Teclado en pantalla"));
+    setAttribute(Qt::WA_NoMousePropagation); // what misses the keys must not reach the window below
     for (const KeyDesign& design : numberKeys) {
         add(design);
     }
@@ -89,6 +135,24 @@ Keypad::Keypad(KeypadKeys keys, QWidget* parent)
     }
 }
 
+void Keypad::LetGo()
+{
+    for (const Placed& each : keys_) {
+        each.Key->LetGo();
+    }
+}
+
+// Keys that are held come up while there still is a keypad to send their releases.
+Keypad::~Keypad()
+{
+    hide();
+}
+
+bool Keypad::IsHeld() const
+{
+    return std::any_of(keys_.begin(), keys_.end(), [](const Placed& each) { return each.Key->IsHeld(); });
+}
+
 int Keypad::KeySizeIn(int windowHeight)
 {
     constexpr int leastPixels = 48;
@@ -101,28 +165,29 @@ void Keypad::SetKeySize(int pixels)
     constexpr double writing = 0.5; // of the height of a key
     const int gap = gapBetween(pixels);
     const int pitch = pixels + gap;
-    gripHeight_ = drag_ ? gripFor(pixels) : 0;
-    const int top = drag_ ? gripHeight_ : gap;
+    const int half = gap / 2;
+    const QMargins aroundKey(half, half, gap - half, gap - half);
+    const int top = grip_ != nullptr ? gripFor(pixels) : gap;
     QFont font(QStringLiteral("Arial"));
     font.setPixelSize(static_cast<int>(pixels * writing));
     QRect cells;
     for (const Placed& each : keys_) {
         const QRect& at = each.Cells;
         each.Key->setFont(font);
+        each.Key->setContentsMargins(aroundKey);
         each.Key->setGeometry(
-            gap + at.x() * pitch, top + at.y() * pitch, at.width() * pitch - gap, at.height() * pitch - gap);
+            gap - half + at.x() * pitch, top - half + at.y() * pitch, at.width() * pitch, at.height() * pitch);
         cells |= at;
     }
     setFixedSize(gap + cells.width() * pitch, top + cells.height() * pitch);
+    if (grip_ != nullptr) {
+        grip_->setGeometry(0, 0, width(), top - half);
+    }
 }
 
 void Keypad::LetDrag(std::function<void(QPoint place)> drag)
 {
-    drag_ = std::move(drag);
-    setCursor(Qt::SizeAllCursor);
-    for (const Placed& each : keys_) {
-        each.Key->setCursor(Qt::ArrowCursor);
-    }
+    grip_ = new Grip(std::move(drag), this);
 }
 
 void Keypad::add(const KeyDesign& design)
@@ -138,35 +203,48 @@ void Keypad::add(const KeyDesign& design)
                 erase();
             }
         };
-        key->OnUp = [this] { send(QEvent::KeyRelease, *erasingBy_); };
+        key->OnUp = [this] { comeUp(*erasingBy_); };
     } else {
         key->OnDown = [this, &design](bool repeated) { send(QEvent::KeyPress, design, repeated); };
-        key->OnUp = [this, &design] { send(QEvent::KeyRelease, design); };
+        key->OnUp = [this, &design] { comeUp(design); };
     }
     keys_.push_back({ key, design.Cells });
+}
+
+void Keypad::comeUp(const KeyDesign& design) const
+{
+    send(QEvent::KeyRelease, design);
+    if (OnLetGo && !IsHeld()) {
+        OnLetGo();
+    }
 }
 
 // Where a result is written from its last digit to its first, the caret is before the digit that was written last.
 // Backspace finds nothing to erase there, so Delete does it.
 void Keypad::erase()
 {
-    const auto* box = qobject_cast<const QLineEdit*>(window()->focusWidget());
+    const auto* box = qobject_cast<const TextBox*>(window()->focusWidget());
     const QString before = box != nullptr ? box->text() : QString();
     erasingBy_ = &backspace;
     send(QEvent::KeyPress, backspace);
-    if (box != nullptr && box == window()->focusWidget() && box->text() == before && box->cursorPosition() == 0) {
+    if (box != nullptr && box == window()->focusWidget() && box->IsWrittenFromTheRight() && box->text() == before
+        && box->CaretPosition() == 0) {
         send(QEvent::KeyRelease, backspace);
         erasingBy_ = &forwardDelete;
         send(QEvent::KeyPress, forwardDelete);
     }
 }
 
-// Where a platform's own keys arrive, so that everything that looks at keys on their way sees these, too.
+// Where a platform's own keys arrive, so that everything that looks at keys on their way sees these, too. A disabled
+// keypad only lets go of the keys that are held: its window is blocked, and passes nothing on to the control.
 void Keypad::send(QEvent::Type type, const KeyDesign& design, bool repeated) const
 {
     if (QWindow* window = this->window()->windowHandle()) {
         QKeyEvent event(type, design.Code, Qt::NoModifier, design.Text, repeated);
         QCoreApplication::sendEvent(window, &event);
+        if (QWidget* control = this->window()->focusWidget(); control != nullptr && !isEnabled()) {
+            QCoreApplication::sendEvent(control, &event);
+        }
     }
 }
 
@@ -176,39 +254,11 @@ void Keypad::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr double radius = 8; // pixels
     constexpr QColor ground(0xb9, 0xc9, 0xda);
-    constexpr QColor edge(0x6d, 0x84, 0x9c);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(edge);
     painter.setBrush(ground);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    if (drag_) { // a grip of two lines
-        painter.setPen(QPen(edge, 2, Qt::SolidLine, Qt::RoundCap));
-        const int half = width() / 8;
-        for (const int y : { gripHeight_ / 2 - 3, gripHeight_ / 2 + 3 }) {
-            painter.drawLine(width() / 2 - half, y, width() / 2 + half, y);
-        }
-    }
-}
-
-// What misses the keys must not reach the window below.
-void Keypad::mousePressEvent(QMouseEvent* event)
-{
-    grip_ = event->pos();
-    event->accept();
-}
-
-void Keypad::mouseMoveEvent(QMouseEvent* event)
-{
-    if (drag_ && event->buttons().testFlag(Qt::LeftButton)) {
-        drag_(mapToParent(event->pos() - grip_));
-    }
-    event->accept();
-}
-
-void Keypad::mouseReleaseEvent(QMouseEvent* event)
-{
-    event->accept();
 }
 
 } // namespace numbrela

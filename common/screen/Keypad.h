@@ -23,11 +23,20 @@ struct KeypadKeys {
 class Keypad : public QFrame {
 public:
     Keypad(KeypadKeys keys, QWidget* parent);
+    ~Keypad() override;
+
+    // Lets every key that is held come up.
+    void LetGo();
+
+    // Whether a key is held, and what is called when none is any more.
+    bool IsHeld() const;
+    std::function<void()> OnLetGo;
 
     // The size of a key, in pixels, that a finger meets in a window of this height.
     static int KeySizeIn(int windowHeight);
 
-    // Makes each key as large as this, and the keypad large enough for all of them.
+    // Makes each key look as large as this, reach to the middle of the gaps around it, and the keypad large enough for
+    // all of them.
     void SetKeySize(int pixels);
 
     // Gives the keypad a grip; `drag` is called with the place, in the parent, to which a hand wants to bring it.
@@ -35,9 +44,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     struct Placed {
@@ -48,11 +54,10 @@ private:
     void add(const KeyDesign& design);
     void send(QEvent::Type type, const KeyDesign& design, bool repeated = false) const;
     void erase();
+    void comeUp(const KeyDesign& design) const;
 
     std::vector<Placed> keys_;
-    std::function<void(QPoint place)> drag_;
-    QPoint grip_; // where the hand holds the keypad
-    int gripHeight_ = 0;
+    QWidget* grip_ = nullptr;
     const KeyDesign* erasingBy_ = nullptr; // the key that the one that erases stands for while it is held
 };
 

@@ -1,9 +1,12 @@
 #include "common/screen/KeypadKey.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTimerEvent>
+#include <QTouchEvent>
+
+#include <algorithm>
 
 namespace numbrela {
 
@@ -91,22 +94,43 @@ bool KeypadKey::event(QEvent* event)
         setDown(true);
         goDown();
         return true;
-    case QEvent::TouchUpdate:
+    case QEvent::TouchUpdate: {
+        const auto& points = static_cast<QTouchEvent*>(event)->points();
+        if (std::none_of(points.begin(), points.end(),
+                [this](const QEventPoint& point) { return rect().contains(point.position().toPoint()); })) {
+            LetGo();
+        }
         return true;
+    }
     case QEvent::TouchEnd:
     case QEvent::TouchCancel:
-        setDown(false);
-        comeUp();
+        LetGo();
         return true;
     default:
         return QPushButton::event(event);
     }
 }
 
+// A button would go down again when the mouse comes back.
+void KeypadKey::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!hitButton(event->pos())) {
+        LetGo();
+    }
+    event->accept();
+}
+
+void KeypadKey::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+        LetGo();
+    }
+    QPushButton::changeEvent(event);
+}
+
 void KeypadKey::hideEvent(QHideEvent* event)
 {
-    setDown(false);
-    comeUp();
+    LetGo();
     QPushButton::hideEvent(event);
 }
 
@@ -138,6 +162,12 @@ void KeypadKey::comeUp()
     }
 }
 
+void KeypadKey::LetGo()
+{
+    setDown(false);
+    comeUp();
+}
+
 void KeypadKey::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr int edgeShade = 160; // per cent
@@ -148,11 +178,12 @@ void KeypadKey::paintEvent(QPaintEvent* /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(isDown() ? palette().color(QPalette::Highlight) : ground.darker(edgeShade), isDown() ? 3 : 1));
     painter.setBrush(isDown() ? ground.darker(pressedShade) : ground);
-    const double radius = height() * roundness;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+    const QRectF face = contentsRect();
+    const double radius = face.height() * roundness;
+    painter.drawRoundedRect(face.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
     painter.setPen(palette().color(QPalette::ButtonText));
     if (sign_ == KeySign::None) {
-        painter.drawText(rect(), Qt::AlignCenter, text());
+        painter.drawText(face, Qt::AlignCenter, text());
     } else {
         paintSign(painter);
     }
@@ -161,8 +192,9 @@ void KeypadKey::paintEvent(QPaintEvent* /*event*/)
 void KeypadKey::paintSign(QPainter& painter) const
 {
     constexpr double lineWidth = 1.6; // units
-    const double scale = height() / (2 * unitsOfASign) * 1.2;
-    painter.translate(QRectF(rect()).center());
+    const QRectF face = contentsRect();
+    const double scale = face.height() / (2 * unitsOfASign) * 1.2;
+    painter.translate(face.center());
     painter.rotate(90.0 * quarterTurnsOf(sign_));
     painter.scale(scale, scale);
     painter.setPen(QPen(palette().color(QPalette::ButtonText), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

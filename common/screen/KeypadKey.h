@@ -11,11 +11,17 @@ namespace numbrela {
 enum class KeySign { None, Blank, Erase, Left, Up, Right, Down };
 
 // A key of the keypad on the screen. It goes down under the mouse, the pen or a finger and up again, several of them at
-// a time, repeats itself while it is held as a keyboard's does, and never takes the focus. What it does is up to the
+// a time, repeats itself while it is held as a keyboard's does, and never takes the focus. Whoever slides off it has
+// let go of it. What it does is up to the
 // keypad.
 class KeypadKey : public QPushButton {
 public:
     KeypadKey(const QString& caption, KeySign sign, const QString& spokenName, QWidget* parent);
+
+    // Lets the key come up if it is held.
+    void LetGo();
+
+    bool IsHeld() const { return held_; }
 
     // Called when the key goes down, or repeats itself, and when it comes up.
     std::function<void(bool repeated)> OnDown;
@@ -23,6 +29,8 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

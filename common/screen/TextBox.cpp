@@ -101,6 +101,7 @@ void TextBox::SetCaretPosition(int position)
 
 void TextBox::StepCaretLeft()
 {
+    writtenFromTheRight_ = true;
     if (CaretPosition() > 0) {
         SetCaretPosition(CaretPosition() - 1);
     }

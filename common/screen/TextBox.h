@@ -56,7 +56,10 @@ public:
     // The position of the caret: the number of characters before it.
     int CaretPosition() const;
     void SetCaretPosition(int position);
+
+    // After each character of a text that is written from its last one to its first.
     void StepCaretLeft();
+    bool IsWrittenFromTheRight() const { return writtenFromTheRight_; }
 
     // Highlights the whole text.
     void SelectWholeText();
@@ -85,6 +88,7 @@ private:
     int maximumTypedLength_;
     int leastColumns_ = 0;
     bool staysWhole_ = false;
+    bool writtenFromTheRight_ = false;
 };
 
 } // namespace numbrela

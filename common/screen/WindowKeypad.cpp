@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -46,10 +47,9 @@ bool isTouch(const QEvent& event)
 // The keypad of an input box, which has room for it in its layout.
 class BoxKeypad : public QObject {
 public:
-    BoxKeypad(QInputDialog& box, KeypadKeys keys, int keySize, bool& chosen)
+    BoxKeypad(QInputDialog& box, int keySize, bool& chosen)
         : QObject(&box)
         , box_(box)
-        , keys_(keys)
         , keySize_(keySize)
         , chosen_(chosen)
     {
@@ -75,14 +75,13 @@ private:
     {
         static_cast<void>(box_.sizeHint()); // a box makes its layout when somebody asks for its size
         auto& layout = dynamic_cast<QBoxLayout&>(*box_.layout());
-        keypad_ = new Keypad(keys_, &box_);
+        keypad_ = new Keypad({}, &box_);
         keypad_->SetKeySize(keySize_);
         layout.insertWidget(layout.count() - 1, keypad_, 0, Qt::AlignHCenter); // above the buttons
         keypad_->show();
     }
 
     QInputDialog& box_;
-    const KeypadKeys keys_;
     const int keySize_;
     bool& chosen_;
     Keypad* keypad_ = nullptr;
@@ -126,6 +125,12 @@ void WindowKeypad::WindowHas(QEvent::Type event)
     case QEvent::WindowActivate:
         update();
         break;
+    case QEvent::WindowBlocked:
+    case QEvent::WindowUnblocked:
+        if (keypad_ != nullptr) {
+            keypad_->setEnabled(event == QEvent::WindowUnblocked);
+        }
+        break;
     default:
         break;
     }
@@ -133,11 +138,23 @@ void WindowKeypad::WindowHas(QEvent::Type event)
 
 void WindowKeypad::ServeBox(QInputDialog& box)
 {
-    new BoxKeypad(box, { .Blank = keys_.Blank }, Keypad::KeySizeIn(window_.height()), window_.Choices().KeypadShown);
+    new BoxKeypad(box, Keypad::KeySizeIn(window_.height()), window_.Choices().KeypadShown);
+    servesBox_ = true;
+    if (keypad_ != nullptr) {
+        keypad_->hide();
+    }
+    connect(&box, &QObject::destroyed, this, [this] {
+        servesBox_ = false;
+        wantedAnyway_ = false;
+        update();
+    });
 }
 
 bool WindowKeypad::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::FocusAboutToChange && watched == window_.windowHandle() && keypad_ != nullptr) {
+        keypad_->LetGo(); // no release arrives once another window has the focus
+    }
     if (isTouch(*event) && watched->isWidgetType()) {
         const auto& control = static_cast<QWidget&>(*watched);
         if (control.window() == &window_ && takesTyping(control)) {
@@ -182,11 +199,8 @@ void WindowKeypad::make()
         keypad_ = new Keypad(keys_, &window_);
         keypad_->LetDrag([this](QPoint place) { drag(place); });
         keypad_->hide();
-        connect(qApp, &QApplication::focusChanged, this, [this] {
-            if (!keypad_->isHidden()) {
-                goOutOfTheWay();
-            }
-        });
+        keypad_->OnLetGo = [this] { goOutOfTheWay(); };
+        connect(qApp, &QApplication::focusChanged, this, &WindowKeypad::goOutOfTheWay);
     }
 }
 
@@ -199,9 +213,12 @@ void WindowKeypad::placeAfresh()
     tryPlaces();
 }
 
-// The keypad stays where it is as long as it can.
+// The keypad stays where it is as long as it can, and under the finger that holds a key.
 void WindowKeypad::goOutOfTheWay()
 {
+    if (keypad_->isHidden() || keypad_->IsHeld()) {
+        return;
+    }
     keypad_->raise(); // controls that are new are in front
     if (!IsFree(keypad_->geometry(), room(), boxInUse())) {
         tryPlaces();
@@ -227,7 +244,7 @@ void WindowKeypad::tryPlaces()
         keypad_->move(*place);
         keypad_->raise();
     }
-    keypad_->setVisible(place.has_value());
+    keypad_->setVisible(place && !servesBox_);
 }
 
 void WindowKeypad::drag(QPoint place)

@@ -21,7 +21,8 @@ class KeypadSwitch;
 // a pen touches a box that takes typing, and finds a place for it. That is beside the calculation, where the window has
 // room; otherwise it floats over the window, and a hand can drag it. It never lies over the box that is written in. The
 // keypad is made when it is first shown. Whether it is shown is the person's choice, which all windows share
-// (FormWindow::Choices). It goes while no box takes typing, unless somebody presses the button just then.
+// (FormWindow::Choices). While no box takes typing there is none, unless somebody presses the button just then, for an
+// input box to come. While an input box is open, the keypad of the window is away: the box has its own.
 class WindowKeypad : public QObject {
 public:
     WindowKeypad(FormWindow& window, QMenuBar& menuBar, KeypadKeys keys);
@@ -30,7 +31,7 @@ public:
     // To be called after the window has handled an event of its own.
     void WindowHas(QEvent::Type event);
 
-    // Gives a box with a line to type into the same keypad, as a part of the box.
+    // Gives a box with a line to type into a keypad, too, as a part of the box and with the keys of a number.
     void ServeBox(QInputDialog& box);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -56,6 +57,7 @@ private:
     KeypadSwitch* switch_;
     Keypad* keypad_ = nullptr;
     bool wantedAnyway_ = false; // although no box takes typing
+    bool servesBox_ = false; // one is open
     std::optional<QPointF> dragged_; // to there; 0 to 1 of what the window leaves free
 };
 

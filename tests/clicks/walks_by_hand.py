@@ -141,7 +141,6 @@ def shopping(hand):
     opens(hand, "La compra", "La compra")
     hand.shows_the_keypad()
     enters(hand, "Número de productos", "¿Cuántos productos incluir en la lista?", "La compra", "2")
-    hand.clicks("Teclado en pantalla", pyatspi.ROLE_CHECK_BOX)  # it would stand before the shops
     hand.waits_until(lambda: len(hand.lines_of("Lista de la compra")) == 2)
     money = value(hand.reads("Dinero disponible").rstrip("€"))
     wanted = {}

@@ -196,6 +196,11 @@ void FingerUp(const QWidget& control, int finger)
     touch(control, finger, FingerDoes::Release, control.rect().center());
 }
 
+void MoveFinger(const QWidget& control, QPoint to, int finger)
+{
+    touch(control, finger, FingerDoes::Move, to);
+}
+
 void DragByFinger(const QWidget& control, QPoint from, QPoint to)
 {
     constexpr int steps = 4;

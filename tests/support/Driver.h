@@ -56,6 +56,7 @@ void Tap(const QWidget& control);
 void Tap(const QWidget& control, QPoint place);
 void FingerDown(const QWidget& control, int finger = 0);
 void FingerUp(const QWidget& control, int finger = 0);
+void MoveFinger(const QWidget& control, QPoint to, int finger = 0);
 
 // Moves a finger over a control, from one place of it to another.
 void DragByFinger(const QWidget& control, QPoint from, QPoint to);

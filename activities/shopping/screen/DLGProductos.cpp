@@ -32,7 +32,7 @@ DLGProductos::DLGProductos(const Clock& clock, Shop& shop)
     , shop_(shop)
 {
     buildControls();
-    OfferKeypad({ .Blank = true }); // for the prices: a name takes a keyboard
+    OfferKeypad(); // for the prices: a name takes a keyboard
     refusal_.setSingleShot(true);
     connect(&refusal_, &QTimer::timeout, this, &DLGProductos::refusePrice);
     connect(List1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DLGProductos::List1_Click);

@@ -252,6 +252,21 @@ TEST(FullScreenTest, WhatWasChosenLastHoldsForEveryWindow)
     pressIn(true, false);
 }
 
+TEST(FullScreenTest, ItIsNotForcedOnAWindowThatHasLeftItThroughItsFrame)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    Press(Qt::Key_F11);
+    form.showNormal(); // as a window manager does
+    TestForm other;
+    ShowAndActivate(other);
+    ShowAndActivate(form);
+    EXPECT_FALSE(form.isFullScreen());
+    TestForm next;
+    next.OpenLike(form);
+    EXPECT_FALSE(next.isFullScreen());
+}
+
 TEST_F(ShownFormTest, GoesThroughItsControlsWithTabInTheOrderGiven)
 {
     TestForm::SetTabSequence({ form_.Second, form_.Box, form_.First });

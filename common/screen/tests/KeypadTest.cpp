@@ -93,6 +93,13 @@ public:
     int Clicks = 0;
 };
 
+// With the mouse, whose button stays down.
+void pressAndHold(const QWidget& control)
+{
+    QTest::mousePress(
+        control.window()->windowHandle(), Qt::LeftButton, {}, control.mapTo(control.window(), control.rect().center()));
+}
+
 QRect onScreen(const QWidget& control)
 {
     return { control.mapToGlobal(QPoint()), control.size() };
@@ -329,10 +336,71 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenTheKeypadGoesIsReleased)
     EXPECT_EQ(form_.Repeats, 0);
 }
 
+// A box or another program may come while a finger still lies on the key.
+TEST_F(KeypadTest, AKeyThatIsHeldWhenAnInputBoxOpensIsReleasedThen)
+{
+    showPad();
+    pressAndHold(form_.KeyNamed(QStringLiteral("5")));
+    ExpectDialog([this](QDialog& box) {
+        EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+        EXPECT_EQ(form_.Answer->CaretPosition(), 0);
+        QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton);
+        box.reject();
+    });
+    AskText(&form_, "Introduzca el nuevo valor:", "Sumas");
+    EXPECT_FALSE(form_.KeyNamed(QStringLiteral("5")).isDown());
+    EXPECT_EQ(form_.Released.size(), 1U);
+    form_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+    form_.PressKeys({ QStringLiteral("5") });
+    EXPECT_EQ(form_.Repeats, 0);
+    EXPECT_EQ(form_.Answer->Text(), "55");
+}
+
+TEST_F(KeypadTest, AKeyThatIsHeldWhenAnotherWindowTakesTheFocusIsReleasedThen)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    Exercise other;
+    ShowAndActivate(other);
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+    EXPECT_EQ(form_.Answer->CaretPosition(), 0);
+    FingerUp(form_.KeyNamed(QStringLiteral("5")));
+    EXPECT_EQ(form_.Released.size(), 1U);
+}
+
+TEST_F(KeypadTest, AMouseOrAFingerThatSlidesOffAKeyLetsItComeUpForGood)
+{
+    showPad();
+    const QAbstractButton& five = form_.KeyNamed(QStringLiteral("5"));
+    const QPoint off(-200, five.height() / 2);
+    pressAndHold(five);
+    for (const QPoint to : { off, five.rect().center() }) {
+        const QPointF at = five.mapTo(&form_, to);
+        QMouseEvent move(QEvent::MouseMove, at, at, form_.mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(form_.windowHandle(), &move);
+        EXPECT_FALSE(five.isDown());
+    }
+    QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, five.mapTo(&form_, five.rect().center()));
+    EXPECT_EQ(form_.Pressed.size(), 1U);
+
+    FingerDown(five);
+    MoveFinger(five, off);
+    EXPECT_FALSE(five.isDown());
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5', '5' }));
+    FingerUp(five);
+    EXPECT_EQ(form_.Released.size(), 2U);
+}
+
 // What was typed last is behind the caret in an answer that is written from the right, and before it in any other.
 TEST_F(KeypadTest, TheEraserTakesAwayWhatWasTypedLast)
 {
     showPad();
+    form_.Answer->SetText("34");
+    form_.Answer->SetCaretPosition(0); // in front of what was not written from the right
+    form_.PressKeys({ QStringLiteral("Borrar cifra") });
+    EXPECT_EQ(form_.Answer->Text(), "34");
+    form_.Answer->SetText("");
     form_.PressKeys({ QStringLiteral("5"), QStringLiteral("7"), QStringLiteral("Borrar cifra") });
     EXPECT_EQ(form_.Answer->Text(), "5");
     form_.PressKeys({ QStringLiteral("Borrar cifra"), QStringLiteral("Borrar cifra") });
@@ -419,12 +487,39 @@ TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRo
     EXPECT_TRUE(form_.ShowsPad());
 }
 
+TEST_F(KeypadTest, StaysUnderTheFingerThatHoldsAKeyAndGetsOutOfTheWayAfterwards)
+{
+    showPad();
+    TextBox* other = AddTextBox(form_.Area(), QStringLiteral("Other"), { 500, 5000, 3500, 1500 }, {}, Qt::AlignRight);
+    other->show();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
+    const QPoint before = form_.Pad()->pos();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    other->setFocus();
+    EXPECT_EQ(form_.Pad()->pos(), before);
+    FingerUp(form_.KeyNamed(QStringLiteral("5")));
+    EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
+}
+
+TEST_F(KeypadTest, ANearMissPressesTheNearestKey)
+{
+    showPad();
+    const QRect five = form_.KeyNamed(QStringLiteral("5")).geometry();
+    const QRect six = form_.KeyNamed(QStringLiteral("6")).geometry();
+    const QPoint between((five.right() + six.left()) / 2, five.center().y());
+    QTest::mouseClick(form_.windowHandle(), Qt::LeftButton, {}, form_.Pad()->mapTo(&form_, between));
+    EXPECT_EQ(form_.Pressed.size(), 1U);
+}
+
 class KeypadDragTest : public KeypadTest {
 protected:
     // By its grip, at the upper edge.
-    void drag(QPoint by) const
+    void drag(QPoint by) const { dragFrom({ form_.Pad()->width() / 2, 5 }, by); }
+
+    void dragFrom(QPoint inPad, QPoint by) const
     {
-        const QPoint from = form_.Pad()->mapTo(&form_, QPoint(form_.Pad()->width() / 2, 5));
+        const QPoint from = form_.Pad()->mapTo(&form_, inPad);
         QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, from);
         QMouseEvent move(QEvent::MouseMove, from + by, from + by, form_.mapToGlobal(from + by), Qt::NoButton,
             Qt::LeftButton, Qt::NoModifier);
@@ -450,6 +545,17 @@ TEST_F(KeypadDragTest, AHandDragsItWithinTheWindowAndItStaysThere)
     EXPECT_TRUE(form_.Answer->hasFocus());
 }
 
+TEST_F(KeypadDragTest, NeitherASlightMoveNorAMissedKeyDragsIt)
+{
+    form_.resize(1280, 800);
+    showPad();
+    const QPoint before = form_.Pad()->pos();
+    drag({ 3, 3 });
+    EXPECT_EQ(form_.Pad()->pos(), before);
+    dragFrom({ form_.Pad()->width() - 1, form_.Pad()->height() - 1 }, { -30, -60 });
+    EXPECT_EQ(form_.Pad()->pos(), before);
+}
+
 TEST_F(KeypadDragTest, CannotBeDraggedOverTheBoxThatIsWrittenIn)
 {
     form_.resize(1280, 800);
@@ -472,11 +578,13 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
     ExpectDialog([this](QDialog& box) {
         box.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        EXPECT_FALSE(form_.ShowsPad());
         for (const char* key : { "1", "2", "Coma", "5", "5", "Borrar cifra" }) {
             pressInBox(box, QString::fromLatin1(key));
         }
         const auto& line = *box.findChild<QLineEdit*>();
         const QWidget& pad = *padIn(box);
+        EXPECT_EQ(pad.findChild<QWidget*>(QStringLiteral("Tecla(Espacio)")), nullptr);
         EXPECT_EQ(line.text().toStdString(), "12,5");
         EXPECT_TRUE(line.hasFocus());
         EXPECT_GE(pad.y(), line.geometry().bottom());
@@ -486,6 +594,20 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
     });
     EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "12,5");
     EXPECT_EQ(form_.Answer->Text(), "");
+    EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST_F(KeypadTest, WantedForAnInputBoxAloneItGoesWithTheBox)
+{
+    form_.Answer->hide();
+    showPad();
+    ExpectDialog([](QDialog& box) {
+        EXPECT_NE(padIn(box), nullptr);
+        box.reject();
+    });
+    AskText(&form_, "Introduzca el nuevo valor:", "Sumas");
+    EXPECT_FALSE(form_.ShowsPad());
+    EXPECT_FALSE(form_.Switch().isChecked());
 }
 
 TEST_F(KeypadTest, AFingerOnTheLineOfAnInputBoxShowsItThereAndFromThenOnEverywhere)

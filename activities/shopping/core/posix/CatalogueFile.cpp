@@ -105,7 +105,9 @@ std::filesystem::path fileBehind(std::filesystem::path path)
         }
         path = FolderOf(path) / target;
     }
-    return path;
+    std::error_code unresolved;
+    const std::filesystem::path folder = std::filesystem::canonical(FolderOf(path), unresolved);
+    return unresolved ? path : folder / path.filename();
 }
 
 int openToRead(const std::filesystem::path& path)
