@@ -51,8 +51,8 @@ FormWindow::~FormWindow()
 void FormWindow::OpenLike(const FormWindow& opener)
 {
     choices_ = opener.choices_;
-    setWindowState(opener.windowState() & Qt::WindowMaximized);
-    followChoices();
+    constexpr Qt::WindowStates large = Qt::WindowMaximized | Qt::WindowFullScreen;
+    setWindowState(opener.windowState() & large);
 }
 
 void FormWindow::Show(bool modally)
