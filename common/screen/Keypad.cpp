@@ -181,7 +181,8 @@ void Keypad::SetKeySize(int pixels)
     }
     setFixedSize(gap + cells.width() * pitch, top + cells.height() * pitch);
     if (grip_ != nullptr) {
-        grip_->setGeometry(0, 0, width(), top - half);
+        grip_->setGeometry(0, 0, width(), top);
+        grip_->lower(); // its last pixels belong to the keys
     }
 }
 
