@@ -37,6 +37,13 @@ void mouse(QTest::MouseAction action, QWidget& widget, QPoint place, Qt::MouseBu
     }
 }
 
+// Qt keeps a panel until the process ends, and so do we.
+QPointingDevice* touchPanel()
+{
+    static QPointingDevice* const panel = QTest::createTouchDevice();
+    return panel;
+}
+
 // A text as it can be read in a log.
 QString shown(const QString& text)
 {
@@ -71,7 +78,6 @@ QString NameOf(const QWidget& widget)
 
 Hands::Hands(bool log)
     : log_(log)
-    , panel_(QTest::createTouchDevice())
 {
 }
 
@@ -214,10 +220,10 @@ void Hands::touch(QWidget& widget, const std::vector<QPoint>& way)
     for (const QPoint place : way) {
         places.push_back(placeIn(*window, widget, place));
     }
-    QTest::touchEvent(window, panel_).press(finger, places.front(), window);
+    QTest::touchEvent(window, touchPanel()).press(finger, places.front(), window);
     for (const QPoint place : places) {
         if (window != nullptr && window->isVisible()) {
-            QTest::touchEvent(window, panel_).move(finger, place, window);
+            QTest::touchEvent(window, touchPanel()).move(finger, place, window);
         }
     }
     QWindow* under = window;
@@ -225,7 +231,7 @@ void Hands::touch(QWidget& widget, const std::vector<QPoint>& way)
         under = FrontWindow() == nullptr ? nullptr : FrontWindow()->window()->windowHandle();
     }
     if (under != nullptr) {
-        QTest::touchEvent(under, panel_).release(finger, places.back(), under);
+        QTest::touchEvent(under, touchPanel()).release(finger, places.back(), under);
     }
 }
 

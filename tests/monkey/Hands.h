@@ -7,7 +7,6 @@
 
 #include <vector>
 
-class QPointingDevice;
 class QWidget;
 
 namespace numbrela::testing {
@@ -48,7 +47,6 @@ private:
     void sayPlace(const char* what, const QWidget& widget, QPoint place) const;
 
     const bool log_;
-    QPointingDevice* const panel_;
     std::vector<Key> held_;
 };
 
