@@ -91,6 +91,21 @@ TEST_F(PosixCatalogueFaultTest, GoesOnAfterAnInterruptionAndWhereAFolderCannotBe
     }
 }
 
+TEST_F(PosixCatalogueFaultTest, KeepsTheCompleteFileWhenItCannotBePutInPlace)
+{
+    putOldFileAsComplete();
+    const std::vector<std::string> calls = callsOfASave();
+    const auto puttingInPlace = std::find(calls.begin(), calls.end(), RenamingCall) - calls.begin();
+    putOldFileAsComplete();
+    const CatalogueContent expected = contentNow();
+    ArmFault({ static_cast<int>(puttingInPlace), FaultKind::Fail, EIO });
+    const std::string said = FailureOf([&] { save(expected); });
+    DisarmFault();
+    EXPECT_EQ(said, unwritable("el disco falla"));
+    EXPECT_FALSE(std::filesystem::exists(path_));
+    EXPECT_TRUE(LoadCatalogue(path_) == OldTable());
+}
+
 TEST_F(PosixCatalogueFaultTest, KeepsTheOldFileWhenTheSystemTakesNoMoreBytes)
 {
     putOldFile();
