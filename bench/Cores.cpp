@@ -5,15 +5,19 @@
 #include "activities/placeadd/core/PlaceAndAdd.h"
 #include "activities/powers10/core/PowersOfTen.h"
 #include "bench/Bench.h"
+#include "common/core/NumberText.h"
 
 #include <benchmark/benchmark.h>
 
 #include <array>
+#include <cstdlib>
 #include <random>
 #include <string>
+#include <string_view>
 
 // Prints how long the activities take to draw an exercise with the options that they begin with, and to work out its
-// solution, beside drawing two numbers and writing their sum with the standard library.
+// solution, beside drawing two numbers and writing their sum with the standard library; and to read numbers, beside the
+// standard library's reader.
 
 namespace numbrela::bench {
 
@@ -102,7 +106,27 @@ void drawAndSolvePlaceAndAdd(benchmark::State& state)
     }
 }
 
-// Each run as a line of the table. The plain one comes first, and the others stand beside it.
+const std::array<std::string, 4> writtenNumbers { "7", "12,5", "-0,034", "123.456,78" };
+
+void readPlainly(benchmark::State& state)
+{
+    for (auto _ : state) {
+        for (const std::string& text : writtenNumbers) {
+            benchmark::DoNotOptimize(std::strtod(text.c_str(), nullptr));
+        }
+    }
+}
+
+void readNumbers(benchmark::State& state)
+{
+    for (auto _ : state) {
+        for (const std::string& text : writtenNumbers) {
+            benchmark::DoNotOptimize(ParseDisplayNumber(text));
+        }
+    }
+}
+
+// Each run as a line of the table. A plain one comes first, and the others stand beside it.
 class TableReporter : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context& /*machine*/) override { return true; }
@@ -111,7 +135,7 @@ public:
     {
         for (const Run& run : runs) {
             const double microseconds = run.GetAdjustedCPUTime();
-            if (run.run_name.function_name == plainName) {
+            if (run.run_name.function_name.ends_with(plainEnd)) {
                 plain_ = microseconds;
             } else {
                 Print({ run.run_name.function_name.c_str(), "us", microseconds, plain_ });
@@ -119,9 +143,8 @@ public:
         }
     }
 
-    static constexpr const char* plainName = "draw and add plainly";
-
 private:
+    static constexpr std::string_view plainEnd = "plainly";
     double plain_ = 0;
 };
 
@@ -133,7 +156,7 @@ void registerAll()
             one->Iterations(chosenRounds);
         }
     };
-    add(TableReporter::plainName, &drawAndAddPlainly);
+    add("draw and add plainly", &drawAndAddPlainly);
     add("draw and solve Sumas", &drawAndSolveSum);
     add("draw and solve Restas", &drawAndSolveDifference);
     add("draw and solve Multiplicaciones", &drawAndSolveMultiplication);
@@ -141,6 +164,8 @@ void registerAll()
     add("draw Mayor y menor", &drawComparison);
     add("draw and solve Potencias de diez", &drawAndSolvePowerOfTen);
     add("draw and solve Colocar y sumar", &drawAndSolvePlaceAndAdd);
+    add("read four numbers plainly", &readPlainly);
+    add("read four numbers", &readNumbers);
 }
 
 } // namespace

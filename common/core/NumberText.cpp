@@ -6,7 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
+#include <cstdlib>
 #include <utility>
 
 namespace numbrela {
@@ -24,7 +24,7 @@ bool isOneOf(std::string_view characters, char character)
 }
 
 // The number with so many significant digits: "1.20e+03". Only here and in nearestDouble() does the standard library
-// convert between doubles and text.
+// convert between doubles and text, by what every one of them has.
 std::string scientificText(double value, int significantDigits)
 {
     std::array<char, 32> buffer {};
@@ -33,12 +33,21 @@ std::string scientificText(double value, int significantDigits)
     return { buffer.data(), written.ptr };
 }
 
-// The double nearest to a number written [-]digits[.digits][e[-]digits]; nothing when it is too large or too small.
-std::optional<double> nearestDouble(std::string_view number)
+// The double nearest to digits times a power of ten; an infinity when it is too large, 0 when it is too small. Without
+// decimals there is no mark before them, the only thing that strtod() takes from the machine's settings.
+double nearestDouble(std::string digits, long long powerOfTen)
 {
-    double value = 0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    return result.ec == std::errc::result_out_of_range ? std::nullopt : std::optional(value);
+    digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size() - 1));
+    // What lies halfway between two doubles has 768 digits at most. Of those behind them it only matters whether they
+    // are all 0; not every strtod() bears them by the thousand.
+    constexpr std::size_t mostDigits = 768;
+    if (digits.size() > mostDigits) {
+        const bool isMore = digits.find_first_not_of('0', mostDigits) != std::string::npos;
+        powerOfTen += static_cast<long long>(digits.size() - mostDigits) - 1;
+        digits.resize(mostDigits);
+        digits += isMore ? '1' : '0';
+    }
+    return std::strtod((digits + 'e' + std::to_string(powerOfTen)).c_str(), nullptr);
 }
 
 std::string plainText(double value, int significantDigits)
@@ -82,7 +91,7 @@ constexpr NumberRule commaRule { ",.", " \t", "", "+-", true };
 constexpr NumberRule wholeRule { "", " ", "", "-", false };
 constexpr NumberRule typedRule { ",", "", ".", "+-", true };
 
-// Finds out how far a number goes before anything is converted, and gathers its text as nearestDouble() reads it.
+// Finds out how far a number goes before anything is converted, and gathers what nearestDouble() reads.
 class NumberScanner {
 public:
     explicit NumberScanner(std::string_view text)
@@ -95,7 +104,7 @@ public:
     void ReadSign(std::string_view signs)
     {
         if (nextIsOneOf(signs)) {
-            number_ += rest_.front() == '-' ? "-" : "";
+            negative_ = rest_.front() == '-';
             rest_.remove_prefix(1);
         }
     }
@@ -107,8 +116,7 @@ public:
         while (!rest_.empty() && (isDigit(rest_.front()) || (behindDigit && nextIsOneOf(separators)))) {
             behindDigit = isDigit(rest_.front());
             if (behindDigit) {
-                number_ += rest_.front();
-                hasDigits_ = true;
+                digits_ += rest_.front();
             }
             rest_.remove_prefix(1);
         }
@@ -118,15 +126,16 @@ public:
     {
         if (nextIsOneOf(marks)) {
             rest_.remove_prefix(1);
-            number_ += '.';
+            const std::size_t before = digits_.size();
             ReadDigits("");
+            decimals_ = static_cast<long long>(digits_.size() - before);
         }
     }
 
     // An exponent counts only behind digits and only with a digit of its own.
     void ReadExponent()
     {
-        if (!hasDigits_ || !nextIsOneOf("eE")) {
+        if (digits_.empty() || !nextIsOneOf("eE")) {
             return;
         }
         const std::size_t first = rest_.size() > 1 && isOneOf("+-", rest_[1]) ? 2 : 1;
@@ -135,8 +144,10 @@ public:
             ++last;
         }
         if (last > first) {
-            number_ += rest_[1] == '-' ? "e-" : "e";
-            number_ += rest_.substr(first, last - first);
+            exponent_ = cappedNumber(rest_.substr(first, last - first));
+            if (rest_[1] == '-') {
+                exponent_ = -exponent_;
+            }
             rest_.remove_prefix(last);
         }
     }
@@ -144,47 +155,30 @@ public:
     // The double nearest to the number read; an infinity when it is too large, 0 when it is too small.
     std::optional<double> Number() const
     {
-        if (!hasDigits_) {
+        if (digits_.empty()) {
             return std::nullopt;
         }
-        if (const std::optional<double> value = nearestDouble(number_)) {
-            return value;
-        }
-        const double infinity = std::numeric_limits<double>::infinity();
-        return isTooSmall() ? 0 : (number_.front() == '-' ? -infinity : infinity);
+        const double number = nearestDouble(digits_, exponent_ - decimals_);
+        return negative_ ? -number : number;
     }
 
 private:
     bool nextIsOneOf(std::string_view characters) const { return !rest_.empty() && isOneOf(characters, rest_.front()); }
 
-    // Whether a number that no double holds is too small, not too large. Such a number is so far from 1 that the exact
-    // position of its point does not matter.
-    bool isTooSmall() const
-    {
-        const std::string_view mantissa = std::string_view(number_).substr(0, number_.find('e'));
-        const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
-        const auto firstDigit = static_cast<long long>(mantissa.find_first_of("123456789"));
-        return point - firstDigit + exponent() < 0;
-    }
-
-    // Capped: no text is long enough for its digits to outweigh a larger exponent.
-    long long exponent() const
+    // No text is long enough for its digits to outweigh a larger exponent.
+    static long long cappedNumber(std::string_view digits)
     {
         constexpr long long huge = 1'000'000'000'000;
-        long long exponent = 0;
-        if (const std::size_t mark = number_.find('e'); mark != std::string::npos) {
-            const std::string_view text = std::string_view(number_).substr(mark + 1);
-            const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
-            if (result.ec == std::errc::result_out_of_range) {
-                exponent = text.front() == '-' ? -huge : huge;
-            }
-        }
-        return std::clamp(exponent, -huge, huge);
+        long long number = huge;
+        std::from_chars(digits.data(), digits.data() + digits.size(), number);
+        return std::min(number, huge);
     }
 
     std::string_view rest_;
-    std::string number_;
-    bool hasDigits_ = false;
+    bool negative_ = false;
+    std::string digits_;
+    long long decimals_ = 0;
+    long long exponent_ = 0;
 };
 
 // The number at the beginning of a text, or that the whole text is.

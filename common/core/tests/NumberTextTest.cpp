@@ -291,6 +291,24 @@ TEST(NumberReaders, ReadWhatIsTooLargeAsAnInfinityAndWhatIsTooSmallAsZero)
     EXPECT_EQ(LeadingWholeNumber(repeated("9", 310)), infinity);
 }
 
+// 2^53 + 1 lies halfway between two doubles: a digit behind 20,000 zeros decides which of them is nearer.
+TEST(NumberReaders, ReadTheNearestNumberHoweverManyDigitsItHas)
+{
+    const std::string zeros = repeated("0", 20'000);
+    const std::pair<std::string, double> cases[] = { { "9007199254740993" + zeros + "0e-20001", 9007199254740992 },
+        { "9007199254740993" + zeros + "1e-20001", 9007199254740994 },
+        { "-9007199254740993" + zeros + "1e-20001", -9007199254740994 },
+        { "9007199254740992" + repeated("9", 20'001) + "e-20001", 9007199254740992 }, { "1" + zeros + "e-20000", 1 } };
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(ParseDisplayNumber(text), value);
+        EXPECT_EQ(LeadingNumber(text), value);
+        EXPECT_EQ(ParseCommaNumber(text), value);
+        EXPECT_EQ(ParseTypedNumber(text), value);
+    }
+    EXPECT_EQ(LeadingNumber("0." + zeros + "1e20001"), 1);
+    EXPECT_EQ(ParseCommaNumber("9007199254740993," + zeros + "1"), 9007199254740994);
+}
+
 TEST(RequireFinite, OverflowsForAnInfinityOnly)
 {
     EXPECT_EQ(RequireFinite(-1e308), -1e308);
