@@ -17,11 +17,8 @@ void typeOperands(const QString& title, const QString& first, const QString& sec
     Press(Qt::Key_F3);
 }
 
-template <typename Form>
-void drawStates(Gallery& gallery, const QString& prefix, const QString& title, const QString& rightToLeftAnswer)
+void drawMistake(Gallery& gallery, const QString& prefix, ColumnForm& form)
 {
-    const FixedClock clock;
-    Form form(clock);
     ShowAndActivate(form);
     gallery.Draw(form, prefix + QStringLiteral("fresh"));
     gallery.DrawWithKeypad(form, prefix + QStringLiteral("keypad"));
@@ -39,11 +36,18 @@ void drawStates(Gallery& gallery, const QString& prefix, const QString& title, c
     gallery.DrawNextBox(prefix + QStringLiteral("entry-keypad"));
     Press(Qt::Key_F2);
     Click(form, "CbTeclado");
+    form.close();
+}
+
+// Right at once, so that the score is that of one exercise.
+void drawRight(Gallery& gallery, const QString& prefix, ColumnForm& form, const QString& title, const QString& answer)
+{
+    ShowAndActivate(form);
     typeOperands(title, QStringLiteral("1234,5"), QStringLiteral("905,16"));
     gallery.Draw(form, prefix + QStringLiteral("typed"));
 
     Click(form, "Text3");
-    Type(rightToLeftAnswer);
+    TypeResult(answer);
     Press(Qt::Key_Return);
     gallery.Draw(form, prefix + QStringLiteral("right"));
     gallery.DrawMaximised(form, prefix + QStringLiteral("maximised"));
@@ -54,12 +58,22 @@ void drawStates(Gallery& gallery, const QString& prefix, const QString& title, c
     gallery.Draw(form, prefix + QStringLiteral("longest"));
 }
 
+template <typename Form>
+void drawStates(Gallery& gallery, const QString& prefix, const QString& title, const QString& answer)
+{
+    const FixedClock clock;
+    Form first(clock);
+    drawMistake(gallery, prefix, first);
+    Form second(clock);
+    drawRight(gallery, prefix, second, title, answer);
+}
+
 } // namespace
 
 void DrawAddSub(Gallery& gallery)
 {
-    drawStates<Form2>(gallery, QStringLiteral("addition-"), QStringLiteral("Sumas"), QStringLiteral("66,9312"));
-    drawStates<Form3>(gallery, QStringLiteral("subtraction-"), QStringLiteral("Restas"), QStringLiteral("43,923"));
+    drawStates<Form2>(gallery, QStringLiteral("addition-"), QStringLiteral("Sumas"), QStringLiteral("2139,66"));
+    drawStates<Form3>(gallery, QStringLiteral("subtraction-"), QStringLiteral("Restas"), QStringLiteral("329,34"));
 }
 
 } // namespace numbrela::testing

@@ -39,10 +39,29 @@ void typeRow(int row, const QString& text)
     Type(text);
 }
 
+// 74,14 ÷ 5 = 14,82, the rest 0,04: what this time of day draws. The column of the comma is passed over by itself.
+void drawComma(Gallery& gallery)
+{
+    const FixedClock clock({ 9, 25, 30, 33930 });
+    bool commaShift = false;
+    Form5 form(clock, commaShift);
+    ShowAndActivate(form);
+    typeRow(1, QStringLiteral(" 24"));
+    typeRow(2, QStringLiteral("  41"));
+    typeRow(3, QStringLiteral("   14"));
+    typeRow(4, QStringLiteral("    4"));
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
+    Type("14,82");
+    Click(form, "Command1");
+    gallery.Draw(form, QStringLiteral("division-comma"));
+}
+
 } // namespace
 
 void DrawDivide(Gallery& gallery)
 {
+    drawComma(gallery);
     const FixedClock clock;
     bool commaShift = false;
     Form5 form(clock, commaShift);

@@ -1,5 +1,6 @@
 #include "app/Application.h"
 #include "tests/gallery/Gallery.h"
+#include "tests/gallery/Writing.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Harness.h"
 
@@ -8,13 +9,14 @@
 #include <QDir>
 #include <QPixmap>
 
+#include <fstream>
 #include <iostream>
 
 using namespace numbrela::testing;
 
 namespace {
 
-// Draws every state to a PNG file of its name, all in one folder.
+// Draws every state to a PNG file of its name, and writes a text file of what is written in it, all in one folder.
 class Pictures : public Gallery {
 public:
     explicit Pictures(const QString& folder)
@@ -26,9 +28,11 @@ public:
     void Draw(QWidget& window, const QString& name) override
     {
         QCoreApplication::processEvents(); // let the layout settle
-        const QString path = folder_.filePath(name + QStringLiteral(".png"));
-        if (!window.grab().save(path)) {
-            std::cerr << "cannot write " << path.toStdString() << '\n';
+        const std::string path = folder_.filePath(name).toStdString();
+        std::ofstream writing(path + ".txt");
+        writing << WritingIn(window) << std::flush;
+        if (!writing || !window.grab().save(QString::fromStdString(path + ".png"))) {
+            std::cerr << "cannot write " << path << '\n';
             ++failures_;
         }
     }

@@ -8,14 +8,39 @@ namespace numbrela::testing {
 
 namespace {
 
-// Draws until the solution is judged right, which no sum with decimals is.
-void showRightSum(FormColoSuma& form)
+// 92,5 + 84 + 3,5 + 251 = 431: what this time of day draws, a sum without decimals, which can be judged right.
+void drawWholeSum(Gallery& gallery)
 {
-    do {
-        form.Command2_Click(0);
-        form.Command2_Click(2);
-        form.Command1_Click();
-    } while (form.Text1->Text() != "Resultado correcto ");
+    const FixedClock clock({ 8, 22, 33, 30153 });
+    FormColoSuma form(clock);
+    ShowAndActivate(form);
+    gallery.Draw(form, QStringLiteral("placeadd-fresh"));
+    gallery.DrawWithKeypad(form, QStringLiteral("placeadd-keypad"));
+
+    Type("  92,5");
+    Press(Qt::Key_Tab);
+    Type("  84");
+    Click(form, "Command1");
+    gallery.Draw(form, QStringLiteral("placeadd-wrong"));
+    Click(form, "TbSumando(1)");
+    for (const char* rest : { "   3,5", " 251", " 431" }) {
+        Press(Qt::Key_Tab);
+        Type(rest);
+    }
+    Click(form, "Command1");
+    gallery.DrawBoth(form, QStringLiteral("placeadd-right"));
+}
+
+// Draws until no digit of the solution is lost: up to three digits, so at most two decimals.
+void drawSixAddends(Gallery& gallery, FormColoSuma& form)
+{
+    Choose(form, "MnuOpcSumLis(4)");
+    Click(form, "Command2(2)");
+    while (form.TbResultado->text().section(u',', 1).size() != 2) {
+        Click(form, "Command2(0)");
+        Click(form, "Command2(2)");
+    }
+    gallery.DrawBoth(form, QStringLiteral("placeadd-six-addends"));
 }
 
 // A new window with six addends of up to five digits: a solution longer than what can be typed, and what is said of
@@ -55,24 +80,12 @@ void drawFiveDigits(Gallery& gallery, const Clock& clock)
 
 void DrawPlaceAdd(Gallery& gallery)
 {
+    drawWholeSum(gallery);
+
     const FixedClock clock;
     FormColoSuma form(clock);
     ShowAndActivate(form);
-    gallery.Draw(form, QStringLiteral("placeadd-fresh"));
-    gallery.DrawWithKeypad(form, QStringLiteral("placeadd-keypad"));
-
-    Type("  12,5");
-    Press(Qt::Key_Tab);
-    Type("   7");
-    Click(form, "Command1");
-    gallery.Draw(form, QStringLiteral("placeadd-wrong"));
-
-    showRightSum(form);
-    gallery.DrawBoth(form, QStringLiteral("placeadd-right"));
-
-    Choose(form, "MnuOpcSumLis(4)");
-    form.Command2_Click(2);
-    gallery.DrawBoth(form, QStringLiteral("placeadd-six-addends"));
+    drawSixAddends(gallery, form);
 
     Choose(form, "MnuOpcSumLis(0)");
     form.Command2_Click(2);

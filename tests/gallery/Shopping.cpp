@@ -15,14 +15,6 @@ namespace numbrela::testing {
 
 namespace {
 
-void takeSomeBread(const Form7& form)
-{
-    GoInto(form, QStringLiteral("Panadería"));
-    for (const int line : { 1, 0, 4, 1, 6 }) {
-        DoubleClickLine(*form.LIDisponibles, line);
-    }
-}
-
 void buyWhatIsListedIn(const Form7& form, const QString& shop)
 {
     GoInto(form, shop);
@@ -57,10 +49,10 @@ void pay(const Form7& form)
 
 void drawVisit(Gallery& gallery, Form7& form)
 {
-    takeSomeBread(form);
+    buyWhatIsListedIn(form, QStringLiteral("Librería"));
     gallery.DrawBoth(form, QStringLiteral("shopping-shop"));
     PressContinue(form);
-    TypeResult(",35");
+    TypeResult(",30");
     gallery.DrawBoth(form, QStringLiteral("shopping-adding"));
     gallery.DrawWithKeypad(form, QStringLiteral("shopping-keypad"));
     Press(Qt::Key_Home);

@@ -1,4 +1,5 @@
 #include "tests/gallery/Gallery.h"
+#include "tests/gallery/Writing.h"
 #include "tests/manual/Pages.h"
 #include "tests/support/Boxes.h"
 
@@ -9,11 +10,22 @@
 #include <QPixmap>
 
 #include <cstdlib>
+#include <fstream>
 #include <map>
+#include <sstream>
 
 namespace numbrela::testing {
 
 namespace {
+
+// Where letters are drawn in another way, pixels only tell where things are and what colour they have. What they say is
+// compared as text.
+std::string writingBeside(const std::string& picture)
+{
+    std::ostringstream writing;
+    writing << std::ifstream(ManualFolder() / "pictures" / (picture + ".txt")).rdbuf();
+    return writing.str();
+}
 
 // How far the colours of two pictures are apart at most, 0 to 255, when their letters are blurred: those differ between
 // the versions of the library that draws them, and so does the width of a box that only holds letters.
@@ -44,7 +56,9 @@ std::map<std::string, QImage> picturesOfTheManual()
 {
     std::map<std::string, QImage> pictures;
     for (const auto& entry : std::filesystem::directory_iterator(ManualFolder() / "pictures")) {
-        pictures[entry.path().stem().string()] = QImage(QString::fromStdString(entry.path().string()));
+        if (entry.path().extension() == ".png") {
+            pictures[entry.path().stem().string()] = QImage(QString::fromStdString(entry.path().string()));
+        }
     }
     return pictures;
 }
@@ -70,6 +84,8 @@ public:
         EXPECT_EQ(picture->second.height() / 8, now.height() / 8) << name.toStdString();
         EXPECT_LE(distance(picture->second, now), lettersDiffer)
             << name.toStdString() << " is of another version; tools/manual draws it anew";
+        EXPECT_EQ(writingBeside(picture->first), WritingIn(window))
+            << name.toStdString() << " says something else; tools/manual draws it anew";
         Unseen.erase(picture);
     }
 
