@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <regex>
 #include <set>
 #include <sstream>
 
@@ -310,6 +311,45 @@ std::string score(const Example& example)
     return answers + '\n' + counts.Line();
 }
 
+Verdict columnVerdict(
+    Operation operation, const std::string& first, const std::string& second, const std::string& answer)
+{
+    ScriptedRandom noChance({});
+    ColumnExercise exercise(operation, noChance);
+    EXPECT_TRUE(exercise.EnterOperand1(first).Accepted);
+    EXPECT_TRUE(exercise.EnterOperand2(second).Accepted);
+    return exercise.Judge(answer);
+}
+
+Verdict productVerdict(const std::string& first, const std::string& second, const std::string& answer)
+{
+    ScriptedRandom noChance({});
+    Multiplication exercise(noChance);
+    EXPECT_TRUE(exercise.EnterFactor1(first).Accepted);
+    EXPECT_TRUE(exercise.EnterFactor2(second).Accepted);
+    return exercise.Judge(answer, {});
+}
+
+// "347 + 285 = 522: resultado incorrecto", line by line: what is said of an answer.
+std::string verdicts(const Example& example)
+{
+    Lines lines;
+    for (const std::string& given : linesOf(example.Text)) {
+        std::istringstream words(given.substr(0, given.find(':')));
+        std::string first;
+        std::string sign;
+        std::string second;
+        std::string equals;
+        std::string answer;
+        words >> first >> sign >> second >> equals >> answer;
+        const Verdict verdict = sign == "×"
+            ? productVerdict(first, second, answer)
+            : columnVerdict(sign == "+" ? Operation::Addition : Operation::Subtraction, first, second, answer);
+        lines.push_back(first + ' ' + sign + ' ' + second + " = " + answer + ": " + std::string(Trimmed(verdict.Text)));
+    }
+    return joined(lines);
+}
+
 struct Kind {
     const char* Name;
     std::function<std::string(const Example&)> Write;
@@ -327,6 +367,7 @@ const std::vector<Kind>& kinds()
         { "mayor y menor", comparison },
         { "coloca y suma", placeAndAdd },
         { "marcador", score },
+        { "respuesta", verdicts },
     };
     return all;
 }
@@ -349,6 +390,71 @@ TEST(ManualExamplesTest, EachWorkedExampleIsWhatTheProgramWorksOut)
     for (const Kind& kind : kinds()) {
         EXPECT_GE(seen[kind.Name], 1) << "no example of " << kind.Name;
     }
+}
+
+// In an example it would be worked out; in a sentence nobody sees that it is wrong.
+TEST(ManualExamplesTest, NoCalculationStandsOutsideOfAnExample)
+{
+    static const std::regex calculation("[0-9] (\\+|×|÷|=) [0-9]");
+    for (const Page& page : Pages()) {
+        std::smatch found;
+        EXPECT_FALSE(std::regex_search(page.Prose, found, calculation)) << page.Name << " has " << found.str();
+    }
+}
+
+// The shares of exercises of place and add that the page for teachers tells of.
+struct Shares {
+    double Whole = 0; // of all exercises, those whose sum has no decimals
+    double Refused = 0; // of those, the ones whose sum is not taken for right
+    double Inexact = 0; // of all, those whose solution is not the sum
+};
+
+long long thousandthsOf(const std::string& number)
+{
+    std::string digits = number.substr(0, number.find(','));
+    digits += number.substr(std::min(number.size(), digits.size() + 1));
+    for (int decimals = decimalsOf(number); decimals < 3; ++decimals) {
+        digits += '0';
+    }
+    return decimalsOf(number) > 3 ? -1 : std::stoll(digits);
+}
+
+Shares sharesOf(int addendCount, int maxDigits)
+{
+    constexpr int exercises = 20000;
+    constexpr int anySeed = 1;
+    SeededRandom random(anySeed);
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = addendCount;
+    exercise.MaxDigits = maxDigits;
+    int whole = 0;
+    int refused = 0;
+    int inexact = 0;
+    for (int count = 0; count < exercises; ++count) {
+        exercise.NewPlaceAndAdd();
+        long long sum = 0;
+        std::istringstream words(exercise.DataLine());
+        for (std::string word; words >> word;) {
+            sum += word == "+" ? 0 : thousandthsOf(word);
+        }
+        const bool isWhole = sum % 1000 == 0;
+        whole += isWhole ? 1 : 0;
+        refused += isWhole && !exercise.Judge(std::to_string(sum / 1000), {}).Right ? 1 : 0;
+        inexact += thousandthsOf(std::string(Trimmed(exercise.Solution().Sum))) != sum ? 1 : 0;
+    }
+    return { static_cast<double>(whole) / exercises, static_cast<double>(refused) / whole,
+        static_cast<double>(inexact) / exercises };
+}
+
+TEST(ManualExamplesTest, PlaceAndAddHasAsFewWholeSumsAsThePageForTeachersSays)
+{
+    const Shares atFirst = sharesOf(4, 3);
+    EXPECT_NEAR(1 / atFirst.Whole, 20, 3); // "una de cada veinte"
+    EXPECT_NEAR(1 / atFirst.Refused, 10, 2); // "una de cada diez"
+    EXPECT_NEAR(atFirst.Inexact, 0.035, 0.005); // "tres o cuatro de cada cien"
+    const Shares most = sharesOf(2, 3);
+    EXPECT_NEAR(1 / most.Whole, 10, 1); // "una de cada diez"
+    EXPECT_EQ(most.Refused, 0); // "todas se reconocen"
 }
 
 } // namespace

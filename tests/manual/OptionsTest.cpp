@@ -23,7 +23,7 @@ std::string captionOf(const QAction& action)
     return Collapsed(action.text().remove(QChar(u'&')).toStdString());
 }
 
-// "**0** a **6**" are numbers; other values are quoted.
+// "0 a 6" are numbers; other values are quoted: "«Cualquiera», «Seleccionar ()...»".
 std::string valuesOf(const QMenu& menu)
 {
     const std::string first = captionOf(*menu.actions().front());

@@ -72,7 +72,7 @@ public:
             ++number_;
             readLine(withoutBlanksBehind(line));
         }
-        page_.Quotes = quotesIn(prose_);
+        page_.Quotes = quotesIn(page_.Prose);
         findAddresses();
     }
 
@@ -93,7 +93,7 @@ private:
             text += (text.empty() ? "" : "\n") + line;
             return;
         }
-        prose_ += line + '\n';
+        page_.Prose += line + '\n';
         if (line.starts_with('#')) {
             heading_ = Collapsed(line.substr(std::min(line.find_first_not_of('#'), line.size())));
         }
@@ -119,17 +119,17 @@ private:
     // Markdown's "[text](address)" and "![text](address)"; a text may hold a picture.
     void findAddresses()
     {
-        for (std::size_t at = prose_.find("]("); at != std::string::npos; at = prose_.find("](", at + 2)) {
-            const std::size_t end = prose_.find(')', at);
-            const std::string address = prose_.substr(at + 2, end - at - 2);
-            const std::size_t begin = prose_.rfind('[', at);
-            const bool isPicture = begin > 0 && begin != std::string::npos && prose_[begin - 1] == '!';
+        const std::string& prose = page_.Prose;
+        for (std::size_t at = prose.find("]("); at != std::string::npos; at = prose.find("](", at + 2)) {
+            const std::size_t end = prose.find(')', at);
+            const std::string address = prose.substr(at + 2, end - at - 2);
+            const std::size_t begin = prose.rfind('[', at);
+            const bool isPicture = begin > 0 && begin != std::string::npos && prose[begin - 1] == '!';
             (isPicture ? page_.Pictures : page_.Links).push_back(address);
         }
     }
 
     Page& page_;
-    std::string prose_; // all but the examples
     std::string heading_;
     int number_ = 0;
     bool inExample_ = false;
@@ -142,6 +142,7 @@ Page read(const std::filesystem::path& path, const std::filesystem::path& folder
         .Name = std::filesystem::relative(path, folder).generic_string(),
         .Examples = {},
         .Tables = {},
+        .Prose = {},
         .Quotes = {},
         .Links = {},
         .Pictures = {} };

@@ -26,6 +26,7 @@ struct Page {
     std::string Name; // below docs/manual: "alumno/sumas.md"
     std::vector<Example> Examples;
     std::vector<ManualTable> Tables;
+    std::string Prose; // all but the examples
     std::vector<std::string> Quotes; // what stands between « and », with those inside it; blanks collapsed
     std::vector<std::string> Links; // addresses of links
     std::vector<std::string> Pictures; // addresses of pictures

@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <set>
 #include <string>
@@ -24,20 +25,31 @@ std::set<std::string> buttonsOfBoxes()
     return captions;
 }
 
-// Texts that nobody reads on the screen: names of fonts, what Qt's readers of the keyboard and the maker of the
-// catalogue say to those who build the program, and the places of digits of thousands of millions and more, which a
-// reader puts together as everybody counts.
+// Texts that nobody reads on the screen: names of fonts, of files and of what is Qt's, what Qt's readers of the
+// keyboard and the maker of the catalogue say to those who build the program, and the places of digits of thousands of
+// millions and more, which a reader puts together as everybody counts.
 bool isForNobody(const ProgramText& text)
 {
     static const std::set<std::string> files { "Look.cpp", "main.cpp", "CatalogueSource.cpp", "NativeKeys.cpp",
         "PlaceName.cpp", "productos.txt" };
-    static const std::set<std::string> fonts { "Courier New" };
-    return files.contains(text.File) || fonts.contains(text.Text);
+    static const std::set<std::string> names { "Arial", "Courier", "Courier New", "Verdana", "Dialog", "Teclado",
+        "Recursos", "numbrela", "windows" };
+    return files.contains(text.File) || names.contains(text.Text);
 }
 
-bool hasLetter(const std::string& text)
+// Whether it is made of words, as what is said to people is: "desajuste", "Aciertos:", "NUMBRELA", but not "List1",
+// "TbResultado" or "WM_STATE", which are names in the program.
+bool isInWords(const std::string& text)
 {
-    return text.find_first_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ") != std::string::npos;
+    static const QRegularExpression words(QStringLiteral("^[¿(«]*(\\p{Lu}?\\p{Ll}+|\\p{Lu}{2,}|\\p{Lu})[.,:;?)»]*$"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    return text.find(' ') != std::string::npos || words.match(QString::fromStdString(text)).hasMatch();
+}
+
+bool hasWord(const std::string& text)
+{
+    static const QRegularExpression word(QStringLiteral("\\p{L}{2}"), QRegularExpression::UseUnicodePropertiesOption);
+    return word.match(QString::fromStdString(text)).hasMatch();
 }
 
 std::set<std::string> quotedParts()
@@ -70,13 +82,13 @@ TEST(ManualTextsTest, EachQuoteIsATextOfTheProgram)
     }
 }
 
-TEST(ManualTextsTest, EachCaptionAndEachMessageStandsInTheManual)
+TEST(ManualTextsTest, EachCaptionTitleMessageAndSpokenNameStandsInTheManual)
 {
     const std::set<std::string> quoted = quotedParts();
     int looked = 0;
     for (const ProgramText& text : ProgramTexts()) {
-        const bool isShown = text.IsCaption || text.Text.find(' ') != std::string::npos;
-        if (isShown && hasLetter(text.Text) && !isForNobody(text)) {
+        const bool isShown = text.IsCaption || isInWords(text.Text);
+        if (isShown && hasWord(text.Text) && !isForNobody(text)) {
             ++looked;
             EXPECT_TRUE(quoted.contains(text.Text)) << text.File << " says «" << text.Text << "»";
         }
