@@ -11,7 +11,6 @@ file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/onpath")
 file(CREATE_LINK "${programFromPath}" "${linkOnPath}" SYMBOLIC)
 install(FILES "${linkOnPath}" DESTINATION "${CMAKE_INSTALL_BINDIR}")
 
-install(FILES "${linuxFiles}/numbrela.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${linuxFiles}/org.example.numbrela.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 install(FILES "${linuxFiles}/numbrela.6" DESTINATION "${CMAKE_INSTALL_MANDIR}/man6")
 install(FILES "${linuxFiles}/numbrela.es.6" DESTINATION "${CMAKE_INSTALL_MANDIR}/es/man6" RENAME numbrela.6)
@@ -24,11 +23,16 @@ foreach(size 16 22 24 32 48 64 128 256 512)
 endforeach()
 install(FILES "${PROJECT_SOURCE_DIR}/packaging/numbrela.svg" DESTINATION "${icons}/scalable/apps")
 
-install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CONTRIBUTING.md" "${PROJECT_SOURCE_DIR}/LICENSE"
-  DESTINATION "${documents}")
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${documents}" PATTERN "manual" EXCLUDE)
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${documents}")
 include("${PROJECT_SOURCE_DIR}/packaging/Manual.cmake")
 install(DIRECTORY "${manualPages}" DESTINATION "${documents}")
+
+# Where the manual is, to which the desktop entry leads, is only known when the program is installed.
+install(CODE "
+  set(MANUAL \"\${CMAKE_INSTALL_PREFIX}/${documents}/manual/index.html\")
+  configure_file(\"${linuxFiles}/numbrela.desktop\"
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/applications/numbrela.desktop\"
+    @ONLY FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)")
 
 # The catalogue as it is at first, for whoever wants it back.
 set(firstProducts "${PROJECT_SOURCE_DIR}/activities/shopping/catalogue/productos.txt")
