@@ -57,6 +57,67 @@ void drawComma(Gallery& gallery)
     gallery.Draw(form, QStringLiteral("division-comma"));
 }
 
+void typeQuotient()
+{
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
+    Type("823");
+}
+
+void drawWholeNumbers(Gallery& gallery, Form5& form)
+{
+    ShowAndActivate(form);
+    Choose(form, "MnuOpcDeDLis(0)");
+    Click(form, "Command2(0)");
+    enterDivision();
+    typeRow(1, QStringLiteral("  27"));
+    typeRow(2, QStringLiteral("   3"));
+    gallery.DrawBoth(form, QStringLiteral("division-half"));
+
+    typeRow(2, QStringLiteral("   36"));
+    typeRow(3, QStringLiteral("    0"));
+    typeQuotient();
+    Click(form, "Command1");
+    gallery.Draw(form, QStringLiteral("division-right"));
+
+    Click(form, "Command2(0)");
+    enterDivision();
+    typeRow(1, QStringLiteral("  27"));
+    typeRow(2, QStringLiteral("   36"));
+    typeRow(3, QStringLiteral("    1"));
+    typeQuotient();
+    Click(form, "Command1");
+    gallery.Draw(form, QStringLiteral("division-wrong"));
+    form.close();
+}
+
+void drawSolutions(Gallery& gallery, Form5& form)
+{
+    ShowAndActivate(form);
+    Choose(form, "MnuOpcDeDLis(0)");
+    enterDivision();
+    Click(form, "Command2(2)");
+    gallery.Draw(form, QStringLiteral("division-solution"));
+    Choose(form, "MnuOpcRes");
+    enterDivision();
+    Click(form, "Command2(2)");
+    gallery.Draw(form, QStringLiteral("division-solution-subtractions"));
+    gallery.DrawMaximised(form, QStringLiteral("division-solution-maximised"));
+}
+
+void drawLongest(Gallery& gallery, Form5& form)
+{
+    Choose(form, "MnuOpcDivLis(8)");
+    Choose(form, "MnuOpcDeDLis(5)");
+    Choose(form, "MnuOpcDisLis(8)");
+    gallery.DrawBoth(form, QStringLiteral("division-longest"));
+    gallery.DrawWithKeypad(form, QStringLiteral("division-longest-keypad"));
+    Choose(form, "MnuOpcDeCLis(5)");
+    Choose(form, "MnuOpcDisLis(1)");
+    Click(form, "Command2(2)");
+    gallery.DrawBoth(form, QStringLiteral("division-longest-solution"));
+}
+
 } // namespace
 
 void DrawDivide(Gallery& gallery)
@@ -72,46 +133,14 @@ void DrawDivide(Gallery& gallery)
     Press(Qt::Key_F2);
     Click(form, "Command2(2)");
     gallery.Draw(form, QStringLiteral("division-solution-decimals"));
+    form.close();
 
     commaShift = false;
-    Choose(form, "MnuOpcDeDLis(0)");
-    Click(form, "Command2(0)");
-    enterDivision();
-    typeRow(1, QStringLiteral("  27"));
-    typeRow(2, QStringLiteral("   3"));
-    gallery.DrawBoth(form, QStringLiteral("division-half"));
-
-    typeRow(2, QStringLiteral("   36"));
-    typeRow(3, QStringLiteral("    1"));
-    Press(Qt::Key_Tab);
-    Press(Qt::Key_Tab);
-    Type("823");
-    Click(form, "Command1");
-    gallery.Draw(form, QStringLiteral("division-wrong"));
-
-    Click(form, "Text1");
-    typeRow(3, QStringLiteral("    0"));
-    Click(form, "Command1");
-    gallery.Draw(form, QStringLiteral("division-right"));
-
-    Click(form, "Command2(1)");
-    Click(form, "Command2(2)");
-    gallery.Draw(form, QStringLiteral("division-solution"));
-    Choose(form, "MnuOpcRes");
-    enterDivision();
-    Click(form, "Command2(2)");
-    gallery.Draw(form, QStringLiteral("division-solution-subtractions"));
-    gallery.DrawMaximised(form, QStringLiteral("division-solution-maximised"));
-
-    Choose(form, "MnuOpcDivLis(8)");
-    Choose(form, "MnuOpcDeDLis(5)");
-    Choose(form, "MnuOpcDisLis(8)");
-    gallery.DrawBoth(form, QStringLiteral("division-longest"));
-    gallery.DrawWithKeypad(form, QStringLiteral("division-longest-keypad"));
-    Choose(form, "MnuOpcDeCLis(5)");
-    Choose(form, "MnuOpcDisLis(1)");
-    Click(form, "Command2(2)");
-    gallery.DrawBoth(form, QStringLiteral("division-longest-solution"));
+    Form5 worked(clock, commaShift);
+    drawWholeNumbers(gallery, worked);
+    Form5 solved(clock, commaShift);
+    drawSolutions(gallery, solved);
+    drawLongest(gallery, solved);
 }
 
 } // namespace numbrela::testing

@@ -55,6 +55,7 @@ void drawWork(Gallery& gallery, Form4& form)
 
 void drawSolutions(Gallery& gallery, Form4& form)
 {
+    ShowAndActivate(form);
     const auto drawSolution = [&](const char* name) {
         Click(form, "Command2(2)");
         gallery.Draw(form, QStringLiteral("multiplication-") + QString::fromLatin1(name));
@@ -116,10 +117,13 @@ void DrawMultiply(Gallery& gallery)
     Form4 form(clock, tables);
     ShowAndActivate(form);
     drawWork(gallery, form);
-    drawSolutions(gallery, form);
+    form.close();
+
+    Form4 solved(clock, tables); // with no verdict of an earlier answer
+    drawSolutions(gallery, solved);
+    solved.close();
 
     Form4 another(clock, tables);
-    form.close();
     ShowAndActivate(another);
     drawTables(gallery, another);
 }
