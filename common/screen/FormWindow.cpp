@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
-#include <QShortcut>
 
 #include <algorithm>
 #include <cmath>
@@ -39,7 +38,7 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     menuBar_->setNativeMenuBar(false);
     menuBar_->hide();
     area_->setMenuBar(menuBar_);
-    connect(new QShortcut(Qt::Key_F11, this), &QShortcut::activated, this, &FormWindow::chooseFullScreen);
+    FillScreenByF11(*this);
 }
 
 // The keypad looks at layout and menu bar, and goes before them.
@@ -80,12 +79,6 @@ void FormWindow::LendKeypad(QInputDialog& box) const
     if (keypad_ != nullptr) {
         keypad_->ServeBox(box);
     }
-}
-
-// The state before, maximised or not, comes back with the next press.
-void FormWindow::chooseFullScreen()
-{
-    setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 
 void FormWindow::followChoices()

@@ -78,7 +78,6 @@ private:
     double largestScaleOnScreen() const;
     void showWholeExtent();
     void scaleMenus(double pixelsPerTwip);
-    void chooseFullScreen();
     void followChoices();
     void takeChoice();
 

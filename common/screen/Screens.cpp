@@ -1,6 +1,7 @@
 #include "common/screen/Screens.h"
 
 #include <QScreen>
+#include <QShortcut>
 #include <QWidget>
 
 #include <algorithm>
@@ -16,6 +17,12 @@ void MoveOntoScreen(QWidget& window)
     if (wanted != frame.topLeft()) {
         window.move(wanted);
     }
+}
+
+void FillScreenByF11(QWidget& window)
+{
+    QObject::connect(new QShortcut(Qt::Key_F11, &window), &QShortcut::activated, &window,
+        [&window] { window.setWindowState(window.windowState() ^ Qt::WindowFullScreen); });
 }
 
 } // namespace numbrela

@@ -86,11 +86,13 @@ void DoSoon(QObject& context, const std::function<void()>& act)
     });
 }
 
+// Qt calls a dialog active as soon as its form is.
 void ShowAndActivate(QWidget& window)
 {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }));
 }
 
 // Qt's own list of widgets has an order by chance.

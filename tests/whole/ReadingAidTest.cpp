@@ -17,6 +17,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTextEdit>
 
@@ -95,6 +96,11 @@ INSTANTIATE_TEST_SUITE_P(Rooms, ReadingAidTest, ::testing::ValuesIn(galleryRooms
 
 // --- The Tab key -----------------------------------------------------------------------------------------------------
 
+bool waitsBehindBox(const QWidget& window)
+{
+    return QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget() != &window;
+}
+
 // All controls that get the focus in turn while Tab is pressed, until one of them gets it again. Afterwards the focus
 // is where it was.
 std::set<QWidget*> reachedByTab()
@@ -127,16 +133,37 @@ bool isTextOfBox(const QWidget& control)
 TEST_P(ReadingAidTest, TheTabKeyReachesWhatTakesTheFocus)
 {
     inspectAll([](QWidget& window) {
-        if (QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget() != &window) {
-            return; // it waits behind a box
+        if (waitsBehindBox(window)) {
+            return;
         }
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ShowAndActivate(window);
         const std::set<QWidget*> reached = reachedByTab();
         for (QWidget* control : focusableControls(window)) {
             EXPECT_TRUE(reached.count(control) == 1 || isSpokenWithAnother(*control, reached) || isTextOfBox(*control))
                 << fullNameOf(*control);
         }
+    });
+}
+
+// --- The whole screen ------------------------------------------------------------------------------------------------
+
+TEST_P(ReadingAidTest, F11FillsTheScreenWithEveryWindowAndBringsItBackAndDoesNothingInABox)
+{
+    inspectAll([](QWidget& window) {
+        if (waitsBehindBox(window)) {
+            return;
+        }
+        ShowAndActivate(window);
+        const bool isBox = window.inherits("QMessageBox") || window.inherits("QInputDialog");
+        const QRect before = window.geometry();
+        Press(Qt::Key_F11);
+        for (const QWidget* any : WindowsOnScreen()) {
+            EXPECT_EQ(any->isFullScreen(), any == &window && !isBox) << nameOf(*any);
+        }
+        EXPECT_EQ(window.size(), isBox ? before.size() : window.screen()->size());
+        Press(Qt::Key_F11);
+        EXPECT_FALSE(window.isFullScreen());
+        EXPECT_EQ(window.geometry(), before);
     });
 }
 

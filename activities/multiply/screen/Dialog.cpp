@@ -3,6 +3,7 @@
 #include "common/screen/CommandButton.h"
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
+#include "common/screen/Screens.h"
 
 #include <QCheckBox>
 
@@ -21,6 +22,7 @@ Dialog::Dialog()
 {
     setObjectName(QStringLiteral("Dialog"));
     setWindowTitle(QStringLiteral("Tablas a usar"));
+    FillScreenByF11(*this);
     for (int index = 0; index < static_cast<int>(Check1.size()); ++index) {
         const QString table = QString::number(index + 1);
         QCheckBox* box = AddControl(*area_, new QCheckBox(table, this), QStringLiteral("Check1(%1)").arg(index),
@@ -41,6 +43,7 @@ Dialog::Dialog()
 void Dialog::ShowModally(FormWindow& form)
 {
     setParent(&form, windowFlags());
+    setWindowState(Qt::WindowNoState); // it may have filled the screen when it was left
     resize(area_->SizeAt(form.Area().PixelsPerTwip()));
     Check1.front()->setFocus();
     exec();

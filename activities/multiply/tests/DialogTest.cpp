@@ -13,6 +13,7 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QScreen>
 #include <QTest>
 
 #include <algorithm>
@@ -197,6 +198,23 @@ TEST_F(DialogTest, GrowsWithTheWindowItBelongsTo)
     use([&](Dialog& dialog) {
         EXPECT_NEAR(dialog.width(), 2 * atDesignSize.width(), 4);
         EXPECT_NEAR(dialog.height(), 2 * atDesignSize.height(), 4);
+        dialog.reject();
+    });
+}
+
+TEST_F(DialogTest, OpensSmallAgainWhenItWasLeftWhileItFilledTheScreen)
+{
+    QSize small;
+    use([&](Dialog& dialog) {
+        small = dialog.size();
+        ShowAndActivate(dialog);
+        Press(Qt::Key_F11);
+        EXPECT_EQ(dialog.size(), dialog.screen()->size());
+        dialog.reject();
+    });
+    use([&](Dialog& dialog) {
+        EXPECT_FALSE(dialog.isFullScreen());
+        EXPECT_EQ(dialog.size(), small);
         dialog.reject();
     });
 }
