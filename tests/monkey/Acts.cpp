@@ -145,20 +145,40 @@ void dragByFinger(Means means)
     });
 }
 
+// The buttons of the window in front that have such a name.
+std::vector<QAbstractButton*> buttonsNamed(const QStringList& starts)
+{
+    std::vector<QAbstractButton*> buttons = visibleIn<QAbstractButton>(FrontWindow());
+    std::erase_if(buttons, [&starts](const QAbstractButton* button) {
+        return std::none_of(starts.begin(), starts.end(),
+            [button](const QString& start) { return button->objectName().startsWith(start); });
+    });
+    return buttons;
+}
+
+bool byFinger(Chance& chance)
+{
+    return chance.Percent(50);
+}
+
 // With the mouse or a finger, on a key of the keypad on the screen or on the button that shows it.
 void pressKeypad(Means means)
 {
-    constexpr int byFinger = 50; // times out of a hundred
-    const QWidget* front = FrontWindow();
-    const QWidget* pad = front == nullptr ? nullptr : front->findChild<QWidget*>(QStringLiteral("Teclado"));
-    std::vector<QAbstractButton*> keys = visibleIn<QAbstractButton>(front);
-    std::erase_if(keys, [pad](const QAbstractButton* key) {
-        return key->objectName() != QLatin1String("CbTeclado") && (pad == nullptr || key->parentWidget() != pad);
-    });
+    const auto keys = buttonsNamed({ QStringLiteral("Tecla("), QStringLiteral("CbTeclado") });
     if (!keys.empty()) {
         QAbstractButton& key = *means.Draw.OneOf(keys);
         const QPoint place = key.rect().center();
-        means.Draw.Percent(byFinger) ? means.With.Tap(key, place) : means.With.Click(key, place);
+        byFinger(means.Draw) ? means.With.Tap(key, place) : means.With.Click(key, place);
+    }
+}
+
+// Until it is let go, anything may happen: the window closes, a box opens, other keys are pressed.
+void holdKeypad(Means means)
+{
+    if (const auto keys = buttonsNamed({ QStringLiteral("Tecla(") }); !keys.empty()) {
+        QAbstractButton& key = *means.Draw.OneOf(keys);
+        const QPoint place = key.rect().center();
+        byFinger(means.Draw) ? means.With.HoldByFinger(key, place) : means.With.HoldByMouse(key, place);
     }
 }
 
@@ -326,7 +346,7 @@ struct Act {
     void (*Do)(Means means);
 };
 
-constexpr std::array<Act, 32> acts { {
+constexpr std::array<Act, 35> acts { {
     { { 125, 20, 20 }, "press a key", pressKey },
     { { 35, 40, 15 }, "press a navigation key", [](Means means) { means.With.Press(NavigationKey(means.Draw)); } },
     { { 10, 0, 10 }, "press an access key", pressAccessKey },
@@ -344,6 +364,9 @@ constexpr std::array<Act, 32> acts { {
     { { 60, 20, 10 }, "tap", tap },
     { { 20, 0, 0 }, "drag by a finger", dragByFinger },
     { { 60, 0, 20 }, "press the keypad", pressKeypad },
+    { { 30, 0, 20 }, "hold a key of the keypad", holdKeypad },
+    { { 40, 15, 15 }, "let go of the screen", [](Means means) { means.With.LetGoOfScreen(); } },
+    { { 10, 5, 5 }, "fill the screen", [](Means means) { means.With.Press({ Qt::Key_F11 }); } },
     { { 10, 10, 0 }, "hover", hover },
     { { 20, 5, 0 }, "turn the wheel", turnWheel },
     { { 60, 0, 0 }, "choose a menu item", chooseMenuItem },

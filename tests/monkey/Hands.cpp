@@ -5,8 +5,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QKeySequence>
-#include <QPointer>
-#include <QPointingDevice>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
@@ -20,6 +18,7 @@ namespace numbrela::testing {
 namespace {
 
 constexpr std::size_t mostHeldKeys = 3;
+constexpr int restingFinger = 1; // 0 is the one that taps and drags meanwhile
 
 // A place of a widget, in its window. The window may have changed its size since the place was chosen.
 QPoint placeIn(const QWindow& window, const QWidget& widget, QPoint place)
@@ -35,13 +34,6 @@ void mouse(QTest::MouseAction action, QWidget& widget, QPoint place, Qt::MouseBu
     if (QWindow* window = widget.window()->windowHandle()) {
         QTest::mouseEvent(action, window, button, with, placeIn(*window, widget, place));
     }
-}
-
-// Qt keeps a panel until the process ends, and so do we.
-QPointingDevice* touchPanel()
-{
-    static QPointingDevice* const panel = QTest::createTouchDevice();
-    return panel;
 }
 
 // A text as it can be read in a log.
@@ -177,6 +169,7 @@ void Hands::Paste(const QString& text)
 
 void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers with)
 {
+    letGoOfMouse();
     sayPlace(button == Qt::LeftButton ? "left" : button == Qt::RightButton ? "right" : "middle", widget, place);
     const QPointer<QWidget> alive = &widget;
     mouse(QTest::MousePress, widget, place, button, with);
@@ -185,6 +178,7 @@ void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::Key
 
 void Hands::DoubleClick(QWidget& widget, QPoint place)
 {
+    letGoOfMouse();
     sayPlace("at", widget, place);
     mouse(QTest::MouseDClick, widget, place, Qt::LeftButton);
 }
@@ -192,6 +186,7 @@ void Hands::DoubleClick(QWidget& widget, QPoint place)
 void Hands::Drag(QWidget& widget, QPoint from, QPoint to)
 {
     constexpr int steps = 4;
+    letGoOfMouse();
     sayPlace("from", widget, from);
     sayPlace("to", widget, to);
     const QPointer<QWidget> alive = &widget;
@@ -208,44 +203,60 @@ void Hands::MoveTo(QWidget& widget, QPoint place)
     mouse(QTest::MouseMove, widget, place, Qt::NoButton);
 }
 
-// The finger stays in the window in which it came down, and is lifted there, or from the panel if that window is gone.
-void Hands::touch(QWidget& widget, const std::vector<QPoint>& way)
-{
-    constexpr int finger = 0;
-    QPointer<QWindow> window = widget.window()->windowHandle();
-    if (window == nullptr) {
-        return;
-    }
-    std::vector<QPoint> places;
-    for (const QPoint place : way) {
-        places.push_back(placeIn(*window, widget, place));
-    }
-    QTest::touchEvent(window, touchPanel()).press(finger, places.front(), window);
-    for (const QPoint place : places) {
-        if (window != nullptr && window->isVisible()) {
-            QTest::touchEvent(window, touchPanel()).move(finger, place, window);
-        }
-    }
-    QWindow* under = window;
-    if (under == nullptr) {
-        under = FrontWindow() == nullptr ? nullptr : FrontWindow()->window()->windowHandle();
-    }
-    if (under != nullptr) {
-        QTest::touchEvent(under, touchPanel()).release(finger, places.back(), under);
-    }
-}
-
 void Hands::Tap(QWidget& widget, QPoint place)
 {
     sayPlace("on", widget, place);
-    touch(widget, { place });
+    if (const QWindow* window = widget.window()->windowHandle()) {
+        testing::Tap(*widget.window(), placeIn(*window, widget, place));
+    }
 }
 
 void Hands::DragByFinger(QWidget& widget, QPoint from, QPoint to)
 {
     sayPlace("from", widget, from);
     sayPlace("to", widget, to);
-    touch(widget, { from, from + (to - from) / 3, from + (to - from) * 2 / 3, to });
+    if (const QWindow* window = widget.window()->windowHandle()) {
+        testing::DragByFinger(*widget.window(), placeIn(*window, widget, from), placeIn(*window, widget, to));
+    }
+}
+
+void Hands::HoldByMouse(QWidget& widget, QPoint place)
+{
+    letGoOfMouse();
+    sayPlace("down on", widget, place);
+    underMouse_ = &widget;
+    mouse(QTest::MousePress, widget, place, Qt::LeftButton);
+}
+
+void Hands::HoldByFinger(QWidget& widget, QPoint place)
+{
+    liftFinger();
+    sayPlace("down on", widget, place);
+    if (const QWindow* window = widget.window()->windowHandle()) {
+        isFingerDown_ = true;
+        FingerDown(*widget.window(), placeIn(*window, widget, place), restingFinger);
+    }
+}
+
+void Hands::LetGoOfScreen()
+{
+    letGoOfMouse();
+    liftFinger();
+}
+
+void Hands::letGoOfMouse()
+{
+    if (underMouse_) {
+        const QPointer<QWidget> under = *std::exchange(underMouse_, std::nullopt);
+        release(under, under != nullptr ? under->rect().center() : QPoint(), Qt::LeftButton);
+    }
+}
+
+void Hands::liftFinger()
+{
+    if (std::exchange(isFingerDown_, false)) {
+        LiftFinger(restingFinger);
+    }
 }
 
 void Hands::Wheel(QWidget& widget, QPoint place, QPoint turn)

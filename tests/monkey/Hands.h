@@ -3,8 +3,10 @@
 #include "tests/monkey/Texts.h"
 
 #include <QPoint>
+#include <QPointer>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 class QWidget;
@@ -37,17 +39,27 @@ public:
     void MoveTo(QWidget& widget, QPoint place);
     void Tap(QWidget& widget, QPoint place); // with a finger
     void DragByFinger(QWidget& widget, QPoint from, QPoint to);
+
+    // Presses there and stays down, whatever happens meanwhile. A held mouse is let go before it is pressed again.
+    void HoldByMouse(QWidget& widget, QPoint place);
+    void HoldByFinger(QWidget& widget, QPoint place);
+    void LetGoOfScreen();
+    bool HoldsScreen() const { return underMouse_ || isFingerDown_; }
+
     void Wheel(QWidget& widget, QPoint place, QPoint turn); // turn: eighths of a degree
 
 private:
     void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false) const;
     void sendModifiers(bool down, Qt::KeyboardModifiers with) const;
     void pressAndRelease(const Key& key, Qt::KeyboardModifiers with) const;
-    void touch(QWidget& widget, const std::vector<QPoint>& way);
+    void letGoOfMouse();
+    void liftFinger();
     void sayPlace(const char* what, const QWidget& widget, QPoint place) const;
 
     const bool log_;
     std::vector<Key> held_;
+    std::optional<QPointer<QWidget>> underMouse_; // what it is held down on, which may be gone by now
+    bool isFingerDown_ = false;
 };
 
 } // namespace numbrela::testing

@@ -6,6 +6,7 @@
 #include "tests/monkey/Keeper.h"
 #include "tests/support/Driver.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QScopedValueRollback>
@@ -144,6 +145,7 @@ void Monkey::step()
 
     ++progress_.Event;
     SayAlive();
+    expectKeypadsAtRest();
     if (isWantedThere()) {
         ++progress_.EventsThere;
     } else if (progress_.Event > mostAway + mostAway * progress_.EventsThere) {
@@ -199,6 +201,22 @@ void Monkey::expectNothingLeft()
     if (const std::string left = Growth(atFirst_, alive()); !left.empty()) {
         std::fprintf(stderr, "left behind when every window but the menu has been closed: %s\n", left.c_str());
         std::abort();
+    }
+}
+
+// A key of a keypad is down only as long as somebody holds it.
+void Monkey::expectKeypadsAtRest() const
+{
+    if (hands_.HoldsScreen()) {
+        return;
+    }
+    for (const QWidget* window : WindowsOnScreen()) {
+        for (const auto* key : window->findChildren<QAbstractButton*>()) {
+            if (key->isDown() && key->objectName().startsWith(QStringLiteral("Tecla("))) {
+                std::fprintf(stderr, "nobody holds %s\n", qUtf8Printable(NameOf(*key)));
+                std::abort();
+            }
+        }
     }
 }
 

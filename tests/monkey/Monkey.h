@@ -35,6 +35,7 @@ private:
     void reopen();
     Census alive();
     void expectNothingLeft();
+    void expectKeypadsAtRest() const;
     void expectFelt() const;
     void noteEnd();
     QString nameOfFront();

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTest>
@@ -28,45 +29,54 @@ QWindow& focusWindow()
     throw std::logic_error("no window has the focus");
 }
 
+// Qt keeps a panel until the process ends, and so do we.
 QPointingDevice* touchPanel()
 {
     static QPointingDevice* const panel = QTest::createTouchDevice();
     return panel;
 }
 
-// Fingers that are down and do not move are on the panel, too.
-std::map<int, QPoint>& fingers()
+struct Finger {
+    QPointer<QWindow> Window; // in which it came down; when that is gone, Qt tells nobody of the finger any more
+    QPoint Place; // there
+};
+
+// Those that are on the panel, whether they move or not.
+std::map<int, Finger>& fingers()
 {
-    static std::map<int, QPoint> down; // in their window
+    static std::map<int, Finger> down;
     return down;
 }
 
-enum class FingerDoes { Press, Move, Release };
-
-void touch(const QWidget& control, int finger, FingerDoes what, QPoint place)
+QTest::QTouchEventSequence touchesBeside(int finger, QWindow& window)
 {
-    QWindow* window = control.window()->windowHandle();
-    auto touches = QTest::touchEvent(window, touchPanel());
+    auto touches = QTest::touchEvent(&window, touchPanel(), false);
     for (const auto& [other, where] : fingers()) {
-        if (other != finger) {
+        if (other != finger && where.Window != nullptr) {
             touches.stationary(other);
         }
     }
-    const QPoint inWindow = control.mapTo(control.window(), place);
-    switch (what) {
-    case FingerDoes::Press:
-        touches.press(finger, inWindow, window);
-        fingers()[finger] = inWindow;
-        break;
-    case FingerDoes::Move:
-        touches.move(finger, inWindow, window);
-        break;
-    case FingerDoes::Release:
-        touches.release(finger, inWindow, window);
-        fingers().erase(finger);
-        break;
+    return touches;
+}
+
+void putDown(int finger, QWindow& window, QPoint place)
+{
+    touchesBeside(finger, window).press(finger, place, &window).commit();
+    fingers()[finger] = { &window, place };
+}
+
+void move(int finger, QPoint place)
+{
+    Finger& moved = fingers().at(finger);
+    moved.Place = place;
+    if (QWindow* window = moved.Window; window != nullptr && window->isVisible()) {
+        touchesBeside(finger, *window).move(finger, place, window).commit();
     }
-    touches.commit();
+}
+
+QPoint placeIn(const QWidget& control, QPoint place)
+{
+    return control.mapTo(control.window(), place);
 }
 
 void sendMarkedKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers)
@@ -86,13 +96,11 @@ void DoSoon(QObject& context, const std::function<void()>& act)
     });
 }
 
-// Qt calls a dialog active as soon as its form is.
 void ShowAndActivate(QWidget& window)
 {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    ASSERT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }));
 }
 
 // Qt's own list of widgets has an order by chance.
@@ -179,8 +187,8 @@ void ClickOnScreen(const QWidget& control)
 
 void Tap(const QWidget& control, QPoint place)
 {
-    touch(control, 0, FingerDoes::Press, place);
-    touch(control, 0, FingerDoes::Release, place);
+    FingerDown(control, place);
+    LiftFinger();
 }
 
 void Tap(const QWidget& control)
@@ -188,29 +196,47 @@ void Tap(const QWidget& control)
     Tap(control, control.rect().center());
 }
 
-void FingerDown(const QWidget& control, int finger)
+void FingerDown(const QWidget& control, QPoint place, int finger)
 {
-    touch(control, finger, FingerDoes::Press, control.rect().center());
+    putDown(finger, *control.window()->windowHandle(), placeIn(control, place));
 }
 
-void FingerUp(const QWidget& control, int finger)
+void FingerDown(const QWidget& control, int finger)
 {
-    touch(control, finger, FingerDoes::Release, control.rect().center());
+    FingerDown(control, control.rect().center(), finger);
 }
 
 void MoveFinger(const QWidget& control, QPoint to, int finger)
 {
-    touch(control, finger, FingerDoes::Move, to);
+    move(finger, placeIn(control, to));
+}
+
+void FingerUp(const QWidget& control, int finger)
+{
+    fingers().at(finger).Place = placeIn(control, control.rect().center());
+    LiftFinger(finger);
+}
+
+void LiftFinger(int finger)
+{
+    const Finger lifted = fingers().at(finger);
+    fingers().erase(finger);
+    if (QWindow* window = lifted.Window) {
+        touchesBeside(finger, *window).release(finger, lifted.Place, window).commit();
+    }
 }
 
 void DragByFinger(const QWidget& control, QPoint from, QPoint to)
 {
+    constexpr int finger = 0;
     constexpr int steps = 4;
-    touch(control, 0, FingerDoes::Press, from);
+    const QPoint start = placeIn(control, from);
+    const QPoint way = placeIn(control, to) - start;
+    FingerDown(control, from);
     for (int step = 1; step <= steps; ++step) {
-        touch(control, 0, FingerDoes::Move, from + (to - from) * step / steps);
+        move(finger, start + way * step / steps);
     }
-    touch(control, 0, FingerDoes::Release, to);
+    LiftFinger();
 }
 
 void Choose(const QWidget& window, QAnyStringView itemName)

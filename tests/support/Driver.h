@@ -51,12 +51,15 @@ void DoubleClick(const QWidget& window, QAnyStringView controlName);
 // Clicks at the place on the screen where the control is, so that anything in front of it gets the click instead.
 void ClickOnScreen(const QWidget& control);
 
-// Taps a control, or a place of it, with a finger on a touch panel; `FingerDown` leaves it there.
+// Taps a control, or a place of it, with a finger on a touch panel; `FingerDown` leaves it there. A finger stays with
+// the window in which it came down. `LiftFinger` takes it from wherever it is, even if that window is gone.
 void Tap(const QWidget& control);
 void Tap(const QWidget& control, QPoint place);
 void FingerDown(const QWidget& control, int finger = 0);
-void FingerUp(const QWidget& control, int finger = 0);
+void FingerDown(const QWidget& control, QPoint place, int finger = 0);
 void MoveFinger(const QWidget& control, QPoint to, int finger = 0);
+void FingerUp(const QWidget& control, int finger = 0);
+void LiftFinger(int finger = 0);
 
 // Moves a finger over a control, from one place of it to another.
 void DragByFinger(const QWidget& control, QPoint from, QPoint to);

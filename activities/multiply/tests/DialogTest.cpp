@@ -11,8 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QScreen>
 #include <QTest>
 
@@ -207,7 +207,8 @@ TEST_F(DialogTest, OpensSmallAgainWhenItWasLeftWhileItFilledTheScreen)
     QSize small;
     use([&](Dialog& dialog) {
         small = dialog.size();
-        ShowAndActivate(dialog);
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }));
         Press(Qt::Key_F11);
         EXPECT_EQ(dialog.size(), dialog.screen()->size());
         dialog.reject();
