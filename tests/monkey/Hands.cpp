@@ -205,6 +205,7 @@ void Hands::MoveTo(QWidget& widget, QPoint place)
 
 void Hands::Tap(QWidget& widget, QPoint place)
 {
+    letGoOfMouse();
     sayPlace("on", widget, place);
     if (const QWindow* window = widget.window()->windowHandle()) {
         testing::Tap(*widget.window(), placeIn(*window, widget, place));
@@ -213,6 +214,7 @@ void Hands::Tap(QWidget& widget, QPoint place)
 
 void Hands::DragByFinger(QWidget& widget, QPoint from, QPoint to)
 {
+    letGoOfMouse();
     sayPlace("from", widget, from);
     sayPlace("to", widget, to);
     if (const QWindow* window = widget.window()->windowHandle()) {
@@ -230,6 +232,7 @@ void Hands::HoldByMouse(QWidget& widget, QPoint place)
 
 void Hands::HoldByFinger(QWidget& widget, QPoint place)
 {
+    letGoOfMouse();
     liftFinger();
     sayPlace("down on", widget, place);
     if (const QWindow* window = widget.window()->windowHandle()) {
