@@ -73,11 +73,10 @@ def column(pupil, button, title, result, sign, operation):
     opens(pupil, button, title)
     exercise = f"({NUMBER}) {sign} ({NUMBER})"
 
-    def solution():
-        return spanish(operation(*map(value, pupil.hears(exercise).groups())))
+    def solution(sentence=exercise):
+        return spanish(operation(*map(value, pupil.hears(sentence).groups())))
 
-    pupil.hears(rf"{result} \| {exercise}")
-    right = solution()
+    right = solution(rf"{result} \| {exercise}")
     for _ in range(2):  # a verdict that is repeated is heard again
         pupil.presses("ctrl+a", "BackSpace")
         pupil.writes_from_the_right("1" + right)
@@ -232,13 +231,12 @@ def comparison(pupil):
 def powers_of_ten(pupil):
     opens(pupil, "10, 100, 1000", "multiplicar y dividir por 10, 100, 1000")
     exercise = f"({NUMBER}) (por|entre) (10+)"
-    pupil.hears(rf"Resultado \| {exercise}")
 
-    def solution():
-        number, sign, power = pupil.hears(exercise).groups()
+    def solution(sentence=exercise):
+        number, sign, power = pupil.hears(sentence).groups()
         return spanish(value(number) * int(power) if sign == "por" else value(number) / int(power))
 
-    right = solution()
+    right = solution(rf"Resultado \| {exercise}")
     for _ in range(2):
         pupil.writes("1" + right)
         pupil.presses("Return")

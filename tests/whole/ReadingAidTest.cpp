@@ -199,6 +199,9 @@ void expectName(QWidget& control)
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&control);
     ASSERT_NE(spoken, nullptr);
     EXPECT_NE(spoken->text(QAccessible::Name).trimmed().toStdString(), "");
+    if (qobject_cast<QAbstractButton*>(&control) != nullptr) { // a reader says its label before its own name
+        EXPECT_TRUE(spoken->relations(QAccessible::Label).isEmpty());
+    }
 }
 
 // A control with room for its text may still be beyond the edge of its parent. A scrolling area is covered by its

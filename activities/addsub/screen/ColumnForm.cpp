@@ -176,7 +176,9 @@ void ColumnForm::showNewExercise(const OperandTexts& texts)
     const QString exercise
         = InWords(Text2[0]->text().trimmed() + u' ' + Label1->text() + u' ' + Text2[1]->text().trimmed());
     Text3->Describe(exercise); // because the Tab key skips the operands
-    Announce(*Text3, exercise);
+    if (isVisible()) { // when the window opens, the description is heard with the focus
+        Announce(*Text3, exercise);
+    }
 }
 
 void ColumnForm::Command1_Click()

@@ -121,7 +121,9 @@ void FrmUnidad::showNewExercise()
     }
     const QString exercise = InWords(TBDatos[0]->text() + TBDatos[1]->text() + TBDatos[2]->text());
     TBRespuesta->Describe(exercise);
-    Announce(*TBRespuesta, exercise);
+    if (isVisible()) { // when the window opens, the description is heard with the focus
+        Announce(*TBRespuesta, exercise);
+    }
 }
 
 void FrmUnidad::Command1_Click()

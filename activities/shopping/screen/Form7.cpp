@@ -93,7 +93,8 @@ void paint(QLabel& sign, const QColor& colour)
     sign.setAutoFillBackground(true);
 }
 
-// A label whose access key only gives a button the focus. The access key of a plain QLabel would press the button, too.
+// A label whose access key gives the focus to whatever stands in for the control below it, which a plain QLabel does
+// only for a control that takes the focus itself.
 class FocusingLabel : public QLabel {
 public:
     using QLabel::QLabel;
@@ -215,7 +216,8 @@ void Form7::buildFrame2()
         QStringLiteral("Label2"), { 1500, 2000, 4500, 3000 }, headingFont);
     Label2->setAlignment(Qt::AlignCenter);
     paint(*Label2, plazaColour);
-    Label2->setBuddy(CBTienda[0]);
+    Frame2->setFocusProxy(CBTienda[0]);
+    Label2->setBuddy(Frame2); // of a shop, it would be a name: a screen reader would say it before that of the shop
 }
 
 void Form7::buildFrame3()

@@ -70,11 +70,12 @@ TEST(Form7TableTest, EveryControlStandsInItsPlace)
         });
     const std::pair<const QLabel*, const char*> captions[]
         = { { form.Label1[0], "List1" }, { form.Label1[1], "TBTiempo" }, { form.Label1[2], "TBDinero" },
-              { form.Label2, "CBTienda(0)" }, { form.LBDisponibles, "LIDisponibles" }, { form.LbCesta, "LICesta" } };
+              { form.Label2, "Frame2" }, { form.LBDisponibles, "LIDisponibles" }, { form.LbCesta, "LICesta" } };
     for (const auto& [caption, control] : captions) {
         ASSERT_NE(caption->buddy(), nullptr) << control;
         EXPECT_EQ(caption->buddy()->objectName().toStdString(), control) << "what its access key leads to";
     }
+    EXPECT_EQ(form.Frame2->focusProxy(), form.CBTienda[0]);
 
     Click(form, QStringLiteral("CBTienda(5)"));
     QCoreApplication::processEvents(); // lays out what is in the shop
