@@ -1,5 +1,6 @@
 #include "common/screen/KeypadKey.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -83,7 +84,7 @@ KeypadKey::KeypadKey(const QString& caption, KeySign sign, const QString& spoken
         paper.setColor(QPalette::Button, Qt::white);
         setPalette(paper);
     }
-    connect(this, &QPushButton::pressed, this, &KeypadKey::goDown);
+    connect(this, &QPushButton::pressed, this, [this] { goDown(Hand::Mouse); });
     connect(this, &QPushButton::released, this, &KeypadKey::comeUp);
 }
 
@@ -92,7 +93,7 @@ bool KeypadKey::event(QEvent* event)
     switch (event->type()) {
     case QEvent::TouchBegin:
         setDown(true);
-        goDown();
+        goDown(Hand::Finger);
         return true;
     case QEvent::TouchUpdate: {
         const auto& points = static_cast<QTouchEvent*>(event)->points();
@@ -144,10 +145,25 @@ void KeypadKey::timerEvent(QTimerEvent* event)
     OnDown(true);
 }
 
-void KeypadKey::goDown()
+// Not every release comes to the key that is held: Qt makes a mouse of a finger that taps elsewhere, and forgets the
+// one that was down; and it keeps fingers from all but the menu that is open.
+bool KeypadKey::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isMouseUp = event->type() == QEvent::MouseButtonRelease && hand_ == Hand::Mouse;
+    const bool isMenu = event->type() == QEvent::Show && watched->isWidgetType()
+        && static_cast<const QWidget*>(watched)->windowType() == Qt::Popup;
+    if (isMouseUp || isMenu) {
+        LetGo();
+    }
+    return false;
+}
+
+void KeypadKey::goDown(Hand hand)
 {
     if (!held_) {
         held_ = true;
+        hand_ = hand;
+        qApp->installEventFilter(this);
         repeating_.start(untilItRepeats, this);
         OnDown(false);
     }
@@ -158,6 +174,7 @@ void KeypadKey::comeUp()
     repeating_.stop();
     if (held_) {
         held_ = false;
+        qApp->removeEventFilter(this);
         OnUp();
     }
 }

@@ -27,6 +27,8 @@ public:
     std::function<void(bool repeated)> OnDown;
     std::function<void()> OnUp;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 protected:
     bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -36,13 +38,16 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void goDown();
+    enum class Hand { Mouse, Finger };
+
+    void goDown(Hand hand);
     void comeUp();
     void paintSign(QPainter& painter) const;
 
     KeySign sign_;
     QBasicTimer repeating_;
     bool held_ = false;
+    Hand hand_ = Hand::Mouse; // which holds it
 };
 
 } // namespace numbrela

@@ -369,6 +369,30 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenAnotherWindowTakesTheFocusIsReleasedThen)
     EXPECT_EQ(form_.Released.size(), 1U);
 }
 
+// What Qt then keeps from the key would leave it down, repeating itself for ever.
+TEST_F(KeypadTest, AKeyThatIsHeldByTheMouseComesUpWhenAFingerHasTappedElsewhere)
+{
+    showPad();
+    pressAndHold(form_.KeyNamed(QStringLiteral("5")));
+    Tap(form_, QPoint(5, form_.height() - 5));
+    QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton);
+    EXPECT_FALSE(form_.KeyNamed(QStringLiteral("5")).isDown());
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+}
+
+TEST_F(KeypadTest, AKeyThatIsHeldByAFingerComesUpWhenAMenuOpens)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    QMenu menu;
+    menu.popup({ 0, 0 });
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+    FingerUp(form_.KeyNamed(QStringLiteral("5")));
+    menu.close();
+    EXPECT_FALSE(form_.KeyNamed(QStringLiteral("5")).isDown());
+    EXPECT_EQ(form_.Released.size(), 1U);
+}
+
 TEST_F(KeypadTest, AMouseOrAFingerThatSlidesOffAKeyLetsItComeUpForGood)
 {
     showPad();
