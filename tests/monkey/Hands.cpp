@@ -205,7 +205,6 @@ void Hands::MoveTo(QWidget& widget, QPoint place)
 
 void Hands::Tap(QWidget& widget, QPoint place)
 {
-    letGoOfMouse();
     sayPlace("on", widget, place);
     if (const QWindow* window = widget.window()->windowHandle()) {
         testing::Tap(*widget.window(), placeIn(*window, widget, place));
@@ -214,7 +213,6 @@ void Hands::Tap(QWidget& widget, QPoint place)
 
 void Hands::DragByFinger(QWidget& widget, QPoint from, QPoint to)
 {
-    letGoOfMouse();
     sayPlace("from", widget, from);
     sayPlace("to", widget, to);
     if (const QWindow* window = widget.window()->windowHandle()) {
@@ -232,7 +230,6 @@ void Hands::HoldByMouse(QWidget& widget, QPoint place)
 
 void Hands::HoldByFinger(QWidget& widget, QPoint place)
 {
-    letGoOfMouse();
     liftFinger();
     sayPlace("down on", widget, place);
     if (const QWindow* window = widget.window()->windowHandle()) {

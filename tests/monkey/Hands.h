@@ -40,8 +40,7 @@ public:
     void Tap(QWidget& widget, QPoint place); // with a finger
     void DragByFinger(QWidget& widget, QPoint from, QPoint to);
 
-    // Presses there and stays down, whatever happens meanwhile. A held mouse is let go before it is pressed again, and
-    // before a finger comes down: Qt makes a mouse of that, too, and takes the held one for released.
+    // Presses there and stays down, whatever happens meanwhile. A held mouse is let go before it is pressed again.
     void HoldByMouse(QWidget& widget, QPoint place);
     void HoldByFinger(QWidget& widget, QPoint place);
     void LetGoOfScreen();
