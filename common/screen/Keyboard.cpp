@@ -4,6 +4,7 @@
 #include "common/screen/NativeKeys.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QWidget>
 #include <QWindow>
@@ -151,7 +152,7 @@ private:
     struct Down {
         PhysicalKey Key;
         const QObject* Place; // where the key went down; only compared, never used
-        std::optional<quint32> Found; // the moment of looking at the keyboard, for a key whose press was not seen
+        std::optional<QElapsedTimer> Found; // started when the key was found down, if its press was not seen
     };
 
     std::vector<Down>::iterator find(const PhysicalKey& key)
@@ -253,10 +254,12 @@ private:
         std::transform(
             down_.begin(), down_.end(), std::back_inserter(known), [](const Down& down) { return down.Key.ScanCode; });
         std::vector<Down> stillDown;
+        QElapsedTimer now;
+        now.start();
         for (const quint32 scanCode : KeysDown(known)) {
             const PhysicalKey key(scanCode);
             const auto before = find(key);
-            stillDown.push_back(before != down_.end() ? *before : Down { key, nullptr, Now() });
+            stillDown.push_back(before != down_.end() ? *before : Down { key, nullptr, now });
         }
         down_ = std::move(stillDown);
     }

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+class QElapsedTimer;
 class QKeyEvent;
 
 namespace numbrela {
@@ -22,10 +23,7 @@ void AskForRealReleasesOnly();
 // known to have been pressed.
 std::vector<quint32> KeysDown(const std::vector<quint32>& known);
 
-// This moment, by which the age of a press can be told.
-quint32 Now();
-
-// Whether a press that is not marked as a repetition was made before that moment.
-bool WasPressedBefore(const QKeyEvent& press, quint32 moment);
+// Whether a press that is not marked as a repetition was made before the timer was started.
+bool WasPressedBefore(const QKeyEvent& press, const QElapsedTimer& timer);
 
 } // namespace numbrela

@@ -32,13 +32,8 @@ std::vector<quint32> KeysDown(const std::vector<quint32>& known)
     return ScanCodesOf(down, known);
 }
 
-quint32 Now()
-{
-    return ::GetTickCount();
-}
-
 // Windows marks every repetition, so that what is not marked is new, however late the program hears of it.
-bool WasPressedBefore(const QKeyEvent& /*press*/, quint32 /*moment*/)
+bool WasPressedBefore(const QKeyEvent& /*press*/, const QElapsedTimer& /*timer*/)
 {
     return true;
 }

@@ -3,13 +3,12 @@
 #include "common/screen/KeyCodes.h"
 #include "common/screen/x11/Connection.h"
 
+#include <QElapsedTimer>
 #include <QKeyEvent>
 
 #define explicit explicit_ // the header is C and has a field of this name
 #include <xcb/xkb.h>
 #undef explicit
-
-#include <chrono>
 
 namespace numbrela {
 
@@ -70,16 +69,12 @@ std::vector<quint32> KeysDown(const std::vector<quint32>& /*known*/)
     return keys;
 }
 
-// Milliseconds of the clock by which an X server on this machine stamps what happens; they start anew after 49 days.
-quint32 Now()
+// An X server on this machine stamps what happens with the milliseconds of the timer's clock, in 32 bits: they start
+// anew after 49 days.
+bool WasPressedBefore(const QKeyEvent& press, const QElapsedTimer& timer)
 {
-    const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<quint32>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
-}
-
-bool WasPressedBefore(const QKeyEvent& press, quint32 moment)
-{
-    return static_cast<qint32>(moment - static_cast<quint32>(press.timestamp())) >= 0;
+    const auto started = static_cast<quint32>(timer.msecsSinceReference());
+    return static_cast<qint32>(started - static_cast<quint32>(press.timestamp())) >= 0;
 }
 
 } // namespace numbrela
