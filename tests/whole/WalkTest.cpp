@@ -454,6 +454,7 @@ protected:
         : PointingWalkTest([](const QWidget& control, QPoint place) { Tap(control, place); })
     {
         menu().showMaximized(); // as on a panel; all that is opened from it is as large
+        QCoreApplication::processEvents(); // its buttons find their places before a finger does
         QApplication::setDoubleClickInterval(0); // no two taps are as quick as these
     }
     ~FingerWalkTest() override { QApplication::setDoubleClickInterval(interval_); }
