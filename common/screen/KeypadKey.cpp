@@ -84,16 +84,15 @@ KeypadKey::KeypadKey(const QString& caption, KeySign sign, const QString& spoken
         paper.setColor(QPalette::Button, Qt::white);
         setPalette(paper);
     }
-    connect(this, &QPushButton::pressed, this, [this] { goDown(Hand::Mouse); });
-    connect(this, &QPushButton::released, this, &KeypadKey::comeUp);
+    connect(this, &QPushButton::pressed, this, [this] { holdBy(Hand::Mouse); });
+    connect(this, &QPushButton::released, this, &KeypadKey::LetGo);
 }
 
 bool KeypadKey::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::TouchBegin:
-        setDown(true);
-        goDown(Hand::Finger);
+        holdBy(Hand::Finger);
         return true;
     case QEvent::TouchUpdate: {
         const auto& points = static_cast<QTouchEvent*>(event)->points();
@@ -158,59 +157,63 @@ bool KeypadKey::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-void KeypadKey::goDown(Hand hand)
+void KeypadKey::holdBy(Hand hand)
 {
-    if (!held_) {
-        held_ = true;
-        hand_ = hand;
+    const bool isHeld = hand != Hand::None;
+    setDown(isHeld);
+    if (isHeld == IsHeld()) {
+        return;
+    }
+    hand_ = hand;
+    if (isHeld) {
         qApp->installEventFilter(this);
         repeating_.start(untilItRepeats, this);
         OnDown(false);
-    }
-}
-
-void KeypadKey::comeUp()
-{
-    repeating_.stop();
-    if (held_) {
-        held_ = false;
+    } else {
         qApp->removeEventFilter(this);
+        repeating_.stop();
         OnUp();
     }
-}
-
-void KeypadKey::LetGo()
-{
-    setDown(false);
-    comeUp();
 }
 
 void KeypadKey::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr int edgeShade = 160; // per cent
     constexpr int pressedShade = 125;
-    constexpr double roundness = 0.16; // of the height
+    constexpr double roundness = 0.16; // of the shorter side
     const QColor ground = palette().color(QPalette::Button);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(isDown() ? palette().color(QPalette::Highlight) : ground.darker(edgeShade), isDown() ? 3 : 1));
     painter.setBrush(isDown() ? ground.darker(pressedShade) : ground);
     const QRectF face = contentsRect();
-    const double radius = face.height() * roundness;
+    const double radius = std::min(face.width(), face.height()) * roundness;
     painter.drawRoundedRect(face.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
     painter.setPen(palette().color(QPalette::ButtonText));
     if (sign_ == KeySign::None) {
-        painter.drawText(face, Qt::AlignCenter, text());
+        paintCaption(painter);
     } else {
         paintSign(painter);
     }
+}
+
+// In the middle, whatever part of its line a character takes; a comma is small beside a digit, and twice as large here.
+void KeypadKey::paintCaption(QPainter& painter) const
+{
+    QFont large = font();
+    if (text() == u',') {
+        large.setPixelSize(2 * large.pixelSize());
+    }
+    painter.setFont(large);
+    const QRectF letters = QFontMetricsF(large).tightBoundingRect(text());
+    painter.drawText(QRectF(contentsRect()).center() - letters.center(), text());
 }
 
 void KeypadKey::paintSign(QPainter& painter) const
 {
     constexpr double lineWidth = 1.6; // units
     const QRectF face = contentsRect();
-    const double scale = face.height() / (2 * unitsOfASign) * 1.2;
+    const double scale = std::min(face.width(), face.height()) / (2 * unitsOfASign) * 1.2;
     painter.translate(face.center());
     painter.rotate(90.0 * quarterTurnsOf(sign_));
     painter.scale(scale, scale);

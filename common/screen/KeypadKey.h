@@ -12,16 +12,15 @@ enum class KeySign { None, Blank, Erase, Left, Up, Right, Down };
 
 // A key of the keypad on the screen. It goes down under the mouse, the pen or a finger and up again, several of them at
 // a time, repeats itself while it is held as a keyboard's does, and never takes the focus. Whoever slides off it has
-// let go of it. What it does is up to the
-// keypad.
+// let go of it. What it does is up to the keypad.
 class KeypadKey : public QPushButton {
 public:
     KeypadKey(const QString& caption, KeySign sign, const QString& spokenName, QWidget* parent);
 
     // Lets the key come up if it is held.
-    void LetGo();
+    void LetGo() { holdBy(Hand::None); }
 
-    bool IsHeld() const { return held_; }
+    bool IsHeld() const { return hand_ != Hand::None; }
 
     // Called when the key goes down, or repeats itself, and when it comes up.
     std::function<void(bool repeated)> OnDown;
@@ -38,16 +37,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    enum class Hand { Mouse, Finger };
+    enum class Hand { None, Mouse, Finger };
 
-    void goDown(Hand hand);
-    void comeUp();
+    void holdBy(Hand hand);
+    void paintCaption(QPainter& painter) const;
     void paintSign(QPainter& painter) const;
 
     KeySign sign_;
     QBasicTimer repeating_;
-    bool held_ = false;
-    Hand hand_ = Hand::Mouse; // which holds it
+    Hand hand_ = Hand::None; // which holds it
 };
 
 } // namespace numbrela
