@@ -50,8 +50,8 @@ FormWindow::~FormWindow()
 void FormWindow::OpenLike(const FormWindow& opener)
 {
     choices_ = opener.choices_;
-    constexpr Qt::WindowStates large = Qt::WindowMaximized | Qt::WindowFullScreen;
-    setWindowState(opener.windowState() & large);
+    setWindowState(opener.windowState() & Qt::WindowMaximized);
+    followChoices();
 }
 
 void FormWindow::Show(bool modally)
