@@ -1,6 +1,7 @@
 #include "common/screen/Accessible.h"
 
 #include "common/screen/FormWindow.h"
+#include "common/screen/Keypad.h"
 #include "common/screen/SpokenText.h"
 #include "common/screen/TextBox.h"
 
@@ -153,7 +154,9 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
     if (className == QLatin1String("QTextEdit")) {
         return new TextAreaAccessible(static_cast<QTextEdit&>(*object));
     }
-    if (className == QLatin1String("QFrame") && object->metaObject() == &QFrame::staticMetaObject) {
+    const bool isGroup
+        = object->metaObject() == &QFrame::staticMetaObject || object->metaObject() == &Keypad::staticMetaObject;
+    if (isGroup) {
         return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Grouping);
     }
     if (className == QLatin1String("QWidget") && dynamic_cast<FormWindow*>(object) != nullptr) {

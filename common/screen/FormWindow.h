@@ -65,7 +65,7 @@ protected:
         const std::vector<QString>& itemCaptions, const std::function<void(int)>& choose);
 
     // Gives the window a keypad with the keys that it has a use for, and a button in its menu bar that shows it.
-    void OfferKeypad(KeypadKeys keys = {});
+    void OfferKeypad(KeypadKeys keys = KeypadKeys::Numbers);
 
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -1,15 +1,19 @@
 #include "common/screen/FreePlace.h"
 
 #include <algorithm>
-#include <utility>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <iterator>
+#include <tuple>
 
 namespace numbrela {
 
 namespace {
 
-long areaOf(const QRect& rect)
+std::int64_t areaOf(const QRect& rect)
 {
-    return rect.isEmpty() ? 0 : static_cast<long>(rect.width()) * rect.height();
+    return rect.isEmpty() ? 0 : static_cast<std::int64_t>(rect.width()) * rect.height();
 }
 
 // From one edge to the other in even steps that a hand would not tell apart, both ends among them.
@@ -24,46 +28,68 @@ std::vector<int> stepsBetween(int first, int last)
     return steps;
 }
 
-// What is just beside the box is among the places, too: a step could leave it out.
-void addBesideBox(std::vector<int>& steps, int before, int after, int first, int last)
+// What a step could leave out is among the places, too: just beside the box, and the favourite.
+std::vector<int> placesBetween(int first, int last, std::initializer_list<int> others)
 {
-    for (const int place : { before, after }) {
-        if (place >= first && place <= last) {
-            steps.push_back(place);
+    std::vector<int> places = stepsBetween(first, last);
+    std::copy_if(others.begin(), others.end(), std::back_inserter(places),
+        [=](int place) { return place >= first && place <= last; });
+    return places;
+}
+
+std::vector<QRect> placesOff(const QRect& box, const QRect& room, QSize size, QPoint wanted)
+{
+    const QPoint first = room.topLeft();
+    const QPoint last = room.bottomRight() - QRect({}, size).bottomRight();
+    std::vector<QRect> places;
+    if (first.x() > last.x() || first.y() > last.y()) {
+        return places;
+    }
+    const int x0 = std::clamp(wanted.x(), first.x(), last.x());
+    const int y0 = std::clamp(wanted.y(), first.y(), last.y());
+    for (const int x : placesBetween(first.x(), last.x(), { x0, box.x() - size.width(), box.right() + 1 })) {
+        for (const int y : placesBetween(first.y(), last.y(), { y0, box.y() - size.height(), box.bottom() + 1 })) {
+            if (const QRect place(QPoint(x, y), size); !place.intersects(box)) {
+                places.push_back(place);
+            }
         }
     }
+    return places;
+}
+
+// The middle of something, half as wide and half as high: what is written there, and where a hand would press it.
+QRect middleOf(const QRect& rect)
+{
+    const int x = rect.width() / 4;
+    const int y = rect.height() / 4;
+    return rect.adjusted(x, y, -x, -y);
+}
+
+std::int64_t coveredBy(const QRect& place, const std::vector<Obstacle>& obstacles)
+{
+    std::int64_t covered = 0;
+    for (const Obstacle& obstacle : obstacles) {
+        const bool isLost = place.intersects(middleOf(obstacle.Place));
+        covered += (areaOf(place & obstacle.Place) + (isLost ? areaOf(obstacle.Place) : 0)) * obstacle.Weight;
+    }
+    return covered;
 }
 
 } // namespace
 
-std::optional<QPoint> FreePlace(const QRect& room, QSize size, const QRect& box, const std::vector<Obstacle>& obstacles)
+std::optional<QRect> FreePlace(const QRect& room, const std::vector<QSize>& sizes, QPoint favourite, const QRect& box,
+    const std::vector<Obstacle>& obstacles)
 {
-    const QPoint last(room.x() + room.width() - size.width(), room.y() + room.height() - size.height());
-    if (last.x() < room.x() || last.y() < room.y()) {
-        return std::nullopt;
-    }
-    std::vector<int> columns = stepsBetween(room.x(), last.x());
-    std::vector<int> rows = stepsBetween(room.y(), last.y());
-    addBesideBox(columns, box.x() - size.width(), box.x() + box.width(), room.x(), last.x());
-    addBesideBox(rows, box.y() - size.height(), box.y() + box.height(), room.y(), last.y());
-
-    const QPoint favourite(last.x(), (room.y() + last.y()) / 2);
-    std::optional<QPoint> best;
-    std::pair<long, int> least;
-    for (const int x : columns) {
-        for (const int y : rows) {
-            const QRect place(QPoint(x, y), size);
-            if (place.intersects(box)) {
-                continue;
-            }
-            long covered = 0;
-            for (const Obstacle& obstacle : obstacles) {
-                const long lost = place.contains(obstacle.Place.center()) ? areaOf(obstacle.Place) : 0;
-                covered += (areaOf(place & obstacle.Place) + lost) * obstacle.Weight;
-            }
-            const std::pair cost(covered, (QPoint(x, y) - favourite).manhattanLength());
+    std::optional<QRect> best;
+    std::tuple<std::int64_t, std::size_t, int> least;
+    for (std::size_t size = 0; size < sizes.size(); ++size) {
+        const bool isBroad = 2 * sizes[size].width() > room.width();
+        const QPoint middle(isBroad ? room.center().x() : favourite.x(), favourite.y());
+        const QPoint wanted = middle - QRect({}, sizes[size]).center();
+        for (const QRect& place : placesOff(box, room, sizes[size], wanted)) {
+            const std::tuple cost(coveredBy(place, obstacles), size, (place.topLeft() - wanted).manhattanLength());
             if (!best || cost < least) {
-                best = place.topLeft();
+                best = place;
                 least = cost;
             }
         }

@@ -7,16 +7,19 @@
 
 namespace numbrela {
 
-// What it is a pity to cover, and how much. One whose middle is covered counts twice: there a hand would press it.
+// Something that is better left uncovered, and how much that matters. What is covered in its middle is lost, and counts
+// in full once more.
 struct Obstacle {
     QRect Place;
     int Weight = 1;
 };
 
-// Where in a room something of a size can lie: off `box`, and over as little of the obstacles as possible; of several
-// such places the one nearest to the middle of the right edge. Nothing where it does not fit beside the box.
-std::optional<QPoint> FreePlace(
-    const QRect& room, QSize size, const QRect& box, const std::vector<Obstacle>& obstacles);
+// Where in a room something of one of these sizes can lie: off `box`, and over as little of the obstacles as possible.
+// If that leaves several places, it is the one of the first size, as near with its middle to `favourite` as can be,
+// or if it is broader than half the room, to the middle of the room. Nothing where none of the sizes fits beside the
+// box.
+std::optional<QRect> FreePlace(const QRect& room, const std::vector<QSize>& sizes, QPoint favourite, const QRect& box,
+    const std::vector<Obstacle>& obstacles);
 
 // Whether something fits there, in the room and off the box.
 bool IsFree(const QRect& place, const QRect& room, const QRect& box);

@@ -15,57 +15,91 @@
 
 namespace numbrela {
 
-// What a key does, looks like and is called, and where it stands.
+// What a key does, looks like and is called.
 struct KeyDesign {
+    char Place; // by which a shape says where it stands
     Qt::Key Code;
     QString Text; // that it writes
     KeySign Sign;
     QString SpokenName;
-    QRect Cells; // column, row, columns, rows
 };
 
 namespace {
 
-KeyDesign digit(int digit, int column, int row)
+KeyDesign digit(char digit)
 {
-    const QString text = QString::number(digit);
-    return { static_cast<Qt::Key>(Qt::Key_0 + digit), text, KeySign::None, text, { column, row, 1, 1 } };
+    const QString text = QChar::fromLatin1(digit);
+    return { digit, static_cast<Qt::Key>(digit), text, KeySign::None, text };
 }
 
-// As on a keyboard, and below them what not every window has.
-const std::array<KeyDesign, 11> numberKeys { {
-    digit(7, 0, 0),
-    digit(8, 1, 0),
-    digit(9, 2, 0),
-    digit(4, 0, 1),
-    digit(5, 1, 1),
-    digit(6, 2, 1),
-    digit(1, 0, 2),
-    digit(2, 1, 2),
-    digit(3, 2, 2),
-    { Qt::Key_Comma, QStringLiteral(","), KeySign::None, QStringLiteral("Coma"), { 0, 3, 1, 1 } },
-    digit(0, 1, 3),
+const std::array<KeyDesign, 17> keyDesigns { {
+    digit('7'),
+    digit('8'),
+    digit('9'),
+    digit('4'),
+    digit('5'),
+    digit('6'),
+    digit('1'),
+    digit('2'),
+    digit('3'),
+    { ',', Qt::Key_Comma, QStringLiteral(","), KeySign::None, QStringLiteral("Coma") },
+    digit('0'),
+    { '<', Qt::Key_Backspace, QStringLiteral("\b"), KeySign::Erase, QStringLiteral("Borrar cifra") },
+    { '_', Qt::Key_Space, QStringLiteral(" "), KeySign::Blank, QStringLiteral("Espacio") },
+    { '^', Qt::Key_Up, {}, KeySign::Up, QStringLiteral("Flecha arriba") },
+    { '(', Qt::Key_Left, {}, KeySign::Left, QStringLiteral("Flecha izquierda") },
+    { 'v', Qt::Key_Down, {}, KeySign::Down, QStringLiteral("Flecha abajo") },
+    { ')', Qt::Key_Right, {}, KeySign::Right, QStringLiteral("Flecha derecha") },
 } };
-const KeyDesign backspace { Qt::Key_Backspace, QStringLiteral("\b"), KeySign::Erase, QStringLiteral("Borrar cifra"),
-    { 2, 3, 1, 1 } };
-const KeyDesign forwardDelete { Qt::Key_Delete, QStringLiteral("\x7f"), KeySign::None, {}, {} };
-const KeyDesign blank { Qt::Key_Space, QStringLiteral(" "), KeySign::Blank, QStringLiteral("Espacio"), { 0, 4, 3, 1 } };
-const std::array<KeyDesign, 4> arrows { {
-    { Qt::Key_Up, {}, KeySign::Up, QStringLiteral("Flecha arriba"), { 1, 5, 1, 1 } },
-    { Qt::Key_Left, {}, KeySign::Left, QStringLiteral("Flecha izquierda"), { 0, 6, 1, 1 } },
-    { Qt::Key_Down, {}, KeySign::Down, QStringLiteral("Flecha abajo"), { 1, 6, 1, 1 } },
-    { Qt::Key_Right, {}, KeySign::Right, QStringLiteral("Flecha derecha"), { 2, 6, 1, 1 } },
-} };
+const KeyDesign forwardDelete { 0, Qt::Key_Delete, QStringLiteral("\x7f"), KeySign::None, {} };
+
+const std::vector<KeypadShape>& shapesWith(KeypadKeys keys)
+{
+    static const std::vector<KeypadShape> numbers {
+        { "789", "456", "123", ",0<" },
+        { "789<", "456,", "1230" },
+        { "12345<", "67890," },
+    };
+    static const std::vector<KeypadShape> withBlank {
+        { "789", "456", "123", ",0<", "___" },
+        { "789<", "456,", "1230", "____" },
+        { "12345", "67890", ",___<" },
+        { "12345<_", "67890,_" },
+    };
+    static const std::vector<KeypadShape> withBlankAndArrows {
+        { "789", "456", "123", ",0<", "___", " ^ ", "(v)" },
+        { "789<", "456,", "1230", " ^ _", "(v)_" },
+        { "789 ^ ", "456(v)", "123___", ",0<___" },
+        { "12345<_ ^ ", "67890,_(v)" },
+    };
+    switch (keys) {
+    case KeypadKeys::WithBlank:
+        return withBlank;
+    case KeypadKeys::WithBlankAndArrows:
+        return withBlankAndArrows;
+    default:
+        return numbers;
+    }
+}
+
+// The columns and rows that a key takes; none if the shape is without it.
+QRect cellsOf(char key, const KeypadShape& shape)
+{
+    QRect cells;
+    for (std::size_t row = 0; row < shape.size(); ++row) {
+        for (std::size_t column = 0; column < shape[row].size(); ++column) {
+            if (shape[row][column] == key) {
+                cells |= QRect(static_cast<int>(column), static_cast<int>(row), 1, 1);
+            }
+        }
+    }
+    return cells;
+}
 
 // In pixels, for keys of a size.
 int gapBetween(int key)
 {
-    return std::max(4, key / 9);
-}
-
-int gripFor(int key)
-{
-    return key * 2 / 5;
+    return std::max(4, key / 12);
 }
 
 constexpr QColor edge(0x6d, 0x84, 0x9c);
@@ -117,19 +151,13 @@ private:
 
 Keypad::Keypad(KeypadKeys keys, QWidget* parent)
     : QFrame(parent)
+    , shapes_(shapesWith(keys))
 {
     setObjectName(QStringLiteral("Teclado"));
-    setAccessibleName(QStringLiteral("Teclado en pantalla"));
+    setAccessibleName(KeypadName);
     setAttribute(Qt::WA_NoMousePropagation); // what misses the keys must not reach the window below
-    for (const KeyDesign& design : numberKeys) {
-        add(design);
-    }
-    add(backspace);
-    if (keys.Blank) {
-        add(blank);
-    }
-    if (keys.Arrows) {
-        for (const KeyDesign& design : arrows) {
+    for (const KeyDesign& design : keyDesigns) {
+        if (!cellsOf(design.Place, shapes_.front()).isEmpty()) {
             add(design);
         }
     }
@@ -137,7 +165,7 @@ Keypad::Keypad(KeypadKeys keys, QWidget* parent)
 
 void Keypad::LetGo()
 {
-    for (const Placed& each : keys_) {
+    for (const Made& each : keys_) {
         each.Key->LetGo();
     }
 }
@@ -150,7 +178,7 @@ Keypad::~Keypad()
 
 bool Keypad::IsHeld() const
 {
-    return std::any_of(keys_.begin(), keys_.end(), [](const Placed& each) { return each.Key->IsHeld(); });
+    return std::any_of(keys_.begin(), keys_.end(), [](const Made& each) { return each.Key->IsHeld(); });
 }
 
 int Keypad::KeySizeIn(int windowHeight)
@@ -160,30 +188,50 @@ int Keypad::KeySizeIn(int windowHeight)
     return std::max(leastPixels, (windowHeight + keysInAHeight - 1) / keysInAHeight);
 }
 
-void Keypad::SetKeySize(int pixels)
+std::vector<QSize> Keypad::SizesWith(int keySize) const
+{
+    const int gap = gapBetween(keySize);
+    const int pitch = keySize + gap;
+    std::vector<QSize> sizes;
+    for (const KeypadShape& shape : shapes_) {
+        const int columns = static_cast<int>(shape.front().size());
+        const int rows = static_cast<int>(shape.size());
+        sizes.emplace_back(gap + columns * pitch, topOf(shape, keySize) + rows * pitch);
+    }
+    return sizes;
+}
+
+void Keypad::TakeShape(std::size_t shape, int keySize)
 {
     constexpr double writing = 0.5; // of the height of a key
-    const int gap = gapBetween(pixels);
-    const int pitch = pixels + gap;
+    const int gap = gapBetween(keySize);
+    const int pitch = keySize + gap;
     const int half = gap / 2;
+    const int top = topOf(shapes_[shape], keySize);
     const QMargins aroundKey(half, half, gap - half, gap - half);
-    const int top = grip_ != nullptr ? gripFor(pixels) : gap;
     QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(static_cast<int>(pixels * writing));
-    QRect cells;
-    for (const Placed& each : keys_) {
-        const QRect& at = each.Cells;
+    font.setPixelSize(static_cast<int>(keySize * writing));
+    for (const Made& each : keys_) {
+        const QRect at = cellsOf(each.Design.Place, shapes_[shape]);
         each.Key->setFont(font);
         each.Key->setContentsMargins(aroundKey);
         each.Key->setGeometry(
             gap - half + at.x() * pitch, top - half + at.y() * pitch, at.width() * pitch, at.height() * pitch);
-        cells |= at;
     }
-    setFixedSize(gap + cells.width() * pitch, top + cells.height() * pitch);
+    setFixedSize(SizesWith(keySize)[shape]);
     if (grip_ != nullptr) {
         grip_->setGeometry(0, 0, width(), top);
         grip_->lower(); // its last pixels belong to the keys
     }
+}
+
+// Where the keys begin, below the grip if there is one. That of a flat shape, which is for low places, is low.
+int Keypad::topOf(const KeypadShape& shape, int keySize) const
+{
+    if (grip_ == nullptr) {
+        return gapBetween(keySize);
+    }
+    return shape.size() > 2 ? keySize * 2 / 5 : keySize / 4;
 }
 
 void Keypad::LetDrag(std::function<void(QPoint place)> drag)
@@ -197,11 +245,11 @@ void Keypad::add(const KeyDesign& design)
     auto* key = new KeypadKey(writesItsName ? design.Text : QString(), design.Sign, design.SpokenName, this);
     key->setObjectName(QStringLiteral("Tecla(%1)").arg(design.SpokenName));
     if (design.Sign == KeySign::Erase) {
-        key->OnDown = [this](bool repeated) {
+        key->OnDown = [this, &design](bool repeated) {
             if (repeated) {
                 send(QEvent::KeyPress, *erasingBy_, true);
             } else {
-                erase();
+                erase(design);
             }
         };
         key->OnUp = [this] { comeUp(*erasingBy_); };
@@ -209,7 +257,7 @@ void Keypad::add(const KeyDesign& design)
         key->OnDown = [this, &design](bool repeated) { send(QEvent::KeyPress, design, repeated); };
         key->OnUp = [this, &design] { comeUp(design); };
     }
-    keys_.push_back({ key, design.Cells });
+    keys_.push_back({ key, design });
 }
 
 void Keypad::comeUp(const KeyDesign& design) const
@@ -222,7 +270,7 @@ void Keypad::comeUp(const KeyDesign& design) const
 
 // Where a result is written from its last digit to its first, the caret is before the digit that was written last.
 // Backspace finds nothing to erase there, so Delete does it.
-void Keypad::erase()
+void Keypad::erase(const KeyDesign& backspace)
 {
     const auto* box = qobject_cast<const TextBox*>(window()->focusWidget());
     const QString before = box != nullptr ? box->text() : QString();

@@ -3,7 +3,9 @@
 #include <QEvent>
 #include <QFrame>
 
+#include <cstddef>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 namespace numbrela {
@@ -11,16 +13,21 @@ namespace numbrela {
 class KeypadKey;
 struct KeyDesign;
 
-// What a keypad has besides the digits, the comma and the key that erases.
-struct KeypadKeys {
-    bool Blank = false;
-    bool Arrows = false;
-};
+// All keypads have the digits, the comma and the key that erases.
+enum class KeypadKeys { Numbers, WithBlank, WithBlankAndArrows };
+
+// What assistive tools call a keypad and the button that shows it.
+inline const QString KeypadName = QStringLiteral("Teclado en pantalla");
+
+// How the keys stand: in each row a character for every cell, which is that of the key there, or a blank.
+using KeypadShape = std::vector<std::string_view>;
 
 // A keypad on the screen, for those who have no keyboard at hand: its keys go down and up in whatever has the focus in
 // its window, as those of a keyboard do. It has no key that has an answer checked; there is a button for that. When it
 // is shown, and where, is up to its window.
 class Keypad : public QFrame {
+    Q_OBJECT
+
 public:
     Keypad(KeypadKeys keys, QWidget* parent);
     ~Keypad() override;
@@ -35,9 +42,10 @@ public:
     // The size of a key, in pixels, that a finger meets in a window of this height.
     static int KeySizeIn(int windowHeight);
 
-    // Makes each key look as large as this, reach to the middle of the gaps around it, and the keypad large enough for
-    // all of them.
-    void SetKeySize(int pixels);
+    // The keypad has several shapes, first a tall one as on a keyboard, then ever flatter ones. Their sizes with keys
+    // that look as large as this, in pixels, and reach to the middle of the gaps around them; and taking one of them.
+    std::vector<QSize> SizesWith(int keySize) const;
+    void TakeShape(std::size_t shape, int keySize);
 
     // Gives the keypad a grip; `drag` is called with the place, in the parent, to which a hand wants to bring it.
     void LetDrag(std::function<void(QPoint place)> drag);
@@ -46,17 +54,19 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct Placed {
+    struct Made {
         KeypadKey* Key;
-        QRect Cells;
+        const KeyDesign& Design;
     };
 
     void add(const KeyDesign& design);
     void send(QEvent::Type type, const KeyDesign& design, bool repeated = false) const;
-    void erase();
+    void erase(const KeyDesign& backspace);
     void comeUp(const KeyDesign& design) const;
+    int topOf(const KeypadShape& shape, int keySize) const;
 
-    std::vector<Placed> keys_;
+    const std::vector<KeypadShape>& shapes_;
+    std::vector<Made> keys_;
     QWidget* grip_ = nullptr;
     const KeyDesign* erasingBy_ = nullptr; // the key that the one that erases stands for while it is held
 };

@@ -1,49 +1,34 @@
 #include "common/screen/KeypadSwitch.h"
 
-#include <QMenuBar>
+#include "common/screen/Keypad.h"
+
 #include <QPainter>
 
 namespace numbrela {
 
 namespace {
 
-// Keeps a place free at the right end of a menu bar, as large as the letters of the bar need it.
-class FreeCorner : public QWidget {
-public:
-    using QWidget::QWidget;
-
-    QSize sizeHint() const override
-    {
-        constexpr int aroundTheLetters = 4; // pixels, no more than the bar itself has
-        const int height = fontMetrics().height() + aroundTheLetters;
-        return { height * 2, height };
-    }
-};
+constexpr int aroundTheDrawing = 8; // pixels
 
 } // namespace
 
-KeypadSwitch::KeypadSwitch(QWidget& window, QMenuBar& bar)
-    : QPushButton(&window)
-    , bar_(bar)
+KeypadSwitch::KeypadSwitch(QWidget* parent)
+    : QPushButton(parent)
 {
     setObjectName(QStringLiteral("CbTeclado"));
-    setAccessibleName(QStringLiteral("Teclado en pantalla"));
+    setAccessibleName(KeypadName);
+    setToolTip(KeypadName);
     setCheckable(true);
     setAutoDefault(false);
     setFocusPolicy(Qt::NoFocus);
-    bar.setCornerWidget(new FreeCorner(&bar), Qt::TopRightCorner);
 }
 
-void KeypadSwitch::TakePlace()
+QSize KeypadSwitch::sizeHint() const
 {
-    const QSize size = bar_.cornerWidget()->sizeHint();
-    const QRect bar = bar_.geometry();
-    setGeometry(
-        bar.right() + 1 - size.width(), bar.y() + (bar.height() - size.height()) / 2, size.width(), size.height());
-    raise();
+    return { 2 * fontMetrics().height() + aroundTheDrawing, QPushButton::sizeHint().height() };
 }
 
-// A keypad of three rows of keys.
+// A keypad of three rows of keys, as high as the letters around it, in the middle of the button.
 void KeypadSwitch::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr int columns = 4;
@@ -54,23 +39,24 @@ void KeypadSwitch::paintEvent(QPaintEvent* /*event*/)
     const QColor lit = palette().color(group, QPalette::Highlight);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF outline = QRectF(rect()).adjusted(4.5, 2.5, -4.5, -2.5);
+    const int letters = fontMetrics().height();
+    QRectF outline(0, 0, 2 * letters - 1, letters - 1);
+    outline.moveCenter(QRectF(rect()).center());
     painter.setPen(isChecked() && isEnabled() ? lit : ink);
     painter.setBrush(isChecked() && isEnabled() ? lit : palette().color(group, QPalette::Button));
     if (underMouse() && isEnabled()) {
         painter.setPen(QPen(lit, 2));
     }
     painter.drawRoundedRect(outline, radius, radius);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(isChecked() && isEnabled() ? palette().color(group, QPalette::HighlightedText) : ink);
+    const QColor keys = isChecked() && isEnabled() ? palette().color(group, QPalette::HighlightedText) : ink;
     const QRectF inside = outline.adjusted(2, 2, -2, -2);
     const double width = inside.width() / columns;
     const double height = inside.height() / rows;
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns; ++column) {
-            painter.drawRoundedRect(
-                QRectF(inside.x() + column * width, inside.y() + row * height, width, height).adjusted(1, 1, -1, -1), 1,
-                1);
+            painter.fillRect(
+                QRectF(inside.x() + column * width, inside.y() + row * height, width, height).adjusted(1, 1, -1, -1),
+                keys);
         }
     }
 }

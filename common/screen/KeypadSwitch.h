@@ -2,26 +2,21 @@
 
 #include <QPushButton>
 
-class QMenuBar;
-
 namespace numbrela {
 
-// The small button at the right end of a menu bar that shows the keypad and hides it. It is as high as the letters of
-// the menu, so that the bar does not grow, and leaves the focus where it is. It stands over the bar and not in it: what
-// assistive tools find in a bar are its menus alone.
+// The small button that shows a keypad and hides it; it is lit while the keypad is there. It leaves the focus where it
+// is. What it does is up to the keypad's owner, and so is its place.
 class KeypadSwitch : public QPushButton {
-public:
-    // The window's menu bar keeps the place free from now on.
-    KeypadSwitch(QWidget& window, QMenuBar& bar);
+    Q_OBJECT
 
-    // Goes to its place, which depends on the size of the bar.
-    void TakePlace();
+public:
+    explicit KeypadSwitch(QWidget* parent);
+
+    // As high as other buttons.
+    QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    QMenuBar& bar_;
 };
 
 } // namespace numbrela

@@ -56,7 +56,8 @@ public:
     // Keeps this margin, in twips, between every control and the edges of what is shown. The default is none.
     void SetMargin(int margin);
 
-    // Keeps this many pixels free at the right of what is shown, as far as the area is wider than that.
+    // Moves what is shown out of the middle of the area to the left, until so many pixels are free at its right or it
+    // is at the left edge; 0 moves it back.
     void KeepRoomBeside(int pixels);
 
     // Where in the area it is shown, in pixels.

@@ -1,125 +1,61 @@
 #include "common/screen/WindowKeypad.h"
 
+#include "common/screen/BoxKeypad.h"
 #include "common/screen/FormWindow.h"
 #include "common/screen/KeypadSwitch.h"
-#include "common/screen/Screens.h"
 #include "common/screen/TextBox.h"
 
 #include <QApplication>
-#include <QBoxLayout>
 #include <QInputDialog>
-#include <QLineEdit>
 #include <QMenuBar>
-#include <QMouseEvent>
-#include <QSignalBlocker>
-#include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace numbrela {
 
 namespace {
 
-constexpr int margin = 6; // pixels between the keypad and what is around it
-
-// Qt lets input methods into its lists, too.
-bool isOfList(const QWidget& control)
-{
-    return control.inherits("QAbstractItemView")
-        || (control.parent() != nullptr && control.parent()->inherits("QAbstractItemView"));
-}
-
-bool takesTyping(const QWidget& control)
-{
-    const auto* box = qobject_cast<const TextBox*>(&control);
-    const bool isMadeForIt
-        = box != nullptr ? box->TakesTyping() : control.testAttribute(Qt::WA_InputMethodEnabled) && !isOfList(control);
-    return isMadeForIt && control.isEnabled();
-}
-
-// Boxes know nothing of fingers and pens: Qt makes the events of a mouse out of theirs.
-bool isTouch(const QEvent& event)
-{
-    const bool isPress = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
-    return isPress && static_cast<const QMouseEvent&>(event).source() != Qt::MouseEventNotSynthesized;
-}
-
-// The keypad of an input box, which has room for it in its layout.
-class BoxKeypad : public QObject {
+// Keeps a place free for the button at the right end of a menu bar, large enough for a finger but no higher than the
+// bar is anyway.
+class FreeCorner : public QWidget {
 public:
-    BoxKeypad(QInputDialog& box, int keySize, bool& chosen)
-        : QObject(&box)
-        , box_(box)
-        , keySize_(keySize)
-        , chosen_(chosen)
-    {
-        box.findChild<QLineEdit*>()->installEventFilter(this);
-        if (chosen) {
-            show();
-        }
-    }
+    using QWidget::QWidget;
 
-    bool eventFilter(QObject* /*line*/, QEvent* event) override
+    QSize sizeHint() const override
     {
-        if (isTouch(*event) && keypad_ == nullptr) {
-            chosen_ = true;
-            show();
-            box_.layout()->activate();
-            MoveOntoScreen(box_);
-        }
-        return false;
+        constexpr int aroundTheLetters = 4; // pixels, no more than the bar itself has
+        const int height = fontMetrics().height() + aroundTheLetters;
+        return { height * 3, height };
     }
-
-private:
-    void show()
-    {
-        static_cast<void>(box_.sizeHint()); // a box makes its layout when somebody asks for its size
-        auto& layout = dynamic_cast<QBoxLayout&>(*box_.layout());
-        keypad_ = new Keypad({}, &box_);
-        keypad_->SetKeySize(keySize_);
-        layout.insertWidget(layout.count() - 1, keypad_, 0, Qt::AlignHCenter); // above the buttons
-        keypad_->show();
-    }
-
-    QInputDialog& box_;
-    const int keySize_;
-    bool& chosen_;
-    Keypad* keypad_ = nullptr;
 };
 
 } // namespace
 
+// The button stands over the bar and not in it: what assistive tools find in a bar are its menus alone.
 WindowKeypad::WindowKeypad(FormWindow& window, QMenuBar& menuBar, KeypadKeys keys)
-    : QObject(&window)
+    : OfferedKeypad(window, window, keys)
     , window_(window)
     , menuBar_(menuBar)
-    , keys_(keys)
-    , switch_(new KeypadSwitch(window, menuBar))
 {
-    connect(switch_, &QPushButton::toggled, this, &WindowKeypad::choose);
-    qApp->installEventFilter(this);
+    menuBar.setCornerWidget(new FreeCorner(&menuBar), Qt::TopRightCorner);
 }
 
 WindowKeypad::~WindowKeypad()
 {
-    delete keypad_;
+    delete Pad();
 }
 
 void WindowKeypad::WindowHas(QEvent::Type event)
 {
     switch (event) {
     case QEvent::Resize:
-        switch_->TakePlace();
-        if (keypad_ != nullptr && switch_->isChecked()) {
-            placeAfresh();
-        }
-        break;
     case QEvent::Show:
-        switch_->TakePlace();
+        placeSwitch();
         update();
         break;
     case QEvent::LayoutRequest: // and what is in frames is laid out after this
-        switch_->TakePlace();
+        placeSwitch();
         QMetaObject::invokeMethod(this, &WindowKeypad::update, Qt::QueuedConnection);
         break;
     case QEvent::WindowActivate:
@@ -127,8 +63,8 @@ void WindowKeypad::WindowHas(QEvent::Type event)
         break;
     case QEvent::WindowBlocked:
     case QEvent::WindowUnblocked:
-        if (keypad_ != nullptr) {
-            keypad_->setEnabled(event == QEvent::WindowUnblocked);
+        if (Pad() != nullptr) {
+            Pad()->setEnabled(event == QEvent::WindowUnblocked);
         }
         break;
     default:
@@ -138,11 +74,9 @@ void WindowKeypad::WindowHas(QEvent::Type event)
 
 void WindowKeypad::ServeBox(QInputDialog& box)
 {
-    new BoxKeypad(box, Keypad::KeySizeIn(window_.height()), window_.Choices().KeypadShown);
     servesBox_ = true;
-    if (keypad_ != nullptr) {
-        keypad_->hide();
-    }
+    SetShown(false);
+    new BoxKeypad(box, window_);
     connect(&box, &QObject::destroyed, this, [this] {
         servesBox_ = false;
         wantedAnyway_ = false;
@@ -150,123 +84,137 @@ void WindowKeypad::ServeBox(QInputDialog& box)
     });
 }
 
-bool WindowKeypad::eventFilter(QObject* watched, QEvent* event)
+void WindowKeypad::OnChoice(bool shown)
 {
-    if (event->type() == QEvent::FocusAboutToChange && watched == window_.windowHandle() && keypad_ != nullptr) {
-        keypad_->LetGo(); // no release arrives once another window has the focus
-    }
-    if (isTouch(*event) && watched->isWidgetType()) {
-        const auto& control = static_cast<QWidget&>(*watched);
-        if (control.window() == &window_ && takesTyping(control)) {
-            choose(true);
-        }
-    }
-    return false;
-}
-
-void WindowKeypad::choose(bool shown)
-{
-    window_.Choices().KeypadShown = shown;
     wantedAnyway_ = shown;
+    if (!shown) {
+        dragged_.reset();
+    }
     update();
 }
 
+// As high as the bar, and up to the edge of the window, where it is easiest to hit.
+void WindowKeypad::placeSwitch()
+{
+    QRect place = menuBar_.geometry();
+    place.setLeft(place.right() + 1 - menuBar_.cornerWidget()->sizeHint().width());
+    Switch().setGeometry(place);
+}
+
+// Before its first size a window has no room to place anything in.
 void WindowKeypad::update()
 {
-    const bool isOfUse = anyBoxTakesTyping();
-    wantedAnyway_ = wantedAnyway_ && !isOfUse;
-    const bool shown = window_.Choices().KeypadShown && (isOfUse || wantedAnyway_);
-    {
-        const QSignalBlocker nobodyChooses(switch_);
-        switch_->setChecked(shown);
+    if (!window_.isVisible()) {
+        return;
     }
-    if (!shown) {
-        if (keypad_ != nullptr) {
-            keypad_->hide();
-        }
-        window_.Area().KeepRoomBeside(0);
-    } else if (keypad_ == nullptr || keypad_->isHidden()) {
+    const bool isOfUse = IsChosen() && anyBoxTakesTyping();
+    wantedAnyway_ = wantedAnyway_ && !isOfUse;
+    if (isOfUse || wantedAnyway_) {
         make();
-        placeAfresh();
+        place();
     } else {
-        goOutOfTheWay();
+        window_.Area().KeepRoomBeside(0);
+        SetShown(false);
     }
 }
 
 void WindowKeypad::make()
 {
-    if (keypad_ == nullptr) {
-        keypad_ = new Keypad(keys_, &window_);
-        keypad_->LetDrag([this](QPoint place) { drag(place); });
-        keypad_->hide();
-        keypad_->OnLetGo = [this] { goOutOfTheWay(); };
-        connect(qApp, &QApplication::focusChanged, this, &WindowKeypad::goOutOfTheWay);
+    if (Pad() == nullptr) {
+        Keypad& pad = MakePad();
+        pad.LetDrag([this](QPoint to) { drag(to); });
+        pad.OnLetGo = [this] { update(); };
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, const QWidget* now) {
+            if (now != nullptr && now->window() == &window_) {
+                update();
+            }
+        });
     }
 }
 
-void WindowKeypad::placeAfresh()
-{
-    keypad_->SetKeySize(Keypad::KeySizeIn(window_.height()));
-    const QRect calculation = window_.Area().Drawing();
-    const int needed = keypad_->width() + 2 * margin;
-    window_.Area().KeepRoomBeside(room().width() - calculation.width() >= needed ? needed : 0);
-    tryPlaces();
-}
+// ----------------------------------------------------------------------------------------------------------- its place
 
-// The keypad stays where it is as long as it can, and under the finger that holds a key.
-void WindowKeypad::goOutOfTheWay()
+// The keypad stays under the finger that holds a key, and where it is as long as that is off the box and nothing around
+// it has changed.
+void WindowKeypad::place()
 {
-    if (keypad_->isHidden() || keypad_->IsHeld()) {
+    Keypad& pad = *Pad();
+    if (pad.IsHeld()) {
         return;
     }
-    keypad_->raise(); // controls that are new are in front
-    if (!IsFree(keypad_->geometry(), room(), boxInUse())) {
-        tryPlaces();
+    const std::vector<QSize> sizes = pad.SizesWith(KeySize());
+    const Surroundings now { room(), roomToKeep(sizes) };
+    window_.Area().KeepRoomBeside(now.KeptBeside);
+    const bool stays = !pad.isHidden() && now == placedIn_ && IsFree(pad.geometry(), now.Room, boxInUse());
+    const std::optional<QRect> best = stays ? pad.geometry() : bestPlace(sizes);
+    if (best && !stays) {
+        shape_ = static_cast<std::size_t>(std::find(sizes.begin(), sizes.end(), best->size()) - sizes.begin());
+        pad.TakeShape(shape_, KeySize());
+        pad.move(best->topLeft());
+    }
+    pad.raise(); // controls that are new are in front
+    placedIn_ = now;
+    SetShown(best && !servesBox_);
+}
+
+// Beside the calculation, for the first shape that fits there, in pixels; none where a hand has dragged the keypad
+// away.
+int WindowKeypad::roomToKeep(const std::vector<QSize>& sizes) const
+{
+    const int beside = window_.width() - window_.Area().Drawing().width();
+    const auto fitting = std::find_if(sizes.begin(), sizes.end(),
+        [&](QSize size) { return size.width() + 2 * AroundKeypad <= beside && size.height() <= room().height(); });
+    return dragged_ || fitting == sizes.end() ? 0 : fitting->width() + 2 * AroundKeypad;
+}
+
+// Where a hand has brought it, in the middle beside the calculation, or where it covers least.
+std::optional<QRect> WindowKeypad::bestPlace(const std::vector<QSize>& sizes) const
+{
+    const QRect all = room();
+    if (const QRect dragged = draggedPlace(sizes[shape_]); dragged_ && IsFree(dragged, all, boxInUse())) {
+        return dragged;
+    }
+    QRect beside = all;
+    beside.setLeft(window_.Area().Drawing().right() + 1);
+    return FreePlace(all, sizes, beside.center(), boxInUse(), otherControls());
+}
+
+// Whoever has dragged it leaves no room free for it, so that something may move to where it is.
+void WindowKeypad::drag(QPoint to)
+{
+    const QRect all = room();
+    const QSize size = Pad()->size();
+    const QPoint last = all.bottomRight() - Pad()->rect().bottomRight();
+    const auto share = [](int place, int first, int end) {
+        return end > first ? std::clamp(static_cast<double>(place - first) / (end - first), 0.0, 1.0) : 0;
+    };
+    const auto before
+        = std::exchange(dragged_, QPointF(share(to.x(), all.x(), last.x()), share(to.y(), all.y(), last.y())));
+    window_.Area().KeepRoomBeside(0);
+    if (IsFree(draggedPlace(size), all, boxInUse())) {
+        placedIn_ = { all, 0 };
+        Pad()->move(draggedPlace(size).topLeft());
+    } else {
+        dragged_ = before;
+        place();
     }
 }
 
-// Where a hand has brought it, beside the calculation, or where it covers least.
-void WindowKeypad::tryPlaces()
+QRect WindowKeypad::draggedPlace(QSize size) const
 {
     const QRect all = room();
-    const QSize size = keypad_->size();
-    std::optional<QPoint> place;
-    if (dragged_) {
-        place = QPoint(all.x() + qRound(dragged_->x() * (all.width() - size.width())),
-            all.y() + qRound(dragged_->y() * (all.height() - size.height())));
-    } else if (const QRect beside = besideCalculation(); beside.width() >= size.width()) {
-        place = beside.center() - QRect({}, size).center();
-    }
-    if (!place || !IsFree(QRect(*place, size), all, boxInUse())) {
-        place = FreePlace(all, size, boxInUse(), otherControls());
-    }
-    if (place) {
-        keypad_->move(*place);
-        keypad_->raise();
-    }
-    keypad_->setVisible(place && !servesBox_);
-}
-
-void WindowKeypad::drag(QPoint place)
-{
-    const QRect all = room();
-    const QPoint last = all.bottomRight() - keypad_->rect().bottomRight();
-    const QPoint within(std::clamp(place.x(), all.x(), std::max(all.x(), last.x())),
-        std::clamp(place.y(), all.y(), std::max(all.y(), last.y())));
-    if (IsFree(QRect(within, keypad_->size()), all, boxInUse())) {
-        keypad_->move(within);
-        const QPoint free = last - all.topLeft();
-        const QPoint from = within - all.topLeft();
-        dragged_ = QPointF(free.x() > 0 ? static_cast<double>(from.x()) / free.x() : 0,
-            free.y() > 0 ? static_cast<double>(from.y()) / free.y() : 0);
-    }
+    const QPointF share = dragged_.value_or(QPointF());
+    return { all.topLeft()
+            + QPoint(
+                qRound(share.x() * (all.width() - size.width())), qRound(share.y() * (all.height() - size.height()))),
+        size };
 }
 
 bool WindowKeypad::anyBoxTakesTyping() const
 {
     const QList<QWidget*> controls = window_.findChildren<QWidget*>();
     return std::any_of(controls.begin(), controls.end(), [this](const QWidget* control) {
-        return control->window() == &window_ && control->isVisibleTo(&window_) && takesTyping(*control);
+        return control->window() == &window_ && control->isVisibleTo(&window_) && TakesTyping(*control);
     });
 }
 
@@ -274,43 +222,29 @@ bool WindowKeypad::anyBoxTakesTyping() const
 QRect WindowKeypad::room() const
 {
     const int top = menuBar_.isHidden() ? 0 : menuBar_.height();
-    return window_.rect().adjusted(0, top, 0, 0).marginsRemoved({ margin, margin, margin, margin });
+    return window_.rect().adjusted(0, top, 0, 0);
 }
 
 QRect WindowKeypad::boxInUse() const
 {
     const QWidget* box = window_.focusWidget();
-    if (box == nullptr || !takesTyping(*box)) {
-        return {};
-    }
-    return placeOf(*box).marginsAdded({ margin, margin, margin, margin });
+    return box != nullptr && TakesTyping(*box)
+        ? placeOf(*box).adjusted(-AroundKeypad, -AroundKeypad, AroundKeypad, AroundKeypad)
+        : QRect();
 }
 
-QRect WindowKeypad::besideCalculation() const
-{
-    QRect beside = room();
-    beside.setLeft(window_.Area().Drawing().right() + 1);
-    return beside;
-}
-
-// The nearer to the box, the more a control matters: above it stand the operands, below it the button that has the
-// answer checked. A list shows as much elsewhere when it is scrolled, and a sign is only looked at. What is in a frame
-// or a list is counted, or is not, by itself.
+// A button that is covered cannot be pressed, a box with a text not be read. A list shows as much elsewhere when it is
+// scrolled, and a sign is only looked at. What is in a frame is counted by itself.
 std::vector<Obstacle> WindowKeypad::otherControls() const
 {
-    constexpr double mostWeight = 8;
-    constexpr int leastWeight = 3;
-    const QPoint box = boxInUse().center();
     std::vector<Obstacle> obstacles;
     for (const QWidget* control : window_.findChildren<QWidget*>()) {
         const bool stands = dynamic_cast<TwipsLayout*>(control->parentWidget()->layout()) != nullptr;
         const bool isFrame = control->layout() != nullptr;
-        if (stands && !isFrame && control != keypad_ && control->window() == &window_
-            && control->isVisibleTo(&window_)) {
-            const QRect place = placeOf(*control);
-            const bool isMinor = control->inherits("QAbstractItemView") || control->inherits("QLabel");
-            const double nearness = 1 - 2.0 * (place.center() - box).manhattanLength() / window_.height();
-            obstacles.push_back({ place, isMinor ? 1 : std::max(leastWeight, qRound(mostWeight * nearness)) });
+        if (stands && !isFrame && control != Pad() && control->isVisibleTo(&window_)) {
+            const bool isButton = qobject_cast<const QAbstractButton*>(control) != nullptr;
+            const bool isBox = qobject_cast<const TextBox*>(control) != nullptr;
+            obstacles.push_back({ placeOf(*control), isButton ? 8 : isBox ? 4 : 1 });
         }
     }
     return obstacles;

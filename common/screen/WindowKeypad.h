@@ -1,9 +1,8 @@
 #pragma once
 
 #include "common/screen/FreePlace.h"
-#include "common/screen/Keypad.h"
+#include "common/screen/OfferedKeypad.h"
 
-#include <QObject>
 #include <QPointF>
 
 #include <optional>
@@ -14,16 +13,15 @@ class QMenuBar;
 
 namespace numbrela {
 
-class FormWindow;
-class KeypadSwitch;
+// Pixels that stay free between the keypad of a window and the calculation beside it or the box that is written in.
+inline constexpr int AroundKeypad = 6;
 
-// Gives a window of the program its keypad: shows and hides it by a button in the menu bar, shows it when a finger or
-// a pen touches a box that takes typing, and finds a place for it. That is beside the calculation, where the window has
-// room; otherwise it floats over the window, and a hand can drag it. It never lies over the box that is written in. The
-// keypad is made when it is first shown. Whether it is shown is the person's choice, which all windows share
-// (FormWindow::Choices). While no box takes typing there is none, unless somebody presses the button just then, for an
-// input box to come. While an input box is open, the keypad of the window is away: the box has its own.
-class WindowKeypad : public QObject {
+// The keypad of a window of the program, whose button is at the right end of the menu bar. It stands beside the
+// calculation, where the window has room; otherwise it floats over the window in the shape and at the place where it
+// covers least, and a hand can drag it. It never lies over the box that is written in. It is there as long as it is
+// chosen, some box takes typing and it fits in; who presses the button while no box takes typing gets it too, because
+// an input box may be about to open. While an input box is open, the window's own keypad is away: the box has one.
+class WindowKeypad : public OfferedKeypad {
 public:
     WindowKeypad(FormWindow& window, QMenuBar& menuBar, KeypadKeys keys);
     ~WindowKeypad() override;
@@ -31,33 +29,39 @@ public:
     // To be called after the window has handled an event of its own.
     void WindowHas(QEvent::Type event);
 
-    // Gives a box with a line to type into a keypad, too, as a part of the box and with the keys of a number.
+    // Gives a box with a line to type into a keypad, too.
     void ServeBox(QInputDialog& box);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
-    void choose(bool shown);
+    void OnChoice(bool shown) override;
+    void placeSwitch();
     void update();
     void make();
-    void placeAfresh();
-    void goOutOfTheWay();
-    void drag(QPoint place);
-    void tryPlaces();
+    void place();
+    int roomToKeep(const std::vector<QSize>& sizes) const;
+    std::optional<QRect> bestPlace(const std::vector<QSize>& sizes) const;
+    void drag(QPoint to);
+    QRect draggedPlace(QSize size) const;
     bool anyBoxTakesTyping() const;
     QRect room() const;
     QRect boxInUse() const;
     QRect placeOf(const QWidget& control) const;
-    QRect besideCalculation() const;
     std::vector<Obstacle> otherControls() const;
+
+    // What a place was chosen for. Pixels.
+    struct Surroundings {
+        QRect Room;
+        int KeptBeside = 0;
+
+        bool operator==(const Surroundings&) const = default;
+    };
 
     FormWindow& window_;
     QMenuBar& menuBar_;
-    const KeypadKeys keys_;
-    KeypadSwitch* switch_;
-    Keypad* keypad_ = nullptr;
     bool wantedAnyway_ = false; // although no box takes typing
     bool servesBox_ = false; // one is open
+    Surroundings placedIn_;
+    std::size_t shape_ = 0;
     std::optional<QPointF> dragged_; // to there; 0 to 1 of what the window leaves free
 };
 

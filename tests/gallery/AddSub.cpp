@@ -32,10 +32,10 @@ void drawMistake(Gallery& gallery, const QString& prefix, ColumnForm& form)
 
     gallery.DrawNextBox(prefix + QStringLiteral("entry"));
     Press(Qt::Key_F2);
-    Click(form, "CbTeclado");
+    SwitchKeypad(form);
     gallery.DrawNextBox(prefix + QStringLiteral("entry-keypad"));
     Press(Qt::Key_F2);
-    Click(form, "CbTeclado");
+    SwitchKeypad(form);
     form.close();
 }
 

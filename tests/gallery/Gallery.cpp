@@ -1,5 +1,6 @@
 #include "tests/gallery/Gallery.h"
 
+#include "common/screen/KeypadSwitch.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 
@@ -36,14 +37,19 @@ void Gallery::DrawMaximised(QWidget& window, const QString& name)
 void Gallery::DrawWithKeypad(QWidget& window, const QString& name)
 {
     const QSize before = window.size();
-    Click(window, "CbTeclado");
+    SwitchKeypad(window);
     Draw(window, name);
-    for (const QSize filled : { QSize(1280, 800), QSize(1920, 1080) }) {
+    for (const QSize filled : { QSize(800, 480), QSize(1280, 800), QSize(1920, 1080) }) {
         window.resize(filled);
         Draw(window, QStringLiteral("%1-%2x%3").arg(name).arg(filled.width()).arg(filled.height()));
     }
     window.resize(before);
-    Click(window, "CbTeclado");
+    SwitchKeypad(window);
+}
+
+void SwitchKeypad(const QWidget& window)
+{
+    window.findChild<KeypadSwitch*>()->click();
 }
 
 void Gallery::DrawNextBox(const QString& name)

@@ -21,12 +21,15 @@ public:
     void DrawMaximised(QWidget& window, const QString& name);
 
     // Takes it with its keypad on the screen, which floats over the window or stands beside the calculation, at the
-    // present size and as it fills a projector and a panel.
+    // present size and as it fills a small screen, a projector and a panel.
     void DrawWithKeypad(QWidget& window, const QString& name);
 
     // Takes the next box that opens, which is then left without an answer.
     void DrawNextBox(const QString& name);
 };
+
+// Shows the keypad of a window, or hides it.
+void SwitchKeypad(const QWidget& window);
 
 // One function for each room of the program.
 void DrawMenu(Gallery& gallery);

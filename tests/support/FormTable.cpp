@@ -1,6 +1,7 @@
 #include "tests/support/FormTable.h"
 
 #include "common/screen/CommandButton.h"
+#include "common/screen/KeypadSwitch.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Driver.h"
 
@@ -36,7 +37,7 @@ std::vector<QWidget*> controlsOf(const FormWindow& form)
     std::vector<QWidget*> controls;
     for (QWidget* widget : form.findChildren<QWidget*>()) {
         const bool isInMenuBar
-            = qobject_cast<QMenuBar*>(widget) != nullptr || widget->objectName() == QLatin1String("CbTeclado");
+            = qobject_cast<QMenuBar*>(widget) != nullptr || qobject_cast<KeypadSwitch*>(widget) != nullptr;
         if (areaOf(*widget) != nullptr && !isInMenuBar && !widget->isWindow()) {
             controls.push_back(widget);
         }

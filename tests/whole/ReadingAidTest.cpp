@@ -1,4 +1,6 @@
+#include "common/screen/FormWindow.h"
 #include "common/screen/TextBox.h"
+#include "common/screen/WindowKeypad.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/program/Program.h"
 #include "tests/support/Driver.h"
@@ -271,6 +273,26 @@ void expectKeyStandsOut(QPushButton& key)
     key.setDown(false);
 }
 
+bool isPartOf(const QWidget& pad, const QWidget& control)
+{
+    return &control == &pad || pad.isAncestorOf(&control);
+}
+
+void expectOffTheBoxAndHalfOfEachButton(const QWidget& window, const QWidget& pad)
+{
+    const QRect place = placeIn(window, pad);
+    if (const QWidget* box = window.focusWidget(); box != nullptr && TakesTyping(*box)) {
+        EXPECT_FALSE(place.intersects(placeIn(window, *box)));
+    }
+    for (const QWidget* control : visibleControls(window)) {
+        if (qobject_cast<const QAbstractButton*>(control) != nullptr && !isPartOf(pad, *control)) {
+            const QSize covered = (place & placeIn(window, *control)).size();
+            EXPECT_LE(2 * covered.width() * covered.height(), control->width() * control->height())
+                << fullNameOf(*control);
+        }
+    }
+}
+
 void expectKeypad(const QWidget& window, const QWidget& pad)
 {
     const QWidget& around = *(window.isModal() && window.parentWidget() != nullptr ? window.parentWidget() : &window);
@@ -281,20 +303,35 @@ void expectKeypad(const QWidget& window, const QWidget& pad)
         EXPECT_EQ(key->focusPolicy(), Qt::NoFocus);
         expectKeyStandsOut(*key);
     }
-    const QWidget* box = window.focusWidget();
-    if (box != nullptr && box->testAttribute(Qt::WA_InputMethodEnabled)) {
-        EXPECT_FALSE(placeIn(window, pad).intersects(placeIn(window, *box)));
-    }
+    expectOffTheBoxAndHalfOfEachButton(window, pad);
 }
 
-// And where the window leaves room beside its calculation, over nothing at all.
-void expectBesideCalculation(const FormWindow& form, const QWidget& pad)
+// Wherever the pupil writes. Afterwards the focus is where it was.
+void expectOffEveryBox(const QWidget& window, const QWidget& pad)
 {
-    if (form.width() - form.Area().Drawing().width() > pad.width() * 5 / 4) {
-        for (const QWidget* control : form.findChildren<QWidget*>()) {
-            const bool isPart = control == &pad || pad.isAncestorOf(control);
-            EXPECT_FALSE(control->isVisible() && control->window() == &form && !isPart
-                && placeIn(form, pad).intersects(placeIn(form, *control)))
+    QWidget* const before = QApplication::focusWidget();
+    for (QWidget* control : focusableControls(window)) {
+        if (TakesTyping(*control)) {
+            SCOPED_TRACE(fullNameOf(*control));
+            control->setFocus();
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(pad.isVisible());
+            expectOffTheBoxAndHalfOfEachButton(window, pad);
+        }
+    }
+    before->setFocus();
+    QCoreApplication::processEvents();
+}
+
+// Where the window leaves room beside its calculation for some shape of the keypad, it is over nothing at all.
+void expectBesideCalculation(const FormWindow& form, const Keypad& pad)
+{
+    const std::vector<QSize> sizes = pad.SizesWith(Keypad::KeySizeIn(form.height()));
+    const QSize room(form.width() - form.Area().Drawing().width() - 2 * AroundKeypad,
+        form.Area().geometry().height() - 2 * AroundKeypad);
+    if (std::any_of(sizes.begin(), sizes.end(), [room](QSize size) { return size.boundedTo(room) == size; })) {
+        for (const QWidget* control : visibleControls(form)) {
+            EXPECT_TRUE(isPartOf(pad, *control) || !placeIn(form, pad).intersects(placeIn(form, *control)))
                 << fullNameOf(*control);
         }
     }
@@ -304,12 +341,14 @@ TEST_P(ReadingAidTest, TheKeypadIsMadeForFingersAndNeverLiesOverTheBoxThatIsWrit
 {
     bool seen = false;
     inspectAll([&seen](QWidget& window) {
-        const auto* pad = window.findChild<QWidget*>(QStringLiteral("Teclado"));
+        const auto* pad = window.findChild<Keypad*>();
         if (pad == nullptr || !pad->isVisible() || pad->window() != &window) {
             return;
         }
         seen = true;
         expectKeypad(window, *pad);
+        ShowAndActivate(window);
+        expectOffEveryBox(window, *pad);
         if (const auto* form = dynamic_cast<const FormWindow*>(&window)) {
             expectBesideCalculation(*form, *pad);
         }

@@ -4,6 +4,7 @@
 #include "app/Form1.h"
 #include "app/ProgramRun.h"
 #include "common/screen/CommandButton.h"
+#include "common/screen/Keypad.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
@@ -578,7 +579,7 @@ protected:
 
     static bool showsKeypad()
     {
-        const auto* pad = activity().findChild<QWidget*>(QStringLiteral("Teclado"));
+        const auto* pad = activity().findChild<Keypad*>();
         return pad != nullptr && pad->isVisible();
     }
 

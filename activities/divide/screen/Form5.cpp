@@ -43,7 +43,7 @@ Form5::Form5(const Clock& clock, bool& commaShift)
     buildBracket();
     buildRest();
     buildMenus();
-    OfferKeypad({ .Blank = true, .Arrows = true });
+    OfferKeypad(KeypadKeys::WithBlankAndArrows);
     for (const auto modifier : { Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier }) {
         connect(new QShortcut(modifier | Qt::Key_F5, this), &QShortcut::activated, this, &Form5::Form_KeyDown);
     }

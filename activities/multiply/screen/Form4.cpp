@@ -68,7 +68,7 @@ Form4::Form4(const Clock& clock, std::unique_ptr<Dialog>& tables)
     buildCalculation();
     buildSideColumn();
     buildMenus();
-    OfferKeypad({ .Blank = true });
+    OfferKeypad(KeypadKeys::WithBlank);
     Form_Load();
 }
 

@@ -126,7 +126,7 @@ FormColoSuma::FormColoSuma(const Clock& clock)
 {
     buildControls();
     buildMenus();
-    OfferKeypad({ .Blank = true });
+    OfferKeypad(KeypadKeys::WithBlank);
     Form_Load();
 }
 

@@ -6,6 +6,7 @@
 #include "common/screen/FormWindow.h"
 #include "common/screen/KeyCodes.h"
 #include "common/screen/Keyboard.h"
+#include "common/screen/KeypadSwitch.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
@@ -30,15 +31,15 @@ using namespace testing;
 
 constexpr TwipsSize portrait { 4875, 7695 }; // 325 by 513 pixels
 
-QWidget* padIn(const QWidget& window)
+Keypad* padIn(const QWidget& window)
 {
-    return window.findChild<QWidget*>(QStringLiteral("Teclado"));
+    return window.findChild<Keypad*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 // An answer that is written from its last digit to its first, a box that only shows, and a button below them.
 class Exercise : public FormWindow {
 public:
-    explicit Exercise(TwipsSize area = portrait, KeypadKeys keys = { .Blank = true })
+    explicit Exercise(TwipsSize area = portrait, KeypadKeys keys = KeypadKeys::WithBlank)
         : FormWindow(QStringLiteral("Form9"), QStringLiteral("PRUEBAS"), area, {})
     {
         Answer = AddTextBox(Area(), QStringLiteral("Answer"), { 500, 2000, 3500, 495 }, {}, Qt::AlignRight);
@@ -70,7 +71,7 @@ public:
 
     using FormWindow::MenuBar;
 
-    QAbstractButton& Switch() const { return Find<QAbstractButton>(*this, "CbTeclado"); }
+    KeypadSwitch& Switch() const { return *findChild<KeypadSwitch*>(QString(), Qt::FindDirectChildrenOnly); }
     QWidget* Pad() const { return padIn(*this); }
     bool ShowsPad() const { return Pad() != nullptr && Pad()->isVisible(); }
     QAbstractButton& KeyNamed(const QString& name) const
@@ -123,8 +124,10 @@ protected:
 TEST_F(KeypadTest, AButtonAtTheRightEndOfTheMenuBarShowsItAndHidesItAndLeavesTheFocusWhereItIs)
 {
     const QAbstractButton& button = form_.Switch();
-    EXPECT_TRUE(form_.MenuBar()->geometry().contains(button.geometry()));
-    EXPECT_GE(button.geometry().right(), form_.width() - 10);
+    EXPECT_EQ(button.height(), form_.MenuBar()->height());
+    EXPECT_GE(button.width(), 2 * button.height());
+    EXPECT_EQ(button.geometry().bottomRight(), form_.MenuBar()->geometry().bottomRight());
+    EXPECT_EQ(button.toolTip().toStdString(), "Teclado en pantalla");
     EXPECT_EQ(form_.Pad(), nullptr);
     ClickOnScreen(button);
     EXPECT_TRUE(form_.ShowsPad());
@@ -144,6 +147,9 @@ TEST_F(KeypadTest, TheButtonIsSpokenWithItsStateAndIsPressedByAssistiveToolsToo)
     spoken->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     EXPECT_TRUE(spoken->state().checked);
     EXPECT_TRUE(form_.ShowsPad());
+    QAccessibleInterface* keypad = QAccessible::queryAccessibleInterface(form_.Pad());
+    EXPECT_EQ(keypad->role(), QAccessible::Grouping);
+    EXPECT_EQ(keypad->text(QAccessible::Name).toStdString(), "Teclado en pantalla");
 }
 
 TEST(KeypadSwitchTest, TheMenuBarIsNoHigherThanWithoutIt)
@@ -216,10 +222,10 @@ TEST_F(KeypadTest, AFingerOnABoxThatTakesTypingShowsIt)
 
 TEST_F(KeypadTest, APenOnABoxThatTakesTypingShowsIt)
 {
-    const QPointF middle = form_.Answer->rect().center();
-    QMouseEvent fromPen(QEvent::MouseButtonPress, middle, middle, form_.Answer->mapToGlobal(middle), Qt::LeftButton,
+    const QPointF middle = form_.Answer->geometry().center();
+    QMouseEvent fromPen(QEvent::MouseButtonPress, middle, middle, form_.mapToGlobal(middle), Qt::LeftButton,
         Qt::LeftButton, Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
-    QCoreApplication::sendEvent(form_.Answer, &fromPen);
+    QCoreApplication::sendEvent(form_.windowHandle(), &fromPen);
     EXPECT_TRUE(form_.ShowsPad());
 }
 
@@ -234,6 +240,16 @@ TEST_F(KeypadTest, NothingElseShowsIt)
     EXPECT_EQ(form_.Clicks, 1);
     EXPECT_FALSE(form_.ShowsPad());
     EXPECT_FALSE(form_.Switch().isChecked());
+}
+
+TEST_F(KeypadTest, AFingerOnABoxBesideAnOpenMenuOnlyClosesTheMenu)
+{
+    QMenuBar& bar = *form_.MenuBar();
+    Tap(bar, bar.actionGeometry(bar.actions().front()).center());
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    Tap(*form_.Answer);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_FALSE(form_.ShowsPad());
 }
 
 TEST_F(KeypadTest, TwoFingersPressTwoKeysAtATime)
@@ -275,15 +291,39 @@ TEST_F(KeypadTest, HasTheKeysThatItsWindowHasAUseForAndNoneToHaveTheAnswerChecke
         return all.join(u' ').toStdString();
     };
     const std::string numbers = "7 8 9 4 5 6 1 2 3 Coma 0 Borrar cifra";
-    EXPECT_EQ(names({}), numbers);
-    EXPECT_EQ(names({ .Blank = true }), numbers + " Espacio");
-    EXPECT_EQ(names({ .Blank = true, .Arrows = true }),
+    EXPECT_EQ(names(KeypadKeys::Numbers), numbers);
+    EXPECT_EQ(names(KeypadKeys::WithBlank), numbers + " Espacio");
+    EXPECT_EQ(names(KeypadKeys::WithBlankAndArrows),
         numbers + " Espacio Flecha arriba Flecha izquierda Flecha abajo Flecha derecha");
+}
+
+// In pixels, what is darker than the paper.
+QRect inkOf(QWidget& key)
+{
+    const QImage picture = key.grab().toImage();
+    QRect ink;
+    for (int y = picture.height() / 8; y < picture.height() * 7 / 8; ++y) {
+        for (int x = picture.width() / 8; x < picture.width() * 7 / 8; ++x) {
+            if (picture.pixelColor(x, y).lightness() < 128) {
+                ink |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return ink;
+}
+
+TEST_F(KeypadTest, TheCommaIsInTheMiddleOfItsKeyAndHalfAsHighAsADigit)
+{
+    showPad();
+    QWidget& key = form_.KeyNamed(QStringLiteral("Coma"));
+    const QRect comma = inkOf(key);
+    EXPECT_GE(2 * comma.height(), inkOf(form_.KeyNamed(QStringLiteral("8"))).height());
+    EXPECT_NEAR(comma.center().y(), key.rect().center().y(), 2);
 }
 
 TEST_F(KeypadTest, ItsKeysHaveTheCodesOfAKeyboards)
 {
-    Exercise form(portrait, { .Blank = true, .Arrows = true });
+    Exercise form(portrait, KeypadKeys::WithBlankAndArrows);
     ShowAndActivate(form);
     form.resize(1280, 800);
     form.Answer->setFocus();
@@ -507,8 +547,46 @@ TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRo
     form_.setMinimumSize(100, 100);
     form_.resize(165, 260);
     EXPECT_FALSE(form_.ShowsPad());
+    EXPECT_FALSE(form_.Switch().isChecked());
+    showPad();
+    EXPECT_FALSE(form_.Switch().isChecked());
     form_.resize(325, 540);
     EXPECT_TRUE(form_.ShowsPad());
+    EXPECT_TRUE(form_.Switch().isChecked());
+}
+
+// The paper of a division takes all keys, and they are too many for one column of digits.
+TEST_F(KeypadTest, DigitsAndArrowsStandSideBySideWhereItWouldNotFitOtherwise)
+{
+    Exercise form(portrait, KeypadKeys::WithBlankAndArrows);
+    form.setMinimumSize(100, 100);
+    ShowAndActivate(form);
+    form.resize(1280, 800);
+    form.Answer->setFocus();
+    ClickOnScreen(form.Switch());
+    const auto isBeside = [&form] {
+        return form.KeyNamed(QStringLiteral("Flecha arriba")).x() > form.KeyNamed(QStringLiteral("9")).x();
+    };
+    EXPECT_TRUE(form.ShowsPad());
+    EXPECT_FALSE(isBeside());
+    form.resize(800, 280);
+    EXPECT_TRUE(form.ShowsPad());
+    EXPECT_TRUE(isBeside());
+    EXPECT_GT(form.Pad()->x(), form.Area().Drawing().right());
+}
+
+TEST_F(KeypadTest, FloatingItTakesTheShapeThatLeavesTheButtonsFree)
+{
+    form_.resize(form_.width() + 60, form_.height());
+    AddButton(form_.Area(), QStringLiteral("Two"), QStringLiteral("&Dos"), { 1500, 4000, 1500, 495 }, {})->show();
+    AddButton(form_.Area(), QStringLiteral("Three"), QStringLiteral("&Tres"), { 1500, 4800, 1500, 495 }, {})->show();
+    QCoreApplication::processEvents();
+    form_.Answer->setFocus();
+    showPad();
+    for (const char* name : { "Done", "Two", "Three" }) {
+        EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(Find<QWidget>(form_, name)))) << name;
+    }
+    EXPECT_GT(form_.Pad()->width(), form_.Pad()->height());
 }
 
 TEST_F(KeypadTest, StaysUnderTheFingerThatHoldsAKeyAndGetsOutOfTheWayAfterwards)
@@ -552,21 +630,40 @@ protected:
     }
 };
 
-TEST_F(KeypadDragTest, AHandDragsItWithinTheWindowAndItStaysThere)
+TEST_F(KeypadDragTest, AHandDragsItWithinTheWindowAndItStaysThereUntilTheButtonHidesIt)
 {
     form_.resize(1280, 800);
     showPad();
     const QPoint before = form_.Pad()->pos();
     drag({ -30, 60 });
     EXPECT_EQ(form_.Pad()->pos(), before + QPoint(-30, 60));
-    showPad();
-    showPad();
+    form_.Done->setFocus();
+    form_.Answer->setFocus();
     EXPECT_EQ(form_.Pad()->pos(), before + QPoint(-30, 60));
     drag({ 5000, 5000 });
     EXPECT_TRUE(form_.rect().contains(form_.Pad()->geometry()));
     form_.resize(1000, 700);
     EXPECT_TRUE(form_.rect().contains(form_.Pad()->geometry()));
+    EXPECT_GT(form_.Pad()->geometry().bottom(), 690);
     EXPECT_TRUE(form_.Answer->hasFocus());
+    form_.resize(1280, 800);
+    showPad();
+    showPad();
+    EXPECT_EQ(form_.Pad()->pos(), before);
+}
+
+TEST_F(KeypadDragTest, NoRoomIsKeptBesideTheCalculationWhileItIsDraggedAway)
+{
+    form_.resize(700, 800);
+    const QRect alone = form_.Area().Drawing();
+    showPad();
+    const QRect beside = form_.Area().Drawing();
+    ASSERT_LT(beside.left(), alone.left());
+    drag({ -200, 300 });
+    EXPECT_EQ(form_.Area().Drawing(), alone);
+    showPad();
+    showPad();
+    EXPECT_EQ(form_.Area().Drawing(), beside);
 }
 
 TEST_F(KeypadDragTest, NeitherASlightMoveNorAMissedKeyDragsIt)
@@ -603,6 +700,7 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
         box.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
         EXPECT_FALSE(form_.ShowsPad());
+        EXPECT_FALSE(form_.Switch().isChecked());
         for (const char* key : { "1", "2", "Coma", "5", "5", "Borrar cifra" }) {
             pressInBox(box, QString::fromLatin1(key));
         }
@@ -632,6 +730,33 @@ TEST_F(KeypadTest, WantedForAnInputBoxAloneItGoesWithTheBox)
     AskText(&form_, "Introduzca el nuevo valor:", "Sumas");
     EXPECT_FALSE(form_.ShowsPad());
     EXPECT_FALSE(form_.Switch().isChecked());
+}
+
+// Behind an open box, the button of the window cannot be pressed.
+TEST_F(KeypadTest, AnInputBoxHasAButtonOfItsOwnThatShowsItAndHidesItAndLeavesTheFocusInTheLine)
+{
+    ExpectDialog([](QDialog& box) {
+        box.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        auto& button = *box.findChild<KeypadSwitch*>();
+        const int height = box.height();
+        EXPECT_FALSE(button.isChecked());
+        ClickOnScreen(button);
+        EXPECT_TRUE(button.isChecked());
+        EXPECT_TRUE(padIn(box)->isVisible());
+        pressInBox(box, QStringLiteral("7"));
+        ClickOnScreen(button);
+        EXPECT_FALSE(button.isChecked());
+        EXPECT_FALSE(padIn(box)->isVisible());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return box.height() == height; }));
+        ClickOnScreen(button);
+        pressInBox(box, QStringLiteral("5"));
+        EXPECT_TRUE(box.findChild<QLineEdit*>()->hasFocus());
+        box.accept();
+    });
+    EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "75");
+    form_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return form_.ShowsPad(); }));
 }
 
 TEST_F(KeypadTest, AFingerOnTheLineOfAnInputBoxShowsItThereAndFromThenOnEverywhere)

@@ -1,0 +1,105 @@
+#include "common/screen/OfferedKeypad.h"
+
+#include "common/screen/FormWindow.h"
+#include "common/screen/KeypadSwitch.h"
+#include "common/screen/TextBox.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+#include <QWindow>
+
+namespace numbrela {
+
+namespace {
+
+// Boxes know nothing of fingers and pens: Qt makes the events of a mouse out of theirs.
+bool isTouch(const QMouseEvent& event)
+{
+    return event.source() != Qt::MouseEventNotSynthesized && QApplication::activePopupWidget() == nullptr;
+}
+
+// Qt lets input methods into its lists, too.
+bool isOfList(const QWidget& control)
+{
+    return qobject_cast<const QAbstractItemView*>(&control) != nullptr
+        || qobject_cast<const QAbstractItemView*>(control.parent()) != nullptr;
+}
+
+} // namespace
+
+bool TakesTyping(const QWidget& control)
+{
+    const auto* box = qobject_cast<const TextBox*>(&control);
+    const bool isMadeForIt
+        = box != nullptr ? box->TakesTyping() : control.testAttribute(Qt::WA_InputMethodEnabled) && !isOfList(control);
+    return isMadeForIt && control.isEnabled();
+}
+
+OfferedKeypad::OfferedKeypad(QWidget& window, const FormWindow& form, KeypadKeys keys)
+    : QObject(&window)
+    , window_(window)
+    , form_(form)
+    , keys_(keys)
+    , switch_(new KeypadSwitch(&window))
+{
+    connect(switch_, &QPushButton::toggled, this, &OfferedKeypad::choose);
+    window.installEventFilter(this);
+}
+
+// The native window sees everything that happens to the controls in it before they do; a window that is not shown has
+// none.
+bool OfferedKeypad::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &window_) {
+        if (event->type() == QEvent::Show) {
+            window_.windowHandle()->installEventFilter(this);
+        }
+        return false;
+    }
+    if (event->type() == QEvent::FocusAboutToChange && keypad_ != nullptr) {
+        keypad_->LetGo(); // no release arrives once another window has the focus
+    } else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+        const auto& press = static_cast<const QMouseEvent&>(*event);
+        const QWidget* control = isTouch(press) ? window_.childAt(press.position().toPoint()) : nullptr;
+        if (control != nullptr && TakesTyping(*control)) {
+            choose(true);
+        }
+    }
+    return false;
+}
+
+Keypad& OfferedKeypad::MakePad()
+{
+    keypad_ = new Keypad(keys_, &window_);
+    keypad_->hide();
+    return *keypad_;
+}
+
+int OfferedKeypad::KeySize() const
+{
+    return Keypad::KeySizeIn(form_.height());
+}
+
+void OfferedKeypad::SetShown(bool shown)
+{
+    if (keypad_ != nullptr) {
+        keypad_->setVisible(shown);
+    }
+    const QSignalBlocker nobodyChooses(switch_);
+    switch_->setChecked(shown);
+}
+
+bool OfferedKeypad::IsChosen() const
+{
+    return form_.Choices().KeypadShown;
+}
+
+void OfferedKeypad::choose(bool shown)
+{
+    form_.Choices().KeypadShown = shown;
+    OnChoice(shown);
+}
+
+} // namespace numbrela
