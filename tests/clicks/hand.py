@@ -121,7 +121,8 @@ class Hand:
             self.clicks(item, MENU_ROLES)
 
     def writes(self, text):
-        """On the keypad."""
+        """On the keypad, which leaves at least half of every button free."""
+        self._sees_half_of_each_button()
         for character in text:
             self.clicks(SIGNS.get(character, character), pyatspi.ROLE_PUSH_BUTTON)
 
@@ -137,6 +138,13 @@ class Hand:
 
     def _point_at(self, x, y, *then):
         subprocess.run(["xdotool", "mousemove", str(x), str(y), *then], check=True, timeout=10)
+
+    def _sees_half_of_each_button(self):
+        pad = self.finds("Teclado en pantalla", pyatspi.ROLE_PANEL)
+        for button in self.all(pyatspi.ROLE_PUSH_BUTTON):
+            place = extents(button)
+            if button.parent != pad and 2 * overlap(place, extents(pad)) > place.width * place.height:
+                raise Lost(f"{button.name!r} is more than half covered by the keypad")
 
     def _free_point(self, control):
         place = extents(control)
@@ -156,6 +164,13 @@ def extents(control):
 
 def contains(place, x, y):
     return place.x <= x < place.x + place.width and place.y <= y < place.y + place.height
+
+
+def overlap(one, other):
+    """In square pixels."""
+    width = min(one.x + one.width, other.x + other.width) - max(one.x, other.x)
+    height = min(one.y + one.height, other.y + other.height) - max(one.y, other.y)
+    return max(0, width) * max(0, height)
 
 
 def shown_in(parent):

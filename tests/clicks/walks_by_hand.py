@@ -15,9 +15,12 @@ def opens(hand, button, title):
 
 
 def enters(hand, item, title, window, number):
-    """Writes a number into the box that a menu item opens, in place of what is highlighted there."""
+    """Writes a number into the box that a menu item opens, in place of what is highlighted there. The keypad is shown
+    there and not before."""
     hand.chooses("Opciones", item)
     hand.sees(title)
+    if not hand.has_the_keypad():
+        hand.shows_the_keypad()
     hand.writes(number)
     hand.clicks("Aceptar")
     hand.sees(window)
@@ -30,7 +33,6 @@ def leaves(hand, item):
 
 def sums(hand):
     opens(hand, "Sumas", "SUMAS")
-    hand.shows_the_keypad()
     enters(hand, "Introducir primer sumando", "Sumas", "SUMAS", "57,5")
     enters(hand, "Introducir segundo sumando", "Sumas", "SUMAS", "68")
     hand.reads_that("Primer sumando", "57,5")
@@ -58,7 +60,6 @@ def column(hand, result, right):
 
 def multiplication(hand):
     opens(hand, "Multiplicaciones", "Multiplicaciones")
-    hand.shows_the_keypad()
     enters(hand, "Introducir Primer factor", "Introducir primer factor", "Multiplicaciones", "734")
     enters(hand, "Introducir segundo factor", "Introducir segundo factor", "Multiplicaciones", "46")
     for row, written in (("Producto parcial 1", "4404"), ("Producto parcial 2", "2936 "), ("Resultado", "33764")):
@@ -73,9 +74,7 @@ def multiplication(hand):
 
 def division(hand):
     """96 : 8 = 12; under the dividend stand 16 and, one row down and one place to the left, the rest."""
-    hand.maximises()
     opens(hand, "Divisiones", "DIVISIONES")
-    hand.shows_the_keypad()
     enters(hand, "Introducir dividendo", "Introducir dividendo", "DIVISIONES", "96")
     enters(hand, "Introducir divisor", "Introducir divisor", "DIVISIONES", "8")
     hand.clicks("Borrar")
@@ -139,7 +138,6 @@ def place_and_add(hand):
 
 def shopping(hand):
     opens(hand, "La compra", "La compra")
-    hand.shows_the_keypad()
     enters(hand, "Número de productos", "¿Cuántos productos incluir en la lista?", "La compra", "2")
     hand.waits_until(lambda: len(hand.lines_of("Lista de la compra")) == 2)
     money = value(hand.reads("Dinero disponible").rstrip("€"))
