@@ -62,17 +62,24 @@ inline void CloseAndDestroy(QWidget* window)
     }
 }
 
-// Milliseconds from the wish to see a window to its first paint, for each of many openings.
+// Milliseconds from the wish to see a window to its first paint; then it is closed.
+inline double TimeOpening(const OpenWindow& open)
+{
+    const PaintWatch watch;
+    const auto start = std::chrono::steady_clock::now();
+    QWidget* window = open();
+    watch.WaitFor(window);
+    const double milliseconds = MillisecondsSince(start);
+    CloseAndDestroy(window);
+    return milliseconds;
+}
+
+// The same for each of many openings.
 inline std::vector<double> TimeOpenings(const OpenWindow& open)
 {
     std::vector<double> times;
     for (int opening = 0; opening < Rounds(openings); ++opening) {
-        const PaintWatch watch;
-        const auto start = std::chrono::steady_clock::now();
-        QWidget* window = open();
-        watch.WaitFor(window);
-        times.push_back(MillisecondsSince(start));
-        CloseAndDestroy(window);
+        times.push_back(TimeOpening(open));
     }
     return times;
 }
