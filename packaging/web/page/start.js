@@ -1,0 +1,123 @@
+// Loads the program and starts it, and says how far that is and how it ended.
+import { offerCatalogue } from "./links.js?@VERSION@";
+import { schoolCatalogue, storeCatalogue, storedCatalogue } from "./catalogue.js?@VERSION@";
+
+const version = "?@VERSION@";
+const byId = id => document.getElementById(id);
+let running = false;
+
+async function start() {
+    byId("again").addEventListener("click", () => location.reload());
+    offerCatalogue();
+    say("Cargando Numbrela…");
+    byId("loading").hidden = false;
+    try {
+        const scripts = new Promise(done => addEventListener("DOMContentLoaded", done, { once: true }));
+        const [module, catalogue] = await Promise.all([compiledProgram(), startingCatalogue(), scripts]);
+        await run(module, catalogue);
+    } catch (error) {
+        end(error instanceof WebAssembly.CompileError ? unfitText
+            : "Numbrela no se ha podido cargar: no hay conexión, o en el servidor falta algo.", error);
+        return;
+    }
+    if (running) {
+        byId("notice").hidden = true;
+        navigator.serviceWorker?.register("worker.js").catch(error => console.info(error)); // works, but not offline
+    }
+}
+
+async function startingCatalogue() {
+    return storedCatalogue() ?? schoolCatalogue();
+}
+
+async function compiledProgram() {
+    const [sizes, response] = await Promise.all([
+        fetch("sizes.json" + version).then(answer => answer.json()),
+        navigator.serviceWorker?.controller ? fetch("numbrela.wasm" + version) : deliverProgram(version),
+    ]);
+    if (!response.ok) {
+        throw new Error(`${response.url}: ${response.status}`);
+    }
+    const total = sizes["numbrela.wasm"];
+    let received = 0; // bytes, unpacked
+    const counting = new TransformStream({
+        transform(chunk, output) {
+            received += chunk.length;
+            showProgress(Math.min(100, Math.floor(100 * received / total)));
+            output.enqueue(chunk);
+        },
+    });
+    // A response of our own, so that it does not matter what type the server takes the file for.
+    return WebAssembly.compileStreaming(
+        new Response(response.body.pipeThrough(counting), { headers: { "Content-Type": "application/wasm" } }));
+}
+
+async function run(module, catalogue) {
+    running = true;
+    await qtLoad({
+        qt: {
+            entryFunction: numbrela_entry,
+            containerElements: [byId("program")],
+            module: Promise.resolve(module),
+            onExit: ({ code, text }) => code === 0
+                ? end("Numbrela ha terminado.")
+                : end("Numbrela se ha cerrado por un error.", text),
+        },
+        numbrela: { storedCatalogue, storeCatalogue },
+        preRun: [({ FS }) => {
+            FS.mkdir("/Recursos");
+            if (catalogue !== null) {
+                FS.writeFile("/Recursos/productos.dat", catalogue);
+            }
+        }],
+    });
+}
+
+function showProgress(percent) {
+    byId("progress").value = percent;
+    byId("percent").textContent = `${percent} %`;
+}
+
+function say(text) {
+    byId("text").textContent = text;
+}
+
+function end(text, detail = "") {
+    running = false;
+    byId("program").remove();
+    document.querySelector("body > input")?.remove(); // into which the program's keys were typed
+    byId("loading").hidden = true;
+    byId("notice").hidden = false;
+    byId("again").hidden = false;
+    byId("again").focus();
+    byId("detail").textContent = detail;
+    say(text);
+}
+
+// An error that nobody catches is the program's end, but for the ways in which it leaves its own call stack.
+function handleUncaught(event, error) {
+    if (error === "unwind" || error?.name === "ExitStatus") {
+        event.preventDefault();
+    } else if (running && error && !(error instanceof DOMException)) {
+        end("Numbrela se ha cerrado por un error.", error);
+    }
+}
+addEventListener("error", event => handleUncaught(event, event.error));
+addEventListener("unhandledrejection", event => handleUncaught(event, event.reason));
+
+// Keys that the program has, or may have in another window: what the browser would do with them would end an exercise.
+addEventListener("keydown", event => {
+    const alone = !event.ctrlKey && !event.metaKey && !event.getModifierState("AltGraph");
+    if (running && alone && (/^F([1235]|7|10)$/.test(event.key) || (event.altKey && /^\p{L}$/u.test(event.key)))) {
+        event.preventDefault();
+    }
+}, { capture: true });
+addEventListener("keyup", event => {
+    if (running && event.key === "Alt") {
+        event.preventDefault(); // or else Firefox turns to its own menu
+    }
+}, { capture: true });
+
+if (browserIsFit) {
+    start();
+}

@@ -1,0 +1,169 @@
+// A person at a browser: presses keys, clicks and taps, looks at the windows of the program and reads what is copied.
+// Whatever the browser reports as an error is kept; a proof ends by asking that there was none.
+import assert from "node:assert/strict";
+import puppeteer from "puppeteer-core";
+
+export const patience = 30_000; // milliseconds in which something expected happens
+
+const signs = { "alt": "Alt", "ctrl": "Control", "shift": "Shift" };
+
+export async function launch(kind, downloads) {
+    const root = process.getuid() === 0;
+    const common = { browser: kind === "firefox" ? "firefox" : "chrome", headless: true, protocolTimeout: 3 * patience };
+    return kind === "firefox"
+        ? puppeteer.launch({
+            ...common,
+            executablePath: "/usr/bin/firefox-esr",
+            extraPrefsFirefox: {
+                "browser.download.folderList": 2,
+                "browser.download.dir": downloads,
+                "browser.helperApps.neverAsk.saveToDisk": "application/octet-stream",
+                "dom.events.testing.asyncClipboard": true, // the proof may read what was copied
+                "intl.accept_languages": "es-ES",
+            },
+        })
+        : puppeteer.launch({
+            ...common,
+            executablePath: "/usr/bin/chromium",
+            args: ["--lang=es-ES", ...(root ? ["--no-sandbox"] : [])],
+        });
+}
+
+// A person's own room in the browser: nothing that it keeps for others is seen there.
+export class Person {
+    constructor(browser, kind, downloads) {
+        Object.assign(this, { browser, kind, downloads, errors: [] });
+    }
+
+    async enter(server) {
+        this.server = server;
+        this.context = await this.browser.createBrowserContext(
+            this.kind === "firefox" ? {} : { downloadBehavior: { policy: "allow", downloadPath: this.downloads } });
+        if (this.kind !== "firefox") {
+            await this.context.overridePermissions(`http://127.0.0.1:${server.port}`,
+                ["clipboard-read", "clipboard-write", "clipboard-sanitized-write"]);
+        }
+        return this;
+    }
+
+    async leave() {
+        await this.context.close();
+        assert.deepEqual(this.errors, [], "the browser reported errors");
+    }
+
+    // A new tab, which has not gone anywhere yet.
+    async tab({ width = 1366, height = 768, ratio = 1, before } = {}) {
+        const page = await this.context.newPage();
+        page.on("console", message => message.type() === "error" && this.errors.push(message.text()));
+        page.on("pageerror", error => this.errors.push(String(error)));
+        await page.setViewport({ width, height, deviceScaleFactor: ratio });
+        if (before) {
+            await page.evaluateOnNewDocument(before);
+        }
+        return new Tab(page);
+    }
+}
+
+export class Tab {
+    constructor(page) {
+        this.page = page;
+        page.setDefaultTimeout(patience);
+    }
+
+    // ------------------------------------------------------------------------------------------------ where it goes
+
+    async goes(url) {
+        await this.page.goto(url, { waitUntil: "domcontentloaded" });
+    }
+
+    async starts(url) {
+        await this.goes(url);
+        await this.sees("NUMBRELA");
+    }
+
+    async reloads() {
+        await this.page.reload({ waitUntil: "domcontentloaded" });
+    }
+
+    // Until the page works without a network, too.
+    async isKept() {
+        await this.until("a service worker", async () => (await navigator.serviceWorker.getRegistration())?.active?.state
+            === "activated");
+    }
+
+    // ------------------------------------------------------------------------------------------------ what it sees
+
+    // Waits until the window with this title is in front.
+    async sees(title) {
+        await this.until(`the window '${title}'`, wanted => {
+            const shadow = document.querySelector("#qt-shadow-container")?.shadowRoot;
+            return [...shadow?.querySelectorAll(".qt-window:not(.inactive)") ?? []].some(window =>
+                window.style.display === "block" && window.querySelector(".window-name")?.textContent === wanted);
+        }, title);
+    }
+
+    // Waits until the page itself says so, in the program's place.
+    async reads(text) {
+        await this.until(`the notice '${text}'`, wanted => !document.getElementById("notice").hidden
+            && document.getElementById("text").textContent === wanted, text);
+    }
+
+    async until(what, condition, ...values) {
+        await this.page.waitForFunction(condition, { timeout: patience, polling: 50 }, ...values).catch(async error => {
+            throw new Error(`waited in vain for ${what}: ${error.message}; there are ${await this.titles()}`);
+        });
+    }
+
+    titles() {
+        return this.page.evaluate(() => JSON.stringify([document.getElementById("text")?.textContent,
+            ...[...document.querySelector("#qt-shadow-container")?.shadowRoot.querySelectorAll(".qt-window") ?? []]
+                .map(one => `${one.className} ${one.style.display} ${one.querySelector(".window-name")?.textContent}`)]));
+    }
+
+    // ------------------------------------------------------------------------------------------------ what its hands do
+
+    // press("alt+o", "Right", "2"), as a keyboard's keys are called.
+    async press(...keys) {
+        for (const key of keys) {
+            const parts = key === "+" ? [key] : key.split("+");
+            const last = parts.pop();
+            const held = parts.map(part => signs[part]);
+            for (const one of held) {
+                await this.page.keyboard.down(one);
+            }
+            await this.page.keyboard.press({ Right: "ArrowRight", Left: "ArrowLeft", Up: "ArrowUp", Down: "ArrowDown" }[last] ?? last);
+            for (const one of held.reverse()) {
+                await this.page.keyboard.up(one);
+            }
+        }
+    }
+
+    async write(text) {
+        for (const character of text) {
+            await this.page.keyboard.press(character === " " ? "Space" : character);
+        }
+    }
+
+    async writeFromTheRight(text) {
+        await this.press("ctrl+a", "Backspace");
+        await this.write([...text].reverse().join(""));
+    }
+
+    // What stands in the box that has the focus, when it matches: copied as a person would copy it.
+    async copies(pattern = /./) {
+        let text = "";
+        for (const end = Date.now() + patience; Date.now() < end;) {
+            await this.press("ctrl+a", "ctrl+c");
+            text = await this.page.evaluate(() => navigator.clipboard.readText().catch(error => `(${error})`));
+            if (pattern.test(text)) {
+                return text;
+            }
+        }
+        throw new Error(`waited in vain for a text that matches ${pattern}; copied '${text}'`);
+    }
+
+    // After this, only what is copied anew can be read.
+    async forgetsWhatWasCopied() {
+        await this.page.evaluate(() => navigator.clipboard.writeText(""));
+    }
+}

@@ -1,0 +1,216 @@
+// An exercise of each activity and a purchase, with keys alone, as tests/smoke/walk does them on a desk.
+import assert from "node:assert/strict";
+
+const oneRight = /^Ejercicios: +1; Errores: +0$/;
+
+async function opens(tab, title) {
+    await tab.press("Enter");
+    await tab.sees(title);
+}
+
+async function leaves(tab) {
+    await tab.press("alt+F4");
+    await tab.sees("NUMBRELA");
+    await tab.press("Tab");
+}
+
+export async function enters(tab, key, box, number, title) {
+    await tab.press(key);
+    await tab.sees(box);
+    await tab.press("ctrl+a");
+    await tab.write(number);
+    await tab.press("Enter");
+    await tab.sees(title);
+}
+
+const tabs = (tab, times) => tab.press(...Array(times).fill("Tab"));
+
+async function copiesAnew(tab, pattern = /./) {
+    await tab.forgetsWhatWasCopied();
+    return tab.copies(pattern);
+}
+
+// A number with one decimal at most, in tenths.
+const tenths = number => Math.round(10 * Number(number.trim().replace(",", ".")));
+
+// The sum of a column of money, in which each line but the first has its sign.
+function cents(text) {
+    return text.split("\n").reduce((sum, line) =>
+        sum + Math.round(100 * Number(line.replace(/[^0-9,-]/g, "").replace(",", "."))), 0);
+}
+
+const euros = sum => (sum / 100).toFixed(2).replace(".", ",");
+
+async function column(tab, title, box, upper, lower, result) {
+    await opens(tab, title);
+    await enters(tab, "F2", box, upper, title);
+    await enters(tab, "F3", box, lower, title);
+    await tab.writeFromTheRight(result);
+    await tab.press("Enter");
+    await tabs(tab, 3);
+    await copiesAnew(tab, oneRight);
+}
+
+async function multiplication(tab) {
+    await opens(tab, "Multiplicaciones");
+    await enters(tab, "F2", "Introducir primer factor", "23", "Multiplicaciones");
+    await enters(tab, "F3", "Introducir segundo factor", "45", "Multiplicaciones");
+    await tab.writeFromTheRight("115");
+    await tab.press("Tab");
+    await tab.writeFromTheRight("92 ");
+    await tab.press("Tab");
+    await tab.writeFromTheRight("1035");
+    await tab.press("Enter");
+    await tabs(tab, 3);
+    await copiesAnew(tab, oneRight);
+}
+
+// 96 : 8, under the dividend 16 and then the rest, 0
+async function division(tab) {
+    await opens(tab, "DIVISIONES");
+    await enters(tab, "F2", "Introducir dividendo", "96", "DIVISIONES");
+    await enters(tab, "F3", "Introducir divisor", "8", "DIVISIONES");
+    await tab.press("PageUp", "Home", "Down");
+    await tab.write(" 16");
+    await tab.press("Home", "Down");
+    await tab.write("  0");
+    await tabs(tab, 2);
+    await tab.write("12");
+    await tab.press("Tab", "Space");
+    await tabs(tab, 3);
+    await copiesAnew(tab, oneRight);
+}
+
+// One number after the other is chosen, and a wrong one vanishes, until it is the right one.
+async function comparison(tab) {
+    await opens(tab, "MAYOR Y MENOR");
+    let score = "";
+    for (let errors = 0; errors < 6 && !score.startsWith("Aciertos: 1;"); ++errors) {
+        await tab.press("Space", "shift+Tab", "shift+Tab");
+        score = await copiesAnew(tab, /Aciertos/);
+        await tab.press("Tab", "Tab");
+    }
+    assert.match(score, /^Aciertos: 1; +Errores: [0-5]\.$/);
+}
+
+// 57 and 100, of which the window does not tell; whether they are multiplied or divided it does.
+async function powersOfTen(tab) {
+    const title = "multiplicar y dividir por 10, 100, 1000";
+    await opens(tab, title);
+    await enters(tab, "F2", "Insertar factor 1", "57", title);
+    await enters(tab, "F3", "Insertar factor 2", "100", title);
+    await tab.press("shift+Tab", "shift+Tab", "shift+Tab");
+    const sign = await copiesAnew(tab, /[×÷]/);
+    await tabs(tab, 3);
+    await tab.write(sign.includes("×") ? "5700" : "0,57");
+    await tab.press("Enter", "shift+Tab");
+    await copiesAnew(tab, /^Resultado correcto ?$/);
+}
+
+// Two addends with one decimal at most, until their sum is whole: others are never judged right.
+async function placeAndAdd(tab) {
+    await opens(tab, "COLOCA Y SUMA");
+    await tab.press("alt+o", "Right", "2");
+    await tab.press("alt+o", "Down", "Right", "2");
+    let addends;
+    for (;;) {
+        await tab.press("shift+Tab");
+        addends = (await copiesAnew(tab)).split("+");
+        await tab.press("Tab");
+        if ((tenths(addends[0]) + tenths(addends[1])) % 10 === 0) {
+            break;
+        }
+        await tabs(tab, 5);
+        await tab.press("Space"); // its access key would press the button a moment later
+    }
+    const sum = String((tenths(addends[0]) + tenths(addends[1])) / 10);
+    for (const number of [...addends.map(addend => addend.trim()), sum]) {
+        const units = number.split(",")[0];
+        await tab.write(units.padStart(4) + number.slice(units.length)); // its units in the fourth of the places
+        await tab.press("Tab");
+    }
+    await tab.press("Space", "Tab");
+    await copiesAnew(tab, /^Resultado correcto ?$/);
+}
+
+// Two pieces of the second product in the first shop, which is cheap enough for every purse.
+async function purchase(tab) {
+    await opens(tab, "La compra");
+    await tab.press("alt+d");
+    const before = cents(await copiesAnew(tab, /\d/));
+    await tab.press("alt+e", "Space");
+    await tab.press("Home", "Down", "Enter", "Enter");
+    await tabs(tab, 3);
+    await tab.press("Space", "shift+Tab");
+    const price = cents(await copiesAnew(tab, /\d/));
+    await tab.press("Tab");
+    await tab.writeFromTheRight(euros(price));
+    await tab.press("Tab", "Space", "shift+Tab");
+    const change = cents(await copiesAnew(tab, /\d/));
+    await tab.press("Tab");
+    await tab.writeFromTheRight(euros(change));
+    await tab.press("Tab", "Space", "Enter");
+    await tab.press("alt+d");
+    assert.equal(cents(await copiesAnew(tab, /\d/)), before - price, "what is left in the purse");
+}
+
+const walks = [
+    tab => column(tab, "SUMAS", "Sumas", "57", "68", "125"),
+    tab => column(tab, "RESTAS", "Restas", "132", "57", "75"),
+    multiplication,
+    division,
+    comparison,
+    powersOfTen,
+    placeAndAdd,
+    purchase,
+];
+
+// From the menu's first button to its last one, by which the program ends.
+export async function worksAll(tab) {
+    for (const walk of walks) {
+        await walk(tab);
+        await leaves(tab);
+    }
+    await tab.press("Enter"); // "S&alir"
+}
+
+export const toShop = ["shift+Tab", "shift+Tab", "Enter"]; // from "&Sumas" backwards to "&La compra"
+
+async function opensEditor(tab) {
+    await tab.press(...toShop);
+    await tab.sees("La compra");
+    await tab.press("F3");
+    await tab.sees("Productos");
+}
+
+async function leavesShop(tab) {
+    await tab.sees("La compra");
+    await tab.press("alt+F4");
+    await tab.sees("NUMBRELA");
+    await tab.press("Tab", "Tab"); // on to the first button again
+}
+
+// The price of the catalogue's first product.
+export async function readsPrice(tab) {
+    await opensEditor(tab);
+    await tab.press("End", "Home", "Tab", "Tab", "Tab");
+    const price = await copiesAnew(tab, /\d/);
+    await tab.press("alt+F4");
+    await leavesShop(tab);
+    return price;
+}
+
+// Writes another price for the first product, up to the moment in which "Aceptar" is pressed.
+export async function changesPrice(tab, price) {
+    await opensEditor(tab);
+    await tab.press("End", "Home", "Tab", "Tab", "Tab", "ctrl+a");
+    await tab.write(price);
+    await tab.press("shift+Tab", "shift+Tab", "shift+Tab", "End"); // to the last product: the first takes its new price
+    await tabs(tab, 7); // to "Aceptar"
+    await tab.press("Space");
+}
+
+export async function savesPrice(tab, price) {
+    await changesPrice(tab, price);
+    await leavesShop(tab);
+}
