@@ -22,6 +22,7 @@ async function start() {
     }
     if (running) {
         byId("notice").hidden = true;
+        switchOnAccessibility();
         navigator.serviceWorker?.register("worker.js").catch(error => console.info(error)); // works, but not offline
     }
 }
@@ -71,6 +72,12 @@ async function run(module, catalogue) {
             }
         }],
     });
+}
+
+// The toolkit waits to be told by a button of its own, which is in English and would have to be found first.
+function switchOnAccessibility() {
+    byId("program").querySelector("#qt-shadow-container")?.shadowRoot
+        .querySelector("button.hidden-visually-read-by-screen-reader")?.click();
 }
 
 function showProgress(percent) {
