@@ -44,6 +44,10 @@ export class Server {
         await closed;
     }
 
+    origin() {
+        return `http://127.0.0.1:${this.port}`;
+    }
+
     // So far, with what is still being sent.
     bytesSent() {
         return [...this.sockets].reduce((sum, socket) => sum + socket.bytesWritten, this.bytes);

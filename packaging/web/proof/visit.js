@@ -1,5 +1,6 @@
 // A person at a browser: presses keys, clicks and taps, looks at the windows of the program and reads what is copied.
-// Whatever the browser reports as an error is kept; a proof ends by asking that there was none.
+// Whatever the browser reports as an error, or asks of others than the school's server, is kept; a proof ends by asking
+// that there was none.
 import assert from "node:assert/strict";
 import puppeteer from "puppeteer-core";
 
@@ -40,7 +41,7 @@ export class Person {
         this.context = await this.browser.createBrowserContext(
             this.kind === "firefox" ? {} : { downloadBehavior: { policy: "allow", downloadPath: this.downloads } });
         if (this.kind !== "firefox") {
-            await this.context.overridePermissions(`http://127.0.0.1:${server.port}`,
+            await this.context.overridePermissions(server.origin(),
                 ["clipboard-read", "clipboard-write", "clipboard-sanitized-write"]);
         }
         return this;
@@ -51,11 +52,21 @@ export class Person {
         assert.deepEqual(this.errors, [], "the browser reported errors");
     }
 
+    // Of the errors so far, those that were to be.
+    forgives(pattern) {
+        this.errors = this.errors.filter(error => !pattern.test(error));
+    }
+
     // A new tab, which has not gone anywhere yet.
     async tab({ width = 1366, height = 768, ratio = 1, before } = {}) {
         const page = await this.context.newPage();
         page.on("console", message => message.type() === "error" && this.errors.push(message.text()));
         page.on("pageerror", error => this.errors.push(String(error)));
+        page.on("request", request => {
+            if (!request.url().startsWith(this.server.origin()) && !/^(data|blob):/.test(request.url())) {
+                this.errors.push(`something from elsewhere: ${request.url()}`);
+            }
+        });
         await page.setViewport({ width, height, deviceScaleFactor: ratio });
         if (before) {
             await page.evaluateOnNewDocument(before);
@@ -83,6 +94,14 @@ export class Tab {
 
     async reloads() {
         await this.page.reload({ waitUntil: "domcontentloaded" });
+    }
+
+    // By what is done in the page.
+    async startsAnew(act) {
+        await this.page.evaluate(() => { window.isOld = true; });
+        await act();
+        await this.until("a new start", () => !window.isOld);
+        await this.sees("NUMBRELA");
     }
 
     // Until the page works without a network, too.
@@ -142,6 +161,11 @@ export class Tab {
         for (const character of text) {
             await this.page.keyboard.press(character === " " ? "Space" : character);
         }
+    }
+
+    // On a link or a button of the page around the program.
+    async clicksOnPage(name) {
+        await this.page.locator(`::-p-xpath(//button[text()="${name}"])`).click();
     }
 
     async writeFromTheRight(text) {

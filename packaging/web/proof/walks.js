@@ -1,6 +1,7 @@
 // An exercise of each activity and a purchase, with keys alone, as tests/smoke/walk does them on a desk.
 import assert from "node:assert/strict";
 
+const powersTitle = "multiplicar y dividir por 10, 100, 1000";
 const oneRight = /^Ejercicios: +1; Errores: +0$/;
 
 async function opens(tab, title) {
@@ -14,7 +15,7 @@ async function leaves(tab) {
     await tab.press("Tab");
 }
 
-export async function enters(tab, key, box, number, title) {
+async function enters(tab, key, box, number, title) {
     await tab.press(key);
     await tab.sees(box);
     await tab.press("ctrl+a");
@@ -95,10 +96,9 @@ async function comparison(tab) {
 
 // 57 and 100, of which the window does not tell; whether they are multiplied or divided it does.
 async function powersOfTen(tab) {
-    const title = "multiplicar y dividir por 10, 100, 1000";
-    await opens(tab, title);
-    await enters(tab, "F2", "Insertar factor 1", "57", title);
-    await enters(tab, "F3", "Insertar factor 2", "100", title);
+    await opens(tab, powersTitle);
+    await enters(tab, "F2", "Insertar factor 1", "57", powersTitle);
+    await enters(tab, "F3", "Insertar factor 2", "100", powersTitle);
     await tab.press("shift+Tab", "shift+Tab", "shift+Tab");
     const sign = await copiesAnew(tab, /[×÷]/);
     await tabs(tab, 3);
@@ -176,7 +176,7 @@ export async function worksAll(tab) {
 
 export const toShop = ["shift+Tab", "shift+Tab", "Enter"]; // from "&Sumas" backwards to "&La compra"
 
-async function opensEditor(tab) {
+export async function opensEditor(tab) {
     await tab.press(...toShop);
     await tab.sees("La compra");
     await tab.press("F3");
@@ -200,17 +200,36 @@ export async function readsPrice(tab) {
     return price;
 }
 
-// Writes another price for the first product, up to the moment in which "Aceptar" is pressed.
+// In the editor, another price for the first product; the focus goes to "Aceptar".
 export async function changesPrice(tab, price) {
-    await opensEditor(tab);
     await tab.press("End", "Home", "Tab", "Tab", "Tab", "ctrl+a");
     await tab.write(price);
     await tab.press("shift+Tab", "shift+Tab", "shift+Tab", "End"); // to the last product: the first takes its new price
-    await tabs(tab, 7); // to "Aceptar"
-    await tab.press("Space");
+    await tabs(tab, 7);
 }
 
 export async function savesPrice(tab, price) {
+    await opensEditor(tab);
     await changesPrice(tab, price);
+    await tab.press("Space");
     await leavesShop(tab);
+}
+
+// In the editor, one product more, and an attempt to save it.
+export async function addsProduct(tab, ...answers) {
+    await tab.press("Tab", "Tab", "Tab", "Tab", "Space"); // "&Añadir"
+    for (const answer of answers) {
+        await tab.sees("Añadir producto");
+        await tab.write(answer);
+        await tab.press("Enter");
+    }
+    await tab.sees("Productos");
+    await tabs(tab, 7);
+    await tab.press("Space"); // "Aceptar"
+}
+
+// The sixth activity of the menu
+export async function opensPowersOfTen(tab) {
+    await tabs(tab, 5);
+    await opens(tab, powersTitle);
 }

@@ -1,0 +1,152 @@
+// What a teacher does with the catalogue, and the school with its file.
+import assert from "node:assert/strict";
+import { cp, readFile, readdir, rm, writeFile } from "node:fs/promises";
+import { join } from "node:path";
+import { test } from "node:test";
+
+import { inEachBrowser, priceOf, withPrice } from "./school.js";
+import { patience } from "./visit.js";
+import { addsProduct, changesPrice, opensEditor, readsPrice, savesPrice } from "./walks.js";
+
+const save = "Guardar el catálogo en un archivo";
+const reset = "Volver al catálogo de la escuela";
+
+inEachBrowser(school => {
+    test("what the editor saves is there after a reload, in this folder alone", async () => {
+        const original = await school.catalogue();
+        const tab = await school.start();
+        await savesPrice(tab, "7,25");
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        assert.equal(await readsPrice(tab), "7,25");
+        assert.deepEqual(await school.catalogue(), original);
+        await cp(school.site, school.file("../otra"), { recursive: true });
+        await tab.starts(new URL("../otra/", school.url).href);
+        assert.equal(await readsPrice(tab), priceOf(original));
+    });
+
+    test("a catalogue that finds no room is not saved, and the old one stays", async () => {
+        const tab = await school.start();
+        await savesPrice(tab, "7,25");
+        await tab.page.evaluate(fillStorage);
+        await opensEditor(tab);
+        await addsProduct(tab, "Castañas", "1,25", "Supermercado");
+        await tab.sees("Numbrela"); // why it could not be saved
+        await school.picture(tab, "no-room");
+        await tab.press("Enter");
+        await tab.sees("Productos");
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        assert.equal(await readsPrice(tab), "7,25");
+    });
+
+    test("a catalogue that the school replaces is there at the next start", async () => {
+        const tab = await school.start();
+        await tab.isKept();
+        await school.replaceCatalogue(withPrice(await school.catalogue(), 8.5));
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        assert.equal(await readsPrice(tab), "8,50");
+    });
+
+    test("a tab asks before it overwrites what another one has saved", async () => {
+        const first = await school.start();
+        await opensEditor(first);
+        await changesPrice(first, "2,25");
+        const second = await school.start();
+        await savesPrice(second, "3,25");
+        await first.page.bringToFront();
+        await first.press("Space"); // "Aceptar"
+        await first.sees("Numbrela"); // the question
+        await school.picture(first, "two-tabs");
+        await first.press("Tab", "Space"); // from "No" to "Sí"
+        await first.sees("La compra");
+        await second.page.bringToFront();
+        await second.reloads();
+        await second.sees("NUMBRELA");
+        assert.equal(await readsPrice(second), "2,25");
+    });
+
+    test("the catalogue goes into a file", async () => {
+        const tab = await school.start();
+        await tab.clicksOnPage(save);
+        assert.deepEqual(await downloaded(), await school.catalogue());
+        await savesPrice(tab, "7,25");
+        await tab.clicksOnPage(save);
+        assert.equal(priceOf(await downloaded()), "7,25");
+    });
+
+    test("a catalogue comes from a file, and the school's comes back", async () => {
+        const original = await school.catalogue();
+        const tab = await school.start();
+        await chooses(tab, "otro.dat", withPrice(original, 9.75));
+        await school.picture(tab, "open");
+        await answers(tab, "¿Abrir el catálogo «otro.dat»? Numbrela empieza de nuevo, y se pierde lo que no esté guardado.",
+            "Cancelar");
+        assert.equal(await readsPrice(tab), priceOf(original));
+        await chooses(tab, "otro.dat", withPrice(original, 9.75));
+        await tab.startsAnew(() => answers(tab, /^¿Abrir el catálogo/, "Aceptar"));
+        assert.equal(await readsPrice(tab), "9,75");
+        await tab.clicksOnPage(reset);
+        await tab.startsAnew(() =>
+            answers(tab, /^¿Volver al catálogo de la escuela\? Se pierde el catálogo guardado/, "Aceptar"));
+        assert.equal(await readsPrice(tab), priceOf(original));
+        await tab.clicksOnPage(reset);
+        await answers(tab, /^Ya se usa el catálogo de la escuela/, "Aceptar");
+    });
+
+    test("a file that is no catalogue is refused", async () => {
+        const tab = await school.start();
+        const original = await school.catalogue();
+        const others = [Buffer.alloc(0), original.subarray(1), await readFile(school.file("icon-192.png")),
+            Buffer.alloc(154, "\n"), withPrice(original, NaN)];
+        for (const bytes of others) {
+            await chooses(tab, "otro.dat", bytes);
+            await answers(tab, "El archivo no es un catálogo de Numbrela.", "Aceptar");
+        }
+        await chooses(tab, "otro.dat", Buffer.alloc(32768 * 154));
+        await answers(tab, "El catálogo tiene más de 32767 productos.", "Aceptar");
+    });
+
+    async function chooses(tab, name, bytes) {
+        const file = join(school.rooms, name);
+        await writeFile(file, bytes);
+        await (await tab.page.$("#file")).uploadFile(file);
+    }
+
+    // What has just been put into the downloads, where it does not stay.
+    async function downloaded() {
+        const file = join(school.rooms, "productos.dat");
+        for (const end = Date.now() + patience; Date.now() < end;) {
+            const names = await readdir(school.rooms);
+            if (names.includes("productos.dat") && !names.some(name => /\.(crdownload|part)$/.test(name))) {
+                const bytes = await readFile(file);
+                if (bytes.length > 0) {
+                    await rm(file);
+                    return bytes;
+                }
+            }
+            await new Promise(done => setTimeout(done, 50)); // and looks again
+        }
+        throw new Error("waited in vain for the download");
+    }
+});
+
+async function answers(tab, question, button) {
+    const pattern = question instanceof RegExp ? question.source : `^${question.replace(/[.?]/g, "\\$&")}$`;
+    await tab.until(`the question '${question}'`, source => document.getElementById("question").open
+        && new RegExp(source).test(document.getElementById("asked").textContent), pattern);
+    await tab.clicksOnPage(button);
+}
+
+// Runs in the page: takes all room that is left there.
+function fillStorage() {
+    for (let size = 1 << 22; size >= 1; size /= 2) {
+        for (let time = 0; time < 2; ++time) {
+            try {
+                localStorage.setItem(`room ${size} ${time}`, "x".repeat(size));
+            } catch { // no room for so much
+            }
+        }
+    }
+}

@@ -1,0 +1,66 @@
+// What a pupil does with the program in a browser.
+import assert from "node:assert/strict";
+import { test } from "node:test";
+
+import { inEachBrowser } from "./school.js";
+import { toShop, worksAll } from "./walks.js";
+
+inEachBrowser(school => {
+    test("an exercise of each activity and a purchase are done by keys, and the end is said", async () => {
+        const tab = await school.start();
+        await school.picture(tab, "menu");
+        await worksAll(tab);
+        await tab.reads("Numbrela ha terminado.");
+        await school.picture(tab, "ended");
+        await tab.clicksOnPage("Empezar de nuevo");
+        await tab.sees("NUMBRELA");
+    });
+
+    test("the keys that a browser would take are the program's, and F6 leads to the links and back", async () => {
+        const tab = await school.start();
+        await tab.page.evaluate(() => {
+            window.keys = [];
+            addEventListener("keydown", event => window.keys.push(event), { capture: true });
+        });
+        const taken = ["F1", "F2", "F3", "F5", "F7", "F10", "alt+z"];
+        await tab.press(...taken);
+        const kept = await tab.page.evaluate(() => window.keys.filter(one => one.key !== "Alt")
+            .map(one => one.defaultPrevented));
+        assert.deepEqual(kept, taken.map(() => true));
+        await tab.press("F6");
+        assert.equal(await tab.page.evaluate(() => document.activeElement.textContent), "Guardar el catálogo en un archivo");
+        await tab.press("F6", "Enter");
+        await tab.sees("SUMAS");
+    });
+
+    test("with two pixels for one, the windows are drawn with all of them", async () => {
+        const tab = await school.start({ ratio: 2 });
+        const [drawn, shown] = await tab.page.evaluate(() => {
+            const canvas = document.querySelector("#qt-shadow-container").shadowRoot.querySelector("canvas");
+            return [canvas.width, canvas.clientWidth];
+        });
+        assert.equal(drawn, 2 * shown);
+        await school.picture(tab, "menu-2x");
+    });
+
+    test("on 1366 × 768 pixels the menu and the largest window stand whole", async () => {
+        const tab = await school.start();
+        assert.deepEqual(await cutOff(tab), []);
+        await tab.press(...toShop);
+        await tab.sees("La compra");
+        await school.picture(tab, "shop");
+        assert.deepEqual(await cutOff(tab), []);
+    });
+});
+
+// The titles of windows of which a part cannot be seen.
+const cutOff = tab => tab.page.evaluate(() => {
+    const room = document.getElementById("program").getBoundingClientRect();
+    return [...document.querySelector("#qt-shadow-container").shadowRoot.querySelectorAll(".qt-window")]
+        .filter(one => one.style.display === "block")
+        .filter(one => {
+            const place = one.getBoundingClientRect();
+            return place.left < room.left || place.top < room.top || place.right > room.right || place.bottom > room.bottom;
+        })
+        .map(one => one.querySelector(".window-name").textContent);
+});

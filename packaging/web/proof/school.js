@@ -1,0 +1,101 @@
+// A school of its own for each proof: a server with a copy of the folder, and a person who comes there for the first
+// time. NUMBRELA_FOLDER is the unpacked folder; NUMBRELA_PICTURES is where pictures of it go.
+import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
+import { tmpdir } from "node:os";
+import { join } from "node:path";
+import { after, afterEach, before, beforeEach, describe } from "node:test";
+
+import { Server } from "./server.js";
+import { launch, patience, Person } from "./visit.js";
+
+export const folder = process.env.NUMBRELA_FOLDER;
+const pictures = process.env.NUMBRELA_PICTURES;
+const path = "El rincón de la señora Muñoz/numbrela"; // blanks, an accent and an ñ, as folders have them
+const priceAt = 100; // where in a catalogue the price of its first product stands
+
+// Defines the same proofs for Debian's browsers.
+export function inEachBrowser(define) {
+    for (const kind of ["chromium", "firefox"]) {
+        describe(`In ${kind}`, { concurrency: false, timeout: 40 * patience }, () => {
+            const school = new School(kind);
+            before(() => school.found());
+            after(() => school.vanish());
+            beforeEach(() => school.opens(folder));
+            afterEach(() => school.closes());
+            define(school);
+        });
+    }
+}
+
+class School {
+    constructor(kind) {
+        this.kind = kind;
+    }
+
+    async found() {
+        this.rooms = await mkdtemp(join(tmpdir(), "numbrela-web."));
+        this.browser = await launch(this.kind, this.rooms);
+    }
+
+    async vanish() {
+        await this.browser.close();
+        await rm(this.rooms, { recursive: true });
+    }
+
+    async opens(files, options = { compressed: true }) {
+        await this.closes();
+        const root = await mkdtemp(join(this.rooms, "school-"));
+        this.site = join(root, path);
+        await cp(files, this.site, { recursive: true });
+        this.server = new Server(root, options);
+        await this.server.start();
+        this.url = `${this.server.origin()}/${encodeURI(path)}/`;
+        this.person = await new Person(this.browser, this.kind, this.rooms).enter(this.server);
+    }
+
+    async closes() {
+        try {
+            await this.person?.leave();
+        } finally {
+            await this.server?.stop();
+            this.person = this.server = null;
+        }
+    }
+
+    // A tab in which the program has started.
+    async start(options) {
+        const tab = await this.person.tab(options);
+        await tab.starts(this.url);
+        return tab;
+    }
+
+    file(name) {
+        return join(this.site, name);
+    }
+
+    catalogue() {
+        return readFile(this.file("Recursos/productos.dat"));
+    }
+
+    async replaceCatalogue(bytes) {
+        await writeFile(this.file("Recursos/productos.dat"), bytes);
+    }
+
+    async picture(tab, name) {
+        if (this.kind === "chromium") {
+            await mkdir(pictures, { recursive: true });
+            await tab.page.screenshot({ path: join(pictures, `web-${name}.png`) });
+        }
+    }
+}
+
+// The price of its first product, as the editor shows it.
+export function priceOf(catalogue) {
+    return catalogue.readFloatLE(priceAt).toFixed(2).replace(".", ",");
+}
+
+export function withPrice(catalogue, price) {
+    const changed = Buffer.from(catalogue);
+    changed.writeFloatLE(price, priceAt);
+    return changed;
+}
