@@ -60,11 +60,12 @@ async function run(module, catalogue) {
             entryFunction: numbrela_entry,
             containerElements: [byId("program")],
             module: Promise.resolve(module),
+            localFonts: { familiesCollection: "NoFontFamilies" }, // it brings its own, so it looks the same everywhere
             onExit: ({ code, text }) => code === 0
                 ? end("Numbrela ha terminado.")
                 : end("Numbrela se ha cerrado por un error.", text),
         },
-        numbrela: { storedCatalogue, storeCatalogue },
+        numbrela: { storedCatalogue, storeCatalogue, announce },
         preRun: [({ FS }) => {
             FS.mkdir("/Recursos");
             if (catalogue !== null) {
@@ -78,6 +79,13 @@ async function run(module, catalogue) {
 function switchOnAccessibility() {
     byId("program").querySelector("#qt-shadow-container")?.shadowRoot
         .querySelector("button.hidden-visually-read-by-screen-reader")?.click();
+}
+
+// What the program says to a pupil who does not see. The same words twice are heard twice.
+function announce(text) {
+    const news = byId("news");
+    news.textContent = "";
+    requestAnimationFrame(() => { news.textContent = text; });
 }
 
 function showProgress(percent) {

@@ -6,7 +6,10 @@ import puppeteer from "puppeteer-core";
 
 export const patience = 30_000; // milliseconds in which something expected happens
 
-const signs = { "alt": "Alt", "ctrl": "Control", "shift": "Shift" };
+const names = {
+    alt: "Alt", ctrl: "Control", shift: "Shift", Space: " ",
+    Right: "ArrowRight", Left: "ArrowLeft", Up: "ArrowUp", Down: "ArrowDown",
+};
 
 export async function launch(kind, downloads) {
     const root = process.getuid() === 0;
@@ -112,12 +115,14 @@ export class Tab {
 
     // ------------------------------------------------------------------------------------------------ what it sees
 
-    // Waits until the window with this title is in front.
+    // Waits until the window with this title, and no other, is in front. One that has just been opened is not marked
+    // as inactive either, but the one before it is not yet.
     async sees(title) {
         await this.until(`the window '${title}'`, wanted => {
             const shadow = document.querySelector("#qt-shadow-container")?.shadowRoot;
-            return [...shadow?.querySelectorAll(".qt-window:not(.inactive)") ?? []].some(window =>
-                window.style.display === "block" && window.querySelector(".window-name")?.textContent === wanted);
+            const active = [...shadow?.querySelectorAll(".qt-window.has-title:not(.inactive)") ?? []]
+                .filter(window => window.style.display === "block");
+            return active.length === 1 && active[0].querySelector(".window-name").textContent === wanted;
         }, title);
     }
 
@@ -128,12 +133,16 @@ export class Tab {
     }
 
     async until(what, condition, ...values) {
-        await this.page.waitForFunction(condition, { timeout: patience, polling: 50 }, ...values).catch(async error => {
-            throw new Error(`waited in vain for ${what}: ${error.message}; there are ${await this.titles()}`);
-        });
+        await this.page.waitForFunction(condition, { timeout: patience, polling: 50 }, ...values).catch(() => this.failsToFind(what));
     }
 
-    titles() {
+    // What could be seen then is in the file failed.png.
+    async failsToFind(what) {
+        await this.page.screenshot({ path: "failed.png" });
+        throw new Error(`waited in vain for ${what}; there are ${await this.windows()}`);
+    }
+
+    windows() {
         return this.page.evaluate(() => JSON.stringify([document.getElementById("text")?.textContent,
             ...[...document.querySelector("#qt-shadow-container")?.shadowRoot.querySelectorAll(".qt-window") ?? []]
                 .map(one => `${one.className} ${one.style.display} ${one.querySelector(".window-name")?.textContent}`)]));
@@ -144,23 +153,33 @@ export class Tab {
     // press("alt+o", "Right", "2"), as a keyboard's keys are called.
     async press(...keys) {
         for (const key of keys) {
-            const parts = key === "+" ? [key] : key.split("+");
-            const last = parts.pop();
-            const held = parts.map(part => signs[part]);
+            const held = key.split("+");
+            const last = held.pop();
             for (const one of held) {
-                await this.page.keyboard.down(one);
+                await this.page.keyboard.down(names[one]);
             }
-            await this.page.keyboard.press({ Right: "ArrowRight", Left: "ArrowLeft", Up: "ArrowUp", Down: "ArrowDown" }[last] ?? last);
+            await this.page.keyboard.press(names[last] ?? last);
             for (const one of held.reverse()) {
-                await this.page.keyboard.up(one);
+                await this.page.keyboard.up(names[one]);
             }
         }
     }
 
     async write(text) {
         for (const character of text) {
-            await this.page.keyboard.press(character === " " ? "Space" : character);
+            await this.page.keyboard.press(character);
         }
+    }
+
+    async closesByTheFrame() {
+        const [x, y] = await this.page.evaluate(() => {
+            const frames = document.querySelector("#qt-shadow-container").shadowRoot
+                .querySelectorAll(".qt-window.has-title:not(.inactive)");
+            const place = [...frames].find(one => one.style.display === "block")
+                .querySelector(".title-bar > .image-button:last-of-type").getBoundingClientRect();
+            return [place.x + place.width / 2, place.y + place.height / 2];
+        });
+        await this.page.mouse.click(x, y);
     }
 
     // On a link or a button of the page around the program.
@@ -183,7 +202,7 @@ export class Tab {
                 return text;
             }
         }
-        throw new Error(`waited in vain for a text that matches ${pattern}; copied '${text}'`);
+        return this.failsToFind(`a text that matches ${pattern} instead of '${text}'`);
     }
 
     // After this, only what is copied anew can be read.
