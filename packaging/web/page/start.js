@@ -104,9 +104,9 @@ function end(text, detail = "") {
     byId("loading").hidden = true;
     byId("notice").hidden = false;
     byId("again").hidden = false;
-    byId("again").focus();
     byId("detail").textContent = detail;
     say(text);
+    byId("notice").focus(); // and not the button, which the key that ended the program would press
 }
 
 // An error that nobody catches is the program's end, but for the ways in which it leaves its own call stack.

@@ -11,7 +11,8 @@ import { launch, patience, Person } from "./visit.js";
 export const folder = process.env.NUMBRELA_FOLDER;
 const pictures = process.env.NUMBRELA_PICTURES;
 const path = "El rincón de la señora Muñoz/numbrela"; // blanks, an accent and an ñ, as folders have them
-const priceAt = 100; // where in a catalogue the price of its first product stands
+const recordSize = 154; // bytes of a product in a catalogue
+const priceAt = 100; // in a product, behind its name
 
 // Defines the same proofs for Debian's browsers.
 export function inEachBrowser(define) {
@@ -89,13 +90,19 @@ class School {
     }
 }
 
-// The price of its first product, as the editor shows it.
+// The price of the first product in the editor, which sorts them by their names, as it shows it.
 export function priceOf(catalogue) {
-    return catalogue.readFloatLE(priceAt).toFixed(2).replace(".", ",");
+    return String(Number(catalogue.readFloatLE(firstOf(catalogue) + priceAt).toFixed(2))).replace(".", ",");
 }
 
 export function withPrice(catalogue, price) {
     const changed = Buffer.from(catalogue);
-    changed.writeFloatLE(price, priceAt);
+    changed.writeFloatLE(price, firstOf(catalogue) + priceAt);
     return changed;
+}
+
+function firstOf(catalogue) {
+    const name = start => catalogue.toString("latin1", start, start + priceAt).trim();
+    const starts = Array.from({ length: catalogue.length / recordSize }, (_, index) => index * recordSize);
+    return starts.reduce((one, other) => name(one).localeCompare(name(other), "es") <= 0 ? one : other);
 }
