@@ -20,8 +20,9 @@ async function start() {
             : "Numbrela no se ha podido cargar: no hay conexión, o en el servidor falta algo.", error);
         return;
     }
+    byId("notice").hidden = running;
+    await twoFrames(); // the first picture comes first
     if (running) {
-        byId("notice").hidden = true;
         switchOnAccessibility();
         navigator.serviceWorker?.register("worker.js").catch(error => console.info(error)); // works, but not offline
     }
@@ -91,6 +92,10 @@ function announce(text) {
 function showProgress(percent) {
     byId("progress").value = percent;
     byId("percent").textContent = `${percent} %`;
+}
+
+function twoFrames() {
+    return new Promise(done => requestAnimationFrame(() => requestAnimationFrame(done)));
 }
 
 function say(text) {

@@ -13,6 +13,7 @@ const pictures = process.env.NUMBRELA_PICTURES;
 const path = "El rincón de la señora Muñoz/numbrela"; // blanks, an accent and an ñ, as folders have them
 const recordSize = 154; // bytes of a product in a catalogue
 const priceAt = 100; // in a product, behind its name
+const shopAt = 104;
 
 // Defines the same proofs for Debian's browsers.
 export function inEachBrowser(define) {
@@ -90,7 +91,7 @@ class School {
     }
 }
 
-// The price of the first product in the editor, which sorts them by their names, as it shows it.
+// The price of the first product in the editor, as that shows it: the products of a shop stand together there.
 export function priceOf(catalogue) {
     return String(Number(catalogue.readFloatLE(firstOf(catalogue) + priceAt).toFixed(2))).replace(".", ",");
 }
@@ -102,7 +103,8 @@ export function withPrice(catalogue, price) {
 }
 
 function firstOf(catalogue) {
-    const name = start => catalogue.toString("latin1", start, start + priceAt).trim();
+    const name = start => catalogue.toString("latin1", start + shopAt, start + recordSize)
+        + catalogue.toString("latin1", start, start + priceAt);
     const starts = Array.from({ length: catalogue.length / recordSize }, (_, index) => index * recordSize);
     return starts.reduce((one, other) => name(one).localeCompare(name(other), "es") <= 0 ? one : other);
 }

@@ -10,7 +10,7 @@ import { opensPowersOfTen, readsPrice } from "./walks.js";
 const empty = process.env.NUMBRELA_EMPTY;
 const mostBytes = 4_500_000; // over the wire, at a first visit, with brotli
 const slowestStart = 1.3; // times that of an empty window
-const rounds = 5;
+const rounds = 8;
 
 const again = "Empezar de nuevo";
 const unfit = "Este navegador no puede abrir Numbrela: hace falta una versión actual de Chrome, Edge, Firefox o Safari.";
@@ -45,7 +45,8 @@ inEachBrowser(school => {
                 times[files].push(await tab.page.evaluate(() => window.firstPaint));
             }
         }
-        const [program, least] = [folder, empty].map(files => Math.round(median(times[files])));
+        // What else the machine does only ever adds, so the shortest tells most.
+        const [program, least] = [folder, empty].map(files => Math.round(Math.min(...times[files])));
         const ratio = program / least;
         console.log(`${school.kind}: first picture after ${program} ms, an empty window's ${least} ms: ${ratio.toFixed(2)}`);
         assert.ok(ratio <= slowestStart, `${ratio} times as long`);
@@ -122,8 +123,6 @@ inEachBrowser(school => {
         school.person.forgives(/404/);
     });
 });
-
-const median = numbers => [...numbers].sort((one, other) => one - other)[Math.floor(numbers.length / 2)];
 
 // These run in the page, before it.
 
