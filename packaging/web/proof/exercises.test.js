@@ -16,6 +16,22 @@ inEachBrowser(school => {
         await tab.sees("NUMBRELA");
     });
 
+    test("an exercise is done by a finger on the keypad alone", async () => {
+        const tab = await school.start({ touch: true });
+        await tab.taps("Sumas");
+        await tab.sees("SUMAS");
+        const upper = await tab.has("Primer sumando", /\d/);
+        const lower = await tab.has("Segundo sumando", /\d/);
+        await tab.taps("Teclado en pantalla", "Suma");
+        const digits = [...sumOf(upper, lower)].reverse().map(one => one === "," ? "Coma" : one);
+        await tab.taps(...digits);
+        await school.picture(tab, "keypad");
+        await tab.taps("Hecho");
+        await tab.has("Veredicto", /^resultado correcto$/);
+        await tab.taps("Teclado en pantalla", "Marcador"); // of which more is told when it has the focus
+        await tab.has("Marcador", /^Ejercicios: +1; Errores: +0$/);
+    });
+
     test("the keys that a browser would take are the program's, and F6 leads to the links and back", async () => {
         const tab = await school.start();
         await tab.page.evaluate(() => {
@@ -52,6 +68,12 @@ inEachBrowser(school => {
         assert.deepEqual(await cutOff(tab), []);
     });
 });
+
+// Of two numbers with a decimal comma, or without.
+function sumOf(...numbers) {
+    const sum = numbers.reduce((all, number) => all + Math.round(1000 * Number(number.replace(",", "."))), 0);
+    return String(sum / 1000).replace(".", ",");
+}
 
 // The titles of windows of which a part cannot be seen.
 const cutOff = tab => tab.page.evaluate(() => {

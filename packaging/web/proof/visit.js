@@ -61,7 +61,7 @@ export class Person {
     }
 
     // A new tab, which has not gone anywhere yet.
-    async tab({ width = 1366, height = 768, ratio = 1, before } = {}) {
+    async tab({ width = 1366, height = 768, ratio = 1, touch = false, before } = {}) {
         const page = await this.context.newPage();
         page.on("console", message => message.type() === "error" && this.errors.push(message.text()));
         page.on("pageerror", error => this.errors.push(String(error)));
@@ -70,7 +70,7 @@ export class Person {
                 this.errors.push(`something from elsewhere: ${request.url()}`);
             }
         });
-        await page.setViewport({ width, height, deviceScaleFactor: ratio });
+        await page.setViewport({ width, height, deviceScaleFactor: ratio, hasTouch: touch });
         if (before) {
             await page.evaluateOnNewDocument(before);
         }
@@ -126,6 +126,25 @@ export class Tab {
         }, title);
     }
 
+    // Waits until a box has such a text, as it is there for a screen reader; names are what that speaks.
+    async has(name, pattern) {
+        const box = await this.finds(name);
+        await this.until(`${pattern} in '${name}'`, (one, source) => new RegExp(source).test(one.value), box, pattern.source);
+        return box.evaluate(one => one.value);
+    }
+
+    // What is called so and can be seen. A menu's items stand in a window without a title.
+    async finds(name) {
+        await this.until(`'${name}'`, wanted => {
+            const shadow = document.querySelector("#qt-shadow-container").shadowRoot;
+            const all = [...shadow.querySelectorAll(".qt-window:not(.inactive) > * .qt-window-a11y-container > *")];
+            window.found = all.find(one => [one.textContent, one.ariaLabel].includes(wanted)
+                && one.closest(".qt-window").style.display === "block" && one.ariaHidden !== "true");
+            return window.found;
+        }, name);
+        return this.page.evaluateHandle(() => window.found);
+    }
+
     // Waits until the page itself says so, in the program's place.
     async reads(text) {
         await this.until(`the notice '${text}'`, wanted => !document.getElementById("notice").hidden
@@ -168,6 +187,17 @@ export class Tab {
     async write(text) {
         for (const character of text) {
             await this.page.keyboard.press(character);
+        }
+    }
+
+    // With a finger, in the middle of what is called so.
+    async taps(...many) {
+        for (const name of many) {
+            const [x, y] = await (await this.finds(name)).evaluate(one => {
+                const place = one.getBoundingClientRect();
+                return [place.x + place.width / 2, place.y + place.height / 2].map(Math.round);
+            });
+            await this.page.touchscreen.tap(x, y);
         }
     }
 
