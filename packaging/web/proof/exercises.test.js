@@ -59,14 +59,17 @@ inEachBrowser(school => {
         await school.picture(tab, "menu-2x");
     });
 
-    test("on 1366 × 768 pixels the menu and the largest window stand whole", async () => {
-        const tab = await school.start();
-        assert.deepEqual(await cutOff(tab), []);
-        await tab.press(...toShop);
-        await tab.sees("La compra");
-        await school.picture(tab, "shop");
-        assert.deepEqual(await cutOff(tab), []);
-    });
+    for (const [screen, height] of [["installed, or in full screen,", 768], ["below the browser's own bars", 633]]) {
+        test(`on a screen of 1366 × 768 pixels, ${screen} the menu and the largest window stand whole`, async () => {
+            const tab = await school.start({ height });
+            assert.deepEqual(await cutOff(tab), []);
+            await school.picture(tab, `menu-${height}`);
+            await tab.press(...toShop);
+            await tab.sees("La compra");
+            await school.picture(tab, `shop-${height}`);
+            assert.deepEqual(await cutOff(tab), []);
+        });
+    }
 });
 
 // Of two numbers with a decimal comma, or without.
