@@ -56,7 +56,8 @@ std::map<std::string, QImage> picturesOfTheManual()
 {
     std::map<std::string, QImage> pictures;
     for (const auto& entry : std::filesystem::directory_iterator(ManualFolder() / "pictures")) {
-        if (entry.path().extension() == ".png") {
+        const bool isOfBrowser = entry.path().filename().string().starts_with("web-"); // drawn by no gallery
+        if (entry.path().extension() == ".png" && !isOfBrowser) {
             pictures[entry.path().stem().string()] = QImage(QString::fromStdString(entry.path().string()));
         }
     }
