@@ -5,6 +5,7 @@ import { schoolCatalogue, storeCatalogue, storedCatalogue } from "./catalogue.js
 const version = "?@VERSION@";
 const byId = id => document.getElementById(id);
 let running = false;
+let ended = false;
 
 async function start() {
     byId("again").addEventListener("click", () => location.reload());
@@ -102,7 +103,12 @@ function say(text) {
     byId("text").textContent = text;
 }
 
+// What is said first of an end stays: an error on the way down may follow.
 function end(text, detail = "") {
+    if (ended) {
+        return;
+    }
+    ended = true;
     running = false;
     byId("program").remove();
     document.querySelector("body > input")?.remove(); // into which the program's keys were typed
