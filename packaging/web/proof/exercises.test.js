@@ -59,6 +59,12 @@ inEachBrowser(school => {
         await school.picture(tab, "menu-2x");
     });
 
+    test("letters are drawn, and not boxes in the place of letters that no font has", async () => {
+        const tab = await school.start();
+        const [ten, nine] = [await widthOfText(tab, "Divisiones"), await widthOfText(tab, "La compra")];
+        assert.ok(ten > 0 && ten < nine, `ten narrow letters take ${ten} pixels, nine wide ones ${nine}`);
+    });
+
     for (const [screen, height] of [["installed, or in full screen,", 768], ["below the browser's own bars", 633]]) {
         test(`on a screen of 1366 × 768 pixels, ${screen} the menu and the largest window stand whole`, async () => {
             const tab = await school.start({ height });
@@ -76,6 +82,21 @@ inEachBrowser(school => {
 function sumOf(...numbers) {
     const sum = numbers.reduce((all, number) => all + Math.round(1000 * Number(number.replace(",", "."))), 0);
     return String(sum / 1000).replace(".", ",");
+}
+
+// Of the caption of a button, in pixels from its first dark one to its last.
+async function widthOfText(tab, button) {
+    return (await tab.finds(button)).evaluate(one => {
+        const canvas = one.closest(".qt-window").querySelector("canvas");
+        const [place, origin] = [one, canvas].map(element => element.getBoundingClientRect());
+        const [width, height] = [Math.floor(place.width) - 24, Math.floor(place.height) - 12]; // without the frames
+        const { data } = canvas.getContext("2d").getImageData(
+            Math.ceil(place.x - origin.x) + 12, Math.ceil(place.y - origin.y) + 6, width, height);
+        const dark = Array.from({ length: width * height }, (_, index) => index)
+            .filter(index => data[4 * index] + data[4 * index + 1] + data[4 * index + 2] < 128)
+            .map(index => index % width);
+        return Math.max(...dark) - Math.min(...dark);
+    });
 }
 
 // The titles of windows of which a part cannot be seen.
