@@ -10,7 +10,8 @@ import { opensPowersOfTen, readsPrice } from "./walks.js";
 const empty = process.env.NUMBRELA_EMPTY;
 const mostBytes = 4_500_000; // over the wire, at a first visit, with brotli
 const slowestStart = 1.3; // times that of an empty window
-const rounds = 8;
+const fewRounds = 8;
+const manyRounds = 24;
 
 const again = "Empezar de nuevo";
 const unfit = "Este navegador no puede abrir Numbrela: hace falta una versión actual de Chrome, Edge, Firefox o Safari.";
@@ -35,21 +36,21 @@ inEachBrowser(school => {
     });
 
     test("the first picture takes little longer than that of an empty window", async () => {
-        const times = { [folder]: [], [empty]: [] };
-        for (let round = 0; round < rounds; ++round) {
+        // What else the machine does only ever adds, so the shortest of many tells most: more when it is busy.
+        const shortest = { [folder]: Infinity, [empty]: Infinity };
+        const ratio = () => shortest[folder] / shortest[empty];
+        for (let round = 0; round < fewRounds || (round < manyRounds && ratio() > slowestStart); ++round) {
             for (const files of [folder, empty]) {
                 await school.opens(files);
                 const tab = await school.person.tab({ before: noteFirstPaint });
                 await tab.goes(school.url);
                 await tab.until("the first picture", () => window.firstPaint);
-                times[files].push(await tab.page.evaluate(() => window.firstPaint));
+                shortest[files] = Math.min(shortest[files], await tab.page.evaluate(() => window.firstPaint));
             }
         }
-        // What else the machine does only ever adds, so the shortest tells most.
-        const [program, least] = [folder, empty].map(files => Math.round(Math.min(...times[files])));
-        const ratio = program / least;
-        console.log(`${school.kind}: first picture after ${program} ms, an empty window's ${least} ms: ${ratio.toFixed(2)}`);
-        assert.ok(ratio <= slowestStart, `${ratio} times as long`);
+        console.log(`${school.kind}: first picture after ${Math.round(shortest[folder])} ms, an empty window's `
+            + `${Math.round(shortest[empty])} ms: ${ratio().toFixed(2)}`);
+        assert.ok(ratio() <= slowestStart, `${ratio()} times as long`);
     });
 
     test("it starts without a network after the first visit", async () => {
