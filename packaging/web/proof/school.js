@@ -1,6 +1,6 @@
 // A school of its own for each proof: a server with a copy of the folder, and a person who comes there for the first
-// time. NUMBRELA_FOLDER is the unpacked folder; NUMBRELA_PICTURES is where pictures of it go.
-import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
+// time. NUMBRELA_FOLDER is the unpacked folder.
+import { cp, mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { after, afterEach, before, beforeEach, describe } from "node:test";
@@ -9,7 +9,6 @@ import { Server } from "./server.js";
 import { launch, patience, Person } from "./visit.js";
 
 export const folder = process.env.NUMBRELA_FOLDER;
-const pictures = process.env.NUMBRELA_PICTURES;
 const path = "El rincón de la señora Muñoz/numbrela"; // blanks, an accent and an ñ, as folders have them
 const recordSize = 154; // bytes of a product in a catalogue
 const priceAt = 100; // in a product, behind its name
@@ -85,8 +84,7 @@ class School {
 
     async picture(tab, name) {
         if (this.kind === "chromium") {
-            await mkdir(pictures, { recursive: true });
-            await tab.page.screenshot({ path: join(pictures, `web-${name}.png`) });
+            await tab.draws(name);
         }
     }
 }

@@ -1,7 +1,9 @@
 // A person at a browser: presses keys, clicks and taps, looks at the windows of the program and reads what is copied.
 // Whatever the browser reports as an error, or asks of others than the school's server, is kept; a proof ends by asking
-// that there was none.
+// that there was none. NUMBRELA_PICTURES is where pictures go.
 import assert from "node:assert/strict";
+import { join } from "node:path";
+
 import puppeteer from "puppeteer-core";
 
 export const patience = 30_000; // milliseconds in which something expected happens
@@ -155,10 +157,14 @@ export class Tab {
         await this.page.waitForFunction(condition, { timeout: patience, polling: 50 }, ...values).catch(() => this.failsToFind(what));
     }
 
-    // What could be seen then is in the file failed.png.
+    // What could be seen then is in the picture web-when-it-failed.png.
     async failsToFind(what) {
-        await this.page.screenshot({ path: "failed.png" });
+        await this.draws("when-it-failed");
         throw new Error(`waited in vain for ${what}; there are ${await this.windows()}`);
+    }
+
+    async draws(name) {
+        await this.page.screenshot({ path: join(process.env.NUMBRELA_PICTURES, `web-${name}.png`) });
     }
 
     windows() {
