@@ -13,6 +13,9 @@ if(MINGW) # no other file than the program is needed, and the same sources make 
   target_compile_options(numbrela_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
   target_link_options(numbrela_options INTERFACE -static LINKER:--no-insert-timestamp,--gc-sections)
 endif()
+if(EMSCRIPTEN) # which catches no exception unless it is told to
+  target_compile_options(numbrela_options INTERFACE -fexceptions)
+endif()
 if((NUMBRELA_SANITIZE OR NUMBRELA_COVERAGE) AND NOT CMAKE_CXX_COMPILER_ID MATCHES "^(GNU|Clang|AppleClang)$")
   message(FATAL_ERROR "GCC and clang alone have the sanitizers, and count what tests reach, by these options.")
 endif()
