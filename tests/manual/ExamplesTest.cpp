@@ -7,17 +7,20 @@
 #include "activities/shopping/core/Money.h"
 #include "activities/shopping/core/ShoppingTask.h"
 #include "common/core/NumberText.h"
+#include "common/core/RunTimeError.h"
 #include "tests/manual/Pages.h"
 #include "tests/support/ScriptedRandom.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <map>
 #include <regex>
 #include <set>
 #include <sstream>
+#include <utility>
 
 // Each example of the manual is written once more by the program's own cores, from its operands, and must come out the
 // same.
@@ -126,6 +129,15 @@ int decimalsOf(const std::string& number)
 {
     const std::size_t comma = number.find(',');
     return comma == std::string::npos ? 0 : static_cast<int>(number.size() - comma) - 1;
+}
+
+// The number counted in units of that decimal place; -1 when it has more decimals.
+long long unitsOf(const std::string& number, int decimals)
+{
+    std::string digits = number;
+    std::erase(digits, ',');
+    const int missing = decimals - decimalsOf(number);
+    return missing < 0 ? -1 : std::stoll(digits + std::string(static_cast<std::size_t>(missing), '0'));
 }
 
 // "restas": with the subtractions written out; "cociente con 2 decimales".
@@ -293,12 +305,11 @@ std::string placeAndAdd(const Example& example)
     return joined(lines);
 }
 
-// "mal, mal, bien, solución, bien": what is pressed, and the score line after it.
+// "marcador mal, mal, bien, solución, bien": what is pressed, and the score line after it.
 std::string score(const Example& example)
 {
-    const std::string answers = linesOf(example.Text).at(0);
     Score counts;
-    std::istringstream words(answers);
+    std::istringstream words(example.Kind.substr(std::string_view("marcador").size()));
     for (std::string word; std::getline(words, word, ',');) {
         const std::string_view act = Trimmed(word);
         EXPECT_TRUE(act == "bien" || act == "mal" || act == "solución") << act;
@@ -308,7 +319,8 @@ std::string score(const Example& example)
             counts.Count(act == "bien");
         }
     }
-    return answers + '\n' + counts.Line();
+    EXPECT_GT(counts.ExerciseCount, 0) << example.Place << " does not say what is pressed";
+    return counts.Line();
 }
 
 Verdict columnVerdict(
@@ -330,24 +342,64 @@ Verdict productVerdict(const std::string& first, const std::string& second, cons
     return exercise.Judge(answer, {});
 }
 
-// "347 + 285 = 522: resultado incorrecto", line by line: what is said of an answer.
+// A quotient with the remainder below the last digit of the dividend; neither may be there.
+Verdict quotientVerdict(
+    const std::string& dividend, const std::string& divisor, const std::string& quotient, const std::string& remainder)
+{
+    bool commaShift = false;
+    ScriptedRandom random { DrawOfDigits(std::stod(dividend), static_cast<int>(dividend.size())),
+        DrawOfDigits(std::stod(divisor), static_cast<int>(divisor.size())) };
+    DivisionExercise exercise(random, commaShift);
+    exercise.DividendDigits = static_cast<int>(dividend.size());
+    exercise.DividendDecimals = 0;
+    exercise.DivisorDigits = static_cast<int>(divisor.size());
+    exercise.GenerateDivision();
+    if (!remainder.empty()) {
+        exercise.Grid.WriteWorkingLine(remainder, static_cast<int>(dividend.size()), 1);
+    }
+    return exercise.Judge(quotient).value_or(Verdict {});
+}
+
+// "347 + 285 = 522: resultado incorrecto" or "25 ÷ 4 = 6, resto 1: resultado correcto", line by line: what is said of
+// an answer. "nada" is an empty box.
 std::string verdicts(const Example& example)
 {
+    static const std::regex line("(\\S+) (\\S+) (\\S+) = (\\S+?)(, (?:resto (\\S+)|papel en blanco))?: .*");
     Lines lines;
     for (const std::string& given : linesOf(example.Text)) {
-        std::istringstream words(given.substr(0, given.find(':')));
-        std::string first;
-        std::string sign;
-        std::string second;
-        std::string equals;
-        std::string answer;
-        words >> first >> sign >> second >> equals >> answer;
-        const Verdict verdict = sign == "×"
+        std::smatch parts;
+        if (!std::regex_match(given, parts, line)) {
+            ADD_FAILURE() << example.Place << " has no answer in " << given;
+            continue;
+        }
+        const std::string first = parts[1];
+        const std::string sign = parts[2];
+        const std::string second = parts[3];
+        const std::string answer = parts[4] == "nada" ? "" : parts[4].str();
+        const Verdict verdict = sign == "÷" ? quotientVerdict(first, second, answer, parts[6])
+            : sign == "×"
             ? productVerdict(first, second, answer)
             : columnVerdict(sign == "+" ? Operation::Addition : Operation::Subtraction, first, second, answer);
-        lines.push_back(first + ' ' + sign + ' ' + second + " = " + answer + ": " + std::string(Trimmed(verdict.Text)));
+        lines.push_back(given.substr(0, given.rfind(": ")) + ": " + std::string(Trimmed(verdict.Text)));
     }
     return joined(lines);
+}
+
+// "97 + 0,4 = 97,4": the sum as it is on paper.
+std::string onPaper(const Example& example)
+{
+    const std::string addends = example.Text.substr(0, example.Text.find(" = "));
+    long long sum = 0;
+    int decimals = 0;
+    std::istringstream words(addends);
+    for (std::string word; words >> word;) {
+        decimals = std::max(decimals, decimalsOf(word));
+    }
+    words = std::istringstream(addends);
+    for (std::string word; words >> word;) {
+        sum += word == "+" ? 0 : unitsOf(word, decimals);
+    }
+    return addends + " = " + DecimalText(std::to_string(sum), decimals);
 }
 
 struct Kind {
@@ -368,6 +420,7 @@ const std::vector<Kind>& kinds()
         { "coloca y suma", placeAndAdd },
         { "marcador", score },
         { "respuesta", verdicts },
+        { "en el cuaderno", onPaper },
     };
     return all;
 }
@@ -377,7 +430,7 @@ TEST(ManualExamplesTest, EachWorkedExampleIsWhatTheProgramWorksOut)
     std::map<std::string, int> seen;
     for (const Page& page : Pages()) {
         for (const Example& example : page.Examples) {
-            if (example.Kind == "text") {
+            if (example.Kind == "text" && page.Name == "administracion.md") {
                 continue; // what is pasted into a terminal or a register
             }
             const auto kind = std::find_if(
@@ -392,69 +445,184 @@ TEST(ManualExamplesTest, EachWorkedExampleIsWhatTheProgramWorksOut)
     }
 }
 
-// In an example it would be worked out; in a sentence nobody sees that it is wrong.
+// In an example it would be worked out; in a sentence nobody sees that it is wrong. Texts of the program, and the table
+// of times, which is worked out, may have such signs between digits.
 TEST(ManualExamplesTest, NoCalculationStandsOutsideOfAnExample)
 {
-    static const std::regex calculation("[0-9] (\\+|×|÷|=) [0-9]");
+    static const std::regex calculation("[0-9] ?(\\+|×|÷|=|−) ?[0-9]|[0-9] (-|:|x|por|más|menos|entre) [0-9]");
+    static const std::regex harmless("«[^»]*»|\\| [0-9]+ : [0-9]{2} \\|");
     for (const Page& page : Pages()) {
+        const std::string prose = std::regex_replace(page.Prose, harmless, "");
         std::smatch found;
-        EXPECT_FALSE(std::regex_search(page.Prose, found, calculation)) << page.Name << " has " << found.str();
+        EXPECT_FALSE(std::regex_search(prose, found, calculation)) << page.Name << " has " << found.str();
     }
 }
+
+// How often something is so, in so many exercises of a kind.
+struct Share {
+    int Cases = 0;
+    int Of = 0;
+
+    void Count(bool isSo)
+    {
+        Cases += isSo ? 1 : 0;
+        ++Of;
+    }
+    double Value() const { return Of == 0 ? -1 : static_cast<double>(Cases) / Of; }
+};
+
+constexpr int exercises = 20000; // of each setting
+constexpr int anySeed = 1;
 
 // The shares of exercises of place and add that the page for teachers tells of.
 struct Shares {
-    double Whole = 0; // of all exercises, those whose sum has no decimals
-    double Refused = 0; // of those, the ones whose sum is not taken for right
-    double Inexact = 0; // of all, those whose solution is not the sum
+    Share Whole; // of all exercises, those whose sum has no decimals
+    Share Refused; // of those, the ones whose sum is not taken for right
+    Share Inexact; // of all, those whose solution is not the sum
 };
-
-long long thousandthsOf(const std::string& number)
-{
-    std::string digits = number.substr(0, number.find(','));
-    digits += number.substr(std::min(number.size(), digits.size() + 1));
-    for (int decimals = decimalsOf(number); decimals < 3; ++decimals) {
-        digits += '0';
-    }
-    return decimalsOf(number) > 3 ? -1 : std::stoll(digits);
-}
 
 Shares sharesOf(int addendCount, int maxDigits)
 {
-    constexpr int exercises = 20000;
-    constexpr int anySeed = 1;
+    constexpr int thousandths = 3;
     SeededRandom random(anySeed);
     PlaceAndAdd exercise(random);
     exercise.AddendCount = addendCount;
     exercise.MaxDigits = maxDigits;
-    int whole = 0;
-    int refused = 0;
-    int inexact = 0;
+    Shares shares;
     for (int count = 0; count < exercises; ++count) {
         exercise.NewPlaceAndAdd();
         long long sum = 0;
         std::istringstream words(exercise.DataLine());
         for (std::string word; words >> word;) {
-            sum += word == "+" ? 0 : thousandthsOf(word);
+            sum += word == "+" ? 0 : unitsOf(word, thousandths);
         }
         const bool isWhole = sum % 1000 == 0;
-        whole += isWhole ? 1 : 0;
-        refused += isWhole && !exercise.Judge(std::to_string(sum / 1000), {}).Right ? 1 : 0;
-        inexact += thousandthsOf(std::string(Trimmed(exercise.Solution().Sum))) != sum ? 1 : 0;
+        shares.Whole.Count(isWhole);
+        if (isWhole) {
+            shares.Refused.Count(!exercise.Judge(std::to_string(sum / 1000), {}).Right);
+        }
+        shares.Inexact.Count(unitsOf(std::string(Trimmed(exercise.Solution().Sum)), thousandths) != sum);
     }
-    return { static_cast<double>(whole) / exercises, static_cast<double>(refused) / whole,
-        static_cast<double>(inexact) / exercises };
+    return shares;
 }
 
 TEST(ManualExamplesTest, PlaceAndAddHasAsFewWholeSumsAsThePageForTeachersSays)
 {
     const Shares atFirst = sharesOf(4, 3);
-    EXPECT_NEAR(1 / atFirst.Whole, 20, 3); // "una de cada veinte"
-    EXPECT_NEAR(1 / atFirst.Refused, 10, 2); // "una de cada diez"
-    EXPECT_NEAR(atFirst.Inexact, 0.035, 0.005); // "tres o cuatro de cada cien"
+    EXPECT_NEAR(1 / atFirst.Whole.Value(), 20, 3); // "una de cada veinte"
+    EXPECT_NEAR(1 / atFirst.Refused.Value(), 10, 2); // "una de cada diez"
+    EXPECT_NEAR(atFirst.Inexact.Value(), 0.035, 0.005); // "tres o cuatro de cada cien"
     const Shares most = sharesOf(2, 3);
-    EXPECT_NEAR(1 / most.Whole, 10, 1); // "una de cada diez"
-    EXPECT_EQ(most.Refused, 0); // "todas se reconocen"
+    EXPECT_NEAR(1 / most.Whole.Value(), 10, 1); // "una de cada diez"
+    EXPECT_EQ(most.Refused.Value(), 0); // "todas se reconocen"
+}
+
+// How often the columns of place and add have no room for the sum.
+double shareWithoutRoom(int addendCount, int maxDigits)
+{
+    SeededRandom random(anySeed);
+    PlaceAndAdd exercise(random);
+    exercise.AddendCount = addendCount;
+    exercise.MaxDigits = maxDigits;
+    Share without;
+    for (int count = 0; count < exercises; ++count) {
+        exercise.NewPlaceAndAdd();
+        bool hasRoom = true;
+        try {
+            exercise.Solution();
+        } catch (const RunTimeError&) {
+            hasRoom = false;
+        }
+        without.Count(!hasRoom);
+    }
+    return without.Value();
+}
+
+TEST(ManualExamplesTest, PlaceAndAddHasNoRoomForASumAsOftenAsThePageForTeachersSays)
+{
+    for (const int addends : { 2, 3, 4, 5, 6 }) {
+        EXPECT_EQ(shareWithoutRoom(addends, 3), 0) << addends; // "con el máximo de cuatro o cinco cifras"
+        EXPECT_GT(shareWithoutRoom(addends, 4), 0) << addends;
+        EXPECT_LT(shareWithoutRoom(addends, 4), 0.05) << addends; // "muy pocas veces con cuatro"
+    }
+    EXPECT_NEAR(1 / shareWithoutRoom(4, 5), 6, 1); // "una de cada seis"
+}
+
+// How often the right sum or difference is not taken for right.
+double shareRefused(Operation operation, int digits, int decimals)
+{
+    SeededRandom random(anySeed);
+    ColumnExercise exercise(operation, random);
+    exercise.Digits = digits;
+    exercise.Decimals = decimals;
+    const double unitsInOne = std::pow(10, decimals);
+    Share refused;
+    for (int count = 0; count < exercises; ++count) {
+        exercise.Continue();
+        const long long upper = std::llround(exercise.Operand1 * unitsInOne);
+        const long long lower = std::llround(exercise.Operand2 * unitsInOne);
+        const long long result = operation == Operation::Addition ? upper + lower : upper - lower;
+        refused.Count(!exercise.Judge(DecimalText(std::to_string(result), decimals)).Right);
+    }
+    return refused.Value();
+}
+
+TEST(ManualExamplesTest, RightSumsAndDifferencesAreRefusedAsOftenAsThePageForTeachersSays)
+{
+    for (const int decimals : { 1, 4 }) {
+        EXPECT_NEAR(1 / shareRefused(Operation::Addition, 6, decimals), 5, 1) << decimals; // "una de cada cinco"
+        EXPECT_NEAR(shareRefused(Operation::Subtraction, 6, decimals), 0.06, 0.01) << decimals; // "seis de cada cien"
+        EXPECT_NEAR(1 / shareRefused(Operation::Addition, 7, decimals), 4.5, 0.5) << decimals; // "cuatro o cinco"
+        EXPECT_NEAR(shareRefused(Operation::Subtraction, 7, decimals), 0.6, 0.02) << decimals; // "seis de cada diez"
+    }
+    for (const Operation operation : { Operation::Addition, Operation::Subtraction }) {
+        EXPECT_EQ(shareRefused(operation, 5, 2), 0); // "con cinco cifras o menos acierta siempre"
+        EXPECT_EQ(shareRefused(operation, 5, 6), 0);
+        EXPECT_EQ(shareRefused(operation, 7, 0), 0); // "sin decimales también"
+    }
+}
+
+// How often the right product is not taken for right, by its size.
+struct RefusedProducts {
+    Share Below2000;
+    Share Between;
+    Share Above8000;
+};
+
+RefusedProducts refusedProducts(int digits1, int digits2, int decimals)
+{
+    SeededRandom random(anySeed);
+    Multiplication exercise(random);
+    exercise.Digits1 = digits1;
+    exercise.Digits2 = digits2;
+    exercise.Decimals1 = decimals;
+    exercise.Decimals2 = decimals;
+    RefusedProducts refused;
+    for (int count = 0; count < exercises; ++count) {
+        exercise.Continue();
+        std::string answer = exercise.ShowSolution().Result;
+        std::erase(answer, '.');
+        Share& share = exercise.Product < 2000 ? refused.Below2000
+            : exercise.Product > 8000          ? refused.Above8000
+                                               : refused.Between;
+        share.Count(!exercise.Judge(answer, {}).Right);
+    }
+    return refused;
+}
+
+TEST(ManualExamplesTest, RightProductsAreRefusedAsOftenAsThePageForTeachersSays)
+{
+    for (const int decimals : { 1, 2 }) {
+        for (const auto& [digits1, digits2] : std::vector<std::pair<int, int>> { { 3, 2 }, { 3, 3 }, { 4, 2 } }) {
+            const double share = refusedProducts(digits1, digits2, decimals).Above8000.Value();
+            EXPECT_NEAR(1 / share, 3, 0.5) << digits1 << " by " << digits2; // "una de cada tres"
+        }
+        const RefusedProducts short2 = refusedProducts(2, 2, decimals);
+        EXPECT_EQ(short2.Below2000.Value(), 0); // "por debajo de 2000 acierta siempre"
+        EXPECT_GT(short2.Between.Value(), 0);
+        EXPECT_LT(short2.Between.Value(), 0.005); // "falla muy pocas veces"
+    }
+    EXPECT_EQ(refusedProducts(5, 5, 0).Above8000.Value(), 0); // "sin decimales también"
 }
 
 } // namespace

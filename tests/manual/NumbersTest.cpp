@@ -1,6 +1,9 @@
+#include "activities/divide/core/DivisionExercise.h"
 #include "activities/shopping/core/Money.h"
+#include "activities/shopping/core/ShoppingTask.h"
 #include "common/core/NumberText.h"
 #include "tests/manual/Pages.h"
+#include "tests/support/ScriptedRandom.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +23,28 @@ double valueOf(const std::string& text)
     return value.value_or(0);
 }
 
+std::string dividendOf(const std::string& typed)
+{
+    bool commaShift = false;
+    ScriptedRandom noChance({});
+    DivisionExercise exercise(noChance, commaShift);
+    return exercise.EnterDividend(typed) ? exercise.DividendText() : refused;
+}
+
+std::string divisorOf(const std::string& typed)
+{
+    bool commaShift = false;
+    ScriptedRandom noChance({});
+    DivisionExercise exercise(noChance, commaShift);
+    return exercise.EnterDivisor(typed) ? exercise.DivisorText() : refused;
+}
+
+std::string listLengthOf(const std::string& typed)
+{
+    ShoppingTask task;
+    return task.SetListLength(typed) ? std::to_string(static_cast<int>(task.ListLength)) : refused;
+}
+
 // What is in the second column of a table, by the title of its first: the program's reading of what is typed, or its
 // writing of a number.
 const std::map<std::string, std::function<std::string(const std::string&)>>& rules()
@@ -36,6 +61,11 @@ const std::map<std::string, std::function<std::string(const std::string&)>>& rul
                 const std::optional<double> number = ParseTypedNumber(text);
                 return number ? PlainDecimalText(*number) : refused;
             } },
+        { "Al introducir un dividendo escribes", dividendOf },
+        { "Al introducir un divisor escribes", divisorOf },
+        { "Al elegir el número de productos escribes", listLengthOf },
+        { "En La compra, en la suma y en la vuelta, escribes",
+            [](const auto& text) { return PlainDecimalText(ParsePrice(text).value_or(0.0F)); } },
         { "Al modificar un precio escribes",
             [](const auto& text) { return PlainDecimalText(LeadingPrice(text).value_or(-1)); } },
         { "El número, en sumas y restas", [](const auto& text) { return FormatDisplayNumber(valueOf(text)); } },
