@@ -20,6 +20,12 @@ const std::array<GalleryRoom, 9> galleryRooms { {
     { "PlaceAdd", &DrawPlaceAdd },
 } };
 
+void Gallery::Draw(QWidget& window, const QString& name)
+{
+    const QRect whole(QPoint(0, 0), QSize(-1, -1)); // also of a window whose size is not settled yet
+    DrawPart(window, whole, name);
+}
+
 void Gallery::DrawBoth(QWidget& window, const QString& name)
 {
     Draw(window, name);

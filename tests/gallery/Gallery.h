@@ -11,8 +11,11 @@ class Gallery {
 public:
     virtual ~Gallery() = default;
 
-    // Takes the window as it stands; each state has a name of its own.
-    virtual void Draw(QWidget& window, const QString& name) = 0;
+    // Takes a part of the window as it stands; each state has a name of its own.
+    virtual void DrawPart(QWidget& window, const QRect& part, const QString& name) = 0;
+
+    // Takes the whole of it.
+    void Draw(QWidget& window, const QString& name);
 
     // Takes it at both sizes, the second time with "-maximised" behind the name.
     void DrawBoth(QWidget& window, const QString& name);

@@ -25,13 +25,13 @@ public:
         folder_.mkpath(QStringLiteral("."));
     }
 
-    void Draw(QWidget& window, const QString& name) override
+    void DrawPart(QWidget& window, const QRect& part, const QString& name) override
     {
         QCoreApplication::processEvents(); // let the layout settle
         const std::string path = folder_.filePath(name).toStdString();
         std::ofstream writing(path + ".txt");
         writing << WritingIn(window) << std::flush;
-        if (!writing || !window.grab().save(QString::fromStdString(path + ".png"))) {
+        if (!writing || !window.grab(part).save(QString::fromStdString(path + ".png"))) {
             std::cerr << "cannot write " << path << '\n';
             ++failures_;
         }

@@ -1,7 +1,9 @@
+#include "activities/shopping/screen/ColumnArea.h"
 #include "activities/shopping/screen/Handover.h"
 #include "activities/shopping/tests/ShopWalk.h"
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
+#include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/program/ShippedCatalogue.h"
 #include "tests/support/Boxes.h"
@@ -10,6 +12,7 @@
 #include <QDialog>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace numbrela::testing {
 
@@ -47,6 +50,18 @@ void pay(const Form7& form)
     PressContinue(form);
 }
 
+// What is to be worked out at the till and where it is written.
+QRect tillOf(const Form7& form)
+{
+    constexpr int margin = 12; // pixels
+    QRect till;
+    for (const QWidget* control : std::initializer_list<QWidget*> {
+             form.TbInstrucciones, form.TBCantidades, form.TbResultado, form.CbContinuar }) {
+        till |= QRect(control->mapTo(&form, QPoint()), control->size());
+    }
+    return till.adjusted(-margin, -margin, margin, margin);
+}
+
 void drawVisit(Gallery& gallery, Form7& form)
 {
     buyWhatIsListedIn(form, QStringLiteral("Librería"));
@@ -54,6 +69,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(",30");
     gallery.DrawBoth(form, QStringLiteral("shopping-adding"));
+    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-adding-till"));
     gallery.DrawWithKeypad(form, QStringLiteral("shopping-keypad"));
     Press(Qt::Key_Home);
     Press(Qt::Key_Delete);
@@ -63,6 +79,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
     gallery.DrawBoth(form, QStringLiteral("shopping-change"));
+    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-change-till"));
     PressContinue(form);
     gallery.DrawBoth(form, QStringLiteral("shopping-receipt"));
     PressContinue(form);

@@ -72,7 +72,7 @@ public:
     {
     }
 
-    void Draw(QWidget& window, const QString& name) override
+    void DrawPart(QWidget& window, const QRect& part, const QString& name) override
     {
         constexpr int lettersDiffer = 40;
         QCoreApplication::processEvents(); // let the layout settle
@@ -80,7 +80,7 @@ public:
         if (picture == Unseen.end()) {
             return;
         }
-        const QImage now = window.grab().toImage();
+        const QImage now = window.grab(part).toImage();
         EXPECT_EQ(picture->second.width() / 8, now.width() / 8) << name.toStdString();
         EXPECT_EQ(picture->second.height() / 8, now.height() / 8) << name.toStdString();
         EXPECT_LE(distance(picture->second, now), lettersDiffer)

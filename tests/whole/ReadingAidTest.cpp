@@ -73,7 +73,7 @@ public:
     {
     }
 
-    void Draw(QWidget& window, const QString& name) override
+    void DrawPart(QWidget& window, const QRect& /*part*/, const QString& name) override
     {
         SCOPED_TRACE(name.toStdString());
         QCoreApplication::processEvents(); // let the layout settle
