@@ -1,4 +1,7 @@
 #include "activities/divide/screen/Form5.h"
+#include "activities/divide/screen/WorkingGridBox.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
@@ -39,6 +42,18 @@ void typeRow(int row, const QString& text)
     Type(text);
 }
 
+// Without the empty paper below the working, which is to be read in print.
+void drawWorking(Gallery& gallery, Form5& form, const QString& name)
+{
+    constexpr int margin = 12; // pixels
+    gallery.Draw(form, name);
+    const auto placeOf
+        = [&form](const QWidget* control) { return QRect(control->mapTo(&form, QPoint()), control->size()); };
+    QRect working = placeOf(form.Text1) | placeOf(form.Text3) | placeOf(form.Buttons.Command2[0]);
+    working.setBottom(placeOf(form.Buttons.Command2[2]).bottom());
+    gallery.DrawPart(form, working.adjusted(-margin, -margin, margin, margin), name + QStringLiteral("-part"));
+}
+
 // 74,14 ÷ 5 = 14,82, the rest 0,04: what this time of day draws. The column of the comma is passed over by itself.
 void drawComma(Gallery& gallery)
 {
@@ -54,7 +69,7 @@ void drawComma(Gallery& gallery)
     Press(Qt::Key_Tab);
     Type("14,82");
     Click(form, "Command1");
-    gallery.Draw(form, QStringLiteral("division-comma"));
+    drawWorking(gallery, form, QStringLiteral("division-comma"));
 }
 
 void typeQuotient()
@@ -78,7 +93,7 @@ void drawWholeNumbers(Gallery& gallery, Form5& form)
     typeRow(3, QStringLiteral("    0"));
     typeQuotient();
     Click(form, "Command1");
-    gallery.Draw(form, QStringLiteral("division-right"));
+    drawWorking(gallery, form, QStringLiteral("division-right"));
 
     Click(form, "Command2(0)");
     enterDivision();

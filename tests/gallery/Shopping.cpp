@@ -12,7 +12,6 @@
 #include <QDialog>
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace numbrela::testing {
 
@@ -54,11 +53,8 @@ void pay(const Form7& form)
 QRect tillOf(const Form7& form)
 {
     constexpr int margin = 12; // pixels
-    QRect till;
-    for (const QWidget* control : std::initializer_list<QWidget*> {
-             form.TbInstrucciones, form.TBCantidades, form.TbResultado, form.CbContinuar }) {
-        till |= QRect(control->mapTo(&form, QPoint()), control->size());
-    }
+    const QRect till = PlaceIn(form, form.TbInstrucciones) | PlaceIn(form, form.TBCantidades)
+        | PlaceIn(form, form.TbResultado) | PlaceIn(form, form.CbContinuar);
     return till.adjusted(-margin, -margin, margin, margin);
 }
 
@@ -69,7 +65,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(",30");
     gallery.DrawBoth(form, QStringLiteral("shopping-adding"));
-    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-adding-till"));
+    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-adding-part"));
     gallery.DrawWithKeypad(form, QStringLiteral("shopping-keypad"));
     Press(Qt::Key_Home);
     Press(Qt::Key_Delete);
@@ -79,7 +75,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
     gallery.DrawBoth(form, QStringLiteral("shopping-change"));
-    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-change-till"));
+    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-change-part"));
     PressContinue(form);
     gallery.DrawBoth(form, QStringLiteral("shopping-receipt"));
     PressContinue(form);
