@@ -86,7 +86,7 @@ TEST(ManualLinksTest, TheOtherDocumentsLeadToFilesAsWell)
             }
         }
     }
-    const Page& readme = OtherDocuments().front();
+    const Page readme = OtherDocuments().front();
     EXPECT_GE(readme.Pictures.size(), 3U);
     EXPECT_NE(std::find(readme.Links.begin(), readme.Links.end(), "docs/manual/README.md"), readme.Links.end());
 }
