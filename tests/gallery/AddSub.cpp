@@ -1,8 +1,12 @@
 #include "activities/addsub/screen/ColumnForm.h"
+#include "common/screen/CommandButton.h"
+#include "common/screen/TextBox.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
+
+#include <QLabel>
 
 namespace numbrela::testing {
 
@@ -50,6 +54,9 @@ void drawRight(Gallery& gallery, const QString& prefix, ColumnForm& form, const 
     TypeResult(answer);
     Press(Qt::Key_Return);
     gallery.Draw(form, prefix + QStringLiteral("right"));
+    const QRect working = PlaceIn(form, form.Text2[0]) | PlaceIn(form, form.Text2[1]) | PlaceIn(form, form.Text3)
+        | PlaceIn(form, form.Label1) | PlaceIn(form, form.Text4) | PlaceIn(form, form.Buttons.Command2[2]);
+    gallery.DrawAround(form, working, prefix + QStringLiteral("right-part"));
     gallery.DrawMaximised(form, prefix + QStringLiteral("maximised"));
 
     Choose(form, "MnuOpcCifLis(6)");

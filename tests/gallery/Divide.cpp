@@ -45,13 +45,12 @@ void typeRow(int row, const QString& text)
 // Without the empty paper below the working, which is to be read in print.
 void drawWorking(Gallery& gallery, Form5& form, const QString& name)
 {
-    constexpr int margin = 12; // pixels
     gallery.Draw(form, name);
     const auto placeOf
         = [&form](const QWidget* control) { return QRect(control->mapTo(&form, QPoint()), control->size()); };
     QRect working = placeOf(form.Text1) | placeOf(form.Text3) | placeOf(form.Buttons.Command2[0]);
     working.setBottom(placeOf(form.Buttons.Command2[2]).bottom());
-    gallery.DrawPart(form, working.adjusted(-margin, -margin, margin, margin), name + QStringLiteral("-part"));
+    gallery.DrawAround(form, working, name + QStringLiteral("-part"));
 }
 
 // 74,14 ÷ 5 = 14,82, the rest 0,04: what this time of day draws. The column of the comma is passed over by itself.

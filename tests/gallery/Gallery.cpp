@@ -20,6 +20,12 @@ const std::array<GalleryRoom, 9> galleryRooms { {
     { "PlaceAdd", &DrawPlaceAdd },
 } };
 
+void Gallery::DrawAround(QWidget& window, const QRect& part, const QString& name)
+{
+    constexpr int margin = 12; // pixels
+    DrawPart(window, part.adjusted(-margin, -margin, margin, margin), name);
+}
+
 void Gallery::Draw(QWidget& window, const QString& name)
 {
     const QRect whole(QPoint(0, 0), QSize(-1, -1)); // also of a window whose size is not settled yet

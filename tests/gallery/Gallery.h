@@ -14,6 +14,9 @@ public:
     // Takes a part of the window as it stands; each state has a name of its own.
     virtual void DrawPart(QWidget& window, const QRect& part, const QString& name) = 0;
 
+    // Takes a part of it and a little of what is around.
+    void DrawAround(QWidget& window, const QRect& part, const QString& name);
+
     // Takes the whole of it.
     void Draw(QWidget& window, const QString& name);
 

@@ -65,11 +65,9 @@ void drawSolutions(Gallery& gallery, Form4& form)
     gallery.DrawMaximised(form, QStringLiteral("multiplication-one-row-maximised"));
     typeFactors(QStringLiteral("987,65"), QStringLiteral("120,5"));
     drawSolution("solution");
-    constexpr int margin = 12; // pixels
     constexpr int sign = 28; // pixels that × and = take before the boxes
     const QRect columns = PlaceIn(form, form.TbFactor[0]) | PlaceIn(form, form.TbResultado);
-    gallery.DrawPart(form, columns.adjusted(-margin - sign, -margin, margin, margin),
-        QStringLiteral("multiplication-solution-part"));
+    gallery.DrawAround(form, columns.adjusted(-sign, 0, 0, 0), QStringLiteral("multiplication-solution-part"));
 
     Choose(form, "MnuOpcOcu");
     typeFactors(QStringLiteral("987,65"), QStringLiteral("12005"));

@@ -52,10 +52,8 @@ void pay(const Form7& form)
 // What is to be worked out at the till and where it is written.
 QRect tillOf(const Form7& form)
 {
-    constexpr int margin = 12; // pixels
-    const QRect till = PlaceIn(form, form.TbInstrucciones) | PlaceIn(form, form.TBCantidades)
-        | PlaceIn(form, form.TbResultado) | PlaceIn(form, form.CbContinuar);
-    return till.adjusted(-margin, -margin, margin, margin);
+    return PlaceIn(form, form.TbInstrucciones) | PlaceIn(form, form.TBCantidades) | PlaceIn(form, form.TbResultado)
+        | PlaceIn(form, form.CbContinuar);
 }
 
 void drawVisit(Gallery& gallery, Form7& form)
@@ -65,7 +63,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(",30");
     gallery.DrawBoth(form, QStringLiteral("shopping-adding"));
-    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-adding-part"));
+    gallery.DrawAround(form, tillOf(form), QStringLiteral("shopping-adding-part"));
     gallery.DrawWithKeypad(form, QStringLiteral("shopping-keypad"));
     Press(Qt::Key_Home);
     Press(Qt::Key_Delete);
@@ -75,7 +73,7 @@ void drawVisit(Gallery& gallery, Form7& form)
     PressContinue(form);
     TypeResult(Written(form.Task().NotesGiven - form.Task().AmountPaid));
     gallery.DrawBoth(form, QStringLiteral("shopping-change"));
-    gallery.DrawPart(form, tillOf(form), QStringLiteral("shopping-change-part"));
+    gallery.DrawAround(form, tillOf(form), QStringLiteral("shopping-change-part"));
     PressContinue(form);
     gallery.DrawBoth(form, QStringLiteral("shopping-receipt"));
     PressContinue(form);
