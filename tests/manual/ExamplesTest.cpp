@@ -481,16 +481,23 @@ struct Shares {
     Share Inexact; // of all, those whose solution is not the sum
 };
 
-Shares sharesOf(int addendCount, int maxDigits)
+void drawPlaceAndAdds(int addendCount, int maxDigits, const std::function<void(const PlaceAndAdd&)>& look)
 {
-    constexpr int thousandths = 3;
     SeededRandom random(anySeed);
     PlaceAndAdd exercise(random);
     exercise.AddendCount = addendCount;
     exercise.MaxDigits = maxDigits;
-    Shares shares;
     for (int count = 0; count < exercises; ++count) {
         exercise.NewPlaceAndAdd();
+        look(exercise);
+    }
+}
+
+Shares sharesOf(int addendCount, int maxDigits)
+{
+    constexpr int thousandths = 3;
+    Shares shares;
+    drawPlaceAndAdds(addendCount, maxDigits, [&shares](const PlaceAndAdd& exercise) {
         long long sum = 0;
         std::istringstream words(exercise.DataLine());
         for (std::string word; words >> word;) {
@@ -502,7 +509,7 @@ Shares sharesOf(int addendCount, int maxDigits)
             shares.Refused.Count(!exercise.Judge(std::to_string(sum / 1000), {}).Right);
         }
         shares.Inexact.Count(unitsOf(std::string(Trimmed(exercise.Solution().Sum)), thousandths) != sum);
-    }
+    });
     return shares;
 }
 
@@ -520,13 +527,8 @@ TEST(ManualExamplesTest, PlaceAndAddHasAsFewWholeSumsAsThePageForTeachersSays)
 // How often the columns of place and add have no room for the sum.
 double shareWithoutRoom(int addendCount, int maxDigits)
 {
-    SeededRandom random(anySeed);
-    PlaceAndAdd exercise(random);
-    exercise.AddendCount = addendCount;
-    exercise.MaxDigits = maxDigits;
     Share without;
-    for (int count = 0; count < exercises; ++count) {
-        exercise.NewPlaceAndAdd();
+    drawPlaceAndAdds(addendCount, maxDigits, [&without](const PlaceAndAdd& exercise) {
         bool hasRoom = true;
         try {
             exercise.Solution();
@@ -534,7 +536,7 @@ double shareWithoutRoom(int addendCount, int maxDigits)
             hasRoom = false;
         }
         without.Count(!hasRoom);
-    }
+    });
     return without.Value();
 }
 

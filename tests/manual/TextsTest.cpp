@@ -25,13 +25,13 @@ std::set<std::string> buttonsOfBoxes()
     return captions;
 }
 
-// Texts that nobody reads on the screen: names of fonts, of files and of what is Qt's, what Qt's readers of the
-// keyboard and the maker of the catalogue say to those who build the program, and the places of digits of thousands of
-// millions and more, which a reader puts together as everybody counts.
+// Texts that nobody reads on the screen: names of fonts, of files, of what is Qt's and of what a browser's page does,
+// what Qt's readers of the keyboard and the maker of the catalogue say to those who build the program, and the places
+// of digits of thousands of millions and more, which a reader puts together as everybody counts.
 bool isForNobody(const ProgramText& text)
 {
     static const std::set<std::string> files { "Look.cpp", "main.cpp", "CatalogueSource.cpp", "NativeKeys.cpp",
-        "PlaceName.cpp", "productos.txt" };
+        "Page.cpp", "PlaceName.cpp", "productos.txt" };
     static const std::set<std::string> names { "Arial", "Courier", "Courier New", "Verdana", "Dialog", "Teclado",
         "Recursos", "numbrela", "windows" };
     return files.contains(text.File) || names.contains(text.Text);
