@@ -707,6 +707,8 @@ TEST_F(HandoverTest, OpensAsLargeAsTheWindowWhosePlaceItTakes)
     };
     for (const auto state : { Qt::WindowNoState, Qt::WindowMaximized, Qt::WindowFullScreen }) {
         before_.setWindowState(state);
+        before_.show();
+        before_.hide();
         ShowShopping(before_, clock_, shop_, true);
         for (const char* leave : { "CancelButton", "OKButton" }) {
             expectState("Form7", state);
