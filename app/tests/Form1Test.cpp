@@ -298,7 +298,9 @@ TEST_F(Form1Test, OpensItsActivitiesAsLargeAsItIsAndStaysSo)
             SCOPED_TRACE(index);
             Click(Menu(), QStringLiteral("Command1(%1)").arg(index));
             ASSERT_NE(Activity(), nullptr);
-            EXPECT_EQ(Activity()->windowState() & ~Qt::WindowActive, state);
+            const bool keepsFrame
+                = state == Qt::WindowFullScreen && Activity()->objectName() == QStringLiteral("Form6");
+            EXPECT_EQ(Activity()->windowState() & ~Qt::WindowActive, keepsFrame ? Qt::WindowMaximized : state);
             Close(*Activity());
             EXPECT_EQ(Menu().windowState() & ~Qt::WindowActive, state);
             EXPECT_EQ(Menu().size(), size);

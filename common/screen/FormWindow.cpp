@@ -50,7 +50,8 @@ FormWindow::~FormWindow()
 void FormWindow::OpenLike(const FormWindow& opener)
 {
     choices_ = opener.choices_;
-    setWindowState(opener.windowState() & Qt::WindowMaximized);
+    const bool isLarge = opener.isMaximized() || (keepsFrame_ && choices_->FullScreen);
+    setWindowState(isLarge ? Qt::WindowMaximized : Qt::WindowNoState);
     followChoices();
 }
 
@@ -83,13 +84,15 @@ void FormWindow::LendKeypad(QInputDialog& box) const
 
 void FormWindow::followChoices()
 {
-    setWindowState(windowState().setFlag(Qt::WindowFullScreen, choices_->FullScreen));
+    if (!keepsFrame_) {
+        setWindowState(windowState().setFlag(Qt::WindowFullScreen, choices_->FullScreen));
+    }
 }
 
 // However the window came to fill the screen or no longer to do so: a window manager has ways of its own.
 void FormWindow::takeChoice()
 {
-    if (!isMinimized()) {
+    if (!isMinimized() && !keepsFrame_) {
         choices_->FullScreen = isFullScreen();
     }
 }

@@ -64,6 +64,10 @@ protected:
     OptionMenu* AddOptionMenu(QMenu* menu, const QString& name, const QString& caption,
         const std::vector<QString>& itemCaptions, const std::function<void(int)>& choose);
 
+    // For a window that has no menu and no button to leave it by: it opens maximised where others fill the screen, so
+    // that a hand finds the frame to close it. F11 in it is no choice for the others.
+    void KeepFrame() { keepsFrame_ = true; }
+
     // Gives the window a keypad with the keys that it has a use for, and a button in its menu bar that shows it.
     void OfferKeypad(KeypadKeys keys = KeypadKeys::Numbers);
 
@@ -90,6 +94,7 @@ private:
     double takenScale_ = 0; // what it wanted when it last took a size by itself
     QSize takenSize_;
     bool hasOwnSize_ = false;
+    bool keepsFrame_ = false;
 };
 
 } // namespace numbrela

@@ -34,6 +34,7 @@ Form6::Form6(const Clock& clock)
     , comparison_(random_)
 {
     Area().SetMargin(margin);
+    KeepFrame();
     buildControls();
     Form_Load();
 }

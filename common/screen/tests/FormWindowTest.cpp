@@ -54,6 +54,7 @@ public:
 
     using FormWindow::AddMenu;
     using FormWindow::AddMenuItem;
+    using FormWindow::KeepFrame;
     using FormWindow::MenuBar;
     using FormWindow::SetTabSequence;
 
@@ -250,6 +251,28 @@ TEST(FullScreenTest, WhatWasChosenLastHoldsForEveryWindow)
     };
     pressIn(false, true);
     pressIn(true, false);
+}
+
+TEST(FullScreenTest, AWindowThatOnlyItsFrameClosesOpensMaximisedAndChoosesForItselfAlone)
+{
+    TestForm menu;
+    ShowAndActivate(menu);
+    Press(Qt::Key_F11);
+    auto* form = new TestForm;
+    form->KeepFrame();
+    form->OpenLike(menu);
+    form->Show(true);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    EXPECT_EQ(form->windowState() & ~Qt::WindowActive, Qt::WindowMaximized);
+    Press(Qt::Key_F11);
+    EXPECT_TRUE(form->isFullScreen());
+    Press(Qt::Key_F11);
+    EXPECT_FALSE(form->isFullScreen());
+    form->close();
+    destroyClosedWindows();
+    menu.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&menu));
+    EXPECT_TRUE(menu.isFullScreen());
 }
 
 TEST(FullScreenTest, ItIsNotForcedOnAWindowThatHasLeftItThroughItsFrame)
