@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include <filesystem>
 #include <set>
 #include <string>
 
@@ -94,6 +96,34 @@ TEST(ManualTextsTest, EachCaptionTitleMessageAndSpokenNameStandsInTheManual)
         }
     }
     EXPECT_GT(looked, 150) << "hardly any text of the program has been found";
+}
+
+// What the scripts around the program in a browser say: the strings that are sentences.
+TEST(ManualTextsTest, EachSentenceOfTheBrowsersPageStandsInTheManual)
+{
+    static const QRegularExpression sentence(QStringLiteral("[\"`]([¿\\p{Lu}][^\"`]* [^\"`]*[.…?])[^\"`]*[\"`]"));
+    static const QRegularExpression filledIn(QStringLiteral("\\$\\{[^}]*\\}"));
+    std::string manual;
+    for (const Page& page : Pages()) {
+        manual += Collapsed(page.Prose) + ' ';
+    }
+    int looked = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(PROGRAM_FOLDER "/packaging/web/page")) {
+        if (entry.path().extension() != ".js") {
+            continue;
+        }
+        QFile file(QString::fromStdString(entry.path().string()));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString code = QString::fromUtf8(file.readAll());
+        for (auto matches = sentence.globalMatch(code); matches.hasNext();) {
+            QString text = matches.next().captured(1);
+            for (const std::string& part : PartsOf(text.replace(filledIn, QStringLiteral("…")).toStdString())) {
+                ++looked;
+                EXPECT_NE(manual.find(part), std::string::npos) << entry.path().filename() << " says " << part;
+            }
+        }
+    }
+    EXPECT_GT(looked, 10) << "hardly any sentence of the page has been found";
 }
 
 } // namespace
