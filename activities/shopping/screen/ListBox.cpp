@@ -156,21 +156,32 @@ bool ListBox::viewportEvent(QEvent* event)
         return true;
     case QEvent::TouchCancel:
         endDragging();
+        finger_.reset();
         return true;
     default:
         return QListView::viewportEvent(event);
     }
 }
 
-// The first finger counts.
+// The finger that came down first counts, and no other as long as any is down.
 void ListBox::touch(const QTouchEvent& event)
 {
-    const QPoint place = event.points().front().position().toPoint();
+    const QList<QEventPoint>& points = event.points();
     if (event.type() == QEvent::TouchBegin) {
-        touched_ = place;
+        finger_ = points.front().id();
+        touched_ = points.front().position().toPoint();
         setFocus(Qt::MouseFocusReason);
-        return;
     }
+    const auto followed = std::find_if(
+        points.begin(), points.end(), [this](const QEventPoint& point) { return point.id() == finger_; });
+    if (followed != points.end()) {
+        follow(*followed, event.timestamp());
+    }
+}
+
+void ListBox::follow(const QEventPoint& finger, quint64 time)
+{
+    const QPoint place = finger.position().toPoint();
     const int way = place.y() - touched_.y();
     if (!dragging_ && std::abs(way) >= QApplication::startDragDistance()) {
         dragging_ = true;
@@ -180,12 +191,13 @@ void ListBox::touch(const QTouchEvent& event)
     if (dragging_) {
         verticalScrollBar()->setValue(scrolledAtTouch_ - way);
     }
-    if (event.type() == QEvent::TouchEnd) {
+    if (finger.state() == QEventPoint::Released) {
         if (dragging_) {
             endDragging();
         } else {
-            tap(place, event.timestamp());
+            tap(place, time);
         }
+        finger_.reset();
     }
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+class QEventPoint;
 class QTouchEvent;
 
 namespace numbrela {
@@ -61,13 +62,15 @@ private:
     std::optional<int> lineToBeginAt(int key) const;
     void tellSelectedLine();
     void touch(const QTouchEvent& event);
+    void follow(const QEventPoint& finger, quint64 time);
     void endDragging();
     void tap(QPoint place, quint64 time);
 
     QStringListModel lines_;
     std::vector<int> data_; // the number of each line of a sorted list
 
-    QPoint touched_; // where the finger came down
+    std::optional<int> finger_; // the id of the one that is followed
+    QPoint touched_; // where it came down
     int scrolledAtTouch_ = 0;
     bool dragging_ = false;
     std::optional<quint64> timeOfDoubleClick_; // in milliseconds; nothing unless the last tap was one

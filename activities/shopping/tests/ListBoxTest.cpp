@@ -185,6 +185,45 @@ TEST_F(TouchedListBoxTest, AFingerThatDragsItScrollsItAndSelectsNothing)
     EXPECT_TRUE(isSeen(0));
 }
 
+TEST_F(TouchedListBoxTest, ASecondFingerNeitherScrollsItNorSelectsAnythingAndTheFirstGoesOnAlone)
+{
+    const QPoint low = list_.viewport()->rect().bottomLeft() + QPoint(50, -20);
+    const QPoint high(50, 20);
+    const int lines = 4 * placeOf(0).height();
+    FingerDown(*list_.viewport(), low, 0);
+    MoveFinger(*list_.viewport(), low - QPoint(0, lines), 0);
+    FingerDown(*list_.viewport(), high, 1);
+    EXPECT_EQ(placeOf(4).top(), 0);
+    MoveFinger(*list_.viewport(), low, 1);
+    EXPECT_EQ(placeOf(4).top(), 0);
+    LiftFinger(0);
+    MoveFinger(*list_.viewport(), high, 1);
+    LiftFinger(1);
+    EXPECT_EQ(placeOf(4).top(), 0);
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+
+    FingerDown(*list_.viewport(), placeOf(6).center(), 0);
+    FingerDown(*list_.viewport(), placeOf(8).center(), 1);
+    LiftFinger(0);
+    LiftFinger(1);
+    EXPECT_EQ(list_.SelectedLine(), 6);
+    EXPECT_EQ(doubleClicks_, 0);
+}
+
+// The panel may take a finger for the palm of a hand after all.
+TEST_F(TouchedListBoxTest, AFingerThatThePanelTakesBackSelectsNothingAndLeavesWholeLines)
+{
+    const QPoint middle = list_.viewport()->rect().center();
+    FingerDown(*list_.viewport(), middle, 0);
+    MoveFinger(*list_.viewport(), middle - QPoint(0, 4 * placeOf(0).height() + 5), 0);
+    QTouchEvent cancel(QEvent::TouchCancel);
+    QCoreApplication::sendEvent(list_.viewport(), &cancel);
+    EXPECT_EQ(placeOf(4).top(), 0);
+    LiftFinger(0);
+    EXPECT_EQ(placeOf(4).top(), 0);
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+}
+
 TEST_F(ListBoxTest, SortsAsASpanishDictionaryDoesAndKnowsWhatEachLineIsAbout)
 {
     const Lines sorted { "12 huevos", "6 huevos", "Ámbar", "Ámbar gris", "ANÍS", "árbol", "azúcar", "chorizo",
