@@ -96,8 +96,9 @@ bool KeypadKey::event(QEvent* event)
         return true;
     case QEvent::TouchUpdate: {
         const auto& points = static_cast<QTouchEvent*>(event)->points();
-        if (std::none_of(points.begin(), points.end(),
-                [this](const QEventPoint& point) { return rect().contains(point.position().toPoint()); })) {
+        if (std::none_of(points.begin(), points.end(), [this](const QEventPoint& point) {
+                return point.state() != QEventPoint::Released && rect().contains(point.position().toPoint());
+            })) {
             LetGo();
         }
         return true;

@@ -53,7 +53,7 @@ QTest::QTouchEventSequence touchesBeside(int finger, QWindow& window)
     auto touches = QTest::touchEvent(&window, touchPanel(), false);
     for (const auto& [other, where] : fingers()) {
         if (other != finger && where.Window != nullptr) {
-            touches.stationary(other);
+            touches.move(other, where.Place, where.Window); // to where it is: Qt would forget the place of one at rest
         }
     }
     return touches;

@@ -265,6 +265,32 @@ TEST_F(KeypadTest, TwoFingersPressTwoKeysAtATime)
     EXPECT_TRUE(form_.Answer->hasFocus());
 }
 
+// Qt tells the key of a finger on the window around it, too.
+TEST_F(KeypadTest, AKeyComesUpWithItsFingerWhileAHandRestsOnTheWindow)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")), 0);
+    FingerDown(form_, QPoint(5, form_.height() - 5), 1);
+    EXPECT_EQ(form_.Released, std::vector<int>());
+    LiftFinger(0);
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+    LiftFinger(1);
+    EXPECT_EQ(form_.Released.size(), 1U);
+}
+
+TEST_F(KeypadTest, AKeyComesUpWhenThePanelTakesTheFingerBack)
+{
+    showPad();
+    QAbstractButton& five = form_.KeyNamed(QStringLiteral("5"));
+    FingerDown(five);
+    QTouchEvent cancel(QEvent::TouchCancel);
+    QCoreApplication::sendEvent(&five, &cancel);
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+    EXPECT_FALSE(five.isDown());
+    FingerUp(five);
+    EXPECT_EQ(form_.Released.size(), 1U);
+}
+
 TEST_F(KeypadTest, AMenuAndAButtonAreWorkedByAFingerToo)
 {
     Tap(*form_.Done);
