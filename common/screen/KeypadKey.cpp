@@ -189,7 +189,7 @@ void KeypadKey::paintEvent(QPaintEvent* /*event*/)
     painter.setBrush(isDown() ? ground.darker(pressedShade) : ground);
     const QRectF face = contentsRect();
     const double radius = std::min(face.width(), face.height()) * roundness;
-    painter.drawRoundedRect(face.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+    painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius); // its edge is a part of the face
     painter.setPen(palette().color(QPalette::ButtonText));
     if (sign_ == KeySign::None) {
         paintCaption(painter);

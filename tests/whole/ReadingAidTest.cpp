@@ -298,7 +298,8 @@ void expectKeypad(const QWidget& window, const QWidget& pad)
     const QWidget& around = *(window.isModal() && window.parentWidget() != nullptr ? window.parentWidget() : &window);
     for (QPushButton* key : pad.findChildren<QPushButton*>()) {
         SCOPED_TRACE(key->accessibleName().toStdString());
-        EXPECT_GE(std::min(key->width(), key->height()), std::max(48, around.height() / 15));
+        EXPECT_GE(std::min(key->contentsRect().width(), key->contentsRect().height()),
+            std::max(48, (around.height() + 14) / 15));
         EXPECT_TRUE(window.rect().contains(placeIn(window, *key)));
         EXPECT_EQ(key->focusPolicy(), Qt::NoFocus);
         expectKeyStandsOut(*key);

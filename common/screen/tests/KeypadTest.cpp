@@ -515,13 +515,29 @@ TEST_F(KeypadTest, AnAssistiveToolPressesItsKeysWithoutTakingTheFocus)
 
 // --- Its place -------------------------------------------------------------------------------------------------------
 
+// Measured through the middle, where a key is no corner but its whole width and height.
+QSize paintedSizeOf(QWidget& key)
+{
+    const QImage picture = key.grab().toImage();
+    const QRgb around = picture.pixel(0, 0);
+    QSize size(0, 0);
+    for (int x = 0; x < picture.width(); ++x) {
+        size.rwidth() += picture.pixel(x, picture.height() / 2) != around ? 1 : 0;
+    }
+    for (int y = 0; y < picture.height(); ++y) {
+        size.rheight() += picture.pixel(picture.width() / 2, y) != around ? 1 : 0;
+    }
+    return size;
+}
+
 TEST_F(KeypadTest, ItsKeysAreAFifteenthOfTheHeightOfTheWindowAndNeverBelow48Pixels)
 {
     showPad();
-    for (const int height : { 600, 720, 800, 1080, 2160 }) {
+    const std::vector<std::pair<int, int>> sizes { { 600, 48 }, { 720, 48 }, { 721, 49 }, { 800, 54 }, { 1080, 72 },
+        { 2160, 144 } };
+    for (const auto& [height, size] : sizes) {
         form_.resize(height, height);
-        const QSize key = form_.KeyNamed(QStringLiteral("5")).size();
-        EXPECT_GE(std::min(key.width(), key.height()), std::max(48, height / 15)) << height;
+        EXPECT_EQ(paintedSizeOf(form_.KeyNamed(QStringLiteral("5"))), QSize(size, size)) << height;
     }
 }
 
@@ -737,7 +753,7 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
         EXPECT_TRUE(line.hasFocus());
         EXPECT_GE(pad.y(), line.geometry().bottom());
         EXPECT_TRUE(box.screen()->availableGeometry().contains(onScreen(pad)));
-        EXPECT_GE(pad.findChild<QAbstractButton*>()->height(), Keypad::KeySizeIn(form_.height()));
+        EXPECT_GE(pad.findChild<QAbstractButton*>()->contentsRect().height(), 48);
         box.accept();
     });
     EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "12,5");
