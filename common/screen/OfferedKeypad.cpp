@@ -10,6 +10,8 @@
 #include <QSignalBlocker>
 #include <QWindow>
 
+#include <utility>
+
 namespace numbrela {
 
 namespace {
@@ -63,9 +65,9 @@ bool OfferedKeypad::eventFilter(QObject* watched, QEvent* event)
     } else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
         const auto& press = static_cast<const QMouseEvent&>(*event);
         const QWidget* control = isTouch(press) ? window_.childAt(press.position().toPoint()) : nullptr;
-        if (control != nullptr && TakesTyping(*control)) {
-            choose(true);
-        }
+        boxIsTouched_ = control != nullptr && TakesTyping(*control);
+    } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(boxIsTouched_, false)) {
+        choose(true); // not before, because the box may move when the keypad comes
     }
     return false;
 }

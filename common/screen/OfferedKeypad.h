@@ -44,6 +44,7 @@ private:
     const KeypadKeys keys_;
     KeypadSwitch* switch_;
     Keypad* keypad_ = nullptr;
+    bool boxIsTouched_ = false; // by a finger or a pen that is still down
 };
 
 // Whether what is typed into a control stays in it.

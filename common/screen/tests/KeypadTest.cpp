@@ -223,10 +223,30 @@ TEST_F(KeypadTest, AFingerOnABoxThatTakesTypingShowsIt)
 TEST_F(KeypadTest, APenOnABoxThatTakesTypingShowsIt)
 {
     const QPointF middle = form_.Answer->geometry().center();
-    QMouseEvent fromPen(QEvent::MouseButtonPress, middle, middle, form_.mapToGlobal(middle), Qt::LeftButton,
-        Qt::LeftButton, Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
-    QCoreApplication::sendEvent(form_.windowHandle(), &fromPen);
+    for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
+        QMouseEvent fromPen(type, middle, middle, form_.mapToGlobal(middle), Qt::LeftButton, Qt::LeftButton,
+            Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
+        QCoreApplication::sendEvent(form_.windowHandle(), &fromPen);
+    }
     EXPECT_TRUE(form_.ShowsPad());
+}
+
+// The calculation moves aside for it, but not from under the finger.
+TEST_F(KeypadTest, TheTapThatShowsItReachesTheBoxThatItWasMeantFor)
+{
+    form_.resize(700, 800);
+    TextBox* other = AddTextBox(form_.Area(), QStringLiteral("Other"), { 500, 5000, 3500, 495 }, {}, Qt::AlignRight);
+    other->SetText("12345");
+    other->show();
+    QCoreApplication::processEvents();
+    const int before = other->x();
+    Tap(*other, QPoint(other->width() - 5, other->height() / 2));
+    EXPECT_TRUE(form_.ShowsPad());
+    EXPECT_LT(other->x(), before - 5);
+    EXPECT_TRUE(other->hasFocus());
+    EXPECT_EQ(other->CaretPosition(), 5);
+    EXPECT_EQ(other->selectedText(), QString());
+    EXPECT_EQ(form_.Pressed, std::vector<int>());
 }
 
 TEST_F(KeypadTest, NothingElseShowsIt)
