@@ -522,6 +522,30 @@ TEST_F(KeypadTest, TheEraserTakesAwayWhatWasTypedLast)
     EXPECT_EQ(form_.Pressed.back(), KeyCode::Backspace);
 }
 
+// Whichever key it stands for goes down and comes up again, or the next one of the keyboard would be a repetition.
+TEST_F(KeypadTest, TheEraserRepeatsItselfAndLetsGoOfTheKeyThatItStandsFor)
+{
+    showPad();
+    for (const bool isFromTheRight : { true, false }) {
+        form_.Answer->SetText("");
+        form_.PressKeys({ QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4") });
+        form_.Answer->SetCaretPosition(isFromTheRight ? 0 : 4);
+        form_.Pressed.clear();
+        form_.Released.clear();
+        FingerDown(form_.KeyNamed(QStringLiteral("Borrar cifra")));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return form_.Answer->Text().empty(); }));
+        FingerUp(form_.KeyNamed(QStringLiteral("Borrar cifra")));
+        const std::vector<int> keys = isFromTheRight ? std::vector<int>({ KeyCode::Backspace, KeyCode::Delete })
+                                                     : std::vector<int>({ KeyCode::Backspace });
+        EXPECT_EQ(form_.Released, keys);
+        EXPECT_EQ(form_.Pressed.back(), keys.back());
+        form_.Repeats = 0;
+        Press(Qt::Key_Delete);
+        Press(Qt::Key_Backspace);
+        EXPECT_EQ(form_.Repeats, 0);
+    }
+}
+
 TEST_F(KeypadTest, AnAssistiveToolPressesItsKeysWithoutTakingTheFocus)
 {
     showPad();
@@ -839,15 +863,24 @@ TEST_F(KeypadTest, AFingerOnTheLineOfAnInputBoxShowsItThereAndFromThenOnEverywhe
 TEST_F(KeypadTest, WhileAMessageIsOpenItWritesNothingAndAfterwardsItGoesOn)
 {
     showPad();
+    pressAndHold(form_.KeyNamed(QStringLiteral("5")));
     ExpectDialog([this](QDialog& box) {
-        form_.PressKeys({ QStringLiteral("1") });
-        EXPECT_TRUE(box.isVisible());
+        EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+        EXPECT_EQ(form_.Answer->CaretPosition(), 0);
+        QAbstractButton& one = form_.KeyNamed(QStringLiteral("1"));
+        EXPECT_FALSE(one.isEnabled());
+        one.click();
+        QAccessible::queryAccessibleInterface(&one)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+        QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton);
         box.accept();
     });
     ShowMessage(&form_, "Pulse el botón Volver a casa");
-    EXPECT_EQ(form_.Answer->Text(), "");
+    form_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+    EXPECT_EQ(form_.Pressed, std::vector<int>({ '5' }));
     form_.PressKeys({ QStringLiteral("2") });
-    EXPECT_EQ(form_.Answer->Text(), "2");
+    EXPECT_EQ(form_.Answer->Text(), "25");
 }
 
 } // namespace
