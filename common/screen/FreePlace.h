@@ -12,6 +12,8 @@ namespace numbrela {
 struct Obstacle {
     QRect Place;
     int Weight = 1;
+
+    bool operator==(const Obstacle&) const = default;
 };
 
 // Where in a room something of one of these sizes can lie: off `box`, and over as little of the obstacles as possible.

@@ -107,9 +107,10 @@ constexpr QColor edge(0x6d, 0x84, 0x9c);
 // Where a hand takes the keypad to drag it: two lines at its upper edge.
 class Grip : public QWidget {
 public:
-    Grip(std::function<void(QPoint place)> drag, QWidget* keypad)
+    Grip(std::function<void(QPoint place)> drag, std::function<void()> drop, QWidget* keypad)
         : QWidget(keypad)
         , drag_(std::move(drag))
+        , drop_(std::move(drop))
     {
         setCursor(Qt::SizeAllCursor);
     }
@@ -141,8 +142,11 @@ protected:
         }
     }
 
+    void mouseReleaseEvent(QMouseEvent* /*event*/) override { drop_(); }
+
 private:
     std::function<void(QPoint place)> drag_;
+    std::function<void()> drop_;
     QPoint held_; // where the hand holds the keypad
     bool dragging_ = false;
 };
@@ -234,9 +238,9 @@ int Keypad::topOf(const KeypadShape& shape, int keySize) const
     return shape.size() > 2 ? keySize * 2 / 5 : keySize / 4;
 }
 
-void Keypad::LetDrag(std::function<void(QPoint place)> drag)
+void Keypad::LetDrag(std::function<void(QPoint place)> drag, std::function<void()> drop)
 {
-    grip_ = new Grip(std::move(drag), this);
+    grip_ = new Grip(std::move(drag), std::move(drop), this);
 }
 
 void Keypad::add(const KeyDesign& design)

@@ -47,8 +47,9 @@ public:
     std::vector<QSize> SizesWith(int keySize) const;
     void TakeShape(std::size_t shape, int keySize);
 
-    // Gives the keypad a grip; `drag` is called with the place, in the parent, to which a hand wants to bring it.
-    void LetDrag(std::function<void(QPoint place)> drag);
+    // Gives the keypad a grip; `drag` is called with the place, in the parent, to which a hand wants to bring it, and
+    // `drop` when the hand lets go.
+    void LetDrag(std::function<void(QPoint place)> drag, std::function<void()> drop);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

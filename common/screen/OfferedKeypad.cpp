@@ -46,7 +46,8 @@ OfferedKeypad::OfferedKeypad(QWidget& window, const FormWindow& form, KeypadKeys
     , keys_(keys)
     , switch_(new KeypadSwitch(&window))
 {
-    connect(switch_, &QPushButton::toggled, this, &OfferedKeypad::choose);
+    connect(
+        switch_, &QPushButton::toggled, this, [this](bool shown) { choose(shown && !(IsChosen() && LacksRoom())); });
     window.installEventFilter(this);
 }
 

@@ -36,6 +36,9 @@ protected:
     bool IsChosen() const;
     virtual void OnChoice(bool shown) = 0;
 
+    // Whether the keypad is not shown although it is chosen and of use. Then the button takes the choice back.
+    virtual bool LacksRoom() const { return false; }
+
 private:
     void choose(bool shown);
 

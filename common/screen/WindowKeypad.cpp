@@ -122,7 +122,7 @@ void WindowKeypad::make()
 {
     if (Pad() == nullptr) {
         Keypad& pad = MakePad();
-        pad.LetDrag([this](QPoint to) { drag(to); });
+        pad.LetDrag([this](QPoint to) { drag(to); }, [this] { drop(); });
         pad.OnLetGo = [this] { update(); };
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, const QWidget* now) {
             if (now != nullptr && now->window() == &window_) {
@@ -135,7 +135,7 @@ void WindowKeypad::make()
 // ----------------------------------------------------------------------------------------------------------- its place
 
 // The keypad stays under the finger that holds a key, and where it is as long as that is off the box and nothing around
-// it has changed.
+// or under it has changed.
 void WindowKeypad::place()
 {
     Keypad& pad = *Pad();
@@ -143,18 +143,26 @@ void WindowKeypad::place()
         return;
     }
     const std::vector<QSize> sizes = pad.SizesWith(KeySize());
-    const Surroundings now { room(), roomToKeep(sizes) };
-    window_.Area().KeepRoomBeside(now.KeptBeside);
-    const bool stays = !pad.isHidden() && now == placedIn_ && IsFree(pad.geometry(), now.Room, boxInUse());
-    const std::optional<QRect> best = stays ? pad.geometry() : bestPlace(sizes);
-    if (best && !stays) {
-        shape_ = static_cast<std::size_t>(std::find(sizes.begin(), sizes.end(), best->size()) - sizes.begin());
-        pad.TakeShape(shape_, KeySize());
+    const int keptBeside = roomToKeep(sizes);
+    window_.Area().KeepRoomBeside(keptBeside);
+    const bool stays = !pad.isHidden() && placedIn_ == surroundingsOf(pad.geometry(), keptBeside)
+        && IsFree(pad.geometry(), room(), boxInUse());
+    std::optional<QRect> best = freeDraggedPlace(sizes);
+    if (!best) {
+        best = stays ? pad.geometry() : bestPlace(sizes);
+    }
+    if (best && *best != pad.geometry()) {
+        pad.TakeShape(shapeOf(best->size(), sizes), KeySize());
         pad.move(best->topLeft());
     }
     pad.raise(); // controls that are new are in front
-    placedIn_ = now;
+    placedIn_ = surroundingsOf(pad.geometry(), keptBeside);
     SetShown(best && !servesBox_);
+}
+
+std::size_t WindowKeypad::shapeOf(QSize size, const std::vector<QSize>& sizes)
+{
+    return static_cast<std::size_t>(std::find(sizes.begin(), sizes.end(), size) - sizes.begin());
 }
 
 // Beside the calculation, for the first shape that fits there, in pixels; none where a hand has dragged the keypad
@@ -164,50 +172,69 @@ int WindowKeypad::roomToKeep(const std::vector<QSize>& sizes) const
     const int beside = window_.width() - window_.Area().Drawing().width();
     const auto fitting = std::find_if(sizes.begin(), sizes.end(),
         [&](QSize size) { return size.width() + 2 * AroundKeypad <= beside && size.height() <= room().height(); });
-    return dragged_ || fitting == sizes.end() ? 0 : fitting->width() + 2 * AroundKeypad;
+    const bool isAway = dragged_ && !dragged_->KeepsRoom;
+    return isAway || fitting == sizes.end() ? 0 : fitting->width() + 2 * AroundKeypad;
 }
 
-// Where a hand has brought it, in the middle beside the calculation, or where it covers least.
+// In the middle beside the calculation, or where it covers least.
 std::optional<QRect> WindowKeypad::bestPlace(const std::vector<QSize>& sizes) const
 {
     const QRect all = room();
-    if (const QRect dragged = draggedPlace(sizes[shape_]); dragged_ && IsFree(dragged, all, boxInUse())) {
-        return dragged;
-    }
     QRect beside = all;
     beside.setLeft(window_.Area().Drawing().right() + 1);
     return FreePlace(all, sizes, beside.center(), boxInUse(), otherControls());
 }
 
-// Whoever has dragged it leaves no room free for it, so that something may move to where it is.
+// ------------------------------------------------------------------------------------------------------------ dragging
+
+// Under the hand, the calculation stays where it is.
 void WindowKeypad::drag(QPoint to)
 {
     const QRect all = room();
-    const QSize size = Pad()->size();
+    const std::vector<QSize> sizes = Pad()->SizesWith(KeySize());
     const QPoint last = all.bottomRight() - Pad()->rect().bottomRight();
     const auto share = [](int place, int first, int end) {
         return end > first ? std::clamp(static_cast<double>(place - first) / (end - first), 0.0, 1.0) : 0;
     };
-    const auto before
-        = std::exchange(dragged_, QPointF(share(to.x(), all.x(), last.x()), share(to.y(), all.y(), last.y())));
-    window_.Area().KeepRoomBeside(0);
-    if (IsFree(draggedPlace(size), all, boxInUse())) {
-        placedIn_ = { all, 0 };
-        Pad()->move(draggedPlace(size).topLeft());
-    } else {
+    const Dragged now { { share(to.x(), all.x(), last.x()), share(to.y(), all.y(), last.y()) },
+        shapeOf(Pad()->size(), sizes), placedIn_.KeptBeside > 0 };
+    const std::optional<Dragged> before = std::exchange(dragged_, now);
+    if (!freeDraggedPlace(sizes)) {
         dragged_ = before;
+    }
+    place();
+}
+
+// The calculation goes back to the middle, unless its box would come under the keypad there.
+void WindowKeypad::drop()
+{
+    if (dragged_ && dragged_->KeepsRoom) {
+        window_.Area().KeepRoomBeside(0);
+        dragged_->KeepsRoom = !freeDraggedPlace(Pad()->SizesWith(KeySize()));
         place();
     }
 }
 
-QRect WindowKeypad::draggedPlace(QSize size) const
+// Where a hand has brought it, if nobody writes there.
+std::optional<QRect> WindowKeypad::freeDraggedPlace(const std::vector<QSize>& sizes) const
 {
+    if (!dragged_) {
+        return std::nullopt;
+    }
     const QRect all = room();
-    const QPointF share = dragged_.value_or(QPointF());
-    return { all.topLeft()
-            + QPoint(
-                qRound(share.x() * (all.width() - size.width())), qRound(share.y() * (all.height() - size.height()))),
-        size };
+    const QSize size = sizes[dragged_->Shape];
+    const QPoint inRoom(qRound(dragged_->Share.x() * (all.width() - size.width())),
+        qRound(dragged_->Share.y() * (all.height() - size.height())));
+    const QRect place(all.topLeft() + inRoom, size);
+    return IsFree(place, all, boxInUse()) ? std::optional(place) : std::nullopt;
+}
+
+// --------------------------------------------------------------------------------------------------------- what is
+// there
+
+bool WindowKeypad::LacksRoom() const
+{
+    return Pad() != nullptr && Pad()->isHidden() && anyBoxTakesTyping();
 }
 
 bool WindowKeypad::anyBoxTakesTyping() const
@@ -218,11 +245,18 @@ bool WindowKeypad::anyBoxTakesTyping() const
     });
 }
 
+WindowKeypad::Surroundings WindowKeypad::surroundingsOf(const QRect& place, int keptBeside) const
+{
+    std::vector<Obstacle> covered = otherControls();
+    const auto isFree = [&place](const Obstacle& each) { return !each.Place.intersects(place); };
+    covered.erase(std::remove_if(covered.begin(), covered.end(), isFree), covered.end());
+    return { room(), keptBeside, covered };
+}
+
 // What is below the menu bar.
 QRect WindowKeypad::room() const
 {
-    const int top = menuBar_.isHidden() ? 0 : menuBar_.height();
-    return window_.rect().adjusted(0, top, 0, 0);
+    return window_.rect().adjusted(0, menuBar_.height(), 0, 0);
 }
 
 QRect WindowKeypad::boxInUse() const

@@ -33,36 +33,47 @@ public:
     void ServeBox(QInputDialog& box);
 
 private:
+    // What a place was chosen for. Pixels.
+    struct Surroundings {
+        QRect Room;
+        int KeptBeside = 0;
+        std::vector<Obstacle> Covered;
+
+        bool operator==(const Surroundings&) const = default;
+    };
+
+    // Where a hand has brought the keypad.
+    struct Dragged {
+        QPointF Share; // 0 to 1 of what the window leaves free
+        std::size_t Shape = 0;
+        bool KeepsRoom = false; // the calculation stays aside
+    };
+
     void OnChoice(bool shown) override;
+    bool LacksRoom() const override;
     void placeSwitch();
     void update();
     void make();
     void place();
+    static std::size_t shapeOf(QSize size, const std::vector<QSize>& sizes);
+    Surroundings surroundingsOf(const QRect& place, int keptBeside) const;
     int roomToKeep(const std::vector<QSize>& sizes) const;
     std::optional<QRect> bestPlace(const std::vector<QSize>& sizes) const;
     void drag(QPoint to);
-    QRect draggedPlace(QSize size) const;
+    void drop();
+    std::optional<QRect> freeDraggedPlace(const std::vector<QSize>& sizes) const;
     bool anyBoxTakesTyping() const;
     QRect room() const;
     QRect boxInUse() const;
     QRect placeOf(const QWidget& control) const;
     std::vector<Obstacle> otherControls() const;
 
-    // What a place was chosen for. Pixels.
-    struct Surroundings {
-        QRect Room;
-        int KeptBeside = 0;
-
-        bool operator==(const Surroundings&) const = default;
-    };
-
     FormWindow& window_;
     QMenuBar& menuBar_;
     bool wantedAnyway_ = false; // although no box takes typing
     bool servesBox_ = false; // one is open
     Surroundings placedIn_;
-    std::size_t shape_ = 0;
-    std::optional<QPointF> dragged_; // to there; 0 to 1 of what the window leaves free
+    std::optional<Dragged> dragged_;
 };
 
 } // namespace numbrela

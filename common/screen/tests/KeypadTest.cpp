@@ -627,6 +627,28 @@ TEST_F(KeypadTest, FloatsWhereThereIsNoRoomBesideAndNeverLiesOverTheBoxThatIsWri
     EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
 }
 
+// What could not be pressed under it need not be near the box that is written in.
+TEST_F(KeypadTest, GetsOutOfTheWayOfWhatComesUnderItAndStaysWhateverElseComes)
+{
+    Exercise form({ 4875, 10500 });
+    ShowAndActivate(form);
+    form.Answer->setFocus();
+    ClickOnScreen(form.Switch());
+    const QRect before = form.Pad()->geometry();
+    const auto addButton = [&form](const char* name, TwipsRect place) {
+        CommandButton* button = AddButton(form.Area(), QString::fromLatin1(name), QStringLiteral("&Dos"), place, {});
+        button->show();
+        QCoreApplication::processEvents();
+        return button;
+    };
+    addButton("Above", { 500, 200, 1500, 495 });
+    EXPECT_EQ(form.Pad()->geometry(), before);
+    const QPoint middle = (before.center() - form.Area().Drawing().topLeft()) * 15; // twips
+    const CommandButton* below = addButton("Below", { middle.x(), middle.y(), 1500, 495 });
+    EXPECT_NE(form.Pad()->geometry(), before);
+    EXPECT_FALSE(form.Pad()->geometry().intersects(below->geometry()));
+}
+
 TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRoom)
 {
     showPad();
@@ -634,11 +656,23 @@ TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRo
     form_.resize(165, 260);
     EXPECT_FALSE(form_.ShowsPad());
     EXPECT_FALSE(form_.Switch().isChecked());
-    showPad();
-    EXPECT_FALSE(form_.Switch().isChecked());
     form_.resize(325, 540);
     EXPECT_TRUE(form_.ShowsPad());
     EXPECT_TRUE(form_.Switch().isChecked());
+}
+
+TEST_F(KeypadTest, TheButtonTakesTheChoiceBackWhereThereIsNoRoom)
+{
+    showPad();
+    form_.setMinimumSize(100, 100);
+    for (const bool isShown : { false, true }) {
+        form_.resize(165, 260);
+        showPad();
+        EXPECT_FALSE(form_.Switch().isChecked());
+        form_.resize(325, 540);
+        EXPECT_EQ(form_.ShowsPad(), isShown);
+        EXPECT_EQ(form_.Switch().isChecked(), isShown);
+    }
 }
 
 // The paper of a division takes all keys, and they are too many for one column of digits.
@@ -736,6 +770,49 @@ TEST_F(KeypadDragTest, AHandDragsItWithinTheWindowAndItStaysThereUntilTheButtonH
     showPad();
     showPad();
     EXPECT_EQ(form_.Pad()->pos(), before);
+}
+
+TEST_F(KeypadDragTest, ItGoesBackToWhereAHandBroughtItWhenNobodyWritesThereAnyMore)
+{
+    TextBox* other = AddTextBox(form_.Area(), QStringLiteral("Other"), { 500, 5000, 3500, 495 }, {}, Qt::AlignRight);
+    other->show();
+    form_.resize(1280, 800);
+    QCoreApplication::processEvents();
+    showPad();
+    drag(other->geometry().center() - form_.Pad()->geometry().center());
+    const QRect dragged = form_.Pad()->geometry();
+    ASSERT_TRUE(dragged.intersects(other->geometry()));
+    other->setFocus();
+    EXPECT_FALSE(form_.Pad()->geometry().intersects(other->geometry()));
+    form_.Answer->setFocus();
+    EXPECT_EQ(form_.Pad()->geometry(), dragged);
+}
+
+// The calculation must not slip under it.
+TEST_F(KeypadDragTest, BesideTheCalculationItFollowsTheHandFromTheFirst)
+{
+    form_.resize(700, 800);
+    const QRect alone = form_.Area().Drawing();
+    showPad();
+    const QRect beside = form_.Area().Drawing();
+    const QPoint before = form_.Pad()->pos();
+    drag({ -20, -60 });
+    EXPECT_EQ(form_.Pad()->pos(), before + QPoint(-20, -60));
+    EXPECT_EQ(form_.Area().Drawing(), beside);
+    drag({ 0, 300 });
+    EXPECT_EQ(form_.Area().Drawing(), alone);
+}
+
+TEST_F(KeypadDragTest, AFingerDragsItToo)
+{
+    form_.resize(1280, 800);
+    showPad();
+    const QPoint before = form_.Pad()->pos();
+    const QPoint grip(form_.Pad()->width() / 2, 5);
+    DragByFinger(*form_.Pad(), grip, grip + QPoint(-30, 60));
+    EXPECT_EQ(form_.Pad()->pos(), before + QPoint(-30, 60));
+    EXPECT_TRUE(form_.Answer->hasFocus());
+    EXPECT_EQ(form_.Pressed, std::vector<int>());
 }
 
 TEST_F(KeypadDragTest, NoRoomIsKeptBesideTheCalculationWhileItIsDraggedAway)
