@@ -102,8 +102,6 @@ int gapBetween(int key)
     return std::max(4, key / 12);
 }
 
-constexpr QColor edge(0x6d, 0x84, 0x9c);
-
 // Where a hand takes the keypad to drag it: two lines at its upper edge.
 class Grip : public QWidget {
 public:
@@ -120,7 +118,8 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(edge, 2, Qt::SolidLine, Qt::RoundCap));
+        constexpr QColor lines(0x43, 0x56, 0x69); // with a contrast of more than 4 to the ground
+        painter.setPen(QPen(lines, 2, Qt::SolidLine, Qt::RoundCap));
         const int half = width() / 8;
         for (const int y : { height() / 2 - 3, height() / 2 + 3 }) {
             painter.drawLine(width() / 2 - half, y, width() / 2 + half, y);
@@ -307,6 +306,7 @@ void Keypad::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr double radius = 8; // pixels
     constexpr QColor ground(0xb9, 0xc9, 0xda);
+    constexpr QColor edge(0x6d, 0x84, 0x9c);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(edge);

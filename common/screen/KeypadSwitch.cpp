@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace numbrela {
 
 namespace {
@@ -31,8 +33,6 @@ QSize KeypadSwitch::sizeHint() const
 // A keypad of three rows of keys, as high as the letters around it, in the middle of the button.
 void KeypadSwitch::paintEvent(QPaintEvent* /*event*/)
 {
-    constexpr int columns = 4;
-    constexpr int rows = 3;
     constexpr double radius = 3; // pixels
     const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     const QColor ink = palette().color(group, QPalette::ButtonText);
@@ -48,15 +48,23 @@ void KeypadSwitch::paintEvent(QPaintEvent* /*event*/)
         painter.setPen(QPen(lit, 2));
     }
     painter.drawRoundedRect(outline, radius, radius);
-    const QColor keys = isChecked() && isEnabled() ? palette().color(group, QPalette::HighlightedText) : ink;
-    const QRectF inside = outline.adjusted(2, 2, -2, -2);
-    const double width = inside.width() / columns;
-    const double height = inside.height() / rows;
+    paintKeys(painter, isChecked() && isEnabled() ? palette().color(group, QPalette::HighlightedText) : ink);
+}
+
+// In whole pixels, which keeps them sharp, with gaps that grow with them.
+void KeypadSwitch::paintKeys(QPainter& painter, const QColor& colour) const
+{
+    constexpr int columns = 4;
+    constexpr int rows = 3;
+    const int letters = fontMetrics().height();
+    const int gap = std::max(2, letters / 7);
+    const QSize key((2 * letters - (columns + 1) * gap) / columns, (letters - (rows + 1) * gap) / rows);
+    const QSize all(columns * (key.width() + gap) - gap, rows * (key.height() + gap) - gap);
+    const QPoint first((width() - all.width()) / 2, (height() - all.height()) / 2);
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns; ++column) {
-            painter.fillRect(
-                QRectF(inside.x() + column * width, inside.y() + row * height, width, height).adjusted(1, 1, -1, -1),
-                keys);
+            const QPoint step(column * (key.width() + gap), row * (key.height() + gap));
+            painter.fillRect(QRect(first + step, key), colour);
         }
     }
 }

@@ -17,6 +17,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintKeys(QPainter& painter, const QColor& colour) const;
 };
 
 } // namespace numbrela

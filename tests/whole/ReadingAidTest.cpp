@@ -1,4 +1,5 @@
 #include "common/screen/FormWindow.h"
+#include "common/screen/KeypadSwitch.h"
 #include "common/screen/TextBox.h"
 #include "common/screen/WindowKeypad.h"
 #include "tests/gallery/Gallery.h"
@@ -20,6 +21,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QTest>
 #include <QTextEdit>
 
@@ -273,6 +275,40 @@ void expectKeyStandsOut(QPushButton& key)
     key.setDown(false);
 }
 
+// What a hand must find, but nobody has to read.
+constexpr double enoughForSigns = 3;
+
+// The two lines above the keys.
+void expectGripStandsOut(QWidget& pad)
+{
+    const QImage picture = pad.grab().toImage();
+    const QColor ground = picture.pixelColor(picture.width() / 2, 2);
+    double best = 1;
+    for (int y = 2; y < pad.findChild<QPushButton*>()->contentsRect().height() / 5; ++y) {
+        best = std::max(best, Contrast(picture.pixelColor(picture.width() / 2, y), ground));
+    }
+    EXPECT_GE(best, enoughForSigns);
+}
+
+// The drawing of a keypad on it, two of whose keys meet in its middle.
+void expectSwitchStandsOut(KeypadSwitch& button)
+{
+    const QSignalBlocker nobodyChooses(button);
+    const bool before = button.isChecked();
+    for (const bool isLit : { !before, before }) {
+        for (const bool isUnderMouse : { true, false }) {
+            button.setChecked(isLit);
+            button.setAttribute(Qt::WA_UnderMouse, isUnderMouse);
+            const QImage picture = button.grab().toImage();
+            const QPoint middle = picture.rect().center();
+            const QColor gap = picture.pixelColor(middle);
+            const QColor key = picture.pixelColor(middle + QPoint(button.fontMetrics().height() / 4, 0));
+            EXPECT_GE(Contrast(gap, key), enoughForSigns) << isLit << isUnderMouse;
+            EXPECT_EQ(key.lightness() > gap.lightness(), isLit);
+        }
+    }
+}
+
 bool isPartOf(const QWidget& pad, const QWidget& control)
 {
     return &control == &pad || pad.isAncestorOf(&control);
@@ -342,7 +378,7 @@ TEST_P(ReadingAidTest, TheKeypadIsMadeForFingersAndNeverLiesOverTheBoxThatIsWrit
 {
     bool seen = false;
     inspectAll([&seen](QWidget& window) {
-        const auto* pad = window.findChild<Keypad*>();
+        auto* pad = window.findChild<Keypad*>();
         if (pad == nullptr || !pad->isVisible() || pad->window() != &window) {
             return;
         }
@@ -352,6 +388,8 @@ TEST_P(ReadingAidTest, TheKeypadIsMadeForFingersAndNeverLiesOverTheBoxThatIsWrit
         expectOffEveryBox(window, *pad);
         if (const auto* form = dynamic_cast<const FormWindow*>(&window)) {
             expectBesideCalculation(*form, *pad);
+            expectGripStandsOut(*pad);
+            expectSwitchStandsOut(*window.findChild<KeypadSwitch*>());
         }
     });
     const std::set<std::string> withoutBoxes { "Menu", "Compare" };

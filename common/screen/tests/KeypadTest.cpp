@@ -164,6 +164,35 @@ TEST(KeypadSwitchTest, TheMenuBarIsNoHigherThanWithoutIt)
     }
 }
 
+// How much of the drawing on the button is light, from 0 to 1.
+double lightShareOf(QWidget& button)
+{
+    const QImage picture = button.grab().toImage();
+    const QRect middle(picture.width() / 4, picture.height() / 4, picture.width() / 2, picture.height() / 2);
+    int light = 0;
+    for (int y = middle.top(); y <= middle.bottom(); ++y) {
+        for (int x = middle.left(); x <= middle.right(); ++x) {
+            light += picture.pixelColor(x, y).lightness() >= 128 ? 1 : 0;
+        }
+    }
+    return static_cast<double>(light) / (middle.width() * middle.height());
+}
+
+TEST_F(KeypadTest, TheKeysOnTheButtonTakeTheSameShareOfItHoweverLargeItIs)
+{
+    for (const QSize size : { form_.size(), QSize(800, 480), QSize(1280, 800), QSize(1920, 1080), QSize(3840, 2160) }) {
+        form_.resize(size);
+        const double unlit = lightShareOf(form_.Switch());
+        EXPECT_GT(unlit, 0.4) << size.width();
+        EXPECT_LT(unlit, 0.8) << size.width();
+        showPad();
+        const double lit = lightShareOf(form_.Switch());
+        EXPECT_LT(lit, 0.6) << size.width();
+        EXPECT_GT(lit, 0.2) << size.width();
+        showPad();
+    }
+}
+
 TEST_F(KeypadTest, WhatWasChosenLastHoldsForTheWindowsThatAreOpenedFromThisOneAndForThisOneAgain)
 {
     showPad();
