@@ -1,6 +1,7 @@
 #include "tests/monkey/Monkey.h"
 
 #include "activities/multiply/screen/Dialog.h"
+#include "common/screen/OfferedKeypad.h"
 #include "tests/monkey/Acts.h"
 #include "tests/monkey/Ends.h"
 #include "tests/monkey/Keeper.h"
@@ -146,6 +147,7 @@ void Monkey::step()
     ++progress_.Event;
     SayAlive();
     expectKeypadsAtRest();
+    expectKeypadsInPlace();
     if (isWantedThere()) {
         ++progress_.EventsThere;
     } else if (progress_.Event > mostAway + mostAway * progress_.EventsThere) {
@@ -217,6 +219,24 @@ void Monkey::expectKeypadsAtRest() const
                 std::abort();
             }
         }
+    }
+}
+
+// Inside its window and off the box that is written in, unless somebody holds one of its keys. A window without the
+// focus looks after it when it gets the focus.
+void Monkey::expectKeypadsInPlace() const
+{
+    const QWidget* window = QApplication::activeWindow();
+    const auto* pad = window != nullptr ? window->findChild<Keypad*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+    if (pad == nullptr || !pad->isVisible() || hands_.HoldsScreen()) {
+        return;
+    }
+    const QWidget* box = window->focusWidget();
+    const bool covers = box != nullptr && TakesTyping(*box)
+        && pad->geometry().intersects(QRect(box->mapTo(window, QPoint()), box->size()));
+    if (covers || !window->rect().contains(pad->geometry())) {
+        std::fprintf(stderr, "the keypad is not in its place in %s\n", qUtf8Printable(NameOf(*window)));
+        std::abort();
     }
 }
 

@@ -36,6 +36,7 @@ private:
     Census alive();
     void expectNothingLeft();
     void expectKeypadsAtRest() const;
+    void expectKeypadsInPlace() const;
     void expectFelt() const;
     void noteEnd();
     QString nameOfFront();
