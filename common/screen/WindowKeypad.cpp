@@ -229,8 +229,7 @@ std::optional<QRect> WindowKeypad::freeDraggedPlace(const std::vector<QSize>& si
     return IsFree(place, all, boxInUse()) ? std::optional(place) : std::nullopt;
 }
 
-// --------------------------------------------------------------------------------------------------------- what is
-// there
+// ----------------------------------------------------------------------------------------------------- what is there
 
 bool WindowKeypad::LacksRoom() const
 {
