@@ -8,6 +8,7 @@
 #include <QPixmapCache>
 #include <QProxyStyle>
 #include <QPushButton>
+#include <QStringList>
 #include <QStyleOption>
 #include <QTranslator>
 #include <QWidget>
@@ -212,10 +213,13 @@ private:
 
 void ApplyLook(QApplication& application)
 {
-    QFont::insertSubstitutions(QStringLiteral("Arial"), { QStringLiteral("Liberation Sans") });
-    QFont::insertSubstitutions(QStringLiteral("Courier New"), { QStringLiteral("Liberation Mono") });
+    // In a browser, what is cut out of Liberation is called after the program: its licence keeps the name for the
+    // whole.
+    const QStringList mono { QStringLiteral("Liberation Mono"), QStringLiteral("Numbrela Mono") };
     QFont::insertSubstitutions(
-        QStringLiteral("Courier"), { QStringLiteral("Courier New"), QStringLiteral("Liberation Mono") });
+        QStringLiteral("Arial"), { QStringLiteral("Liberation Sans"), QStringLiteral("Numbrela Sans") });
+    QFont::insertSubstitutions(QStringLiteral("Courier New"), mono);
+    QFont::insertSubstitutions(QStringLiteral("Courier"), QStringList(QStringLiteral("Courier New")) + mono);
     QFont::insertSubstitutions(QStringLiteral("Verdana"), { QStringLiteral("DejaVu Sans") });
 
     // Fusion would cache its pictures of scroll bars and arrows under names that contain the identity of a palette.

@@ -11,9 +11,16 @@ from fontTools import subset
 from fontTools.ttLib import TTFont
 from fontTools.ttLib.ttCollection import TTCollection
 
-# Latin-1 and the rest of the western encoding of the catalogue, and the signs of the exercises, of which the subsetter
-# takes those that a font has.
+# Latin-1 and the rest of the western encoding of the catalogue, and the signs of the exercises. The subsetter takes
+# those that a font has, and one of them must.
 CHARACTERS = [*range(0x20, 0x7F), *range(0xA0, 0x180), *map(ord, "‚ƒ„…†‡ˆ‰‹‘’“”•–—˜™›€←↑→↓−≠≤≥⌫◄►▲▼●○■□✓✔✗✘⠿⋮⋯")]
+
+
+def rename(font):
+    """What is cut out of Liberation must not bear its name, which its licence reserves."""
+    for record in font["name"].names:
+        if record.nameID in (1, 4, 6):
+            record.string = record.toUnicode().replace("Liberation", "Numbrela")
 
 
 def main():
@@ -21,15 +28,20 @@ def main():
     options.hinting = False
     options.layout_features = ["kern"]
     options.drop_tables += ["FFTM"]
-    options.name_IDs = [1, 2, 4, 6]
+    options.name_IDs = [0, 1, 2, 4, 6, 13]
     options.notdef_outline = True
     collection = TTCollection()
+    missing = set(CHARACTERS)
     for source in sys.argv[2:]:
         font = TTFont(source, recalcTimestamp=False)
+        missing -= set(font.getBestCmap())
         subsetter = subset.Subsetter(options)
         subsetter.populate(unicodes=CHARACTERS)
         subsetter.subset(font)
+        rename(font)
         collection.fonts.append(font)
+    if missing:
+        sys.exit(f"no font has {''.join(map(chr, sorted(missing)))}")
     os.makedirs(os.path.dirname(sys.argv[1]), exist_ok=True)
     collection.save(sys.argv[1], shareTables=True)
 
