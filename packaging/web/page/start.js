@@ -14,11 +14,10 @@ async function start() {
     byId("loading").hidden = false;
     try {
         const scripts = new Promise(done => addEventListener("DOMContentLoaded", done, { once: true }));
-        const [module, catalogue] = await Promise.all([compiledProgram(), startingCatalogue(), scripts]);
+        const [module, catalogue] = await Promise.all([compiledProgram(), fallbackCatalogue(), scripts]);
         await run(module, catalogue);
     } catch (error) {
-        end(error instanceof WebAssembly.CompileError ? unfitText
-            : "Numbrela no se ha podido cargar: no hay conexión, o en el servidor falta algo.", error);
+        end(error instanceof WebAssembly.CompileError ? unfitText : incompleteText, error);
         return;
     }
     byId("notice").hidden = running;
@@ -29,8 +28,14 @@ async function start() {
     }
 }
 
-async function startingCatalogue() {
-    return storedCatalogue() ?? schoolCatalogue();
+// What the browser has stored stands for it, but another tab may give that up, so that this one falls back on it.
+function fallbackCatalogue() {
+    return schoolCatalogue().catch(error => {
+        if (storedCatalogue() === null) {
+            throw error;
+        }
+        return null;
+    });
 }
 
 async function compiledProgram() {
@@ -48,6 +53,11 @@ async function compiledProgram() {
             received += chunk.length;
             showProgress(Math.min(100, Math.floor(100 * received / total)));
             output.enqueue(chunk);
+        },
+        flush() { // or else what has not all been copied to the server yet would look like what no browser can read
+            if (received !== total) {
+                throw new Error(`numbrela.wasm: ${received} / ${total}`);
+            }
         },
     });
     // A response of our own, so that it does not matter what type the server takes the file for.
@@ -144,6 +154,6 @@ addEventListener("keyup", event => {
     }
 }, { capture: true });
 
-if (browserIsFit) {
+if (hindrance === "") {
     start();
 }

@@ -1,5 +1,7 @@
 // Keeps one whole version of the page and the program, so that they start without a network. A new version is fetched
-// while the old one runs, and takes its place when nobody uses that any more; their files never mix.
+// while the old one runs, and takes its place when nobody uses that any more. Their files never mix: a version is kept
+// only when each of its files is the one that was packed, which it is not while somebody copies them to the server.
+// Otherwise the next visit tries again.
 "use strict";
 importScripts("delivery.js?@VERSION@");
 
@@ -9,8 +11,24 @@ const cacheName = `numbrela ${folder} @VERSION@`;
 const catalogue = folder + "Recursos/productos.dat";
 const patience = 5000; // milliseconds for a server that may not be there
 
-const files = ["", "style.css", "check.js", "delivery.js", "start.js", "links.js", "catalogue.js", "qtloader.js",
-    "numbrela.js", "sizes.json", "manifest.webmanifest", "icon-192.png", "icon-512.png", "icon-maskable-512.png"];
+// The SHA-256 of each file that is kept, as it is unpacked. The packing puts them here.
+const sums = {
+    "": "",
+    "style.css": "",
+    "check.js": "",
+    "delivery.js": "",
+    "start.js": "",
+    "links.js": "",
+    "catalogue.js": "",
+    "qtloader.js": "",
+    "numbrela.js": "",
+    "numbrela.wasm": "",
+    "sizes.json": "",
+    "manifest.webmanifest": "",
+    "icon-192.png": "",
+    "icon-512.png": "",
+    "icon-maskable-512.png": "",
+};
 
 addEventListener("install", event => event.waitUntil(keepAll()));
 addEventListener("activate", event => event.waitUntil(forgetOthers()));
@@ -22,17 +40,27 @@ addEventListener("fetch", event => {
 
 async function keepAll() {
     const cache = await caches.open(cacheName);
-    const keep = async (name, response) => {
-        if (!response.ok) {
-            throw new Error(`${name}: ${response.status}`);
-        }
-        await cache.put(folder + name, response);
-    };
     await Promise.all([
-        ...files.map(async name => keep(name, await fetch(folder + name + version))),
-        keep("numbrela.wasm", await deliverProgram(version)),
+        ...Object.keys(sums).map(async name => cache.put(folder + name, await packedFile(name))),
         newestCatalogue(),
     ]);
+}
+
+// What the page has just loaded need not come again, unless it came too early.
+async function packedFile(name) {
+    for (const from of ["default", "reload"]) {
+        const response = name === "numbrela.wasm" ? await deliverProgram(version, from)
+            : await fetch(folder + name + version, { cache: from });
+        if (response.ok && await sumOf(response.clone()) === sums[name]) {
+            return response;
+        }
+    }
+    throw new Error(`${name} is not the one of ${version}`);
+}
+
+async function sumOf(response) {
+    const sum = await crypto.subtle.digest("SHA-256", await response.arrayBuffer());
+    return Array.from(new Uint8Array(sum), byte => byte.toString(16).padStart(2, "0")).join("");
 }
 
 async function forgetOthers() {

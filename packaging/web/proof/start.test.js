@@ -1,10 +1,13 @@
 // How the program comes to the browser and how it ends. NUMBRELA_EMPTY is the folder with an empty window in the
 // program's place.
 import assert from "node:assert/strict";
-import { readFile, readdir, rm, writeFile } from "node:fs/promises";
+import { appendFile, cp, mkdtemp, readFile, readdir, rm, truncate, writeFile } from "node:fs/promises";
+import { join } from "node:path";
 import { test } from "node:test";
+import { pathToFileURL } from "node:url";
 
 import { folder, inEachBrowser, priceOf } from "./school.js";
+import { writeSums } from "./sums.mjs";
 import { opensPowersOfTen, readsPrice } from "./walks.js";
 
 const empty = process.env.NUMBRELA_EMPTY;
@@ -15,6 +18,7 @@ const manyRounds = 24;
 
 const again = "Empezar de nuevo";
 const unfit = "Este navegador no puede abrir Numbrela: hace falta una versión actual de Chrome, Edge, Firefox o Safari.";
+const incomplete = "Numbrela no se ha podido cargar: no hay conexión, o en el servidor falta algo.";
 
 inEachBrowser(school => {
     test("a first visit takes no more over the wire than is allowed, and tells how far it is", async () => {
@@ -64,33 +68,62 @@ inEachBrowser(school => {
     });
 
     test("a new version takes the place of the old one as a whole", async () => {
+        const next = await nextVersion();
         const first = await school.start();
         await first.isKept();
         await first.page.close();
-        const version = (await readFile(school.file("worker.js"), "utf8")).match(/"(\?.*)"/)[1];
-        await rename(version, "?otra");
+        await cp(next, school.site, { recursive: true });
         const old = await school.start();
         await old.until("the new version", async () => (await navigator.serviceWorker.getRegistration()).waiting);
-        assert.ok((await programsOf(old)).every(name => name.endsWith(version)), "the old version is whole");
+        await getsFilesOf(old, folder);
         await old.page.close();
         const other = await school.start();
-        assert.ok((await programsOf(other)).every(name => name.endsWith("?otra")), "the new version is whole");
+        await getsFilesOf(other, next);
         assert.equal((await other.page.evaluate(() => caches.keys())).length, 1);
     });
 
-    async function rename(version, other) {
-        const names = (await readdir(school.site)).filter(name => /\.(js|html)$/.test(name));
-        for (const name of names) {
-            const text = await readFile(school.file(name), "utf8");
-            await writeFile(school.file(name), text.replaceAll(version, other));
-            await rm(school.file(name) + ".br", { force: true });
+    test("a new version is not kept before all of it has been copied to the server", async () => {
+        const next = await nextVersion();
+        const first = await school.start();
+        await first.isKept();
+        await cp(join(next, "worker.js"), school.file("worker.js"));
+        assert.equal(await first.page.evaluate(installs), false, "while all else is old");
+        await cp(next, school.site, { recursive: true });
+        await truncate(school.file("numbrela.js"), 100_000);
+        assert.equal(await first.page.evaluate(installs), false, "while a script is half there");
+        await first.page.close();
+        const old = await school.start();
+        await getsFilesOf(old, folder);
+        await cp(next, school.site, { recursive: true });
+        assert.equal(await old.page.evaluate(installs), true);
+        await old.page.close();
+        await getsFilesOf(await school.start(), next);
+    });
+
+    // A folder beside the school's, in which each text has another content under another name.
+    async function nextVersion() {
+        const next = await mkdtemp(join(school.rooms, "next-"));
+        await cp(folder, next, { recursive: true });
+        const version = (await readFile(join(next, "worker.js"), "utf8")).match(/"\?(.*)"/)[1];
+        for (const name of (await readdir(next)).filter(one => /\.(js|html|css)$/.test(one))) {
+            const text = await readFile(join(next, name), "utf8");
+            await writeFile(join(next, name), text.replaceAll(version, "otra"));
+            await appendFile(join(next, name), name.endsWith(".html") ? "<!-- otra -->" : "/* otra */");
+            for (const packed of [`${name}.br`, `${name}.gz`]) {
+                await rm(join(next, packed), { force: true });
+                await rm(school.file(packed), { force: true }); // which a copy over the old files would leave there
+            }
         }
-        await writeFile(school.file("worker.js"),
-            (await readFile(school.file("worker.js"), "utf8")).replaceAll(version.slice(1), other.slice(1)));
+        await writeSums(next);
+        return next;
     }
 
-    const programsOf = tab => tab.page.evaluate(() => performance.getEntriesByType("resource").map(one => one.name)
-        .filter(name => /\.(js|wasm)\?/.test(name)));
+    async function getsFilesOf(tab, version) {
+        for (const name of ["index.html", "style.css", "start.js", "links.js", "numbrela.js"]) {
+            const got = await tab.page.evaluate(async one => (await fetch(one)).text(), name);
+            assert.ok(got === await readFile(join(version, name), "utf8"), `${name} is of the other version`);
+        }
+    }
 
     test("an error that ends the program is said, and it starts again at a click", async () => {
         const tab = await school.start();
@@ -110,20 +143,61 @@ inEachBrowser(school => {
     });
 
     test("a browser that cannot run it is told so", async () => {
-        const tab = await school.person.tab({ before: () => delete window.WebAssembly });
-        await tab.goes(school.url);
-        await tab.reads(unfit);
+        const lacks = [() => delete window.WebAssembly, () => delete WebAssembly.compileStreaming,
+            () => delete window.TransformStream, () => delete AbortSignal.timeout, () => delete window.HTMLDialogElement];
+        for (const before of lacks) {
+            const tab = await school.person.tab({ before });
+            await tab.goes(school.url);
+            await tab.reads(unfit);
+            await tab.page.close();
+        }
     });
 
-    test("a program that is not all there is not started, and this is said", async () => {
-        await rm(school.file("numbrela.wasm"));
-        await rm(school.file("numbrela.wasm.br"));
+    test("who opens the page from the disk is told that it needs a server", async () => {
+        const tab = await school.person.tab();
+        await tab.goes(pathToFileURL(school.file("index.html")).href);
+        await tab.reads("Numbrela se abre desde un servidor web, no desde el disco.");
+        school.person.forgives(/./); // what a browser says of scripts from the disk
+    });
+
+    for (const name of ["numbrela.wasm", "numbrela.js", "qtloader.js", "start.js", "links.js", "catalogue.js"]) {
+        test(`a program without ${name} is not started, and this is said`, async () => {
+            await removes(name);
+            await fails();
+        });
+    }
+
+    test("a program that is half copied is not taken for one that the browser cannot run", async () => {
+        await removes("numbrela.wasm");
+        await cp(join(folder, "numbrela.wasm"), school.file("numbrela.wasm"));
+        await truncate(school.file("numbrela.wasm"), 3_000_000);
+        await fails();
+    });
+
+    async function removes(name) {
+        for (const end of ["", ".br", ".gz"]) {
+            await rm(school.file(name + end), { force: true });
+        }
+    }
+
+    async function fails() {
         const tab = await school.person.tab();
         await tab.goes(school.url);
-        await tab.reads("Numbrela no se ha podido cargar: no hay conexión, o en el servidor falta algo.");
-        school.person.forgives(/404/);
-    });
+        await tab.reads(incomplete);
+        school.person.forgives(/./); // the browser says it in its own words
+    }
 });
+
+// Runs in the page: asks for the newest version, and tells whether all of it came.
+async function installs() {
+    const registration = await navigator.serviceWorker.getRegistration();
+    await registration.update();
+    const worker = registration.installing;
+    if (worker) {
+        await new Promise(done => worker.addEventListener("statechange", done, { once: true }));
+    }
+    return registration.waiting !== null;
+}
 
 // These run in the page, before it.
 
