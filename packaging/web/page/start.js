@@ -141,10 +141,14 @@ function handleUncaught(event, error) {
 addEventListener("error", event => handleUncaught(event, event.error));
 addEventListener("unhandledrejection", event => handleUncaught(event, event.reason));
 
-// Keys that the program has, or may have in another window: what the browser would do with them would end an exercise.
+// Keys that the program has, or may have in another window, and those by which the page would be left or loaded anew:
+// what the browser would do with them would end an exercise.
 addEventListener("keydown", event => {
-    const alone = !event.ctrlKey && !event.metaKey && !event.getModifierState("AltGraph");
-    if (running && alone && (/^F([1235]|7|10)$/.test(event.key) || (event.altKey && /^\p{L}$/u.test(event.key)))) {
+    const { key, altKey } = event;
+    const ctrl = event.ctrlKey || event.metaKey;
+    const taken = ctrl ? /^(F5|r)$/i.test(key)
+        : /^F([1235]|7|10)$/.test(key) || (altKey && /^(\p{L}|Home|ArrowLeft|ArrowRight)$/u.test(key));
+    if (running && taken && !event.getModifierState("AltGraph")) {
         event.preventDefault();
     }
 }, { capture: true });
@@ -153,6 +157,14 @@ addEventListener("keyup", event => {
         event.preventDefault(); // or else Firefox turns to its own menu
     }
 }, { capture: true });
+
+// A click beside the windows takes no keys from them.
+byId("program").addEventListener("pointerdown", event => {
+    const isInWindow = event.composedPath().some(one => one instanceof Element && one.classList.contains("qt-window"));
+    if (!isInWindow) {
+        event.preventDefault();
+    }
+});
 
 if (hindrance === "") {
     start();

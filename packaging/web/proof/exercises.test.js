@@ -38,15 +38,26 @@ inEachBrowser(school => {
             window.keys = [];
             addEventListener("keydown", event => window.keys.push(event), { capture: true });
         });
-        const taken = ["F1", "F2", "F3", "F5", "F7", "F10", "alt+z"];
+        const taken = ["F1", "F2", "F3", "F5", "F7", "F10", "alt+z", "ctrl+r", "ctrl+F5", "alt+Home", "alt+Left",
+            "alt+Right"];
         await tab.press(...taken);
-        const kept = await tab.page.evaluate(() => window.keys.filter(one => one.key !== "Alt")
+        const kept = await tab.page.evaluate(() => window.keys.filter(one => !/^(Alt|Control)$/.test(one.key))
             .map(one => one.defaultPrevented));
         assert.deepEqual(kept, taken.map(() => true));
         await tab.press("F6");
         assert.equal(await tab.page.evaluate(() => document.activeElement.textContent), "Guardar el catálogo en un archivo");
         await tab.press("F6", "Enter");
         await tab.sees("SUMAS");
+    });
+
+    test("a click beside the window leaves it the keys", async () => {
+        const tab = await school.start();
+        await tab.page.mouse.click(20, 300);
+        await tab.press("Enter");
+        await tab.sees("SUMAS");
+        await tab.page.mouse.click(20, 300);
+        await tab.press("7");
+        assert.equal(await tab.copies(), "7");
     });
 
     test("with two pixels for one, the windows are drawn with all of them", async () => {
