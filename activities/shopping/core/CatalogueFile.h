@@ -58,7 +58,8 @@ private:
 // Writes a new file beside the old one and, when it is all on the disk, puts it into the old one's place. Until then
 // the old file is untouched; a replacement that is never committed leaves nothing behind. It locks the folder as long
 // as it lives, so no other process can replace the file between the call of Replaced() and the end of Commit(). What a
-// stopped save had put whole beside a file that is gone takes the place of that file first.
+// stopped save had put whole beside a file that is gone takes the place of that file first. In a browser, whose storage
+// replaces whole but knows no lock, there is neither.
 class CatalogueReplacement {
 public:
     explicit CatalogueReplacement(const std::filesystem::path& path);

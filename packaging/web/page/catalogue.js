@@ -60,14 +60,21 @@ export async function schoolCatalogue() {
     return new Uint8Array(await response.arrayBuffer());
 }
 
+const noCatalogue = "El archivo no es un catálogo de Numbrela.";
+
+// Why a file of so many bytes can be no catalogue, or "".
+export function faultOfSize(size) {
+    const records = size / recordSize;
+    if (records === 0 || !Number.isInteger(records)) {
+        return noCatalogue;
+    }
+    return records > mostProducts ? "El catálogo tiene más de 32 767 productos." : "";
+}
+
 // Why these bytes are no catalogue, or "". The program itself takes any bytes; but a picture that was opened by mistake
 // must not become one.
 export function faultOf(bytes) {
-    const records = bytes.length / recordSize;
-    if (records === 0 || !Number.isInteger(records) || !allRecords(bytes, isRecord)) {
-        return "El archivo no es un catálogo de Numbrela.";
-    }
-    return records > mostProducts ? `El catálogo tiene más de ${mostProducts} productos.` : "";
+    return allRecords(bytes, isRecord) ? "" : noCatalogue;
 }
 
 function allRecords(bytes, condition) {

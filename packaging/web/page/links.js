@@ -1,5 +1,5 @@
 // The three links below the program, by which a teacher carries the catalogue from browser to browser.
-import { faultOf, forgetCatalogue, schoolCatalogue, storeCatalogue, storedCatalogue } from "./catalogue.js?@VERSION@";
+import { faultOf, faultOfSize, forgetCatalogue, schoolCatalogue, storeCatalogue, storedCatalogue } from "./catalogue.js?@VERSION@";
 
 const byId = id => document.getElementById(id);
 const startsAnew = "Numbrela empieza de nuevo, y se pierde lo que no esté guardado.";
@@ -46,9 +46,8 @@ async function save() {
 
 async function open(chooser) {
     const file = chooser.files[0];
-    const bytes = new Uint8Array(await file.arrayBuffer());
     chooser.value = ""; // so that the same file can be chosen again
-    const fault = faultOf(bytes);
+    const [bytes, fault] = await contentOf(file);
     if (fault) {
         tell(fault);
         return;
@@ -61,6 +60,20 @@ async function open(chooser) {
         location.reload();
     } else {
         tell("El catálogo no se ha podido guardar: este navegador no lo permite o no tiene sitio.");
+    }
+}
+
+// The bytes of a catalogue and "", or why the file is none.
+async function contentOf(file) {
+    const fault = faultOfSize(file.size); // before the memory is filled with a film
+    if (fault) {
+        return [null, fault];
+    }
+    try {
+        const bytes = new Uint8Array(await file.arrayBuffer());
+        return [bytes, faultOf(bytes)];
+    } catch {
+        return [null, "El archivo no se puede leer."];
     }
 }
 

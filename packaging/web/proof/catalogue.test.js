@@ -1,6 +1,6 @@
 // What a teacher does with the catalogue, and the school with its file.
 import assert from "node:assert/strict";
-import { cp, readFile, readdir, rm, writeFile } from "node:fs/promises";
+import { cp, readFile, readdir, rm, truncate, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 
@@ -67,6 +67,35 @@ inEachBrowser(school => {
         assert.equal(await readsPrice(second), "2,25");
     });
 
+    test("a tab asks before it saves what is no longer there, because another one went back to the school's", async () => {
+        const first = await school.start();
+        await savesPrice(first, "7,25");
+        await first.reloads();
+        await first.sees("NUMBRELA");
+        await opensEditor(first);
+        await changesPrice(first, "2,25");
+        const second = await school.start();
+        await goesBack(second);
+        await first.page.bringToFront();
+        await first.press("Space"); // "Aceptar"
+        await first.sees("Numbrela"); // the question
+        await first.press("Space"); // "No"
+        await first.sees("Productos");
+        await second.page.bringToFront();
+        assert.equal(await readsPrice(second), priceOf(await school.catalogue()));
+    });
+
+    test("what this browser has stored stays before what the school replaces, until one goes back", async () => {
+        const tab = await school.start();
+        await savesPrice(tab, "7,25");
+        await school.replaceCatalogue(withPrice(await school.catalogue(), 8.5));
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        assert.equal(await readsPrice(tab), "7,25");
+        await goesBack(tab);
+        assert.equal(await readsPrice(tab), "8,5");
+    });
+
     test("the catalogue goes into a file", async () => {
         const tab = await school.start();
         await tab.clicksOnPage(save);
@@ -87,9 +116,7 @@ inEachBrowser(school => {
         await chooses(tab, "otro.dat", withPrice(original, 9.75));
         await tab.startsAnew(() => answers(tab, /^¿Abrir el catálogo/, "Aceptar"));
         assert.equal(await readsPrice(tab), "9,75");
-        await tab.clicksOnPage(reset);
-        await tab.startsAnew(() =>
-            answers(tab, /^¿Volver al catálogo de la escuela\? Se pierde el catálogo guardado/, "Aceptar"));
+        await goesBack(tab);
         assert.equal(await readsPrice(tab), priceOf(original));
         await tab.clicksOnPage(reset);
         await answers(tab, /^Ya se usa el catálogo de la escuela/, "Aceptar");
@@ -105,7 +132,24 @@ inEachBrowser(school => {
             await answers(tab, "El archivo no es un catálogo de Numbrela.", "Aceptar");
         }
         await chooses(tab, "otro.dat", Buffer.alloc(32768 * 154));
-        await answers(tab, "El catálogo tiene más de 32767 productos.", "Aceptar");
+        await answers(tab, "El catálogo tiene más de 32 767 productos.", "Aceptar");
+    });
+
+    test("a file that cannot be read, or is as large as a film, is refused", async () => {
+        const tab = await school.start();
+        const film = join(school.rooms, "film.dat");
+        await writeFile(film, "");
+        await truncate(film, 154 * 20_000_000); // 3 GB, of which nothing is on the disk
+        await (await tab.page.$("#file")).uploadFile(film);
+        await answers(tab, "El catálogo tiene más de 32 767 productos.", "Aceptar");
+        // As when a stick is pulled out.
+        await tab.page.evaluate(() => {
+            Blob.prototype.arrayBuffer = () => Promise.reject(new DOMException("gone", "NotReadableError"));
+        });
+        for (let time = 0; time < 2; ++time) { // the same file can be chosen again
+            await chooses(tab, "otro.dat", await school.catalogue());
+            await answers(tab, "El archivo no se puede leer.", "Aceptar");
+        }
     });
 
     async function chooses(tab, name, bytes) {
@@ -131,6 +175,12 @@ inEachBrowser(school => {
         throw new Error("waited in vain for the download");
     }
 });
+
+async function goesBack(tab) {
+    await tab.clicksOnPage(reset);
+    await tab.startsAnew(() =>
+        answers(tab, /^¿Volver al catálogo de la escuela\? Se pierde el catálogo guardado/, "Aceptar"));
+}
 
 async function answers(tab, question, button) {
     const pattern = question instanceof RegExp ? question.source : `^${question.replace(/[.?]/g, "\\$&")}$`;

@@ -14,7 +14,7 @@ namespace numbrela {
 namespace {
 
 // The files here live in memory, and as long as the program. The page has put the school's catalogue among them. What
-// somebody has saved is kept by the browser and, as long as it is, stands for that file.
+// somebody has saved is kept by the browser and, as long as it is, stands for that file; any tab may give it up.
 std::filesystem::path fileOf(const std::filesystem::path& path, const std::string& bytes)
 {
     std::filesystem::path stored = path;
@@ -68,7 +68,8 @@ std::size_t CatalogueReader::Read(std::span<char> buffer)
     });
 }
 
-// Nothing of another tab runs while this one does, so there is nothing to lock.
+// Another tab may run at the same time, and a browser's storage knows no lock: of two saves within the same
+// milliseconds the later one stands. Nobody works in two tabs that fast.
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
     : path_(path)
     , nameNow_(std::filesystem::path(path) += NewNameMark)
