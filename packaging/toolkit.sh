@@ -37,7 +37,8 @@ say_how_far() {
 }
 
 # build_qt TITLE [COMMAND...]: configures, builds and installs Qt, by a command that brings others to where they run.
-# fetch_source puts the source into "$top/source"; then a destination is put before the folder of installation.
+# fetch_source puts the source into "$top/source", or returns that it failed: `set -e` does nothing in it. What is
+# installed goes into the folder "$destination", as if that were the root.
 build_qt() {
     local title="$1" run=("${@:2}")
     trouble() {
