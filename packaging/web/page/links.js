@@ -1,4 +1,5 @@
-// The three links below the program, by which a teacher carries the catalogue from browser to browser.
+// The links below the program: three by which a teacher carries the catalogue from browser to browser, and two to pages
+// of their own.
 import { faultOf, faultOfSize, forgetCatalogue, schoolCatalogue, storeCatalogue, storedCatalogue } from "./catalogue.js?@VERSION@";
 
 const byId = id => document.getElementById(id);

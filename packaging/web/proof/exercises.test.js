@@ -60,6 +60,22 @@ inEachBrowser(school => {
         assert.equal(await tab.copies(), "7");
     });
 
+    test("the manual and the licences are a click away, with the sources, and the program stays", async () => {
+        const tab = await school.start();
+        for (const [link, title] of [["Manual", "El manual de Numbrela"], ["Licencias", "Licencias de Numbrela"]]) {
+            const opened = new Promise(done => tab.page.once("popup", done));
+            await tab.page.locator(`::-p-xpath(//nav//a[text()="${link}"])`).click();
+            const page = await opened;
+            await page.waitForFunction(wanted => document.querySelector("h1")?.textContent === wanted, {}, title);
+            const missing = await page.evaluate(brokenLinks);
+            assert.deepEqual(missing, []);
+            await page.close();
+        }
+        await tab.page.bringToFront();
+        await tab.press("Enter");
+        await tab.sees("SUMAS");
+    });
+
     test("with two pixels for one, the windows are drawn with all of them", async () => {
         const tab = await school.start({ ratio: 2 });
         const [drawn, shown] = await tab.page.evaluate(() => {
@@ -88,6 +104,13 @@ inEachBrowser(school => {
         });
     }
 });
+
+// Runs in the page: the addresses in it behind which there is nothing.
+async function brokenLinks() {
+    const links = [...document.querySelectorAll("a, img")].map(one => one.href ?? one.src);
+    const answers = await Promise.all(links.map(link => fetch(link, { method: "HEAD" })));
+    return links.filter((_, index) => !answers[index].ok);
+}
 
 // Of two numbers with a decimal comma, or without.
 function sumOf(...numbers) {
