@@ -1,7 +1,7 @@
 // Says so if the program cannot be started here. Written so that very old browsers understand it.
 
-// Of what the page uses, the newest of each browser. What it does not name is older: the permission for WebAssembly in the
-// head of index.html, for one, is understood by all that have AbortSignal.timeout and TransformStream.
+// Of what the page uses, the newest of each browser. All else is older: the permission for WebAssembly in the head of
+// index.html, for one, is understood by all that have AbortSignal.timeout and TransformStream.
 var isFit = typeof AbortSignal === "function" && typeof AbortSignal.timeout === "function"
     && typeof TransformStream === "function"
     && typeof WebAssembly === "object" && typeof WebAssembly.compileStreaming === "function"

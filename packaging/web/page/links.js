@@ -1,6 +1,8 @@
 // The links below the program: three by which a teacher carries the catalogue from browser to browser, and two to pages
 // of their own.
-import { faultOf, faultOfSize, forgetCatalogue, schoolCatalogue, storeCatalogue, storedCatalogue } from "./catalogue.js?@VERSION@";
+import {
+    faultOf, faultOfSize, forgetCatalogue, schoolCatalogue, storeCatalogue, storedCatalogue,
+} from "./catalogue.js?@VERSION@";
 
 const byId = id => document.getElementById(id);
 const startsAnew = "Numbrela empieza de nuevo, y se pierde lo que no esté guardado.";
