@@ -456,7 +456,6 @@ protected:
     {
         menu().showMaximized(); // as on a panel; all that is opened from it is as large
         QCoreApplication::processEvents(); // its buttons find their places before a finger does
-        QApplication::setDoubleClickInterval(0); // no two taps are as quick as these
     }
     ~FingerWalkTest() override { QApplication::setDoubleClickInterval(interval_); }
 
@@ -553,6 +552,7 @@ protected:
     // A first tap selects a loaf, a second one takes it; it costs 1 € and is paid with a note of 5 €.
     static void buy()
     {
+        QApplication::setDoubleClickInterval(0); // nobody taps twice on the same as fast as this
         const long long euros = eurosInPurse();
         click("CBTienda(5)");
         auto& shelf = Find<QListView>(activity(), QStringLiteral("LIDisponibles"));
