@@ -46,8 +46,7 @@ OfferedKeypad::OfferedKeypad(QWidget& window, const FormWindow& form, KeypadKeys
     , keys_(keys)
     , switch_(new KeypadSwitch(&window))
 {
-    connect(
-        switch_, &QPushButton::toggled, this, [this](bool shown) { choose(shown && !(IsChosen() && LacksRoom())); });
+    connect(switch_, &QPushButton::toggled, this, [this](bool shown) { choose(shown && !lacksRoom_); });
     window.installEventFilter(this);
 }
 
@@ -87,11 +86,18 @@ int OfferedKeypad::KeySize() const
 
 void OfferedKeypad::SetShown(bool shown)
 {
+    lacksRoom_ = false;
     if (keypad_ != nullptr) {
         keypad_->setVisible(shown);
     }
     const QSignalBlocker nobodyChooses(switch_);
     switch_->setChecked(shown);
+}
+
+void OfferedKeypad::HideForLackOfRoom()
+{
+    SetShown(false);
+    lacksRoom_ = true;
 }
 
 bool OfferedKeypad::IsChosen() const

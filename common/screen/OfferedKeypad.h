@@ -33,11 +33,11 @@ protected:
     // Shows or hides the keypad, if there is one, and lights the button accordingly.
     void SetShown(bool shown);
 
+    // Hides a keypad that is chosen, because there is no room for it. Then the button takes the choice back.
+    void HideForLackOfRoom();
+
     bool IsChosen() const;
     virtual void OnChoice(bool shown) = 0;
-
-    // Whether the keypad is not shown although it is chosen and of use. Then the button takes the choice back.
-    virtual bool LacksRoom() const { return false; }
 
 private:
     void choose(bool shown);
@@ -47,6 +47,7 @@ private:
     const KeypadKeys keys_;
     KeypadSwitch* switch_;
     Keypad* keypad_ = nullptr;
+    bool lacksRoom_ = false; // although it is chosen
     bool boxIsTouched_ = false; // by a finger or a pen that is still down
 };
 

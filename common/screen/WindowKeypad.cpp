@@ -10,6 +10,7 @@
 #include <QMenuBar>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace numbrela {
@@ -29,6 +30,14 @@ public:
         return { height * 3, height };
     }
 };
+
+std::vector<Obstacle> whatIsUnder(const QRect& place, const std::vector<Obstacle>& obstacles)
+{
+    std::vector<Obstacle> under;
+    std::copy_if(obstacles.begin(), obstacles.end(), std::back_inserter(under),
+        [&place](const Obstacle& each) { return each.Place.intersects(place); });
+    return under;
+}
 
 } // namespace
 
@@ -145,19 +154,24 @@ void WindowKeypad::place()
     const std::vector<QSize> sizes = pad.SizesWith(KeySize());
     const int keptBeside = roomToKeep(sizes);
     window_.Area().KeepRoomBeside(keptBeside);
-    const bool stays = !pad.isHidden() && placedIn_ == surroundingsOf(pad.geometry(), keptBeside)
-        && IsFree(pad.geometry(), room(), boxInUse());
+    const std::vector<Obstacle> others = otherControls();
+    const auto surroundings = [&] { return Surroundings { room(), keptBeside, whatIsUnder(pad.geometry(), others) }; };
+    const bool stays = !pad.isHidden() && placedIn_ == surroundings() && IsFree(pad.geometry(), room(), boxInUse());
     std::optional<QRect> best = freeDraggedPlace(sizes);
     if (!best) {
-        best = stays ? pad.geometry() : bestPlace(sizes);
+        best = stays ? pad.geometry() : bestPlace(sizes, others);
     }
     if (best && *best != pad.geometry()) {
         pad.TakeShape(shapeOf(best->size(), sizes), KeySize());
         pad.move(best->topLeft());
     }
     pad.raise(); // controls that are new are in front
-    placedIn_ = surroundingsOf(pad.geometry(), keptBeside);
-    SetShown(best && !servesBox_);
+    placedIn_ = surroundings();
+    if (best || servesBox_) {
+        SetShown(!servesBox_);
+    } else {
+        HideForLackOfRoom();
+    }
 }
 
 std::size_t WindowKeypad::shapeOf(QSize size, const std::vector<QSize>& sizes)
@@ -177,12 +191,12 @@ int WindowKeypad::roomToKeep(const std::vector<QSize>& sizes) const
 }
 
 // In the middle beside the calculation, or where it covers least.
-std::optional<QRect> WindowKeypad::bestPlace(const std::vector<QSize>& sizes) const
+std::optional<QRect> WindowKeypad::bestPlace(const std::vector<QSize>& sizes, const std::vector<Obstacle>& others) const
 {
     const QRect all = room();
     QRect beside = all;
     beside.setLeft(window_.Area().Drawing().right() + 1);
-    return FreePlace(all, sizes, beside.center(), boxInUse(), otherControls());
+    return FreePlace(all, sizes, beside.center(), boxInUse(), others);
 }
 
 // ------------------------------------------------------------------------------------------------------------ dragging
@@ -231,25 +245,12 @@ std::optional<QRect> WindowKeypad::freeDraggedPlace(const std::vector<QSize>& si
 
 // ----------------------------------------------------------------------------------------------------- what is there
 
-bool WindowKeypad::LacksRoom() const
-{
-    return Pad() != nullptr && Pad()->isHidden() && anyBoxTakesTyping();
-}
-
 bool WindowKeypad::anyBoxTakesTyping() const
 {
     const QList<QWidget*> controls = window_.findChildren<QWidget*>();
     return std::any_of(controls.begin(), controls.end(), [this](const QWidget* control) {
         return control->window() == &window_ && control->isVisibleTo(&window_) && TakesTyping(*control);
     });
-}
-
-WindowKeypad::Surroundings WindowKeypad::surroundingsOf(const QRect& place, int keptBeside) const
-{
-    std::vector<Obstacle> covered = otherControls();
-    const auto isFree = [&place](const Obstacle& each) { return !each.Place.intersects(place); };
-    covered.erase(std::remove_if(covered.begin(), covered.end(), isFree), covered.end());
-    return { room(), keptBeside, covered };
 }
 
 // What is below the menu bar.

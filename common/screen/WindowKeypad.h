@@ -50,15 +50,13 @@ private:
     };
 
     void OnChoice(bool shown) override;
-    bool LacksRoom() const override;
     void placeSwitch();
     void update();
     void make();
     void place();
     static std::size_t shapeOf(QSize size, const std::vector<QSize>& sizes);
-    Surroundings surroundingsOf(const QRect& place, int keptBeside) const;
     int roomToKeep(const std::vector<QSize>& sizes) const;
-    std::optional<QRect> bestPlace(const std::vector<QSize>& sizes) const;
+    std::optional<QRect> bestPlace(const std::vector<QSize>& sizes, const std::vector<Obstacle>& others) const;
     void drag(QPoint to);
     void drop();
     std::optional<QRect> freeDraggedPlace(const std::vector<QSize>& sizes) const;
