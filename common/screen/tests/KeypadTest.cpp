@@ -484,6 +484,24 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenAnotherWindowTakesTheFocusIsReleasedThen)
     EXPECT_EQ(form_.Released.size(), 1U);
 }
 
+// Not every window manager gives a window the focus before the press.
+TEST_F(KeypadTest, AKeyThatIsHeldWhenItsOwnWindowGetsTheFocusIsReleasedThen)
+{
+    showPad();
+    Exercise other;
+    ShowAndActivate(other);
+    other.close();
+    ASSERT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() == nullptr; }));
+    pressAndHold(form_.KeyNamed(QStringLiteral("5")));
+    form_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
+    EXPECT_EQ(form_.Answer->Text(), "5");
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+    EXPECT_EQ(form_.Answer->CaretPosition(), 0);
+    QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton);
+    EXPECT_EQ(form_.Released.size(), 1U);
+}
+
 // What Qt then keeps from the key would leave it down, repeating itself for ever.
 TEST_F(KeypadTest, AKeyThatIsHeldByTheMouseComesUpWhenAFingerHasTappedElsewhere)
 {
