@@ -696,6 +696,30 @@ TEST_F(KeypadTest, GetsOutOfTheWayOfWhatComesUnderItAndStaysWhateverElseComes)
     EXPECT_FALSE(form.Pad()->geometry().intersects(below->geometry()));
 }
 
+// Without waiting for the window to be painted: nobody sees it over the button.
+TEST_F(KeypadTest, GetsOutOfTheWayOfWhatComesUnderItInAFrameThatIsThereAlready)
+{
+    Exercise form({ 4875, 10500 });
+    TwipsLayout& frame = *AddFrame(form.Area(), QStringLiteral("Frame"), { 0, 4000, 4875, 6500 }, {});
+    CommandButton* first = AddButton(frame, QStringLiteral("Two"), QStringLiteral("&Dos"), { 100, 100, 900, 495 }, {});
+    CommandButton* second = AddButton(frame, QStringLiteral("Tres"), QStringLiteral("&Tres"), { 0, 0, 900, 495 }, {});
+    first->hide();
+    second->hide();
+    ShowAndActivate(form);
+    form.Answer->setFocus();
+    ClickOnScreen(form.Switch());
+    for (CommandButton* button : { first, second }) {
+        const QRect before = form.Pad()->geometry();
+        const QPoint middle = (before.center() - frame.parentWidget()->pos()) * 15; // twips
+        frame.Move(button, { middle.x(), middle.y(), 900, 495 });
+        button->show();
+        ASSERT_TRUE(onScreen(*button).intersects(onScreen(*form.Pad())));
+        QCoreApplication::sendPostedEvents();
+        EXPECT_NE(form.Pad()->geometry(), before);
+        EXPECT_FALSE(onScreen(*button).intersects(onScreen(*form.Pad())));
+    }
+}
+
 TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRoom)
 {
     showPad();
