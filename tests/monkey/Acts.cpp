@@ -1,6 +1,7 @@
 #include "tests/monkey/Acts.h"
 
 #include "activities/shopping/screen/Form7.h"
+#include "common/screen/Keypad.h"
 #include "tests/monkey/Hands.h"
 #include "tests/monkey/Shopper.h"
 #include "tests/monkey/StoppedTimers.h"
@@ -182,6 +183,17 @@ void holdKeypad(Means means)
     }
 }
 
+// By its grip, which is at its upper edge.
+void dragKeypad(Means means)
+{
+    if (const auto pads = visibleIn<Keypad>(FrontWindow()); !pads.empty()) {
+        Keypad& pad = *pads.front();
+        const QPoint grip(pad.width() / 2, 2);
+        const QPoint to = pad.mapFrom(pad.window(), anyPlaceIn(*pad.window(), means.Draw));
+        byFinger(means.Draw) ? means.With.DragByFinger(pad, grip, to) : means.With.Drag(pad, grip, to);
+    }
+}
+
 void hover(Means means)
 {
     atAnyControl(means, [means](QWidget& control, QPoint place) { means.With.MoveTo(control, place); });
@@ -346,7 +358,7 @@ struct Act {
     void (*Do)(Means means);
 };
 
-constexpr std::array<Act, 35> acts { {
+constexpr std::array<Act, 36> acts { {
     { { 125, 20, 20 }, "press a key", pressKey },
     { { 35, 40, 15 }, "press a navigation key", [](Means means) { means.With.Press(NavigationKey(means.Draw)); } },
     { { 10, 0, 10 }, "press an access key", pressAccessKey },
@@ -365,6 +377,7 @@ constexpr std::array<Act, 35> acts { {
     { { 20, 0, 0 }, "drag by a finger", dragByFinger },
     { { 60, 0, 20 }, "press the keypad", pressKeypad },
     { { 30, 0, 20 }, "hold a key of the keypad", holdKeypad },
+    { { 10, 0, 0 }, "drag the keypad", dragKeypad },
     { { 40, 15, 15 }, "let go of the screen", [](Means means) { means.With.LetGoOfScreen(); } },
     { { 10, 5, 5 }, "fill the screen", [](Means means) { means.With.Press({ Qt::Key_F11 }); } },
     { { 10, 10, 0 }, "hover", hover },

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QThread>
 
 #include <algorithm>
@@ -68,6 +69,10 @@ bool Monkey::eventFilter(QObject* receiver, QEvent* event)
         ++progress_.KeysFelt;
     } else if (receiver->isWidgetType() && event->type() == QEvent::MouseButtonPress) {
         ++progress_.ClicksFelt;
+    } else if (event->type() == QEvent::MouseMove && qobject_cast<QAbstractButton*>(receiver) == nullptr) {
+        if (auto* pad = qobject_cast<Keypad*>(receiver->parent())) { // at its grip
+            dragged_ = pad;
+        }
     }
     return false;
 }
@@ -237,6 +242,25 @@ void Monkey::expectKeypadsInPlace() const
     if (covers || !window->rect().contains(pad->geometry())) {
         std::fprintf(stderr, "the keypad is not in its place in %s\n", qUtf8Printable(NameOf(*window)));
         std::abort();
+    }
+    expectButtonsInSight(*window, *pad);
+}
+
+// No button is under the keypad with its last pixel, unless a hand has brought the keypad there, or the window is
+// smaller than designed or larger than the screen, so that there may be no room.
+void Monkey::expectButtonsInSight(const QWidget& window, const QWidget& pad) const
+{
+    const auto* form = dynamic_cast<const FormWindow*>(&window);
+    if (form == nullptr || &pad == dragged_ || form->Area().PixelsPerTwip() < form->Area().DesignPixelsPerTwip()
+        || !QRect({}, window.screen()->size()).contains(QRect({}, window.size()))) {
+        return;
+    }
+    for (const auto* button : window.findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && !pad.isAncestorOf(button)
+            && pad.geometry().contains(QRect(button->mapTo(&window, QPoint()), button->size()))) {
+            std::fprintf(stderr, "the keypad covers %s\n", qUtf8Printable(NameOf(*button)));
+            std::abort();
+        }
     }
 }
 

@@ -8,6 +8,7 @@
 #include "tests/program/Program.h"
 
 #include <QObject>
+#include <QPointer>
 
 namespace numbrela::testing {
 
@@ -21,7 +22,7 @@ public:
     // Whether all events have happened; otherwise a run-time error has ended the program.
     bool Run();
 
-    // Counts what reaches the program.
+    // Counts what reaches the program, and notes what is dragged.
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 protected:
@@ -37,6 +38,7 @@ private:
     void expectNothingLeft();
     void expectKeypadsAtRest() const;
     void expectKeypadsInPlace() const;
+    void expectButtonsInSight(const QWidget& window, const QWidget& pad) const;
     void expectFelt() const;
     void noteEnd();
     QString nameOfFront();
@@ -51,6 +53,7 @@ private:
     Hands hands_;
     int beat_; // the timer that is due when an event loop has nothing else to do
     Census atFirst_;
+    QPointer<const QWidget> dragged_; // the keypad that was dragged last
     bool finished_ = false;
     int busyLevel_ = 0; // the innermost event loop in which an event is happening
 };
