@@ -40,14 +40,13 @@ void KeypadSwitch::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const int letters = fontMetrics().height();
-    QRectF outline(0, 0, 2 * letters - 1, letters - 1);
-    outline.moveCenter(QRectF(rect()).center());
+    const QRect outline((width() - 2 * letters) / 2, (height() - letters) / 2, 2 * letters, letters);
     painter.setPen(isChecked() && isEnabled() ? lit : ink);
     painter.setBrush(isChecked() && isEnabled() ? lit : palette().color(group, QPalette::Button));
     if (underMouse() && isEnabled()) {
         painter.setPen(QPen(lit, 2));
     }
-    painter.drawRoundedRect(outline, radius, radius);
+    painter.drawRoundedRect(QRectF(outline).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     paintKeys(painter, isChecked() && isEnabled() ? palette().color(group, QPalette::HighlightedText) : ink);
 }
 

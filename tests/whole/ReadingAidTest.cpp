@@ -263,22 +263,33 @@ QRect placeIn(const QWidget& window, const QWidget& control)
     return { control.mapTo(&window, QPoint()), control.size() };
 }
 
-// As it is painted, which is not what the style paints for a button: the ink of the sign and the ground above it.
+// As it is painted, which is not what the style paints for a button.
+double bestContrast(const QImage& picture, const QRect& part, const QColor& ground)
+{
+    std::set<QRgb> colours;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        for (int x = part.left(); x <= part.right(); ++x) {
+            colours.insert(picture.pixel(x, y));
+        }
+    }
+    double best = 1;
+    for (const QRgb colour : colours) {
+        best = std::max(best, Contrast(colour, ground));
+    }
+    return best;
+}
+
+// The ink of the sign and the ground above it; a message disables the keys.
 void expectKeyStandsOut(QPushButton& key)
 {
-    for (const bool down : { false, true }) {
-        key.setDown(down);
+    for (const char* look : { "down", "disabled", "up" }) {
+        key.setDown(look == std::string_view("down"));
+        key.setEnabled(look != std::string_view("disabled"));
         const QImage picture = key.grab().toImage();
+        const QRect middle(picture.width() / 4, picture.height() / 4, picture.width() / 2, picture.height() / 2);
         const QColor ground = picture.pixelColor(picture.width() / 2, picture.height() / 8);
-        double best = 1;
-        for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
-            for (int x = picture.width() / 4; x < picture.width() * 3 / 4; ++x) {
-                best = std::max(best, Contrast(picture.pixelColor(x, y), ground));
-            }
-        }
-        EXPECT_GE(best, 4.5) << (down ? "down" : "up");
+        EXPECT_GE(bestContrast(picture, middle, ground), 4.5) << look;
     }
-    key.setDown(false);
 }
 
 // What a hand must find, but nobody has to read.
@@ -288,29 +299,32 @@ constexpr double enoughForSigns = 3;
 void expectGripStandsOut(QWidget& pad)
 {
     const QImage picture = pad.grab().toImage();
-    const QColor ground = picture.pixelColor(picture.width() / 2, 2);
-    double best = 1;
-    for (int y = 2; y < pad.findChild<QPushButton*>()->contentsRect().height() / 5; ++y) {
-        best = std::max(best, Contrast(picture.pixelColor(picture.width() / 2, y), ground));
-    }
-    EXPECT_GE(best, enoughForSigns);
+    const int middle = picture.width() / 2;
+    const int aboveKeys = pad.findChild<QPushButton*>()->contentsRect().height() / 5;
+    EXPECT_GE(bestContrast(picture, { middle, 2, 1, aboveKeys - 2 }, picture.pixelColor(middle, 2)), enoughForSigns);
 }
 
-// The drawing of a keypad on it, two of whose keys meet in its middle.
+// The button on the bar, and the drawing of a keypad on it, two of whose keys meet in its middle. It looks lit only
+// where it can be pressed.
 void expectSwitchStandsOut(KeypadSwitch& button)
 {
     const QSignalBlocker nobodyChooses(button);
     const bool before = button.isChecked();
-    for (const bool isLit : { !before, before }) {
-        for (const bool isUnderMouse : { true, false }) {
-            button.setChecked(isLit);
-            button.setAttribute(Qt::WA_UnderMouse, isUnderMouse);
+    const int letters = button.fontMetrics().height(); // the drawing is as high, and twice as wide
+    for (const bool isChecked : { !before, before }) {
+        for (const char* look : { "under the mouse", "disabled", "at rest" }) {
+            SCOPED_TRACE(std::string(isChecked ? "checked, " : "unchecked, ") + look);
+            button.setChecked(isChecked);
+            button.setAttribute(Qt::WA_UnderMouse, look == std::string_view("under the mouse"));
+            button.setEnabled(look != std::string_view("disabled"));
             const QImage picture = button.grab().toImage();
             const QPoint middle = picture.rect().center();
             const QColor gap = picture.pixelColor(middle);
-            const QColor key = picture.pixelColor(middle + QPoint(button.fontMetrics().height() / 4, 0));
-            EXPECT_GE(Contrast(gap, key), enoughForSigns) << isLit << isUnderMouse;
-            EXPECT_EQ(key.lightness() > gap.lightness(), isLit);
+            const QColor key = picture.pixelColor(middle + QPoint(letters / 4, 0));
+            const QRect edge(0, middle.y(), middle.x() - letters + 2, 1);
+            EXPECT_GE(bestContrast(picture, edge, picture.pixelColor(0, middle.y())), enoughForSigns);
+            EXPECT_GE(Contrast(gap, key), enoughForSigns);
+            EXPECT_EQ(key.lightness() > gap.lightness(), isChecked && button.isEnabled());
         }
     }
 }
