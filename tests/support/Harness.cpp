@@ -42,15 +42,18 @@ void abortOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const
     }
 }
 
-// Windows of every design size fit on it.
+// Windows of every design size fit on one of 1152 by 864 pixels.
 void writeScreen(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         throw std::runtime_error("cannot write " + path.toStdString());
     }
-    file.write(R"({ "screens": [ { "name": "classroom", "x": 0, "y": 0, "width": 1152, "height": 864,
-        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })");
+    const QString wanted = qEnvironmentVariable("NUMBRELA_TEST_SCREEN", QStringLiteral("1152x864"));
+    file.write(QStringLiteral(R"({ "screens": [ { "name": "classroom", "x": 0, "y": 0, "width": %1, "height": %2,
+        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })")
+                   .arg(wanted.section(u'x', 0, 0), wanted.section(u'x', 1, 1))
+                   .toLatin1());
 }
 
 class LeftoverCheck : public ::testing::EmptyTestEventListener {

@@ -10,7 +10,7 @@
 namespace numbrela::testing {
 
 // Gives Qt a platform without a display and a folder of its own for what it keeps while it runs. To be made
-// before the application.
+// before the application. The screen has the pixels that NUMBRELA_TEST_SCREEN says, such as 1920x1080.
 class HeadlessEnvironment {
 public:
     HeadlessEnvironment();

@@ -449,12 +449,13 @@ TEST_F(MouseWalkTest, EveryActivityIsTriedAndLeftByMouseAlone)
 
 // --- By fingers alone ------------------------------------------------------------------------------------------------
 
-class FingerWalkTest : public PointingWalkTest {
+// As on a panel: all that is opened from the menu is as large.
+class FingerWalkTest : public PointingWalkTest, public ::testing::WithParamInterface<Qt::WindowState> {
 protected:
     FingerWalkTest()
         : PointingWalkTest([](const QWidget& control, QPoint place) { Tap(control, place); })
     {
-        menu().showMaximized(); // as on a panel; all that is opened from it is as large
+        menu().setWindowState(GetParam());
         QCoreApplication::processEvents(); // its buttons find their places before a finger does
     }
     ~FingerWalkTest() override { QApplication::setDoubleClickInterval(interval_); }
@@ -587,11 +588,17 @@ private:
     const int interval_ = QApplication::doubleClickInterval();
 };
 
-TEST_F(FingerWalkTest, EveryActivityIsWorkedAndLeftByFingersAlone)
+INSTANTIATE_TEST_SUITE_P(Large, FingerWalkTest, ::testing::Values(Qt::WindowMaximized, Qt::WindowFullScreen),
+    [](const auto& instance) { return instance.param == Qt::WindowMaximized ? "Maximised" : "FullScreen"; });
+
+TEST_P(FingerWalkTest, EveryActivityIsWorkedAndLeftByFingersAlone)
 {
     walk([this](std::size_t button) { press(*menu().Command1[button]); },
         {
-            [] { answer(sums); },
+            [] {
+                EXPECT_TRUE(activity().windowState().testFlag(GetParam()));
+                answer(sums);
+            },
             [] { answer(differences); },
             [] { answer(products); },
             &FingerWalkTest::divide,
