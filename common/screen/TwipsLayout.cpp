@@ -235,7 +235,7 @@ TwipsRect TwipsLayout::wholeRect(const Entry& entry) const
 
 const TwipsLayout* TwipsLayout::enclosingArea() const
 {
-    const QWidget* outer = parentWidget()->parentWidget();
+    const QWidget* outer = parentWidget()->isWindow() ? nullptr : parentWidget()->parentWidget();
     return outer == nullptr ? nullptr : dynamic_cast<const TwipsLayout*>(outer->layout());
 }
 

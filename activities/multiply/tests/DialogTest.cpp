@@ -202,15 +202,17 @@ TEST_F(DialogTest, GrowsWithTheWindowItBelongsTo)
     });
 }
 
-TEST_F(DialogTest, OpensSmallAgainWhenItWasLeftWhileItFilledTheScreen)
+TEST_F(DialogTest, FillsTheScreenWithAllThatIsInItAndOpensSmallAgainWhenItWasLeftSo)
 {
     QSize small;
     use([&](Dialog& dialog) {
         small = dialog.size();
+        const int buttonWidth = dialog.OKButton->width();
         dialog.activateWindow();
         ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }));
         Press(Qt::Key_F11);
         EXPECT_EQ(dialog.size(), dialog.screen()->size());
+        EXPECT_NEAR(dialog.OKButton->width(), buttonWidth * dialog.height() / small.height(), 4);
         dialog.reject();
     });
     use([&](Dialog& dialog) {

@@ -346,6 +346,17 @@ TEST_F(FrameInAreaTest, CountsPlacesFromTheFramesOwnCornerAndTakesTheScaleOfTheA
     EXPECT_EQ(label_->font().pixelSize(), 32);
 }
 
+// A box of a window is the window's child, too.
+TEST_F(FrameInAreaTest, AWindowOfTheWindowsOwnHasAScaleOfItsOwn)
+{
+    QWidget window(&area_, Qt::Window);
+    const TwipsLayout own(&window, { 1500, 1500 }, {});
+    window.resize(300, 300);
+    ShowAndActivate(window);
+    EXPECT_DOUBLE_EQ(own.PixelsPerTwip(), 300.0 / 1500);
+    EXPECT_DOUBLE_EQ(layout_.PixelsPerTwip(), 300.0 / 4500);
+}
+
 TEST_F(FrameInAreaTest, GrowsWithWhatStandsBeyondTheFramesEdges)
 {
     const QRect before = labelInArea();
