@@ -10,6 +10,7 @@ namespace numbrela {
 
 TextArea::TextArea(QWidget* parent)
     : QTextEdit(parent)
+    , finger_(*this, { .Tapped = [this](QPoint place, quint64 /*time*/) { setTextCursor(cursorForPosition(place)); } })
 {
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -52,6 +53,11 @@ void TextArea::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange) {
         LayOutText();
     }
+}
+
+bool TextArea::viewportEvent(QEvent* event)
+{
+    return finger_.Takes(*event) || QTextEdit::viewportEvent(event);
 }
 
 // Qt would change the size of the font, which depends on the size of the window alone.

@@ -2,6 +2,7 @@
 
 #include "common/core/Verdict.h"
 #include "common/screen/BoxColours.h"
+#include "common/screen/FingerScroll.h"
 
 #include <QTextEdit>
 
@@ -9,7 +10,8 @@
 
 namespace numbrela {
 
-// A read-only text box of several lines, in the colours of one. A highlight stays, whatever has the focus.
+// A read-only text box of several lines, in the colours of one. A highlight stays, whatever has the focus. A finger
+// scrolls it, and taps as a mouse clicks; only a mouse and keys make a highlight.
 class TextArea : public QTextEdit {
 public:
     explicit TextArea(QWidget* parent = nullptr);
@@ -31,9 +33,11 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     BoxColours colours_ { *this };
+    FingerScroll finger_;
 };
 
 } // namespace numbrela

@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTimer>
-#include <QTouchEvent>
 
 #include <algorithm>
 #include <utility>
@@ -16,12 +15,18 @@ namespace numbrela {
 
 ListBox::ListBox(QWidget* parent)
     : QListView(parent)
+    , finger_(*this,
+          {
+              .DragBegins
+              = [this] { setVerticalScrollMode(ScrollPerPixel); }, // so that the lines stay under the finger
+              .DragEnds = [this] { endDragging(); },
+              .Tapped = [this](QPoint place, quint64 time) { tap(place, time); },
+          })
 {
     setModel(&lines_);
     setEditTriggers(NoEditTriggers);
     setWordWrap(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
 }
 
 void ListBox::SetLines(const std::vector<std::string>& lines)
@@ -148,64 +153,13 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
 
 bool ListBox::viewportEvent(QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-        touch(*static_cast<QTouchEvent*>(event));
-        return true;
-    case QEvent::TouchCancel:
-        endDragging();
-        finger_.reset();
-        return true;
-    default:
-        return QListView::viewportEvent(event);
-    }
-}
-
-// The finger that came down first counts, and no other as long as any is down.
-void ListBox::touch(const QTouchEvent& event)
-{
-    const QList<QEventPoint>& points = event.points();
-    if (event.type() == QEvent::TouchBegin) {
-        finger_ = points.front().id();
-        touched_ = points.front().position().toPoint();
-        setFocus(Qt::MouseFocusReason);
-    }
-    const auto followed = std::find_if(
-        points.begin(), points.end(), [this](const QEventPoint& point) { return point.id() == finger_; });
-    if (followed != points.end()) {
-        follow(*followed, event.timestamp());
-    }
-}
-
-void ListBox::follow(const QEventPoint& finger, quint64 time)
-{
-    const QPoint place = finger.position().toPoint();
-    const int way = place.y() - touched_.y();
-    if (!dragging_ && std::abs(way) >= QApplication::startDragDistance()) {
-        dragging_ = true;
-        setVerticalScrollMode(ScrollPerPixel); // so that the lines stay under the finger
-        scrolledAtTouch_ = verticalScrollBar()->value();
-    }
-    if (dragging_) {
-        verticalScrollBar()->setValue(scrolledAtTouch_ - way);
-    }
-    if (finger.state() == QEventPoint::Released) {
-        if (dragging_) {
-            endDragging();
-        } else {
-            tap(place, time);
-        }
-        finger_.reset();
-    }
+    return finger_.Takes(*event) || QListView::viewportEvent(event);
 }
 
 // The list goes to the beginning of the line at its top, except at its end, whose last line would then be cut off.
 void ListBox::endDragging()
 {
     const bool atTheEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
-    dragging_ = false;
     setVerticalScrollMode(ScrollPerItem);
     if (atTheEnd) {
         scrollToBottom();

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "common/screen/FingerScroll.h"
+
 #include <QListView>
 #include <QStringListModel>
 
 #include <optional>
 #include <string>
 #include <vector>
-
-class QEventPoint;
-class QTouchEvent;
 
 namespace numbrela {
 
@@ -61,18 +60,13 @@ protected:
 private:
     std::optional<int> lineToBeginAt(int key) const;
     void tellSelectedLine();
-    void touch(const QTouchEvent& event);
-    void follow(const QEventPoint& finger, quint64 time);
     void endDragging();
     void tap(QPoint place, quint64 time);
 
     QStringListModel lines_;
     std::vector<int> data_; // the number of each line of a sorted list
 
-    std::optional<int> finger_; // the id of the one that is followed
-    QPoint touched_; // where it came down
-    int scrolledAtTouch_ = 0;
-    bool dragging_ = false;
+    FingerScroll finger_;
     std::optional<quint64> timeOfDoubleClick_; // in milliseconds; nothing unless the last tap was one
 };
 

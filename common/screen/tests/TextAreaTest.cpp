@@ -7,7 +7,9 @@
 
 #include <QCoreApplication>
 #include <QScrollBar>
+#include <QTest>
 #include <QWheelEvent>
+#include <QWindow>
 
 namespace numbrela {
 
@@ -24,6 +26,15 @@ std::string longText()
     return text;
 }
 
+void dragByMouse(const TextArea& area, QPoint from, QPoint to)
+{
+    QWindow* window = area.window()->windowHandle();
+    const auto inWindow = [&area](QPoint place) { return area.viewport()->mapTo(area.window(), place); };
+    QTest::mousePress(window, Qt::LeftButton, {}, inWindow(from));
+    QTest::mouseMove(window, inWindow(to));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(to));
+}
+
 void turnWheel(const TextArea& area, int eighthsOfADegree, Qt::KeyboardModifiers with)
 {
     QWheelEvent turn(QPointF(5, 5), area.mapToGlobal(QPointF(5, 5)), {}, { 0, eighthsOfADegree }, Qt::NoButton, with,
@@ -37,6 +48,7 @@ protected:
     TextAreaTest()
     {
         area_.resize(200, 60);
+        box_.move(0, 100);
         ShowAndActivate(window_);
         area_.setFocus();
     }
@@ -68,6 +80,33 @@ TEST_F(TextAreaTest, AHighlightIsMadeByKeysTooAndStaysWhateverHasTheFocus)
         area_.SetText("Sume los precios");
         EXPECT_FALSE(area_.textCursor().hasSelection());
     }
+}
+
+TEST_F(TextAreaTest, AFingerScrollsItAndHighlightsNothingAndAMouseHighlights)
+{
+    area_.SetText(longText());
+    box_.setFocus();
+    const int lineHeight = area_.fontMetrics().lineSpacing();
+    DragByFinger(*area_.viewport(), { 20, 50 }, { 20, 50 - lineHeight });
+    EXPECT_EQ(area_.verticalScrollBar()->value(), lineHeight);
+    EXPECT_FALSE(area_.textCursor().hasSelection());
+    EXPECT_TRUE(area_.hasFocus());
+    DragByFinger(*area_.viewport(), { 20, 10 }, { 20, 55 });
+    EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
+    dragByMouse(area_, { 5, 10 }, { 100, 10 });
+    EXPECT_TRUE(area_.textCursor().hasSelection());
+    EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(TextAreaTest, ATapGivesItTheFocusAndTakesAHighlightAway)
+{
+    area_.SetText("Sume los precios");
+    area_.SelectWholeText();
+    box_.setFocus();
+    Tap(*area_.viewport());
+    EXPECT_TRUE(area_.hasFocus());
+    EXPECT_FALSE(area_.textCursor().hasSelection());
+    EXPECT_TRUE(area_.textCursor().atEnd());
 }
 
 TEST_F(TextAreaTest, OfALongHighlightTheBeginningIsInViewAndTheWheelScrollsIt)
