@@ -1,3 +1,5 @@
+#include "activities/divide/core/WorkingGrid.h"
+#include "activities/divide/screen/WorkingGridBox.h"
 #include "app/Activities.h"
 #include "app/Application.h"
 #include "app/Form1.h"
@@ -5,7 +7,6 @@
 #include "bench/WindowTimes.h"
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
-#include "common/screen/KeypadSwitch.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -145,37 +146,50 @@ OpenWindow activity(std::size_t index, ProgramRun& run)
 }
 
 // The same with its keypad on the screen.
-OpenWindow withKeypad(OpenWindow open)
+OpenWindow withKeypad(std::size_t index, ProgramRun& run)
 {
-    return [open = std::move(open)] {
-        QWidget* window = open();
-        window->findChild<KeypadSwitch*>()->click();
-        return window;
+    return [index, &run] {
+        FormWindow* form = activities[index].Window(run);
+        form->Choices().KeypadShown = true;
+        form->Show(true);
+        return form;
     };
 }
 
-// As large as Form2, with about as much in it.
+// As large as Form2 or as Form5, which has a paper, with about as much in it.
 class Offering : public FormWindow {
 public:
-    explicit Offering(bool offersKeypad)
-        : FormWindow(QStringLiteral("Offering"), QStringLiteral("SUMAS"), { 4875, 7695 }, {})
+    Offering(bool hasPaper, bool offersKeypad)
+        : FormWindow(QStringLiteral("Offering"), QStringLiteral("SUMAS"),
+            hasPaper ? TwipsSize { 6000, 8505 } : TwipsSize { 4875, 7695 }, {})
     {
         AddMenu(QStringLiteral("MnuOpc"), QStringLiteral("&Opciones"));
         for (int row = 0; row < 6; ++row) {
-            AddTextBox(Area(), QStringLiteral("Box"), { 1500, 500 + row * 500, 2000, 495 }, {});
+            AddTextBox(Area(), QStringLiteral("Box"), { 2800, 500 + row * 500, 2000, 495 }, {});
             AddButton(
-                Area(), QStringLiteral("Button"), QStringLiteral("&Hecho"), { 1500, 3600 + row * 500, 2000, 495 }, {});
+                Area(), QStringLiteral("Button"), QStringLiteral("&Hecho"), { 2800, 3600 + row * 500, 2000, 495 }, {});
+        }
+        if (hasPaper) {
+            grid_.LineWidth = columns;
+            grid_.Begin("116937035,08");
+            Area().Place(new WorkingGridBox(grid_, this),
+                { 100, 500, columns * WorkingGridBox::CellWidth, WorkingGridBox::Height }, {});
         }
         if (offersKeypad) {
-            OfferKeypad();
+            OfferKeypad(hasPaper ? KeypadKeys::WithBlankAndArrows : KeypadKeys::WithBlank);
         }
     }
+
+private:
+    static constexpr int columns = 15;
+    bool commaShift_ = false;
+    WorkingGrid grid_ { commaShift_ };
 };
 
-OpenWindow offering(bool keypad)
+OpenWindow offering(bool paper, bool keypad)
 {
-    return [keypad] {
-        auto* form = new Offering(keypad);
+    return [paper, keypad] {
+        auto* form = new Offering(paper, keypad);
         form->Show(true);
         return form;
     };
@@ -183,16 +197,16 @@ OpenWindow offering(bool keypad)
 
 // The two differ by less than what else the machine does meanwhile: it only adds to what an opening takes at least, so
 // they are opened in turn, and the shortest time of each counts.
-void compareOfferings()
+void compareOfferings(const char* what, bool paper)
 {
     constexpr int turns = 300;
-    double with = TimeOpening(offering(true));
-    double without = TimeOpening(offering(false));
+    double with = TimeOpening(offering(paper, true));
+    double without = TimeOpening(offering(paper, false));
     for (int turn = 1; turn < Rounds(turns); ++turn) {
-        with = std::min(with, TimeOpening(offering(true)));
-        without = std::min(without, TimeOpening(offering(false)));
+        with = std::min(with, TimeOpening(offering(paper, true)));
+        without = std::min(without, TimeOpening(offering(paper, false)));
     }
-    Print({ "open a window with the offer of a keypad", "ms", with, without, aimedOfferRatio, 0 });
+    Print({ what, "ms", with, without, aimedOfferRatio, 0 });
 }
 
 void run()
@@ -218,17 +232,22 @@ void run()
         Print({ each.Opening, "ms", Median(opened[each.Index]), empty, 0, aimedOpening });
     }
 
-    compareOfferings();
+    Print(
+        { "open Divisiones with its keypad", "ms", Median(TimeOpenings(withKeypad(3, run))), empty, 0, aimedOpening });
+    compareOfferings("open a window with the offer of a keypad", false);
+    compareOfferings("open one with a paper and that offer", true);
 
     const double sums = Median(timeKeyPresses(activity(0, run)));
     const double product = Median(timeKeyPresses(activity(2, run)));
-    const double onKeypad = Median(timeKeyPresses(withKeypad(activity(0, run)), &emptyBox, sevenOfKeypad));
+    const double onKeypad = Median(timeKeyPresses(withKeypad(0, run), &emptyBox, sevenOfKeypad));
     const double grid = Median(timeKeyPresses(activity(3, run), &goToFirstRow));
+    const double gridOnKeypad = Median(timeKeyPresses(withKeypad(3, run), &goToFirstRow, sevenOfKeypad));
     const double plain = Median(timeKeyPresses(openPlainTextBox));
     Print({ "type a digit in Sumas", "ms", sums, plain, 0, aimedKeyPress });
     Print({ "type a digit on the keypad in Sumas", "ms", onKeypad, plain, 0, aimedKeyPress });
     Print({ "type a digit in Multiplicaciones", "ms", product, plain, 0, aimedKeyPress });
     Print({ "type a digit on the paper of Divisiones", "ms", grid, plain, 0, aimedKeyPress });
+    Print({ "type a digit on the keypad in Divisiones", "ms", gridOnKeypad, plain, 0, aimedKeyPress });
 }
 
 } // namespace

@@ -17,8 +17,7 @@ ListBox::ListBox(QWidget* parent)
     : QListView(parent)
     , finger_(*this,
           {
-              .DragBegins
-              = [this] { setVerticalScrollMode(ScrollPerPixel); }, // so that the lines stay under the finger
+              .DragBegins = [this] { setVerticalScrollMode(ScrollPerPixel); }, // so that lines stay under the finger
               .DragEnds = [this] { endDragging(); },
               .Tapped = [this](QPoint place, quint64 time) { tap(place, time); },
           })
