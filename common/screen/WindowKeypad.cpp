@@ -201,9 +201,13 @@ std::optional<QRect> WindowKeypad::bestPlace(const std::vector<QSize>& sizes, co
 
 // ------------------------------------------------------------------------------------------------------------ dragging
 
-// Under the hand, the calculation stays where it is.
+// Under the hand, the calculation stays where it is. The keypad is not dragged while a key is held: it may still have a
+// size that none of its shapes has in a window that was resized meanwhile.
 void WindowKeypad::drag(QPoint to)
 {
+    if (Pad()->IsHeld()) {
+        return;
+    }
     const QRect all = room();
     const std::vector<QSize> sizes = Pad()->SizesWith(KeySize());
     const QPoint last = all.bottomRight() - Pad()->rect().bottomRight();

@@ -900,6 +900,22 @@ TEST_F(KeypadDragTest, NoRoomIsKeptBesideTheCalculationWhileItIsDraggedAway)
     EXPECT_EQ(form_.Area().Drawing(), beside);
 }
 
+// It keeps its size then, even if the window gets another one.
+TEST_F(KeypadDragTest, NobodyDragsItWhileAFingerHoldsAKey)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    form_.resize(1280, 1000);
+    const QRect held = form_.Pad()->geometry();
+    drag({ 20, 30 });
+    EXPECT_EQ(form_.Pad()->geometry(), held);
+    LiftFinger();
+    const QRect beside = form_.Pad()->geometry();
+    EXPECT_GT(beside.left(), form_.Area().Drawing().right());
+    drag({ 20, 30 });
+    EXPECT_EQ(form_.Pad()->geometry(), beside.translated(20, 30));
+}
+
 TEST_F(KeypadDragTest, NeitherASlightMoveNorAMissedKeyDragsIt)
 {
     form_.resize(1280, 800);
