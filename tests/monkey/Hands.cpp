@@ -169,7 +169,9 @@ void Hands::Paste(const QString& text)
 
 void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers with)
 {
-    letGoOfMouse();
+    if (!outlives(widget, &Hands::letGoOfMouse)) {
+        return;
+    }
     sayPlace(button == Qt::LeftButton ? "left" : button == Qt::RightButton ? "right" : "middle", widget, place);
     const QPointer<QWidget> alive = &widget;
     mouse(QTest::MousePress, widget, place, button, with);
@@ -178,7 +180,9 @@ void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::Key
 
 void Hands::DoubleClick(QWidget& widget, QPoint place)
 {
-    letGoOfMouse();
+    if (!outlives(widget, &Hands::letGoOfMouse)) {
+        return;
+    }
     sayPlace("at", widget, place);
     mouse(QTest::MouseDClick, widget, place, Qt::LeftButton);
 }
@@ -186,7 +190,9 @@ void Hands::DoubleClick(QWidget& widget, QPoint place)
 void Hands::Drag(QWidget& widget, QPoint from, QPoint to)
 {
     constexpr int steps = 4;
-    letGoOfMouse();
+    if (!outlives(widget, &Hands::letGoOfMouse)) {
+        return;
+    }
     sayPlace("from", widget, from);
     sayPlace("to", widget, to);
     const QPointer<QWidget> alive = &widget;
@@ -222,7 +228,9 @@ void Hands::DragByFinger(QWidget& widget, QPoint from, QPoint to)
 
 void Hands::HoldByMouse(QWidget& widget, QPoint place)
 {
-    letGoOfMouse();
+    if (!outlives(widget, &Hands::letGoOfMouse)) {
+        return;
+    }
     sayPlace("down on", widget, place);
     underMouse_ = &widget;
     mouse(QTest::MousePress, widget, place, Qt::LeftButton);
@@ -230,7 +238,9 @@ void Hands::HoldByMouse(QWidget& widget, QPoint place)
 
 void Hands::HoldByFinger(QWidget& widget, QPoint place)
 {
-    liftFinger();
+    if (!outlives(widget, &Hands::liftFinger)) {
+        return;
+    }
     sayPlace("down on", widget, place);
     if (const QWindow* window = widget.window()->windowHandle()) {
         isFingerDown_ = true;
@@ -242,6 +252,14 @@ void Hands::LetGoOfScreen()
 {
     letGoOfMouse();
     liftFinger();
+}
+
+// What is let go may be the button that closes the window.
+bool Hands::outlives(QWidget& widget, void (Hands::*letGo)())
+{
+    const QPointer<QWidget> alive = &widget;
+    (this->*letGo)();
+    return alive != nullptr;
 }
 
 void Hands::letGoOfMouse()

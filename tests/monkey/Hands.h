@@ -52,6 +52,7 @@ private:
     void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false) const;
     void sendModifiers(bool down, Qt::KeyboardModifiers with) const;
     void pressAndRelease(const Key& key, Qt::KeyboardModifiers with) const;
+    bool outlives(QWidget& widget, void (Hands::*letGo)());
     void letGoOfMouse();
     void liftFinger();
     void sayPlace(const char* what, const QWidget& widget, QPoint place) const;
