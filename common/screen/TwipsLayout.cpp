@@ -14,9 +14,12 @@ constexpr double twipsPerInch = 1440;
 constexpr double twipsPerPoint = 20;
 constexpr double smallestScale = 0.5; // below half its design size a window is no longer readable
 
+// A place is the same pixel wherever it is counted from: halves go up, also below zero, and with them what falls short
+// of a half by nothing but the inexactness of a double.
 int rounded(double pixels)
 {
-    return static_cast<int>(std::lround(pixels));
+    constexpr double almostHalf = 0.5 + 1e-9;
+    return static_cast<int>(std::floor(pixels + almostHalf));
 }
 
 QFont fontInPixels(const FontSpec& spec, int pixels)
@@ -174,26 +177,40 @@ Qt::Orientations TwipsLayout::expandingDirections() const
 void TwipsLayout::setGeometry(const QRect& rect)
 {
     QLayout::setGeometry(rect);
-    const TwipsRect extent = Extent();
     pixelsPerTwip_ = scaleIn(rect.size());
     const QSize shown = SizeAt(pixelsPerTwip_);
     const QSize spare = rect.size() - shown;
     const int left
         = roomBeside_ > 0 ? std::clamp(spare.width() - roomBeside_, 0, spare.width() / 2) : spare.width() / 2;
     drawing_ = QRect(rect.topLeft() + QPoint(left, spare.height() / 2), shown);
-    const double originX = drawing_.x() - extent.Left * pixelsPerTwip_;
-    const double originY = drawing_.y() - extent.Top * pixelsPerTwip_;
+    origin_ = origin();
     const auto toPixels = [this](double start, int twips) { return rounded(start + twips * pixelsPerTwip_); };
 
     for (Entry& entry : entries_) {
         QWidget* control = entry.Item->widget();
         giveFont(entry);
         const TwipsRect whole = wholeRect(entry);
-        const QPoint topLeft(toPixels(originX, whole.Left), toPixels(originY, whole.Top));
+        const QPoint topLeft(toPixels(origin_.x(), whole.Left), toPixels(origin_.y(), whole.Top));
         const QPoint bottomRight(
-            toPixels(originX, whole.Left + whole.Width), toPixels(originY, whole.Top + whole.Height));
+            toPixels(origin_.x(), whole.Left + whole.Width), toPixels(origin_.y(), whole.Top + whole.Height));
         control->setGeometry(QRect(topLeft, bottomRight - QPoint(1, 1)));
+        if (auto* frame = dynamic_cast<TwipsLayout*>(control->layout()); frame != nullptr) {
+            frame->setGeometry(control->contentsRect()); // if it has only moved, too: it begins elsewhere in its pixel
+        }
     }
+}
+
+// A frame begins between two pixels, and was rounded to one of them. What it holds is rounded only once, in the area
+// around it: what reaches an edge of the frame ends with it, and is neither cut off nor a pixel short. At the design
+// size everything is to the pixel where its twips say, counted from the frame.
+QPointF TwipsLayout::origin() const
+{
+    const TwipsLayout* enclosing = pixelsPerTwip_ == DesignPixelsPerTwip() ? nullptr : enclosingArea();
+    if (const Entry* frame = enclosing == nullptr ? nullptr : enclosing->find(parentWidget()); frame != nullptr) {
+        return enclosing->origin_ + QPointF(frame->Rect.Left, frame->Rect.Top) * pixelsPerTwip_ - parentWidget()->pos();
+    }
+    const TwipsRect extent = Extent();
+    return drawing_.topLeft() - QPointF(extent.Left, extent.Top) * pixelsPerTwip_;
 }
 
 // The scale at which what is shown fills this room. At the design size it is exactly the design scale, although the

@@ -94,6 +94,7 @@ private:
     };
 
     double scaleIn(QSize room) const;
+    QPointF origin() const;
     void giveFont(Entry& entry) const;
     TwipsRect wholeRect(const Entry& entry) const;
     const TwipsLayout* enclosingArea() const;
@@ -105,6 +106,7 @@ private:
     int margin_ = 0;
     int roomBeside_ = 0; // pixels
     QRect drawing_;
+    QPointF origin_; // where the twips of the area begin in it, in pixels
     double pixelsPerTwip_;
     std::vector<Entry> entries_;
 };

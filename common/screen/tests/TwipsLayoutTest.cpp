@@ -357,6 +357,15 @@ TEST_F(FrameInAreaTest, AWindowOfTheWindowsOwnHasAScaleOfItsOwn)
     EXPECT_DOUBLE_EQ(layout_.PixelsPerTwip(), 300.0 / 4500);
 }
 
+TEST_F(FrameInAreaTest, EndsWithTheFrameWhatReachesItsEdgesAtAnyScale)
+{
+    inner_->Move(label_, { 0, 0, 3000, 1500 });
+    for (int pixels = 151; pixels < 800; ++pixels) {
+        resize({ pixels, pixels });
+        EXPECT_EQ(label_->geometry(), frame_->rect()) << pixels;
+    }
+}
+
 TEST_F(FrameInAreaTest, GrowsWithWhatStandsBeyondTheFramesEdges)
 {
     const QRect before = labelInArea();
