@@ -136,23 +136,19 @@ ProductTable LoadCatalogue(const std::filesystem::path& path, CatalogueContent& 
 
 void SaveCatalogue(const std::filesystem::path& path, const ProductTable& table)
 {
-    CatalogueReplacement file(path);
-    file.Write(contentOf(table));
-    file.Commit();
+    ReplaceCatalogue(path, contentOf(table));
 }
 
 SaveOutcome SaveCatalogueIfUnchanged(
     const std::filesystem::path& path, const ProductTable& table, const CatalogueContent& expected)
 {
-    CatalogueReplacement file(path);
     CatalogueContent wanted = contentOf(table);
-    file.Write(*wanted);
-    CatalogueContent found = file.Replaced();
-    if (found != expected && found != wanted) {
-        return { .Saved = false, .Content = std::move(found) };
-    }
-    file.Commit();
-    return { .Saved = true, .Content = std::move(wanted) };
+    CatalogueContent found;
+    const bool saved = ReplaceCatalogue(path, *wanted, [&](CatalogueContent content) {
+        found = std::move(content);
+        return found == expected || found == wanted;
+    });
+    return { .Saved = saved, .Content = std::move(saved ? wanted : found) };
 }
 
 } // namespace numbrela

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -55,34 +56,10 @@ private:
     std::size_t size_ = 0;
 };
 
-// Writes a new file beside the old one and, when it is all on the disk, puts it into the old one's place. Until then
-// the old file is untouched; a replacement that is never committed leaves nothing behind. It locks the folder as long
-// as it lives, so no other process can replace the file between the call of Replaced() and the end of Commit(). What a
-// stopped save had put whole beside a file that is gone takes the place of that file first. In a browser, whose storage
-// replaces whole but knows no lock, there is neither.
-class CatalogueReplacement {
-public:
-    explicit CatalogueReplacement(const std::filesystem::path& path);
-    ~CatalogueReplacement();
-    CatalogueReplacement(const CatalogueReplacement&) = delete;
-    CatalogueReplacement& operator=(const CatalogueReplacement&) = delete;
-
-    // All bytes of the new file.
-    void Write(std::span<const char> bytes);
-
-    // The bytes of the file that is about to be replaced.
-    CatalogueContent Replaced() const;
-
-    void Commit();
-
-private:
-    // Renames the new file, over one of that name, and brings this to the disk.
-    void takeName(const std::filesystem::path& name);
-
-    std::filesystem::path path_;
-    std::filesystem::path nameNow_; // of the new file, which at last takes over the name of the old one
-    Descriptor folder_; // or what stands for it: it is locked as long as this is open
-    Descriptor file_;
-};
+// Puts these bytes into the place of the file's, or makes the file. Whatever happens meanwhile, the file is the old one
+// or the new one, whole. Who may refuse is asked first, with the bytes that are about to be replaced; from then on
+// nobody else can replace them. Returns whether the file has the new bytes.
+using Consent = std::function<bool(CatalogueContent)>;
+bool ReplaceCatalogue(const std::filesystem::path& path, const std::string& bytes, const Consent& consent = {});
 
 } // namespace numbrela

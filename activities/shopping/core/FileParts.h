@@ -20,7 +20,7 @@ namespace numbrela {
 inline constexpr const char* NewNameMark = ".nuevo-"; // being written; followed by the process id
 inline constexpr const char* CompleteNameMark = ".completo"; // whole and on the disk
 
-// Why something cannot be done, as far as both systems can say it.
+// Why something cannot be done, as far as several systems can say it.
 namespace Reason {
 
 inline constexpr const char* NoFolder = "la carpeta no existe";

@@ -1,16 +1,14 @@
-#include "activities/shopping/core/CatalogueFile.h"
+#include "activities/shopping/core/CatalogueReplacement.h"
 
 #include "activities/shopping/core/FileParts.h"
+#include "activities/shopping/core/posix/Files.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 #include <thread>
 
 namespace numbrela {
@@ -19,72 +17,15 @@ namespace {
 
 constexpr mode_t whatTheUmaskAllows = 0666;
 
-std::string reasonOf(int error)
-{
-    switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        return Reason::NoFolder;
-    case EACCES:
-    case EPERM:
-        return Reason::NoRight;
-    case EROFS:
-        return Reason::ReadOnlyDisk;
-    case ENOSPC:
-    case EDQUOT:
-        return Reason::DiskFull;
-    case EFBIG:
-        return Reason::TooLarge;
-    case EISDIR:
-        return Reason::IsFolder;
-    case EIO:
-        return Reason::DiskFails;
-    case ENAMETOOLONG:
-        return Reason::NameTooLong;
-    case EINVAL:
-        return Reason::NoDataFile;
-    default:
-        return Reason::Unknown(error, std::strerror(error));
-    }
-}
-
-[[noreturn]] void failTo(const char* action, const std::filesystem::path& path)
-{
-    FailAt(path, action, reasonOf(errno));
-}
-
 [[noreturn]] void failToWrite(const std::filesystem::path& path)
 {
-    failTo("escribir", path);
-}
-
-// Repeats a call that a signal has interrupted.
-template <typename Call>
-auto untilDone(Call call)
-{
-    auto result = call();
-    while (result < 0 && errno == EINTR) {
-        result = call();
-    }
-    return result;
+    FailTo("escribir", path);
 }
 
 // Flushes to the disk what has been written. Some file systems have no such call for folders and need none.
 bool syncToDisk(const Descriptor& descriptor)
 {
-    return untilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
-// What reads a part of the file and can say that this is a part of the action.
-auto readerOf(const Descriptor& file, const char* action, const std::filesystem::path& path)
-{
-    return [&file, action, &path](std::span<char> buffer) {
-        const ssize_t count = untilDone([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
-        if (count < 0) {
-            failTo(action, path);
-        }
-        return static_cast<std::size_t>(count);
-    };
+    return UntilDone([&] { return ::fsync(descriptor.Number()); }) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
 // A folder on a file system that has no locks is not locked.
@@ -125,22 +66,6 @@ void shareAsTheFolderIs(int file, const std::filesystem::path& path)
     }
 }
 
-int openOrCreate(const std::filesystem::path& path)
-{
-    int found = openToRead(path);
-    if (found < 0 && errno == ENOENT) {
-        found = openToRead(CompleteNameOf(fileBehind(path)));
-    }
-    if (found >= 0 || errno != ENOENT) {
-        return found;
-    }
-    const int created = ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, whatTheUmaskAllows);
-    if (created >= 0) {
-        shareAsTheFolderIs(created, path);
-    }
-    return created;
-}
-
 // A save takes only a fraction of the time that another one waits for it. When a process dies, the system releases its
 // lock.
 void keepOthersOut(const Descriptor& folder, const std::filesystem::path& path)
@@ -179,7 +104,7 @@ int openNewFile(const Descriptor& folder, const std::filesystem::path& path, con
     if (::stat(path.c_str(), &old) == 0) {
         constexpr mode_t anybodyMayWrite = 0222;
         if (!S_ISREG(old.st_mode)) {
-            FailAt(path, "escribir", reasonOf(S_ISDIR(old.st_mode) ? EISDIR : EINVAL));
+            FailAt(path, "escribir", ReasonOf(S_ISDIR(old.st_mode) ? EISDIR : EINVAL));
         }
         if ((old.st_mode & anybodyMayWrite) == 0) {
             FailAt(path, "escribir", Reason::ReadOnlyFile);
@@ -218,37 +143,20 @@ void keepOwnerAndPermissions(const Descriptor& file, const std::filesystem::path
 
 } // namespace
 
-std::string TextOf(const std::filesystem::path& path)
+int OpenOrCreate(const std::filesystem::path& path)
 {
-    return path.string();
-}
-
-// Whatever close() answers, the file is closed then, and what was written has been flushed before.
-void Descriptor::Close()
-{
-    if (IsOpen()) {
-        ::close(number_);
-        number_ = -1;
+    int found = openToRead(path);
+    if (found < 0 && errno == ENOENT) {
+        found = openToRead(CompleteNameOf(fileBehind(path)));
     }
-}
-
-CatalogueReader::CatalogueReader(const std::filesystem::path& path)
-    : path_(path)
-    , file_(openOrCreate(path))
-{
-    struct stat status { };
-    if (!file_.IsOpen() || ::fstat(file_.Number(), &status) != 0) {
-        failTo("leer", path_);
+    if (found >= 0 || errno != ENOENT) {
+        return found;
     }
-    if (!S_ISREG(status.st_mode)) {
-        FailAt(path_, "leer", reasonOf(S_ISDIR(status.st_mode) ? EISDIR : EINVAL));
+    const int created = ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, whatTheUmaskAllows);
+    if (created >= 0) {
+        shareAsTheFolderIs(created, path);
     }
-    size_ = static_cast<std::size_t>(status.st_size);
-}
-
-std::size_t CatalogueReader::Read(std::span<char> buffer)
-{
-    return Fill(buffer, readerOf(file_, "leer", path_));
+    return created;
 }
 
 CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
@@ -274,7 +182,7 @@ CatalogueReplacement::~CatalogueReplacement()
 void CatalogueReplacement::Write(std::span<const char> bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t count = untilDone([&] { return ::write(file_.Number(), bytes.data(), bytes.size()); });
+        const ssize_t count = UntilDone([&] { return ::write(file_.Number(), bytes.data(), bytes.size()); });
         if (count < 0) {
             failToWrite(path_);
         }
@@ -295,7 +203,7 @@ CatalogueContent CatalogueReplacement::Replaced() const
         }
         return std::nullopt;
     }
-    return ReadToEnd(readerOf(old, "escribir", path_));
+    return ReadToEnd(ReaderOf(old, "escribir", path_));
 }
 
 // The new file is completely on the disk before it takes a name that says so, and has that name on the disk before the

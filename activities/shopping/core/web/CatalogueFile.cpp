@@ -1,20 +1,22 @@
 #include "activities/shopping/core/CatalogueFile.h"
 
 #include "activities/shopping/core/FileParts.h"
+#include "activities/shopping/core/posix/Files.h"
 #include "common/core/web/Page.h"
 
 #include <fcntl.h>
-#include <unistd.h>
 
 #include <fstream>
-#include <iterator>
 
 namespace numbrela {
 
 namespace {
 
-// The files here live in memory, and as long as the program. The page has put the school's catalogue among them. What
-// somebody has saved is kept by the browser and, as long as it is, stands for that file; any tab may give it up.
+constexpr const char* notStored
+    = "El catálogo no se ha podido guardar: este navegador no lo permite o no tiene sitio. "
+      "Para no perder los cambios, guárdelos en un archivo con el enlace de debajo del programa.";
+
+// Puts what this browser keeps beside the file for which it stands.
 std::filesystem::path fileOf(const std::filesystem::path& path, const std::string& bytes)
 {
     std::filesystem::path stored = path;
@@ -23,86 +25,37 @@ std::filesystem::path fileOf(const std::filesystem::path& path, const std::strin
     return stored;
 }
 
-int open(const std::filesystem::path& path)
+CatalogueContent contentNow(const std::filesystem::path& path)
 {
-    const std::optional<std::string> stored = Page::StoredCatalogue();
-    return ::open((stored ? fileOf(path, *stored) : path).c_str(), O_RDONLY | O_CREAT, 0666);
-}
-
-std::string contentOf(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return { std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>() };
+    CatalogueContent stored = Page::StoredCatalogue();
+    const Descriptor file(::open(path.c_str(), O_RDONLY));
+    if (stored || !file.IsOpen()) {
+        return stored;
+    }
+    return ReadToEnd(ReaderOf(file, "leer", path));
 }
 
 } // namespace
 
-std::string TextOf(const std::filesystem::path& path)
+// The files here live in memory, and as long as the program. The page has put the school's catalogue among them. What
+// somebody has saved is kept by the browser and, as long as it is, stands for that file; any tab may give it up.
+int OpenOrCreate(const std::filesystem::path& path)
 {
-    return path.string();
+    const CatalogueContent stored = Page::StoredCatalogue();
+    return ::open((stored ? fileOf(path, *stored) : path).c_str(), O_RDONLY | O_CREAT, 0666);
 }
 
-void Descriptor::Close()
+// A browser's storage replaces whole, but knows no lock: of two saves within the same milliseconds the later one
+// stands. All tabs that share a storage are before one person, who has to turn from one to the other between two saves.
+bool ReplaceCatalogue(const std::filesystem::path& path, const std::string& bytes, const Consent& consent)
 {
-    if (IsOpen()) {
-        ::close(number_);
-        number_ = -1;
+    if (consent && !consent(contentNow(path))) {
+        return false;
     }
-}
-
-CatalogueReader::CatalogueReader(const std::filesystem::path& path)
-    : path_(path)
-    , file_(open(path))
-{
-    if (!file_.IsOpen()) {
-        FailAt(path_, "leer", Reason::NoFolder);
+    if (!Page::StoreCatalogue(bytes)) {
+        throw RunTimeError(RunTimeError::Kind::File, notStored);
     }
-    size_ = static_cast<std::size_t>(::lseek(file_.Number(), 0, SEEK_END));
-    ::lseek(file_.Number(), 0, SEEK_SET);
-}
-
-std::size_t CatalogueReader::Read(std::span<char> buffer)
-{
-    return Fill(buffer, [this](std::span<char> part) {
-        return static_cast<std::size_t>(::read(file_.Number(), part.data(), part.size())); // from memory: never fails
-    });
-}
-
-// Another tab may run at the same time, and a browser's storage knows no lock: of two saves within the same
-// milliseconds the later one stands. Nobody works in two tabs that fast.
-CatalogueReplacement::CatalogueReplacement(const std::filesystem::path& path)
-    : path_(path)
-    , nameNow_(std::filesystem::path(path) += NewNameMark)
-    , folder_(-1)
-    , file_(-1)
-{
-}
-
-CatalogueReplacement::~CatalogueReplacement()
-{
-    std::error_code ignored;
-    std::filesystem::remove(nameNow_, ignored);
-}
-
-void CatalogueReplacement::Write(std::span<const char> bytes)
-{
-    std::ofstream(nameNow_, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-CatalogueContent CatalogueReplacement::Replaced() const
-{
-    const std::optional<std::string> stored = Page::StoredCatalogue();
-    if (stored || !std::filesystem::exists(path_)) {
-        return stored;
-    }
-    return contentOf(path_);
-}
-
-void CatalogueReplacement::Commit()
-{
-    if (!Page::StoreCatalogue(contentOf(nameNow_))) {
-        FailAt(path_, "escribir", Reason::DiskFull);
-    }
+    return true;
 }
 
 } // namespace numbrela

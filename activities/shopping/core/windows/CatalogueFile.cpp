@@ -1,4 +1,4 @@
-#include "activities/shopping/core/CatalogueFile.h"
+#include "activities/shopping/core/CatalogueReplacement.h"
 
 #include "activities/shopping/core/FileParts.h"
 #include "activities/shopping/core/windows/ErrorNumbers.h"
