@@ -1,8 +1,9 @@
 #include "activities/shopping/screen/ListBox.h"
 
+#include "activities/shopping/screen/SpanishOrder.h"
+
 #include <QAccessible>
 #include <QApplication>
-#include <QCollator>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -39,24 +40,17 @@ void ListBox::SetLines(const std::vector<std::string>& lines)
 
 void ListBox::SetSortedLines(const std::vector<ListLine>& lines)
 {
-    // On Windows, Qt takes the Spanish of Spain for the order that dictionaries had until 1994, in which CH and LL are
-    // letters of their own. Its sort keys are not in the order of its comparisons there, so none are made.
-    QCollator spanish(QLocale(QLocale::Spanish, QLocale::Mexico));
-    spanish.setCaseSensitivity(Qt::CaseInsensitive);
-    std::vector<std::pair<QString, int>> sorted;
+    std::vector<std::string> texts;
     for (const ListLine& line : lines) {
-        sorted.emplace_back(QString::fromStdString(line.Text), line.Data);
+        texts.push_back(line.Text);
     }
-    std::stable_sort(sorted.begin(), sorted.end(),
-        [&spanish](const auto& a, const auto& b) { return spanish.compare(a.first, b.first) < 0; });
-
-    QStringList texts;
+    QStringList sorted;
     data_.clear();
-    for (const auto& [text, about] : sorted) {
-        texts << text;
-        data_.push_back(about);
+    for (const std::size_t place : SpanishOrder(texts)) {
+        sorted << QString::fromStdString(lines[place].Text);
+        data_.push_back(lines[place].Data);
     }
-    lines_.setStringList(texts);
+    lines_.setStringList(sorted);
 }
 
 void ListBox::RewriteLine(int line, const std::string& text)

@@ -29,8 +29,7 @@ public:
     // Replaces all lines (UTF-8); none of the new ones is selected.
     void SetLines(const std::vector<std::string>& lines);
 
-    // Replaces all lines, sorted as in a Spanish dictionary: ñ after n, case ignored, accents compared only when the
-    // letters are equal. Equal lines keep their order.
+    // Replaces all lines, sorted as in a Spanish dictionary.
     void SetSortedLines(const std::vector<ListLine>& lines);
 
     // Changes the text of a line, without sorting the list again.

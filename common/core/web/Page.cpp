@@ -35,6 +35,11 @@ bool StoreCatalogue(const std::string& bytes)
     return page().call<bool>("storeCatalogue", val::global("Uint8Array").new_(view)); // a copy that is the page's
 }
 
+std::vector<std::size_t> SpanishOrder(const std::vector<std::string>& texts)
+{
+    return emscripten::convertJSArrayToNumberVector<std::size_t>(page().call<val>("spanishOrder", val::array(texts)));
+}
+
 void Announce(const std::string& sentence)
 {
     page().call<void>("announce", sentence);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 // What the page offers in which the program runs, by the object Module.numbrela, whose functions have these names in
 // camel case.
@@ -13,6 +15,9 @@ std::optional<std::string> StoredCatalogue();
 
 // Has the browser keep these bytes, whole or not at all. Returns whether it does.
 bool StoreCatalogue(const std::string& bytes);
+
+// The places that these texts have now, in the order of a Spanish dictionary. Equal ones keep their order.
+std::vector<std::size_t> SpanishOrder(const std::vector<std::string>& texts);
 
 // Has assistive tools say a sentence, in UTF-8.
 void Announce(const std::string& sentence);

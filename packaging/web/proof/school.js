@@ -94,6 +94,17 @@ export function priceOf(catalogue) {
     return String(Number(catalogue.readFloatLE(firstOf(catalogue) + priceAt).toFixed(2))).replace(".", ",");
 }
 
+// Of products with such names and prices, all of one shop.
+export function catalogueOf(products) {
+    return Buffer.concat(products.map(([name, price]) => {
+        const record = Buffer.alloc(recordSize, " ");
+        record.write(name, "latin1");
+        record.writeFloatLE(price, priceAt);
+        record.write("Supermercado", shopAt, "latin1");
+        return record;
+    }));
+}
+
 export function withPrice(catalogue, price) {
     const changed = Buffer.from(catalogue);
     changed.writeFloatLE(price, firstOf(catalogue) + priceAt);

@@ -42,11 +42,17 @@ function cents(text) {
 
 const euros = sum => (sum / 100).toFixed(2).replace(".", ",");
 
-async function column(tab, title, box, upper, lower, result) {
+async function writesColumn(tab, title, box, upper, lower, result) {
     await opens(tab, title);
     await enters(tab, "F2", box, upper, title);
     await enters(tab, "F3", box, lower, title);
     await tab.writeFromTheRight(result);
+}
+
+export const writesSum = tab => writesColumn(tab, "SUMAS", "Sumas", "57", "68", "125");
+
+async function column(tab, ...exercise) {
+    await writesColumn(tab, ...exercise);
     await tab.press("Enter");
     await tabs(tab, 3);
     await copiesAnew(tab, oneRight);
@@ -190,14 +196,22 @@ async function leavesShop(tab) {
     await tab.press("Tab"); // from "S&alir" on to the first button again
 }
 
-// The price of the catalogue's first product.
-export async function readsPrice(tab) {
+// The prices of the catalogue's first products.
+export async function readsPrices(tab, count) {
     await opensEditor(tab);
-    await tab.press("End", "Home", "Tab", "Tab", "Tab");
-    const price = await copiesAnew(tab, /\d/);
+    const prices = [];
+    for (let product = 0; product < count; ++product) {
+        await tab.press("End", "Home", ...Array(product).fill("Down"), "Tab", "Tab", "Tab");
+        prices.push(await copiesAnew(tab, /\d/));
+        await tab.press("shift+Tab", "shift+Tab", "shift+Tab");
+    }
     await tab.closesByTheFrame();
     await leavesShop(tab);
-    return price;
+    return prices;
+}
+
+export async function readsPrice(tab) {
+    return (await readsPrices(tab, 1))[0];
 }
 
 // In the editor, another price for the first product; the focus goes to "Aceptar".
