@@ -3,8 +3,8 @@
 cache="${XDG_CACHE_HOME:-$HOME/.cache}/numbrela"
 
 # find_toolkit NAME REMOVE... <EVERYTHING THAT THE RESULT DEPENDS ON: prints the folder of the result and ends, if it is
-# there. Otherwise makes the folder $work to build in, which is removed at the end, as is what was left when a build was
-# killed more than a day ago, and what has not been used for two months. REMOVE is the command that removes.
+# there. Otherwise makes the folder $work to build in, which is removed at the end. What a killed build has left is removed
+# after a day, a result that nobody uses after two months. REMOVE is the command that removes.
 find_toolkit() {
     local name="$1" stamp
     remove=("${@:2}")

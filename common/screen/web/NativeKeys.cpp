@@ -16,7 +16,7 @@ std::vector<quint32> KeysDown(const std::vector<quint32>& /*known*/)
     return {};
 }
 
-// What is not marked as a repetition is new.
+// Asked of keys that KeysDown() has found, and so never.
 bool WasPressedBefore(const QKeyEvent& /*press*/, const QElapsedTimer& /*timer*/)
 {
     return true;
