@@ -26,7 +26,7 @@ export function storedCatalogue() {
     return bytes;
 }
 
-// Whether it could be kept. A byte is a character: so the largest catalogue, 5,046,118 bytes, fits into the 5 Mi
+// Whether it could be kept, which the browser is then asked to do even when it needs room. A byte is a character: so the largest catalogue, 5,046,118 bytes, fits into the 5 Mi
 // characters that browsers grant.
 export function storeCatalogue(bytes) {
     let text = "";
@@ -35,10 +35,11 @@ export function storeCatalogue(bytes) {
     }
     try {
         localStorage.setItem(key, text);
-        return true;
     } catch { // full or forbidden
         return false;
     }
+    navigator.storage?.persist?.();
+    return true;
 }
 
 export function forgetCatalogue() {
@@ -58,6 +59,25 @@ export async function schoolCatalogue() {
         throw new Error(`${schoolFile}: ${response.status}`);
     }
     return new Uint8Array(await response.arrayBuffer());
+}
+
+let unsaved = null; // what the editor found no room for, until the program reads a catalogue again
+
+// How the program comes to its catalogue.
+export function readForProgram() {
+    unsaved = null;
+    return storedCatalogue();
+}
+
+export function storeForProgram(bytes) {
+    const isStored = storeCatalogue(bytes);
+    unsaved = isStored ? null : bytes;
+    return isStored;
+}
+
+// What somebody who saves into a file wants to have, or null.
+export async function newestCatalogue() {
+    return unsaved ?? storedCatalogue() ?? await schoolCatalogue();
 }
 
 const noCatalogue = "El archivo no es un catálogo de Numbrela.";

@@ -16,7 +16,9 @@ var hindrance = location.protocol === "file:" ? "Numbrela se abre desde un servi
 function sayInstead(text) {
     document.getElementById("text").textContent = text;
 }
-sayInstead(hindrance);
+if (hindrance !== "") {
+    sayInstead(hindrance);
+}
 
 // The server lacks a script. Where the program cannot be started anyway, that is no news.
 addEventListener("error", function (event) {

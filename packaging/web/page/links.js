@@ -1,7 +1,7 @@
 // The links below the program: three by which a teacher carries the catalogue from browser to browser, and two to pages
 // of their own.
 import {
-    faultOf, faultOfSize, forgetCatalogue, schoolCatalogue, storeCatalogue, storedCatalogue,
+    faultOf, faultOfSize, forgetCatalogue, newestCatalogue, storeCatalogue, storedCatalogue,
 } from "./catalogue.js?@VERSION@";
 
 const byId = id => document.getElementById(id);
@@ -35,7 +35,7 @@ export function offerCatalogue() {
 }
 
 async function save() {
-    const bytes = storedCatalogue() ?? await schoolCatalogue().catch(() => null);
+    const bytes = await newestCatalogue().catch(() => null);
     if (bytes === null) {
         tell("No hay ningún catálogo que guardar, o no hay conexión con el servidor.");
         return;
@@ -55,7 +55,7 @@ async function open(chooser) {
         tell(fault);
         return;
     }
-    const loss = storedCatalogue() ? "Se pierde el catálogo guardado en este navegador. " : "";
+    const loss = storedCatalogue() ? "Se pone en el lugar del guardado en este navegador. " : "";
     if (!await ask(`¿Abrir el catálogo «${file.name}»? ${loss}${startsAnew}`)) {
         return;
     }
@@ -83,8 +83,7 @@ async function contentOf(file) {
 async function reset() {
     if (!storedCatalogue()) {
         tell("Ya se usa el catálogo de la escuela: en este navegador no hay otro guardado.");
-    } else if (await ask("¿Volver al catálogo de la escuela? Se pierde el catálogo guardado en este navegador. "
-            + startsAnew)) {
+    } else if (await ask("¿Volver al catálogo de la escuela? Se borra el guardado en este navegador. " + startsAnew)) {
         forgetCatalogue();
         location.reload();
     }

@@ -1,9 +1,10 @@
 // Loads the program and starts it, and says how far that is and how it ended.
 import { offerCatalogue } from "./links.js?@VERSION@";
-import { schoolCatalogue, storeCatalogue, storedCatalogue } from "./catalogue.js?@VERSION@";
+import { readForProgram, schoolCatalogue, storeForProgram, storedCatalogue } from "./catalogue.js?@VERSION@";
 
 const version = "?@VERSION@";
 const byId = id => document.getElementById(id);
+let news = []; // that are about to be announced
 let running = false;
 let ended = false;
 
@@ -77,7 +78,7 @@ async function run(module, catalogue) {
                 ? end("Numbrela ha terminado.")
                 : end("Numbrela se ha cerrado por un error.", text),
         },
-        numbrela: { storedCatalogue, storeCatalogue, announce, spanishOrder },
+        numbrela: { storedCatalogue: readForProgram, storeCatalogue: storeForProgram, announce, spanishOrder },
         preRun: [({ FS }) => {
             FS.mkdir("/Recursos");
             if (catalogue !== null) {
@@ -95,9 +96,14 @@ function switchOnAccessibility() {
 
 // What the program says to a pupil who does not see. The same words twice are heard twice.
 function announce(text) {
-    const news = byId("news");
-    news.textContent = "";
-    requestAnimationFrame(() => { news.textContent = text; });
+    if (news.push(text) > 1) {
+        return;
+    }
+    byId("news").textContent = "";
+    requestAnimationFrame(() => {
+        byId("news").textContent = news.join(" ");
+        news = [];
+    });
 }
 
 // The places of the texts in the order of a Spanish dictionary, for which the program carries no tables of its own.

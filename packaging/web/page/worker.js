@@ -42,8 +42,20 @@ async function keepAll() {
     const cache = await caches.open(cacheName);
     await Promise.all([
         ...Object.keys(sums).map(async name => cache.put(folder + name, await packedFile(name))),
-        newestCatalogue(),
+        firstCatalogue(),
     ]);
+}
+
+async function firstCatalogue() {
+    const response = await newestCatalogue();
+    if (!isAnswer(response)) {
+        throw new Error(`${catalogue}: ${response.status}`);
+    }
+}
+
+// Also that the school has none, with which the program starts as well.
+function isAnswer(response) {
+    return response.ok || response.status === 404;
 }
 
 // What the page has just loaded need not come again, unless it came too early.
@@ -82,10 +94,10 @@ async function newestCatalogue() {
     try {
         const response = await fetch(catalogue,
             { cache: "no-cache", signal: old ? AbortSignal.timeout(patience) : undefined });
-        if (response.ok) {
+        if (isAnswer(response)) {
             await cache.put(catalogue, response.clone());
         }
-        if (response.ok || response.status === 404 || !old) {
+        if (isAnswer(response) || !old) {
             return response;
         }
     } catch (error) {

@@ -4,12 +4,14 @@ import { cp, readFile, readdir, rm, truncate, writeFile } from "node:fs/promises
 import { join } from "node:path";
 import { test } from "node:test";
 
-import { inEachBrowser, priceOf, withPrice } from "./school.js";
-import { patience } from "./visit.js";
-import { addsProduct, changesPrice, opensEditor, readsPrice, savesPrice } from "./walks.js";
+import { catalogueOf, inEachBrowser, priceOf, withPrice } from "./school.js";
+import { patience, plainName } from "./visit.js";
+import { addsProduct, changesPrice, opensEditor, readsPrice, readsPrices, savesPrice } from "./walks.js";
 
 const save = "Guardar el catálogo en un archivo";
 const reset = "Volver al catálogo de la escuela";
+const notStored = "El catálogo no se ha podido guardar: este navegador no lo permite o no tiene sitio. "
+    + "Para no perder los cambios, guárdelos en un archivo con el enlace de debajo del programa.";
 
 inEachBrowser(school => {
     test("what the editor saves is there after a reload, in this folder alone", async () => {
@@ -31,13 +33,64 @@ inEachBrowser(school => {
         await tab.page.evaluate(fillStorage);
         await opensEditor(tab);
         await addsProduct(tab, "Castanas", "1,25", "Supermercado");
-        await tab.sees("Numbrela"); // why it could not be saved
+        await tab.sees("Numbrela");
+        await tab.finds(notStored);
         await school.picture(tab, "no-room");
         await tab.press("Enter");
         await tab.sees("Productos");
         await tab.reloads();
         await tab.sees("NUMBRELA");
         assert.equal(await readsPrice(tab), "7,25");
+    });
+
+    test("what a browser that forbids to store must not keep goes into a file, until the editor gives it up", async () => {
+        const original = await school.catalogue();
+        const tab = await school.start({ before: () => Object.defineProperty(window, "localStorage", {
+            get() { throw new DOMException("forbidden", "SecurityError"); },
+        }) });
+        await opensEditor(tab);
+        await changesPrice(tab, "2,25");
+        await tab.press("Space"); // "Aceptar"
+        await tab.sees("Numbrela");
+        await tab.finds(notStored);
+        await tab.clicksOnPage(save);
+        assert.equal(priceOf(await downloaded()), "2,25");
+        await tab.press("Enter");
+        await tab.sees("Productos");
+        await tab.closesByTheFrame();
+        await tab.sees("La compra");
+        await tab.clicksOnPage(save);
+        assert.deepEqual(await downloaded(), original);
+    });
+
+    test("where the address is plain http, the program starts and keeps what is saved", async () => {
+        const tab = await school.person.tab();
+        await tab.starts(school.url.replace(school.server.origin(), school.server.origin(plainName)));
+        assert.equal(await tab.page.evaluate(() => isSecureContext), false);
+        await savesPrice(tab, "7,25");
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        await tab.clicksOnPage(save);
+        assert.equal(priceOf(await downloaded()), "7,25");
+    });
+
+    test("the browser is asked to keep what has been saved, even when it needs room", async () => {
+        const tab = await school.start({ before: () => {
+            window.asked = 0;
+            navigator.storage.persist = async () => { ++window.asked; };
+        } });
+        assert.equal(await tab.page.evaluate(() => window.asked), 0);
+        await savesPrice(tab, "7,25");
+        assert.equal(await tab.page.evaluate(() => window.asked), 1);
+    });
+
+    test("the largest catalogue finds room", async () => {
+        const tab = await school.start();
+        const largest = Buffer.concat(Array(32767).fill((await school.catalogue()).subarray(0, 154)));
+        await chooses(tab, "otro.dat", largest);
+        await tab.startsAnew(() => answers(tab, /^¿Abrir el catálogo/, "Aceptar"));
+        await tab.clicksOnPage(save);
+        assert.ok((await downloaded()).equals(largest));
     });
 
     test("a catalogue that the school replaces is there at the next start", async () => {
@@ -47,6 +100,14 @@ inEachBrowser(school => {
         await tab.reloads();
         await tab.sees("NUMBRELA");
         assert.equal(await readsPrice(tab), "8,5");
+    });
+
+    test("products are sorted as in a Spanish dictionary", async () => {
+        const names = ["Árbol", "arce", "nuez", "Nuez moscada", "ñame", "oca", "papa", "papá"];
+        const prices = names.map((_, index) => index + 1);
+        await school.replaceCatalogue(catalogueOf(names.map((name, index) => [name, prices[index]]).reverse()));
+        const tab = await school.start();
+        assert.deepEqual(await readsPrices(tab, names.length), prices.map(String));
     });
 
     test("a tab asks before it overwrites what another one has saved", async () => {
@@ -179,7 +240,7 @@ inEachBrowser(school => {
 async function goesBack(tab) {
     await tab.clicksOnPage(reset);
     await tab.startsAnew(() =>
-        answers(tab, /^¿Volver al catálogo de la escuela\? Se pierde el catálogo guardado/, "Aceptar"));
+        answers(tab, /^¿Volver al catálogo de la escuela\? Se borra el guardado/, "Aceptar"));
 }
 
 async function answers(tab, question, button) {

@@ -3,7 +3,7 @@ import assert from "node:assert/strict";
 import { test } from "node:test";
 
 import { inEachBrowser } from "./school.js";
-import { toShop, worksAll } from "./walks.js";
+import { toShop, worksAll, writesSum } from "./walks.js";
 
 inEachBrowser(school => {
     test("an exercise of each activity and a purchase are done by keys, and the end is said", async () => {
@@ -12,6 +12,8 @@ inEachBrowser(school => {
         await worksAll(tab);
         await tab.reads("Numbrela ha terminado.");
         await school.picture(tab, "ended");
+        await tab.press("F6", "F6", "F6"); // to the links, and not back to what is no longer there
+        assert.equal(await tab.page.evaluate(() => document.activeElement.id), "save");
         await tab.clicksOnPage("Empezar de nuevo");
         await tab.sees("NUMBRELA");
     });
@@ -48,6 +50,21 @@ inEachBrowser(school => {
         assert.equal(await tab.page.evaluate(() => document.activeElement.textContent), "Guardar el catálogo en un archivo");
         await tab.press("F6", "Enter");
         await tab.sees("SUMAS");
+    });
+
+    test("of two sentences that are announced at once, both are heard", async () => {
+        const tab = await school.start({ before: () => addEventListener("DOMContentLoaded", () => {
+            const load = window.qtLoad;
+            window.qtLoad = config => {
+                window.announce = config.numbrela.announce;
+                return load(config);
+            };
+        }) });
+        await tab.page.evaluate(() => {
+            window.announce("Resultado correcto");
+            window.announce("Nuevo ejercicio");
+        });
+        await tab.until("both", () => document.getElementById("news").textContent === "Resultado correcto Nuevo ejercicio");
     });
 
     test("a click beside the window leaves it the keys", async () => {
@@ -93,10 +110,15 @@ inEachBrowser(school => {
     });
 
     for (const [screen, height] of [["installed, or in full screen,", 768], ["below the browser's own bars", 633]]) {
-        test(`on a screen of 1366 × 768 pixels, ${screen} the menu and the largest window stand whole`, async () => {
+        test(`on a screen of 1366 × 768 pixels, ${screen} the menu, an exercise and the largest window stand whole`, async () => {
             const tab = await school.start({ height });
             assert.deepEqual(await cutOff(tab), []);
             await school.picture(tab, `menu-${height}`);
+            await writesSum(tab);
+            assert.deepEqual(await cutOff(tab), []);
+            await school.picture(tab, `exercise-${height}`);
+            await tab.closesByTheFrame();
+            await tab.sees("NUMBRELA");
             await tab.press(...toShop);
             await tab.sees("La compra");
             await school.picture(tab, `shop-${height}`);

@@ -22,6 +22,7 @@ export class Server {
         this.port = 0; // any that is free; the same one ever after
         this.bytes = 0; // sent, heads included
         this.requests = [];
+        this.failing = null; // a pattern of names that it has, but fails to give
     }
 
     async start() {
@@ -44,8 +45,8 @@ export class Server {
         await closed;
     }
 
-    origin() {
-        return `http://127.0.0.1:${this.port}`;
+    origin(name = "127.0.0.1") {
+        return `http://${name}:${this.port}`;
     }
 
     // So far, with what is still being sent.
@@ -56,6 +57,10 @@ export class Server {
     async #answer(request, response) {
         const name = decodeURIComponent(new URL(request.url, "http://any").pathname);
         this.requests.push(name);
+        if (this.failing?.test(name)) {
+            response.writeHead(503).end();
+            return;
+        }
         let path = join(this.root, normalize(name));
         if (name.endsWith("/")) {
             path = join(path, "index.html");
