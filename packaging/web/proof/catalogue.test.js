@@ -170,7 +170,7 @@ inEachBrowser(school => {
         const original = await school.catalogue();
         const tab = await school.start();
         await chooses(tab, "otro.dat", withPrice(original, 9.75));
-        await school.picture(tab, "open");
+        await school.picture(tab, "open", "#question");
         await answers(tab, "¿Abrir el catálogo «otro.dat»? Numbrela empieza de nuevo, y se pierde lo que no esté guardado.",
             "Cancelar");
         assert.equal(await readsPrice(tab), priceOf(original));

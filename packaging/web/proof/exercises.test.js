@@ -11,7 +11,7 @@ inEachBrowser(school => {
         await school.picture(tab, "menu");
         await worksAll(tab);
         await tab.reads("Numbrela ha terminado.");
-        await school.picture(tab, "ended");
+        await school.picture(tab, "ended", "#notice");
         await tab.press("F6", "F6", "F6"); // to the links, and not back to what is no longer there
         assert.equal(await tab.page.evaluate(() => document.activeElement.id), "save");
         await tab.clicksOnPage("Empezar de nuevo");

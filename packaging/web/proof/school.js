@@ -82,9 +82,10 @@ class School {
         await writeFile(this.file("Recursos/productos.dat"), bytes);
     }
 
-    async picture(tab, name) {
+    // Of the whole tab, or of what is found so and a little around it.
+    async picture(tab, name, selector = "html") {
         if (this.kind === "chromium") {
-            await tab.draws(name);
+            await tab.draws(name, selector);
         }
     }
 }

@@ -185,8 +185,14 @@ export class Tab {
         throw new Error(`waited in vain for ${what}; there are ${await this.windows()}`);
     }
 
-    async draws(name) {
-        await this.page.screenshot({ path: join(process.env.NUMBRELA_PICTURES, `web-${name}.png`) });
+    async draws(name, selector = "html") {
+        const clip = await this.page.$eval(selector, one => {
+            const around = one === document.documentElement ? 0 : 40; // pixels
+            const place = one.getBoundingClientRect();
+            return { x: place.x - around, y: place.y - around, width: place.width + 2 * around,
+                height: place.height + 2 * around };
+        });
+        await this.page.screenshot({ clip, path: join(process.env.NUMBRELA_PICTURES, `web-${name}.png`) });
     }
 
     windows() {
