@@ -38,7 +38,7 @@ export function storeCatalogue(bytes) {
     } catch { // full or forbidden
         return false;
     }
-    navigator.storage?.persist?.();
+    navigator.storage?.persist?.().catch(() => {}); // the answer changes nothing
     return true;
 }
 

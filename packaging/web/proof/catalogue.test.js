@@ -77,7 +77,10 @@ inEachBrowser(school => {
     test("the browser is asked to keep what has been saved, even when it needs room", async () => {
         const tab = await school.start({ before: () => {
             window.asked = 0;
-            navigator.storage.persist = async () => { ++window.asked; };
+            navigator.storage.persist = async () => {
+                ++window.asked;
+                throw new TypeError("refused");
+            };
         } });
         assert.equal(await tab.page.evaluate(() => window.asked), 0);
         await savesPrice(tab, "7,25");
