@@ -146,13 +146,14 @@ void KeypadKey::timerEvent(QTimerEvent* event)
 }
 
 // Not every release comes to the key that is held: Qt makes a mouse of a finger that taps elsewhere, and forgets the
-// one that was down; and it keeps fingers from all but the menu that is open.
+// one that was down; and it keeps fingers from all but the menu that is open. None comes from another program, or from
+// another tab of a browser.
 bool KeypadKey::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isMouseUp = event->type() == QEvent::MouseButtonRelease && hand_ == Hand::Mouse;
     const bool isMenu = event->type() == QEvent::Show && watched->isWidgetType()
         && static_cast<const QWidget*>(watched)->windowType() == Qt::Popup;
-    if (isMouseUp || isMenu) {
+    if (isMouseUp || isMenu || event->type() == QEvent::ApplicationDeactivate) {
         LetGo();
     }
     return false;

@@ -502,6 +502,17 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenItsOwnWindowGetsTheFocusIsReleasedThen)
     EXPECT_EQ(form_.Released.size(), 1U);
 }
 
+TEST_F(KeypadTest, AKeyThatIsHeldWhenTheProgramBecomesInactiveIsReleasedThen)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    QEvent inactive(QEvent::ApplicationDeactivate);
+    QCoreApplication::sendEvent(qApp, &inactive);
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+    FingerUp(form_.KeyNamed(QStringLiteral("5")));
+    EXPECT_EQ(form_.Released.size(), 1U);
+}
+
 // What Qt then keeps from the key would leave it down, repeating itself for ever.
 TEST_F(KeypadTest, AKeyThatIsHeldByTheMouseComesUpWhenAFingerHasTappedElsewhere)
 {
