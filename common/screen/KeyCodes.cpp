@@ -122,6 +122,12 @@ int KeyCodeOf(const QKeyEvent& event)
     return find(otherKeys, key);
 }
 
+bool WritesWhatCommaDoesWithShift(const QKeyEvent& event)
+{
+    return event.modifiers().testFlag(Qt::ShiftModifier)
+        && (event.key() == Qt::Key_Semicolon || event.key() == Qt::Key_Less);
+}
+
 bool WritesDigitOrComma(int keyCode)
 {
     constexpr int digits = 10;

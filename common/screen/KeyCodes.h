@@ -33,6 +33,9 @@ inline constexpr int Point = 190;
 // 7 is still 55. Only where the system does not know the key itself is the code taken from the character.
 int KeyCodeOf(const QKeyEvent& event);
 
+// Whether an event is of a key that writes with Shift what the comma's key does in Spain and elsewhere.
+bool WritesWhatCommaDoesWithShift(const QKeyEvent& event);
+
 // Whether the key writes a part of a decimal number: a digit of the main keyboard or the keypad, or the comma of the
 // main keyboard.
 bool WritesDigitOrComma(int keyCode);

@@ -126,6 +126,7 @@ public:
         AskForRealReleasesOnly();
         application.installEventFilter(this);
         connect(&application, &QGuiApplication::focusWindowChanged, this, &HeldKeys::lookAtKeyboard);
+        connect(&application, &QGuiApplication::applicationStateChanged, this, [this] { lookAtKeyboard(nullptr); });
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override
@@ -244,7 +245,8 @@ private:
     }
 
     // While another program has the focus, this one misses presses and releases; so it asks which keys are down when
-    // the focus returns. A menu that pops up does not take the focus from its window.
+    // the focus returns. A menu that pops up does not take the focus from its window. In a page that loses the keys,
+    // the window keeps the focus, and only the program becomes inactive.
     void lookAtKeyboard(const QWindow* focused)
     {
         if (focused != nullptr && focused->type() == Qt::Popup) {

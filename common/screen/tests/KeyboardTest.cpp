@@ -390,6 +390,17 @@ TEST_F(KeyboardTest, AKeyThatWasLetGoElsewhereIsPressedAnew)
     EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "up 53" }));
 }
 
+// In a page that loses the keys, the window keeps the focus, and Qt says only this.
+TEST_F(KeyboardTest, AKeyThatWasLetGoWhileTheProgramWasInactiveIsPressedAnew)
+{
+    listen();
+    HoldDown(Qt::Key_5);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    heard_.clear();
+    Press(Qt::Key_5);
+    EXPECT_EQ(heard_, (Heard { "down 53", "press 5", "up 53" }));
+}
+
 // --- Text without keys -----------------------------------------------------------------------------------------------
 
 TEST_F(KeyboardTest, WhatAnInputMethodWritesIsTypedCharacterByCharacter)

@@ -1,19 +1,38 @@
 #include "common/screen/NativeKeys.h"
 
+#include "common/screen/KeyCodes.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+#include <emscripten/dom_pk_codes.h>
+
 namespace numbrela {
 
-// Qt passes on what a key writes, and not which key it is.
-int NativeKeyCode(const QKeyEvent& /*event*/)
+// A browser names the places on the keyboard, and emscripten numbers them: the digit row and, on many keyboards, the
+// comma stand where they do on an American one. The number is 0 if the browser names no place, as for a keyboard on the
+// screen.
+int NativeKeyCode(const QKeyEvent& event)
 {
-    return 0;
+    const quint32 place = event.nativeScanCode();
+    if (place >= DOM_PK_0 && place <= DOM_PK_9) {
+        return KeyCode::Digit0 + static_cast<int>(place - DOM_PK_0);
+    }
+    return place == DOM_PK_COMMA && WritesWhatCommaDoesWithShift(event) ? KeyCode::Comma : 0;
 }
 
 // A browser repeats only the press of a held key, and says that it is a repetition.
 void AskForRealReleasesOnly() { }
 
-std::vector<quint32> KeysDown(const std::vector<quint32>& /*known*/)
+// A page hears of every release as long as the program is active in it, and of none otherwise.
+std::vector<quint32> KeysDown(const std::vector<quint32>& known)
 {
-    return {};
+    std::vector<quint32> keys;
+    if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
+        keys = known;
+        std::erase(keys, 0U); // what has no place is no key that could be found again
+    }
+    return keys;
 }
 
 // Asked of keys that KeysDown() has found, and so never.

@@ -32,9 +32,7 @@ int NativeKeyCode(const QKeyEvent& event)
     if (scanCode == scanCodeOf0) {
         return KeyCode::Digit0;
     }
-    const bool writesWhatCommaDoesWithShift = event.modifiers().testFlag(Qt::ShiftModifier)
-        && (event.key() == Qt::Key_Semicolon || event.key() == Qt::Key_Less); // in Spain and elsewhere
-    return scanCode == scanCodeRightOfM && writesWhatCommaDoesWithShift ? KeyCode::Comma : 0;
+    return scanCode == scanCodeRightOfM && WritesWhatCommaDoesWithShift(event) ? KeyCode::Comma : 0;
 }
 
 void AskForRealReleasesOnly()

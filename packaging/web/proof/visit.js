@@ -227,12 +227,15 @@ export class Tab {
     // With a finger, in the middle of what is called so.
     async taps(...many) {
         for (const name of many) {
-            const [x, y] = await (await this.finds(name)).evaluate(one => {
-                const place = one.getBoundingClientRect();
-                return [place.x + place.width / 2, place.y + place.height / 2].map(Math.round);
-            });
-            await this.page.touchscreen.tap(x, y);
+            await this.page.touchscreen.tap(...await this.middleOf(name));
         }
+    }
+
+    async middleOf(name) {
+        return (await this.finds(name)).evaluate(one => {
+            const place = one.getBoundingClientRect();
+            return [place.x + place.width / 2, place.y + place.height / 2].map(Math.round);
+        });
     }
 
     async closesByTheFrame() {

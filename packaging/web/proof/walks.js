@@ -4,7 +4,7 @@ import assert from "node:assert/strict";
 const powersTitle = "multiplicar y dividir por 10, 100, 1000";
 const oneRight = /^Ejercicios: +1; Errores: +0$/;
 
-async function opens(tab, title) {
+export async function opens(tab, title) {
     await tab.press("Enter");
     await tab.sees(title);
 }
@@ -15,7 +15,7 @@ async function leaves(tab, key) {
     await tab.press("Tab");
 }
 
-async function enters(tab, key, box, number, title) {
+export async function enters(tab, key, box, number, title) {
     await tab.press(key);
     await tab.sees(box);
     await tab.press("ctrl+a");
