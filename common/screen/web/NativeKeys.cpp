@@ -35,7 +35,7 @@ std::vector<quint32> KeysDown(const std::vector<quint32>& known)
     return keys;
 }
 
-// Asked of keys that KeysDown() has found, and so never.
+// Asked of keys that were found down and not known before, of which there are none here.
 bool WasPressedBefore(const QKeyEvent& /*press*/, const QElapsedTimer& /*timer*/)
 {
     return true;
