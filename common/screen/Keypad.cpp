@@ -134,6 +134,9 @@ protected:
 
     void mouseMoveEvent(QMouseEvent* event) override
     {
+        if (!event->buttons().testFlag(Qt::LeftButton)) {
+            return;
+        }
         const QPoint way = event->pos() - held_;
         dragging_ = dragging_ || way.manhattanLength() >= QApplication::startDragDistance();
         if (dragging_) {

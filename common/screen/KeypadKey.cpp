@@ -92,7 +92,9 @@ bool KeypadKey::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::TouchBegin:
-        holdBy(Hand::Finger);
+        if (isEnabled()) {
+            holdBy(Hand::Finger);
+        }
         return true;
     case QEvent::TouchUpdate: {
         const auto& points = static_cast<QTouchEvent*>(event)->points();

@@ -84,7 +84,7 @@ void WindowKeypad::WindowHas(QEvent::Type event)
 void WindowKeypad::ServeBox(QInputDialog& box)
 {
     servesBox_ = true;
-    SetShown(false);
+    update();
     new BoxKeypad(box, window_);
     connect(&box, &QObject::destroyed, this, [this] {
         servesBox_ = false;
@@ -220,7 +220,7 @@ void WindowKeypad::drag(QPoint to)
     if (!freeDraggedPlace(sizes)) {
         dragged_ = before;
     }
-    place();
+    update();
 }
 
 // The calculation goes back to the middle, unless its box would come under the keypad there.
@@ -229,7 +229,7 @@ void WindowKeypad::drop()
     if (dragged_ && dragged_->KeepsRoom) {
         window_.Area().KeepRoomBeside(0);
         dragged_->KeepsRoom = !freeDraggedPlace(Pad()->SizesWith(KeySize()));
-        place();
+        update();
     }
 }
 
