@@ -1,11 +1,14 @@
 #pragma once
 
+#include "common/screen/DoubleTaps.h"
+#include "common/screen/FirstFinger.h"
+
 #include <QPushButton>
 
 namespace numbrela {
 
 // A push button that both Enter and Space press when it has the focus, and that can have a colour of its own. A double
-// click presses it once.
+// click or tap presses it once.
 class CommandButton : public QPushButton {
 public:
     explicit CommandButton(const QString& caption, QWidget* parent = nullptr);
@@ -15,8 +18,15 @@ public:
     QColor BackColour() const;
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    void touch(const QTouchEvent& event);
+
+    FirstFinger finger_;
+    TapTimes taps_;
 };
 
 } // namespace numbrela

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QStyleHints>
 
 #include <utility>
 
@@ -41,19 +42,22 @@ public:
     }
 
 private:
-    // A third tap is a first one again.
     QEvent::Type typeOf(const QMouseEvent& tap, QObject& control)
     {
-        const bool isSecond = tapped_ == &control
-            && tap.timestamp() - tappedAt_ < static_cast<quint64>(QApplication::doubleClickInterval());
-        tapped_ = isSecond ? nullptr : &control;
-        tappedAt_ = tap.timestamp();
-        return isSecond ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
+        const QPoint place = tap.globalPosition().toPoint();
+        const int way = (place - tappedPlace_).manhattanLength();
+        if (tapped_ != &control || way > QGuiApplication::styleHints()->touchDoubleTapDistance()) {
+            times_.Forget();
+        }
+        tapped_ = &control;
+        tappedPlace_ = place;
+        return times_.IsSecond(tap.timestamp()) ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
     }
 
     bool isNew_ = false; // no control has heard of the tap yet
     QPointer<QObject> tapped_; // last
-    quint64 tappedAt_ = 0; // milliseconds
+    QPoint tappedPlace_; // on the screen
+    TapTimes times_;
 };
 
 } // namespace
@@ -61,6 +65,13 @@ private:
 void RecogniseDoubleTaps(QApplication& application)
 {
     application.installEventFilter(new DoubleTaps(&application));
+}
+
+bool TapTimes::IsSecond(quint64 time)
+{
+    const bool isSecond = last_ && time - *last_ < static_cast<quint64>(QApplication::doubleClickInterval());
+    last_ = isSecond ? std::nullopt : std::optional(time);
+    return isSecond;
 }
 
 } // namespace numbrela

@@ -5,8 +5,6 @@
 #include <QScrollBar>
 #include <QTouchEvent>
 
-#include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace numbrela {
@@ -24,11 +22,13 @@ bool FingerScroll::Takes(QEvent& event)
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
-        touch(static_cast<QTouchEvent&>(event));
+        if (area_.isEnabled()) {
+            touch(static_cast<QTouchEvent&>(event));
+        }
         return true;
     case QEvent::TouchCancel:
         endDragging();
-        finger_.reset();
+        finger_.Forget();
         return true;
     default:
         return false;
@@ -37,16 +37,13 @@ bool FingerScroll::Takes(QEvent& event)
 
 void FingerScroll::touch(const QTouchEvent& event)
 {
-    const QList<QEventPoint>& points = event.points();
+    const QEventPoint* finger = finger_.PointIn(event);
     if (event.type() == QEvent::TouchBegin) {
-        finger_ = points.front().id();
-        touched_ = points.front().position().toPoint();
+        touched_ = finger->position().toPoint();
         area_.setFocus(Qt::MouseFocusReason);
     }
-    const auto followed = std::find_if(
-        points.begin(), points.end(), [this](const QEventPoint& point) { return point.id() == finger_; });
-    if (followed != points.end()) {
-        follow(*followed, event.timestamp());
+    if (finger != nullptr) {
+        follow(*finger, event.timestamp());
     }
 }
 
@@ -54,8 +51,8 @@ void FingerScroll::follow(const QEventPoint& finger, quint64 time)
 {
     QScrollBar& bar = *area_.verticalScrollBar();
     const QPoint place = finger.position().toPoint();
-    const int way = place.y() - touched_.y();
-    if (!dragging_ && std::abs(way) >= QApplication::startDragDistance()) {
+    const QPoint way = place - touched_;
+    if (!dragging_ && way.manhattanLength() >= QApplication::startDragDistance()) {
         dragging_ = true;
         if (handlers_.DragBegins) {
             handlers_.DragBegins();
@@ -63,10 +60,9 @@ void FingerScroll::follow(const QEventPoint& finger, quint64 time)
         scrolledAtTouch_ = bar.value();
     }
     if (dragging_) {
-        bar.setValue(scrolledAtTouch_ - way);
+        bar.setValue(scrolledAtTouch_ - way.y());
     }
     if (finger.state() == QEventPoint::Released) {
-        finger_.reset();
         if (dragging_) {
             endDragging();
         } else if (handlers_.Tapped) {

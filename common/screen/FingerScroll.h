@@ -1,9 +1,10 @@
 #pragma once
 
+#include "common/screen/FirstFinger.h"
+
 #include <QPoint>
 
 #include <functional>
-#include <optional>
 
 class QAbstractScrollArea;
 class QEvent;
@@ -36,7 +37,7 @@ private:
 
     QAbstractScrollArea& area_;
     const Handlers handlers_;
-    std::optional<int> finger_; // the id of the one that is followed
+    FirstFinger finger_;
     QPoint touched_; // where it came down
     int scrolledAtTouch_ = 0;
     bool dragging_ = false;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QScrollBar>
 
 namespace numbrela {
 
@@ -164,6 +165,16 @@ TEST_F(TouchedListBoxTest, ATapBelowTheLinesDoesNothing)
     Tap(*list_.viewport(), list_.viewport()->rect().bottomLeft() + QPoint(5, -5));
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
     EXPECT_EQ(doubleClicks_, 0);
+}
+
+TEST_F(TouchedListBoxTest, AFingerThatMovesAlongALineTakesNothing)
+{
+    tap(1);
+    const QPoint place = placeOf(1).center();
+    DragByFinger(*list_.viewport(), place, place + QPoint(100, 0));
+    EXPECT_EQ(list_.SelectedLine(), 1);
+    EXPECT_EQ(doubleClicks_, 0);
+    EXPECT_EQ(list_.verticalScrollBar()->value(), 0);
 }
 
 TEST_F(TouchedListBoxTest, AFingerThatDragsItScrollsItAndSelectsNothing)

@@ -443,6 +443,7 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenTheKeypadGoesIsReleased)
     FingerDown(form_.KeyNamed(QStringLiteral("5")));
     form_.Answer->hide();
     ASSERT_TRUE(QTest::qWaitFor([this] { return !form_.ShowsPad(); }));
+    EXPECT_FALSE(form_.KeyNamed(QStringLiteral("5")).isDown());
     FingerUp(form_);
     form_.Answer->show();
     form_.Answer->setFocus();
@@ -470,6 +471,30 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenAnInputBoxOpensIsReleasedThen)
     form_.PressKeys({ QStringLiteral("5") });
     EXPECT_EQ(form_.Repeats, 0);
     EXPECT_EQ(form_.Answer->Text(), "55");
+}
+
+// Two hands write faster than one.
+TEST_F(KeypadTest, AButtonHearsAFingerWhileAnotherOneHoldsAKey)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")), 0);
+    FingerDown(*form_.Done, 1);
+    EXPECT_TRUE(form_.Done->isDown());
+    FingerUp(*form_.Done, 1);
+    EXPECT_EQ(form_.Clicks, 1);
+    FingerUp(form_.KeyNamed(QStringLiteral("5")), 0);
+    EXPECT_EQ(form_.Answer->Text(), "5");
+}
+
+TEST_F(KeypadTest, AButtonIsPressedWhenItsFingerIsLiftedWhileAnotherOneHoldsAKey)
+{
+    showPad();
+    FingerDown(*form_.Done, 0);
+    FingerDown(form_.KeyNamed(QStringLiteral("2")), 1);
+    FingerUp(*form_.Done, 0);
+    EXPECT_EQ(form_.Clicks, 1);
+    EXPECT_FALSE(form_.Done->isDown());
+    FingerUp(form_.KeyNamed(QStringLiteral("2")), 1);
 }
 
 TEST_F(KeypadTest, AKeyThatIsHeldWhenAnotherWindowTakesTheFocusIsReleasedThen)
@@ -602,6 +627,25 @@ TEST_F(KeypadTest, TheEraserRepeatsItselfAndLetsGoOfTheKeyThatItStandsFor)
         Press(Qt::Key_Backspace);
         EXPECT_EQ(form_.Repeats, 0);
     }
+}
+
+TEST_F(KeypadTest, TheEraserTakesOneDigitAlsoTheFirstOfAnAnswerWrittenFromTheRight)
+{
+    showPad();
+    form_.PressKeys({ QStringLiteral("1"), QStringLiteral("2") });
+    ASSERT_EQ(form_.Answer->Text(), "21");
+    form_.Answer->SetCaretPosition(1);
+    form_.PressKeys({ QStringLiteral("Borrar cifra") });
+    EXPECT_EQ(form_.Answer->Text(), "1");
+}
+
+TEST_F(KeypadTest, ADisabledKeyHearsNoFinger)
+{
+    showPad();
+    form_.Pad()->setEnabled(false);
+    Tap(form_.KeyNamed(QStringLiteral("5")));
+    EXPECT_TRUE(form_.Pressed.empty());
+    EXPECT_TRUE(form_.Released.empty());
 }
 
 TEST_F(KeypadTest, AnAssistiveToolPressesItsKeysWithoutTakingTheFocus)
@@ -945,6 +989,33 @@ TEST_F(KeypadDragTest, CannotBeDraggedOverTheBoxThatIsWrittenIn)
     const QPoint before = form_.Pad()->pos();
     drag(form_.Answer->pos() - before);
     EXPECT_EQ(form_.Pad()->pos(), before);
+    form_.Done->setFocus();
+    EXPECT_EQ(form_.Pad()->pos(), before);
+}
+
+TEST_F(KeypadDragTest, IsNotShownByTheHandThatDragsItWhenSomethingHasHiddenIt)
+{
+    form_.resize(1280, 800);
+    showPad();
+    const QPoint grip(form_.Pad()->width() / 2, 5);
+    FingerDown(*form_.Pad(), grip);
+    MoveFinger(*form_.Pad(), grip + QPoint(0, 40));
+    form_.Switch().click();
+    MoveFinger(*form_.Pad(), grip + QPoint(0, 80));
+    EXPECT_FALSE(form_.ShowsPad());
+    EXPECT_FALSE(form_.Switch().isChecked());
+    LiftFinger();
+    EXPECT_FALSE(form_.ShowsPad());
+}
+
+TEST_F(KeypadDragTest, AnotherTouchOfItsGripHasToGoAsFarAsTheFirst)
+{
+    form_.resize(1280, 800);
+    showPad();
+    drag({ -30, 60 });
+    const QPoint before = form_.Pad()->pos();
+    drag({ 3, 3 });
+    EXPECT_EQ(form_.Pad()->pos(), before);
 }
 
 // --- Boxes -----------------------------------------------------------------------------------------------------------
@@ -978,6 +1049,17 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
     EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "12,5");
     EXPECT_EQ(form_.Answer->Text(), "");
     EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST_F(KeypadTest, OfAnInputBoxItHasKeysAsLargeAsThePanelAsksFor)
+{
+    form_.resize(1920, 1080);
+    showPad();
+    ExpectDialog([](QDialog& box) {
+        EXPECT_EQ(padIn(box)->findChild<QAbstractButton*>()->contentsRect().height(), 72);
+        box.reject();
+    });
+    AskText(&form_, "Introduzca el nuevo valor:", "Sumas");
 }
 
 TEST_F(KeypadTest, WantedForAnInputBoxAloneItGoesWithTheBox)

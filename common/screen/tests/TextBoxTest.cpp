@@ -9,8 +9,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWindow>
 
 #include <functional>
 #include <string>
@@ -92,6 +94,37 @@ TEST_F(TextBoxTest, HasItsCaretAtTheStartOfTheSelection)
     Press(Qt::Key_Right, Qt::ShiftModifier);
     EXPECT_EQ(box_.selectedText().toStdString(), "23");
     EXPECT_EQ(box_.CaretPosition(), 1);
+}
+
+TEST_F(TextBoxTest, FastTapsOnTwoBoxesOrAtTwoPlacesMoveTheCaretAndOnlyADoubleTapHighlights)
+{
+    box_.SetText("123456");
+    other_.SetText("123456");
+    Tap(other_, { other_.width() - 5, other_.height() / 2 });
+    Tap(box_, { box_.width() - 5, box_.height() / 2 });
+    EXPECT_EQ(box_.CaretPosition(), 6);
+    Tap(box_, { 5, box_.height() / 2 });
+    EXPECT_EQ(box_.CaretPosition(), 0);
+    EXPECT_FALSE(box_.hasSelectedText());
+    Tap(box_, { 5, box_.height() / 2 });
+    EXPECT_EQ(box_.selectedText().toStdString(), "123456");
+}
+
+// Although Qt sends what a double click sends.
+TEST_F(TextBoxTest, ATapThatComesLateHighlightsNothing)
+{
+    box_.SetText("123456");
+    const QPoint place = box_.mapTo(&form_, QPoint(5, box_.height() / 2));
+    const auto make = [this, place](QEvent::Type type, int time) {
+        QMouseEvent event(type, place, place, form_.mapToGlobal(place), Qt::LeftButton,
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {}, Qt::MouseEventSynthesizedByQt);
+        event.setTimestamp(static_cast<quint64>(time));
+        QCoreApplication::sendEvent(form_.windowHandle(), &event);
+    };
+    make(QEvent::MouseButtonPress, 0);
+    make(QEvent::MouseButtonRelease, 0);
+    make(QEvent::MouseButtonDblClick, QApplication::doubleClickInterval());
+    EXPECT_FALSE(box_.hasSelectedText());
 }
 
 TEST_F(TextBoxTest, StepsLeftFromItsCaretOrTheStartOfTheSelectionAndStaysAtTheFirstPosition)
