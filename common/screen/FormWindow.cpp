@@ -39,6 +39,7 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     menuBar_->hide();
     area_->setMenuBar(menuBar_);
     FillScreenByF11(*this);
+    StayOnScreen(*this);
 }
 
 // The keypad looks at layout and menu bar, and goes before them.

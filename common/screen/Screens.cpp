@@ -19,6 +19,16 @@ void MoveOntoScreen(QWidget& window)
     }
 }
 
+void StayOnScreen(QWidget& window)
+{
+    QObject::connect(window.screen(), &QScreen::availableGeometryChanged, &window, [&window] {
+        constexpr auto filling = Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized;
+        if (window.isVisible() && !(window.windowState() & filling)) {
+            MoveOntoScreen(window);
+        }
+    });
+}
+
 void FillScreenByF11(QWidget& window)
 {
     QObject::connect(new QShortcut(Qt::Key_F11, &window), &QShortcut::activated, &window,

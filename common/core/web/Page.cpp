@@ -28,6 +28,11 @@ std::optional<std::string> StoredCatalogue()
     return bytes;
 }
 
+void ForgetUnsaved()
+{
+    page().call<void>("forgetUnsaved");
+}
+
 bool StoreCatalogue(const std::string& bytes)
 {
     const auto* const first = reinterpret_cast<const std::uint8_t*>(bytes.data());

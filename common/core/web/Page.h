@@ -13,6 +13,9 @@ namespace numbrela::Page {
 // tab may have changed them.
 std::optional<std::string> StoredCatalogue();
 
+// To be called when the program reads its catalogue anew: what it could not store before is of no use then.
+void ForgetUnsaved();
+
 // Has the browser keep these bytes, whole or not at all. Returns whether it does.
 bool StoreCatalogue(const std::string& bytes);
 

@@ -24,7 +24,7 @@ int NativeKeyCode(const QKeyEvent& event)
 // A browser repeats only the press of a held key, and says that it is a repetition.
 void AskForRealReleasesOnly() { }
 
-// A page hears of every release as long as the program is active in it, and of none otherwise.
+// A page hears of every release as long as it has the keys, and of none otherwise.
 std::vector<quint32> KeysDown(const std::vector<quint32>& known)
 {
     std::vector<quint32> keys;

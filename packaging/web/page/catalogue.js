@@ -26,8 +26,8 @@ export function storedCatalogue() {
     return bytes;
 }
 
-// Whether it could be kept, which the browser is then asked to do even when it needs room. A byte is a character: so the largest catalogue, 5,046,118 bytes, fits into the 5 Mi
-// characters that browsers grant.
+// Whether it could be kept, which the browser is then asked to do even when it needs room. A byte is a character: so the
+// largest catalogue, 5,046,118 bytes, fits into the 5 Mi characters that browsers grant.
 export function storeCatalogue(bytes) {
     let text = "";
     for (let start = 0; start < bytes.length; start += bytesAtATime) {
@@ -63,10 +63,8 @@ export async function schoolCatalogue() {
 
 let unsaved = null; // what the editor found no room for, until the program reads a catalogue again
 
-// How the program comes to its catalogue.
-export function readForProgram() {
+export function forgetUnsaved() {
     unsaved = null;
-    return storedCatalogue();
 }
 
 export function storeForProgram(bytes) {

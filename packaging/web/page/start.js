@@ -1,15 +1,16 @@
 // Loads the program and starts it, and says how far that is and how it ended.
 import { offerCatalogue } from "./links.js?@VERSION@";
-import { readForProgram, schoolCatalogue, storeForProgram, storedCatalogue } from "./catalogue.js?@VERSION@";
+import { forgetUnsaved, schoolCatalogue, storeForProgram, storedCatalogue } from "./catalogue.js?@VERSION@";
 
 const version = "?@VERSION@";
 const byId = id => document.getElementById(id);
 let news = []; // that are about to be announced
+let loaded = false;
 let running = false;
 let ended = false;
 
 async function start() {
-    byId("again").addEventListener("click", () => location.reload());
+    byId("again").addEventListener("click", startAgain);
     offerCatalogue();
     say("Cargando Numbrela…");
     byId("loading").hidden = false;
@@ -27,6 +28,15 @@ async function start() {
         switchOnAccessibility();
         navigator.serviceWorker?.register("worker.js").catch(error => console.info(error)); // works, but not offline
     }
+}
+
+// What came while somebody was copying may be in the browser's cache as something that will do for long.
+async function startAgain() {
+    if (!loaded) {
+        const came = performance.getEntriesByType("resource").map(entry => entry.name);
+        await Promise.allSettled(came.map(address => fetch(address, { cache: "reload" })));
+    }
+    location.reload();
 }
 
 // What the browser has stored stands for it, but another tab may give that up, so that this one falls back on it.
@@ -67,6 +77,7 @@ async function compiledProgram() {
 }
 
 async function run(module, catalogue) {
+    loaded = true;
     running = true;
     await qtLoad({
         qt: {
@@ -78,7 +89,7 @@ async function run(module, catalogue) {
                 ? end("Numbrela ha terminado.")
                 : end("Numbrela se ha cerrado por un error.", text),
         },
-        numbrela: { storedCatalogue: readForProgram, storeCatalogue: storeForProgram, announce, spanishOrder },
+        numbrela: { storedCatalogue, forgetUnsaved, storeCatalogue: storeForProgram, announce, spanishOrder },
         preRun: [({ FS }) => {
             FS.mkdir("/Recursos");
             if (catalogue !== null) {
@@ -153,12 +164,12 @@ function handleUncaught(event, error) {
 addEventListener("error", event => handleUncaught(event, event.error));
 addEventListener("unhandledrejection", event => handleUncaught(event, event.reason));
 
-// Keys that the program has, or may have in another window, and those by which the page would be left or loaded anew:
-// what the browser would do with them would end an exercise.
+// Keys that the program has, or may have in another window, and those by which the page would be left, loaded anew or
+// covered: what the browser would do with them would end an exercise or stand before it.
 addEventListener("keydown", event => {
     const { key, altKey } = event;
     const ctrl = event.ctrlKey || event.metaKey;
-    const taken = ctrl ? /^(F5|r)$/i.test(key)
+    const taken = ctrl ? /^(F5|[ropsu])$/i.test(key)
         : /^F([1235]|7|10)$/.test(key) || (altKey && /^(\p{L}|Home|ArrowLeft|ArrowRight)$/u.test(key));
     if (running && taken && !event.getModifierState("AltGraph")) {
         event.preventDefault();

@@ -43,6 +43,30 @@ inEachBrowser(school => {
         assert.equal(await readsPrice(tab), "7,25");
     });
 
+    test("what found no room is still there for a file when another tab has saved and is not overwritten", async () => {
+        const tab = await school.start();
+        await savesPrice(tab, "7,25");
+        await tab.page.evaluate(fillStorage);
+        await opensEditor(tab);
+        await addsProduct(tab, "Castanas", "1,25", "Supermercado");
+        await tab.sees("Numbrela");
+        await tab.finds(notStored);
+        await tab.press("Enter");
+        await tab.sees("Productos");
+        await tab.page.evaluate(() => { // as another tab does
+            const stored = Object.keys(localStorage).find(name => name.startsWith("numbrela "));
+            const half = localStorage.getItem(stored).slice(0, 154);
+            localStorage.clear();
+            localStorage.setItem(stored, half);
+        });
+        await tab.press("Space"); // "Aceptar"
+        await tab.sees("Numbrela");
+        await tab.press("Space"); // "No"
+        await tab.sees("Productos");
+        await tab.clicksOnPage(save);
+        assert.match((await downloaded()).toString("latin1"), /Castanas/);
+    });
+
     test("what a browser that forbids to store must not keep goes into a file, until the editor gives it up", async () => {
         const original = await school.catalogue();
         const tab = await school.start({ before: () => Object.defineProperty(window, "localStorage", {

@@ -40,7 +40,7 @@ inEachBrowser(school => {
             window.keys = [];
             addEventListener("keydown", event => window.keys.push(event), { capture: true });
         });
-        const taken = ["F1", "F2", "F3", "F5", "F7", "F10", "alt+z", "ctrl+r", "ctrl+F5", "alt+Home", "alt+Left",
+        const taken = ["F1", "F2", "F3", "F5", "F7", "F10", "alt+z", "ctrl+r", "ctrl+F5", "ctrl+o", "ctrl+p", "ctrl+s", "ctrl+u", "alt+Home", "alt+Left",
             "alt+Right"];
         await tab.press(...taken);
         const kept = await tab.page.evaluate(() => window.keys.filter(one => !/^(Alt|Control)$/.test(one.key))
@@ -109,6 +109,16 @@ inEachBrowser(school => {
         assert.ok(ten > 0 && ten < nine, `ten narrow letters take ${ten} pixels, nine wide ones ${nine}`);
     });
 
+    test("a window comes back when the page becomes too small for where it is", async () => {
+        const tab = await school.start();
+        await tab.press("Enter");
+        await tab.sees("SUMAS");
+        for (const size of [{ width: 1366, height: 633 }, { width: 768, height: 1366 }, { width: 500, height: 633 }]) {
+            await tab.page.setViewport(size);
+            await tab.until("whole windows", windowsCutOff, true);
+        }
+    });
+
     for (const [screen, height] of [["installed, or in full screen,", 768], ["below the browser's own bars", 633]]) {
         test(`on a screen of 1366 × 768 pixels, ${screen} the menu, an exercise and the largest window stand whole`, async () => {
             const tab = await school.start({ height });
@@ -155,14 +165,17 @@ async function widthOfText(tab, button) {
     });
 }
 
-// The titles of windows of which a part cannot be seen.
-const cutOff = tab => tab.page.evaluate(() => {
+const cutOff = tab => tab.page.evaluate(windowsCutOff);
+
+// Runs in the page: the titles of windows of which a part cannot be seen, or whether there are none.
+function windowsCutOff(asksForNone = false) {
     const room = document.getElementById("program").getBoundingClientRect();
-    return [...document.querySelector("#qt-shadow-container").shadowRoot.querySelectorAll(".qt-window")]
+    const titles = [...document.querySelector("#qt-shadow-container").shadowRoot.querySelectorAll(".qt-window")]
         .filter(one => one.style.display === "block")
         .filter(one => {
             const place = one.getBoundingClientRect();
             return place.left < room.left || place.top < room.top || place.right > room.right || place.bottom > room.bottom;
         })
         .map(one => one.querySelector(".window-name").textContent);
-});
+    return asksForNone ? titles.length === 0 : titles;
+}

@@ -75,6 +75,7 @@ export class Server {
             response.writeHead(404).end();
             return;
         }
+        head["Last-Modified"] = new Date(file.mtimeMs).toUTCString();
         head.ETag = `"${file.size}-${file.mtimeMs}"`;
         if (request.headers["if-none-match"] === head.ETag) {
             response.writeHead(304, head).end();

@@ -1,7 +1,7 @@
 // How the program comes to the browser and how it ends. NUMBRELA_EMPTY is the folder with an empty window in the
 // program's place.
 import assert from "node:assert/strict";
-import { appendFile, cp, mkdtemp, readFile, readdir, rm, truncate, writeFile } from "node:fs/promises";
+import { appendFile, cp, mkdtemp, readFile, readdir, rm, truncate, utimes, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { pathToFileURL } from "node:url";
@@ -13,6 +13,7 @@ import { opensPowersOfTen, readsPrice } from "./walks.js";
 const empty = process.env.NUMBRELA_EMPTY;
 const mostBytes = 4_500_000; // over the wire, at a first visit, with brotli
 const slowestStart = 1.3; // times that of an empty window
+const monthsAgo = new Date(Date.now() - 60 * 24 * 3600 * 1000);
 const fewRounds = 8;
 const manyRounds = 24;
 
@@ -221,7 +222,13 @@ inEachBrowser(school => {
         await removes("numbrela.wasm");
         await cp(join(folder, "numbrela.wasm"), school.file("numbrela.wasm"));
         await truncate(school.file("numbrela.wasm"), 3_000_000);
-        await fails(incomplete);
+        await utimes(school.file("numbrela.wasm"), monthsAgo, monthsAgo);
+        const tab = await fails(incomplete);
+        await cp(join(folder, "numbrela.wasm"), school.file("numbrela.wasm"));
+        await utimes(school.file("numbrela.wasm"), monthsAgo, monthsAgo);
+        await tab.clicksOnPage("Empezar de nuevo"); // the browser has the half, and takes it for good for days
+        await tab.sees("NUMBRELA");
+        school.person.forgives(/404/); // there is no compressed one
     });
 
     async function removes(name) {
@@ -235,6 +242,7 @@ inEachBrowser(school => {
         await tab.goes(school.url);
         await tab.reads(text);
         school.person.forgives(/./); // the browser says it in its own words
+        return tab;
     }
 });
 

@@ -41,6 +41,7 @@ CatalogueContent contentNow(const std::filesystem::path& path)
 // somebody has saved is kept by the browser and, as long as it is, stands for that file; any tab may give it up.
 int OpenOrCreate(const std::filesystem::path& path)
 {
+    Page::ForgetUnsaved();
     const CatalogueContent stored = Page::StoredCatalogue();
     return ::open((stored ? fileOf(path, *stored) : path).c_str(), O_RDONLY | O_CREAT, 0666);
 }
