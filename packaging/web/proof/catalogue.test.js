@@ -28,13 +28,7 @@ inEachBrowser(school => {
     });
 
     test("a catalogue that finds no room is not saved, and the old one stays", async () => {
-        const tab = await school.start();
-        await savesPrice(tab, "7,25");
-        await tab.page.evaluate(fillStorage);
-        await opensEditor(tab);
-        await addsProduct(tab, "Castanas", "1,25", "Supermercado");
-        await tab.sees("Numbrela");
-        await tab.finds(notStored);
+        const tab = await findsNoRoom();
         await school.picture(tab, "no-room");
         await tab.press("Enter");
         await tab.sees("Productos");
@@ -44,13 +38,7 @@ inEachBrowser(school => {
     });
 
     test("what found no room is still there for a file when another tab has saved and is not overwritten", async () => {
-        const tab = await school.start();
-        await savesPrice(tab, "7,25");
-        await tab.page.evaluate(fillStorage);
-        await opensEditor(tab);
-        await addsProduct(tab, "Castanas", "1,25", "Supermercado");
-        await tab.sees("Numbrela");
-        await tab.finds(notStored);
+        const tab = await findsNoRoom();
         await tab.press("Enter");
         await tab.sees("Productos");
         await tab.page.evaluate(() => { // as another tab does
@@ -261,6 +249,18 @@ inEachBrowser(school => {
             await new Promise(done => setTimeout(done, 50)); // and looks again
         }
         throw new Error("waited in vain for the download");
+    }
+
+    // Who adds a product that can no longer be stored is told so.
+    async function findsNoRoom() {
+        const tab = await school.start();
+        await savesPrice(tab, "7,25");
+        await tab.page.evaluate(fillStorage);
+        await opensEditor(tab);
+        await addsProduct(tab, "Castanas", "1,25", "Supermercado");
+        await tab.sees("Numbrela");
+        await tab.finds(notStored);
+        return tab;
     }
 });
 
