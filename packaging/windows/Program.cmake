@@ -28,3 +28,6 @@ if(MINGW)
 endif()
 add_custom_command(TARGET numbrela POST_BUILD
   COMMAND "${CMAKE_CURRENT_LIST_DIR}/run_from_memory.py" $<TARGET_FILE:numbrela> VERBATIM)
+
+qt_add_resources(numbrela numbrela_platform PREFIX /qt/etc BASE "${CMAKE_CURRENT_LIST_DIR}"
+  FILES "${CMAKE_CURRENT_LIST_DIR}/qt.conf")
