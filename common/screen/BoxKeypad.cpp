@@ -22,7 +22,7 @@ void BoxKeypad::OnChoice(bool /*shown*/)
 {
     follow();
     box_.layout()->activate();
-    MoveOntoScreen(box_);
+    BringOntoScreen(box_);
 }
 
 void BoxKeypad::follow()

@@ -39,7 +39,6 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     menuBar_->hide();
     area_->setMenuBar(menuBar_);
     FillScreenByF11(*this);
-    StayOnScreen(*this);
 }
 
 // The keypad looks at layout and menu bar, and goes before them.
@@ -167,7 +166,7 @@ void FormWindow::changeEvent(QEvent* event)
     takeChoice();
     if (!hasOwnSize_ && !isMaximized() && !isFullScreen() && !isMinimized()) {
         takeDesignSize();
-        MoveOntoScreen(*this);
+        BringOntoScreen(*this);
     }
 }
 
@@ -226,7 +225,7 @@ void FormWindow::showWholeExtent()
         shownExtent_ = extent;
         if (!isMaximized() && !isFullScreen()) {
             takeScale(wantedScale_);
-            MoveOntoScreen(*this);
+            BringOntoScreen(*this);
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "common/screen/Screens.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QShortcut>
 #include <QWidget>
@@ -8,9 +9,22 @@
 
 namespace numbrela {
 
-void MoveOntoScreen(QWidget& window)
+namespace {
+
+// A popup goes with the window that it belongs to, and the system looks after a window that fills the screen.
+bool hasPlaceOfItsOwn(const QWidget& window)
+{
+    constexpr auto elsewhere = Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized;
+    return window.isVisible() && window.windowType() != Qt::Popup && !(window.windowState() & elsewhere);
+}
+
+} // namespace
+
+void BringOntoScreen(QWidget& window)
 {
     const QRect room = window.screen()->availableGeometry();
+    const QSize around = window.frameGeometry().size() - window.size();
+    window.resize(window.size().boundedTo(room.size() - around));
     const QRect frame = window.frameGeometry();
     const QPoint wanted(std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width())),
         std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height())));
@@ -19,14 +33,20 @@ void MoveOntoScreen(QWidget& window)
     }
 }
 
-void StayOnScreen(QWidget& window)
+void KeepWindowsOnScreens(QApplication& application)
 {
-    QObject::connect(window.screen(), &QScreen::availableGeometryChanged, &window, [&window] {
-        constexpr auto filling = Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized;
-        if (window.isVisible() && !(window.windowState() & filling)) {
-            MoveOntoScreen(window);
-        }
-    });
+    const auto watch = [&application](const QScreen* screen) {
+        QObject::connect(screen, &QScreen::availableGeometryChanged, &application, [] {
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (hasPlaceOfItsOwn(*window)) {
+                    BringOntoScreen(*window);
+                }
+            }
+        });
+    };
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    std::for_each(screens.begin(), screens.end(), watch);
+    QObject::connect(&application, &QGuiApplication::screenAdded, &application, watch);
 }
 
 void FillScreenByF11(QWidget& window)

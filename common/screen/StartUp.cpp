@@ -5,6 +5,7 @@
 #include "common/screen/InertWindows.h"
 #include "common/screen/Keyboard.h"
 #include "common/screen/Look.h"
+#include "common/screen/Screens.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
@@ -18,6 +19,7 @@ std::unique_ptr<QAbstractNativeEventFilter> StartUp(QApplication& application)
     InstallAccessibility();
     RecogniseHeldKeys(application);
     RecogniseDoubleTaps(application);
+    KeepWindowsOnScreens(application);
     return WatchInertWindows();
 }
 

@@ -213,17 +213,6 @@ TEST(FormWindowTest, OpensAsLargeAsTheWindowThatItIsOpenedFromAndHasItsDesignSiz
     EXPECT_EQ(form.AreaPixels(), designPixels);
 }
 
-// As a page in a browser does when its tab or its device is turned. Nothing of the offscreen screen can really change.
-TEST(ScreenTest, AWindowThatAScreenHasBecomeTooSmallForComesBackOntoIt)
-{
-    FormWindow form(QStringLiteral("Form"), QStringLiteral("Form"), { 3000, 3000 }, {});
-    ShowAndActivate(form);
-    const QRect room = form.screen()->availableGeometry();
-    form.move(room.bottomRight());
-    Q_EMIT form.screen()->availableGeometryChanged(room);
-    EXPECT_TRUE(room.contains(form.frameGeometry()));
-}
-
 // --- The whole screen ------------------------------------------------------------------------------------------------
 
 TEST(FullScreenTest, F11FillsTheScreenAndTheNextPressBringsTheWindowBackAsItWas)
