@@ -42,6 +42,20 @@ TEST(FreePlace, IsFoundInTheOnlyGapBesideTheBox)
     EXPECT_EQ(freePlace(QRect(0, 220, 300, 300), {}), QRect(QPoint(200, 20), size));
 }
 
+// In a large room, even steps would leave that place out.
+TEST(FreePlace, FitsExactlyBetweenTheBoxAndWhatIsOnItsOtherSide)
+{
+    constexpr QRect large(0, 0, 1920, 1080);
+    constexpr QRect box(901, 501, 99, 99);
+    const auto placeBetween = [&](const QRect& before, const QRect& after) {
+        return FreePlace(large, { QSize(50, 100) }, {}, box, { { before }, { after } }).value().topLeft();
+    };
+    EXPECT_EQ(placeBetween({ 0, 0, 851, 1080 }, { 901, 0, 1019, 1080 }).x(), 851);
+    EXPECT_EQ(placeBetween({ 0, 0, 1000, 1080 }, { 1050, 0, 870, 1080 }).x(), 1000);
+    EXPECT_EQ(placeBetween({ 0, 0, 1920, 401 }, { 0, 501, 1920, 579 }).y(), 401);
+    EXPECT_EQ(placeBetween({ 0, 0, 1920, 600 }, { 0, 700, 1920, 380 }).y(), 600);
+}
+
 TEST(FreePlace, CoversWhatMattersLeast)
 {
     const QRect above(0, 20, 300, 250);
