@@ -109,12 +109,12 @@ inEachBrowser(school => {
         assert.ok(ten > 0 && ten < nine, `ten narrow letters take ${ten} pixels, nine wide ones ${nine}`);
     });
 
-    test("a window comes back when the page becomes too narrow for where it is", async () => {
+    test("a window comes back when the page becomes too narrow for where it is, and smaller when it is too low", async () => {
         const tab = await school.start();
         await tab.press("Enter");
         await tab.sees("SUMAS");
         const border = 4; // pixels, which Qt does not count there
-        for (const size of [{ width: 768, height: 1366 }, { width: 500, height: 900 }]) {
+        for (const size of [{ width: 768, height: 1366 }, { width: 500, height: 900 }, { width: 900, height: 420 }]) {
             await tab.page.setViewport(size);
             await tab.until("whole windows", windowsCutOff, true, border);
         }
