@@ -21,7 +21,6 @@ BoxKeypad::BoxKeypad(QInputDialog& box, const FormWindow& form)
 void BoxKeypad::OnChoice(bool /*shown*/)
 {
     follow();
-    box_.layout()->activate();
     BringOntoScreen(box_);
 }
 

@@ -41,12 +41,6 @@ FormWindow::FormWindow(const QString& name, const QString& caption, TwipsSize ar
     FillScreenByF11(*this);
 }
 
-// The keypad looks at layout and menu bar, and goes before them.
-FormWindow::~FormWindow()
-{
-    delete std::exchange(keypad_, nullptr); // its end is an event of the window, too
-}
-
 void FormWindow::OpenLike(const FormWindow& opener)
 {
     choices_ = opener.choices_;
@@ -89,10 +83,11 @@ void FormWindow::followChoices()
     }
 }
 
-// However the window came to fill the screen or no longer to do so: a window manager has ways of its own.
+// However the window came to fill the screen or no longer to do so: a window manager has ways of its own. While it is
+// minimised, Qt remembers what it is otherwise.
 void FormWindow::takeChoice()
 {
-    if (!isMinimized() && !keepsFrame_) {
+    if (!keepsFrame_) {
         choices_->FullScreen = isFullScreen();
     }
 }

@@ -34,7 +34,6 @@ class FormWindow : public QWidget {
 public:
     // `area` is the design size below the menu bar, in twips; `font` the font of controls that do not name one.
     FormWindow(const QString& name, const QString& caption, TwipsSize area, FontSpec font);
-    ~FormWindow() override;
 
     // Makes this window open maximised or full-screen if `opener`, the window it is opened from or replaces, is. From
     // then on both have the same choices.

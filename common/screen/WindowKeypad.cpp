@@ -50,11 +50,6 @@ WindowKeypad::WindowKeypad(FormWindow& window, QMenuBar& menuBar, KeypadKeys key
     menuBar.setCornerWidget(new FreeCorner(&menuBar), Qt::TopRightCorner);
 }
 
-WindowKeypad::~WindowKeypad()
-{
-    delete Pad();
-}
-
 void WindowKeypad::WindowHas(QEvent::Type event)
 {
     switch (event) {

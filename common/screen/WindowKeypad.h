@@ -24,7 +24,6 @@ inline constexpr int AroundKeypad = 6;
 class WindowKeypad : public OfferedKeypad {
 public:
     WindowKeypad(FormWindow& window, QMenuBar& menuBar, KeypadKeys keys);
-    ~WindowKeypad() override;
 
     // To be called after the window has handled an event of its own.
     void WindowHas(QEvent::Type event);

@@ -290,6 +290,17 @@ TEST(FullScreenTest, ItIsNotForcedOnAWindowThatHasLeftItThroughItsFrame)
     EXPECT_FALSE(next.isFullScreen());
 }
 
+TEST(FullScreenTest, ItIsStillChosenWhileTheWindowIsMinimised)
+{
+    TestForm form;
+    ShowAndActivate(form);
+    Press(Qt::Key_F11);
+    form.showMinimized();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(form.isMinimized());
+    EXPECT_TRUE(form.FormWindow::Choices().FullScreen);
+}
+
 TEST_F(ShownFormTest, GoesThroughItsControlsWithTabInTheOrderGiven)
 {
     TestForm::SetTabSequence({ form_.Second, form_.Box, form_.First });

@@ -8,6 +8,7 @@
 #include "common/screen/Keyboard.h"
 #include "common/screen/KeypadSwitch.h"
 #include "common/screen/TextBox.h"
+#include "common/screen/WindowKeypad.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 
@@ -106,6 +107,13 @@ QRect onScreen(const QWidget& control)
     return { control.mapToGlobal(QPoint()), control.size() };
 }
 
+// Whether something touches the keypad, or is nearer to it than it may be.
+bool isNear(const QWidget& pad, const QWidget& control)
+{
+    constexpr QMargins around(AroundKeypad, AroundKeypad, AroundKeypad, AroundKeypad);
+    return onScreen(pad).marginsAdded(around).intersects(onScreen(control));
+}
+
 class KeypadTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -195,18 +203,20 @@ TEST_F(KeypadTest, TheKeysOnTheButtonTakeTheSameShareOfItHoweverLargeItIs)
 
 TEST_F(KeypadTest, WhatWasChosenLastHoldsForTheWindowsThatAreOpenedFromThisOneAndForThisOneAgain)
 {
+    for (const bool isShown : { true, false }) { // this one has never had a keypad before
+        Exercise next;
+        next.OpenLike(form_);
+        ShowAndActivate(next);
+        QCoreApplication::processEvents(); // this window has been laid out, too
+        EXPECT_EQ(next.ShowsPad(), !isShown);
+        EXPECT_EQ(next.Switch().isChecked(), !isShown);
+        ClickOnScreen(next.Switch());
+        next.close();
+        form_.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form_.ShowsPad() == isShown; }));
+        EXPECT_EQ(form_.Switch().isChecked(), isShown);
+    }
     showPad();
-    Exercise next;
-    next.OpenLike(form_);
-    ShowAndActivate(next);
-    EXPECT_TRUE(next.ShowsPad());
-    EXPECT_TRUE(next.Switch().isChecked());
-    ClickOnScreen(next.Switch());
-    next.close();
-    form_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !form_.ShowsPad(); }));
-    EXPECT_FALSE(form_.Switch().isChecked());
-
     Exercise stranger;
     ShowAndActivate(stranger);
     EXPECT_FALSE(stranger.ShowsPad());
@@ -714,11 +724,34 @@ TEST_F(KeypadTest, TheCalculationMovesAsideAsFarAsItHasToAndBackAgain)
     EXPECT_EQ(form_.Area().Drawing(), alone);
 }
 
+TEST_F(KeypadTest, StandsBesideTheCalculationWhereItTouchesNeitherThatNorTheEdgeOfTheWindow)
+{
+    form_.resize(700, 800);
+    const int calculation = form_.Area().Drawing().width();
+    showPad();
+    const int pad = form_.Pad()->width();
+    form_.resize(calculation + pad + 2 * AroundKeypad, 800);
+    EXPECT_EQ(form_.Area().Drawing().left(), 0);
+    EXPECT_EQ(form_.Pad()->x(), calculation + AroundKeypad);
+    form_.resize(calculation + pad + 2 * AroundKeypad - 1, 800);
+    EXPECT_GT(form_.Area().Drawing().left(), 0);
+}
+
+TEST_F(KeypadTest, TheCalculationStaysInTheMiddleOfAWindowThatIsTooLowForIt)
+{
+    form_.setMinimumSize(100, 100);
+    form_.resize(300, 120);
+    const QRect alone = form_.Area().Drawing();
+    showPad();
+    EXPECT_FALSE(form_.ShowsPad());
+    EXPECT_EQ(form_.Area().Drawing(), alone);
+}
+
 TEST_F(KeypadTest, FloatsWhereThereIsNoRoomBesideAndNeverLiesOverTheBoxThatIsWrittenIn)
 {
     showPad();
     EXPECT_TRUE(form_.rect().contains(form_.Pad()->geometry()));
-    EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*form_.Answer)));
+    EXPECT_FALSE(isNear(*form_.Pad(), *form_.Answer));
 
     TextBox* other = AddTextBox(form_.Area(), QStringLiteral("Other"), { 500, 5000, 3500, 1500 }, {}, Qt::AlignRight);
     other->show();
@@ -726,7 +759,16 @@ TEST_F(KeypadTest, FloatsWhereThereIsNoRoomBesideAndNeverLiesOverTheBoxThatIsWri
     const QRect before = onScreen(*form_.Pad());
     ASSERT_TRUE(before.intersects(onScreen(*other)));
     other->setFocus();
-    EXPECT_FALSE(onScreen(*form_.Pad()).intersects(onScreen(*other)));
+    EXPECT_FALSE(isNear(*form_.Pad(), *other));
+}
+
+TEST_F(KeypadTest, IsInFrontOfWhatComesLater)
+{
+    showPad();
+    AddReadOnlyBox(form_.Area(), QStringLiteral("Other"), QStringLiteral("Resto"), { 0, 2600, 4875, 5000 }, {})->show();
+    QCoreApplication::processEvents();
+    const QWidget* there = form_.childAt(form_.Pad()->geometry().center());
+    EXPECT_TRUE(form_.Pad()->isAncestorOf(there)) << there->objectName().toStdString();
 }
 
 // What could not be pressed under it need not be near the box that is written in.
