@@ -132,7 +132,7 @@ bool FormWindow::event(QEvent* event)
         followChoices();
     }
     if (keypad_ != nullptr) {
-        keypad_->WindowHas(type);
+        keypad_->FollowWindow(type);
     }
     return handled;
 }

@@ -50,7 +50,7 @@ WindowKeypad::WindowKeypad(FormWindow& window, QMenuBar& menuBar, KeypadKeys key
     menuBar.setCornerWidget(new FreeCorner(&menuBar), Qt::TopRightCorner);
 }
 
-void WindowKeypad::WindowHas(QEvent::Type event)
+void WindowKeypad::FollowWindow(QEvent::Type event)
 {
     switch (event) {
     case QEvent::Resize:
@@ -114,7 +114,7 @@ void WindowKeypad::update()
     const bool isOfUse = IsChosen() && anyBoxTakesTyping();
     wantedAnyway_ = wantedAnyway_ && !isOfUse;
     if (isOfUse || wantedAnyway_) {
-        make();
+        ensurePad();
         place();
     } else {
         window_.Area().KeepRoomBeside(0);
@@ -122,7 +122,7 @@ void WindowKeypad::update()
     }
 }
 
-void WindowKeypad::make()
+void WindowKeypad::ensurePad()
 {
     if (Pad() == nullptr) {
         Keypad& pad = MakePad();

@@ -26,7 +26,7 @@ public:
     WindowKeypad(FormWindow& window, QMenuBar& menuBar, KeypadKeys keys);
 
     // To be called after the window has handled an event of its own.
-    void WindowHas(QEvent::Type event);
+    void FollowWindow(QEvent::Type event);
 
     // Gives a box with a line to type into a keypad, too.
     void ServeBox(QInputDialog& box);
@@ -51,7 +51,7 @@ private:
     void OnChoice(bool shown) override;
     void placeSwitch();
     void update();
-    void make();
+    void ensurePad();
     void place();
     static std::size_t shapeOf(QSize size, const std::vector<QSize>& sizes);
     int roomToKeep(const std::vector<QSize>& sizes) const;
