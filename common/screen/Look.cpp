@@ -132,11 +132,16 @@ public:
                                               : QProxyStyle::pixelMetric(metric, option, widget);
     }
 
-    // A line of a list has room for its focus frame above and below its letters.
+    // A line of a list has room for its focus frame above and below its letters. A button of a message or input box
+    // grows with its letters, to the height of the keys of a keypad there.
     QSize sizeFromContents(
         ContentsType type, const QStyleOption* option, const QSize& contents, const QWidget* widget) const override
     {
         const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (type == CT_PushButton) {
+            const int letters = option->fontMetrics.height();
+            return size.expandedTo({ std::max(5 * letters, contents.width() + letters), letters * 7 / 4 });
+        }
         return type == CT_ItemViewItem ? size + QSize(0, 2 * roomForLineFocus(option->fontMetrics)) : size;
     }
 

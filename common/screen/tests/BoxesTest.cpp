@@ -172,7 +172,17 @@ TEST_F(BoxesTest, AnInputBoxIsWiderThanItsTitle)
     EXPECT_EQ(PendingBoxes(), 0);
 }
 
-TEST_F(BoxesTest, BoxesWriteInTheFontOfTheirWindowAndAnInputBoxHasRoomForAnAnswerOfFortyCharacters)
+// In pixels at the design size, and twice that in a window twice as large.
+void expectEasyToPress(const QDialog& box, int scale)
+{
+    for (const auto* button : box.findChild<QDialogButtonBox*>()->findChildren<QAbstractButton*>()) {
+        const int caption = button->fontMetrics().horizontalAdvance(button->text().remove(u'&'));
+        EXPECT_GE(button->width() - caption, caption > 0 ? 16 * scale : 0) << button->text().toStdString();
+        EXPECT_GE(button->height(), 28 * scale) << button->text().toStdString();
+    }
+}
+
+TEST_F(BoxesTest, BoxesWriteInTheFontOfTheirWindowWithButtonsToMatchAndAnInputBoxHasRoomForAnAnswerOfFortyCharacters)
 {
     for (const int scale : { 1, 2 }) {
         const auto expectFont = [scale](QDialog& box) {
@@ -184,6 +194,7 @@ TEST_F(BoxesTest, BoxesWriteInTheFontOfTheirWindowAndAnInputBoxHasRoomForAnAnswe
                 EXPECT_LE(box.width(), box.screen()->availableSize().width());
                 EXPECT_GT(line->width(), line->fontMetrics().horizontalAdvance(QString(40, u'5')));
             }
+            expectEasyToPress(box, scale);
             box.accept();
         };
         ExpectDialog(expectFont);
