@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QDialog>
 
 namespace numbrela::testing {
 
@@ -23,6 +24,29 @@ void typeFactors(const QString& first, const QString& second)
     Press(Qt::Key_F3);
 }
 
+// A key of the input box is held down; that of the window behind the message cannot be.
+void drawBoxesOnPanel(Gallery& gallery, Form4& form)
+{
+    const QSize before = form.size();
+    form.resize(1920, 1080);
+    SwitchKeypad(form);
+    ExpectDialog([&gallery](QDialog& entry) {
+        QCoreApplication::processEvents(); // the box gets the focus, and what is held then comes up
+        FingerDown(Find<QWidget>(entry, QStringLiteral("Tecla(5)")));
+        gallery.Draw(entry, QStringLiteral("multiplication-entry-keypad-1920x1080"));
+        LiftFinger();
+        entry.reject();
+    });
+    ExpectDialog([&gallery, &form](QDialog& message) {
+        gallery.Draw(form, QStringLiteral("multiplication-keypad-behind-message-1920x1080"));
+        gallery.Draw(message, QStringLiteral("multiplication-refused-1920x1080"));
+        message.accept();
+    });
+    Press(Qt::Key_F2);
+    SwitchKeypad(form);
+    form.resize(before);
+}
+
 void drawWork(Gallery& gallery, Form4& form)
 {
     gallery.Draw(form, QStringLiteral("multiplication-fresh"));
@@ -30,6 +54,7 @@ void drawWork(Gallery& gallery, Form4& form)
     gallery.DrawNextBox(QStringLiteral("multiplication-entry"));
     gallery.DrawNextBox(QStringLiteral("multiplication-refused"));
     Press(Qt::Key_F2);
+    drawBoxesOnPanel(gallery, form);
     typeFactors(QStringLiteral("73,4"), QStringLiteral("4,6"));
     form.TbParcial[0]->setFocus();
     Type("4044");
