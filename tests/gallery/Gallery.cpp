@@ -32,11 +32,6 @@ void Gallery::Draw(QWidget& window, const QString& name)
     DrawPart(window, whole, name);
 }
 
-QRect PlaceIn(const QWidget& window, const QWidget* control)
-{
-    return { control->mapTo(&window, QPoint()), control->size() };
-}
-
 void Gallery::DrawBoth(QWidget& window, const QString& name)
 {
     Draw(window, name);

@@ -37,9 +37,6 @@ public:
 // Shows the keypad of a window, or hides it.
 void SwitchKeypad(const QWidget& window);
 
-// Where a control is in its window.
-QRect PlaceIn(const QWidget& window, const QWidget* control);
-
 // One function for each room of the program.
 void DrawMenu(Gallery& gallery);
 void DrawAddSub(Gallery& gallery);

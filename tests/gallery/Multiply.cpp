@@ -6,6 +6,7 @@
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 #include "tests/support/FixedClock.h"
+#include "tests/support/Shown.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

@@ -8,6 +8,7 @@
 #include "tests/program/ShippedCatalogue.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/FixedClock.h"
+#include "tests/support/Shown.h"
 
 #include <QDialog>
 

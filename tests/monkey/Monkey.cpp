@@ -6,6 +6,7 @@
 #include "tests/monkey/Ends.h"
 #include "tests/monkey/Keeper.h"
 #include "tests/support/Driver.h"
+#include "tests/support/Shown.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -237,8 +238,7 @@ void Monkey::expectKeypadsInPlace() const
         return;
     }
     const QWidget* box = window->focusWidget();
-    const bool covers = box != nullptr && TakesTyping(*box)
-        && pad->geometry().intersects(QRect(box->mapTo(window, QPoint()), box->size()));
+    const bool covers = box != nullptr && TakesTyping(*box) && pad->geometry().intersects(PlaceIn(*window, box));
     if (covers || !window->rect().contains(pad->geometry())) {
         std::fprintf(stderr, "the keypad is not in its place in %s\n", qUtf8Printable(NameOf(*window)));
         std::abort();
@@ -255,12 +255,9 @@ void Monkey::expectButtonsInSight(const QWidget& window, const QWidget& pad) con
         || !QRect({}, window.screen()->size()).contains(QRect({}, window.size()))) {
         return;
     }
-    for (const auto* button : window.findChildren<QAbstractButton*>()) {
-        if (button->isVisible() && !pad.isAncestorOf(button)
-            && pad.geometry().contains(QRect(button->mapTo(&window, QPoint()), button->size()))) {
-            std::fprintf(stderr, "the keypad covers %s\n", qUtf8Printable(NameOf(*button)));
-            std::abort();
-        }
+    for (const auto* button : LostUnder<QAbstractButton>(pad)) {
+        std::fprintf(stderr, "the keypad covers %s\n", qUtf8Printable(NameOf(*button)));
+        std::abort();
     }
 }
 

@@ -4,6 +4,7 @@
 #include "common/screen/TextBox.h"
 
 #include <QAction>
+#include <QWidget>
 
 #include <vector>
 
@@ -14,6 +15,27 @@ namespace numbrela::testing {
 inline bool IsWhollySelected(const TextBox& box)
 {
     return box.hasSelectedText() && box.selectedText() == box.text();
+}
+
+// Where a control is in its window.
+inline QRect PlaceIn(const QWidget& window, const QWidget* control)
+{
+    return { control->mapTo(&window, QPoint()), control->size() };
+}
+
+// The controls of a kind that a keypad covers to the last pixel: a button cannot be pressed there, a box not be read.
+template <typename Control>
+std::vector<const Control*> LostUnder(const QWidget& pad)
+{
+    const QWidget& window = *pad.window();
+    std::vector<const Control*> lost;
+    for (const Control* control : window.findChildren<Control*>()) {
+        if (control->isVisible() && control->window() == &window && !pad.isAncestorOf(control)
+            && PlaceIn(window, &pad).contains(PlaceIn(window, control))) {
+            lost.push_back(control);
+        }
+    }
+    return lost;
 }
 
 // The indexes of the items of an option list that carry a check mark.
