@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -42,14 +43,16 @@ void abortOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const
     }
 }
 
-// Windows of every design size fit on one of 1152 by 864 pixels.
+// Windows of every design size fit on one of 1152 by 864 pixels, each of which may be several of the screen's own.
 void writeScreen(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         throw std::runtime_error("cannot write " + path.toStdString());
     }
-    const QString wanted = qEnvironmentVariable("NUMBRELA_TEST_SCREEN", QStringLiteral("1152x864"));
+    const int scale = std::max(1, qEnvironmentVariableIntValue("QT_SCALE_FACTOR"));
+    const QString wanted
+        = qEnvironmentVariable("NUMBRELA_TEST_SCREEN", QStringLiteral("%1x%2").arg(1152 * scale).arg(864 * scale));
     file.write(QStringLiteral(R"({ "screens": [ { "name": "classroom", "x": 0, "y": 0, "width": %1, "height": %2,
         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ] })")
                    .arg(wanted.section(u'x', 0, 0), wanted.section(u'x', 1, 1))

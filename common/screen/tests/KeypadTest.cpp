@@ -394,7 +394,7 @@ QRect inkOf(QWidget& key)
             }
         }
     }
-    return ink;
+    return { ink.topLeft() / picture.devicePixelRatio(), ink.size() / picture.devicePixelRatio() };
 }
 
 TEST_F(KeypadTest, TheCommaIsInTheMiddleOfItsKeyAndHalfAsHighAsADigit)
@@ -683,7 +683,7 @@ QSize paintedSizeOf(QWidget& key)
     for (int y = 0; y < picture.height(); ++y) {
         size.rheight() += picture.pixel(picture.width() / 2, y) != around ? 1 : 0;
     }
-    return size;
+    return size / picture.devicePixelRatio();
 }
 
 TEST_F(KeypadTest, ItsKeysAreAFifteenthOfTheHeightOfTheWindowAndNeverBelow48Pixels)
