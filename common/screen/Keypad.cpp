@@ -169,13 +169,6 @@ Keypad::Keypad(KeypadKeys keys, QWidget* parent)
     }
 }
 
-void Keypad::LetGo()
-{
-    for (const Made& each : keys_) {
-        each.Key->LetGo();
-    }
-}
-
 // Keys that are held come up while there still is a keypad to send their releases.
 Keypad::~Keypad()
 {

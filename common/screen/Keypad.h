@@ -32,9 +32,6 @@ public:
     Keypad(KeypadKeys keys, QWidget* parent);
     ~Keypad() override;
 
-    // Lets every key that is held come up.
-    void LetGo();
-
     // Whether a key is held, and what is called when none is any more.
     bool IsHeld() const;
     std::function<void()> OnLetGo;

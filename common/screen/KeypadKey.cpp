@@ -147,18 +147,33 @@ void KeypadKey::timerEvent(QTimerEvent* event)
     OnDown(true);
 }
 
-// Not every release comes to the key that is held: Qt makes a mouse of a finger that taps elsewhere, and forgets the
-// one that was down; and it keeps fingers from all but the menu that is open. None comes from another program, or from
-// another tab of a browser.
 bool KeypadKey::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool isMouseUp = event->type() == QEvent::MouseButtonRelease && hand_ == Hand::Mouse;
-    const bool isMenu = event->type() == QEvent::Show && watched->isWidgetType()
-        && static_cast<const QWidget*>(watched)->windowType() == Qt::Popup;
-    if (isMouseUp || isMenu || event->type() == QEvent::ApplicationDeactivate) {
+    if (losesItsRelease(*watched, event->type())) {
         LetGo();
     }
     return false;
+}
+
+// Not every release comes to the key that is held: Qt makes a mouse of a finger that taps elsewhere, and forgets the
+// one that was down; and it keeps fingers from all but the menu that is open. None comes from another program, or from
+// another tab of a browser. And when the focus goes to another window, or the program becomes active or inactive,
+// whoever recognises held keys forgets those of the keypad; just before that, they can still be let go.
+bool KeypadKey::losesItsRelease(const QObject& watched, QEvent::Type type) const
+{
+    switch (type) {
+    case QEvent::MouseButtonRelease:
+        return hand_ == Hand::Mouse;
+    case QEvent::Show:
+        return watched.isWidgetType() && static_cast<const QWidget&>(watched).windowType() == Qt::Popup;
+    case QEvent::FocusAboutToChange:
+    case QEvent::FocusIn:
+        return watched.isWindowType();
+    case QEvent::ApplicationStateChange:
+        return true;
+    default:
+        return false;
+    }
 }
 
 void KeypadKey::holdBy(Hand hand)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QEvent>
 #include <QPushButton>
 
 #include <functional>
@@ -40,6 +41,7 @@ private:
     enum class Hand { None, Mouse, Finger };
 
     void holdBy(Hand hand);
+    bool losesItsRelease(const QObject& watched, QEvent::Type type) const;
     void paintCaption(QPainter& painter) const;
     void paintSign(QPainter& painter) const;
 

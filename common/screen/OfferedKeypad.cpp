@@ -60,10 +60,7 @@ bool OfferedKeypad::eventFilter(QObject* watched, QEvent* event)
         }
         return false;
     }
-    const bool changesFocus = event->type() == QEvent::FocusAboutToChange || event->type() == QEvent::FocusIn;
-    if (changesFocus && keypad_ != nullptr) {
-        keypad_->LetGo(); // whoever recognises held keys forgets those of the keypad then
-    } else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
         const auto& press = static_cast<const QMouseEvent&>(*event);
         const QWidget* control = isTouch(press) ? window_.childAt(press.position().toPoint()) : nullptr;
         boxIsTouched_ = control != nullptr && TakesTyping(*control);

@@ -537,15 +537,19 @@ TEST_F(KeypadTest, AKeyThatIsHeldWhenItsOwnWindowGetsTheFocusIsReleasedThen)
     EXPECT_EQ(form_.Released.size(), 1U);
 }
 
-TEST_F(KeypadTest, AKeyThatIsHeldWhenTheProgramBecomesInactiveIsReleasedThen)
+// It becomes active before its window gets the focus.
+TEST_F(KeypadTest, AKeyThatIsHeldWhenTheProgramBecomesActiveOrInactiveIsReleasedThen)
 {
     showPad();
-    FingerDown(form_.KeyNamed(QStringLiteral("5")));
-    QEvent inactive(QEvent::ApplicationDeactivate);
-    QCoreApplication::sendEvent(qApp, &inactive);
-    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
-    FingerUp(form_.KeyNamed(QStringLiteral("5")));
-    EXPECT_EQ(form_.Released.size(), 1U);
+    for (const auto state : { Qt::ApplicationInactive, Qt::ApplicationActive }) {
+        form_.Released.clear();
+        FingerDown(form_.KeyNamed(QStringLiteral("5")));
+        QApplicationStateChangeEvent change(state);
+        QCoreApplication::sendEvent(qApp, &change);
+        EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
+        FingerUp(form_.KeyNamed(QStringLiteral("5")));
+        EXPECT_EQ(form_.Released.size(), 1U);
+    }
 }
 
 // What Qt then keeps from the key would leave it down, repeating itself for ever.
