@@ -3,14 +3,12 @@
 #include "activities/shopping/screen/SpanishOrder.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTimer>
 
 #include <algorithm>
-#include <utility>
 
 namespace numbrela {
 
@@ -165,13 +163,11 @@ void ListBox::tap(QPoint place, quint64 time)
     if (!line.isValid()) {
         return;
     }
-    const auto interval = static_cast<quint64>(QApplication::doubleClickInterval());
-    const auto timeOfLastOne = std::exchange(timeOfDoubleClick_, std::nullopt);
     if (!selectionModel()->isSelected(line)) {
+        doubleClicks_.Forget();
         SelectLine(line.row());
         tellSelectedLine();
-    } else if (!timeOfLastOne || time - *timeOfLastOne >= interval) {
-        timeOfDoubleClick_ = time;
+    } else if (!doubleClicks_.IsSecond(time)) {
         Q_EMIT doubleClicked(line);
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/screen/DoubleTaps.h"
 #include "common/screen/FingerScroll.h"
 
 #include <QListView>
@@ -66,7 +67,7 @@ private:
     std::vector<int> data_; // the number of each line of a sorted list
 
     FingerScroll finger_;
-    std::optional<quint64> timeOfDoubleClick_; // in milliseconds; nothing unless the last tap was one
+    TapTimes doubleClicks_;
 };
 
 } // namespace numbrela
