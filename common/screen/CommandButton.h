@@ -1,8 +1,5 @@
 #pragma once
 
-#include "common/screen/DoubleTaps.h"
-#include "common/screen/FirstFinger.h"
-
 #include <QPushButton>
 
 namespace numbrela {
@@ -18,15 +15,8 @@ public:
     QColor BackColour() const;
 
 protected:
-    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
-
-private:
-    void touch(const QTouchEvent& event);
-
-    FirstFinger finger_;
-    TapTimes taps_;
 };
 
 } // namespace numbrela

@@ -2,79 +2,70 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QMouseEvent>
 #include <QScrollBar>
-#include <QTouchEvent>
 
 #include <utility>
 
 namespace numbrela {
 
-FingerScroll::FingerScroll(QAbstractScrollArea& area, Handlers handlers)
-    : area_(area)
+FingerScroll::FingerScroll(QWidget& widget, Scrolled scrolled, Handlers handlers)
+    : widget_(widget)
+    , scrolled_(std::move(scrolled))
     , handlers_(std::move(handlers))
 {
-    area.viewport()->setAttribute(Qt::WA_AcceptTouchEvents);
+    widget.setAttribute(Qt::WA_AcceptTouchEvents);
+}
+
+FingerScroll::FingerScroll(QAbstractScrollArea& area, Handlers handlers)
+    : FingerScroll(*area.viewport(),
+        {
+            .Is = [&area] { return area.verticalScrollBar()->value(); },
+            .Set = [&area](int pixels) { area.verticalScrollBar()->setValue(pixels); },
+        },
+        std::move(handlers))
+{
 }
 
 bool FingerScroll::Takes(QEvent& event)
 {
-    switch (event.type()) {
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-        if (area_.isEnabled()) {
-            touch(static_cast<QTouchEvent&>(event));
-        }
-        return true;
-    case QEvent::TouchCancel:
-        endDragging();
-        finger_.Forget();
-        return true;
-    default:
+    const auto* mouse = dynamic_cast<const QMouseEvent*>(&event);
+    if (mouse == nullptr || mouse->source() == Qt::MouseEventNotSynthesized) {
         return false;
     }
+    if (mouse->type() == QEvent::MouseButtonRelease) {
+        lift(*mouse);
+    } else if (mouse->type() != QEvent::MouseMove) {
+        touched_ = mouse->pos();
+    } else if (mouse->buttons().testFlag(Qt::LeftButton)) {
+        follow(mouse->pos());
+    }
+    return true;
 }
 
-void FingerScroll::touch(const QTouchEvent& event)
+void FingerScroll::follow(QPoint finger)
 {
-    const QEventPoint* finger = finger_.PointIn(event);
-    if (event.type() == QEvent::TouchBegin) {
-        touched_ = finger->position().toPoint();
-        area_.setFocus(Qt::MouseFocusReason);
-    }
-    if (finger != nullptr) {
-        follow(*finger, event.timestamp());
-    }
-}
-
-void FingerScroll::follow(const QEventPoint& finger, quint64 time)
-{
-    QScrollBar& bar = *area_.verticalScrollBar();
-    const QPoint place = finger.position().toPoint();
-    const QPoint way = place - touched_;
+    const QPoint way = finger - touched_;
     if (!dragging_ && way.manhattanLength() >= QApplication::startDragDistance()) {
         dragging_ = true;
         if (handlers_.DragBegins) {
             handlers_.DragBegins();
         }
-        scrolledAtTouch_ = bar.value();
+        scrolledAtTouch_ = scrolled_.Is();
     }
     if (dragging_) {
-        bar.setValue(scrolledAtTouch_ - way.y());
-    }
-    if (finger.state() == QEventPoint::Released) {
-        if (dragging_) {
-            endDragging();
-        } else if (handlers_.Tapped) {
-            handlers_.Tapped(place, time);
-        }
+        scrolled_.Set(scrolledAtTouch_ - way.y());
     }
 }
 
-void FingerScroll::endDragging()
+void FingerScroll::lift(const QMouseEvent& event)
 {
-    if (std::exchange(dragging_, false) && handlers_.DragEnds) {
-        handlers_.DragEnds();
+    if (std::exchange(dragging_, false)) {
+        if (handlers_.DragEnds) {
+            handlers_.DragEnds();
+        }
+    } else if (handlers_.Tapped && widget_.rect().contains(event.pos())) {
+        handlers_.Tapped(event.pos(), event.timestamp());
     }
 }
 

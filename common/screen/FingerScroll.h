@@ -1,43 +1,49 @@
 #pragma once
 
-#include "common/screen/FirstFinger.h"
-
 #include <QPoint>
 
 #include <functional>
 
 class QAbstractScrollArea;
 class QEvent;
-class QEventPoint;
-class QTouchEvent;
+class QMouseEvent;
+class QWidget;
 
 namespace numbrela {
 
-// Lets a finger scroll what a scroll area shows, which stays under the finger, and gives the area the focus. The finger
-// that came down first counts, and no other as long as any is down. One that hardly moves taps; what a tap does is up
-// to the area.
+// Lets a finger or a pen scroll what a widget shows, which stays under it. One that hardly moves taps; what a tap does
+// is up to the widget.
 class FingerScroll {
 public:
     // Each handler may be left out.
     struct Handlers {
         std::function<void()> DragBegins = {}; // before anything scrolls
         std::function<void()> DragEnds = {};
-        std::function<void(QPoint place, quint64 time)> Tapped = {}; // in the viewport; milliseconds
+        std::function<void(QPoint place, quint64 time)> Tapped = {}; // in the widget; milliseconds
     };
 
+    // How far the widget is scrolled, in pixels, and scrolling it there, as far as it goes.
+    struct Scrolled {
+        std::function<int()> Is;
+        std::function<void(int pixels)> Set;
+    };
+
+    FingerScroll(QWidget& widget, Scrolled scrolled, Handlers handlers);
+
+    // The widget is the area's viewport.
     FingerScroll(QAbstractScrollArea& area, Handlers handlers);
 
-    // To be called with each event of the area's viewport. Returns whether it is one of a finger, and ends here.
+    // To be called with each event of the widget. Returns whether it is one of a finger or a pen, and ends
+    // here.
     bool Takes(QEvent& event);
 
 private:
-    void touch(const QTouchEvent& event);
-    void follow(const QEventPoint& finger, quint64 time);
-    void endDragging();
+    void follow(QPoint finger);
+    void lift(const QMouseEvent& event);
 
-    QAbstractScrollArea& area_;
+    QWidget& widget_;
+    const Scrolled scrolled_;
     const Handlers handlers_;
-    FirstFinger finger_;
     QPoint touched_; // where it came down
     int scrolledAtTouch_ = 0;
     bool dragging_ = false;

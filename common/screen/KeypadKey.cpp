@@ -5,9 +5,9 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QTimerEvent>
-#include <QTouchEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace numbrela {
 
@@ -78,40 +78,13 @@ KeypadKey::KeypadKey(const QString& caption, KeySign sign, const QString& spoken
     setAccessibleName(spokenName);
     setFocusPolicy(Qt::NoFocus);
     setAutoDefault(false);
-    setAttribute(Qt::WA_AcceptTouchEvents); // a mouse is made of the first finger only, and two hands write faster
     if (sign == KeySign::None) {
         QPalette paper = palette();
         paper.setColor(QPalette::Button, Qt::white);
         setPalette(paper);
     }
-    connect(this, &QPushButton::pressed, this, [this] { holdBy(Hand::Mouse); });
+    connect(this, &QPushButton::pressed, this, [this] { hold(true); });
     connect(this, &QPushButton::released, this, &KeypadKey::LetGo);
-}
-
-bool KeypadKey::event(QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-        if (isEnabled()) {
-            holdBy(Hand::Finger);
-        }
-        return true;
-    case QEvent::TouchUpdate: {
-        const auto& points = static_cast<QTouchEvent*>(event)->points();
-        if (std::none_of(points.begin(), points.end(), [this](const QEventPoint& point) {
-                return point.state() != QEventPoint::Released && rect().contains(point.position().toPoint());
-            })) {
-            LetGo();
-        }
-        return true;
-    }
-    case QEvent::TouchEnd:
-    case QEvent::TouchCancel:
-        LetGo();
-        return true;
-    default:
-        return QPushButton::event(event);
-    }
 }
 
 // A button would go down again when the mouse comes back.
@@ -149,21 +122,24 @@ void KeypadKey::timerEvent(QTimerEvent* event)
 
 bool KeypadKey::eventFilter(QObject* watched, QEvent* event)
 {
-    if (losesItsRelease(*watched, event->type())) {
+    if (losesItsRelease(*watched, *event)) {
         LetGo();
     }
     return false;
 }
 
-// Not every release comes to the key that is held: Qt makes a mouse of a finger that taps elsewhere, and forgets the
-// one that was down; and it keeps fingers from all but the menu that is open. None comes from another program, or from
-// another tab of a browser. And when the focus goes to another window, or the program becomes active or inactive,
-// whoever recognises held keys forgets those of the keypad; just before that, they can still be let go.
-bool KeypadKey::losesItsRelease(const QObject& watched, QEvent::Type type) const
+// A button comes up, but is not released, when the panel takes the finger back. And not every release comes to the key
+// that is held: Qt makes a mouse of a finger that taps elsewhere, and forgets the one that was down; and it keeps
+// fingers from all but the menu that is open. None comes from another program, or from another tab of a browser. And
+// when the focus goes to another window, or the program becomes active or inactive, whoever recognises held keys
+// forgets those of the keypad; just before that, they can still be let go.
+bool KeypadKey::losesItsRelease(const QObject& watched, const QEvent& event) const
 {
-    switch (type) {
+    switch (event.type()) {
     case QEvent::MouseButtonRelease:
-        return hand_ == Hand::Mouse;
+        return &watched == this
+            || (watched.isWindowType()
+                && static_cast<const QMouseEvent&>(event).source() != Qt::MouseEventNotSynthesized);
     case QEvent::Show:
         return watched.isWidgetType() && static_cast<const QWidget&>(watched).windowType() == Qt::Popup;
     case QEvent::FocusAboutToChange:
@@ -176,15 +152,13 @@ bool KeypadKey::losesItsRelease(const QObject& watched, QEvent::Type type) const
     }
 }
 
-void KeypadKey::holdBy(Hand hand)
+void KeypadKey::hold(bool held)
 {
-    const bool isHeld = hand != Hand::None;
-    setDown(isHeld);
-    if (isHeld == IsHeld()) {
+    setDown(held);
+    if (std::exchange(isHeld_, held) == held) {
         return;
     }
-    hand_ = hand;
-    if (isHeld) {
+    if (held) {
         qApp->installEventFilter(this);
         repeating_.start(untilItRepeats, this);
         OnDown(false);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QEvent>
 #include <QPushButton>
 
 #include <functional>
@@ -19,9 +18,9 @@ public:
     KeypadKey(const QString& caption, KeySign sign, const QString& spokenName, QWidget* parent);
 
     // Lets the key come up if it is held.
-    void LetGo() { holdBy(Hand::None); }
+    void LetGo() { hold(false); }
 
-    bool IsHeld() const { return hand_ != Hand::None; }
+    bool IsHeld() const { return isHeld_; }
 
     // Called when the key goes down, or repeats itself, and when it comes up.
     std::function<void(bool repeated)> OnDown;
@@ -30,7 +29,6 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
-    bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -38,16 +36,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    enum class Hand { None, Mouse, Finger };
-
-    void holdBy(Hand hand);
-    bool losesItsRelease(const QObject& watched, QEvent::Type type) const;
+    void hold(bool held);
+    bool losesItsRelease(const QObject& watched, const QEvent& event) const;
     void paintCaption(QPainter& painter) const;
     void paintSign(QPainter& painter) const;
 
     KeySign sign_;
     QBasicTimer repeating_;
-    Hand hand_ = Hand::None; // which holds it
+    bool isHeld_ = false;
 };
 
 } // namespace numbrela

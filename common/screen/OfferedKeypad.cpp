@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QSignalBlocker>
-#include <QWindow>
 
 #include <utility>
 
@@ -16,8 +15,8 @@ namespace numbrela {
 
 namespace {
 
-// Boxes know nothing of fingers and pens: Qt makes the events of a mouse out of theirs.
-bool isTouch(const QMouseEvent& event)
+// Boxes know nothing of fingers and pens: the events of a mouse are made out of theirs.
+bool isTouchOutsideMenus(const QMouseEvent& event)
 {
     return event.source() != Qt::MouseEventNotSynthesized && QApplication::activePopupWidget() == nullptr;
 }
@@ -47,23 +46,18 @@ OfferedKeypad::OfferedKeypad(QWidget& window, const FormWindow& form, KeypadKeys
     , switch_(new KeypadSwitch(&window))
 {
     connect(switch_, &QPushButton::toggled, this, [this](bool shown) { choose(shown && !lacksRoom_); });
-    window.installEventFilter(this);
+    qApp->installEventFilter(this);
 }
 
-// The native window sees everything that happens to the controls in it before they do; a window that is not shown has
-// none.
 bool OfferedKeypad::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == &window_) {
-        if (event->type() == QEvent::Show) {
-            window_.windowHandle()->installEventFilter(this);
-        }
+    if (!watched->isWidgetType()) {
         return false;
     }
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
-        const auto& press = static_cast<const QMouseEvent&>(*event);
-        const QWidget* control = isTouch(press) ? window_.childAt(press.position().toPoint()) : nullptr;
-        boxIsTouched_ = control != nullptr && TakesTyping(*control);
+        const auto& control = static_cast<const QWidget&>(*watched);
+        boxIsTouched_ = isTouchOutsideMenus(static_cast<const QMouseEvent&>(*event)) && control.window() == &window_
+            && TakesTyping(control);
     } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(boxIsTouched_, false)) {
         choose(true); // not before, because the box may move when the keypad comes
     }

@@ -1,7 +1,7 @@
 #include "common/screen/StartUp.h"
 
 #include "common/screen/Accessible.h"
-#include "common/screen/DoubleTaps.h"
+#include "common/screen/Fingers.h"
 #include "common/screen/InertWindows.h"
 #include "common/screen/Keyboard.h"
 #include "common/screen/Look.h"
@@ -18,7 +18,7 @@ std::unique_ptr<QAbstractNativeEventFilter> StartUp(QApplication& application)
     ApplyLook(application);
     InstallAccessibility();
     RecogniseHeldKeys(application);
-    RecogniseDoubleTaps(application);
+    RecogniseFingers(application);
     KeepWindowsOnScreens(application);
     return WatchInertWindows();
 }

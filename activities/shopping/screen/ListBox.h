@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/screen/DoubleTaps.h"
 #include "common/screen/FingerScroll.h"
+#include "common/screen/Fingers.h"
 
 #include <QListView>
 #include <QStringListModel>
@@ -21,8 +21,8 @@ struct ListLine {
 // A list of lines of which at most one is selected, for mouse and keyboard. The keys that move the selection begin at
 // the first line, or the last one, when none is selected. A line too long for the list is wrapped, so that it can be
 // read whole. The form decides what a key or a double click does.
-// A finger that drags the list scrolls it. One that taps a line selects it, and a tap on the selected line is a double
-// click; the tap right behind it is a part of it, so that whoever taps twice out of habit takes one thing.
+// A finger or a pen that drags the list scrolls it. One that taps a line selects it, and a tap on the selected line is
+// a double click; the tap right behind it is a part of it, so that whoever taps twice out of habit takes one thing.
 class ListBox : public QListView {
 public:
     explicit ListBox(QWidget* parent = nullptr);

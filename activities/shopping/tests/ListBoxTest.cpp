@@ -221,6 +221,30 @@ TEST_F(TouchedListBoxTest, ASecondFingerNeitherScrollsItNorSelectsAnythingAndThe
     EXPECT_EQ(doubleClicks_, 0);
 }
 
+TEST_F(TouchedListBoxTest, APenScrollsItSelectsAndTakesAsAFingerDoes)
+{
+    const auto draw = [this](QPoint from, QPoint to) {
+        for (const auto& [type, place] : { std::pair(QEvent::MouseButtonPress, from), { QEvent::MouseMove, to },
+                 { QEvent::MouseButtonRelease, to } }) {
+            const bool isDown = type != QEvent::MouseButtonRelease;
+            const QPointF at = list_.viewport()->mapTo(&list_, place);
+            QMouseEvent pen(type, at, at, list_.mapToGlobal(at), Qt::LeftButton, isDown ? Qt::LeftButton : Qt::NoButton,
+                Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
+            QCoreApplication::sendEvent(list_.windowHandle(), &pen);
+        }
+    };
+    tapSlowly();
+    const QPoint middle = list_.viewport()->rect().center();
+    draw(middle, middle - QPoint(0, 4 * placeOf(0).height()));
+    EXPECT_EQ(placeOf(4).top(), 0);
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+    draw(placeOf(5).center(), placeOf(5).center());
+    EXPECT_EQ(list_.SelectedLine(), 5);
+    EXPECT_EQ(doubleClicks_, 0);
+    draw(placeOf(5).center(), placeOf(5).center());
+    EXPECT_EQ(doubleClicks_, 1);
+}
+
 // The panel may take a finger for the palm of a hand after all.
 TEST_F(TouchedListBoxTest, AFingerThatThePanelTakesBackSelectsNothingAndLeavesWholeLines)
 {

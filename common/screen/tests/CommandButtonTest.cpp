@@ -133,6 +133,14 @@ TEST_F(CommandButtonTest, TapsInARowOnSeveralControlsPressEachButtonAndADoubleTa
     EXPECT_FALSE(next_.isDown());
 }
 
+// As a hand's on a large button may be.
+TEST_F(CommandButtonTest, ADoubleTapAtTwoPlacesPressesItOnce)
+{
+    Tap(done_, { 5, 5 });
+    Tap(done_, { done_.width() - 5, 5 });
+    EXPECT_EQ(timesDone_, 1);
+}
+
 // A button that checks an answer would count a wrong one again and again.
 TEST_F(CommandButtonTest, IsPressedOnceHoweverLongItsAccessKeyIsHeld)
 {

@@ -16,11 +16,13 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QScreen>
 #include <QTest>
 
@@ -505,6 +507,37 @@ TEST_F(KeypadTest, AButtonIsPressedWhenItsFingerIsLiftedWhileAnotherOneHoldsAKey
     EXPECT_EQ(form_.Clicks, 1);
     EXPECT_FALSE(form_.Done->isDown());
     FingerUp(form_.KeyNamed(QStringLiteral("2")), 1);
+}
+
+TEST_F(KeypadTest, ABoxHearsAFingerWhileAnotherOneHoldsAKey)
+{
+    TextBox* other = AddTextBox(form_.Area(), QStringLiteral("Other"), { 500, 200, 3500, 495 }, {});
+    other->SetText("123456");
+    other->show();
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")), 0);
+    FingerDown(*other, { 5, other->height() / 2 }, 1);
+    LiftFinger(1);
+    EXPECT_TRUE(other->hasFocus());
+    EXPECT_EQ(other->CaretPosition(), 0);
+    LiftFinger(0);
+    form_.PressKeys({ QStringLiteral("7") });
+    EXPECT_EQ(form_.Answer->Text(), "5");
+    EXPECT_EQ(other->Text(), "7123456");
+}
+
+TEST_F(KeypadTest, AFingerThatRestsOnTheBoxDisturbsNoOtherThatWritesThere)
+{
+    showPad();
+    FingerDown(*form_.Answer, 0);
+    for (const char* key : { "5", "7" }) {
+        FingerDown(form_.KeyNamed(QString::fromLatin1(key)), 1);
+        MoveFinger(*form_.Answer, form_.Answer->rect().center() + QPoint(1, 0), 0);
+        LiftFinger(1);
+    }
+    LiftFinger(0);
+    EXPECT_EQ(form_.Answer->Text(), "75");
+    EXPECT_TRUE(form_.ShowsPad());
 }
 
 TEST_F(KeypadTest, AKeyThatIsHeldWhenAnotherWindowTakesTheFocusIsReleasedThen)
@@ -1095,6 +1128,21 @@ TEST_F(KeypadTest, AnInputBoxHasItAboveItsButtonsOnTheScreen)
     EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "12,5");
     EXPECT_EQ(form_.Answer->Text(), "");
     EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST_F(KeypadTest, AButtonOfAnInputBoxHearsAFingerWhileAnotherOneHoldsAKey)
+{
+    showPad();
+    ExpectDialog([](QDialog& box) {
+        box.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        FingerDown(Find<QWidget>(box, QStringLiteral("Tecla(5)")), 0);
+        const QWidget& accept = *box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+        FingerDown(accept, 1);
+        LiftFinger(1);
+        LiftFinger(0);
+    });
+    EXPECT_EQ(AskText(&form_, "Introduzca el nuevo valor:", "Sumas"), "5");
 }
 
 TEST_F(KeypadTest, OfAnInputBoxItHasKeysAsLargeAsThePanelAsksFor)

@@ -111,6 +111,17 @@ TEST_F(TextBoxTest, FastTapsOnTwoBoxesOrAtTwoPlacesMoveTheCaretAndOnlyADoubleTap
 }
 
 // Although Qt sends what a double click sends.
+TEST_F(TextBoxTest, AFingerThatIsDraggedHighlightsAndOneThatTremblesDoesNot)
+{
+    box_.SetText("12345678");
+    const QPoint start(5, box_.height() / 2);
+    DragByFinger(box_, start, start + QPoint(8, 0));
+    EXPECT_FALSE(box_.hasSelectedText());
+    DragByFinger(box_, start, start + QPoint(60, 0));
+    EXPECT_GE(box_.selectedText().size(), 5);
+    EXPECT_EQ(box_.CaretPosition(), 0);
+}
+
 TEST_F(TextBoxTest, ATapThatComesLateHighlightsNothing)
 {
     box_.SetText("123456");

@@ -1,0 +1,161 @@
+#include "common/screen/Fingers.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QStyleHints>
+#include <QTouchEvent>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace numbrela {
+
+namespace {
+
+void sendMouse(QWidget& control, QEvent::Type type, QPointF place, const QTouchEvent& touch)
+{
+    const auto changed = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const auto down = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent mouse(type, place, control.mapTo(control.window(), place), control.mapToGlobal(place), changed, down,
+        touch.modifiers(), Qt::MouseEventSynthesizedByApplication);
+    mouse.setTimestamp(touch.timestamp());
+    QCoreApplication::sendEvent(&control, &mouse);
+}
+
+class Fingers : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        switch (event->type()) {
+        case QEvent::Polish:
+            if (qobject_cast<QAbstractButton*>(watched) != nullptr || qobject_cast<QLineEdit*>(watched) != nullptr) {
+                static_cast<QWidget*>(watched)->setAttribute(Qt::WA_AcceptTouchEvents);
+            }
+            return false;
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+            if (!watched->isWidgetType()) {
+                return false;
+            }
+            touch(static_cast<QWidget&>(*watched), static_cast<QTouchEvent&>(*event));
+            return true;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return replaces(*watched, static_cast<const QMouseEvent&>(*event));
+        default:
+            return false;
+        }
+    }
+
+private:
+    struct Finger {
+        int Id;
+        bool IsDragged = false;
+    };
+
+    void touch(QWidget& control, const QTouchEvent& touch)
+    {
+        const QList<QEventPoint>& points = touch.points();
+        if (touch.type() == QEvent::TouchBegin) {
+            first_[&control] = { points.front().id() };
+        }
+        const auto first = first_.find(&control);
+        if (first == first_.end() || !control.isEnabled()) {
+            return;
+        }
+        if (touch.type() == QEvent::TouchCancel) {
+            first_.erase(first);
+            sendMouse(control, QEvent::MouseButtonRelease, { -1, -1 }, touch); // outside, so that nothing is pressed
+            return;
+        }
+        const auto point = std::find_if(
+            points.begin(), points.end(), [&](const QEventPoint& each) { return each.id() == first->second.Id; });
+        if (point == points.end()) {
+            return;
+        }
+        if (point->state() == QEventPoint::Pressed) {
+            sendMouse(
+                control, typeOfTap(control, point->globalPosition(), touch.timestamp()), point->position(), touch);
+        } else if (point->state() == QEventPoint::Released) {
+            first_.erase(first);
+            sendMouse(control, QEvent::MouseButtonRelease, point->position(), touch);
+        } else if (isDragged(first->second, *point)) {
+            sendMouse(control, QEvent::MouseMove, point->position(), touch);
+        }
+    }
+
+    // Or does it only tremble?
+    bool isDragged(Finger& finger, const QEventPoint& point)
+    {
+        const QPointF way = point.globalPosition() - point.globalPressPosition();
+        if (!finger.IsDragged && way.manhattanLength() >= QApplication::startDragDistance()) {
+            finger.IsDragged = true;
+            times_.Forget(); // it is no tap
+        }
+        return finger.IsDragged;
+    }
+
+    // What Qt makes of a tap comes to a window first, then to the control there and, if that has no use for it, to
+    // those around it. Returns whether the control has got the right event instead.
+    bool replaces(QObject& watched, const QMouseEvent& tap)
+    {
+        if (watched.isWindowType()) {
+            isNew_ = true;
+            return false;
+        }
+        if (!std::exchange(isNew_, false) || tap.source() == Qt::MouseEventNotSynthesized) {
+            return false;
+        }
+        const QEvent::Type type = typeOfTap(watched, tap.globalPosition(), tap.timestamp());
+        if (type == tap.type()) {
+            return false;
+        }
+        QMouseEvent right(type, tap.position(), tap.scenePosition(), tap.globalPosition(), tap.button(), tap.buttons(),
+            tap.modifiers(), tap.source(), tap.pointingDevice());
+        right.setTimestamp(tap.timestamp());
+        QCoreApplication::sendEvent(&watched, &right);
+        return true;
+    }
+
+    QEvent::Type typeOfTap(QObject& control, QPointF place, quint64 time)
+    {
+        const bool isNear = qobject_cast<QAbstractButton*>(&control) != nullptr
+            || (place - tappedPlace_).manhattanLength() <= QGuiApplication::styleHints()->touchDoubleTapDistance();
+        if (tapped_ != &control || !isNear) {
+            times_.Forget();
+        }
+        tapped_ = &control;
+        tappedPlace_ = place;
+        return times_.IsSecond(time) ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
+    }
+
+    std::map<const QObject*, Finger> first_; // of those that are down on each control, which is only compared
+    bool isNew_ = false; // no control has heard of Qt's tap yet
+    QPointer<QObject> tapped_; // last
+    QPointF tappedPlace_; // on the screen
+    TapTimes times_;
+};
+
+} // namespace
+
+void RecogniseFingers(QApplication& application)
+{
+    application.installEventFilter(new Fingers(&application));
+}
+
+bool TapTimes::IsSecond(quint64 time)
+{
+    const bool isSecond = last_ && time - *last_ < static_cast<quint64>(QApplication::doubleClickInterval());
+    last_ = isSecond ? std::nullopt : std::optional(time);
+    return isSecond;
+}
+
+} // namespace numbrela
