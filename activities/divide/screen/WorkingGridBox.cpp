@@ -27,6 +27,12 @@ constexpr int eighthsOfADegreePerRow = 40; // a notch of the wheel is 120
 WorkingGridBox::WorkingGridBox(WorkingGrid& grid, QWidget* parent)
     : QWidget(parent)
     , grid_(grid)
+    , finger_(*this,
+          {
+              .Is = [this] { return firstRow_ * rowHeight * height() / Height; },
+              .Set = [this](int pixels) { showFrom(qRound(1.0 * pixels * Height / rowHeight / height())); },
+          },
+          { .Tapped = [this](QPoint place, quint64 /*time*/) { PutCaret(CellAt(place)); } })
 {
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::IBeamCursor);
@@ -96,7 +102,12 @@ void WorkingGridBox::PutCaret(int cell)
     ShowGrid();
 }
 
-// ------------------------------------------------------------------------------------------------- keys and the mouse
+// ----------------------------------------------------------------------------------------- keys, the mouse and fingers
+
+bool WorkingGridBox::event(QEvent* event)
+{
+    return finger_.Takes(*event) || QWidget::event(event);
+}
 
 void WorkingGridBox::keyPressEvent(QKeyEvent* event)
 {
@@ -159,10 +170,15 @@ void WorkingGridBox::wheelEvent(QWheelEvent* event)
     wheelTurn_ += event->angleDelta().y();
     const int rows = wheelTurn_ / eighthsOfADegreePerRow;
     wheelTurn_ -= rows * eighthsOfADegreePerRow;
-    const int lowest = std::max({ rowsInUse() - ShownRows(), firstRow_, 0 }); // keys go below what is written
-    firstRow_ = std::clamp(firstRow_ - rows, 0, lowest);
-    update();
+    showFrom(firstRow_ - rows);
     event->accept();
+}
+
+void WorkingGridBox::showFrom(int row)
+{
+    const int lowest = std::max({ rowsInUse() - ShownRows(), firstRow_, 0 }); // keys go below what is written
+    firstRow_ = std::clamp(row, 0, lowest);
+    update();
 }
 
 void WorkingGridBox::focusInEvent(QFocusEvent* /*event*/)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/screen/FingerScroll.h"
+
 #include <QWidget>
 
 namespace numbrela {
@@ -7,9 +9,9 @@ namespace numbrela {
 class WorkingGrid;
 
 // Shows a working grid as squared paper, a cell for each character and as many rows as there is room for, with a block
-// on the cell that is written next; scrolls with the caret and by the wheel. The mouse, and the keys that do so in any
-// text box, move the caret, unless the form consumes them. The form decides what other keys do (HandleKeys); text from
-// an input method is typed.
+// on the cell that is written next; scrolls with the caret, by the wheel, and under a finger or a pen that is dragged.
+// The mouse, a tap, and the keys that do so in any text box, move the caret, unless the form consumes them. The form
+// decides what other keys do (HandleKeys); text from an input method is typed.
 class WorkingGridBox : public QWidget {
     Q_OBJECT
 
@@ -50,6 +52,7 @@ public:
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -62,6 +65,7 @@ private:
     int caretRow() const;
     int rowsInUse() const;
     void scrollTo(int row);
+    void showFrom(int row);
     bool moveCaretByKey(const QKeyEvent& event);
     void tellAssistiveTools();
     void paintPaper(QPainter& painter) const;
@@ -70,6 +74,7 @@ private:
     void paintScrollMark(QPainter& painter) const;
 
     WorkingGrid& grid_;
+    FingerScroll finger_;
     int firstRow_ = 0;
     int wheelTurn_ = 0; // eighths of a degree that have not yet scrolled a row
     QString toldText_;

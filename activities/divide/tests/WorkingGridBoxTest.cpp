@@ -243,6 +243,26 @@ TEST_F(WorkingGridBoxTest, TheWheelScrollsThreeRowsANotchThroughWhatIsWritten)
     EXPECT_EQ(Box.FirstShownRow(), 23);
 }
 
+TEST_F(WorkingGridBoxTest, AFingerScrollsThePaperThatStaysUnderItAndATapPutsTheCaretOnItsCell)
+{
+    fillRows(40);
+    const int row = Box.CellRect(8).top() - Box.CellRect(0).top();
+    DragByFinger(Box, { 20, 300 }, { 20, 300 - 5 * row });
+    EXPECT_EQ(Box.FirstShownRow(), 5);
+    EXPECT_EQ(Grid.Caret, 0);
+    DragByFinger(Box, { 20, 300 }, { 70, 300 + 2 * row });
+    EXPECT_EQ(Box.FirstShownRow(), 3);
+    DragByFinger(Box, { 20, 460 }, { 20, 0 });
+    EXPECT_EQ(Box.FirstShownRow(), 20);
+    DragByFinger(Box, { 20, 0 }, { 20, 19 * row });
+    EXPECT_EQ(Box.FirstShownRow(), 1);
+    Box.clearFocus();
+    Tap(Box, Box.CellRect(29).center());
+    EXPECT_TRUE(Box.hasFocus());
+    EXPECT_EQ(Grid.Caret, 29);
+    EXPECT_EQ(Box.FirstShownRow(), 1);
+}
+
 // ---------------------------------------------------------------------------------------------------------- the keys
 
 // Presses each key, and looks where the caret then is and which row is the first to be shown.
