@@ -169,12 +169,6 @@ Keypad::Keypad(KeypadKeys keys, QWidget* parent)
     }
 }
 
-// Keys that are held come up while there still is a keypad to send their releases.
-Keypad::~Keypad()
-{
-    hide();
-}
-
 bool Keypad::IsHeld() const
 {
     return std::any_of(keys_.begin(), keys_.end(), [](const Made& each) { return each.Key->IsHeld(); });
@@ -262,8 +256,8 @@ void Keypad::add(const KeyDesign& design)
 void Keypad::comeUp(const KeyDesign& design) const
 {
     send(QEvent::KeyRelease, design);
-    if (OnLetGo && !IsHeld()) {
-        OnLetGo();
+    if (OnAllUp && !IsHeld()) {
+        OnAllUp();
     }
 }
 

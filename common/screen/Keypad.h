@@ -30,11 +30,10 @@ class Keypad : public QFrame {
 
 public:
     Keypad(KeypadKeys keys, QWidget* parent);
-    ~Keypad() override;
 
     // Whether a key is held, and what is called when none is any more.
     bool IsHeld() const;
-    std::function<void()> OnLetGo;
+    std::function<void()> OnAllUp;
 
     // The size of a key, in pixels, that a finger meets in a window of this height.
     static int KeySizeIn(int windowHeight);

@@ -96,14 +96,6 @@ void KeypadKey::mouseMoveEvent(QMouseEvent* event)
     event->accept();
 }
 
-void KeypadKey::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::EnabledChange && !isEnabled()) {
-        LetGo();
-    }
-    QPushButton::changeEvent(event);
-}
-
 void KeypadKey::hideEvent(QHideEvent* event)
 {
     LetGo();
@@ -154,7 +146,6 @@ bool KeypadKey::losesItsRelease(const QObject& watched, const QEvent& event) con
 
 void KeypadKey::hold(bool held)
 {
-    setDown(held);
     if (std::exchange(isHeld_, held) == held) {
         return;
     }
@@ -165,6 +156,7 @@ void KeypadKey::hold(bool held)
     } else {
         qApp->removeEventFilter(this);
         repeating_.stop();
+        setDown(false);
         OnUp();
     }
 }

@@ -30,7 +30,6 @@ public:
 
 protected:
     void mouseMoveEvent(QMouseEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -16,9 +16,9 @@ namespace numbrela {
 namespace {
 
 // Boxes know nothing of fingers and pens: the events of a mouse are made out of theirs.
-bool isTouchOutsideMenus(const QMouseEvent& event)
+bool isTouch(const QMouseEvent& event)
 {
-    return event.source() != Qt::MouseEventNotSynthesized && QApplication::activePopupWidget() == nullptr;
+    return event.source() != Qt::MouseEventNotSynthesized;
 }
 
 // Qt lets input methods into its lists, too.
@@ -33,9 +33,7 @@ bool isOfList(const QWidget& control)
 bool TakesTyping(const QWidget& control)
 {
     const auto* box = qobject_cast<const TextBox*>(&control);
-    const bool isMadeForIt
-        = box != nullptr ? box->TakesTyping() : control.testAttribute(Qt::WA_InputMethodEnabled) && !isOfList(control);
-    return isMadeForIt && control.isEnabled();
+    return box != nullptr ? box->TakesTyping() : control.testAttribute(Qt::WA_InputMethodEnabled) && !isOfList(control);
 }
 
 OfferedKeypad::OfferedKeypad(QWidget& window, const FormWindow& form, KeypadKeys keys)
@@ -56,8 +54,8 @@ bool OfferedKeypad::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
         const auto& control = static_cast<const QWidget&>(*watched);
-        boxIsTouched_ = isTouchOutsideMenus(static_cast<const QMouseEvent&>(*event)) && control.window() == &window_
-            && TakesTyping(control);
+        boxIsTouched_
+            = isTouch(static_cast<const QMouseEvent&>(*event)) && control.window() == &window_ && TakesTyping(control);
     } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(boxIsTouched_, false)) {
         choose(true); // not before, because the box may move when the keypad comes
     }

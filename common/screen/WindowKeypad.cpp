@@ -127,7 +127,7 @@ void WindowKeypad::ensurePad()
     if (Pad() == nullptr) {
         Keypad& pad = MakePad();
         pad.LetDrag([this](QPoint to) { drag(to); }, [this] { drop(); });
-        pad.OnLetGo = [this] { update(); };
+        pad.OnAllUp = [this] { update(); };
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, const QWidget* now) {
             if (now != nullptr && now->window() == &window_) {
                 update();

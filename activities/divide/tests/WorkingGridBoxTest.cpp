@@ -261,6 +261,11 @@ TEST_F(WorkingGridBoxTest, AFingerScrollsThePaperThatStaysUnderItAndATapPutsTheC
     EXPECT_TRUE(Box.hasFocus());
     EXPECT_EQ(Grid.Caret, 29);
     EXPECT_EQ(Box.FirstShownRow(), 1);
+    FingerDown(Box, Box.CellRect(40).center());
+    QTouchEvent cancel(QEvent::TouchCancel);
+    QCoreApplication::sendEvent(&Box, &cancel);
+    LiftFinger();
+    EXPECT_EQ(Grid.Caret, 29) << "of a finger that the panel takes back";
 }
 
 // ---------------------------------------------------------------------------------------------------------- the keys

@@ -159,12 +159,15 @@ TEST_F(TouchedListBoxTest, ADoubleTapIsOneDoubleClickWhetherTheLineWasSelectedOr
     EXPECT_EQ(doubleClicks_, 3);
 }
 
-TEST_F(TouchedListBoxTest, ATapBelowTheLinesDoesNothing)
+TEST_F(TouchedListBoxTest, ATapBelowTheLinesOrOnADisabledListDoesNothing)
 {
     list_.SetLines({ "uno" });
     Tap(*list_.viewport(), list_.viewport()->rect().bottomLeft() + QPoint(5, -5));
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
     EXPECT_EQ(doubleClicks_, 0);
+    list_.setEnabled(false);
+    tap(0);
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
 
 TEST_F(TouchedListBoxTest, AFingerThatMovesAlongALineTakesNothing)
@@ -256,6 +259,9 @@ TEST_F(TouchedListBoxTest, AFingerThatThePanelTakesBackSelectsNothingAndLeavesWh
     EXPECT_EQ(placeOf(4).top(), 0);
     LiftFinger(0);
     EXPECT_EQ(placeOf(4).top(), 0);
+    FingerDown(*list_.viewport(), middle, 0);
+    QCoreApplication::sendEvent(list_.viewport(), &cancel);
+    LiftFinger(0);
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
 

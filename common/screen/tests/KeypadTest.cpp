@@ -290,6 +290,15 @@ TEST_F(KeypadTest, TheTapThatShowsItReachesTheBoxThatItWasMeantFor)
     EXPECT_EQ(form_.Pressed, std::vector<int>());
 }
 
+TEST_F(KeypadTest, AFingerOnABoxOfAnotherWindowShowsItThereAlone)
+{
+    Exercise other;
+    ShowAndActivate(other);
+    Tap(*other.Answer);
+    EXPECT_TRUE(other.ShowsPad());
+    EXPECT_FALSE(form_.ShowsPad());
+}
+
 TEST_F(KeypadTest, NothingElseShowsIt)
 {
     Tap(*form_.Operand);

@@ -98,6 +98,18 @@ TEST_F(TextAreaTest, AFingerScrollsItAndHighlightsNothingAndAMouseHighlights)
     EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
 }
 
+TEST_F(TextAreaTest, APenThatIsNearItButDoesNotTouchItScrollsNothing)
+{
+    area_.SetText(longText());
+    Tap(*area_.viewport(), { 20, 50 });
+    const int before = area_.verticalScrollBar()->value();
+    const QPointF place(20, 10);
+    QMouseEvent move(QEvent::MouseMove, place, place, area_.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+        Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
+    QCoreApplication::sendEvent(area_.viewport(), &move);
+    EXPECT_EQ(area_.verticalScrollBar()->value(), before);
+}
+
 TEST_F(TextAreaTest, ATapGivesItTheFocusAndTakesAHighlightAway)
 {
     area_.SetText("Sume los precios");
