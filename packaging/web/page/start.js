@@ -26,7 +26,7 @@ async function start() {
     await twoFrames(); // the first picture comes first
     if (running) {
         switchOnAccessibility();
-        navigator.serviceWorker?.register("worker.js").catch(error => console.info(error)); // works, but not offline
+        serviceWorkers()?.register("worker.js").catch(error => console.info(error)); // works, but not offline
     }
 }
 
@@ -37,6 +37,15 @@ async function startAgain() {
         await Promise.allSettled(came.map(address => fetch(address, { cache: "reload" })));
     }
     location.reload();
+}
+
+// Undefined over plain http, and where the person has forbidden to store anything: some browsers throw then.
+function serviceWorkers() {
+    try {
+        return navigator.serviceWorker;
+    } catch {
+        return undefined;
+    }
 }
 
 // What the browser has stored stands for it, but another tab may give that up, so that this one falls back on it.
@@ -52,7 +61,7 @@ function fallbackCatalogue() {
 async function compiledProgram() {
     const [sizes, response] = await Promise.all([
         fetch("sizes.json" + version).then(answer => answer.json()),
-        navigator.serviceWorker?.controller ? fetch("numbrela.wasm" + version) : deliverProgram(version),
+        serviceWorkers()?.controller ? fetch("numbrela.wasm" + version) : deliverProgram(version),
     ]);
     if (!response.ok) {
         throw new Error(`${response.url}: ${response.status}`);

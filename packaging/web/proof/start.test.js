@@ -85,6 +85,12 @@ inEachBrowser(school => {
         await school.server.start(); // for the tab's end
     }
 
+    test("it starts where the browser forbids to keep it for a start without a network", async () => {
+        await school.start({ before: () => Object.defineProperty(Navigator.prototype, "serviceWorker", {
+            get() { throw new DOMException("forbidden", "SecurityError"); },
+        }) });
+    });
+
     test("it can be installed", { skip: school.kind === "firefox" }, async () => {
         const tab = await school.start();
         const session = await tab.page.createCDPSession();
