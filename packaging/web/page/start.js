@@ -132,6 +132,11 @@ function spanishOrder(texts) {
     return texts.map((_, place) => place).sort((one, other) => spanish.compare(texts[one], texts[other]));
 }
 
+// The element that has the program's keys
+function typedInto() {
+    return document.querySelector("body > input");
+}
+
 function showProgress(percent) {
     byId("progress").value = percent;
     byId("percent").textContent = `${percent} %`;
@@ -153,7 +158,7 @@ function end(text, detail = "") {
     ended = true;
     running = false;
     byId("program").remove();
-    document.querySelector("body > input")?.remove(); // into which the program's keys were typed
+    typedInto()?.remove();
     byId("loading").hidden = true;
     byId("notice").hidden = false;
     byId("again").hidden = false;
@@ -189,6 +194,14 @@ addEventListener("keyup", event => {
         event.preventDefault(); // or else Firefox turns to its own menu
     }
 }, { capture: true });
+
+// A key may go down in the program and be let go on a link or in a question, which keeps the focus.
+addEventListener("keyup", event => {
+    if (event.target.closest("nav, dialog")) {
+        typedInto()?.dispatchEvent(new KeyboardEvent("keyup", event));
+        event.target.focus();
+    }
+});
 
 // A click beside the windows takes no keys from them.
 byId("program").addEventListener("pointerdown", event => {

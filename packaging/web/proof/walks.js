@@ -49,7 +49,7 @@ async function writesColumn(tab, title, box, upper, lower, result) {
     await tab.writeFromTheRight(result);
 }
 
-export const writesSum = tab => writesColumn(tab, "SUMAS", "Sumas", "57", "68", "125");
+export const writesSum = (tab, result = "125") => writesColumn(tab, "SUMAS", "Sumas", "57", "68", result);
 
 async function column(tab, ...exercise) {
     await writesColumn(tab, ...exercise);
