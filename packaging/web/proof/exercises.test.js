@@ -2,8 +2,8 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 
-import { inEachBrowser } from "./school.js";
-import { toShop, worksAll, writesSum } from "./walks.js";
+import { catalogueOf, inEachBrowser } from "./school.js";
+import { buysAll, toShop, worksAll, writesSum } from "./walks.js";
 
 inEachBrowser(school => {
     test("an exercise of each activity and a purchase are done by keys, and the end is said", async () => {
@@ -16,6 +16,12 @@ inEachBrowser(school => {
         assert.equal(await tab.page.evaluate(() => document.activeElement.id), "save");
         await tab.clicksOnPage("Empezar de nuevo");
         await tab.sees("NUMBRELA");
+    });
+
+    test("who has bought all that is on the list goes home", async () => {
+        const cheap = ["ala", "hueso", "lomo", "muslo"].map(name => [name, 0.01]); // as many as a list is long
+        await school.replaceCatalogue(catalogueOf(cheap, "Carnicería"));
+        await buysAll(await school.start(), cheap.length);
     });
 
     test("an exercise is done by a finger on the keypad alone", async () => {

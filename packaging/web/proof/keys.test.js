@@ -84,12 +84,15 @@ inEachBrowser(school => {
         assert.equal(await tab.copies(), "8");
     });
 
-    test("a key of the digits counts as that key, whatever it writes with Shift", async () => {
+    test("a key of the digits or the comma counts as that key, whatever it writes with Shift", async () => {
         const tab = await school.start();
         await opens(tab, "SUMAS");
-        await presses(tab, { key: "/", code: "Digit7", shiftKey: true });
-        await tab.write("1"); // before it, because the caret steps back when a digit's key is let go
-        assert.equal(await tab.copies(), "1/");
+        for (const [key, code] of [["=", "Digit0"], ["!", "Digit1"], ["/", "Digit7"], [")", "Digit9"], [";", "Comma"]]) {
+            await tab.writeFromTheRight("");
+            await presses(tab, { key, code, shiftKey: true });
+            await tab.write("1"); // before it, because the caret steps back when the key is let go
+            assert.equal(await tab.copies(), `1${key}`);
+        }
     });
 
     test("a key that is let go while another tab is in front counts when it is pressed again", async () => {

@@ -96,12 +96,12 @@ export function priceOf(catalogue) {
 }
 
 // Of products with such names and prices, all of one shop.
-export function catalogueOf(products) {
+export function catalogueOf(products, shop = "Supermercado") {
     return Buffer.concat(products.map(([name, price]) => {
         const record = Buffer.alloc(recordSize, " ");
         record.write(name, "latin1");
         record.writeFloatLE(price, priceAt);
-        record.write("Supermercado", shopAt, "latin1");
+        record.write(shop, shopAt, "latin1");
         return record;
     }));
 }

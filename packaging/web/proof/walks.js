@@ -139,13 +139,10 @@ async function placeAndAdd(tab) {
     await copiesAnew(tab, /^Resultado correcto ?$/);
 }
 
-// Two pieces of the second product in the first shop, which is cheap enough for every purse.
-async function purchase(tab) {
-    await opens(tab, "La compra");
-    await tab.press("alt+d");
-    const before = cents(await copiesAnew(tab, /\d/));
+// In the first shop, what these keys choose there. Returns what it costs, in cents.
+async function buys(tab, ...choices) {
     await tab.press("alt+e", "Space");
-    await tab.press("Home", "Down", "Enter", "Enter");
+    await tab.press("Home", ...choices);
     await tabs(tab, 3);
     await tab.press("Space", "shift+Tab");
     const price = cents(await copiesAnew(tab, /\d/));
@@ -156,8 +153,30 @@ async function purchase(tab) {
     await tab.press("Tab");
     await tab.writeFromTheRight(euros(change));
     await tab.press("Tab", "Space", "Enter");
+    return price;
+}
+
+// Two pieces of the second product, which is cheap enough for every purse.
+async function purchase(tab) {
+    await opens(tab, "La compra");
+    await tab.press("alt+d");
+    const before = cents(await copiesAnew(tab, /\d/));
+    const price = await buys(tab, "Down", "Enter", "Enter");
     await tab.press("alt+d");
     assert.equal(cents(await copiesAnew(tab, /\d/)), before - price, "what is left in the purse");
+}
+
+// All that the list may ask for, up to three pieces of each of so many products, and then home.
+export async function buysAll(tab, products) {
+    await tab.press(...toShop);
+    await tab.sees("La compra");
+    await buys(tab, ...Array(products).fill(["Enter", "Enter", "Enter", "Down"]).flat());
+    for (const [box, key] of [["Compra terminada", "Enter"], ["La compra", "alt+v"],
+        ["Vuelves a casa con tu compra", "Enter"], ["Actividad terminada", "Escape"]]) {
+        await tab.sees(box);
+        await tab.press(key);
+    }
+    await tab.sees("NUMBRELA");
 }
 
 // With the access key of "Salir" in the menu of each window, if it has one.
