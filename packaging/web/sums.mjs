@@ -1,18 +1,25 @@
-// Writes into the service worker of a folder what the files are that it keeps.
+// Writes into the service worker of a folder what the files are that it keeps. A name that ends with a slash stands for
+// all that is in a folder, of which its first page goes by that name.
 // Usage: node sums.mjs FOLDER
 import { createHash } from "node:crypto";
-import { readFile, writeFile } from "node:fs/promises";
+import { readFile, readdir, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { pathToFileURL } from "node:url";
 
 export async function writeSums(folder) {
     const file = join(folder, "worker.js");
-    let worker = await readFile(file, "utf8");
-    for (const [line, name] of worker.matchAll(/^ {4}"(.*)": ".*",$/gm)) {
-        const content = await readFile(join(folder, name || "index.html"));
-        worker = worker.replace(line, `    "${name}": "${createHash("sha256").update(content).digest("hex")}",`);
+    const worker = await readFile(file, "utf8");
+    const [list] = worker.match(/(?<=^const sums = \{\n)[^}]*/m);
+    const names = new Set([...list.matchAll(/"(.*)": /g)].map(([, name]) => name));
+    for (const whole of [...names].filter(name => name.endsWith("/"))) {
+        const files = (await readdir(join(folder, whole), { recursive: true })).filter(name => name.includes("."));
+        files.sort().forEach(name => names.add(whole + name.replace(/^index\.html$/, "")));
     }
-    await writeFile(file, worker);
+    const lines = await Promise.all([...names].map(async name => {
+        const content = await readFile(join(folder, name.replace(/^$|\/$/, "$&index.html")));
+        return `    "${name}": "${createHash("sha256").update(content).digest("hex")}",\n`;
+    }));
+    await writeFile(file, worker.replace(list, lines.join("")));
 }
 
 if (import.meta.url === pathToFileURL(process.argv[1]).href) {

@@ -11,7 +11,8 @@ const cacheName = `numbrela ${folder} @VERSION@`;
 const catalogue = folder + "Recursos/productos.dat";
 const patience = 5000; // milliseconds for a server that may not be there
 
-// The SHA-256 of each file that is kept, as it is unpacked. The packing puts them here.
+// The SHA-256 of each file that is kept, as it is unpacked. The packing puts them here, those of all pages and pictures of
+// the manual, too.
 const sums = {
     "": "",
     "style.css": "",
@@ -28,6 +29,7 @@ const sums = {
     "icon-192.png": "",
     "icon-512.png": "",
     "icon-maskable-512.png": "",
+    "Manual/": "",
 };
 
 addEventListener("install", event => event.waitUntil(keepAll()));

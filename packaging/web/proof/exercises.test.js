@@ -3,6 +3,7 @@ import assert from "node:assert/strict";
 import { test } from "node:test";
 
 import { catalogueOf, inEachBrowser } from "./school.js";
+import { brokenLinks } from "./visit.js";
 import { buysAll, toShop, worksAll, writesSum } from "./walks.js";
 
 inEachBrowser(school => {
@@ -143,13 +144,6 @@ inEachBrowser(school => {
         });
     }
 });
-
-// Runs in the page: the addresses in it behind which there is nothing.
-async function brokenLinks() {
-    const links = [...document.querySelectorAll("a, img")].map(one => one.href ?? one.src);
-    const answers = await Promise.all(links.map(link => fetch(link, { method: "HEAD" })));
-    return links.filter((_, index) => !answers[index].ok);
-}
 
 // Of two numbers with a decimal comma, or without.
 function sumOf(...numbers) {

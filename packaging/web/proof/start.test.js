@@ -8,6 +8,7 @@ import { pathToFileURL } from "node:url";
 
 import { folder, inEachBrowser, priceOf } from "./school.js";
 import { writeSums } from "./sums.mjs";
+import { brokenLinks } from "./visit.js";
 import { opensPowersOfTen, readsPrice } from "./walks.js";
 
 const empty = process.env.NUMBRELA_EMPTY;
@@ -68,6 +69,21 @@ inEachBrowser(school => {
         await tab.isKept();
         await startsWithoutNetwork(tab);
         assert.equal(await readsPrice(tab), priceOf(await school.catalogue()));
+    });
+
+    test("the manual can be read without a network after the first visit, with its pictures", async () => {
+        const tab = await school.start();
+        await tab.isKept();
+        await school.server.stop();
+        await tab.goes(school.url + "Manual/index.html");
+        const pages = await tab.page.evaluate(() => [...document.querySelectorAll("main a")].map(one => one.href));
+        assert.ok(pages.length > 10, `only ${pages}`);
+        for (const page of pages) {
+            await tab.goes(page);
+            assert.deepEqual(await tab.page.evaluate(brokenLinks), [], page);
+        }
+        school.person.forgives(/ERR_CONNECTION_REFUSED/); // favicon.ico, which Chromium asks for past the worker
+        await school.server.start(); // for the tab's end
     });
 
     test("it starts without the school's catalogue, also when there is no network either", async () => {

@@ -277,3 +277,10 @@ export class Tab {
         await this.page.evaluate(() => navigator.clipboard.writeText(""));
     }
 }
+
+// Runs in the page: the addresses in it behind which there is nothing.
+export async function brokenLinks() {
+    const links = [...document.querySelectorAll("a, img, link")].map(one => one.href ?? one.src);
+    const answers = await Promise.all(links.map(link => fetch(link).catch(error => error)));
+    return links.filter((_, index) => !answers[index].ok);
+}
