@@ -47,7 +47,7 @@ class School {
         await this.closes();
         const root = await mkdtemp(join(this.rooms, "school-"));
         this.site = join(root, path);
-        await cp(files, this.site, { recursive: true });
+        await cp(files, this.site, { recursive: true, preserveTimestamps: true });
         this.server = new Server(root, options);
         await this.server.start();
         this.url = `${this.server.origin()}/${encodeURI(path)}/`;

@@ -8,7 +8,7 @@ import { pathToFileURL } from "node:url";
 
 import { folder, inEachBrowser, priceOf } from "./school.js";
 import { writeSums } from "./sums.mjs";
-import { brokenLinks } from "./visit.js";
+import { brokenLinks, plainName } from "./visit.js";
 import { opensPowersOfTen, readsPrice } from "./walks.js";
 
 const empty = process.env.NUMBRELA_EMPTY;
@@ -129,6 +129,16 @@ inEachBrowser(school => {
         assert.equal((await other.page.evaluate(() => caches.keys())).length, 1);
     });
 
+    test("where the address is plain http, a new version is there after a reload", async () => {
+        const next = await nextVersion();
+        const tab = await school.person.tab();
+        await tab.starts(school.url.replace(school.server.origin(), school.server.origin(plainName)));
+        await cp(next, school.site, { recursive: true });
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        await getsFilesOf(tab, next);
+    });
+
     test("a new version is not kept before all of it has been copied to the server", async () => {
         const next = await nextVersion();
         const first = await school.start();
@@ -179,7 +189,10 @@ inEachBrowser(school => {
 
     async function getsFilesOf(tab, version) {
         for (const name of ["index.html", "style.css", "start.js", "links.js", "numbrela.js"]) {
-            const got = await tab.page.evaluate(async one => (await fetch(one)).text(), name);
+            const got = await tab.page.evaluate(async one => {
+                const used = performance.getEntriesByType("resource").map(entry => entry.name);
+                return (await fetch(used.find(address => address.includes(`/${one}?`)) ?? one)).text();
+            }, name);
             assert.ok(got === await readFile(join(version, name), "utf8"), `${name} is of the other version`);
         }
     }
