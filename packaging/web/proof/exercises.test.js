@@ -86,6 +86,8 @@ inEachBrowser(school => {
 
     test("the manual and the licences are a click away, with the sources, and the program stays", async () => {
         const tab = await school.start();
+        const heights = await tab.page.$$eval("nav :is(button, a)", all => all.map(one => one.offsetHeight));
+        assert.ok(Math.min(...heights) >= 24, `${heights} pixels are too low for a finger`);
         for (const [link, title] of [["Manual", "El manual de Numbrela"], ["Licencias", "Licencias de Numbrela"]]) {
             const opened = new Promise(done => tab.page.once("popup", done));
             await tab.page.locator(`::-p-xpath(//nav//a[text()="${link}"])`).click();
