@@ -82,7 +82,6 @@ inEachBrowser(school => {
             await tab.goes(page);
             assert.deepEqual(await tab.page.evaluate(brokenLinks), [], page);
         }
-        school.person.forgives(/ERR_CONNECTION_REFUSED/); // favicon.ico, which Chromium asks for past the worker
         await school.server.start(); // for the tab's end
     });
 

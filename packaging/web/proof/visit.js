@@ -85,7 +85,9 @@ export class Person {
     async tab({ width = 1366, height = 768, ratio = 1, touch = false, before } = {}) {
         const page = await this.context.newPage();
         page.on("console", message => /^(error|warn)/.test(message.type())
-            && !knownWarnings.some(known => known.test(message.text())) && this.errors.push(message.text()));
+            && !knownWarnings.some(known => known.test(message.text()))
+            && !message.location().url?.endsWith("/favicon.ico") // which Chromium asks for past the worker
+            && this.errors.push(message.text()));
         page.on("pageerror", error => this.errors.push(String(error)));
         page.on("request", request => {
             const own = [this.server.origin(), this.server.origin(plainName), "data:", "blob:"];
