@@ -194,7 +194,9 @@ export class Tab {
             return { x: place.x - around, y: place.y - around, width: place.width + 2 * around,
                 height: place.height + 2 * around };
         });
-        await this.page.screenshot({ clip, path: join(process.env.NUMBRELA_PICTURES, `web-${name}.png`) });
+        await this.page.screenshot({ // of the page as large as it is: another size would move the windows
+            clip, captureBeyondViewport: false, path: join(process.env.NUMBRELA_PICTURES, `web-${name}.png`),
+        });
     }
 
     windows() {
