@@ -5,6 +5,7 @@ import re
 import shutil
 import subprocess
 import tempfile
+import time
 
 
 class Desktop:
@@ -36,7 +37,7 @@ class Desktop:
         os.environ["DISPLAY"] = ":" + self.start_and_read(
             "Xvfb", *self.display, "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset", "-displayfd", "{out}"
         )
-        self.start("openbox", "--sm-disable")
+        self.start_window_manager()
         self.start_bus()
         return self
 
@@ -49,6 +50,15 @@ class Desktop:
                 process.terminate()
                 process.wait()
             shutil.rmtree(self.folder)
+
+    def start_window_manager(self):
+        """And waits for it: it gives no focus to a window that it finds there already."""
+        ready = os.path.join(self.folder, "openbox-is-ready")
+        manager = self.start("openbox", "--sm-disable", "--startup", f"touch {ready}")
+        while not os.path.exists(ready):
+            if manager.poll() is not None:
+                raise RuntimeError(f"openbox has ended\n{self.logs()}")
+            time.sleep(0.02)
 
     def start_bus(self):
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_and_read(
