@@ -10,20 +10,32 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <utility>
 
 namespace numbrela {
 
 namespace {
 
-void sendMouse(QWidget& control, QEvent::Type type, QPointF place, const QTouchEvent& touch)
+std::unique_ptr<QMouseEvent> mouseOf(QWidget& control, QEvent::Type type, QPointF place, const QTouchEvent& touch)
 {
     const auto changed = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     const auto down = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent mouse(type, place, control.mapTo(control.window(), place), control.mapToGlobal(place), changed, down,
-        touch.modifiers(), Qt::MouseEventSynthesizedByApplication);
-    mouse.setTimestamp(touch.timestamp());
-    QCoreApplication::sendEvent(&control, &mouse);
+    auto mouse = std::make_unique<QMouseEvent>(type, place, control.mapTo(control.window(), place),
+        control.mapToGlobal(place), changed, down, touch.modifiers(), Qt::MouseEventSynthesizedByApplication);
+    mouse->setTimestamp(touch.timestamp());
+    return mouse;
+}
+
+void sendMouse(QWidget& control, QEvent::Type type, QPointF place, const QTouchEvent& touch)
+{
+    QCoreApplication::sendEvent(&control, mouseOf(control, type, place, touch).get());
+}
+
+// A release may open a box. Qt would not let the next finger press anything there before it has told of this one's end.
+void releaseAfterwards(QWidget& control, QPointF place, const QTouchEvent& touch)
+{
+    QCoreApplication::postEvent(&control, mouseOf(control, QEvent::MouseButtonRelease, place, touch).release());
 }
 
 class Fingers : public QObject {
@@ -42,11 +54,7 @@ public:
         case QEvent::TouchUpdate:
         case QEvent::TouchEnd:
         case QEvent::TouchCancel:
-            if (!watched->isWidgetType()) {
-                return false;
-            }
-            touch(static_cast<QWidget&>(*watched), static_cast<QTouchEvent&>(*event));
-            return true;
+            return takes(*watched, static_cast<QTouchEvent&>(*event));
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
             return replaces(*watched, static_cast<const QMouseEvent&>(*event));
@@ -60,6 +68,19 @@ private:
         int Id;
         bool IsDragged = false;
     };
+
+    // The system makes a mouse of what is on a touchpad.
+    bool takes(QObject& watched, const QTouchEvent& event)
+    {
+        if (!watched.isWidgetType() || event.deviceType() == QInputDevice::DeviceType::TouchPad) {
+            return false;
+        }
+        if (event.type() == QEvent::TouchBegin) {
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::MouseButtonRelease); // of the finger before
+        }
+        touch(static_cast<QWidget&>(watched), event);
+        return true;
+    }
 
     void touch(QWidget& control, const QTouchEvent& touch)
     {
@@ -86,7 +107,7 @@ private:
                 control, typeOfTap(control, point->globalPosition(), touch.timestamp()), point->position(), touch);
         } else if (point->state() == QEventPoint::Released) {
             first_.erase(first);
-            sendMouse(control, QEvent::MouseButtonRelease, point->position(), touch);
+            releaseAfterwards(control, point->position(), touch);
         } else if (isDragged(first->second, *point)) {
             sendMouse(control, QEvent::MouseMove, point->position(), touch);
         }
@@ -96,7 +117,7 @@ private:
     bool isDragged(Finger& finger, const QEventPoint& point)
     {
         const QPointF way = point.globalPosition() - point.globalPressPosition();
-        if (!finger.IsDragged && way.manhattanLength() >= QApplication::startDragDistance()) {
+        if (way.manhattanLength() >= QApplication::startDragDistance()) {
             finger.IsDragged = true;
             times_.Forget(); // it is no tap
         }
@@ -125,15 +146,18 @@ private:
         return true;
     }
 
+    // What the first tap on a button has brought to its place is not what the hand meant.
     QEvent::Type typeOfTap(QObject& control, QPointF place, quint64 time)
     {
-        const bool isNear = qobject_cast<QAbstractButton*>(&control) != nullptr
-            || (place - tappedPlace_).manhattanLength() <= QGuiApplication::styleHints()->touchDoubleTapDistance();
-        if (tapped_ != &control || !isNear) {
+        const auto near = QGuiApplication::styleHints()->touchDoubleTapDistance();
+        const bool isNear = tapped_ == &control && (place - tappedPlace_).manhattanLength() <= near;
+        if (!isNear && !tappedButton_.contains(place)) {
             times_.Forget();
         }
         tapped_ = &control;
         tappedPlace_ = place;
+        const auto* button = qobject_cast<QAbstractButton*>(&control);
+        tappedButton_ = button != nullptr ? QRectF(button->mapToGlobal(QPointF()), button->size()) : QRectF();
         return times_.IsSecond(time) ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
     }
 
@@ -141,6 +165,7 @@ private:
     bool isNew_ = false; // no control has heard of Qt's tap yet
     QPointer<QObject> tapped_; // last
     QPointF tappedPlace_; // on the screen
+    QRectF tappedButton_; // there, if it was one
     TapTimes times_;
 };
 

@@ -52,12 +52,16 @@ bool OfferedKeypad::eventFilter(QObject* watched, QEvent* event)
     if (!watched->isWidgetType()) {
         return false;
     }
+    const auto& control = static_cast<const QWidget&>(*watched);
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
-        const auto& control = static_cast<const QWidget&>(*watched);
-        boxIsTouched_
-            = isTouch(static_cast<const QMouseEvent&>(*event)) && control.window() == &window_ && TakesTyping(control);
-    } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(boxIsTouched_, false)) {
-        choose(true); // not before, because the box may move when the keypad comes
+        if (isTouch(static_cast<const QMouseEvent&>(*event)) && control.window() == &window_ && TakesTyping(control)) {
+            touched_ = watched;
+        }
+    } else if (event->type() == QEvent::MouseButtonRelease && touched_ == watched) {
+        touched_ = nullptr;
+        if (control.rect().contains(static_cast<const QMouseEvent&>(*event).pos())) {
+            choose(true); // not before, because the box may move when the keypad comes
+        }
     }
     return false;
 }

@@ -48,7 +48,7 @@ private:
     KeypadSwitch* switch_;
     Keypad* keypad_ = nullptr;
     bool lacksRoom_ = false; // although it is chosen
-    bool boxIsTouched_ = false; // by a finger or a pen that is still down
+    const QObject* touched_ = nullptr; // the box on which a finger or a pen still is; only compared
 };
 
 // Whether what is typed into a control stays in it.

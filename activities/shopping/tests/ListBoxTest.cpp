@@ -144,6 +144,35 @@ TEST_F(TouchedListBoxTest, ATapSelectsALineAndEachFurtherOneIsADoubleClick)
     EXPECT_EQ(doubleClicks_, 2);
 }
 
+// The second tap may be some pixels away; it is not dragged there.
+TEST_F(TouchedListBoxTest, ADoubleTapAtTwoPlacesOfALineTakesIt)
+{
+    tapQuickly();
+    const int left = placeOf(0).center().x();
+    Tap(*list_.viewport(), { left, placeOf(0).center().y() });
+    Tap(*list_.viewport(), { left + QApplication::startDragDistance(), placeOf(0).center().y() });
+    EXPECT_EQ(list_.SelectedLine(), 0);
+    EXPECT_EQ(doubleClicks_, 1);
+}
+
+TEST_F(TouchedListBoxTest, SlowTapsTakeOneEach)
+{
+    const auto tapAt = [this](quint64 milliseconds) {
+        for (const auto& [type, state] : { std::pair(QEvent::TouchBegin, QEventPoint::Pressed),
+                 std::pair(QEvent::TouchEnd, QEventPoint::Released) }) {
+            QTouchEvent touch(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, {}) }); // on the first line
+            touch.setTimestamp(milliseconds);
+            QCoreApplication::sendEvent(list_.viewport(), &touch);
+            QCoreApplication::processEvents();
+        }
+    };
+    tapAt(1000);
+    tapAt(5000);
+    tapAt(9000);
+    EXPECT_EQ(list_.SelectedLine(), 0);
+    EXPECT_EQ(doubleClicks_, 2);
+}
+
 TEST_F(TouchedListBoxTest, ADoubleTapIsOneDoubleClickWhetherTheLineWasSelectedOrNot)
 {
     tapQuickly();

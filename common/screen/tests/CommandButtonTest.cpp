@@ -1,14 +1,19 @@
 #include "common/screen/CommandButton.h"
 
+#include "common/screen/Boxes.h"
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
 #include "common/screen/TextBox.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
+#include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -139,6 +144,63 @@ TEST_F(CommandButtonTest, ADoubleTapAtTwoPlacesPressesItOnce)
     Tap(done_, { 5, 5 });
     Tap(done_, { done_.width() - 5, 5 });
     EXPECT_EQ(timesDone_, 1);
+}
+
+TEST_F(CommandButtonTest, ADoubleTapPressesNothingThatItsFirstTapBringsUnderTheFinger)
+{
+    CommandButton& other
+        = *AddButton(form_.Area(), QStringLiteral("Other"), QStringLiteral("Otro"), { 300, 300, 1500, 495 }, {});
+    int timesOther = 0;
+    QObject::connect(&other, &QPushButton::clicked, &form_, [&timesOther] { ++timesOther; });
+    QObject::connect(&done_, &QPushButton::clicked, &form_, [this, &other] {
+        done_.hide();
+        other.show();
+    });
+    Tap(done_);
+    Tap(other);
+    EXPECT_EQ(timesDone_, 1);
+    EXPECT_EQ(timesOther, 0);
+    Tap(other);
+    EXPECT_EQ(timesOther, 1);
+}
+
+TEST_F(CommandButtonTest, TheFirstTapInABoxThatATapHasOpenedCounts)
+{
+    QObject::connect(&done_, &QPushButton::clicked, &form_, [this] { ShowMessage(&form_, "Hola"); });
+    ExpectDialog([](QDialog& box) {
+        auto& accept = *box.findChild<QDialogButtonBox*>()->buttons().front();
+        Tap(accept);
+        EXPECT_FALSE(box.isVisible());
+        EXPECT_FALSE(accept.isDown());
+        box.reject();
+    });
+    Tap(done_);
+    EXPECT_EQ(PendingBoxes(), 0);
+    EXPECT_EQ(timesDone_, 1);
+}
+
+TEST_F(CommandButtonTest, NoFingerThatComesLaterCountsAsLongAsAnyIsDown)
+{
+    FingerDown(done_, 0);
+    FingerDown(done_, 1);
+    LiftFinger(0);
+    EXPECT_EQ(timesDone_, 1);
+    FingerDown(done_, 0);
+    EXPECT_FALSE(done_.isDown());
+    LiftFinger(0);
+    LiftFinger(1);
+    EXPECT_EQ(timesDone_, 1);
+}
+
+// The system makes a mouse of them.
+TEST_F(CommandButtonTest, FingersOnATouchpadDoNotPressItThemselves)
+{
+    static QPointingDevice* const touchpad = QTest::createTouchDevice(QInputDevice::DeviceType::TouchPad,
+        QInputDevice::Capability::Position | QInputDevice::Capability::MouseEmulation);
+    QTest::touchEvent(&done_, touchpad).press(0, QPoint(5, 5));
+    EXPECT_FALSE(done_.isDown());
+    QTest::touchEvent(&done_, touchpad).release(0, QPoint(5, 5));
+    EXPECT_EQ(timesDone_, 0);
 }
 
 // A button that checks an answer would count a wrong one again and again.

@@ -261,6 +261,38 @@ TEST_F(KeypadTest, AFingerOnABoxThatTakesTypingShowsIt)
     EXPECT_TRUE(form_.Answer->hasFocus());
 }
 
+TEST_F(KeypadTest, AFingerOnABoxShowsItWhateverOthersDoMeanwhile)
+{
+    FingerDown(*form_.Answer, 0);
+    FingerDown(*form_.Done, 1);
+    LiftFinger(1);
+    EXPECT_FALSE(form_.ShowsPad());
+    LiftFinger(0);
+    EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST_F(KeypadTest, TheSecondTapOfADoubleTapOnABoxShowsItToo)
+{
+    Tap(*form_.Answer);
+    ClickOnScreen(form_.Switch());
+    ASSERT_FALSE(form_.ShowsPad());
+    Tap(*form_.Answer);
+    EXPECT_TRUE(form_.ShowsPad());
+}
+
+TEST_F(KeypadTest, AFingerThatSlidesOffABoxOrIsTakenBackByThePanelDoesNotShowIt)
+{
+    FingerDown(*form_.Answer);
+    MoveFinger(*form_.Answer, { 5, -40 });
+    LiftFinger();
+    EXPECT_FALSE(form_.ShowsPad());
+    FingerDown(*form_.Answer);
+    QTouchEvent cancel(QEvent::TouchCancel);
+    QCoreApplication::sendEvent(form_.Answer, &cancel);
+    LiftFinger();
+    EXPECT_FALSE(form_.ShowsPad());
+}
+
 TEST_F(KeypadTest, APenOnABoxThatTakesTypingShowsIt)
 {
     const QPointF middle = form_.Answer->geometry().center();
@@ -616,6 +648,17 @@ TEST_F(KeypadTest, AKeyThatIsHeldByAFingerComesUpWhenAMenuOpens)
     menu.close();
     EXPECT_FALSE(form_.KeyNamed(QStringLiteral("5")).isDown());
     EXPECT_EQ(form_.Released.size(), 1U);
+}
+
+TEST_F(KeypadTest, AToolTipLeavesAHeldKeyDown)
+{
+    showPad();
+    FingerDown(form_.KeyNamed(QStringLiteral("5")));
+    QWidget toolTip(nullptr, Qt::ToolTip);
+    toolTip.show();
+    EXPECT_TRUE(form_.Released.empty());
+    LiftFinger();
+    EXPECT_EQ(form_.Released, std::vector<int>({ '5' }));
 }
 
 TEST_F(KeypadTest, AMouseOrAFingerThatSlidesOffAKeyLetsItComeUpForGood)
