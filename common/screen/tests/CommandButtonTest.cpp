@@ -36,8 +36,14 @@ protected:
         QObject::connect(&next_, &QPushButton::clicked, &form_, [this] { ++timesNext_; });
     }
 
+    ~CommandButtonTest() override { QApplication::setDoubleClickInterval(interval_); }
+
     void SetUp() override { ShowAndActivate(form_); }
 
+    // From now on every tap is one by itself.
+    static void tapSlowly() { QApplication::setDoubleClickInterval(0); }
+
+    const int interval_ = QApplication::doubleClickInterval();
     FormWindow form_ { QStringLiteral("Form"), QStringLiteral("Form"), { 4500, 3000 }, {} };
     CommandButton& done_
         = *AddButton(form_.Area(), QStringLiteral("Done"), QStringLiteral("&Hecho"), { 300, 300, 1500, 495 }, {});
@@ -181,6 +187,7 @@ TEST_F(CommandButtonTest, TheFirstTapInABoxThatATapHasOpenedCounts)
 
 TEST_F(CommandButtonTest, NoFingerThatComesLaterCountsAsLongAsAnyIsDown)
 {
+    tapSlowly();
     FingerDown(done_, 0);
     FingerDown(done_, 1);
     LiftFinger(0);
@@ -192,9 +199,25 @@ TEST_F(CommandButtonTest, NoFingerThatComesLaterCountsAsLongAsAnyIsDown)
     EXPECT_EQ(timesDone_, 1);
 }
 
+// When the program has been busy, fingers come down and up again before it goes on to anything else.
+TEST_F(CommandButtonTest, TapsThatComeTogetherCountEach)
+{
+    tapSlowly();
+    for (int tap = 1; tap <= 2; ++tap) {
+        for (const auto& [type, state] : { std::pair(QEvent::TouchBegin, QEventPoint::Pressed),
+                 std::pair(QEvent::TouchEnd, QEventPoint::Released) }) {
+            QTouchEvent touch(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, {}) });
+            QCoreApplication::sendEvent(&done_, &touch);
+        }
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(timesDone_, 2);
+}
+
 // The system makes a mouse of them.
 TEST_F(CommandButtonTest, FingersOnATouchpadDoNotPressItThemselves)
 {
+    tapSlowly();
     static QPointingDevice* const touchpad = QTest::createTouchDevice(QInputDevice::DeviceType::TouchPad,
         QInputDevice::Capability::Position | QInputDevice::Capability::MouseEmulation);
     QTest::touchEvent(&done_, touchpad).press(0, QPoint(5, 5));

@@ -23,8 +23,6 @@ class ScreensTest : public ::testing::Test {
 protected:
     void changeScreen() const { Q_EMIT screen_.availableGeometryChanged(room_); }
 
-    QScreen& screen_ = *QApplication::primaryScreen();
-    const QRect room_ = screen_.availableGeometry();
     void expectBackOntoScreen(QWidget& window) const
     {
         const QSize size = window.size();
@@ -41,6 +39,9 @@ protected:
         EXPECT_EQ(window.pos(), room_.center()) << "it has room where it is";
         EXPECT_EQ(window.size(), size);
     }
+
+    QScreen& screen_ = *QApplication::primaryScreen();
+    const QRect room_ = screen_.availableGeometry();
 };
 
 // As a page in a browser does when its tab or its device is turned.
