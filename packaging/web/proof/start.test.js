@@ -122,6 +122,8 @@ inEachBrowser(school => {
         const old = await school.start();
         await old.until("the new version", async () => (await navigator.serviceWorker.getRegistration()).waiting);
         await getsFilesOf(old, folder);
+        const { appId } = await session.send("Page.getAppId");
+        assert.equal(appId, school.url); // and not the server's, which may have several schools
         await old.page.close();
         const other = await school.start();
         await getsFilesOf(other, next);
