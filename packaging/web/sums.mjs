@@ -1,5 +1,5 @@
 // Writes into the service worker of a folder what the files are that it keeps. A name that ends with a slash stands for
-// all that is in a folder, of which its first page goes by that name.
+// all that is in a folder, of which its first page goes by that name, but for what lies packed beside its file.
 // Usage: node sums.mjs FOLDER
 import { createHash } from "node:crypto";
 import { readFile, readdir, writeFile } from "node:fs/promises";
@@ -12,8 +12,9 @@ export async function writeSums(folder) {
     const [list] = worker.match(/(?<=^const sums = \{\n)[^}]*/m);
     const names = new Set([...list.matchAll(/"(.*)": /g)].map(([, name]) => name));
     for (const whole of [...names].filter(name => name.endsWith("/"))) {
-        const files = (await readdir(join(folder, whole), { recursive: true })).filter(name => name.includes("."));
-        files.sort().forEach(name => names.add(whole + name.replace(/^index\.html$/, "")));
+        const files = await readdir(join(folder, whole), { recursive: true });
+        files.filter(name => /\.(?!br$|gz$)\w+$/.test(name)).sort()
+            .forEach(name => names.add(whole + name.replace(/^index\.html$/, "")));
     }
     const lines = await Promise.all([...names].map(async name => {
         const content = await readFile(join(folder, name.replace(/^$|\/$/, "$&index.html")));
