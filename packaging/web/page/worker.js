@@ -42,10 +42,23 @@ addEventListener("fetch", event => {
 
 async function keepAll() {
     const cache = await caches.open(cacheName);
-    await Promise.all([
-        ...Object.keys(sums).map(async name => cache.put(folder + name, await packedFile(name))),
-        firstCatalogue(),
-    ]);
+    try {
+        await Promise.all([
+            ...Object.keys(sums).map(async name => cache.put(folder + name, keepable(await packedFile(name)))),
+            firstCatalogue(),
+        ]);
+    } catch (error) {
+        await caches.delete(cacheName);
+        throw error;
+    }
+}
+
+// Without what servers may add: a browser opens no page with an answer that it was sent on to, and keeps none that is
+// said to vary with everything.
+function keepable(response) {
+    const copy = new Response(response.body, response);
+    copy.headers.delete("Vary");
+    return copy;
 }
 
 async function firstCatalogue() {
@@ -97,7 +110,7 @@ async function newestCatalogue() {
         const response = await fetch(catalogue,
             { cache: "no-cache", signal: old ? AbortSignal.timeout(patience) : undefined });
         if (isAnswer(response)) {
-            await cache.put(catalogue, response.clone());
+            await cache.put(catalogue, keepable(response.clone()));
         }
         if (isAnswer(response) || !old) {
             return response;

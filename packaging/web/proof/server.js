@@ -23,6 +23,8 @@ export class Server {
         this.bytes = 0; // sent, heads included
         this.requests = [];
         this.failing = null; // a pattern of names that it has, but fails to give
+        this.hanging = null; // of names to which it never answers
+        this.isOdd = false; // as some are: pages go by names without .html, and are said to vary with everything
     }
 
     async start() {
@@ -57,15 +59,27 @@ export class Server {
     async #answer(request, response) {
         const name = decodeURIComponent(new URL(request.url, "http://any").pathname);
         this.requests.push(name);
+        if (this.hanging?.test(name)) {
+            return;
+        }
         if (this.failing?.test(name)) {
             response.writeHead(503).end();
+            return;
+        }
+        if (this.isOdd && name.endsWith(".html")) {
+            response.writeHead(308, { Location: request.url.replace(/(index)?\.html/, "") }).end();
             return;
         }
         let path = join(this.root, normalize(name));
         if (name.endsWith("/")) {
             path = join(path, "index.html");
+        } else if (this.isOdd && extname(path) === "") {
+            path += ".html";
         }
-        const head = { "Content-Type": types[extname(path)] ?? "application/octet-stream", Vary: "Accept-Encoding" };
+        const head = {
+            "Content-Type": types[extname(path)] ?? "application/octet-stream",
+            Vary: this.isOdd && extname(path) !== ".js" ? "*" : "Accept-Encoding", // Firefox takes no such worker
+        };
         if (this.compressed && /\bbr\b/.test(request.headers["accept-encoding"]) && await sizeAndTime(path + ".br")) {
             path += ".br";
             head["Content-Encoding"] = "br";

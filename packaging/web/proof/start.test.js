@@ -71,19 +71,22 @@ inEachBrowser(school => {
         assert.equal(await readsPrice(tab), priceOf(await school.catalogue()));
     });
 
-    test("the manual can be read without a network after the first visit, with its pictures", async () => {
-        const tab = await school.start();
-        await tab.isKept();
-        await school.server.stop();
-        await tab.goes(school.url + "Manual/index.html");
-        const pages = await tab.page.evaluate(() => [...document.querySelectorAll("main a")].map(one => one.href));
-        assert.ok(pages.length > 10, `only ${pages}`);
-        for (const page of pages) {
-            await tab.goes(page);
-            assert.deepEqual(await tab.page.evaluate(brokenLinks), [], page);
-        }
-        await school.server.start(); // for the tab's end
-    });
+    for (const [host, isOdd] of [["", false], [", from a host with names and marks of its own", true]]) {
+        test(`the manual can be read without a network after the first visit, with its pictures${host}`, async () => {
+            school.server.isOdd = isOdd;
+            const tab = await school.start();
+            await tab.isKept();
+            await school.server.stop();
+            await tab.goes(school.url + "Manual/index.html");
+            const pages = await tab.page.evaluate(() => [...document.querySelectorAll("main a")].map(one => one.href));
+            assert.ok(pages.length > 10, `only ${pages}`);
+            for (const page of pages) {
+                await tab.goes(page);
+                assert.deepEqual(await tab.page.evaluate(brokenLinks), [], page);
+            }
+            await school.server.start(); // for the tab's end
+        });
+    }
 
     test("it starts without the school's catalogue, also when there is no network either", async () => {
         await rm(school.file("Recursos/productos.dat"));
@@ -173,6 +176,7 @@ inEachBrowser(school => {
     // A folder beside the school's, in which each text has another content under another name.
     async function nextVersion() {
         const next = await mkdtemp(join(school.rooms, "next-"));
+        assert.equal((await tab.page.evaluate(() => caches.keys())).length, 1, "what came of it takes no room");
         await cp(folder, next, { recursive: true });
         const version = (await readFile(join(next, "worker.js"), "utf8")).match(/"\?(.*)"/)[1];
         for (const name of (await readdir(next)).filter(one => /\.(js|html|css)$/.test(one))) {
