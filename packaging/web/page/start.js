@@ -86,7 +86,6 @@ async function compiledProgram() {
 }
 
 async function run(module, catalogue) {
-    loaded = true;
     running = true;
     await qtLoad({
         qt: {
@@ -100,6 +99,7 @@ async function run(module, catalogue) {
         },
         numbrela: { storedCatalogue, forgetUnsaved, storeCatalogue: storeForProgram, announce, spanishOrder },
         preRun: [({ FS }) => {
+            loaded = true;
             FS.mkdir("/Recursos");
             if (catalogue !== null) {
                 FS.writeFile("/Recursos/productos.dat", catalogue);

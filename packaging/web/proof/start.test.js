@@ -258,18 +258,20 @@ inEachBrowser(school => {
         await fails("Si Numbrela no se abre enseguida, no hay conexión o en el servidor falta algo.");
     });
 
-    test("a program that is half copied is not taken for one that the browser cannot run", async () => {
-        await removes("numbrela.wasm");
-        await cp(join(folder, "numbrela.wasm"), school.file("numbrela.wasm"));
-        await truncate(school.file("numbrela.wasm"), 3_000_000);
-        await utimes(school.file("numbrela.wasm"), monthsAgo, monthsAgo);
-        const tab = await fails(incomplete);
-        await cp(join(folder, "numbrela.wasm"), school.file("numbrela.wasm"));
-        await utimes(school.file("numbrela.wasm"), monthsAgo, monthsAgo);
-        await tab.clicksOnPage("Empezar de nuevo"); // the browser has the half, and takes it for good for days
-        await tab.sees("NUMBRELA");
-        school.person.forgives(/404/); // there is no compressed one
-    });
+    for (const [name, half] of [["numbrela.wasm", 3_000_000], ["numbrela.js", 100_000]]) { // bytes
+        test(`a program of which ${name} is half copied is not taken for one that the browser cannot run`, async () => {
+            await removes(name);
+            await cp(join(folder, name), school.file(name));
+            await truncate(school.file(name), half);
+            await utimes(school.file(name), monthsAgo, monthsAgo);
+            const tab = await fails(incomplete);
+            await cp(join(folder, name), school.file(name));
+            await utimes(school.file(name), monthsAgo, monthsAgo);
+            await tab.clicksOnPage("Empezar de nuevo"); // the browser has the half, and takes it for good for days
+            await tab.sees("NUMBRELA");
+            school.person.forgives(/404/); // there is no compressed one
+        });
+    }
 
     async function removes(name) {
         for (const end of ["", ".br", ".gz"]) {
