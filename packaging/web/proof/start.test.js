@@ -179,7 +179,7 @@ inEachBrowser(school => {
         assert.equal((await tab.page.evaluate(() => caches.keys())).length, 1, "what came of it takes no room");
         await cp(folder, next, { recursive: true });
         const version = (await readFile(join(next, "worker.js"), "utf8")).match(/"\?(.*)"/)[1];
-        for (const name of (await readdir(next)).filter(one => /\.(js|html|css)$/.test(one))) {
+        for (const name of (await readdir(next, { recursive: true })).filter(one => /\.(js|html|css)$/.test(one))) {
             const text = await readFile(join(next, name), "utf8");
             await writeFile(join(next, name), text.replaceAll(version, "otra"));
             await appendFile(join(next, name), name.endsWith(".html") ? "<!-- otra -->" : "/* otra */");
@@ -193,7 +193,8 @@ inEachBrowser(school => {
     }
 
     async function getsFilesOf(tab, version) {
-        for (const name of ["index.html", "style.css", "start.js", "links.js", "numbrela.js"]) {
+        for (const name of ["index.html", "style.css", "start.js", "links.js", "numbrela.js",
+            "Manual/mensajes.html"]) {
             const got = await tab.page.evaluate(async one => {
                 const used = performance.getEntriesByType("resource").map(entry => entry.name);
                 return (await fetch(used.find(address => address.includes(`/${one}?`)) ?? one)).text();
