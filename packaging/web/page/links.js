@@ -89,18 +89,15 @@ async function reset() {
     }
 }
 
-function ask(text) {
-    byId("no").hidden = false;
-    return answer(text);
-}
+const ask = text => answer(text, true);
+const tell = text => answer(text, false);
 
-function tell(text) {
-    byId("no").hidden = true;
-    return answer(text);
-}
-
-function answer(text) {
+function answer(text, canCancel) {
     const question = byId("question");
+    if (question.open) { // what it asks stays until somebody answers that
+        return false;
+    }
+    byId("no").hidden = !canCancel;
     byId("asked").textContent = text;
     question.returnValue = "";
     question.showModal();
