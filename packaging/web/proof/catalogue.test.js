@@ -76,8 +76,7 @@ inEachBrowser(school => {
     });
 
     test("where the address is plain http, the program starts and keeps what is saved", async () => {
-        const tab = await school.person.tab();
-        await tab.starts(school.url.replace(school.server.origin(), school.server.origin(plainName)));
+        const tab = await startsOverPlainHttp();
         assert.equal(await tab.page.evaluate(() => isSecureContext), false);
         await savesPrice(tab, "7,25");
         await tab.reloads();
@@ -85,6 +84,37 @@ inEachBrowser(school => {
         await tab.clicksOnPage(save);
         assert.equal(priceOf(await downloaded()), "7,25");
     });
+
+    test("what is stored stands for the school's catalogue when the server fails to give that", async () => {
+        const tab = await startsOverPlainHttp(); // so nothing else is kept
+        await savesPrice(tab, "7,25");
+        school.server.failing = /productos\.dat$/;
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        await tab.clicksOnPage(save);
+        assert.equal(priceOf(await downloaded()), "7,25");
+        school.person.forgives(/503/);
+    });
+
+    test("a question stays when saving fails meanwhile", async () => {
+        const tab = await startsOverPlainHttp();
+        school.server.hanging = /productos\.dat$/;
+        await tab.clicksOnPage(save);
+        await chooses(tab, "otro.dat", await school.catalogue());
+        await isAsked(tab, /^¿Abrir el catálogo/);
+        const end = new Promise(done => tab.page.once("requestfailed", done));
+        await school.server.stop();
+        await end;
+        await school.server.start();
+        await answers(tab, /^¿Abrir el catálogo/, "Cancelar");
+        school.person.forgives(/./); // what browsers say of it
+    });
+
+    async function startsOverPlainHttp() {
+        const tab = await school.person.tab();
+        await tab.starts(school.url.replace(school.server.origin(), school.server.origin(plainName)));
+        return tab;
+    }
 
     test("the browser is asked to keep what has been saved, even when it needs room", async () => {
         const tab = await school.start({ before: () => {
@@ -271,10 +301,14 @@ async function goesBack(tab) {
 }
 
 async function answers(tab, question, button) {
+    await isAsked(tab, question);
+    await tab.clicksOnPage(button);
+}
+
+async function isAsked(tab, question) {
     const pattern = question instanceof RegExp ? question.source : `^${question.replace(/[.?]/g, "\\$&")}$`;
     await tab.until(`the question '${question}'`, source => document.getElementById("question").open
         && new RegExp(source).test(document.getElementById("asked").textContent), pattern);
-    await tab.clicksOnPage(button);
 }
 
 // Runs in the page: takes all room that is left there.

@@ -105,16 +105,19 @@ inEachBrowser(school => {
         await tab.has("Veredicto", /^resultado correcto$/);
     });
 
-    test("a key that is let go on a link of the page counts when it is pressed again", async () => {
-        const tab = await school.start();
-        await checksAWrongSum(tab, () => tab.page.keyboard.down("Enter"));
-        await tab.press("F6");
-        await tab.page.keyboard.up("Enter");
-        await tab.press("F6");
-        await tab.writeFromTheRight("125");
-        await tab.press("Enter");
-        await tab.has("Veredicto", /^resultado correcto$/);
-    });
+    const places = [["on a link", ["F6"], ["F6"]], ["in a question", ["F6", "Tab", "Tab", "Space"], ["Space", "F6"]]];
+    for (const [place, there, back] of places) {
+        test(`a key that is let go ${place} of the page counts when it is pressed again`, async () => {
+            const tab = await school.start();
+            await checksAWrongSum(tab, () => tab.page.keyboard.down("Enter"));
+            await tab.press(...there);
+            await tab.page.keyboard.up("Enter");
+            await tab.press(...back);
+            await tab.writeFromTheRight("125");
+            await tab.press("Enter");
+            await tab.has("Veredicto", /^resultado correcto$/);
+        });
+    }
 
     test("a key of the keypad comes up when another tab comes to the front", async () => {
         const tab = await school.start();

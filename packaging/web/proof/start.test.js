@@ -96,6 +96,14 @@ inEachBrowser(school => {
         school.person.forgives(/404/);
     });
 
+    test("it starts with the catalogue that it has kept when the server does not answer for the school's", async () => {
+        const tab = await school.start();
+        await tab.isKept();
+        school.server.hanging = /productos\.dat$/;
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+    });
+
     async function startsWithoutNetwork(tab) {
         await school.server.stop();
         await tab.reloads();
@@ -114,6 +122,8 @@ inEachBrowser(school => {
         const session = await tab.page.createCDPSession();
         const { installabilityErrors } = await session.send("Page.getInstallabilityErrors");
         assert.deepEqual(installabilityErrors.map(one => one.errorId), ["in-incognito"]); // as each proof is
+        const { appId } = await session.send("Page.getAppId");
+        assert.equal(appId, school.url); // and not the server's, which may have several schools
     });
 
     test("a new version takes the place of the old one as a whole", async () => {
@@ -125,8 +135,6 @@ inEachBrowser(school => {
         const old = await school.start();
         await old.until("the new version", async () => (await navigator.serviceWorker.getRegistration()).waiting);
         await getsFilesOf(old, folder);
-        const { appId } = await session.send("Page.getAppId");
-        assert.equal(appId, school.url); // and not the server's, which may have several schools
         await old.page.close();
         const other = await school.start();
         await getsFilesOf(other, next);
@@ -168,6 +176,7 @@ inEachBrowser(school => {
         await cp(await nextVersion(), school.site, { recursive: true });
         school.server.failing = /productos\.dat$/;
         assert.equal(await tab.page.evaluate(installs), false);
+        assert.equal((await tab.page.evaluate(() => caches.keys())).length, 1, "what came of it takes no room");
         school.server.failing = null;
         assert.equal(await tab.page.evaluate(installs), true);
         school.person.forgives(/^the worker: /); // why it was not kept before
@@ -176,7 +185,6 @@ inEachBrowser(school => {
     // A folder beside the school's, in which each text has another content under another name.
     async function nextVersion() {
         const next = await mkdtemp(join(school.rooms, "next-"));
-        assert.equal((await tab.page.evaluate(() => caches.keys())).length, 1, "what came of it takes no room");
         await cp(folder, next, { recursive: true });
         const version = (await readFile(join(next, "worker.js"), "utf8")).match(/"\?(.*)"/)[1];
         for (const name of (await readdir(next, { recursive: true })).filter(one => /\.(js|html|css)$/.test(one))) {
