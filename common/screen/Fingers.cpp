@@ -50,6 +50,9 @@ public:
                 static_cast<QWidget*>(watched)->setAttribute(Qt::WA_AcceptTouchEvents);
             }
             return false;
+        case QEvent::WindowBlocked:
+            boxHasOpened_ = true;
+            return false;
         case QEvent::TouchBegin:
         case QEvent::TouchUpdate:
         case QEvent::TouchEnd:
@@ -75,9 +78,6 @@ private:
         if (!watched.isWidgetType() || event.deviceType() == QInputDevice::DeviceType::TouchPad) {
             return false;
         }
-        if (event.type() == QEvent::TouchBegin) {
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::MouseButtonRelease); // of the finger before
-        }
         touch(static_cast<QWidget&>(watched), event);
         return true;
     }
@@ -87,6 +87,10 @@ private:
         const QList<QEventPoint>& points = touch.points();
         if (touch.type() == QEvent::TouchBegin) {
             first_[&control] = { points.front().id() };
+            if (!isFree(control)) {
+                first_.erase(&control);
+                return;
+            }
         }
         const auto first = first_.find(&control);
         if (first == first_.end() || !control.isEnabled()) {
@@ -103,13 +107,34 @@ private:
             return;
         }
         if (point->state() == QEventPoint::Pressed) {
-            sendMouse(
-                control, typeOfTap(control, point->globalPosition(), touch.timestamp()), point->position(), touch);
+            press(control, *point, touch);
         } else if (point->state() == QEventPoint::Released) {
             first_.erase(first);
             releaseAfterwards(control, point->position(), touch);
         } else if (isDragged(first->second, *point)) {
             sendMouse(control, QEvent::MouseMove, point->position(), touch);
+        }
+    }
+
+    // Whether the finger that comes down on the control may press it when all fingers before have been released. If one
+    // of them opens a box, Qt does not tell of this one's end.
+    bool isFree(QWidget& control)
+    {
+        const QPointer<QWidget> there(&control);
+        boxHasOpened_ = false;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::MouseButtonRelease);
+        return !there.isNull() && !boxHasOpened_;
+    }
+
+    // What the first tap of a double tap has brought under the finger is not what the hand meant.
+    void press(QWidget& control, const QEventPoint& point, const QTouchEvent& touch)
+    {
+        const bool isOther = tapped_ != &control;
+        const QEvent::Type type = typeOfTap(control, point.globalPosition(), touch.timestamp());
+        if (isOther && type == QEvent::MouseButtonDblClick) {
+            first_.erase(&control);
+        } else {
+            sendMouse(control, type, point.position(), touch);
         }
     }
 
@@ -146,7 +171,6 @@ private:
         return true;
     }
 
-    // What the first tap on a button has brought to its place is not what the hand meant.
     QEvent::Type typeOfTap(QObject& control, QPointF place, quint64 time)
     {
         const auto near = QGuiApplication::styleHints()->touchDoubleTapDistance();
@@ -162,6 +186,7 @@ private:
     }
 
     std::map<const QObject*, Finger> first_; // of those that are down on each control, which is only compared
+    bool boxHasOpened_ = false; // since a finger came down
     bool isNew_ = false; // no control has heard of Qt's tap yet
     QPointer<QObject> tapped_; // last
     QPointF tappedPlace_; // on the screen

@@ -52,14 +52,18 @@ bool OfferedKeypad::eventFilter(QObject* watched, QEvent* event)
     if (!watched->isWidgetType()) {
         return false;
     }
+    const auto* mouse = dynamic_cast<const QMouseEvent*>(event);
+    if (mouse == nullptr || !isTouch(*mouse)) {
+        return false;
+    }
     const auto& control = static_cast<const QWidget&>(*watched);
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
-        if (isTouch(static_cast<const QMouseEvent&>(*event)) && control.window() == &window_ && TakesTyping(control)) {
+    if (mouse->type() == QEvent::MouseButtonPress || mouse->type() == QEvent::MouseButtonDblClick) {
+        if (control.window() == &window_ && TakesTyping(control)) {
             touched_ = watched;
         }
-    } else if (event->type() == QEvent::MouseButtonRelease && touched_ == watched) {
+    } else if (mouse->type() == QEvent::MouseButtonRelease && touched_ == watched) {
         touched_ = nullptr;
-        if (control.rect().contains(static_cast<const QMouseEvent&>(*event).pos())) {
+        if (control.rect().contains(mouse->pos())) {
             choose(true); // not before, because the box may move when the keypad comes
         }
     }

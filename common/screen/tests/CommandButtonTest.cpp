@@ -42,6 +42,20 @@ protected:
 
     // From now on every tap is one by itself.
     static void tapSlowly() { QApplication::setDoubleClickInterval(0); }
+    static void tapQuickly() { QApplication::setDoubleClickInterval(1'000'000); }
+
+    // Tells a control of a finger by itself, on its upper left corner, wherever it seems to be on the screen.
+    static void touch(QWidget& control, QEvent::Type type, QEventPoint::State state, QPointF place = {})
+    {
+        QTouchEvent event(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, place) });
+        QCoreApplication::sendEvent(&control, &event);
+    }
+    static void touch(QWidget& control, QPointF place)
+    {
+        touch(control, QEvent::TouchBegin, QEventPoint::Pressed, place);
+        touch(control, QEvent::TouchEnd, QEventPoint::Released, place);
+        QCoreApplication::processEvents();
+    }
 
     const int interval_ = QApplication::doubleClickInterval();
     FormWindow form_ { QStringLiteral("Form"), QStringLiteral("Form"), { 4500, 3000 }, {} };
@@ -133,6 +147,7 @@ TEST_F(CommandButtonTest, AFingerPressesItAsAMouseDoes)
 
 TEST_F(CommandButtonTest, TapsInARowOnSeveralControlsPressEachButtonAndADoubleTapPressesItOnce)
 {
+    tapQuickly();
     QTest::mouseClick(&done_, Qt::LeftButton);
     Tap(box_);
     Tap(done_);
@@ -147,6 +162,7 @@ TEST_F(CommandButtonTest, TapsInARowOnSeveralControlsPressEachButtonAndADoubleTa
 // As a hand's on a large button may be.
 TEST_F(CommandButtonTest, ADoubleTapAtTwoPlacesPressesItOnce)
 {
+    tapQuickly();
     Tap(done_, { 5, 5 });
     Tap(done_, { done_.width() - 5, 5 });
     EXPECT_EQ(timesDone_, 1);
@@ -154,6 +170,7 @@ TEST_F(CommandButtonTest, ADoubleTapAtTwoPlacesPressesItOnce)
 
 TEST_F(CommandButtonTest, ADoubleTapPressesNothingThatItsFirstTapBringsUnderTheFinger)
 {
+    tapQuickly();
     CommandButton& other
         = *AddButton(form_.Area(), QStringLiteral("Other"), QStringLiteral("Otro"), { 300, 300, 1500, 495 }, {});
     int timesOther = 0;
@@ -168,6 +185,38 @@ TEST_F(CommandButtonTest, ADoubleTapPressesNothingThatItsFirstTapBringsUnderTheF
     EXPECT_EQ(timesOther, 0);
     Tap(other);
     EXPECT_EQ(timesOther, 1);
+}
+
+// As a button of the menu does, and one that a message answers.
+TEST_F(CommandButtonTest, ADoubleTapPressesNothingInAWindowThatItsFirstTapOpens)
+{
+    tapQuickly();
+    QWidget opened;
+    QPushButton there(QStringLiteral("Aceptar"), &opened);
+    int timesThere = 0;
+    QObject::connect(&there, &QPushButton::clicked, &opened, [&timesThere] { ++timesThere; });
+    QObject::connect(&done_, &QPushButton::clicked, &opened, &QWidget::show);
+    const QPointF place = done_.mapToGlobal(QPointF(5, 5));
+    touch(done_, place);
+    ASSERT_TRUE(opened.isVisible());
+    touch(there, place);
+    EXPECT_EQ(timesThere, 0);
+    EXPECT_FALSE(there.isDown());
+    touch(there, place);
+    EXPECT_EQ(timesThere, 1);
+}
+
+// Nobody would hear of the second one's end.
+TEST_F(CommandButtonTest, TapsThatComeTogetherLeaveNoButtonDownWhenTheFirstOpensAMessage)
+{
+    QObject::connect(&done_, &QPushButton::clicked, &form_, [this] { ShowMessage(&form_, "Hola"); });
+    ExpectDialog([](QDialog& box) { box.reject(); });
+    touch(done_, QEvent::TouchBegin, QEventPoint::Pressed);
+    touch(done_, QEvent::TouchEnd, QEventPoint::Released);
+    touch(next_, QEvent::TouchBegin, QEventPoint::Pressed);
+    EXPECT_EQ(PendingBoxes(), 0);
+    EXPECT_EQ(timesDone_, 1);
+    EXPECT_FALSE(next_.isDown());
 }
 
 TEST_F(CommandButtonTest, TheFirstTapInABoxThatATapHasOpenedCounts)
@@ -204,11 +253,8 @@ TEST_F(CommandButtonTest, TapsThatComeTogetherCountEach)
 {
     tapSlowly();
     for (int tap = 1; tap <= 2; ++tap) {
-        for (const auto& [type, state] : { std::pair(QEvent::TouchBegin, QEventPoint::Pressed),
-                 std::pair(QEvent::TouchEnd, QEventPoint::Released) }) {
-            QTouchEvent touch(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, {}) });
-            QCoreApplication::sendEvent(&done_, &touch);
-        }
+        touch(done_, QEvent::TouchBegin, QEventPoint::Pressed);
+        touch(done_, QEvent::TouchEnd, QEventPoint::Released);
     }
     QCoreApplication::processEvents();
     EXPECT_EQ(timesDone_, 2);

@@ -41,6 +41,7 @@ addEventListener("fetch", event => {
 });
 
 async function keepAll() {
+    const isNew = !await caches.has(cacheName); // or else it is in use, and only a script of its own has changed
     const cache = await caches.open(cacheName);
     try {
         await Promise.all([
@@ -48,7 +49,9 @@ async function keepAll() {
             firstCatalogue(),
         ]);
     } catch (error) {
-        await caches.delete(cacheName);
+        if (isNew) {
+            await caches.delete(cacheName);
+        }
         throw error;
     }
 }

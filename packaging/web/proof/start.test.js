@@ -151,6 +151,18 @@ inEachBrowser(school => {
         await getsFilesOf(tab, next);
     });
 
+    test("a version that is kept stays so when it cannot be kept anew", async () => {
+        const tab = await school.start();
+        await tab.isKept();
+        const worker = await readFile(school.file("worker.js"));
+        await removes("worker.js");
+        await writeFile(school.file("worker.js"), worker + "// otra");
+        await removes("style.css");
+        assert.equal(await tab.page.evaluate(installs), false);
+        await startsWithoutNetwork(tab);
+        school.person.forgives(/404|^the worker: /);
+    });
+
     test("a new version is not kept before all of it has been copied to the server", async () => {
         const next = await nextVersion();
         const first = await school.start();
