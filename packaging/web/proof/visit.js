@@ -282,8 +282,10 @@ export class Tab {
     }
 }
 
-// Runs in the page: the addresses in it behind which there is nothing.
+// Runs in the page: the addresses in it behind which there is nothing. Its pictures are there afterwards, too: Firefox tells
+// of an error when the page is left before.
 export async function brokenLinks() {
+    await Promise.all([...document.images].map(one => one.decode()));
     const links = [...document.querySelectorAll("a, img, link")].map(one => one.href ?? one.src);
     const answers = await Promise.all(links.map(link => fetch(link).catch(error => error)));
     return links.filter((_, index) => !answers[index].ok);
