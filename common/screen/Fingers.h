@@ -15,10 +15,9 @@ namespace numbrela {
 // into are such controls; others ask for it by the attribute. The mouse is marked as synthesised, as Qt's is.
 //
 // Two taps of a finger or a pen are a double click if they were on the same control, and as near and as fast as the
-// system asks for; on a button, wherever on it. If the first has brought another control there, that
-// hears of no second one. Qt measures
-// the way between them from where the second itself began (6.8) or a mouse was last pressed (6.4), and so takes fast
-// taps on two controls for one.
+// system asks for; on a button, wherever on it. If the first has brought another control there, that hears of no second
+// one. Qt measures the way between them from where the second itself began (6.8) or a mouse was last pressed (6.4), and
+// so takes fast taps on two controls for one.
 void RecogniseFingers(QApplication& application);
 
 // Tells of the taps in one place which is the second of a double tap: one that is as fast as the system asks for.

@@ -9,8 +9,6 @@
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
-#include <utility>
-
 namespace numbrela {
 
 namespace {
