@@ -115,8 +115,8 @@ class Desktop:
         return path
 
 
-def press(*keys, delay):
-    """With so many milliseconds for each key."""
-    subprocess.run(["xdotool", "key", "--delay", str(delay), *keys], check=True, timeout=10)
+def press(*keys, delay, action="key"):
+    """With so many milliseconds for each key, of which the action may be but one half: "keydown" or "keyup"."""
+    subprocess.run(["xdotool", action, "--delay", str(delay), *keys], check=True, timeout=10)
 
 

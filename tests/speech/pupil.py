@@ -75,6 +75,15 @@ class Pupil:
         press(*keys, delay=self.KEY_DELAY)
         self.waits_after_a_key()
 
+    def closes_by(self, key):
+        """Presses a key that closes the window, and lets it go in the next one, as slow fingers do: of a key that is
+        let go when its window is gone and no other has the focus yet, wine does not tell, and takes it to be held."""
+        before = len(self.sentences)
+        press(key, delay=self.KEY_DELAY, action="keydown")
+        self._attend_until(lambda: len(self.sentences) > before and self._gets_keys())
+        press(key, delay=self.KEY_DELAY, action="keyup")
+        self.waits_after_a_key()
+
     def faces(self, window):
         """Turns to a window that is in front; wherever that gives it the focus, there is nothing to do."""
 
@@ -101,6 +110,10 @@ class Pupil:
         self.writes(text[::-1])
 
     # ------------------------------------------------------------------------------------------- how it is listened to
+
+    def _gets_keys(self):
+        """Whether the window of which was heard last gets what is pressed."""
+        return True
 
     def _attend_until(self, condition):
         deadline = time.monotonic() + PATIENCE

@@ -54,7 +54,7 @@ def chooses(pupil, option, choice):
 
 
 def leaves(pupil, button):
-    pupil.presses("alt+F4")
+    pupil.closes_by("alt+F4")
     pupil.hears("NUMBRELA")
     pupil.hears(button)
 
@@ -298,7 +298,7 @@ def shopping(pupil):
     pupil.hears("¿Cuántos productos incluir en la lista.*")
     pupil.presses("ctrl+a")
     pupil.writes("2")
-    pupil.presses("Return")
+    pupil.closes_by("Return")
     money = value(pupil.hears(purse).group(1))
     pupil.presses("alt+t")
     pupil.hears(r"Tiempo disponible \| \d+ : \d\d")
@@ -319,21 +319,22 @@ def shopping(pupil):
             takes(pupil, product, int(wanted.pop(product)))
         if not bought:
             puts_back_what_is_not_wanted(pupil)
-        pupil.presses("alt+c")
         if bought:
+            pupil.presses("alt+c")
             price = pays(pupil)
             if not wanted:
                 pupil.hears("Compra terminada.*")
-                pupil.presses("Return")
+                pupil.closes_by("Return")
             money -= price
             left = pupil.hears(rf"Dinero disponible: ({NUMBER}) ?€").group(1)
             assert round(value(left), 2) == money  # which is counted in single precision
         else:
+            pupil.closes_by("alt+c")
             pupil.hears("Lista de la compra")
             line_of_the_list(pupil)
     pupil.presses("alt+v")
     pupil.hears("Vuelves a casa con tu compra.*")
-    pupil.presses("Return")
+    pupil.closes_by("Return")
     pupil.hears("Actividad terminada.*")
     pupil.presses("Escape")
     pupil.hears("NUMBRELA")
@@ -400,5 +401,5 @@ def pays(pupil):
     pupil.presses("alt+c")
     pupil.hears("Salir")
     pupil.hears(r"Has comprado los siguientes productos:.*Pulsa el botón salir\.")
-    pupil.presses("Return")
+    pupil.closes_by("Return")
     return price

@@ -28,7 +28,7 @@ Focused = collections.namedtuple("Focused", ["id", "name"])
 class WindowsPupil(Pupil):
     """The library in place of the system's UIAutomationCore.dll writes what it is told; it says in which form."""
 
-    KEY_DELAY = 0  # or wine misses the release of a key whose press has closed a window, and takes the key to be held
+    KEY_DELAY = 0  # so that a key is let go before its press has changed anything
 
     def __init__(self, desktop, library):
         super().__init__()
@@ -46,6 +46,8 @@ class WindowsPupil(Pupil):
         )
         desktop.at_the_end.append(lambda: desktop.run("wineserver", "--kill", "--wait"))
         desktop.run("wine", "wineboot", "--init")
+        # A second after the last process has gone, wine takes its desktop away, and who comes just then waits for long.
+        desktop.run("wineserver", "--kill", "--wait")
         shutil.copy(library, os.path.join(prefix, "drive_c/windows/system32/uiautomationcore.dll"))
         self.desktop = desktop
 
@@ -63,7 +65,7 @@ class WindowsPupil(Pupil):
         self.desktop.run("xdotool", "search", "--onlyvisible", "--name", f"^{window}$", "windowactivate", "--sync")
 
     def _gets_keys(self):
-        """Whether the window that is in front has the focus, which wine asks the X server for later."""
+        """Wine asks the X server for the focus after the program has been told that it has it."""
         asked = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], capture_output=True, timeout=10)
         return asked.stdout.decode().rstrip("\n") == self.window
 
