@@ -29,6 +29,10 @@ FingerScroll::FingerScroll(QAbstractScrollArea& area, Handlers handlers)
 
 bool FingerScroll::Takes(QEvent& event)
 {
+    if (event.type() == QEvent::EnabledChange) { // of what happens from now on it does not hear
+        touched_.reset();
+        endDrag();
+    }
     const auto* mouse = dynamic_cast<const QMouseEvent*>(&event);
     if (mouse == nullptr || mouse->source() == Qt::MouseEventNotSynthesized) {
         return false;
@@ -36,8 +40,8 @@ bool FingerScroll::Takes(QEvent& event)
     if (mouse->type() == QEvent::MouseButtonRelease) {
         lift(*mouse);
     } else if (mouse->type() != QEvent::MouseMove) {
-        touched_ = mouse->pos();
-    } else if (mouse->buttons().testFlag(Qt::LeftButton)) {
+        touched_ = mouse->button() == Qt::LeftButton ? std::optional(mouse->pos()) : std::nullopt;
+    } else if (touched_) {
         follow(mouse->pos());
     }
     return true;
@@ -45,7 +49,7 @@ bool FingerScroll::Takes(QEvent& event)
 
 void FingerScroll::follow(QPoint finger)
 {
-    const QPoint way = finger - touched_;
+    const QPoint way = finger - *touched_;
     if (!dragging_ && way.manhattanLength() >= QApplication::startDragDistance()) {
         dragging_ = true;
         if (handlers_.DragBegins) {
@@ -60,12 +64,17 @@ void FingerScroll::follow(QPoint finger)
 
 void FingerScroll::lift(const QMouseEvent& event)
 {
-    if (std::exchange(dragging_, false)) {
-        if (handlers_.DragEnds) {
-            handlers_.DragEnds();
-        }
-    } else if (handlers_.Tapped && widget_.rect().contains(event.pos())) {
+    const bool isTap = std::exchange(touched_, std::nullopt) && !dragging_;
+    endDrag();
+    if (isTap && handlers_.Tapped && widget_.rect().contains(event.pos())) {
         handlers_.Tapped(event.pos(), event.timestamp());
+    }
+}
+
+void FingerScroll::endDrag()
+{
+    if (std::exchange(dragging_, false) && handlers_.DragEnds) {
+        handlers_.DragEnds();
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QPoint>
 
 #include <functional>
+#include <optional>
 
 class QAbstractScrollArea;
 class QEvent;
@@ -40,11 +41,12 @@ public:
 private:
     void follow(QPoint finger);
     void lift(const QMouseEvent& event);
+    void endDrag();
 
     QWidget& widget_;
     const Scrolled scrolled_;
     const Handlers handlers_;
-    QPoint touched_; // where it came down
+    std::optional<QPoint> touched_; // where it came down
     int scrolledAtTouch_ = 0;
     bool dragging_ = false;
 };

@@ -3,14 +3,17 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyleHints>
 #include <QTouchEvent>
+#include <QtMath>
 
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace numbrela {
@@ -85,8 +88,8 @@ private:
     void touch(QWidget& control, const QTouchEvent& touch)
     {
         const QList<QEventPoint>& points = touch.points();
-        if (touch.type() == QEvent::TouchBegin) {
-            first_[&control] = { points.front().id() };
+        if (const QEventPoint* finger = firstOn(control, touch)) {
+            first_[&control] = { finger->id() };
             if (!isFree(control)) {
                 first_.erase(&control);
                 return;
@@ -116,6 +119,20 @@ private:
         }
     }
 
+    // The finger that comes down now as the first on the control, or null. Qt tells a control also of what rests beside
+    // it, if that came down while the control was touched.
+    static const QEventPoint* firstOn(const QWidget& control, const QTouchEvent& touch)
+    {
+        const QList<QEventPoint>& points = touch.points();
+        if (touch.type() == QEvent::TouchBegin) {
+            return &points.front();
+        }
+        const auto isOn = [&](const QEventPoint& each) { return control.rect().contains(each.position().toPoint()); };
+        const auto finger = std::find_if(points.begin(), points.end(), isOn);
+        const bool isAlone = std::count_if(points.begin(), points.end(), isOn) == 1;
+        return isAlone && finger->state() == QEventPoint::Pressed ? &*finger : nullptr;
+    }
+
     // Whether the finger that comes down on the control may press it when all fingers before have been released. If one
     // of them opens a box, Qt does not tell of this one's end.
     bool isFree(QWidget& control)
@@ -126,15 +143,13 @@ private:
         return !there.isNull() && !boxHasOpened_;
     }
 
-    // What the first tap of a double tap has brought under the finger is not what the hand meant.
     void press(QWidget& control, const QEventPoint& point, const QTouchEvent& touch)
     {
-        const bool isOther = tapped_ != &control;
-        const QEvent::Type type = typeOfTap(control, point.globalPosition(), touch.timestamp());
-        if (isOther && type == QEvent::MouseButtonDblClick) {
-            first_.erase(&control);
+        const auto type = typeOfTap(control, point.globalPosition(), touch.timestamp());
+        if (type) {
+            sendMouse(control, *type, point.position(), touch);
         } else {
-            sendMouse(control, type, point.position(), touch);
+            first_.erase(&control);
         }
     }
 
@@ -160,29 +175,43 @@ private:
         if (!std::exchange(isNew_, false) || tap.source() == Qt::MouseEventNotSynthesized) {
             return false;
         }
-        const QEvent::Type type = typeOfTap(watched, tap.globalPosition(), tap.timestamp());
-        if (type == tap.type()) {
-            return false;
+        const auto type = typeOfTap(watched, tap.globalPosition(), tap.timestamp());
+        if (!type || *type == tap.type()) {
+            return !type;
         }
-        QMouseEvent right(type, tap.position(), tap.scenePosition(), tap.globalPosition(), tap.button(), tap.buttons(),
+        QMouseEvent right(*type, tap.position(), tap.scenePosition(), tap.globalPosition(), tap.button(), tap.buttons(),
             tap.modifiers(), tap.source(), tap.pointingDevice());
         right.setTimestamp(tap.timestamp());
         QCoreApplication::sendEvent(&watched, &right);
         return true;
     }
 
-    QEvent::Type typeOfTap(QObject& control, QPointF place, quint64 time)
+    // Null for the second tap of a double tap on what the first has brought there: that is not what the hand meant.
+    std::optional<QEvent::Type> typeOfTap(QObject& control, QPointF place, quint64 time)
     {
+        const bool isOther = tapped_ != &control;
         const auto near = QGuiApplication::styleHints()->touchDoubleTapDistance();
         const bool isNear = tapped_ == &control && (place - tappedPlace_).manhattanLength() <= near;
-        if (!isNear && !tappedButton_.contains(place)) {
+        if (!isNear && !changing_.contains({ qFloor(place.x()), qFloor(place.y()) })) {
             times_.Forget();
         }
         tapped_ = &control;
         tappedPlace_ = place;
-        const auto* button = qobject_cast<QAbstractButton*>(&control);
-        tappedButton_ = button != nullptr ? QRectF(button->mapToGlobal(QPointF()), button->size()) : QRectF();
-        return times_.IsSecond(time) ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
+        changing_ = placeChangedBy(control, place.toPoint(), near);
+        if (!times_.IsSecond(time)) {
+            return QEvent::MouseButtonPress;
+        }
+        return isOther ? std::nullopt : std::optional(QEvent::MouseButtonDblClick);
+    }
+
+    // Where a tap may bring another control, on the screen: in the place of a button, or of a menu that it closes.
+    static QRect placeChangedBy(const QObject& tapped, QPoint place, int near)
+    {
+        if (const auto* button = qobject_cast<const QAbstractButton*>(&tapped)) {
+            return { button->mapToGlobal(QPoint()), button->size() };
+        }
+        const bool isMenu = qobject_cast<const QMenu*>(&tapped) != nullptr;
+        return isMenu ? QRect(place, QSize(1, 1)).adjusted(-near, -near, near, near) : QRect();
     }
 
     std::map<const QObject*, Finger> first_; // of those that are down on each control, which is only compared
@@ -190,7 +219,7 @@ private:
     bool isNew_ = false; // no control has heard of Qt's tap yet
     QPointer<QObject> tapped_; // last
     QPointF tappedPlace_; // on the screen
-    QRectF tappedButton_; // there, if it was one
+    QRect changing_; // the place that the last tap has perhaps changed
     TapTimes times_;
 };
 

@@ -196,11 +196,11 @@ std::optional<QRect> WindowKeypad::bestPlace(const std::vector<QSize>& sizes, co
 
 // ------------------------------------------------------------------------------------------------------------ dragging
 
-// Under the hand, the calculation stays where it is. The keypad is not dragged while a key is held: it may still have a
-// size that none of its shapes has in a window that was resized meanwhile.
+// Under the hand, the calculation stays where it is. The keypad is not dragged while a key is held or while there is no
+// room for it: it may still have a size that none of its shapes has in a window that was resized meanwhile.
 void WindowKeypad::drag(QPoint to)
 {
-    if (Pad()->IsHeld()) {
+    if (Pad()->IsHeld() || Pad()->isHidden()) {
         return;
     }
     const QRect all = room();

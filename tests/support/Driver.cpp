@@ -199,6 +199,21 @@ void Tap(const QWidget& control, QPoint place)
     LiftFinger();
 }
 
+Pace::~Pace()
+{
+    QApplication::setDoubleClickInterval(before_);
+}
+
+void Pace::TapSlowly() const
+{
+    QApplication::setDoubleClickInterval(0);
+}
+
+void Pace::TapQuickly() const
+{
+    QApplication::setDoubleClickInterval(1'000'000);
+}
+
 void Tap(const QWidget& control)
 {
     Tap(control, control.rect().center());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAnyStringView>
+#include <QApplication>
 #include <QString>
 #include <QWidget>
 
@@ -50,6 +51,19 @@ void DoubleClick(const QWidget& window, QAnyStringView controlName);
 
 // Clicks at the place on the screen where the control is, so that anything in front of it gets the click instead.
 void ClickOnScreen(const QWidget& control);
+
+// How fast fingers tap, as long as this lives: each tap is one by itself, or two are a double tap however slow the
+// machine is.
+class Pace {
+public:
+    ~Pace();
+
+    void TapSlowly() const;
+    void TapQuickly() const;
+
+private:
+    const int before_ = QApplication::doubleClickInterval(); // milliseconds
+};
 
 // Taps a control, or a place of it, with a finger on a touch panel; `FingerDown` leaves it there. A finger stays with
 // the window in which it came down. `LiftFinger` takes it from wherever it is, even if that window is gone.

@@ -113,24 +113,16 @@ protected:
         QObject::connect(&list_, &ListBox::doubleClicked, &list_, [this] { ++doubleClicks_; });
         ShowAndActivate(list_);
     }
-    ~TouchedListBoxTest() override { QApplication::setDoubleClickInterval(interval_); }
-
     void tap(int line) const { Tap(*list_.viewport(), placeOf(line).center()); }
-
-    // From now on every tap is one by itself.
-    static void tapSlowly() { QApplication::setDoubleClickInterval(0); }
-    static void tapQuickly() { QApplication::setDoubleClickInterval(1'000'000); }
 
     static constexpr int lineCount = 60;
     int doubleClicks_ = 0;
-
-private:
-    const int interval_ = QApplication::doubleClickInterval();
+    const Pace pace_;
 };
 
 TEST_F(TouchedListBoxTest, ATapSelectsALineAndEachFurtherOneIsADoubleClick)
 {
-    tapSlowly();
+    pace_.TapSlowly();
     tap(2);
     EXPECT_TRUE(list_.hasFocus());
     EXPECT_EQ(list_.SelectedLine(), 2);
@@ -147,7 +139,7 @@ TEST_F(TouchedListBoxTest, ATapSelectsALineAndEachFurtherOneIsADoubleClick)
 // The second tap may be some pixels away; it is not dragged there.
 TEST_F(TouchedListBoxTest, ADoubleTapAtTwoPlacesOfALineTakesIt)
 {
-    tapQuickly();
+    pace_.TapQuickly();
     const int left = placeOf(0).center().x();
     Tap(*list_.viewport(), { left, placeOf(0).center().y() });
     Tap(*list_.viewport(), { left + QApplication::startDragDistance(), placeOf(0).center().y() });
@@ -175,7 +167,7 @@ TEST_F(TouchedListBoxTest, SlowTapsTakeOneEach)
 
 TEST_F(TouchedListBoxTest, ADoubleTapIsOneDoubleClickWhetherTheLineWasSelectedOrNot)
 {
-    tapQuickly();
+    pace_.TapQuickly();
     tap(1);
     tap(1);
     EXPECT_EQ(doubleClicks_, 1);
@@ -207,6 +199,40 @@ TEST_F(TouchedListBoxTest, AFingerThatMovesAlongALineTakesNothing)
     EXPECT_EQ(list_.SelectedLine(), 1);
     EXPECT_EQ(doubleClicks_, 0);
     EXPECT_EQ(list_.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(TouchedListBoxTest, ATapCountsAfterItWasDisabledUnderAFingerThatDragsIt)
+{
+    pace_.TapSlowly();
+    const QPoint middle = list_.viewport()->rect().center();
+    FingerDown(*list_.viewport(), middle);
+    MoveFinger(*list_.viewport(), middle - QPoint(0, 60));
+    list_.setEnabled(false);
+    LiftFinger();
+    list_.setEnabled(true);
+    tap(5);
+    EXPECT_EQ(list_.SelectedLine(), 5);
+    EXPECT_EQ(list_.verticalScrollMode(), QAbstractItemView::ScrollPerItem);
+}
+
+TEST_F(TouchedListBoxTest, AFingerThatCameDownWhileItWasDisabledSelectsNothing)
+{
+    list_.setEnabled(false);
+    FingerDown(*list_.viewport(), placeOf(2).center());
+    list_.setEnabled(true);
+    LiftFinger();
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
+}
+
+TEST_F(TouchedListBoxTest, ThePensOtherButtonTakesNothing)
+{
+    const QPointF place = list_.viewport()->mapTo(&list_, placeOf(2).center());
+    for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
+        QMouseEvent pen(type, place, place, list_.mapToGlobal(place), Qt::RightButton, Qt::RightButton, Qt::NoModifier,
+            Qt::MouseEventSynthesizedByQt);
+        QCoreApplication::sendEvent(list_.windowHandle(), &pen);
+    }
+    EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
 
 TEST_F(TouchedListBoxTest, AFingerThatDragsItScrollsItAndSelectsNothing)
@@ -265,7 +291,7 @@ TEST_F(TouchedListBoxTest, APenScrollsItSelectsAndTakesAsAFingerDoes)
             QCoreApplication::sendEvent(list_.windowHandle(), &pen);
         }
     };
-    tapSlowly();
+    pace_.TapSlowly();
     const QPoint middle = list_.viewport()->rect().center();
     draw(middle, middle - QPoint(0, 4 * placeOf(0).height()));
     EXPECT_EQ(placeOf(4).top(), 0);

@@ -36,13 +36,7 @@ protected:
         QObject::connect(&next_, &QPushButton::clicked, &form_, [this] { ++timesNext_; });
     }
 
-    ~CommandButtonTest() override { QApplication::setDoubleClickInterval(interval_); }
-
     void SetUp() override { ShowAndActivate(form_); }
-
-    // From now on every tap is one by itself.
-    static void tapSlowly() { QApplication::setDoubleClickInterval(0); }
-    static void tapQuickly() { QApplication::setDoubleClickInterval(1'000'000); }
 
     // Tells a control of a finger by itself, on its upper left corner, wherever it seems to be on the screen.
     static void touch(QWidget& control, QEvent::Type type, QEventPoint::State state, QPointF place = {})
@@ -50,6 +44,18 @@ protected:
         QTouchEvent event(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, place) });
         QCoreApplication::sendEvent(&control, &event);
     }
+
+    // Of a pen, Qt makes a mouse.
+    static void tapByPen(QWidget& window, QPointF place)
+    {
+        for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
+            const auto down = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+            QMouseEvent pen(type, place, place, window.mapToGlobal(place), Qt::LeftButton, down, Qt::NoModifier,
+                Qt::MouseEventSynthesizedByQt);
+            QCoreApplication::sendEvent(window.windowHandle(), &pen);
+        }
+    }
+
     static void touch(QWidget& control, QPointF place)
     {
         touch(control, QEvent::TouchBegin, QEventPoint::Pressed, place);
@@ -57,7 +63,7 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    const int interval_ = QApplication::doubleClickInterval();
+    const Pace pace_;
     FormWindow form_ { QStringLiteral("Form"), QStringLiteral("Form"), { 4500, 3000 }, {} };
     CommandButton& done_
         = *AddButton(form_.Area(), QStringLiteral("Done"), QStringLiteral("&Hecho"), { 300, 300, 1500, 495 }, {});
@@ -147,7 +153,7 @@ TEST_F(CommandButtonTest, AFingerPressesItAsAMouseDoes)
 
 TEST_F(CommandButtonTest, TapsInARowOnSeveralControlsPressEachButtonAndADoubleTapPressesItOnce)
 {
-    tapQuickly();
+    pace_.TapQuickly();
     QTest::mouseClick(&done_, Qt::LeftButton);
     Tap(box_);
     Tap(done_);
@@ -162,7 +168,7 @@ TEST_F(CommandButtonTest, TapsInARowOnSeveralControlsPressEachButtonAndADoubleTa
 // As a hand's on a large button may be.
 TEST_F(CommandButtonTest, ADoubleTapAtTwoPlacesPressesItOnce)
 {
-    tapQuickly();
+    pace_.TapQuickly();
     Tap(done_, { 5, 5 });
     Tap(done_, { done_.width() - 5, 5 });
     EXPECT_EQ(timesDone_, 1);
@@ -170,7 +176,7 @@ TEST_F(CommandButtonTest, ADoubleTapAtTwoPlacesPressesItOnce)
 
 TEST_F(CommandButtonTest, ADoubleTapPressesNothingThatItsFirstTapBringsUnderTheFinger)
 {
-    tapQuickly();
+    pace_.TapQuickly();
     CommandButton& other
         = *AddButton(form_.Area(), QStringLiteral("Other"), QStringLiteral("Otro"), { 300, 300, 1500, 495 }, {});
     int timesOther = 0;
@@ -190,7 +196,7 @@ TEST_F(CommandButtonTest, ADoubleTapPressesNothingThatItsFirstTapBringsUnderTheF
 // As a button of the menu does, and one that a message answers.
 TEST_F(CommandButtonTest, ADoubleTapPressesNothingInAWindowThatItsFirstTapOpens)
 {
-    tapQuickly();
+    pace_.TapQuickly();
     QWidget opened;
     QPushButton there(QStringLiteral("Aceptar"), &opened);
     int timesThere = 0;
@@ -207,6 +213,47 @@ TEST_F(CommandButtonTest, ADoubleTapPressesNothingInAWindowThatItsFirstTapOpens)
     EXPECT_FALSE(there.isDown());
     touch(there, place);
     EXPECT_EQ(timesThere, 1);
+}
+
+TEST_F(CommandButtonTest, ADoubleTapOfAPenPressesNothingThatItsFirstTapBringsUnderIt)
+{
+    pace_.TapQuickly();
+    QPushButton other(QStringLiteral("Aceptar"), done_.parentWidget());
+    other.setGeometry(done_.geometry());
+    other.hide();
+    int timesOther = 0;
+    QObject::connect(&other, &QPushButton::clicked, &form_, [&timesOther] { ++timesOther; });
+    QObject::connect(&done_, &QPushButton::clicked, &form_, [this, &other] {
+        done_.hide();
+        other.show();
+    });
+    const QPoint place = done_.mapTo(&form_, done_.rect().center());
+    tapByPen(form_, place);
+    EXPECT_EQ(timesDone_, 1);
+    ASSERT_TRUE(other.isVisible());
+    tapByPen(form_, place);
+    EXPECT_EQ(timesOther, 0);
+    EXPECT_FALSE(other.isDown());
+    tapByPen(form_, place);
+    EXPECT_EQ(timesOther, 1);
+}
+
+// The finger comes first, then the hand beside it, on which it rests from then on.
+TEST_F(CommandButtonTest, AFingerPressesItAgainAndAgainWhileTheHandRestsOnTheWindow)
+{
+    pace_.TapSlowly();
+    FingerDown(done_, 0);
+    FingerDown(form_, QPoint(5, form_.height() - 5), 1);
+    LiftFinger(0);
+    EXPECT_EQ(timesDone_, 1);
+    for (int times = 2; times <= 3; ++times) {
+        FingerDown(done_, 0);
+        EXPECT_TRUE(done_.isDown());
+        LiftFinger(0);
+        EXPECT_EQ(timesDone_, times);
+    }
+    LiftFinger(1);
+    EXPECT_EQ(timesDone_, 3);
 }
 
 // Nobody would hear of the second one's end.
@@ -239,7 +286,7 @@ TEST_F(CommandButtonTest, TheFirstTapInABoxThatATapHasOpenedCounts)
 
 TEST_F(CommandButtonTest, NoFingerThatComesLaterCountsAsLongAsAnyIsDown)
 {
-    tapSlowly();
+    pace_.TapSlowly();
     FingerDown(done_, 0);
     FingerDown(done_, 1);
     LiftFinger(0);
@@ -254,7 +301,7 @@ TEST_F(CommandButtonTest, NoFingerThatComesLaterCountsAsLongAsAnyIsDown)
 // When the program has been busy, fingers come down and up again before it goes on to anything else.
 TEST_F(CommandButtonTest, TapsThatComeTogetherCountEach)
 {
-    tapSlowly();
+    pace_.TapSlowly();
     for (int tap = 1; tap <= 2; ++tap) {
         touch(done_, QEvent::TouchBegin, QEventPoint::Pressed);
         touch(done_, QEvent::TouchEnd, QEventPoint::Released);
@@ -266,7 +313,7 @@ TEST_F(CommandButtonTest, TapsThatComeTogetherCountEach)
 // The system makes a mouse of them.
 TEST_F(CommandButtonTest, FingersOnATouchpadDoNotPressItThemselves)
 {
-    tapSlowly();
+    pace_.TapSlowly();
     static QPointingDevice* const touchpad = QTest::createTouchDevice(QInputDevice::DeviceType::TouchPad,
         QInputDevice::Capability::Position | QInputDevice::Capability::MouseEmulation);
     QTest::touchEvent(&done_, touchpad).press(0, QPoint(5, 5));

@@ -380,6 +380,19 @@ TEST_F(KeypadTest, AKeyComesUpWithItsFingerWhileAHandRestsOnTheWindow)
     EXPECT_EQ(form_.Released.size(), 1U);
 }
 
+TEST_F(KeypadTest, FastTapsOnNeighboursCountEachAlsoAtTheirEdges)
+{
+    const Pace pace;
+    pace.TapQuickly();
+    showPad();
+    const QAbstractButton& five = form_.KeyNamed(QStringLiteral("5"));
+    Tap(form_.KeyNamed(QStringLiteral("5")));
+    Tap(form_.KeyNamed(QStringLiteral("6")), { 0, five.height() / 2 });
+    Tap(form_.KeyNamed(QStringLiteral("5")));
+    Tap(form_.KeyNamed(QStringLiteral("2")), { five.width() / 2, 0 });
+    EXPECT_EQ(form_.Pressed, std::vector<int>({ '5', '6', '5', '2' }));
+}
+
 TEST_F(KeypadTest, AKeyComesUpWhenThePanelTakesTheFingerBack)
 {
     showPad();
@@ -404,6 +417,39 @@ TEST_F(KeypadTest, AMenuAndAButtonAreWorkedByAFingerToo)
     Tap(*menu, menu->actionGeometry(menu->actions().front()).center());
     EXPECT_EQ(form_.Clicks, 2);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(KeypadTest, ADoubleTapOnAMenuPressesNothingThatWasUnderIt)
+{
+    const Pace pace;
+    pace.TapQuickly();
+    QPushButton under(&form_);
+    under.setGeometry(0, 0, form_.width(), 200);
+    under.lower();
+    under.show();
+    int timesUnder = 0;
+    QObject::connect(&under, &QPushButton::clicked, &form_, [&timesUnder] { ++timesUnder; });
+    const auto tapOn = [](QWidget& control, QPoint place) {
+        static QPointingDevice* const panel = QTest::createTouchDevice();
+        QWindow* window = control.window()->windowHandle();
+        QTest::touchEvent(window, panel).press(0, control.mapTo(control.window(), place), window);
+        QTest::touchEvent(window, panel).release(0, control.mapTo(control.window(), place), window);
+        QCoreApplication::processEvents();
+    };
+    QMenuBar& bar = *form_.MenuBar();
+    tapOn(bar, bar.actionGeometry(bar.actions().front()).center());
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    const QPoint item = menu->actionGeometry(menu->actions().front()).center();
+    const QPoint place = form_.mapFromGlobal(menu->mapToGlobal(item));
+    ASSERT_EQ(form_.childAt(place), &under);
+    tapOn(*menu, item);
+    EXPECT_EQ(form_.Clicks, 1);
+    ASSERT_EQ(QApplication::activePopupWidget(), nullptr);
+    tapOn(form_, place);
+    EXPECT_EQ(timesUnder, 0);
+    tapOn(form_, place);
+    EXPECT_EQ(timesUnder, 1);
 }
 
 // --- The keys --------------------------------------------------------------------------------------------------------
@@ -1124,10 +1170,11 @@ TEST_F(KeypadDragTest, CannotBeDraggedOverTheBoxThatIsWrittenIn)
     EXPECT_EQ(form_.Pad()->pos(), before);
 }
 
-TEST_F(KeypadDragTest, IsNotShownByTheHandThatDragsItWhenSomethingHasHiddenIt)
+TEST_F(KeypadDragTest, IsNotShownNorMovedByTheHandThatDragsItWhenSomethingHasHiddenIt)
 {
     form_.resize(1280, 800);
     showPad();
+    const QPoint before = form_.Pad()->pos();
     const QPoint grip(form_.Pad()->width() / 2, 5);
     FingerDown(*form_.Pad(), grip);
     MoveFinger(*form_.Pad(), grip + QPoint(0, 40));
@@ -1137,6 +1184,26 @@ TEST_F(KeypadDragTest, IsNotShownByTheHandThatDragsItWhenSomethingHasHiddenIt)
     EXPECT_FALSE(form_.Switch().isChecked());
     LiftFinger();
     EXPECT_FALSE(form_.ShowsPad());
+    showPad();
+    EXPECT_EQ(form_.Pad()->pos(), before);
+}
+
+TEST_F(KeypadDragTest, ADragGoesOnWhereThereIsRoomForItAgain)
+{
+    form_.setMinimumSize(100, 100);
+    form_.resize(1920, 1080);
+    showPad();
+    const QPoint grip(form_.Pad()->width() / 2, 5);
+    FingerDown(*form_.Pad(), grip);
+    MoveFinger(*form_.Pad(), grip + QPoint(0, 40));
+    form_.resize(165, 260);
+    ASSERT_FALSE(form_.ShowsPad());
+    MoveFinger(form_, QPoint(100, 150)); // with a size that it would have nowhere here
+    EXPECT_FALSE(form_.ShowsPad());
+    form_.resize(1920, 1080);
+    EXPECT_TRUE(form_.ShowsPad());
+    LiftFinger();
+    EXPECT_TRUE(form_.ShowsPad());
 }
 
 TEST_F(KeypadDragTest, AnotherTouchOfItsGripHasToGoAsFarAsTheFirst)
