@@ -11,5 +11,6 @@ with zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED, compresslevel=9) as arch
     for file in sorted(path for path in folder.rglob("*") if path.is_file()):
         entry = zipfile.ZipInfo(str(file.relative_to(folder.parent)), time.gmtime(seconds)[:6])
         entry.compress_type = zipfile.ZIP_DEFLATED
-        entry.create_system = 0  # names in UTF-8 and no rights of Unix
+        entry.create_system = 0
+        entry.external_attr = 0o644 << 16  # or else whoever unpacks it for a server would be the only one to read it
         archive.writestr(entry, file.read_bytes(), compresslevel=9)
