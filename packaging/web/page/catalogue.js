@@ -106,11 +106,10 @@ function allRecords(bytes, condition) {
 
 function isRecord(record) {
     const price = new DataView(record.buffer, record.byteOffset).getFloat32(priceAt, true);
-    return Number.isFinite(price) && price >= 0
-        && isText(record.subarray(0, priceAt)) && isText(record.subarray(priceAt + 4));
+    return !Number.isNaN(price) && isText(record.subarray(0, priceAt)) && isText(record.subarray(priceAt + 4));
 }
 
-// Text that was never set is zeros.
+// Text that was never set is zeros; tabs and line ends may have been pasted.
 function isText(bytes) {
-    return bytes.every(byte => byte === 0 || byte >= 32);
+    return bytes.every(byte => byte >= 32 || "\0\t\n\r".includes(String.fromCharCode(byte)));
 }

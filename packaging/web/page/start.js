@@ -110,8 +110,7 @@ async function run(module, catalogue) {
 
 // The toolkit waits to be told by a button of its own, which is in English and would have to be found first.
 function switchOnAccessibility() {
-    byId("program").querySelector("#qt-shadow-container")?.shadowRoot
-        .querySelector("button.hidden-visually-read-by-screen-reader")?.click();
+    toolkit()?.querySelector("button.hidden-visually-read-by-screen-reader")?.click();
 }
 
 // What the program says to a pupil who does not see. The same words twice are heard twice.
@@ -130,6 +129,11 @@ function announce(text) {
 function spanishOrder(texts) {
     const spanish = new Intl.Collator("es", { sensitivity: "accent" }); // which ignores case
     return texts.map((_, place) => place).sort((one, other) => spanish.compare(texts[one], texts[other]));
+}
+
+// Where the toolkit has its windows
+function toolkit() {
+    return byId("program").querySelector("#qt-shadow-container")?.shadowRoot;
 }
 
 // The element that has the program's keys
@@ -177,6 +181,22 @@ function handleUncaught(event, error) {
 }
 addEventListener("error", event => handleUncaught(event, event.error));
 addEventListener("unhandledrejection", event => handleUncaught(event, event.reason));
+
+// Alt+F4, which closes a window elsewhere, closes the whole browser. Here F4 does it, by the button of the frame: one
+// window has no other way out.
+addEventListener("keydown", event => {
+    const { key, altKey, ctrlKey, shiftKey, metaKey } = event;
+    if (!running || byId("question").open || key !== "F4" || altKey || ctrlKey || shiftKey || metaKey) {
+        return;
+    }
+    event.preventDefault();
+    event.stopPropagation();
+    if (!event.repeat) {
+        const windows = toolkit().querySelectorAll(".qt-window.has-title:not(.inactive)");
+        [...windows].find(one => one.style.display === "block")
+            ?.querySelector(".title-bar > .image-button:last-of-type")?.click();
+    }
+}, { capture: true });
 
 // Keys that the program has, or may have in another window, and those by which the page would be left, loaded anew or
 // covered: what the browser would do with them would end an exercise or stand before it.

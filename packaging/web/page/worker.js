@@ -113,7 +113,8 @@ async function newestCatalogue() {
         const response = await fetch(catalogue,
             { cache: "no-cache", signal: old ? AbortSignal.timeout(patience) : undefined });
         if (isAnswer(response)) {
-            await cache.put(catalogue, keepable(response.clone()));
+            const keeping = cache.put(catalogue, keepable(response.clone()));
+            await (old ? keeping.catch(() => {}) : keeping); // without room the old one is kept, and this one used
         }
         if (isAnswer(response) || !old) {
             return response;

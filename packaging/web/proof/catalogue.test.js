@@ -152,6 +152,26 @@ inEachBrowser(school => {
         assert.equal(await readsPrice(tab), "8,5");
     });
 
+    test("a catalogue for which the browser has no room to keep it is used all the same", async () => {
+        const worker = await readFile(school.file("worker.js"), "utf8");
+        await rm(school.file("worker.js.br"), { force: true });
+        await rm(school.file("worker.js.gz"), { force: true });
+        await writeFile(school.file("worker.js"), worker + `
+            const { put } = Cache.prototype;
+            Cache.prototype.put = async function (name, response) {
+                if (name === catalogue && await this.match(name)) {
+                    throw new DOMException("full", "QuotaExceededError");
+                }
+                return put.call(this, name, response);
+            };`);
+        const tab = await school.start();
+        await tab.isKept();
+        await school.replaceCatalogue(withPrice(await school.catalogue(), 8.5));
+        await tab.reloads();
+        await tab.sees("NUMBRELA");
+        assert.equal(await readsPrice(tab), "8,5");
+    });
+
     test("products are sorted as in a Spanish dictionary", async () => {
         const names = ["Árbol", "arce", "nuez", "Nuez moscada", "ñame", "oca", "papa", "papá"];
         const prices = names.map((_, index) => index + 1);
@@ -233,11 +253,21 @@ inEachBrowser(school => {
         await answers(tab, /^Ya se usa el catálogo de la escuela/, "Aceptar");
     });
 
+    test("whatever the editor saves into a file comes back from it", async () => {
+        const tab = await school.start();
+        await savesPrice(tab, "-1"); // as it takes it
+        await tab.clicksOnPage(save);
+        for (const bytes of [await downloaded(), catalogueOf([["Pan\ty\r\nsal", Infinity]])]) {
+            await chooses(tab, "otro.dat", bytes);
+            await answers(tab, /^¿Abrir el catálogo/, "Cancelar");
+        }
+    });
+
     test("a file that is no catalogue is refused", async () => {
         const tab = await school.start();
         const original = await school.catalogue();
         const others = [Buffer.alloc(0), original.subarray(1), await readFile(school.file("icon-192.png")),
-            Buffer.alloc(154, "\n"), withPrice(original, NaN)];
+            Buffer.alloc(154, "\x1b"), withPrice(original, NaN)];
         for (const bytes of others) {
             await chooses(tab, "otro.dat", bytes);
             await answers(tab, "El archivo no es un catálogo de Numbrela.", "Aceptar");

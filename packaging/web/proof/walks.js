@@ -10,7 +10,7 @@ export async function opens(tab, title) {
 }
 
 async function leaves(tab, key) {
-    await (key ? tab.press("alt+o", key) : tab.closesByTheFrame());
+    await tab.press(...key ? ["alt+o", key] : ["F4"]);
     await tab.sees("NUMBRELA");
     await tab.press("Tab");
 }
