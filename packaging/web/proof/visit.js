@@ -263,9 +263,11 @@ export class Tab {
         await this.write([...text].reverse().join(""));
     }
 
-    // What stands in the box that has the focus, when it matches: copied as a person would copy it.
+    // What stands in the box that has the focus, when it matches: copied as a person would copy it. What others have
+    // copied is forgotten before; from an empty box, though, Qt copies once more what it copied last.
     async copies(pattern = /./) {
         let text = "";
+        await this.forgetsWhatWasCopied();
         for (const end = Date.now() + patience; Date.now() < end;) {
             await this.press("ctrl+a", "ctrl+c");
             text = await this.page.evaluate(() => navigator.clipboard.readText().catch(error => `(${error})`));
