@@ -1,10 +1,13 @@
 // Writes into the service worker of a folder what the files are that it keeps. A name that ends with a slash stands for
-// all that is in a folder, of which its first page goes by that name, but for what lies packed beside its file.
+// all that is in a folder, of which its first page goes by that name, but for what lies packed beside its file. Fails when
+// a file beside the worker is not in its list: without a network, the program would lack it.
 // Usage: node sums.mjs FOLDER
 import { createHash } from "node:crypto";
 import { readFile, readdir, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { pathToFileURL } from "node:url";
+
+const isUnpackedFile = name => /\.(?!br$|gz$)\w+$/.test(name);
 
 export async function writeSums(folder) {
     const file = join(folder, "worker.js");
@@ -13,8 +16,12 @@ export async function writeSums(folder) {
     const names = new Set([...list.matchAll(/"(.*)": /g)].map(([, name]) => name));
     for (const whole of [...names].filter(name => name.endsWith("/"))) {
         const files = await readdir(join(folder, whole), { recursive: true });
-        files.filter(name => /\.(?!br$|gz$)\w+$/.test(name)).sort()
-            .forEach(name => names.add(whole + name.replace(/^index\.html$/, "")));
+        files.filter(isUnpackedFile).sort().forEach(name => names.add(whole + name.replace(/^index\.html$/, "")));
+    }
+    const missing = (await readdir(folder)).filter(isUnpackedFile)
+        .filter(name => name !== "worker.js" && !names.has(name.replace(/^index\.html$/, "")));
+    if (missing.length > 0) {
+        throw new Error(`worker.js does not keep ${missing.join(", ")}`);
     }
     const lines = await Promise.all([...names].map(async name => {
         const content = await readFile(join(folder, name.replace(/^$|\/$/, "$&index.html")));
