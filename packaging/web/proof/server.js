@@ -24,6 +24,7 @@ export class Server {
         this.requests = [];
         this.failing = null; // a pattern of names that it has, but fails to give
         this.hanging = null; // of names to which it never answers
+        this.encodesPacked = false; // it sends a .gz as what is packed in it, which the browser unpacks
         this.isOdd = false; // as some are: pages go by names without .html, and are said to vary with everything
     }
 
@@ -83,6 +84,8 @@ export class Server {
         if (this.compressed && /\bbr\b/.test(request.headers["accept-encoding"]) && await sizeAndTime(path + ".br")) {
             path += ".br";
             head["Content-Encoding"] = "br";
+        } else if (this.encodesPacked && path.endsWith(".gz")) {
+            head["Content-Encoding"] = "gzip";
         }
         const file = await sizeAndTime(path);
         if (!file) {

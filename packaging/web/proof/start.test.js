@@ -36,13 +36,16 @@ inEachBrowser(school => {
         assert.ok(new Set(percents).size > 3, `only ${percents}`);
     });
 
-    test("a server that knows nothing of compression is asked for the compressed file, which is kept, too", async () => {
-        await school.opens(folder, { compressed: false });
-        const tab = await school.start();
-        assert.ok(school.server.requests.some(name => name.endsWith("numbrela.wasm.gz")));
-        await tab.isKept();
-        await startsWithoutNetwork(tab);
-    });
+    for (const [which, encodesPacked] of [["knows nothing of compression", false], ["knows of .gz alone", true]]) {
+        test(`a server that ${which} is asked for the compressed file, which is kept, too`, async () => {
+            await school.opens(folder, { compressed: false });
+            school.server.encodesPacked = encodesPacked;
+            const tab = await school.start();
+            assert.ok(school.server.requests.some(name => name.endsWith("numbrela.wasm.gz")));
+            await tab.isKept();
+            await startsWithoutNetwork(tab);
+        });
+    }
 
     test("the first picture takes little longer than that of an empty window", async () => {
         // What else the machine does only ever adds, so the shortest of many tells most: more when it is busy. To stop as
