@@ -160,7 +160,7 @@ inEachBrowser(school => {
         const worker = await readFile(school.file("worker.js"), "utf8");
         await removes("worker.js");
         await writeFile(school.file("worker.js"), worker.replace(/(?<="style\.css": ")\w+/, "another"));
-        assert.equal(await tab.page.evaluate(installs), false);
+        assert.equal(await tab.page.evaluate(installs), "redundant");
         await startsWithoutNetwork(tab);
         school.person.forgives(/^the worker: /);
     });
@@ -170,15 +170,15 @@ inEachBrowser(school => {
         const first = await school.start();
         await first.isKept();
         await cp(join(next, "worker.js"), school.file("worker.js"));
-        assert.equal(await first.page.evaluate(installs), false, "while all else is old");
+        assert.equal(await first.page.evaluate(installs), "redundant", "while all else is old");
         await cp(next, school.site, { recursive: true });
         await truncate(school.file("numbrela.js"), 100_000);
-        assert.equal(await first.page.evaluate(installs), false, "while a script is half there");
+        assert.equal(await first.page.evaluate(installs), "redundant", "while a script is half there");
         await first.page.close();
         const old = await school.start();
         await getsFilesOf(old, folder);
         await cp(next, school.site, { recursive: true });
-        assert.equal(await old.page.evaluate(installs), true);
+        assert.equal(await old.page.evaluate(installs), "installed");
         await old.page.close();
         await getsFilesOf(await school.start(), next);
         school.person.forgives(/^the worker: /); // why it was not kept before
@@ -189,10 +189,10 @@ inEachBrowser(school => {
         await tab.isKept();
         await cp(await nextVersion(), school.site, { recursive: true });
         school.server.failing = /productos\.dat$/;
-        assert.equal(await tab.page.evaluate(installs), false);
+        assert.equal(await tab.page.evaluate(installs), "redundant");
         assert.equal((await tab.page.evaluate(() => caches.keys())).length, 1, "what came of it takes no room");
         school.server.failing = null;
-        assert.equal(await tab.page.evaluate(installs), true);
+        assert.equal(await tab.page.evaluate(installs), "installed");
         school.person.forgives(/^the worker: /); // why it was not kept before
     });
 
@@ -311,7 +311,8 @@ inEachBrowser(school => {
     }
 });
 
-// Runs in the page: asks for the newest version, and tells whether all of it came.
+// Runs in the page: asks for the newest version, and tells what became of it: "installed" when all of it came,
+// "redundant" when it did not, undefined when the page has it already.
 async function installs() {
     const registration = await navigator.serviceWorker.getRegistration();
     await registration.update();
@@ -319,7 +320,7 @@ async function installs() {
     if (worker) {
         await new Promise(done => worker.addEventListener("statechange", done, { once: true }));
     }
-    return registration.waiting !== null;
+    return worker?.state;
 }
 
 // These run in the page, before it.
