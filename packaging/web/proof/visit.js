@@ -56,23 +56,41 @@ export class Person {
         if (this.kind !== "firefox") {
             await this.context.overridePermissions(server.origin(),
                 ["clipboard-read", "clipboard-write", "clipboard-sanitized-write"]);
-            this.context.on("targetcreated", target => target.type() === "service_worker"
-                && this.#watches(target).catch(() => {})); // a worker that has gone already has nothing to say
+            await this.#watchesWorkers();
         }
         return this;
     }
 
-    async #watches(worker) {
-        const session = await worker.createCDPSession();
+    // From before their first line: what a worker has asked for before is not told afterwards.
+    async #watchesWorkers() {
+        this.watcher = await this.browser.target().createCDPSession();
+        this.watcher.on("Target.attachedToTarget", ({ sessionId }) =>
+            this.#watches(this.watcher.connection().session(sessionId))
+                .catch(() => {})); // a worker that has gone already has nothing to say
+        await this.watcher.send("Target.setAutoAttach", { autoAttach: true, waitForDebuggerOnStart: true, flatten: true,
+            filter: [{ type: "service_worker" }] });
+    }
+
+    async #watches(session) {
         session.on("Runtime.exceptionThrown", ({ exceptionDetails }) =>
             this.errors.push(`the worker: ${exceptionDetails.exception?.description ?? exceptionDetails.text}`));
         session.on("Runtime.consoleAPICalled", ({ args }) => this.errors.push(`the worker: ${args[0]?.value}`));
         session.on("Log.entryAdded", ({ entry }) => this.errors.push(`the worker: ${entry.text}`));
-        await Promise.all([session.send("Runtime.enable"), session.send("Log.enable")]);
+        session.on("Network.requestWillBeSent", ({ request }) => this.#hearsRequest(request.url));
+        await Promise.all(["Runtime", "Log", "Network"].map(one => session.send(`${one}.enable`)));
+        await session.send("Runtime.runIfWaitingForDebugger");
+    }
+
+    #hearsRequest(url) {
+        const own = [this.server.origin(), this.server.origin(plainName), "data:", "blob:"];
+        if (!own.some(one => url.startsWith(one))) {
+            this.errors.push(`something from elsewhere: ${url}`);
+        }
     }
 
     async leave() {
         await this.context.close();
+        await this.watcher?.detach();
         assert.deepEqual(this.errors, [], "the browser reported errors");
     }
 
@@ -89,12 +107,7 @@ export class Person {
             && !message.location().url?.endsWith("/favicon.ico") // which Chromium asks for past the worker
             && this.errors.push(message.text()));
         page.on("pageerror", error => this.errors.push(String(error)));
-        page.on("request", request => {
-            const own = [this.server.origin(), this.server.origin(plainName), "data:", "blob:"];
-            if (!own.some(one => request.url().startsWith(one))) {
-                this.errors.push(`something from elsewhere: ${request.url()}`);
-            }
-        });
+        page.on("request", request => this.#hearsRequest(request.url()));
         await page.setViewport({ width, height, deviceScaleFactor: ratio, hasTouch: touch });
         if (before) {
             await page.evaluateOnNewDocument(before);
