@@ -280,7 +280,7 @@ export class Tab {
     // copied is forgotten before; from an empty box, though, Qt copies once more what it copied last.
     async copies(pattern = /./) {
         let text = "";
-        await this.forgetsWhatWasCopied();
+        await this.page.evaluate(() => navigator.clipboard.writeText(""));
         for (const end = Date.now() + patience; Date.now() < end;) {
             await this.press("ctrl+a", "ctrl+c");
             text = await this.page.evaluate(() => navigator.clipboard.readText().catch(error => `(${error})`));
@@ -289,11 +289,6 @@ export class Tab {
             }
         }
         return this.failsToFind(`a text that matches ${pattern} instead of '${text}'`);
-    }
-
-    // After this, only what is copied anew can be read.
-    async forgetsWhatWasCopied() {
-        await this.page.evaluate(() => navigator.clipboard.writeText(""));
     }
 }
 

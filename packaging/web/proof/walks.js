@@ -26,11 +26,6 @@ export async function enters(tab, key, box, number, title) {
 
 const tabs = (tab, times) => tab.press(...Array(times).fill("Tab"));
 
-async function copiesAnew(tab, pattern = /./) {
-    await tab.forgetsWhatWasCopied();
-    return tab.copies(pattern);
-}
-
 // A number with one decimal at most, in tenths.
 const tenths = number => Math.round(10 * Number(number.trim().replace(",", ".")));
 
@@ -55,7 +50,7 @@ async function column(tab, ...exercise) {
     await writesColumn(tab, ...exercise);
     await tab.press("Enter");
     await tabs(tab, 3);
-    await copiesAnew(tab, oneRight);
+    await tab.copies(oneRight);
 }
 
 async function multiplication(tab) {
@@ -69,7 +64,7 @@ async function multiplication(tab) {
     await tab.writeFromTheRight("1035");
     await tab.press("Enter");
     await tabs(tab, 3);
-    await copiesAnew(tab, oneRight);
+    await tab.copies(oneRight);
 }
 
 // 96 : 8, under the dividend 16 and then the rest, 0
@@ -85,7 +80,7 @@ async function division(tab) {
     await tab.write("12");
     await tab.press("Tab", "Space");
     await tabs(tab, 3);
-    await copiesAnew(tab, oneRight);
+    await tab.copies(oneRight);
 }
 
 // One number after the other is chosen, and a wrong one vanishes, until it is the right one.
@@ -94,7 +89,7 @@ async function comparison(tab) {
     let score = "";
     for (let errors = 0; errors < 6 && !score.startsWith("Aciertos: 1;"); ++errors) {
         await tab.press("Space", "shift+Tab", "shift+Tab");
-        score = await copiesAnew(tab, /Aciertos/);
+        score = await tab.copies(/Aciertos/);
         await tab.press("Tab", "Tab");
     }
     assert.match(score, /^Aciertos: 1; +Errores: [0-5]\.$/);
@@ -106,11 +101,11 @@ async function powersOfTen(tab) {
     await enters(tab, "F2", "Insertar factor 1", "57", powersTitle);
     await enters(tab, "F3", "Insertar factor 2", "100", powersTitle);
     await tab.press("shift+Tab", "shift+Tab", "shift+Tab");
-    const sign = await copiesAnew(tab, /[×÷]/);
+    const sign = await tab.copies(/[×÷]/);
     await tabs(tab, 3);
     await tab.write(sign.includes("×") ? "5700" : "0,57");
     await tab.press("Enter", "shift+Tab");
-    await copiesAnew(tab, /^Resultado correcto ?$/);
+    await tab.copies(/^Resultado correcto ?$/);
 }
 
 // Two addends with one decimal at most, until their sum is whole: others are never judged right.
@@ -121,7 +116,7 @@ async function placeAndAdd(tab) {
     let addends;
     for (;;) {
         await tab.press("shift+Tab");
-        addends = (await copiesAnew(tab)).split("+");
+        addends = (await tab.copies()).split("+");
         await tab.press("Tab");
         if ((tenths(addends[0]) + tenths(addends[1])) % 10 === 0) {
             break;
@@ -136,7 +131,7 @@ async function placeAndAdd(tab) {
         await tab.press("Tab");
     }
     await tab.press("Space", "Tab");
-    await copiesAnew(tab, /^Resultado correcto ?$/);
+    await tab.copies(/^Resultado correcto ?$/);
 }
 
 // In the first shop, what these keys choose there. Returns what it costs, in cents.
@@ -145,11 +140,11 @@ async function buys(tab, ...choices) {
     await tab.press("Home", ...choices);
     await tabs(tab, 3);
     await tab.press("Space", "shift+Tab");
-    const price = cents(await copiesAnew(tab, /\d/));
+    const price = cents(await tab.copies(/\d/));
     await tab.press("Tab");
     await tab.writeFromTheRight(euros(price));
     await tab.press("Tab", "Space", "shift+Tab");
-    const change = cents(await copiesAnew(tab, /\d/));
+    const change = cents(await tab.copies(/\d/));
     await tab.press("Tab");
     await tab.writeFromTheRight(euros(change));
     await tab.press("Tab", "Space", "Enter");
@@ -160,10 +155,10 @@ async function buys(tab, ...choices) {
 async function purchase(tab) {
     await opens(tab, "La compra");
     await tab.press("alt+d");
-    const before = cents(await copiesAnew(tab, /\d/));
+    const before = cents(await tab.copies(/\d/));
     const price = await buys(tab, "Down", "Enter", "Enter");
     await tab.press("alt+d");
-    assert.equal(cents(await copiesAnew(tab, /\d/)), before - price, "what is left in the purse");
+    assert.equal(cents(await tab.copies(/\d/)), before - price, "what is left in the purse");
 }
 
 // All that the list may ask for, up to three pieces of each of so many products, and then home.
@@ -221,7 +216,7 @@ export async function readsPrices(tab, count) {
     const prices = [];
     for (let product = 0; product < count; ++product) {
         await tab.press("End", "Home", ...Array(product).fill("Down"), "Tab", "Tab", "Tab");
-        prices.push(await copiesAnew(tab, /\d/));
+        prices.push(await tab.copies(/\d/));
         await tab.press("shift+Tab", "shift+Tab", "shift+Tab");
     }
     await tab.closesByTheFrame();
