@@ -133,9 +133,9 @@ inEachBrowser(school => {
         const next = await nextVersion();
         const first = await school.start();
         await first.isKept();
-        await first.page.close();
         await cp(next, school.site, { recursive: true });
         const old = await school.start();
+        await first.page.close(); // not earlier: a browser may look for a new version a while after a visit
         await old.until("the new version", async () => (await navigator.serviceWorker.getRegistration()).waiting);
         await getsFilesOf(old, folder);
         await old.page.close();

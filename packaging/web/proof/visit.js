@@ -15,8 +15,8 @@ const names = {
     Right: "ArrowRight", Left: "ArrowLeft", Up: "ArrowUp", Down: "ArrowDown",
 };
 
-// What is no error of the program: Qt asks where the program itself stands when assistive tools are switched on; Firefox
-// refuses one of the two ways in which Qt copies; the proofs look at pixels.
+// What is no error of the program: Qt asks where the program itself stands when assistive tools are switched on, and
+// where a line of a list that is gone; Firefox refuses one of the two ways in which Qt copies; the proofs look at pixels.
 const knownWarnings = [/^qt\.qpa\.accessibility: Unable to find window for /,
     /^clipboard error "NotAllowedError"/, /^Canvas2D: .*getImageData/];
 
