@@ -62,6 +62,8 @@ public:
     void TapQuickly() const;
 
 private:
+    static void tapNowhere();
+
     const int before_ = QApplication::doubleClickInterval(); // milliseconds
 };
 
