@@ -40,7 +40,9 @@ std::string TextBox::Text() const
 void TextBox::SetText(const std::string& text)
 {
     const QString newText = QString::fromStdString(text);
-    QLineEdit::setMaxLength(std::max(maxLength(), static_cast<int>(newText.size())));
+    if (newText.size() > maxLength()) {
+        QLineEdit::setMaxLength(static_cast<int>(newText.size())); // writes the old text again, and tells readers so
+    }
     setText(newText);
     SetMaximumTypedLength(maximumTypedLength_);
     colours_.ShowNoVerdict();
