@@ -13,9 +13,11 @@ class LinuxPupil(Pupil):
 
     def __init__(self, waits_after_a_key=lambda: None):
         super().__init__(waits_after_a_key)
+        self.drawn_by_a_caret_to = None  # the box of which a caret alone has told that it has the focus
         self._listen("window:activate", self._on_window)
         self._listen("object:state-changed:focused", self._on_focus)
         self._listen("object:state-changed:showing", self._on_showing)
+        self._listen("object:text-changed:delete", self._on_deletion)
         self._listen("object:text-changed:insert", self._on_insertion)
         self._listen("object:text-caret-moved", self._on_caret)
         self._listen("object:active-descendant-changed", self._on_descendant)
@@ -51,19 +53,32 @@ class LinuxPupil(Pupil):
             sentence = described(event.source)
             self.focus = event.source
             self._say(*sentence)
+        self.drawn_by_a_caret_to = None
 
     def _on_showing(self, event):
         if event.detail1 == 1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
             self._announce(event.source.name)
 
+    def _on_deletion(self, event):
+        self._on_new_text(event.source)
+
     def _on_insertion(self, event):
+        self._on_new_text(event.source)
         if event.source == self.focus:
             self.written.append(event.any_data)
+
+    def _on_new_text(self, box):
+        """Where the program itself writes, a clock's next second for one, the caret goes before the text. A pupil whose
+        hands were busy meanwhile may find the focus there already, but has yet to hear of it."""
+        if box == self.drawn_by_a_caret_to:
+            self.focus = None
 
     def _on_caret(self, event):
         """A reader asks for the word at the caret, wherever that is, and takes the focus to be there: so a caret that
         moves before its box gets the focus keeps the reader from saying that it has got it."""
         if event.source.getState().contains(pyatspi.STATE_FOCUSED):
+            if event.source != self.focus:
+                self.drawn_by_a_caret_to = event.source
             self.focus = event.source
             self.caret = event.detail1
         event.source.queryText().getTextAtOffset(event.detail1, pyatspi.TEXT_BOUNDARY_WORD_START)

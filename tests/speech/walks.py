@@ -315,7 +315,7 @@ def shopping(pupil):
         pupil.hears("Productos disponibles")
         pupil.hears(rf"{shop}\. Coloque en la cesta .* botón de continuar")
         bought = [product for product in shelf(pupil) if product in wanted]
-        for product in bought:
+        for product in reversed(bought):  # since the shelf was gone through downwards
             takes(pupil, product, int(wanted.pop(product)))
         if not bought:
             puts_back_what_is_not_wanted(pupil)
@@ -370,9 +370,7 @@ def shelf(pupil):
 
 def takes(pupil, product, units):
     if not pupil.has_focus_on(product):
-        pupil.presses("Home")
-        if pupil.hears(".*").group() != product:
-            pupil.goes_to(re.escape(product), "Down")
+        pupil.goes_to(re.escape(product), "Up")
     for unit in range(1, units + 1):
         pupil.presses("Return")
         pupil.hears(rf"Cesta de la compra: \({unit}\) {re.escape(product)} {NUMBER}")
