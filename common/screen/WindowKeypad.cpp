@@ -3,11 +3,12 @@
 #include "common/screen/BoxKeypad.h"
 #include "common/screen/FormWindow.h"
 #include "common/screen/KeypadSwitch.h"
-#include "common/screen/TextBox.h"
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QTextEdit>
 
 #include <algorithm>
 #include <iterator>
@@ -247,9 +248,14 @@ std::optional<QRect> WindowKeypad::freeDraggedPlace(const std::vector<QSize>& si
 bool WindowKeypad::anyBoxTakesTyping() const
 {
     const QList<QWidget*> controls = window_.findChildren<QWidget*>();
-    return std::any_of(controls.begin(), controls.end(), [this](const QWidget* control) {
-        return control->window() == &window_ && control->isVisibleTo(&window_) && TakesTyping(*control);
-    });
+    return std::any_of(controls.begin(), controls.end(),
+        [this](const QWidget* control) { return isInSight(*control) && TakesTyping(*control); });
+}
+
+// Also below a message, but not in a dialog that has been opened by the window.
+bool WindowKeypad::isInSight(const QWidget& control) const
+{
+    return control.window() == &window_ && control.isVisibleTo(&window_);
 }
 
 // What is below the menu bar.
@@ -266,7 +272,7 @@ QRect WindowKeypad::boxInUse() const
         : QRect();
 }
 
-// A button that is covered cannot be pressed, a box with a text not be read. A list shows as much elsewhere when it is
+// A button that is covered cannot be pressed, a text in a box not be read. A list shows as much elsewhere when it is
 // scrolled, and a sign is only looked at. What is in a frame is counted by itself.
 std::vector<Obstacle> WindowKeypad::otherControls() const
 {
@@ -274,10 +280,11 @@ std::vector<Obstacle> WindowKeypad::otherControls() const
     for (const QWidget* control : window_.findChildren<QWidget*>()) {
         const bool stands = dynamic_cast<TwipsLayout*>(control->parentWidget()->layout()) != nullptr;
         const bool isFrame = control->layout() != nullptr;
-        if (stands && !isFrame && control != Pad() && control->isVisibleTo(&window_)) {
+        if (stands && !isFrame && control != Pad() && isInSight(*control)) {
             const bool isButton = qobject_cast<const QAbstractButton*>(control) != nullptr;
-            const bool isBox = qobject_cast<const TextBox*>(control) != nullptr;
-            obstacles.push_back({ placeOf(*control), isButton ? 8 : isBox ? 4 : 1 });
+            const bool isText = qobject_cast<const QLineEdit*>(control) != nullptr
+                || qobject_cast<const QTextEdit*>(control) != nullptr;
+            obstacles.push_back({ placeOf(*control), isButton ? 8 : isText ? 4 : 1 });
         }
     }
     return obstacles;

@@ -63,6 +63,7 @@ private:
     QRect room() const;
     QRect boxInUse() const;
     QRect placeOf(const QWidget& control) const;
+    bool isInSight(const QWidget& control) const;
     std::vector<Obstacle> otherControls() const;
 
     FormWindow& window_;

@@ -8,6 +8,8 @@
 #include "activities/shopping/tests/StillClocks.h"
 #include "activities/shopping/tests/TemporaryFolder.h"
 #include "activities/shopping/tests/TestTables.h"
+#include "common/screen/Keypad.h"
+#include "common/screen/KeypadSwitch.h"
 #include "common/screen/Line.h"
 #include "common/screen/TextBox.h"
 #include "tests/support/FixedClock.h"
@@ -367,6 +369,24 @@ TEST_F(Form7Test, TheNextShopIsEnteredAsTheFirst)
     EXPECT_EQ(form.LICesta->LineCount(), 0);
     expectInShop(form, true);
     expectPlaces(form, atTheShelf);
+}
+
+TEST_F(Form7Test, TheKeypadOnTheScreenCoversNoPriceHoweverManyThereAre)
+{
+    for (const int units : { 8, 12, 16, 20, 28 }) {
+        Form7& form = openBakery();
+        addUp(form, units);
+        ClickOnScreen(*form.findChild<KeypadSwitch*>());
+        const auto& keypad = *form.findChild<Keypad*>();
+        for (const QSize& size : { form.size(), QSize(1280, 800), QSize(1366, 768), QSize(1920, 1080) }) {
+            form.resize(size);
+            QCoreApplication::processEvents();
+            const QRect prices(form.TBCantidades->mapTo(&form, QPoint()), form.TBCantidades->size());
+            EXPECT_TRUE(keypad.isVisible());
+            EXPECT_FALSE(keypad.geometry().intersects(prices)) << units << " units, " << size.width() << " pixels wide";
+        }
+        ClickOnScreen(*form.findChild<KeypadSwitch*>());
+    }
 }
 
 TEST_F(Form7Test, TheResultIsWrittenFromRightToLeftAlsoWithTheCommaOfTheKeypad)
