@@ -8,6 +8,7 @@
 #include "common/screen/Keyboard.h"
 #include "common/screen/KeypadSwitch.h"
 #include "common/screen/TextBox.h"
+#include "common/screen/TwipsLayout.h"
 #include "common/screen/WindowKeypad.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
@@ -950,6 +951,26 @@ TEST_F(KeypadTest, GetsOutOfTheWayOfWhatComesUnderItInAFrameThatIsThereAlready)
         EXPECT_NE(form.Pad()->geometry(), before);
         EXPECT_FALSE(onScreen(*button).intersects(onScreen(*form.Pad())));
     }
+}
+
+TEST_F(KeypadTest, DoesNotMindWhatStandsInADialog)
+{
+    showPad();
+    const QSize size = form_.size();
+    const auto placeWhenResizedTo = [this](const QSize& changed) {
+        form_.resize(changed);
+        QCoreApplication::processEvents();
+        return form_.Pad()->geometry();
+    };
+    const QRect place = placeWhenResizedTo(size + QSize(0, 1));
+    placeWhenResizedTo(size);
+    QWidget dialog(&form_, Qt::Dialog);
+    dialog.setGeometry({ QPoint(), size });
+    auto& area = *new TwipsLayout(&dialog, { size.width() * 15, size.height() * 15 }, {});
+    AddButton(area, QStringLiteral("Two"), QStringLiteral("&Dos"),
+        { place.x() * 15, place.y() * 15, place.width() * 15, place.height() * 15 }, {});
+    dialog.show();
+    EXPECT_EQ(placeWhenResizedTo(size + QSize(0, 1)), place);
 }
 
 TEST_F(KeypadTest, IsNotThereWhereItFitsNowhereBesideTheBoxAndComesBackWithTheRoom)
