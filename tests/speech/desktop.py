@@ -116,7 +116,15 @@ class Desktop:
 
 
 def press(*keys, delay, action="key"):
-    """With so many milliseconds for each key, of which the action may be but one half: "keydown" or "keyup"."""
-    subprocess.run(["xdotool", action, "--delay", str(delay), *keys], check=True, timeout=10)
-
-
+    """With so many milliseconds for each key, of which the action may be but one half: "keydown" or "keyup". A key such
+    as Alt is held for a while before the one that goes with it: if a busy machine kept the reader's leave for the first
+    one waiting until the second was pressed, Qt would take it for one that is pressed alone, and open the menu bar."""
+    command = ["xdotool"]
+    for key in keys:
+        *held, last = key.split("+")
+        if action != "keyup":
+            command += [word for one in held for word in ("keydown", "--delay", str(4 * delay), one)]
+        command += [action, "--delay", str(delay), last]
+        if action != "keydown":
+            command += [word for one in reversed(held) for word in ("keyup", "--delay", str(delay), one)]
+    subprocess.run(command, check=True, timeout=10)
