@@ -3,6 +3,7 @@ import { offerCatalogue } from "./links.js?@VERSION@";
 import { forgetUnsaved, schoolCatalogue, storeForProgram, storedCatalogue } from "./catalogue.js?@VERSION@";
 
 const version = "?@VERSION@";
+const folder = new URL(".", import.meta.url).href;
 const byId = id => document.getElementById(id);
 let news = []; // that are about to be announced
 let loaded = false;
@@ -171,13 +172,22 @@ function end(text, detail = "") {
     byId("notice").focus(); // and not the button, which the key that ended the program would press
 }
 
-// An error that nobody catches is the program's end, but for the ways in which it leaves its own call stack.
+// An error of the program that nobody catches is its end, but for the ways in which it leaves its own call stack.
 function handleUncaught(event, error) {
     if (error === "unwind" || error?.name === "ExitStatus") {
         event.preventDefault();
-    } else if (running && error && !(error instanceof DOMException)) {
+    } else if (running && error && !(error instanceof DOMException) && isOwn(error)) {
         end("Numbrela se ha cerrado por un error.", error);
     }
+}
+
+// Whether the program or a script of the page has failed, and none that an extension or a school's filter has put here.
+// Not all of the program's errors tell where they come from: what C++ throws is a number, and Firefox's want of memory
+// this text.
+function isOwn(error) {
+    const stack = String(error.stack);
+    return error instanceof WebAssembly.RuntimeError || typeof error === "number" || error === "out of memory"
+        || stack.includes(":wasm-function[") || stack.split(folder).slice(1).some(place => /^\w+\.js/.test(place));
 }
 addEventListener("error", event => handleUncaught(event, event.error));
 addEventListener("unhandledrejection", event => handleUncaught(event, event.reason));

@@ -250,6 +250,55 @@ inEachBrowser(school => {
         await tab.reads(failed);
     });
 
+    test("errors of scripts that others have put into the page do not end the program", async () => {
+        const tab = await school.start();
+        await fromOutside(tab, () => {
+            Promise.reject(new TypeError("no answer"));
+            Promise.reject("blocked");
+            Promise.reject({ code: 7 });
+            setTimeout(() => { throw new Error("no filter"); });
+        });
+        await tab.until("all errors", () => window.uncaught === 4);
+        await tab.press("Enter");
+        await tab.sees("SUMAS");
+        school.person.forgives(/: no answer$|blocked$|: no filter$|: Object$/);
+    });
+
+    const ends = [ // and what browsers say of it
+        ["its memory in disorder", () => new Uint8Array(window.memory.buffer).fill(255), /RuntimeError: .* out of bounds$/],
+        ["no stack left", overflowsStack, /call stack|recursion/],
+        ["an exception of C++", () => { Promise.reject(5_246_976); }, /5246976/],
+        ["no room left in Firefox", () => { Promise.reject("out of memory"); }, /out of memory/],
+        ["a trap without a stack", () => {
+            Promise.reject(Object.assign(new WebAssembly.RuntimeError("unreachable"), { stack: "" }));
+        }, /unreachable/],
+        ["an error of the page's own scripts", () => document.getElementById("news").remove(), /TypeError/],
+    ];
+    for (const [what, act, said] of ends) {
+        test(`${what} ends the program, and this is said`, async () => {
+            const tab = await school.start({ before: noteMemory });
+            await tab.press("Enter");
+            await tab.sees("SUMAS");
+            await fromOutside(tab, act);
+            await tab.press("Enter");
+            await tab.reads(failed);
+            school.person.forgives(said);
+        });
+    }
+
+    // By a script that is none of the folder's.
+    async function fromOutside(tab, act) {
+        await writeFile(join(school.server.root, "filtro.js"), `(${act})();`);
+        await tab.page.evaluate(async () => {
+            window.uncaught = 0;
+            addEventListener("error", () => ++window.uncaught);
+            addEventListener("unhandledrejection", () => ++window.uncaught);
+            const script = Object.assign(document.createElement("script"), { src: "/filtro.js" });
+            document.head.append(script);
+            await new Promise(done => { script.onload = done; });
+        });
+    }
+
     test("a browser that cannot run it is told so", async () => {
         const lacks = [() => delete window.WebAssembly, () => delete WebAssembly.compileStreaming,
             () => delete window.TransformStream, () => delete AbortSignal.timeout, () => delete window.HTMLDialogElement];
@@ -323,7 +372,25 @@ async function installs() {
     return worker?.state;
 }
 
+// Runs in the page: as a function of the program that calls itself for ever.
+async function overflowsStack() {
+    const code = Uint8Array.of(0, 97, 115, 109, 1, 0, 0, 0, // WebAssembly, version 1
+        1, 4, 1, 96, 0, 0, 3, 2, 1, 0, 7, 5, 1, 1, 102, 0, 0, 10, 6, 1, 4, 0, 16, 0, 11); // one function, "f"
+    const { instance } = await WebAssembly.instantiateStreaming(
+        new Response(code, { headers: { "Content-Type": "application/wasm" } }));
+    setTimeout(instance.exports.f);
+}
+
 // These run in the page, before it.
+
+function noteMemory() {
+    const { instantiate } = WebAssembly;
+    WebAssembly.instantiate = async (...what) => {
+        const made = await instantiate(...what);
+        window.memory = Object.values(made.exports).find(one => one instanceof WebAssembly.Memory);
+        return made;
+    };
+}
 
 function notePercents() {
     addEventListener("DOMContentLoaded", () => {
