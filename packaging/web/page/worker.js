@@ -41,15 +41,15 @@ addEventListener("fetch", event => {
 });
 
 async function keepAll() {
-    const isNew = !await caches.has(cacheName); // or else it is in use, and only a script of its own has changed
     const cache = await caches.open(cacheName);
+    const isWhole = (await cache.keys()).length > Object.keys(sums).length; // with the catalogue: it may be in use
     try {
         await Promise.all([
             ...Object.keys(sums).map(async name => cache.put(folder + name, keepable(await packedFile(name)))),
             firstCatalogue(),
         ]);
     } catch (error) {
-        if (isNew) {
+        if (!isWhole) { // nor stays what an installation has left that was cut off
             await caches.delete(cacheName);
         }
         throw error;
