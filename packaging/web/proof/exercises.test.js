@@ -92,6 +92,7 @@ inEachBrowser(school => {
             const opened = new Promise(done => tab.page.once("popup", done));
             await tab.page.locator(`::-p-xpath(//nav//a[text()="${link}"])`).click();
             const page = await opened;
+            await page.reload(); // for what it has asked for before somebody listened
             await page.waitForFunction(wanted => document.querySelector("h1")?.textContent === wanted, {}, title);
             const missing = await page.evaluate(brokenLinks);
             assert.deepEqual(missing, []);

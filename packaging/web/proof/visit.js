@@ -43,6 +43,9 @@ export async function launch(kind, downloads) {
         });
 }
 
+// What browsers say of a file that the server has not got, or of a script that it has not
+export const notFound = /^Failed to load resource: .* 404 |^Error: Loading module from .* disallowed MIME type/;
+
 // A person's own room in the browser: nothing that it keeps for others is seen there.
 export class Person {
     constructor(browser, kind, downloads) {
@@ -94,7 +97,7 @@ export class Person {
         assert.deepEqual(this.errors, [], "the browser reported errors");
     }
 
-    // Of the errors so far, those that were to be.
+    // Of the errors so far, those that were to be: so exact a pattern that it fits no other.
     forgives(pattern) {
         this.errors = this.errors.filter(error => !pattern.test(error));
     }
@@ -102,17 +105,23 @@ export class Person {
     // A new tab, which has not gone anywhere yet.
     async tab({ width = 1366, height = 768, ratio = 1, touch = false, before } = {}) {
         const page = await this.context.newPage();
+        this.#listens(page);
+        await page.setViewport({ width, height, deviceScaleFactor: ratio, hasTouch: touch });
+        if (before) {
+            await page.evaluateOnNewDocument(before);
+        }
+        return new Tab(page);
+    }
+
+    // To a page and to those that its links open: to the latter not from their first line on.
+    #listens(page) {
         page.on("console", message => /^(error|warn)/.test(message.type())
             && !knownWarnings.some(known => known.test(message.text()))
             && !message.location().url?.endsWith("/favicon.ico") // which Chromium asks for past the worker
             && this.errors.push(message.text()));
         page.on("pageerror", error => this.errors.push(String(error)));
         page.on("request", request => this.#hearsRequest(request.url()));
-        await page.setViewport({ width, height, deviceScaleFactor: ratio, hasTouch: touch });
-        if (before) {
-            await page.evaluateOnNewDocument(before);
-        }
-        return new Tab(page);
+        page.on("popup", opened => this.#listens(opened));
     }
 }
 
