@@ -54,7 +54,11 @@ inEachBrowser(school => {
             .map(one => one.defaultPrevented));
         assert.deepEqual(kept, taken.map(() => true));
         await tab.press("F6");
-        assert.equal(await tab.page.evaluate(() => document.activeElement.textContent), "Guardar el catálogo en un archivo");
+        const [link, key, links] = await tab.page.evaluate(() => [document.activeElement.textContent,
+            document.activeElement.getAttribute("aria-keyshortcuts"), document.activeElement.parentElement.title]);
+        assert.equal(link, "Guardar el catálogo en un archivo");
+        assert.equal(key, "F6");
+        assert.match(links, /^F6 /);
         await tab.press("F6", "Enter");
         await tab.sees("SUMAS");
     });
