@@ -2,6 +2,7 @@
 import assert from "node:assert/strict";
 
 const powersTitle = "multiplicar y dividir por 10, 100, 1000";
+const mostDraws = 300; // of which one in 13 is wanted
 const oneRight = /^Ejercicios: +1; Errores: +0$/;
 
 export async function opens(tab, title) {
@@ -26,8 +27,8 @@ export async function enters(tab, key, box, number, title) {
 
 const tabs = (tab, times) => tab.press(...Array(times).fill("Tab"));
 
-// A number with one decimal at most, in tenths.
-const tenths = number => Math.round(10 * Number(number.trim().replace(",", ".")));
+// The sum of numbers with one decimal at most, in tenths.
+const tenthsOf = numbers => numbers.reduce((sum, one) => sum + Math.round(10 * Number(one.replace(",", "."))), 0);
 
 // The sum of a column of money, in which each line but the first has its sign.
 function cents(text) {
@@ -108,24 +109,26 @@ async function powersOfTen(tab) {
     await tab.copies(/^Resultado correcto ?$/);
 }
 
+async function readsAddends(tab) {
+    await tab.press("shift+Tab");
+    const addends = (await tab.copies()).split("+");
+    await tab.press("Tab");
+    return addends.map(addend => addend.trim());
+}
+
 // Two addends with one decimal at most, until their sum is whole: others are never judged right.
 async function placeAndAdd(tab) {
     await opens(tab, "COLOCA Y SUMA");
     await tab.press("alt+o", "Right", "2");
     await tab.press("alt+o", "Down", "Right", "2");
-    let addends;
-    for (;;) {
-        await tab.press("shift+Tab");
-        addends = (await tab.copies()).split("+");
-        await tab.press("Tab");
-        if ((tenths(addends[0]) + tenths(addends[1])) % 10 === 0) {
-            break;
-        }
+    let addends = await readsAddends(tab);
+    for (let drawn = 1; tenthsOf(addends) % 10 !== 0; ++drawn) {
+        assert.ok(drawn < mostDraws, `none of ${mostDraws} exercises has a whole sum`);
         await tabs(tab, 5);
         await tab.press("Space"); // its access key would press the button a moment later
+        addends = await readsAddends(tab);
     }
-    const sum = String((tenths(addends[0]) + tenths(addends[1])) / 10);
-    for (const number of [...addends.map(addend => addend.trim()), sum]) {
+    for (const number of [...addends, String(tenthsOf(addends) / 10)]) {
         const units = number.split(",")[0];
         await tab.write(units.padStart(4) + number.slice(units.length)); // its units in the fourth of the places
         await tab.press("Tab");
@@ -219,7 +222,7 @@ export async function readsPrices(tab, count) {
         prices.push(await tab.copies(/\d/));
         await tab.press("shift+Tab", "shift+Tab", "shift+Tab");
     }
-    await tab.closesByTheFrame();
+    await tab.press("F4");
     await leavesShop(tab);
     return prices;
 }
