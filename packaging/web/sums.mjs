@@ -1,6 +1,6 @@
-// Writes into the service worker of a folder what the files are that it keeps. A name that ends with a slash stands for
-// all that is in a folder, of which its first page goes by that name, but for what lies packed beside its file. Fails when
-// a file beside the worker is not in its list: without a network, the program would lack it.
+// Writes into the service worker of a folder what the files are that it keeps. A name that ends with a slash is a folder:
+// each file in it is listed, but for packed ones, and its index.html under the folder's name. Fails when a file beside the
+// worker is not in its list: without a network, the program would lack it.
 // Usage: node sums.mjs FOLDER
 import { createHash } from "node:crypto";
 import { readFile, readdir, writeFile } from "node:fs/promises";

@@ -4,7 +4,7 @@ import {
     faultOf, faultOfSize, forgetCatalogue, newestCatalogue, storeCatalogue, storedCatalogue,
 } from "./catalogue.js?@VERSION@";
 
-const byId = id => document.getElementById(id);
+export const byId = id => document.getElementById(id);
 const startsAnew = "Numbrela empieza de nuevo, y se pierde lo que no esté guardado.";
 let inProgram = null; // what had the focus there last
 

@@ -1,10 +1,11 @@
-// Loads the program and starts it, and says how far that is and how it ended.
-import { offerCatalogue } from "./links.js?@VERSION@";
+// Loads the program and starts it, and says how far that is and how it ended. From other scripts of the page come
+// hindrance, unfitText and incompleteText (check.js), deliverProgram (delivery.js), qtLoad (qtloader.js) and
+// numbrela_entry (numbrela.js).
+import { byId, offerCatalogue } from "./links.js?@VERSION@";
 import { forgetUnsaved, schoolCatalogue, storeForProgram, storedCatalogue } from "./catalogue.js?@VERSION@";
 
 const version = "?@VERSION@";
 const folder = new URL(".", import.meta.url).href;
-const byId = id => document.getElementById(id);
 let news = []; // that are about to be announced
 let loaded = false;
 let running = false;
