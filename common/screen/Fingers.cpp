@@ -172,7 +172,8 @@ private:
             isNew_ = true;
             return false;
         }
-        if (!std::exchange(isNew_, false) || tap.source() == Qt::MouseEventNotSynthesized) {
+        if (!std::exchange(isNew_, false) || tap.source() == Qt::MouseEventNotSynthesized
+            || tap.button() != Qt::LeftButton) { // a pen's other one
             return false;
         }
         const auto type = typeOfTap(watched, tap.globalPosition(), tap.timestamp());

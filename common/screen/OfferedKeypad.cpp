@@ -13,10 +13,11 @@ namespace numbrela {
 
 namespace {
 
-// Boxes know nothing of fingers and pens: the events of a mouse are made out of theirs.
+// Boxes know nothing of fingers and pens: the events of a mouse are made out of theirs. The button of a pen's tip is
+// the left one.
 bool isTouch(const QMouseEvent& event)
 {
-    return event.source() != Qt::MouseEventNotSynthesized;
+    return event.source() != Qt::MouseEventNotSynthesized && event.button() == Qt::LeftButton;
 }
 
 // Qt lets input methods into its lists, too.

@@ -3,6 +3,8 @@
 #include "common/screen/Announcement.h"
 
 #include <QEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
 #include <QTextCursor>
 #include <QWheelEvent>
 
@@ -58,6 +60,19 @@ void TextArea::changeEvent(QEvent* event)
 bool TextArea::viewportEvent(QEvent* event)
 {
     return finger_.Takes(*event) || QTextEdit::viewportEvent(event);
+}
+
+// Qt would let the mouse drag highlighted text away, and meanwhile nobody hears of a key that is released. So where it
+// goes down there is no highlight any more, unless one that Shift makes longer. Nothing is scrolled yet.
+void TextArea::mousePressEvent(QMouseEvent* event)
+{
+    const bool isClick = event->button() == Qt::LeftButton && event->modifiers() != Qt::ShiftModifier;
+    if (isClick && textCursor().hasSelection()) {
+        const int scrolled = verticalScrollBar()->value();
+        setTextCursor(cursorForPosition(event->pos()));
+        verticalScrollBar()->setValue(scrolled);
+    }
+    QTextEdit::mousePressEvent(event);
 }
 
 // Qt would change the size of the font, which depends on the size of the window alone.

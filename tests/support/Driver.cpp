@@ -222,10 +222,8 @@ void Pace::tapNowhere()
 {
     QWidget nowhere;
     nowhere.setAttribute(Qt::WA_AcceptTouchEvents);
-    QTouchEvent down(QEvent::TouchBegin, nullptr, Qt::NoModifier, { QEventPoint(0, QEventPoint::Pressed, {}, {}) });
-    QTouchEvent up(QEvent::TouchEnd, nullptr, Qt::NoModifier, { QEventPoint(0, QEventPoint::Released, {}, {}) });
-    QCoreApplication::sendEvent(&nowhere, &down);
-    QCoreApplication::sendEvent(&nowhere, &up);
+    SendTouch(nowhere, QEventPoint::Pressed);
+    SendTouch(nowhere, QEventPoint::Released);
 }
 
 void Tap(const QWidget& control)
@@ -274,6 +272,37 @@ void DragByFinger(const QWidget& control, QPoint from, QPoint to)
         move(finger, start + way * step / steps);
     }
     LiftFinger();
+}
+
+void SendTouch(QWidget& control, QEventPoint::State state, QPointF onScreen, quint64 milliseconds)
+{
+    const auto type = state == QEventPoint::Pressed ? QEvent::TouchBegin : QEvent::TouchEnd;
+    QTouchEvent touch(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, onScreen) });
+    touch.setTimestamp(milliseconds);
+    QCoreApplication::sendEvent(&control, &touch);
+}
+
+void TakeFingerBack(QWidget& control)
+{
+    QTouchEvent cancel(QEvent::TouchCancel);
+    QCoreApplication::sendEvent(&control, &cancel);
+}
+
+void SendPen(QEvent::Type type, const QWidget& control, QPoint place, Qt::MouseButton button, quint64 milliseconds)
+{
+    const QPointF inWindow = placeIn(control, place);
+    const auto changed = type == QEvent::MouseMove ? Qt::NoButton : button;
+    const auto down = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+    QMouseEvent pen(type, inWindow, inWindow, control.mapToGlobal(QPointF(place)), changed, down, Qt::NoModifier,
+        Qt::MouseEventSynthesizedByQt);
+    pen.setTimestamp(milliseconds);
+    QCoreApplication::sendEvent(control.window()->windowHandle(), &pen);
+}
+
+void TapByPen(const QWidget& control, QPoint place, Qt::MouseButton button)
+{
+    SendPen(QEvent::MouseButtonPress, control, place, button);
+    SendPen(QEvent::MouseButtonRelease, control, place, button);
 }
 
 void Choose(const QWidget& window, QAnyStringView itemName)

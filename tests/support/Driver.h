@@ -4,6 +4,7 @@
 
 #include <QAnyStringView>
 #include <QApplication>
+#include <QEventPoint>
 #include <QString>
 #include <QWidget>
 
@@ -79,6 +80,18 @@ void LiftFinger(int finger = 0);
 
 // Moves a finger over a control, from one place of it to another.
 void DragByFinger(const QWidget& control, QPoint from, QPoint to);
+
+// Tells a control that a finger comes down on it or is lifted, wherever it may be on the screen, and does nothing else
+// before the next one.
+void SendTouch(QWidget& control, QEventPoint::State state, QPointF onScreen = {}, quint64 milliseconds = 0);
+
+// The panel takes the finger on a control for the palm of a hand after all.
+void TakeFingerBack(QWidget& control);
+
+// What Qt makes of a pen: the events of a mouse. The button is the one that is down, which of a pen's tip is the left.
+void SendPen(QEvent::Type type, const QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton,
+    quint64 milliseconds = 0);
+void TapByPen(const QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 
 // Chooses a menu item, which must be enabled and visible.
 void Choose(const QWidget& window, QAnyStringView itemName);

@@ -458,7 +458,6 @@ protected:
         menu().setWindowState(GetParam());
         QCoreApplication::processEvents(); // its buttons find their places before a finger does
     }
-    ~FingerWalkTest() override { QApplication::setDoubleClickInterval(interval_); }
 
     // On the keypad of a window or a box.
     static void tapKeys(const QWidget& window, const QString& characters)
@@ -553,7 +552,8 @@ protected:
     // A first tap selects a loaf, a second one takes it; it costs 1 € and is paid with a note of 5 €.
     static void buy()
     {
-        QApplication::setDoubleClickInterval(0); // nobody taps twice on the same as fast as this
+        const Pace pace;
+        pace.TapSlowly();
         const long long euros = eurosInPurse();
         click("CBTienda(5)");
         auto& shelf = Find<QListView>(activity(), QStringLiteral("LIDisponibles"));
@@ -583,9 +583,6 @@ protected:
         const auto* pad = activity().findChild<Keypad*>();
         return pad != nullptr && pad->isVisible();
     }
-
-private:
-    const int interval_ = QApplication::doubleClickInterval();
 };
 
 INSTANTIATE_TEST_SUITE_P(Large, FingerWalkTest, ::testing::Values(Qt::WindowMaximized, Qt::WindowFullScreen),

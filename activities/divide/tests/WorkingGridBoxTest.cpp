@@ -262,8 +262,7 @@ TEST_F(WorkingGridBoxTest, AFingerScrollsThePaperThatStaysUnderItAndATapPutsTheC
     EXPECT_EQ(Grid.Caret, 29);
     EXPECT_EQ(Box.FirstShownRow(), 1);
     FingerDown(Box, Box.CellRect(40).center());
-    QTouchEvent cancel(QEvent::TouchCancel);
-    QCoreApplication::sendEvent(&Box, &cancel);
+    TakeFingerBack(Box);
     LiftFinger();
     EXPECT_EQ(Grid.Caret, 29) << "of a finger that the panel takes back";
 }

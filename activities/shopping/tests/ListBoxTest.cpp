@@ -151,13 +151,9 @@ TEST_F(TouchedListBoxTest, ADoubleTapAtTwoPlacesOfALineTakesIt)
 TEST_F(TouchedListBoxTest, SlowTapsTakeOneEach)
 {
     const auto tapAt = [this](quint64 milliseconds) {
-        for (const auto& [type, state] : { std::pair(QEvent::TouchBegin, QEventPoint::Pressed),
-                 std::pair(QEvent::TouchEnd, QEventPoint::Released) }) {
-            QTouchEvent touch(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, {}) }); // on the first line
-            touch.setTimestamp(milliseconds);
-            QCoreApplication::sendEvent(list_.viewport(), &touch);
-            QCoreApplication::processEvents();
-        }
+        SendTouch(*list_.viewport(), QEventPoint::Pressed, {}, milliseconds); // on the first line
+        SendTouch(*list_.viewport(), QEventPoint::Released, {}, milliseconds);
+        QCoreApplication::processEvents();
     };
     tapAt(1000);
     tapAt(5000);
@@ -227,12 +223,7 @@ TEST_F(TouchedListBoxTest, AFingerThatCameDownWhileItWasDisabledSelectsNothing)
 
 TEST_F(TouchedListBoxTest, ThePensOtherButtonTakesNothing)
 {
-    const QPointF place = list_.viewport()->mapTo(&list_, placeOf(2).center());
-    for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
-        QMouseEvent pen(type, place, place, list_.mapToGlobal(place), Qt::RightButton, Qt::RightButton, Qt::NoModifier,
-            Qt::MouseEventSynthesizedByQt);
-        QCoreApplication::sendEvent(list_.windowHandle(), &pen);
-    }
+    TapByPen(*list_.viewport(), placeOf(2).center(), Qt::RightButton);
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }
 
@@ -283,14 +274,9 @@ TEST_F(TouchedListBoxTest, ASecondFingerNeitherScrollsItNorSelectsAnythingAndThe
 TEST_F(TouchedListBoxTest, APenScrollsItSelectsAndTakesAsAFingerDoes)
 {
     const auto draw = [this](QPoint from, QPoint to) {
-        for (const auto& [type, place] : { std::pair(QEvent::MouseButtonPress, from), { QEvent::MouseMove, to },
-                 { QEvent::MouseButtonRelease, to } }) {
-            const bool isDown = type != QEvent::MouseButtonRelease;
-            const QPointF at = list_.viewport()->mapTo(&list_, place);
-            QMouseEvent pen(type, at, at, list_.mapToGlobal(at), Qt::LeftButton, isDown ? Qt::LeftButton : Qt::NoButton,
-                Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
-            QCoreApplication::sendEvent(list_.windowHandle(), &pen);
-        }
+        SendPen(QEvent::MouseButtonPress, *list_.viewport(), from);
+        SendPen(QEvent::MouseMove, *list_.viewport(), to);
+        SendPen(QEvent::MouseButtonRelease, *list_.viewport(), to);
     };
     pace_.TapSlowly();
     const QPoint middle = list_.viewport()->rect().center();
@@ -310,13 +296,12 @@ TEST_F(TouchedListBoxTest, AFingerThatThePanelTakesBackSelectsNothingAndLeavesWh
     const QPoint middle = list_.viewport()->rect().center();
     FingerDown(*list_.viewport(), middle, 0);
     MoveFinger(*list_.viewport(), middle - QPoint(0, 4 * placeOf(0).height() + 5), 0);
-    QTouchEvent cancel(QEvent::TouchCancel);
-    QCoreApplication::sendEvent(list_.viewport(), &cancel);
+    TakeFingerBack(*list_.viewport());
     EXPECT_EQ(placeOf(4).top(), 0);
     LiftFinger(0);
     EXPECT_EQ(placeOf(4).top(), 0);
     FingerDown(*list_.viewport(), middle, 0);
-    QCoreApplication::sendEvent(list_.viewport(), &cancel);
+    TakeFingerBack(*list_.viewport());
     LiftFinger(0);
     EXPECT_EQ(list_.SelectedLine(), std::nullopt);
 }

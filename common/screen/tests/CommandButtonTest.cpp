@@ -1,19 +1,14 @@
 #include "common/screen/CommandButton.h"
 
-#include "common/screen/Boxes.h"
 #include "common/screen/Controls.h"
 #include "common/screen/FormWindow.h"
 #include "common/screen/TextBox.h"
-#include "tests/support/Boxes.h"
 #include "tests/support/Driver.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDialog>
-#include <QDialogButtonBox>
 #include <QKeyEvent>
-#include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -38,32 +33,6 @@ protected:
 
     void SetUp() override { ShowAndActivate(form_); }
 
-    // Tells a control of a finger by itself, on its upper left corner, wherever it seems to be on the screen.
-    static void touch(QWidget& control, QEvent::Type type, QEventPoint::State state, QPointF place = {})
-    {
-        QTouchEvent event(type, nullptr, Qt::NoModifier, { QEventPoint(0, state, {}, place) });
-        QCoreApplication::sendEvent(&control, &event);
-    }
-
-    // Of a pen, Qt makes a mouse.
-    static void tapByPen(QWidget& window, QPointF place)
-    {
-        for (const auto type : { QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
-            const auto down = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-            QMouseEvent pen(type, place, place, window.mapToGlobal(place), Qt::LeftButton, down, Qt::NoModifier,
-                Qt::MouseEventSynthesizedByQt);
-            QCoreApplication::sendEvent(window.windowHandle(), &pen);
-        }
-    }
-
-    static void touch(QWidget& control, QPointF place)
-    {
-        touch(control, QEvent::TouchBegin, QEventPoint::Pressed, place);
-        touch(control, QEvent::TouchEnd, QEventPoint::Released, place);
-        QCoreApplication::processEvents();
-    }
-
-    const Pace pace_;
     FormWindow form_ { QStringLiteral("Form"), QStringLiteral("Form"), { 4500, 3000 }, {} };
     CommandButton& done_
         = *AddButton(form_.Area(), QStringLiteral("Done"), QStringLiteral("&Hecho"), { 300, 300, 1500, 495 }, {});
@@ -127,196 +96,6 @@ TEST_F(CommandButtonTest, ADoubleClickPressesItOnce)
     EXPECT_FALSE(done_.isDown());
     QTest::mouseClick(&done_, Qt::LeftButton);
     EXPECT_EQ(timesDone_, 2);
-}
-
-TEST_F(CommandButtonTest, AFingerPressesItAsAMouseDoes)
-{
-    box_.setFocus();
-    FingerDown(done_);
-    EXPECT_TRUE(done_.isDown());
-    EXPECT_EQ(FocusName(), "Done");
-    MoveFinger(done_, { -20, 5 });
-    EXPECT_FALSE(done_.isDown());
-    LiftFinger();
-    EXPECT_EQ(timesDone_, 0);
-    FingerDown(done_);
-    MoveFinger(done_, { -20, 5 });
-    MoveFinger(done_, { 5, 5 });
-    EXPECT_TRUE(done_.isDown());
-    LiftFinger();
-    EXPECT_EQ(timesDone_, 1);
-    EXPECT_FALSE(done_.isDown());
-    done_.setEnabled(false);
-    Tap(done_);
-    EXPECT_EQ(timesDone_, 1);
-}
-
-TEST_F(CommandButtonTest, TapsInARowOnSeveralControlsPressEachButtonAndADoubleTapPressesItOnce)
-{
-    pace_.TapQuickly();
-    QTest::mouseClick(&done_, Qt::LeftButton);
-    Tap(box_);
-    Tap(done_);
-    EXPECT_EQ(timesDone_, 2);
-    Tap(next_);
-    EXPECT_EQ(timesNext_, 1);
-    Tap(next_);
-    EXPECT_EQ(timesNext_, 1);
-    EXPECT_FALSE(next_.isDown());
-}
-
-// As a hand's on a large button may be.
-TEST_F(CommandButtonTest, ADoubleTapAtTwoPlacesPressesItOnce)
-{
-    pace_.TapQuickly();
-    Tap(done_, { 5, 5 });
-    Tap(done_, { done_.width() - 5, 5 });
-    EXPECT_EQ(timesDone_, 1);
-}
-
-TEST_F(CommandButtonTest, ADoubleTapPressesNothingThatItsFirstTapBringsUnderTheFinger)
-{
-    pace_.TapQuickly();
-    CommandButton& other
-        = *AddButton(form_.Area(), QStringLiteral("Other"), QStringLiteral("Otro"), { 300, 300, 1500, 495 }, {});
-    int timesOther = 0;
-    QObject::connect(&other, &QPushButton::clicked, &form_, [&timesOther] { ++timesOther; });
-    QObject::connect(&done_, &QPushButton::clicked, &form_, [this, &other] {
-        done_.hide();
-        other.show();
-    });
-    Tap(done_);
-    Tap(other);
-    EXPECT_EQ(timesDone_, 1);
-    EXPECT_EQ(timesOther, 0);
-    Tap(other);
-    EXPECT_EQ(timesOther, 1);
-}
-
-// As a button of the menu does, and one that a message answers.
-TEST_F(CommandButtonTest, ADoubleTapPressesNothingInAWindowThatItsFirstTapOpens)
-{
-    pace_.TapQuickly();
-    QWidget opened;
-    QPushButton there(QStringLiteral("Aceptar"), &opened);
-    int timesThere = 0;
-    QObject::connect(&there, &QPushButton::clicked, &opened, [&timesThere] { ++timesThere; });
-    QObject::connect(&done_, &QPushButton::clicked, &opened, &QWidget::show);
-    const QPointF place = done_.mapToGlobal(QPointF(5, 5));
-    touch(done_, place);
-    ASSERT_TRUE(opened.isVisible());
-    touch(there, place);
-    EXPECT_EQ(timesThere, 0);
-    EXPECT_FALSE(there.isDown());
-    touch(there, place);
-    EXPECT_EQ(timesThere, 1);
-}
-
-TEST_F(CommandButtonTest, ADoubleTapOfAPenPressesNothingThatItsFirstTapBringsUnderIt)
-{
-    pace_.TapQuickly();
-    QPushButton other(QStringLiteral("Aceptar"), done_.parentWidget());
-    other.setGeometry(done_.geometry());
-    other.hide();
-    int timesOther = 0;
-    QObject::connect(&other, &QPushButton::clicked, &form_, [&timesOther] { ++timesOther; });
-    QObject::connect(&done_, &QPushButton::clicked, &form_, [this, &other] {
-        done_.hide();
-        other.show();
-    });
-    const QPoint place = done_.mapTo(&form_, done_.rect().center());
-    tapByPen(form_, place);
-    EXPECT_EQ(timesDone_, 1);
-    ASSERT_TRUE(other.isVisible());
-    tapByPen(form_, place);
-    EXPECT_EQ(timesOther, 0);
-    EXPECT_FALSE(other.isDown());
-    tapByPen(form_, place);
-    EXPECT_EQ(timesOther, 1);
-}
-
-// The finger comes first, then the hand beside it, on which it rests from then on.
-TEST_F(CommandButtonTest, AFingerPressesItAgainAndAgainWhileTheHandRestsOnTheWindow)
-{
-    pace_.TapSlowly();
-    FingerDown(done_, 0);
-    FingerDown(form_, QPoint(5, form_.height() - 5), 1);
-    LiftFinger(0);
-    EXPECT_EQ(timesDone_, 1);
-    for (int times = 2; times <= 3; ++times) {
-        FingerDown(done_, 0);
-        EXPECT_TRUE(done_.isDown());
-        LiftFinger(0);
-        EXPECT_EQ(timesDone_, times);
-    }
-    LiftFinger(1);
-    EXPECT_EQ(timesDone_, 3);
-}
-
-// Nobody would hear of the second one's end.
-TEST_F(CommandButtonTest, TapsThatComeTogetherLeaveNoButtonDownWhenTheFirstOpensAMessage)
-{
-    QObject::connect(&done_, &QPushButton::clicked, &form_, [this] { ShowMessage(&form_, "Hola"); });
-    ExpectDialog([](QDialog& box) { box.reject(); });
-    touch(done_, QEvent::TouchBegin, QEventPoint::Pressed);
-    touch(done_, QEvent::TouchEnd, QEventPoint::Released);
-    touch(next_, QEvent::TouchBegin, QEventPoint::Pressed);
-    EXPECT_EQ(PendingBoxes(), 0);
-    EXPECT_EQ(timesDone_, 1);
-    EXPECT_FALSE(next_.isDown());
-}
-
-TEST_F(CommandButtonTest, TheFirstTapInABoxThatATapHasOpenedCounts)
-{
-    QObject::connect(&done_, &QPushButton::clicked, &form_, [this] { ShowMessage(&form_, "Hola"); });
-    ExpectDialog([](QDialog& box) {
-        auto& accept = *box.findChild<QDialogButtonBox*>()->buttons().front();
-        Tap(accept);
-        EXPECT_FALSE(box.isVisible());
-        EXPECT_FALSE(accept.isDown());
-        box.reject();
-    });
-    Tap(done_);
-    EXPECT_EQ(PendingBoxes(), 0);
-    EXPECT_EQ(timesDone_, 1);
-}
-
-TEST_F(CommandButtonTest, NoFingerThatComesLaterCountsAsLongAsAnyIsDown)
-{
-    pace_.TapSlowly();
-    FingerDown(done_, 0);
-    FingerDown(done_, 1);
-    LiftFinger(0);
-    EXPECT_EQ(timesDone_, 1);
-    FingerDown(done_, 0);
-    EXPECT_FALSE(done_.isDown());
-    LiftFinger(0);
-    LiftFinger(1);
-    EXPECT_EQ(timesDone_, 1);
-}
-
-// When the program has been busy, fingers come down and up again before it goes on to anything else.
-TEST_F(CommandButtonTest, TapsThatComeTogetherCountEach)
-{
-    pace_.TapSlowly();
-    for (int tap = 1; tap <= 2; ++tap) {
-        touch(done_, QEvent::TouchBegin, QEventPoint::Pressed);
-        touch(done_, QEvent::TouchEnd, QEventPoint::Released);
-    }
-    QCoreApplication::processEvents();
-    EXPECT_EQ(timesDone_, 2);
-}
-
-// The system makes a mouse of them.
-TEST_F(CommandButtonTest, FingersOnATouchpadDoNotPressItThemselves)
-{
-    pace_.TapSlowly();
-    static QPointingDevice* const touchpad = QTest::createTouchDevice(QInputDevice::DeviceType::TouchPad,
-        QInputDevice::Capability::Position | QInputDevice::Capability::MouseEmulation);
-    QTest::touchEvent(&done_, touchpad).press(0, QPoint(5, 5));
-    EXPECT_FALSE(done_.isDown());
-    QTest::touchEvent(&done_, touchpad).release(0, QPoint(5, 5));
-    EXPECT_EQ(timesDone_, 0);
 }
 
 // A button that checks an answer would count a wrong one again and again.

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -98,15 +100,44 @@ TEST_F(TextAreaTest, AFingerScrollsItAndHighlightsNothingAndAMouseHighlights)
     EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
 }
 
+// While a text is dragged, the release of a key is not heard.
+TEST_F(TextAreaTest, AMouseDragsNoHighlightAwayButBeginsANewOneThere)
+{
+    area_.SetText(longText());
+    area_.SelectWholeText();
+    area_.verticalScrollBar()->setValue(area_.fontMetrics().lineSpacing() / 2);
+    const int before = area_.verticalScrollBar()->value();
+    DoSoon(window_, [] { Press(Qt::Key_Escape); }); // in the loop of a drag, which it would end
+    const QPoint inLastLine(5, area_.viewport()->height() - 2); // which is not seen whole
+    const int from = area_.cursorForPosition(inLastLine).position();
+    dragByMouse(area_, inLastLine, inLastLine + QPoint(40, 0));
+    EXPECT_EQ(area_.textCursor().anchor(), from);
+    EXPECT_EQ(area_.textCursor().position(), area_.cursorForPosition(inLastLine + QPoint(40, 0)).position());
+    EXPECT_EQ(area_.verticalScrollBar()->value(), before);
+}
+
+TEST_F(TextAreaTest, AMouseHighlightsMoreByShiftAWordByTwoClicksAndALineByThreeToBeCopied)
+{
+    area_.SetText("Sume los precios");
+    area_.moveCursor(QTextCursor::NextWord, QTextCursor::KeepAnchor);
+    QTest::mouseClick(area_.viewport(), Qt::LeftButton, Qt::ShiftModifier, { 190, 10 });
+    EXPECT_EQ(area_.textCursor().selectedText(), QStringLiteral("Sume los precios"));
+    const QPoint place(5, 10);
+    QTest::mouseDClick(area_.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(area_.textCursor().selectedText(), QStringLiteral("Sume"));
+    QTest::mouseClick(area_.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(area_.textCursor().selectedText(), QStringLiteral("Sume los precios"));
+    QTest::mouseClick(area_.viewport(), Qt::RightButton, {}, place);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Sume los precios"));
+}
+
 TEST_F(TextAreaTest, APenThatIsNearItButDoesNotTouchItScrollsNothing)
 {
     area_.SetText(longText());
     Tap(*area_.viewport(), { 20, 50 });
     const int before = area_.verticalScrollBar()->value();
-    const QPointF place(20, 10);
-    QMouseEvent move(QEvent::MouseMove, place, place, area_.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
-        Qt::NoModifier, Qt::MouseEventSynthesizedByQt);
-    QCoreApplication::sendEvent(area_.viewport(), &move);
+    SendPen(QEvent::MouseMove, *area_.viewport(), { 20, 10 }, Qt::NoButton);
     EXPECT_EQ(area_.verticalScrollBar()->value(), before);
 }
 

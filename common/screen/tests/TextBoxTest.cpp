@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
@@ -96,46 +95,21 @@ TEST_F(TextBoxTest, HasItsCaretAtTheStartOfTheSelection)
     EXPECT_EQ(box_.CaretPosition(), 1);
 }
 
-TEST_F(TextBoxTest, FastTapsOnTwoBoxesOrAtTwoPlacesMoveTheCaretAndOnlyADoubleTapHighlights)
+// While a text is dragged, the release of a key is not heard.
+TEST_F(TextBoxTest, AMouseDragsNoHighlightAwayButBeginsANewOneThere)
 {
-    box_.SetText("123456");
-    other_.SetText("123456");
-    Tap(other_, { other_.width() - 5, other_.height() / 2 });
-    Tap(box_, { box_.width() - 5, box_.height() / 2 });
-    EXPECT_EQ(box_.CaretPosition(), 6);
-    Tap(box_, { 5, box_.height() / 2 });
-    EXPECT_EQ(box_.CaretPosition(), 0);
-    EXPECT_FALSE(box_.hasSelectedText());
-    Tap(box_, { 5, box_.height() / 2 });
-    EXPECT_EQ(box_.selectedText().toStdString(), "123456");
-}
-
-// Although Qt sends what a double click sends.
-TEST_F(TextBoxTest, AFingerThatIsDraggedHighlightsAndOneThatTremblesDoesNot)
-{
-    box_.SetText("12345678");
-    const QPoint start(5, box_.height() / 2);
-    DragByFinger(box_, start, start + QPoint(8, 0));
-    EXPECT_FALSE(box_.hasSelectedText());
-    DragByFinger(box_, start, start + QPoint(60, 0));
-    EXPECT_GE(box_.selectedText().size(), 5);
-    EXPECT_EQ(box_.CaretPosition(), 0);
-}
-
-TEST_F(TextBoxTest, ATapThatComesLateHighlightsNothing)
-{
-    box_.SetText("123456");
-    const QPoint place = box_.mapTo(&form_, QPoint(5, box_.height() / 2));
-    const auto make = [this, place](QEvent::Type type, int time) {
-        QMouseEvent event(type, place, place, form_.mapToGlobal(place), Qt::LeftButton,
-            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {}, Qt::MouseEventSynthesizedByQt);
-        event.setTimestamp(static_cast<quint64>(time));
-        QCoreApplication::sendEvent(form_.windowHandle(), &event);
-    };
-    make(QEvent::MouseButtonPress, 0);
-    make(QEvent::MouseButtonRelease, 0);
-    make(QEvent::MouseButtonDblClick, QApplication::doubleClickInterval());
-    EXPECT_FALSE(box_.hasSelectedText());
+    for (const bool isReadOnly : { false, true }) {
+        box_.setReadOnly(isReadOnly);
+        box_.SetText("123456");
+        box_.SelectWholeText();
+        DoSoon(form_, [] { Press(Qt::Key_Escape); }); // in the loop of a drag, which it would end
+        const QPoint place = box_.mapTo(&form_, QPoint(5, box_.height() / 2));
+        QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, place);
+        QTest::mouseMove(form_.windowHandle(), place + QPoint(35, 0));
+        QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, place + QPoint(35, 0));
+        EXPECT_LT(box_.selectedText().size(), 6);
+        EXPECT_EQ(box_.selectionStart(), 0);
+    }
 }
 
 TEST_F(TextBoxTest, StepsLeftFromItsCaretOrTheStartOfTheSelectionAndStaysAtTheFirstPosition)
