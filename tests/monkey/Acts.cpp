@@ -138,6 +138,13 @@ void tap(Means means)
         means, [means](QWidget& control, QPoint /*place*/) { means.With.Tap(control, control.rect().center()); });
 }
 
+// Until it is lifted, other fingers tap, and anything else may happen. It may lie beside what they tap, as a hand does
+// that leans.
+void restFinger(Means means)
+{
+    atAnyControl(means, [means](QWidget& control, QPoint place) { means.With.HoldByFinger(control, place); });
+}
+
 void dragByFinger(Means means)
 {
     atAnyControl(means, [means](QWidget& control, QPoint from) {
@@ -358,7 +365,7 @@ struct Act {
     void (*Do)(Means means);
 };
 
-constexpr std::array<Act, 36> acts { {
+constexpr std::array<Act, 37> acts { {
     { { 125, 20, 20 }, "press a key", pressKey },
     { { 35, 40, 15 }, "press a navigation key", [](Means means) { means.With.Press(NavigationKey(means.Draw)); } },
     { { 10, 0, 10 }, "press an access key", pressAccessKey },
@@ -375,6 +382,7 @@ constexpr std::array<Act, 36> acts { {
     { { 20, 0, 0 }, "drag", drag },
     { { 60, 20, 10 }, "tap", tap },
     { { 20, 0, 0 }, "drag by a finger", dragByFinger },
+    { { 15, 0, 5 }, "rest a finger", restFinger },
     { { 60, 0, 20 }, "press the keypad", pressKeypad },
     { { 30, 0, 20 }, "hold a key of the keypad", holdKeypad },
     { { 10, 0, 0 }, "drag the keypad", dragKeypad },

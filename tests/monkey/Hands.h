@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+class QAbstractButton;
 class QWidget;
 
 namespace numbrela::testing {
@@ -16,9 +17,9 @@ namespace numbrela::testing {
 // A widget by its name and its window's: "Form2/Text3".
 QString NameOf(const QWidget& widget);
 
-// A keyboard, a mouse and a finger, whose events go the way of real ones: to the window that has the focus, to the
-// window under the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed. What they
-// do is said in the log.
+// A keyboard, a mouse and two fingers, whose events go the way of real ones: to the window that has the focus, to the
+// window under the pointer, wherever Qt sends them from there. Keys may stay down while others are pressed, and one
+// finger while the other taps. What they do is said in the log.
 class Hands {
 public:
     explicit Hands(bool log);
@@ -37,30 +38,37 @@ public:
     void DoubleClick(QWidget& widget, QPoint place);
     void Drag(QWidget& widget, QPoint from, QPoint to);
     void MoveTo(QWidget& widget, QPoint place);
-    void Tap(QWidget& widget, QPoint place); // with a finger
+    void Tap(QWidget& widget, QPoint place); // with a finger; a button there must hear of it
     void DragByFinger(QWidget& widget, QPoint from, QPoint to);
 
     // Presses there and stays down, whatever happens meanwhile. A held mouse is let go before it is pressed again.
     void HoldByMouse(QWidget& widget, QPoint place);
     void HoldByFinger(QWidget& widget, QPoint place);
     void LetGoOfScreen();
-    bool HoldsScreen() const { return underMouse_ || isFingerDown_; }
+    bool HoldsScreen() const { return underMouse_ || resting_; }
 
     void Wheel(QWidget& widget, QPoint place, QPoint turn); // turn: eighths of a degree
 
 private:
+    struct Touch {
+        QPointer<const QWidget> Window;
+        QPoint Place; // there
+    };
+
     void send(bool down, const Key& key, Qt::KeyboardModifiers with, bool repeated = false) const;
     void sendModifiers(bool down, Qt::KeyboardModifiers with) const;
     void pressAndRelease(const Key& key, Qt::KeyboardModifiers with) const;
     bool outlives(QWidget& widget, void (Hands::*letGo)());
     void letGoOfMouse();
     void liftFinger();
+    QAbstractButton* buttonForTap(const QWidget& window, QPoint place) const;
+    bool isTapHeard(const QWidget& window, QPoint place) const;
     void sayPlace(const char* what, const QWidget& widget, QPoint place) const;
 
     const bool log_;
     std::vector<Key> held_;
     std::optional<QPointer<QWidget>> underMouse_; // what it is held down on, which may be gone by now
-    bool isFingerDown_ = false;
+    std::optional<Touch> resting_;
 };
 
 } // namespace numbrela::testing
