@@ -20,7 +20,6 @@ namespace numbrela::testing {
 namespace {
 
 constexpr std::size_t mostHeldKeys = 3;
-constexpr int restingFinger = 1; // 0 is the one that taps and drags meanwhile
 
 // A place of a widget, in its window. The window may have changed its size since the place was chosen.
 QPoint placeIn(const QWindow& window, const QWidget& widget, QPoint place)
@@ -194,7 +193,7 @@ void Hands::Paste(const QString& text)
 
 void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers with)
 {
-    if (!outlives(widget, &Hands::letGoOfMouse)) {
+    if (!outlivesMouse(widget)) {
         return;
     }
     sayPlace(button == Qt::LeftButton ? "left" : button == Qt::RightButton ? "right" : "middle", widget, place);
@@ -205,7 +204,7 @@ void Hands::Click(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::Key
 
 void Hands::DoubleClick(QWidget& widget, QPoint place)
 {
-    if (!outlives(widget, &Hands::letGoOfMouse)) {
+    if (!outlivesMouse(widget)) {
         return;
     }
     sayPlace("at", widget, place);
@@ -215,7 +214,7 @@ void Hands::DoubleClick(QWidget& widget, QPoint place)
 void Hands::Drag(QWidget& widget, QPoint from, QPoint to)
 {
     constexpr int steps = 4;
-    if (!outlives(widget, &Hands::letGoOfMouse)) {
+    if (!outlivesMouse(widget)) {
         return;
     }
     sayPlace("from", widget, from);
@@ -261,8 +260,9 @@ QAbstractButton* Hands::buttonForTap(const QWidget& window, QPoint place) const
     if (button == nullptr || !button->isEnabled()) {
         return nullptr;
     }
-    const bool isTouched
-        = resting_ && resting_->Window == &window && button->rect().contains(button->mapFrom(&window, resting_->Place));
+    const bool isTouched = std::any_of(resting_.begin(), resting_.end(), [&](const Touch& touch) {
+        return touch.Window == &window && button->rect().contains(button->mapFrom(&window, touch.Place));
+    });
     return isTouched ? nullptr : button;
 }
 
@@ -285,7 +285,7 @@ void Hands::DragByFinger(QWidget& widget, QPoint from, QPoint to)
 
 void Hands::HoldByMouse(QWidget& widget, QPoint place)
 {
-    if (!outlives(widget, &Hands::letGoOfMouse)) {
+    if (!outlivesMouse(widget)) {
         return;
     }
     sayPlace("down on", widget, place);
@@ -295,27 +295,39 @@ void Hands::HoldByMouse(QWidget& widget, QPoint place)
 
 void Hands::HoldByFinger(QWidget& widget, QPoint place)
 {
-    if (!outlives(widget, &Hands::liftFinger)) {
-        return;
-    }
     sayPlace("down on", widget, place);
     if (const QWindow* window = widget.window()->windowHandle()) {
-        resting_ = { widget.window(), placeIn(*window, widget, place) };
-        FingerDown(*widget.window(), resting_->Place, restingFinger);
+        int finger = 1; // 0 is the one that taps and drags meanwhile
+        while (rests(finger)) {
+            ++finger;
+        }
+        resting_.push_back({ finger, widget.window(), placeIn(*window, widget, place) });
+        FingerDown(*widget.window(), resting_.back().Place, finger);
     }
+    while (resting_.size() > 1) {
+        liftFinger();
+    }
+}
+
+bool Hands::rests(int finger) const
+{
+    return std::any_of(
+        resting_.begin(), resting_.end(), [finger](const Touch& touch) { return touch.Finger == finger; });
 }
 
 void Hands::LetGoOfScreen()
 {
     letGoOfMouse();
-    liftFinger();
+    while (!resting_.empty()) {
+        liftFinger();
+    }
 }
 
 // What is let go may be the button that closes the window.
-bool Hands::outlives(QWidget& widget, void (Hands::*letGo)())
+bool Hands::outlivesMouse(QWidget& widget)
 {
     const QPointer<QWidget> alive = &widget;
-    (this->*letGo)();
+    letGoOfMouse();
     return alive != nullptr;
 }
 
@@ -327,11 +339,12 @@ void Hands::letGoOfMouse()
     }
 }
 
+// The one that has rested longest.
 void Hands::liftFinger()
 {
-    if (std::exchange(resting_, std::nullopt)) {
-        LiftFinger(restingFinger);
-    }
+    const int finger = resting_.front().Finger;
+    resting_.erase(resting_.begin());
+    LiftFinger(finger);
 }
 
 void Hands::Wheel(QWidget& widget, QPoint place, QPoint turn)
