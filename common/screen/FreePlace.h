@@ -17,9 +17,9 @@ struct Obstacle {
 };
 
 // Where in a room something of one of these sizes can lie: off `box`, and over as little of the obstacles as possible.
-// If that leaves several places, it is the one of the first size, as near with its middle to `favourite` as can be,
-// or if it is broader than half the room, to the middle of the room. Nothing where none of the sizes fits beside the
-// box.
+// If that leaves several places, it is the one of the first size, as near with its middle to `favourite` as can be; but
+// what is broader than half the room stands as near as can be to the middle between left and right. Nothing where none
+// of the sizes fits beside the box.
 std::optional<QRect> FreePlace(const QRect& room, const std::vector<QSize>& sizes, QPoint favourite, const QRect& box,
     const std::vector<Obstacle>& obstacles);
 

@@ -11,7 +11,7 @@
 namespace numbrela {
 
 // A read-only text box of several lines, in the colours of one. A highlight stays, whatever has the focus. A finger
-// or a pen scrolls it, and taps as a mouse clicks; only a mouse and keys make a highlight.
+// or a pen scrolls it, and taps as a mouse clicks; only a mouse and keys make a highlight, which nobody drags away.
 class TextArea : public QTextEdit {
 public:
     explicit TextArea(QWidget* parent = nullptr);
