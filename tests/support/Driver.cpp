@@ -188,6 +188,14 @@ void DoubleClick(const QWidget& window, QAnyStringView controlName)
     QTest::mouseDClick(&control, Qt::LeftButton);
 }
 
+void DragByMouse(const QWidget& control, QPoint from, QPoint to)
+{
+    QWindow* window = control.window()->windowHandle();
+    QTest::mousePress(window, Qt::LeftButton, {}, placeIn(control, from));
+    QTest::mouseMove(window, placeIn(control, to));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, placeIn(control, to));
+}
+
 void ClickOnScreen(const QWidget& control)
 {
     const QWidget& window = *control.window();

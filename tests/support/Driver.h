@@ -50,6 +50,9 @@ QString TextOf(const QWidget& control);
 void Click(const QWidget& window, QAnyStringView controlName);
 void DoubleClick(const QWidget& window, QAnyStringView controlName);
 
+// Drags the mouse over a control, from one place of it to another.
+void DragByMouse(const QWidget& control, QPoint from, QPoint to);
+
 // Clicks at the place on the screen where the control is, so that anything in front of it gets the click instead.
 void ClickOnScreen(const QWidget& control);
 

@@ -11,7 +11,6 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
-#include <QWindow>
 
 namespace numbrela {
 
@@ -26,15 +25,6 @@ std::string longText()
         text += "una línea\n";
     }
     return text;
-}
-
-void dragByMouse(const TextArea& area, QPoint from, QPoint to)
-{
-    QWindow* window = area.window()->windowHandle();
-    const auto inWindow = [&area](QPoint place) { return area.viewport()->mapTo(area.window(), place); };
-    QTest::mousePress(window, Qt::LeftButton, {}, inWindow(from));
-    QTest::mouseMove(window, inWindow(to));
-    QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(to));
 }
 
 void turnWheel(const TextArea& area, int eighthsOfADegree, Qt::KeyboardModifiers with)
@@ -95,7 +85,7 @@ TEST_F(TextAreaTest, AFingerScrollsItAndHighlightsNothingAndAMouseHighlights)
     EXPECT_TRUE(area_.hasFocus());
     DragByFinger(*area_.viewport(), { 20, 10 }, { 20, 55 });
     EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
-    dragByMouse(area_, { 5, 10 }, { 100, 10 });
+    DragByMouse(*area_.viewport(), { 5, 10 }, { 100, 10 });
     EXPECT_TRUE(area_.textCursor().hasSelection());
     EXPECT_EQ(area_.verticalScrollBar()->value(), 0);
 }
@@ -110,7 +100,7 @@ TEST_F(TextAreaTest, AMouseDragsNoHighlightAwayButBeginsANewOneThere)
     DoSoon(window_, [] { Press(Qt::Key_Escape); }); // in the loop of a drag, which it would end
     const QPoint inLastLine(5, area_.viewport()->height() - 2); // which is not seen whole
     const int from = area_.cursorForPosition(inLastLine).position();
-    dragByMouse(area_, inLastLine, inLastLine + QPoint(40, 0));
+    DragByMouse(*area_.viewport(), inLastLine, inLastLine + QPoint(40, 0));
     EXPECT_EQ(area_.textCursor().anchor(), from);
     EXPECT_EQ(area_.textCursor().position(), area_.cursorForPosition(inLastLine + QPoint(40, 0)).position());
     EXPECT_EQ(area_.verticalScrollBar()->value(), before);

@@ -103,10 +103,7 @@ TEST_F(TextBoxTest, AMouseDragsNoHighlightAwayButBeginsANewOneThere)
         box_.SetText("123456");
         box_.SelectWholeText();
         DoSoon(form_, [] { Press(Qt::Key_Escape); }); // in the loop of a drag, which it would end
-        const QPoint place = box_.mapTo(&form_, QPoint(5, box_.height() / 2));
-        QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, place);
-        QTest::mouseMove(form_.windowHandle(), place + QPoint(35, 0));
-        QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, place + QPoint(35, 0));
+        DragByMouse(box_, { 5, box_.height() / 2 }, { 40, box_.height() / 2 });
         EXPECT_LT(box_.selectedText().size(), 6);
         EXPECT_EQ(box_.selectionStart(), 0);
     }
