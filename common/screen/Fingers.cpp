@@ -99,14 +99,12 @@ private:
         if (first == first_.end() || !control.isEnabled()) {
             return;
         }
-        if (touch.type() == QEvent::TouchCancel) {
-            first_.erase(first);
-            sendMouse(control, QEvent::MouseButtonRelease, { -1, -1 }, touch); // outside, so that nothing is pressed
-            return;
-        }
         const auto point = std::find_if(
             points.begin(), points.end(), [&](const QEventPoint& each) { return each.id() == first->second.Id; });
-        if (point == points.end()) {
+        // The panel takes it back, or Qt, which tells of all that are on the control, has lost it.
+        if (touch.type() == QEvent::TouchCancel || point == points.end()) {
+            first_.erase(first);
+            sendMouse(control, QEvent::MouseButtonRelease, { -1, -1 }, touch); // outside, so that nothing is pressed
             return;
         }
         if (point->state() == QEventPoint::Pressed) {

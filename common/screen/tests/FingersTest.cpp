@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QPointingDevice>
 #include <QTest>
+#include <QTouchEvent>
 
 #include <functional>
 #include <utility>
@@ -227,6 +228,17 @@ TEST_F(FingersTest, NoFingerThatComesLaterOnAControlCountsAsLongAsAnyIsDownThere
     LiftFinger(0);
     LiftFinger(1);
     EXPECT_EQ(form_.TimesDone, 1);
+}
+
+// As can happen to one that comes down on a key of the keypad which has moved away under another one.
+TEST_F(FingersTest, AButtonComesUpWhenQtTellsOnlyOfOtherFingersAnyMore)
+{
+    SendTouch(form_.Done, QEventPoint::Pressed);
+    EXPECT_TRUE(form_.Done.isDown());
+    QTouchEvent other(QEvent::TouchUpdate, nullptr, Qt::NoModifier, { QEventPoint(1, QEventPoint::Updated, {}, {}) });
+    QCoreApplication::sendEvent(&form_.Done, &other);
+    EXPECT_FALSE(form_.Done.isDown());
+    EXPECT_EQ(form_.TimesDone, 0);
 }
 
 // --- Double taps -----------------------------------------------------------------------------------------------------
