@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -22,14 +23,15 @@ bool hasPlaceOfItsOwn(const QWidget& window)
 
 void BringOntoScreen(QWidget& window)
 {
+    // Of the system's window, because Qt asks for a frame only when that has been moved or resized.
+    const QMargins around = window.windowHandle() != nullptr ? window.windowHandle()->frameMargins() : QMargins();
     const QRect room = window.screen()->availableGeometry();
-    const QSize around = window.frameGeometry().size() - window.size();
-    window.resize(window.size().boundedTo(room.size() - around));
-    const QRect frame = window.frameGeometry();
+    window.resize(window.size().boundedTo(room.marginsRemoved(around).size()));
+    const QRect frame = window.geometry().marginsAdded(around);
     const QPoint wanted(std::max(room.left(), std::min(frame.left(), room.right() + 1 - frame.width())),
         std::max(room.top(), std::min(frame.top(), room.bottom() + 1 - frame.height())));
     if (wanted != frame.topLeft()) {
-        window.move(wanted);
+        window.setGeometry(QRect(wanted, frame.size()).marginsRemoved(around)); // move() would go by Qt's frame
     }
 }
 
