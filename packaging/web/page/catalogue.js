@@ -55,7 +55,7 @@ export async function schoolCatalogue() {
     if (response.status === 404) {
         return null;
     }
-    if (!response.ok) {
+    if (!isCatalogue(response)) { // of delivery.js
         throw new Error(`${schoolFile}: ${response.status}`);
     }
     return new Uint8Array(await response.arrayBuffer());

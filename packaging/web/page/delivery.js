@@ -1,4 +1,4 @@
-// How the program comes over the wire; the page and its service worker share this.
+// How the program and the catalogue come over the wire; the page and its service worker share this.
 "use strict";
 
 // The program, unpacked. A server that sends it as it lies there, because it knows nothing of compression, is asked for
@@ -17,4 +17,9 @@ async function deliverProgram(version, cache = "default") {
     return packed.headers.has("Content-Encoding") // and so the browser has unpacked it
         ? packed
         : new Response(packed.body.pipeThrough(new DecompressionStream("gzip")));
+}
+
+// Whether a server has given the school's catalogue, and not a page in its place, such as one that asks who it is.
+function isCatalogue(response) {
+    return response.ok && !/^text\/html/i.test(response.headers.get("Content-Type"));
 }

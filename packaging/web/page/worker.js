@@ -73,7 +73,7 @@ async function firstCatalogue() {
 
 // Also that the school has none, with which the program starts as well.
 function isAnswer(response) {
-    return response.ok || response.status === 404;
+    return isCatalogue(response) || response.status === 404;
 }
 
 // What the page has just loaded need not come again, unless it came too early.

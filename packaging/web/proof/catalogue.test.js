@@ -169,6 +169,25 @@ inEachBrowser(school => {
         await replacesCatalogue();
     });
 
+    for (const [how, redirects] of [["comes", false], ["the server sends on to", true]]) {
+        test(`a page that ${how} in the catalogue's place does not become the catalogue`, async () => {
+            const price = priceOf(await school.catalogue());
+            const tab = await school.start();
+            await tab.isKept();
+            Object.assign(school.server, { guarded: /productos\.dat$/, redirects });
+            await tab.reloads();
+            await tab.sees("NUMBRELA");
+            assert.equal(await readsPrice(tab), price);
+            await school.server.stop();
+            await tab.reloads();
+            await tab.sees("NUMBRELA");
+            assert.equal(await readsPrice(tab), price);
+            await school.server.start(); // for a first visit
+            await tab.goes(school.url.replace(school.server.origin(), school.server.origin(plainName)));
+            await tab.reads("Numbrela no se ha podido cargar: no hay conexión, o en el servidor falta algo.");
+        });
+    }
+
     test("products are sorted as in a Spanish dictionary", async () => {
         const names = ["Árbol", "arce", "nuez", "Nuez moscada", "ñame", "oca", "papa", "papá"];
         const prices = names.map((_, index) => index + 1);

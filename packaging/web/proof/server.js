@@ -5,6 +5,8 @@ import { stat } from "node:fs/promises";
 import { createServer } from "node:http";
 import { extname, join, normalize } from "node:path";
 
+const signIn = `<!DOCTYPE html><title>Entrar</title>${"<p>Inicie sesión para continuar.</p>".repeat(60)}`;
+
 const types = {
     ".html": "text/html; charset=utf-8",
     ".css": "text/css; charset=utf-8",
@@ -24,6 +26,8 @@ export class Server {
         this.requests = [];
         this.failing = null; // a pattern of names that it has, but fails to give
         this.hanging = null; // of names to which it never answers
+        this.guarded = null; // of names in whose place it sends a page that asks who it is...
+        this.redirects = false; // ...or sends on to that
         this.encodesPacked = false; // it sends a .gz as what is packed in it, which the browser unpacks
         this.isOdd = false; // as some are: pages go by names without .html, and are said to vary with everything
     }
@@ -65,6 +69,15 @@ export class Server {
         }
         if (this.failing?.test(name)) {
             response.writeHead(503).end();
+            return;
+        }
+        const isGuarded = this.guarded?.test(name);
+        if (isGuarded && this.redirects) {
+            response.writeHead(302, { Location: "/entrar.html" }).end();
+            return;
+        }
+        if (isGuarded || name === "/entrar.html") {
+            response.writeHead(200, { "Content-Type": types[".html"] }).end(signIn);
             return;
         }
         if (this.isOdd && name.endsWith(".html")) {
