@@ -183,12 +183,13 @@ function handleUncaught(event, error) {
 }
 
 // Whether the program or a script of the page has failed, and none that an extension or a school's filter has put here.
+// Where it was made is the first place of its stack, after the message; who has called that, such as the page, follows.
 // Not all of the program's errors tell where they come from: what C++ throws is a number, and Firefox's want of memory
 // this text.
 function isOwn(error) {
-    const stack = String(error.stack);
+    const [place] = /.*(:\/\/|:wasm-function\[).*/.exec(String(error.stack).replace(String(error), "")) ?? [""];
     return error instanceof WebAssembly.RuntimeError || typeof error === "number" || error === "out of memory"
-        || stack.includes(":wasm-function[") || stack.split(folder).slice(1).some(place => /^\w+\.js/.test(place));
+        || place.includes(":wasm-function[") || /^\w+\.js/.test(place.split(folder)[1]);
 }
 addEventListener("error", event => handleUncaught(event, event.error));
 addEventListener("unhandledrejection", event => handleUncaught(event, event.reason));

@@ -270,6 +270,17 @@ inEachBrowser(school => {
         school.person.forgives(/: no answer$|blocked$|: no filter$|: Object$/);
     });
 
+    test("an error of a script of others that the page happens to call does not end the program either", async () => {
+        const tab = await school.start();
+        await fromOutside(tab, () =>
+            addEventListener("keyup", () => { throw new Error("no filter"); }, { capture: true }));
+        await tab.press("F6", "Tab", "F6"); // let go on the links, of which the page tells the program
+        await tab.until("the errors", () => window.uncaught > 3);
+        await tab.press("Enter");
+        await tab.sees("SUMAS");
+        school.person.forgives(/: no filter$/);
+    });
+
     const ends = [ // and what browsers say of it
         ["its memory in disorder", () => new Uint8Array(window.memory.buffer).fill(255), /RuntimeError: .* out of bounds$/],
         ["no stack left", overflowsStack, /call stack|recursion/],
