@@ -1,6 +1,6 @@
 // Writes into the service worker of a folder what the files are that it keeps. A name that ends with a slash is a folder:
 // each file in it is listed, but for packed ones, and its index.html under the folder's name. Fails when a file beside the
-// worker is not in its list: without a network, the program would lack it.
+// worker is not in its list, but for what a server reads: without a network, the program would lack it.
 // Usage: node sums.mjs FOLDER
 import { createHash } from "node:crypto";
 import { readFile, readdir, writeFile } from "node:fs/promises";
@@ -19,7 +19,7 @@ export async function writeSums(folder) {
         files.filter(isUnpackedFile).sort().forEach(name => names.add(whole + name.replace(/^index\.html$/, "")));
     }
     const missing = (await readdir(folder)).filter(isUnpackedFile)
-        .filter(name => name !== "worker.js" && !names.has(name.replace(/^index\.html$/, "")));
+        .filter(name => !["worker.js", "web.config"].includes(name) && !names.has(name.replace(/^index\.html$/, "")));
     if (missing.length > 0) {
         throw new Error(`worker.js does not keep ${missing.join(", ")}`);
     }

@@ -2,7 +2,7 @@
 // program's place.
 import assert from "node:assert/strict";
 import { appendFile, cp, mkdtemp, readFile, readdir, rm, truncate, utimes, writeFile } from "node:fs/promises";
-import { join } from "node:path";
+import { extname, join } from "node:path";
 import { test } from "node:test";
 import { pathToFileURL } from "node:url";
 
@@ -120,6 +120,20 @@ inEachBrowser(school => {
         await school.start({ before: () => Object.defineProperty(Navigator.prototype, "serviceWorker", {
             get() { throw new DOMException("forbidden", "SecurityError"); },
         }) });
+    });
+
+    test("what Windows' own web server does not hand out by itself, the folder tells it to", async () => {
+        const known = [".html", ".css", ".js", ".png", ".txt", ".gz"]; // to that server
+        const tab = await school.person.tab();
+        await tab.goes(school.url + "Manual/index.html");
+        const told = await tab.page.evaluate(async () => {
+            const text = await (await fetch("../web.config")).text();
+            return [...new DOMParser().parseFromString(text, "text/xml").querySelectorAll("staticContent > mimeMap")]
+                .map(one => one.getAttribute("fileExtension"));
+        });
+        const kinds = (await readdir(folder, { recursive: true })).map(name => extname(name))
+            .filter(kind => !["", ".br", ".config"].includes(kind)); // folders, what it sends as .wasm, and what it reads
+        assert.deepEqual([...new Set(kinds)].filter(kind => !known.includes(kind)).sort(), told.sort());
     });
 
     test("it can be installed", { skip: school.kind === "firefox" }, async () => {
