@@ -269,6 +269,14 @@ inEachBrowser(school => {
         await answers(tab, /^Ya se usa el catálogo de la escuela/, "Aceptar");
     });
 
+    test("the question about a file with a long name stays within a narrow page", async () => {
+        const tab = await school.start({ width: 390 });
+        await chooses(tab, `${"catalogo_de_la_escuela_".repeat(4)}2026.dat`, await school.catalogue());
+        await isAsked(tab, /^¿Abrir el catálogo/);
+        const [text, width] = await tab.page.$eval("#question", one => [one.scrollWidth, one.clientWidth]);
+        assert.ok(text <= width, `a text of ${text} pixels in a question of ${width}`);
+    });
+
     test("whatever the editor saves into a file comes back from it", async () => {
         const tab = await school.start();
         await savesPrice(tab, "-1"); // as it takes it
