@@ -85,8 +85,8 @@ export class Person {
     }
 
     #hearsRequest(url) {
-        const own = [this.server.origin(), this.server.origin(plainName), "data:", "blob:"];
-        if (!own.some(one => url.startsWith(one))) {
+        const { origin, protocol } = new URL(url);
+        if (protocol !== "data:" && ![this.server.origin(), this.server.origin(plainName)].includes(origin)) {
             this.errors.push(`something from elsewhere: ${url}`);
         }
     }
