@@ -244,14 +244,5 @@ byId("program").addEventListener("pointerdown", event => {
 });
 
 if (hindrance === "") {
-// Qt does not know what a browser says when the system takes a finger or a pen back, as it does with a palm: it is told
-// that this has been lifted, beside everything, so that it presses nothing.
-addEventListener("pointercancel", event => {
-    const { pointerId, pointerType, isPrimary } = event;
-    event.stopImmediatePropagation();
-    event.composedPath()[0].dispatchEvent(new PointerEvent("pointerup",
-        { pointerId, pointerType, isPrimary, clientX: -1, clientY: -1, bubbles: true, composed: true }));
-}, { capture: true });
-
     start();
 }

@@ -53,6 +53,29 @@ inEachBrowser(school => {
         await tab.has("Suma", /^65+$/);
         await tab.has("Veredicto", /^$/);
     });
+    // The driver of Firefox has one finger only.
+    test("a finger that lies still on a box takes nothing from another hand", { skip: school.kind === "firefox" },
+        async () => {
+            const tab = await school.start({ touch: true });
+            await tab.taps("Sumas");
+            await tab.sees("SUMAS");
+            await tab.taps("Teclado en pantalla", "Suma", "4", "3");
+            const panel = await tab.page.createCDPSession();
+            const tells = (type, ...fingers) => panel.send("Input.dispatchTouchEvent", { type, touchPoints: fingers });
+            const finger = async (name, id) => {
+                const [x, y] = await tab.middleOf(name);
+                return { x, y, id };
+            };
+            const still = await finger("Suma", 1);
+            await tells("touchStart", still);
+            for (const name of ["2", "1", "Hecho"]) {
+                await tells("touchStart", still, await finger(name, 2));
+                await tells("touchEnd", still);
+            }
+            await tells("touchEnd");
+            await tab.has("Suma", /^(?=.*2)(?=.*1)\d{4}$/);
+            await tab.has("Veredicto", /^resultado /);
+        });
 
     test("the keys that a browser would take are the program's, and F6 leads to the links and back", async () => {
         const tab = await school.start();
