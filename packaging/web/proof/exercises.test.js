@@ -53,6 +53,7 @@ inEachBrowser(school => {
         await tab.has("Suma", /^65+$/);
         await tab.has("Veredicto", /^$/);
     });
+
     // The driver of Firefox has one finger only.
     test("a finger that lies still on a box takes nothing from another hand", { skip: school.kind === "firefox" },
         async () => {
