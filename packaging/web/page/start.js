@@ -195,7 +195,7 @@ addEventListener("error", event => handleUncaught(event, event.error));
 addEventListener("unhandledrejection", event => handleUncaught(event, event.reason));
 
 // Alt+F4, which closes a window elsewhere, closes the whole browser. Here F4 does it, by the button of the frame: one
-// window has no other way out.
+// window has no other way out. An open menu has the keys first.
 addEventListener("keydown", event => {
     const { key, altKey, ctrlKey, shiftKey, metaKey } = event;
     if (!running || byId("question").open || key !== "F4" || altKey || ctrlKey || shiftKey || metaKey) {
@@ -203,12 +203,18 @@ addEventListener("keydown", event => {
     }
     event.preventDefault();
     event.stopPropagation();
-    if (!event.repeat) {
-        const windows = toolkit().querySelectorAll(".qt-window.has-title:not(.inactive)");
-        [...windows].find(one => one.style.display === "block")
-            ?.querySelector(".title-bar > .image-button:last-of-type")?.click();
+    if (!event.repeat && !activeWindows(":not(.has-title)").some(isMenu)) {
+        activeWindows(".has-title")[0]?.querySelector(".title-bar > .image-button:last-of-type")?.click();
     }
 }, { capture: true });
+
+// Neither a menu nor a tip has a title, but screen readers find nothing in a tip.
+const isMenu = one => one.querySelector(".qt-window-a11y-container > *") !== null;
+
+function activeWindows(kind) {
+    return [...toolkit()?.querySelectorAll(`.qt-window:not(.inactive)${kind}`) ?? []]
+        .filter(one => one.style.display === "block");
+}
 
 // Keys that the program has, or may have in another window, and those by which the page would be left, loaded anew or
 // covered: what the browser would do with them would end an exercise or stand before it.

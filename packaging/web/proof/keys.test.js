@@ -106,6 +106,23 @@ inEachBrowser(school => {
         await tab.has("Veredicto", /^resultado correcto$/);
     });
 
+    test("F4 closes nothing under an open menu, but does under a tip", async () => {
+        const tab = await school.start();
+        await opens(tab, "SUMAS");
+        await tab.press("alt+o");
+        await tab.until("the menu", hasWindowWithoutTitle);
+        await tab.press("F4", "Escape", "Escape");
+        await tab.write("7");
+        assert.equal(await tab.copies(), "7");
+        const [x, y] = await tab.middleOf("Teclado en pantalla");
+        await tab.page.mouse.move(x, y);
+        await tab.page.mouse.move(x + 1, y);
+        await tab.until("the tip", hasWindowWithoutTitle);
+        await tab.press("F4");
+        await tab.sees("NUMBRELA");
+        school.person.forgives(/^notifyAccessibilityUpdate with null a11y interface/); // of the tip, which has gone with it
+    });
+
     const places = [["on a link", ["F6"], ["F6"]], ["in a question", ["F6", "Tab", "Tab", "Space"], ["Space", "F6"]]];
     for (const [place, there, back] of places) {
         test(`a key that is let go ${place} of the page counts when it is pressed again`, async () => {
@@ -149,6 +166,12 @@ inEachBrowser(school => {
         assert.equal(await tab.copies(), "32");
     });
 });
+
+// Runs in the page.
+function hasWindowWithoutTitle() {
+    const windows = document.querySelector("#qt-shadow-container").shadowRoot.querySelectorAll(".qt-window:not(.has-title)");
+    return [...windows].some(one => one.style.display === "block");
+}
 
 // Of 57 and 68, by a key that goes down and stays there
 async function checksAWrongSum(tab, holdsEnter) {
