@@ -62,18 +62,19 @@ inEachBrowser(school => {
             await tab.sees("SUMAS");
             await tab.taps("Teclado en pantalla", "Suma", "4", "3");
             const panel = await tab.page.createCDPSession();
-            const tells = (type, ...fingers) => panel.send("Input.dispatchTouchEvent", { type, touchPoints: fingers });
+            const tells = (type, finger) => panel.send("Input.dispatchTouchEvent", { type, touchPoints: [finger] });
             const finger = async (name, id) => {
                 const [x, y] = await tab.middleOf(name);
                 return { x, y, id };
             };
-            const still = await finger("Suma", 1);
+            const still = await finger("Suma", 0);
             await tells("touchStart", still);
             for (const name of ["2", "1", "Hecho"]) {
-                await tells("touchStart", still, await finger(name, 2));
-                await tells("touchEnd", still);
+                const other = await finger(name, 1);
+                await tells("touchStart", other);
+                await tells("touchEnd", other);
             }
-            await tells("touchEnd");
+            await tells("touchEnd", still);
             await tab.has("Suma", /^(?=.*2)(?=.*1)\d{4}$/);
             await tab.has("Veredicto", /^resultado /);
         });
